@@ -1,0 +1,65 @@
+#include "app/book.h"
+
+#include "app/book_schema.h"
+#include "app/usage_marker.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <initializer_list>
+#include <utility>
+
+namespace lorvan {
+namespace {
+
+/// Removes the files of a book that was not completed.
+class Undo {
+public:
+    explicit Undo(const BookFiles& files)
+        : m_files(files)
+    {
+    }
+    ~Undo()
+    {
+        if (m_kept)
+            return;
+        for (const QString& path : {m_files.mainDatabase(), m_files.auxiliaryDatabase(), m_files.usageMarker()})
+            QFile::remove(path);
+    }
+    Undo(const Undo&) = delete;
+    Undo& operator=(const Undo&) = delete;
+    void keep() { m_kept = true; }
+
+private:
+    const BookFiles& m_files;
+    bool m_kept = false;
+};
+
+} // namespace
+
+Book::Book(Connection main, Connection auxiliary)
+    : m_main(std::move(main))
+    , m_auxiliary(std::move(auxiliary))
+{
+}
+
+void createBook(const BookFiles& files)
+{
+    for (const QString& path : {files.mainDatabase(), files.auxiliaryDatabase(), files.usageMarker()}) {
+        if (QFile::exists(path))
+            throw BookExists(path.toStdString());
+    }
+    if (!QDir().mkpath(files.dataFolder()))
+        throw std::runtime_error("cannot make folder " + files.dataFolder().toStdString());
+
+    Undo undo(files);
+    Connection auxiliary = Connection::create(files.auxiliaryDatabase(), bookPassword());
+    createAuxiliarySchema(auxiliary);
+    UsageMarker::unlock(files.usageMarker());
+    // The main database comes last: a folder that holds one is a book.
+    Connection main = Connection::create(files.mainDatabase(), bookPassword());
+    createMainSchema(main);
+    undo.keep();
+}
+
+} // namespace lorvan

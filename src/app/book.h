@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/book_files.h"
+#include "platform/connection.h"
+#include "platform/key_ring.h"
+
+#include <stdexcept>
+
+namespace lorvan {
+
+/// The two open databases of a book, for the life of the program's main window.
+class Book {
+public:
+    /// Opens both databases; the main one is expected to be at the current schema version. Throws SqlError.
+    Book(Connection main, Connection auxiliary);
+
+    [[nodiscard]] Connection& main() { return m_main; }
+    [[nodiscard]] Connection& auxiliary() { return m_auxiliary; }
+
+private:
+    Connection m_main;
+    Connection m_auxiliary;
+};
+
+/// Makes an empty book at the current schema version with a free usage marker in an existing or new folder.
+/// Throws BookExists when any of the three files is there already, SqlError or std::runtime_error when one cannot be
+/// written; files made until then are removed again.
+void createBook(const BookFiles& files);
+
+/// A file that creating a book would have to overwrite. what() is its path.
+class BookExists : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+} // namespace lorvan

@@ -1,0 +1,56 @@
+#include "app/failure_text.h"
+
+#include "app/schema_upgrade.h"
+#include "app/usage_marker.h"
+#include "platform/currency.h"
+#include "platform/sql_error.h"
+
+namespace lorvan {
+namespace {
+
+QString databaseTrouble(SqlError::Kind kind)
+{
+    switch (kind) {
+    case SqlError::Kind::NotADatabase:
+        return QStringLiteral("Ο κωδικός της βάσης δεδομένων είναι λάθος ή το αρχείο της έχει καταστραφεί.");
+    case SqlError::Kind::Damaged:
+        return QStringLiteral("Το αρχείο της βάσης δεδομένων έχει καταστραφεί.");
+    case SqlError::Kind::Busy:
+        return QStringLiteral(
+            "Η βάση δεδομένων χρησιμοποιείται αυτή τη στιγμή από άλλο πρόγραμμα. Δοκιμάστε ξανά σε λίγο.");
+    case SqlError::Kind::DiskFull:
+        return QStringLiteral("Ο δίσκος είναι γεμάτος. Ελευθερώστε χώρο και δοκιμάστε ξανά.");
+    case SqlError::Kind::ReadOnly:
+        return QStringLiteral("Ο φάκελος των δεδομένων είναι μόνο για ανάγνωση.");
+    case SqlError::Kind::CannotOpen:
+        return QStringLiteral("Το αρχείο της βάσης δεδομένων δεν ανοίγει.");
+    case SqlError::Kind::InputOutput:
+        return QStringLiteral("Ο δίσκος ή το δίκτυο δεν αποκρίνεται.");
+    case SqlError::Kind::Other:
+        break;
+    }
+    return QStringLiteral("Η βάση δεδομένων δεν δέχτηκε την ενέργεια.");
+}
+
+QString plainText(const std::exception& failure)
+{
+    if (const auto* sql = dynamic_cast<const SqlError*>(&failure))
+        return databaseTrouble(sql->kind());
+    if (dynamic_cast<const CurrencyOverflow*>(&failure))
+        return QStringLiteral("Το ποσό είναι μεγαλύτερο από όσο μπορεί να κρατήσει το ταμείο.");
+    if (dynamic_cast<const MarkerError*>(&failure))
+        return QStringLiteral("Το αρχείο χρήσης lorvan.dat δεν διαβάζεται ή δεν γράφεται.");
+    if (const auto* unknown = dynamic_cast<const UnknownSchemaVersion*>(&failure))
+        return QStringLiteral("Η έκδοση %1 της βάσης δεδομένων είναι άγνωστη σε αυτό το πρόγραμμα.")
+            .arg(unknown->version());
+    return QStringLiteral("Η ενέργεια δεν ολοκληρώθηκε.");
+}
+
+} // namespace
+
+QString failureText(const std::exception& failure)
+{
+    return plainText(failure) + QStringLiteral("\n\n") + QString::fromUtf8(failure.what());
+}
+
+} // namespace lorvan

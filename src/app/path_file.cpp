@@ -1,0 +1,132 @@
+#include "app/path_file.h"
+
+#include "platform/windows1253.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <utility>
+
+namespace lorvan {
+namespace {
+
+enum Field { FolderField, ColourField, HeadingField, FieldCount };
+
+constexpr qint64 longestFile = 64 * 1024;
+
+/// Takes a quoted field off the front of the text, up to its closing quote; a doubled quote stands for one.
+QString takeQuoted(QStringView& rest)
+{
+    QString value;
+    qsizetype i = 1;
+    for (; i < rest.size(); ++i) {
+        const bool doubled = rest[i] == u'"' && i + 1 < rest.size() && rest[i + 1] == u'"';
+        if (rest[i] == u'"' && !doubled)
+            break;
+        value += rest[i];
+        i += doubled;
+    }
+    rest = rest.sliced(std::min(i + 1, rest.size()));
+    return value;
+}
+
+/// Takes the text up to the next comma or line end off the front, and that end with it.
+QString takePlain(QStringView& rest)
+{
+    const auto isEnd = [](QChar c) { return c == u',' || c == u'\n' || c == u'\r'; };
+    const QString value(rest.begin(), std::find_if(rest.begin(), rest.end(), isEnd) - rest.begin());
+    rest = rest.sliced(value.size());
+    rest = rest.sliced(rest.startsWith(u"\r\n") ? 2 : std::min<qsizetype>(1, rest.size()));
+    return value;
+}
+
+QString takeField(QStringView& rest)
+{
+    while (rest.startsWith(u' ') || rest.startsWith(u'\t'))
+        rest = rest.sliced(1);
+    if (!rest.startsWith(u'"'))
+        return takePlain(rest);
+    const QString value = takeQuoted(rest);
+    takePlain(rest); // whatever stands between the closing quote and the field's end is no part of it
+    return value;
+}
+
+QString quotedWhereNeeded(const QString& value)
+{
+    if (!value.contains(u',') && !value.contains(u'"'))
+        return value;
+    return u'"' + QString(value).replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
+} // namespace
+
+PathFile::PathFile(QString programFolder)
+    : m_programFolder(std::move(programFolder))
+{
+}
+
+QString PathFile::path() const
+{
+    const QString name = QStringLiteral("DIADROMH.DAT");
+    const QDir folder(m_programFolder);
+    const auto entries = folder.entryList(QDir::Files | QDir::Hidden);
+    for (const QString& entry : entries) {
+        if (entry.compare(name, Qt::CaseInsensitive) == 0)
+            return folder.filePath(entry);
+    }
+    return folder.filePath(QStringLiteral("DIADROMH.dat"));
+}
+
+QStringList PathFile::fields() const
+{
+    QFile file(path());
+    QStringList values;
+    if (!file.open(QIODevice::ReadOnly))
+        return values;
+    const QString content = fromWindows1253(file.read(longestFile));
+    QStringView rest = content;
+    while (!rest.isEmpty() && values.size() < FieldCount)
+        values += takeField(rest);
+    return values;
+}
+
+DataFolderSettings PathFile::read() const
+{
+    DataFolderSettings settings;
+    const QStringList values = fields();
+    settings.dataFolder = values.value(FolderField).trimmed();
+    bool isColour = false;
+    const int colour = values.value(ColourField).trimmed().toInt(&isColour);
+    if (isColour)
+        settings.backgroundColour = colour;
+    const QString heading = values.value(HeadingField).trimmed();
+    if (!heading.isEmpty())
+        settings.heading = heading;
+    return settings;
+}
+
+bool PathFile::writeFolder(const QString& dataFolder) const
+{
+    return write(quotedWhereNeeded(dataFolder) + QStringLiteral("\r\n"));
+}
+
+bool PathFile::replaceFolder(const QString& dataFolder) const
+{
+    const QStringList values = fields();
+    QString content = quotedWhereNeeded(dataFolder) + QStringLiteral("\r\n");
+    for (qsizetype i = ColourField; i < values.size(); ++i)
+        content += quotedWhereNeeded(values[i]) + QStringLiteral("\r\n");
+    return write(content);
+}
+
+bool PathFile::write(const QString& content) const
+{
+    if (!fitsWindows1253(content))
+        return false;
+    QSaveFile file(path());
+    return file.open(QIODevice::WriteOnly) && file.write(toWindows1253(content)) >= 0 && file.commit();
+}
+
+} // namespace lorvan

@@ -1,0 +1,41 @@
+#include "app/startup.h"
+
+#include "app/book_files.h"
+#include "app/path_file.h"
+#include "platform/amount_text.h"
+
+#include <cmath>
+
+namespace lorvan {
+namespace {
+
+/// The whole text reads as a number, in Greek form or with a decimal point.
+bool isNumeric(const QString& text)
+{
+    bool plain = false;
+    const double value = text.toDouble(&plain);
+    return (plain && std::isfinite(value)) || readAmount(text).outcome != AmountReading::Outcome::NotANumber;
+}
+
+} // namespace
+
+StartDecision decideStart(const QString& programFolder)
+{
+    const PathFile pathFile(programFolder);
+    StartDecision decision{StartOutcome::SignIn, pathFile.read()};
+    QString& folder = decision.settings.dataFolder;
+    if (folder.isEmpty() || isNumeric(folder)) {
+        folder = programFolder;
+        pathFile.writeFolder(programFolder);
+        decision.outcome = StartOutcome::PathWritten;
+        return decision;
+    }
+    const BookFiles files(folder);
+    if (!BookFiles::exists(files.mainDatabase()))
+        decision.outcome = StartOutcome::DatabaseMissing;
+    else if (files.isOldFormat())
+        decision.outcome = StartOutcome::OldFormat;
+    return decision;
+}
+
+} // namespace lorvan

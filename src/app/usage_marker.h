@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/machine_identity.h"
+
+#include <QString>
+
+#include <optional>
+#include <stdexcept>
+
+namespace lorvan {
+
+/// The marker file cannot be opened, locked, read or written. what() names the file and the system's reason.
+class MarkerError : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// The usage marker lorvan.dat: which one of the computers that share the data folder changes the data. One record of
+/// 51 bytes in Windows-1253: state ("1" in use, "0" free), user and computer, 25 characters each, blanks behind.
+///
+/// Every operation opens the file (a missing one is created empty), locks it for the whole of its read-modify-write
+/// and closes it again. A record whose state is neither "0" nor "1" is never claimed and refuses nobody. All operations
+/// throw MarkerError.
+class UsageMarker {
+public:
+    UsageMarker(QString path, MachineIdentity self);
+
+    /// Writes the marker as in use by this user and computer if it is free. Returns owns().
+    bool claim();
+
+    /// Writes the marker free, keeping this user and computer in it, if this instance owns it. A marker that somebody
+    /// else has claimed since (after an unlock) is left alone.
+    void release();
+
+    /// Who keeps this instance from changing data; empty when nobody does. Never claims.
+    [[nodiscard]] std::optional<MachineIdentity> heldByAnother();
+
+    /// Before a change of data: claims a free marker, and returns the holder who forbids the change, if there is one.
+    [[nodiscard]] std::optional<MachineIdentity> guardChange();
+
+    /// Makes the marker free whoever holds it, leaving the names as they are.
+    static void unlock(const QString& path);
+
+    [[nodiscard]] bool owns() const { return m_owns; }
+
+private:
+    QString m_path;
+    MachineIdentity m_self;
+    bool m_owns = false;
+};
+
+/// The main window's caption: "Lorvan", with the holder's user and computer where another one works.
+[[nodiscard]] QString markerCaption(const std::optional<MachineIdentity>& holder);
+
+/// "Η βάση χρησιμοποιήτε από τον (την) … στον Η/Υ …".
+[[nodiscard]] QString markerRefusal(const MachineIdentity& holder);
+
+} // namespace lorvan

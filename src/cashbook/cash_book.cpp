@@ -1,0 +1,161 @@
+#include "cashbook/cash_book.h"
+
+#include "app/book.h"
+#include "cashbook/cash_closing.h"
+#include "codes/code_catalogue.h"
+#include "platform/transaction.h"
+
+namespace lorvan {
+namespace {
+
+Currency effect(const MovementDraft& movement)
+{
+    return movement.income - movement.expense;
+}
+
+/// Rebuilds the row of a day from its movements and moves the later days. Inside the caller's transaction.
+DayView settleDay(Connection& main, QDate day, Currency difference)
+{
+    DayView view = readDay(main, day);
+    writeCashDay(main, day, view.figures);
+    shiftLaterDays(main, day, difference);
+    return view;
+}
+
+} // namespace
+
+CashBook::CashBook(Book& book, Rights rights)
+    : m_book(book)
+    , m_rights(rights)
+{
+}
+
+DayView CashBook::showDay(QDate day, DayRow row)
+{
+    Connection& main = m_book.main();
+    {
+        Transaction reading(main, Transaction::Mode::Read);
+        DayView view = readDay(main, day);
+        if (row == DayRow::LeaveAlone || view.movements.empty() || cashDayHolds(main, day, view.figures))
+            return view;
+    }
+    Transaction writing(main);
+    DayView view = readDay(main, day);
+    if (!view.movements.empty())
+        writeCashDay(main, day, view.figures);
+    writing.commit();
+    return view;
+}
+
+bool CashBook::isDayClosed(QDate day)
+{
+    return isClosed(m_book.auxiliary(), day);
+}
+
+bool CashBook::mayChange(QDate day)
+{
+    return m_rights.modifyCash || !isDayClosed(day);
+}
+
+std::variant<MovementCode, Refusal> CashBook::checkContent(const MovementDraft& draft)
+{
+    if (!draft.day.isValid())
+        return Refusal::DateIsInvalid;
+    if (draft.code == 0)
+        return Refusal::NoCode;
+    const auto code = findActiveCode(m_book.main(), draft.code);
+    if (!code)
+        return Refusal::CodeHasChanged;
+    if (draft.description.trimmed().isEmpty())
+        return Refusal::NoDescription;
+    return *code;
+}
+
+std::optional<Refusal> CashBook::check(const MovementDraft& draft)
+{
+    const auto content = checkContent(draft);
+    const auto* const refusal = std::get_if<Refusal>(&content);
+    return refusal ? std::optional(*refusal) : std::nullopt;
+}
+
+std::optional<Movement> CashBook::find(qint64 key)
+{
+    auto row = m_book.main().prepare("SELECT kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos"
+                                     " FROM kinhseis WHERE aa=?");
+    row.bind(key);
+    if (!row.step())
+        return std::nullopt;
+    Movement movement;
+    movement.key = key;
+    movement.code = row.number(0);
+    movement.day = row.date(1);
+    movement.description = row.text(2);
+    movement.income = row.currency(3);
+    movement.expense = row.currency(4);
+    movement.cheque = row.boolean(5);
+    movement.memorandum = row.currency(6);
+    return movement;
+}
+
+ChangeOutcome CashBook::insert(const MovementDraft& draft)
+{
+    Connection& main = m_book.main();
+    // The shared lock on the closed days is kept to the end, so that the day cannot be closed in between.
+    Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
+    Transaction writing(main);
+    if (!mayChange(draft.day))
+        return Refusal::DayIsClosed;
+    const auto content = checkContent(draft);
+    if (const auto* const refusal = std::get_if<Refusal>(&content))
+        return *refusal;
+    main.prepare("INSERT INTO kinhseis"
+                 " (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, grammh, epitagh, L_tajeos)"
+                 " VALUES (?,?,?,?,?,?,?,?,?)")
+        .bind(draft.code, draft.day, draft.description.trimmed(), draft.income, draft.expense,
+            std::get<MovementCode>(content).group, storedLine(draft), draft.cheque, draft.memorandum)
+        .run();
+    DayView view = settleDay(main, draft.day, effect(draft));
+    writing.commit();
+    return view;
+}
+
+ChangeOutcome CashBook::modify(qint64 key, const MovementDraft& draft)
+{
+    Connection& main = m_book.main();
+    Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
+    Transaction writing(main);
+    const auto stored = find(key);
+    if (!stored)
+        return Refusal::MovementIsGone;
+    if (!mayChange(stored->day))
+        return Refusal::DayIsClosed;
+    const auto content = checkContent(draft);
+    if (const auto* const refusal = std::get_if<Refusal>(&content))
+        return *refusal;
+    main.prepare("UPDATE kinhseis SET kvdikos=?, perigrafh=?, esoda=?, ejoda=?, aa_omada=?, grammh=?, epitagh=?,"
+                 " L_tajeos=? WHERE aa=?")
+        .bind(draft.code, draft.description.trimmed(), draft.income, draft.expense,
+            std::get<MovementCode>(content).group, storedLine(draft), draft.cheque, draft.memorandum, key)
+        .run();
+    DayView view = settleDay(main, stored->day, effect(draft) - effect(*stored));
+    writing.commit();
+    return view;
+}
+
+ChangeOutcome CashBook::remove(qint64 key)
+{
+    Connection& main = m_book.main();
+    Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
+    Transaction writing(main);
+    const auto stored = find(key);
+    if (!stored)
+        return Refusal::MovementIsGone;
+    if (!mayChange(stored->day))
+        return Refusal::DayIsClosed;
+    main.prepare("DELETE FROM kinhseis WHERE aa=?").bind(key).run();
+    DayView view = settleDay(main, stored->day, -effect(*stored));
+    writing.commit();
+    return view;
+}
+
+} // namespace lorvan

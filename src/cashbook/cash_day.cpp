@@ -1,0 +1,60 @@
+#include "cashbook/cash_day.h"
+
+#include "platform/connection.h"
+#include "platform/sql_error.h"
+#include "platform/sql_functions.h"
+
+namespace lorvan {
+
+CarriedBalance previousBalance(Connection& main, QDate day)
+{
+    auto row =
+        main.prepare("SELECT hmeromhnia, ypoloipo FROM tameio WHERE hmeromhnia<? ORDER BY hmeromhnia DESC LIMIT 1");
+    row.bind(day);
+    return row.step() ? CarriedBalance{row.date(0), row.currency(1)} : CarriedBalance{};
+}
+
+bool cashDayHolds(Connection& main, QDate day, const CashDayFigures& figures)
+{
+    auto row = main.prepare("SELECT esoda, ejoda, ypoloipo FROM tameio WHERE hmeromhnia=?");
+    row.bind(day);
+    bool found = false;
+    while (row.step()) {
+        found = true;
+        if (CashDayFigures{row.currency(0), row.currency(1), row.currency(2)} != figures)
+            return false;
+    }
+    return found;
+}
+
+bool writeCashDay(Connection& main, QDate day, const CashDayFigures& figures)
+{
+    if (cashDayHolds(main, day, figures))
+        return false;
+    const int changed = main.prepare("UPDATE tameio SET esoda=?, ejoda=?, ypoloipo=? WHERE hmeromhnia=?")
+                            .bind(figures.income, figures.expense, figures.closingBalance, day)
+                            .run();
+    if (changed == 0) {
+        main.prepare("INSERT INTO tameio (hmeromhnia, esoda, ejoda, ypoloipo) VALUES (?,?,?,?)")
+            .bind(day, figures.income, figures.expense, figures.closingBalance)
+            .run();
+    }
+    return true;
+}
+
+void shiftLaterDays(Connection& main, QDate day, Currency difference)
+{
+    if (difference.isZero())
+        return;
+    try {
+        main.prepare("UPDATE tameio SET ypoloipo=amount_add(ypoloipo,?) WHERE hmeromhnia>?")
+            .bind(difference, day)
+            .run();
+    } catch (const SqlError& error) {
+        if (error.engineMessage() == QLatin1String(amountOverflowMessage))
+            throw CurrencyOverflow();
+        throw;
+    }
+}
+
+} // namespace lorvan

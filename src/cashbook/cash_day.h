@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/currency.h"
+
+#include <QDate>
+
+namespace lorvan {
+
+class Connection;
+
+/// The three figures of a cash day.
+struct CashDayFigures {
+    Currency income;
+    Currency expense;
+    Currency closingBalance;
+
+    friend bool operator==(const CashDayFigures&, const CashDayFigures&) = default;
+};
+
+/// The balance that a day starts from. The day is invalid and the balance zero when no earlier cash day exists.
+struct CarriedBalance {
+    QDate fromDay;
+    Currency balance;
+};
+
+/// The closing balance of the latest cash day strictly before `day`: one index look-up.
+[[nodiscard]] CarriedBalance previousBalance(Connection& main, QDate day);
+
+/// Writes the day's row, making it if there is none. Returns false, writing nothing, when the row holds these figures
+/// already. Runs inside the caller's transaction.
+bool writeCashDay(Connection& main, QDate day, const CashDayFigures& figures);
+
+/// True when the day's row exists and holds these figures.
+[[nodiscard]] bool cashDayHolds(Connection& main, QDate day, const CashDayFigures& figures);
+
+/// Adds `difference` to the closing balance of every cash day after `day`, with one statement; none for a difference of
+/// zero. Runs inside the caller's transaction. Throws CurrencyOverflow when a balance would leave its range.
+void shiftLaterDays(Connection& main, QDate day, Currency difference);
+
+} // namespace lorvan

@@ -1,0 +1,85 @@
+#include "cashbook/day_view.h"
+
+#include "app/padding.h"
+#include "platform/amount_text.h"
+#include "platform/connection.h"
+#include "platform/date_text.h"
+
+namespace lorvan {
+namespace {
+
+Movement movementIn(const Statement& row, QDate day)
+{
+    Movement movement;
+    movement.key = row.integer(0);
+    movement.code = row.number(1);
+    movement.day = day;
+    movement.description = row.text(2);
+    movement.income = row.currency(3);
+    movement.expense = row.currency(4);
+    movement.cheque = row.boolean(5);
+    movement.memorandum = row.currency(6);
+    return movement;
+}
+
+QString chequeMark(const MovementDraft& movement)
+{
+    return movement.cheque ? QStringLiteral(" §") : QStringLiteral(" ");
+}
+
+} // namespace
+
+DayView readDay(Connection& main, QDate day)
+{
+    DayView view{day, previousBalance(main, day), {}, {}};
+    auto rows = main.prepare("SELECT aa, kvdikos, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
+                             " WHERE hmeromhnia=? ORDER BY aa");
+    rows.bind(day);
+    while (rows.step()) {
+        view.movements.push_back(movementIn(rows, day));
+        view.figures.income += view.movements.back().income;
+        view.figures.expense += view.movements.back().expense;
+    }
+    view.figures.closingBalance = view.carried.balance + view.figures.income - view.figures.expense;
+    return view;
+}
+
+QString carriedLine(const CarriedBalance& carried)
+{
+    if (carried.balance.isZero())
+        return QStringLiteral("Υπόλοιπο από την προηγούμενη 0");
+    return QStringLiteral("Υπόλοιπο για την ") + dateText(carried.fromDay) + QStringLiteral("    ")
+        + amountText(carried.balance);
+}
+
+QString storedLine(const MovementDraft& movement)
+{
+    using namespace day_line;
+    const QString memorandum = movement.memorandum.isZero() ? QString() : amountText(movement.memorandum);
+    return rightAligned(QString::number(movement.code), codeWidth) + u' '
+        + leftAligned(movement.description, descriptionWidth) + rightAligned(memorandum, memorandumWidth)
+        + rightAligned(amountOrZeroText(movement.income), amountWidth)
+        + rightAligned(amountOrZeroText(movement.expense), amountWidth) + chequeMark(movement);
+}
+
+QString movementLine(const MovementDraft& movement, int number)
+{
+    return rightAligned(QString::number(number), day_line::numberWidth) + u' ' + storedLine(movement);
+}
+
+QString movementSummary(const MovementDraft& movement, int number)
+{
+    QString text = QStringLiteral("%1. %2 ").arg(number).arg(movement.code) + movement.description;
+    const auto add = [&text](const QString& caption, Currency amount) {
+        if (!amount.isZero())
+            text += u'\n' + caption + u' ' + amountText(amount);
+    };
+    add(QStringLiteral("Έσοδα"), movement.income);
+    add(QStringLiteral("Έξοδα"), movement.expense);
+    add(QStringLiteral("Λ τάξεως"), movement.memorandum);
+    if (movement.cheque)
+        text += QStringLiteral("\nΕπιταγή");
+    return text;
+}
+
+} // namespace lorvan

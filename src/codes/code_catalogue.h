@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace lorvan {
+
+class Connection;
+
+/// One row of `kvdikoi`.
+struct MovementCode {
+    qint32 code = 0;
+    QString description;
+    QString listLine; ///< The stored display line: the code in 5 characters, a blank, the description.
+    qint32 group = 0; ///< 0 without a group.
+    bool income = false;
+    bool active = true;
+};
+
+struct CodeGroup {
+    qint32 number = 0;
+    QString name;
+};
+
+enum class CodeSelection { Active, All };
+
+/// The codes by number; codes of one number in the order in which they were entered.
+[[nodiscard]] std::vector<MovementCode> listCodes(Connection& main, CodeSelection selection);
+
+/// The first active code of that number.
+[[nodiscard]] std::optional<MovementCode> findActiveCode(Connection& main, qint32 code);
+
+/// The groups in the order in which they were entered.
+[[nodiscard]] std::vector<CodeGroup> listGroups(Connection& main);
+
+/// The display line of a code: its last five characters right-aligned, a blank, the description as typed.
+[[nodiscard]] QString codeListLine(const QString& code, const QString& description);
+
+} // namespace lorvan

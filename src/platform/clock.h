@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QDateTime>
+
+#include <functional>
+
+namespace lorvan {
+
+/// The one source of the current time, so that a test can stand at midnight or at the turn of a month.
+class Clock {
+public:
+    /// The machine's own clock, in local time.
+    Clock();
+    /// A clock that stands still.
+    explicit Clock(QDateTime fixed);
+
+    [[nodiscard]] QDateTime now() const { return m_now(); }
+    [[nodiscard]] QDate today() const { return m_now().date(); }
+
+private:
+    std::function<QDateTime()> m_now;
+};
+
+} // namespace lorvan

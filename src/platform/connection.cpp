@@ -1,0 +1,166 @@
+#include "platform/connection.h"
+
+#include "platform/sql_error.h"
+#include "platform/sql_functions.h"
+
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace lorvan {
+namespace {
+
+constexpr std::chrono::milliseconds busyTimeout{5000};
+constexpr auto cacheOfSixtyFourMegabytes = "PRAGMA cache_size = -65536";
+
+QString quoted(std::string_view sql)
+{
+    return QString::fromUtf8(sql.data(), static_cast<qsizetype>(sql.size()));
+}
+
+/// Files are kept in the form of release 3 of the encryption; a later release must be told so after the key.
+void keepFileForm(Connection& connection)
+{
+    auto version = connection.prepare("PRAGMA cipher_version");
+    if (version.step() && version.text(0).section(u'.', 0, 0).toInt() >= 4)
+        connection.execute("PRAGMA cipher_compatibility = 3");
+}
+
+} // namespace
+
+void Connection::Close::operator()(sqlite3* handle) const noexcept
+{
+    sqlite3_close_v2(handle);
+}
+
+void Connection::Finalize::operator()(sqlite3_stmt* handle) const noexcept
+{
+    sqlite3_finalize(handle);
+}
+
+Connection::Connection(sqlite3* handle)
+    : m_handle(handle)
+{
+}
+
+Connection::Connection(Connection&&) noexcept = default;
+
+Connection& Connection::operator=(Connection&& other) noexcept
+{
+    m_idle.clear();
+    m_handle = std::move(other.m_handle);
+    m_idle = std::move(other.m_idle);
+    return *this;
+}
+
+Connection::~Connection() = default;
+
+Connection Connection::openHandle(const QString& path, const QByteArray& engineKey, int flags)
+{
+    sqlite3* raw = nullptr;
+    const int opened = sqlite3_open_v2(path.toUtf8().constData(), &raw, flags, nullptr);
+    Connection connection(raw);
+    // The key must not be given to a handle that failed to open.
+    if (opened != SQLITE_OK)
+        throw SqlError::fromConnection(raw, opened, path);
+    sqlite3_extended_result_codes(raw, 1);
+    const int keyed = sqlite3_key(raw, engineKey.constData(), static_cast<int>(engineKey.size()));
+    if (keyed != SQLITE_OK)
+        throw SqlError::fromConnection(raw, keyed, path);
+    keepFileForm(connection);
+    connection.setBusyTimeout(busyTimeout);
+    registerSqlFunctions(raw);
+    return connection;
+}
+
+Connection Connection::open(const QString& path, const FileKey& key, Access access)
+{
+    if (QFileInfo(path).size() == 0 && QFileInfo::exists(path))
+        throw SqlError(SQLITE_NOTADB, QStringLiteral("file is empty"), path);
+    const int flags = access == Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    Connection connection = openHandle(path, key.engineText(), flags);
+    connection.proveReadable();
+    connection.execute("PRAGMA synchronous = FULL");
+    connection.execute(cacheOfSixtyFourMegabytes);
+    return connection;
+}
+
+Connection Connection::create(const QString& path, const QByteArray& password)
+{
+    if (QFileInfo::exists(path))
+        throw SqlError(SQLITE_CANTOPEN, QStringLiteral("file exists"), path);
+    Connection connection = openHandle(path, password, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    connection.execute("PRAGMA synchronous = FULL");
+    connection.execute(cacheOfSixtyFourMegabytes);
+    return connection;
+}
+
+void Connection::proveReadable()
+{
+    (void)prepare("SELECT count(*) FROM sqlite_master").step();
+}
+
+void Connection::execute(std::string_view sql)
+{
+    const std::string text(sql);
+    const int code = sqlite3_exec(handle(), text.c_str(), nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        throw SqlError::fromConnection(handle(), code, quoted(sql));
+}
+
+Statement Connection::prepare(std::string_view sql)
+{
+    const auto idle = m_idle.find(std::string(sql));
+    if (idle != m_idle.end() && !idle->second.empty()) {
+        sqlite3_stmt* const reused = idle->second.back().release();
+        idle->second.pop_back();
+        return {*this, reused};
+    }
+    sqlite3_stmt* prepared = nullptr;
+    const int code = sqlite3_prepare_v2(handle(), sql.data(), static_cast<int>(sql.size()), &prepared, nullptr);
+    if (code != SQLITE_OK)
+        throw SqlError::fromConnection(handle(), code, quoted(sql));
+    return {*this, prepared};
+}
+
+void Connection::takeBack(sqlite3_stmt* handle) noexcept
+{
+    IdleStatement statement(handle);
+    sqlite3_reset(handle);
+    sqlite3_clear_bindings(handle);
+    try {
+        m_idle[sqlite3_sql(handle)].push_back(std::move(statement));
+    } catch (const std::bad_alloc&) {
+        // Not kept for later: `statement` finalizes it.
+    }
+}
+
+void Connection::attach(const QString& path, const FileKey& key, const QString& schema)
+{
+    // ATTACH would silently create a missing file.
+    if (QFileInfo(path).size() == 0)
+        throw SqlError(SQLITE_CANTOPEN, QStringLiteral("unable to open database file"), path);
+    prepare("ATTACH ? AS ? KEY ?").bind(path, schema, QString::fromLatin1(key.engineText())).run();
+}
+
+std::int64_t Connection::lastInsertedKey() const
+{
+    return sqlite3_last_insert_rowid(handle());
+}
+
+bool Connection::isReadOnly() const
+{
+    return sqlite3_db_readonly(handle(), "main") == 1;
+}
+
+bool Connection::inTransaction() const
+{
+    return sqlite3_get_autocommit(handle()) == 0;
+}
+
+void Connection::setBusyTimeout(std::chrono::milliseconds timeout)
+{
+    sqlite3_busy_timeout(handle(), static_cast<int>(timeout.count()));
+}
+
+} // namespace lorvan

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/key_ring.h"
+#include "platform/statement.h"
+
+#include <QString>
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace lorvan {
+
+/// One open connection to an encrypted database file, for one thread.
+///
+/// The SQL functions cdate, csng and amount_add and the collation greek (see sql_functions.h) are registered on it.
+/// Durability is the engine's full one: a rollback journal and a synced commit. Another connection's lock is waited
+/// for up to five seconds. A connection that is asked to write a file it may only read opens read-only.
+class Connection {
+public:
+    enum class Access { ReadOnly, ReadWrite };
+
+    /// Opens an existing file and proves key and header by reading the schema. Throws SqlError: CannotOpen for a
+    /// missing file, NotADatabase for a wrong key, a foreign or an empty file, Damaged for one that is cut short.
+    static Connection open(const QString& path, const FileKey& key, Access access = Access::ReadWrite);
+
+    /// Makes a new file keyed with the password. Throws SqlError (CannotOpen) when the path exists already.
+    static Connection create(const QString& path, const QByteArray& password);
+
+    Connection(Connection&&) noexcept;
+    Connection& operator=(Connection&&) noexcept;
+    ~Connection();
+
+    /// Runs one or more statements without parameters.
+    void execute(std::string_view sql);
+
+    /// A prepared statement, from the connection's store of idle ones where the same text was used before.
+    [[nodiscard]] Statement prepare(std::string_view sql);
+
+    /// Makes the tables of a second database reachable as `schema`.name. Not allowed inside a transaction. Throws
+    /// SqlError like open().
+    void attach(const QString& path, const FileKey& key, const QString& schema);
+
+    [[nodiscard]] std::int64_t lastInsertedKey() const;
+    [[nodiscard]] bool isReadOnly() const;
+    [[nodiscard]] bool inTransaction() const;
+    void setBusyTimeout(std::chrono::milliseconds timeout);
+
+    [[nodiscard]] sqlite3* handle() const { return m_handle.get(); }
+
+private:
+    friend class Statement;
+
+    struct Close {
+        void operator()(sqlite3* handle) const noexcept;
+    };
+    struct Finalize {
+        void operator()(sqlite3_stmt* handle) const noexcept;
+    };
+    using IdleStatement = std::unique_ptr<sqlite3_stmt, Finalize>;
+
+    explicit Connection(sqlite3* handle);
+    static Connection openHandle(const QString& path, const QByteArray& engineKey, int flags);
+
+    void takeBack(sqlite3_stmt* handle) noexcept;
+    void proveReadable();
+
+    std::unique_ptr<sqlite3, Close> m_handle;
+    std::unordered_map<std::string, std::vector<IdleStatement>> m_idle; // destroyed before m_handle is closed
+};
+
+} // namespace lorvan

@@ -1,0 +1,48 @@
+#include "platform/message_window.h"
+
+#include <QLabel>
+
+namespace lorvan {
+namespace {
+
+QString withLineBreaks(QString text)
+{
+    return text.replace(u'\r', u'\n');
+}
+
+QMessageBox::StandardButton ask(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text,
+    QMessageBox::StandardButtons buttons, QMessageBox::StandardButton defaultButton)
+{
+    QMessageBox box(icon, title, withLineBreaks(text), buttons, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(defaultButton);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+} // namespace
+
+void showMessage(
+    QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text, const QString& details)
+{
+    QMessageBox box(icon, title, withLineBreaks(text), QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(withLineBreaks(details));
+    const auto labels = box.findChildren<QLabel*>();
+    for (QLabel* const label : labels)
+        label->setTextFormat(Qt::PlainText); // the box takes the format for its main text alone
+    box.exec();
+}
+
+bool askOkCancel(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text)
+{
+    return ask(parent, icon, title, text, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok) == QMessageBox::Ok;
+}
+
+bool askYesNo(
+    QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text, DefaultAnswer defaultAnswer)
+{
+    const auto defaultButton = defaultAnswer == DefaultAnswer::Yes ? QMessageBox::Yes : QMessageBox::No;
+    return ask(parent, icon, title, text, QMessageBox::Yes | QMessageBox::No, defaultButton) == QMessageBox::Yes;
+}
+
+} // namespace lorvan

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QString>
+
+namespace lorvan {
+
+/// The modal boxes through which the program speaks. Texts are plain, never markup; a carriage return in a text is a
+/// line break. The parent may be null.
+
+/// A box with an OK button. `details` appears below the text in small print, where given.
+void showMessage(
+    QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text, const QString& details = {});
+
+/// Asks with OK and Cancel, OK being the default; true only for OK.
+[[nodiscard]] bool askOkCancel(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text);
+
+enum class DefaultAnswer { Yes, No };
+
+/// Asks with Yes and No; true only for Yes.
+[[nodiscard]] bool askYesNo(
+    QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text, DefaultAnswer defaultAnswer);
+
+} // namespace lorvan

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+#include <stdexcept>
+
+struct sqlite3;
+
+namespace lorvan {
+
+/// A refusal of the database engine, with its own words, its result code and the statement that it concerns. what()
+/// holds all of them.
+class SqlError : public std::runtime_error {
+public:
+    /// What kind of trouble it is, as far as a user can act on it.
+    enum class Kind { NotADatabase, Damaged, Busy, DiskFull, ReadOnly, CannotOpen, InputOutput, Other };
+
+    SqlError(int code, const QString& engineMessage, const QString& statement);
+    /// Takes code and message from the connection at the moment of failure; a null connection gives the code's own
+    /// text.
+    static SqlError fromConnection(sqlite3* connection, int code, const QString& statement);
+
+    [[nodiscard]] int code() const { return m_code; } ///< The engine's extended result code.
+    [[nodiscard]] Kind kind() const;
+    [[nodiscard]] const QString& engineMessage() const { return m_engineMessage; }
+    [[nodiscard]] const QString& statement() const { return m_statement; }
+
+private:
+    int m_code;
+    QString m_engineMessage;
+    QString m_statement;
+};
+
+} // namespace lorvan

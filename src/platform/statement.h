@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/currency.h"
+
+#include <QDate>
+#include <QString>
+
+#include <concepts>
+#include <cstdint>
+
+struct sqlite3_stmt;
+
+namespace lorvan {
+
+class Connection;
+
+/// One prepared statement on loan from its connection, which it must not outlive. Going out of scope ends it, so no
+/// lock stays behind, and hands it back to the connection to be used again.
+///
+/// Parameters are numbered from 1, columns from 0. Reading NULL yields zero, false, the empty text or an invalid date.
+/// Binding and stepping throw SqlError.
+class Statement {
+public:
+    Statement(Statement&& other) noexcept;
+    Statement& operator=(Statement&&) = delete;
+    ~Statement();
+
+    /// Binds the values to the parameters 1, 2, 3 and so on.
+    template <typename... Values> Statement& bind(const Values&... values)
+    {
+        int parameter = 0;
+        (bindAt(++parameter, values), ...);
+        return *this;
+    }
+
+    void bindAt(int parameter, const QString& text); ///< Copies the text. A null text is bound as an empty one.
+    void bindAt(int parameter, QDate date); ///< As yyyymmdd.
+    void bindAt(int parameter, Currency amount); ///< As ten-thousandths.
+    /// A boolean as -1 or 0. No other type converts to a parameter by itself, a floating-point number least of all.
+    template <std::integral Integer> void bindAt(int parameter, Integer value)
+    {
+        if constexpr (std::same_as<Integer, bool>)
+            bindInteger(parameter, value ? -1 : 0);
+        else
+            bindInteger(parameter, static_cast<std::int64_t>(value));
+    }
+
+    /// True on a row, false when none is left.
+    [[nodiscard]] bool step();
+    /// For a statement that yields no rows: steps it to its end and returns how many rows it changed.
+    int run();
+    /// Makes it ready to run again; bound values stay.
+    void reset();
+
+    [[nodiscard]] bool isNull(int column) const;
+    [[nodiscard]] std::int64_t integer(int column) const;
+    [[nodiscard]] qint32 number(int column) const; ///< Cut to 32 bits as the files promise it.
+    [[nodiscard]] Currency currency(int column) const;
+    [[nodiscard]] QDate date(int column) const;
+    [[nodiscard]] bool boolean(int column) const; ///< Any non-zero value is true.
+    [[nodiscard]] QString text(int column) const;
+
+private:
+    friend class Connection;
+    Statement(Connection& connection, sqlite3_stmt* handle);
+
+    void bindInteger(int parameter, std::int64_t value);
+    void check(int code) const;
+
+    Connection* m_connection;
+    sqlite3_stmt* m_handle;
+};
+
+} // namespace lorvan

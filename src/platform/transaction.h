@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/connection.h"
+
+namespace lorvan {
+
+/// All or nothing: what was written since its construction is undone unless commit() was reached.
+class Transaction {
+public:
+    enum class Mode {
+        Read, ///< A stable view; takes the shared lock with the first reading.
+        Write ///< Takes the right to write at once, so nothing that is read can change before the commit.
+    };
+
+    /// Throws SqlError, of kind Busy when another connection writes for more than five seconds.
+    explicit Transaction(Connection& connection, Mode mode = Mode::Write);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    /// Throws SqlError when the file cannot be written; everything is then undone.
+    void commit();
+
+private:
+    Connection& m_connection;
+};
+
+} // namespace lorvan

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace lorvan {
+
+class Connection;
+
+/// What a user may do besides looking, printing, and working on open days.
+struct Rights {
+    bool modifyCash = false; ///< Change the movements of closed days too.
+    bool closeCash = false; ///< Close a cash day.
+    bool modifyCodes = false; ///< Change codes and groups.
+};
+
+/// The signed-in user, from sign-in to the end of the process.
+struct UserSession {
+    QString user;
+    QString password;
+    Rights rights;
+};
+
+/// True for the built-in administrator: the name in any letter case, the password exactly.
+[[nodiscard]] bool isBuiltInAdministrator(const QString& name, const QString& password);
+
+/// The first user whose name and password are these, letter case ignored, blanks counting as typed; empty when there is
+/// none. Reads the auxiliary database.
+[[nodiscard]] std::optional<UserSession> signIn(Connection& auxiliary, const QString& name, const QString& password);
+
+/// Adds a user, name and password trimmed. One statement. The caller has checked that neither is empty; a name that
+/// exists already is accepted.
+void addUser(Connection& auxiliary, const QString& name, const QString& password, Rights rights);
+
+} // namespace lorvan
