@@ -63,7 +63,7 @@ std::variant<MovementCode, Refusal> CashBook::checkContent(const MovementDraft& 
         return Refusal::DateIsInvalid;
     if (draft.code == 0)
         return Refusal::NoCode;
-    const auto code = findActiveCode(m_book.main(), draft.code);
+    const auto code = findCode(m_book.main(), draft.code, CodeSelection::Active);
     if (!code)
         return Refusal::CodeHasChanged;
     if (draft.description.trimmed().isEmpty())

@@ -27,11 +27,11 @@ std::vector<MovementCode> listCodes(Connection& main, CodeSelection selection)
     return codes;
 }
 
-std::optional<MovementCode> findActiveCode(Connection& main, qint32 code)
+std::optional<MovementCode> findCode(Connection& main, qint32 code, CodeSelection selection)
 {
     auto row = main.prepare("SELECT kvdikos, perigrafh, lista, aa_omadas, esodo, energos FROM kvdikoi"
-                            " WHERE kvdikos=? AND energos<>0 ORDER BY aa LIMIT 1");
-    row.bind(code);
+                            " WHERE kvdikos=? AND (energos<>0 OR ?) ORDER BY aa LIMIT 1");
+    row.bind(code, selection == CodeSelection::All);
     return row.step() ? std::optional(codeIn(row)) : std::nullopt;
 }
 

@@ -29,8 +29,8 @@ enum class CodeSelection { Active, All };
 /// The codes by number; codes of one number in the order in which they were entered.
 [[nodiscard]] std::vector<MovementCode> listCodes(Connection& main, CodeSelection selection);
 
-/// The first active code of that number.
-[[nodiscard]] std::optional<MovementCode> findActiveCode(Connection& main, qint32 code);
+/// The first code of that number in the selection.
+[[nodiscard]] std::optional<MovementCode> findCode(Connection& main, qint32 code, CodeSelection selection);
 
 /// The groups in the order in which they were entered.
 [[nodiscard]] std::vector<CodeGroup> listGroups(Connection& main);

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "app/book.h"
+#include "app/schema_upgrade.h"
+#include "app/usage_marker.h"
+
+#include <functional>
+#include <stdexcept>
+
+namespace lorvan {
+
+/// The book needs an upgrade, but another computer is working on it. what() is the marker's refusal text, in UTF-8.
+class UpgradeMustWait : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// Opens both databases of a book for its main window. A main database of an older schema version is upgraded first,
+/// with the opening balance that `askOpeningBalance` returns; missing indexes are made. Neither happens while another
+/// computer holds the marker, and indexes are left out where the folder is read-only.
+/// Throws SqlError, UnknownSchemaVersion, UpgradeMustWait, MarkerError, and whatever the question throws; the book is
+/// then as it was.
+[[nodiscard]] Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker,
+    const std::function<OpeningBalance()>& askOpeningBalance);
+
+} // namespace lorvan
