@@ -1,0 +1,93 @@
+#include "support/temporary_book.h"
+
+#include "cashbook/cash_closing.h"
+#include "codes/code_catalogue.h"
+#include "users/sign_in.h"
+
+#include <QTime>
+
+namespace lorvan::test {
+
+KeyRing& testKeys()
+{
+    static KeyRing keys(bookPassword());
+    return keys;
+}
+
+TemporaryBook::TemporaryBook()
+{
+    createBook(files());
+    addGroup(1, QStringLiteral("Πωλήσεις"));
+    addCode(incomeCode, QStringLiteral("Λιανική"), true, 1);
+    addCode(expenseCode, QStringLiteral("Προμήθειες"), false);
+}
+
+Connection TemporaryBook::openMain() const
+{
+    return Connection::open(files().mainDatabase(), testKeys().keyFor(files().mainDatabase()));
+}
+
+Connection TemporaryBook::openAuxiliary() const
+{
+    return Connection::open(files().auxiliaryDatabase(), testKeys().keyFor(files().auxiliaryDatabase()));
+}
+
+void TemporaryBook::addGroup(qint32 number, const QString& name) const
+{
+    Connection main = openMain();
+    main.prepare("INSERT INTO omades (aa, perigrafh) VALUES (?,?)").bind(number, name).run();
+}
+
+void TemporaryBook::addCode(qint32 code, const QString& description, bool income, qint32 group, bool active) const
+{
+    Connection main = openMain();
+    main.prepare("INSERT INTO kvdikoi (kvdikos, perigrafh, omada, aa_omadas, lista, esodo, energos)"
+                 " VALUES (?,?,(SELECT perigrafh FROM omades WHERE aa=?),?,?,?,?)")
+        .bind(code, description, group, group, codeListLine(QString::number(code), description), income, active)
+        .run();
+}
+
+void TemporaryBook::addMovementRow(const MovementDraft& movement) const
+{
+    Connection main = openMain();
+    main.prepare("INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, epitagh, L_tajeos)"
+                 " VALUES (?,?,?,?,?,0,?,?)")
+        .bind(movement.code, movement.day, movement.description, movement.income, movement.expense, movement.cheque,
+            movement.memorandum)
+        .run();
+}
+
+void TemporaryBook::addUser(const QString& name, const QString& password) const
+{
+    Connection auxiliary = openAuxiliary();
+    lorvan::addUser(auxiliary, name, password, {});
+}
+
+void TemporaryBook::close(QDate day) const
+{
+    Connection auxiliary = openAuxiliary();
+    closeDay(auxiliary, day);
+}
+
+QString valueOf(Connection& connection, std::string_view sql)
+{
+    auto row = connection.prepare(sql);
+    return row.step() ? row.text(0) : QString();
+}
+
+Clock fixedClock()
+{
+    return Clock(QDateTime(QDate(2024, 3, 15), QTime(12, 0)));
+}
+
+MovementDraft incomeOf(QDate day, Currency amount, const QString& description)
+{
+    return {TemporaryBook::incomeCode, day, description, amount, {}, {}, false};
+}
+
+MovementDraft expenseOf(QDate day, Currency amount, const QString& description)
+{
+    return {TemporaryBook::expenseCode, day, description, {}, amount, {}, false};
+}
+
+} // namespace lorvan::test

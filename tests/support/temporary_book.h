@@ -1,0 +1,65 @@
+#pragma once
+
+#include "app/book.h"
+#include "app/book_files.h"
+#include "cashbook/movement.h"
+#include "platform/clock.h"
+#include "platform/connection.h"
+#include "platform/key_ring.h"
+
+#include <QTemporaryDir>
+
+#include <string_view>
+
+namespace lorvan::test {
+
+[[nodiscard]] inline Currency cents(std::int64_t count)
+{
+    return Currency::fromTenThousandths(count * 100);
+}
+
+/// A book of its own in a folder that goes with the object. Two codes are there from the start: incomeCode (in group 1)
+/// and expenseCode (without a group), both active.
+class TemporaryBook {
+public:
+    static constexpr qint32 incomeCode = 100;
+    static constexpr qint32 expenseCode = 200;
+
+    TemporaryBook();
+
+    [[nodiscard]] QString folder() const { return m_folder.path(); }
+    [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
+    [[nodiscard]] BookFiles files() const { return BookFiles(folder()); }
+
+    [[nodiscard]] Connection openMain() const;
+    [[nodiscard]] Connection openAuxiliary() const;
+    [[nodiscard]] Book open() const { return {openMain(), openAuxiliary()}; }
+
+    /// Runs statements on the main database, as another program would.
+    void execute(std::string_view sql) const { openMain().execute(sql); }
+    void addGroup(qint32 number, const QString& name) const;
+    void addCode(qint32 code, const QString& description, bool income, qint32 group = 0, bool active = true) const;
+    /// Stores a movement's row alone: no cash day is written.
+    void addMovementRow(const MovementDraft& movement) const;
+    void addUser(const QString& name, const QString& password) const;
+    void close(QDate day) const;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/// Keys derived once for the whole test process.
+[[nodiscard]] KeyRing& testKeys();
+
+/// The first column of the first row, as text; empty when there is no row.
+[[nodiscard]] QString valueOf(Connection& connection, std::string_view sql);
+
+/// Midday of a day with nothing special about it, 15 March 2024 (a Friday).
+[[nodiscard]] Clock fixedClock();
+
+[[nodiscard]] MovementDraft incomeOf(
+    QDate day, Currency amount, const QString& description = QStringLiteral("είσπραξη"));
+[[nodiscard]] MovementDraft expenseOf(
+    QDate day, Currency amount, const QString& description = QStringLiteral("πληρωμή"));
+
+} // namespace lorvan::test
