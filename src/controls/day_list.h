@@ -1,0 +1,122 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QLabel>
+#include <QListView>
+
+#include <vector>
+
+namespace lorvan {
+
+struct DayLine {
+    QString text; ///< The line of fixed width, as day_view.h makes it.
+    QString whole; ///< The same with nothing cut, for tooltip and assistive tools.
+    qint64 key = 0; ///< The movement's; 0 for the balance line.
+};
+
+class DayListModel : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    void setLines(std::vector<DayLine> lines);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+
+    /// The text as display text, the key under Qt::UserRole, the whole text as tooltip and accessible text.
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    std::vector<DayLine> m_lines;
+};
+
+/// Where the slices of a line stand at a given width and font. Number, code and description begin at the left;
+/// memorandum, amounts and cheque mark end at the right; what is spare, up to 40 characters, goes between.
+struct DayLineLayout {
+    qreal advance = 1; ///< Of one character, fractional.
+    qreal inset = 10; ///< Of the text at the left.
+    qreal spare = 0; ///< Between description and memorandum.
+
+    /// Left edge of a character of the line, relative to the row.
+    [[nodiscard]] qreal left(int character) const;
+
+    [[nodiscard]] qreal width() const; ///< Of a whole line, with the inset.
+
+    [[nodiscard]] static DayLineLayout forWidth(int available, const QFont& font);
+};
+
+/// The movements of one day.
+class DayList : public QListView {
+    Q_OBJECT
+
+public:
+    explicit DayList(QWidget* parent = nullptr);
+
+    /// Replaces all lines; nothing is selected afterwards.
+    void setLines(std::vector<DayLine> lines);
+
+    void selectLast(); ///< Selects the last line and shows it.
+
+    [[nodiscard]] const DayLineLayout& lineLayout() const { return m_layout; }
+    [[nodiscard]] int rowHeight() const;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    void clickedLine(); ///< Single click on a line.
+    void openedLine(qint64 key); ///< Double click or F2 on a line; 0 for the balance line.
+    void layoutChanged(); ///< Font, slices or sideways position are others.
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void updateGeometries() override;
+    bool viewportEvent(QEvent* event) override;
+
+private:
+    void open(const QModelIndex& index);
+    void layOut();
+
+    DayListModel* m_model;
+    DayLineLayout m_layout;
+    bool m_afterDoubleClick = false;
+    bool m_inGeometry = false;
+};
+
+/// A heading over a day list. It keeps its text and paints each of its words over the slice that the word stands for
+/// in the text itself; headings of amounts are right-aligned with the amounts.
+class DayListHead : public QLabel {
+    Q_OBJECT
+
+public:
+    /// The heading of all columns but the memorandum's.
+    DayListHead(const QString& text, DayList& list, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+    DayList& m_list; // NOLINT: the memorandum's heading paints over the same list
+};
+
+/// The heading of the memorandum column, a label of its own: lay it over the other with the same geometry.
+class MemorandumHead : public DayListHead {
+    Q_OBJECT
+
+public:
+    using DayListHead::DayListHead;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// Both headings, one over the other, as one widget above the list.
+[[nodiscard]] QWidget* dayListHeading(DayListHead* head, MemorandumHead* memorandum);
+
+} // namespace lorvan

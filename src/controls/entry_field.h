@@ -1,0 +1,46 @@
+#pragma once
+
+#include "cashbook/entry_rules.h"
+#include "controls/focus_rules.h"
+
+#include <QLineEdit>
+
+namespace lorvan {
+
+/// A field of an entry form. Typed characters pass its typing rule, pasted text does not; Enter goes on to the next
+/// field; all of its text is selected when it receives the focus.
+class EntryField : public QLineEdit {
+    Q_OBJECT
+
+public:
+    explicit EntryField(TypingRule rule, QWidget* parent = nullptr);
+
+    /// For amounts: right-aligned, in figures of one width.
+    void setRightAligned();
+
+    /// Font factor and weight where they differ from an ordinary field's.
+    void setType(qreal factor, QFont::Weight weight);
+
+Q_SIGNALS:
+    /// The user went to another field. Emitted while the focus moves: open a message box from a posted call only, or it
+    /// swallows the mouse release that follows.
+    void left();
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    void dress();
+
+    TypingRule m_rule;
+    ClickSelection m_clickSelection;
+    qreal m_factor = 1.0;
+    QFont::Weight m_weight = QFont::Normal;
+    bool m_figures = false;
+};
+
+} // namespace lorvan

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <qnamespace.h>
+
+class QLineEdit;
+
+namespace lorvan {
+
+/// Whether a focus change means that the user went to another field. Menus, pop-ups, message boxes and a switch of
+/// windows take the focus and give it back.
+[[nodiscard]] bool isRealFocusChange(Qt::FocusReason reason);
+
+/// Selects a field's whole text when it receives the focus by a click, unless the click has drawn a selection of its
+/// own.
+class ClickSelection {
+public:
+    void focusGained(Qt::FocusReason reason) { m_pending = reason == Qt::MouseFocusReason; }
+    void mouseReleased(QLineEdit& field);
+
+private:
+    bool m_pending = false;
+};
+
+} // namespace lorvan

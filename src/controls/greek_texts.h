@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QTranslator>
+
+namespace lorvan {
+
+/// The Greek of the toolkit's own texts: standard buttons, context menus, file, print and colour dialogs.
+class GreekTexts : public QTranslator {
+    Q_OBJECT
+
+public:
+    using QTranslator::QTranslator;
+
+    [[nodiscard]] bool isEmpty() const override { return false; }
+
+    /// A null text where there is no Greek for the source.
+    [[nodiscard]] QString translate(const char* context, const char* sourceText, const char* disambiguation = nullptr,
+        int count = -1) const override;
+};
+
+} // namespace lorvan

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "controls/theme.h"
+
+#include <QIcon>
+#include <QWidget>
+
+namespace lorvan {
+
+/// One of our line icons by name: daybook, codes, print, exit, insert, modify, delete, closecash, unlock, groups,
+/// users, key, zoomin, zoomout, search, pages, width, pdf, table, prev, next, back, check, question, info, warning,
+/// stop. Its colour is the role's at the time of painting, off text when disabled. An unknown name gives an empty icon.
+[[nodiscard]] QIcon themedIcon(const QString& name, ColourRole role);
+
+/// Paints an icon into a rectangle in logical pixels, at the painter's own resolution.
+void paintIcon(QPainter& painter, const QRect& rect, const QString& name, const QColor& colour);
+
+/// An icon that stands in a window by itself.
+class IconView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `extent` is the side of the square in pixels.
+    IconView(const QString& name, ColourRole role, int extent, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override { return {m_extent, m_extent}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_name;
+    ColourRole m_role;
+    int m_extent;
+};
+
+} // namespace lorvan

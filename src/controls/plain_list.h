@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QListView>
+
+#include <vector>
+
+class QStandardItemModel;
+
+namespace lorvan {
+
+struct ListRow {
+    QString text;
+    qint64 data = 0; ///< Stands under Qt::UserRole.
+};
+
+/// A list of single lines. The selected row is highlighted while the list has the focus and tinted, with a bar at its
+/// left, while it has not. Rows that do not fit end in an ellipsis and show their text as a tooltip.
+class PlainList : public QListView {
+    Q_OBJECT
+
+public:
+    enum class Face { Desktop, FixedWidth };
+
+    explicit PlainList(Face face = Face::Desktop, QWidget* parent = nullptr);
+
+    /// Replaces all rows; nothing is selected afterwards.
+    void setRows(const std::vector<ListRow>& rows);
+
+    void setRowHeight(int pixels); ///< Instead of the font's height and 5.
+
+    [[nodiscard]] int rowHeight() const;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+    /// Where a row's text begins; a list with ticks keeps a column free before it.
+    [[nodiscard]] virtual int textInset() const { return 10; }
+    [[nodiscard]] virtual bool showsTicks() const { return false; }
+
+Q_SIGNALS:
+    /// Double click on a row, or F2 on the current one. The click that belongs to a double click is reported once, by
+    /// clicked(), before it.
+    void opened(const QModelIndex& index);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+
+private:
+    void dress();
+
+    QStandardItemModel* m_rows;
+    Face m_face;
+    int m_rowHeight = 0;
+    bool m_afterDoubleClick = false;
+};
+
+} // namespace lorvan

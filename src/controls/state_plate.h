@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QFrame>
+
+namespace lorvan {
+
+class Label3D;
+
+/// The dark plate on which the state of a cash day stands in bright letters. Its width is that of the longer of the two
+/// captions it may show, so it never changes.
+class StatePlate : public QFrame {
+    Q_OBJECT
+
+public:
+    StatePlate(const QString& openCaption, const QString& closedCaption, QWidget* parent = nullptr);
+
+    void showOpen(); ///< The open caption, in green.
+    void showClosed(); ///< The closed caption, in red.
+
+    [[nodiscard]] Label3D* label() const { return m_label; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void dress();
+    void show(const QString& caption, const QColor& front, const QColor& back);
+
+    QString m_openCaption;
+    QString m_closedCaption;
+    Label3D* m_label;
+};
+
+} // namespace lorvan

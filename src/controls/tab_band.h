@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QFrame>
+#include <QTabBar>
+
+namespace lorvan {
+
+class Label3D;
+
+/// The band at the top of the main window: the tabs `Tab1` at the left; at the right the heading `Label3D1(1)` over the
+/// version `Label3D1(0)`, with an ellipsis and a tooltip where they are too long.
+class TabBand : public QFrame {
+    Q_OBJECT
+
+public:
+    explicit TabBand(QWidget* parent = nullptr);
+
+    /// The caption stands as given; an ampersand in it is an ampersand. Returns the tab's index.
+    int addTab(const QString& iconName, const QString& caption, const QString& toolTip);
+
+    [[nodiscard]] QTabBar* tabs() const { return m_tabs; }
+
+    void setHeading(const QString& text);
+    void setVersion(const QString& text);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void dress();
+    void placeLabels();
+    void placeLabel(Label3D& label, const QString& text, int top, int available);
+
+    QTabBar* m_tabs;
+    Label3D* m_heading;
+    Label3D* m_version;
+    QString m_headingText;
+    QString m_versionText;
+};
+
+} // namespace lorvan

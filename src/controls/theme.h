@@ -1,0 +1,104 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QObject>
+#include <QPalette>
+
+#include <optional>
+
+class QApplication;
+
+namespace lorvan {
+
+/// What a colour is for. The Page… roles are the text and line colours on the ground of pages and dialogs; they differ
+/// from their plain counterparts only while a page colour of the book's own is set.
+enum class ColourRole {
+    Band,
+    Page,
+    Base,
+    Alternate,
+    Button,
+    ButtonHover,
+    SolidHover,
+    Text,
+    Muted,
+    Faint,
+    OffText,
+    OffField,
+    Line,
+    Edge,
+    Accent,
+    OnAccent,
+    Highlight,
+    HighlightText,
+    Tint,
+    BalanceRow,
+    Income,
+    Expense,
+    Warning,
+    Plate,
+    Ground, ///< Behind the paper of a preview.
+    PageText,
+    PageMuted,
+    PageOffText,
+    PageLine,
+};
+
+/// Colours, fonts and style of every window. The light theme is our own; with a dark system palette the grounds, texts
+/// and highlights are the system's.
+class Theme : public QObject {
+    Q_OBJECT
+
+public:
+    /// Sets style, palette, style sheet and the Greek texts of the toolkit's own dialogs. Call once, before the first
+    /// window; a second call returns the same theme.
+    static Theme& install(QApplication& application);
+
+    /// The installed theme; installs it if nobody has.
+    static Theme& instance();
+
+    [[nodiscard]] QColor colour(ColourRole role) const;
+    [[nodiscard]] bool isDark() const { return m_dark; }
+
+    /// The book's own background. It replaces the page ground of panels and labels; the text on it comes from
+    /// whichever theme contrasts better. Fields and lists keep theirs. Empty goes back to the theme's.
+    void setPageColour(std::optional<QColor> colour);
+
+    /// The desktop font at a factor of its size.
+    [[nodiscard]] QFont font(qreal factor = 1.0, QFont::Weight weight = QFont::Normal) const;
+
+    /// As font(), with ten digits of one width.
+    [[nodiscard]] QFont figureFont(qreal factor = 1.0, QFont::Weight weight = QFont::Normal) const;
+
+    /// For lists of fixed-width lines; the factor is one of the desktop font's size.
+    [[nodiscard]] QFont fixedFont(qreal factor = 1.1, QFont::Weight weight = QFont::Normal) const;
+
+    /// Called by the style with the palette that the system wishes.
+    void noteSystemPalette(const QPalette& system);
+
+Q_SIGNALS:
+    /// Colours or fonts have changed; palettes and style sheet are in place already.
+    void changed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    explicit Theme(QApplication& application);
+
+    void apply();
+    void noteFont();
+    [[nodiscard]] QPalette palette() const;
+    [[nodiscard]] std::optional<QColor> systemColour(ColourRole role) const;
+    [[nodiscard]] QColor pageCompanion(ColourRole role) const;
+
+    QPalette m_system;
+    QPalette m_applied;
+    QString m_figureFamily; ///< Empty where the desktop font's digits are of one width.
+    std::optional<QColor> m_pageColour;
+    bool m_dark = false;
+    bool m_applying = false;
+};
+
+} // namespace lorvan
