@@ -74,7 +74,7 @@ public:
     /// A short or empty file yields a record of no known state.
     [[nodiscard]] Record read() const
     {
-        QByteArray bytes(recordLength, '\0');
+        QByteArray bytes(recordLength, ' ');
         if (::pread(m_descriptor.value, bytes.data(), static_cast<std::size_t>(recordLength), 0) < 0)
             fail("read");
         return {bytes.front(), bytes.sliced(1, nameLength), bytes.sliced(1 + nameLength)};

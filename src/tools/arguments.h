@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <stdexcept>
+
+namespace lorvan {
+
+/// A command line that says something else than the command takes. what() says in Greek what is wrong with it.
+class UsageError : public std::runtime_error {
+public:
+    explicit UsageError(const QString& message);
+};
+
+/// The words after a command's name, taken one by one. All operations throw UsageError.
+class Arguments {
+public:
+    explicit Arguments(QStringList words);
+
+    /// The value of `--name VALUE` or `--name=VALUE`, `name` with its dashes; empty when the option is not given.
+    [[nodiscard]] std::optional<QString> takeOption(const QString& name);
+
+    /// True when the option, which has no value, is given.
+    [[nodiscard]] bool takeFlag(const QString& name);
+
+    /// The next word that is no option; `what` names it where it is missing. An empty word counts as missing.
+    [[nodiscard]] QString takeWord(const QString& what);
+
+    /// To be called when all has been taken: anything left is refused.
+    void finish() const;
+
+private:
+    QStringList m_words;
+};
+
+} // namespace lorvan

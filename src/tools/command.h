@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/clock.h"
+#include "tools/arguments.h"
+
+#include <functional>
+#include <ostream>
+
+namespace lorvan {
+
+/// What a command works with besides its arguments.
+struct ToolContext {
+    std::ostream& out;
+    std::ostream& errors;
+    /// Asks for the new password of the named user; the empty text when none was given.
+    std::function<QString(const QString& user)> askPassword;
+    Clock clock;
+    QString programFolder; ///< Where the program and its path file are.
+};
+
+/// One command of lorvan-data. Each stands in a file of its own and in the table of tool.cpp.
+struct Command {
+    QString name;
+    QString arguments; ///< As the usage line shows them.
+    QString summary; ///< One line.
+    QString help; ///< Further lines for `--help`.
+    /// Does it or throws: UsageError, Refused, or a failure of files and databases. Nothing is changed then.
+    void (*run)(Arguments& arguments, const ToolContext& context);
+};
+
+[[nodiscard]] Command createCommand();
+[[nodiscard]] Command demoCommand();
+[[nodiscard]] Command pathCommand();
+
+} // namespace lorvan

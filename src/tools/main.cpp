@@ -1,0 +1,14 @@
+#include "tools/terminal.h"
+#include "tools/tool.h"
+
+#include <QCoreApplication>
+
+#include <iostream>
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const lorvan::ToolContext context{
+        std::cout, std::cerr, lorvan::askNewPassword, lorvan::Clock(), QCoreApplication::applicationDirPath()};
+    return static_cast<int>(lorvan::runTool(QCoreApplication::arguments().mid(1), context));
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "app/book.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <optional>
+
+namespace lorvan {
+
+/// Throws BookExists when one of a book's three files is there.
+void refuseExistingBook(const BookFiles& files);
+
+/// A book in the making. It is filled in a hidden folder inside its data folder and appears there, complete, with
+/// keep(); until then, and when that fails, everything that was made is removed again, new folders included.
+class NewBook {
+public:
+    /// An empty book at the current schema version. Missing folders are made.
+    /// Throws BookExists when one of its three files is there already, Refused when the folder cannot be written,
+    /// SqlError.
+    explicit NewBook(const QString& dataFolder);
+    ~NewBook();
+    NewBook(const NewBook&) = delete;
+    NewBook& operator=(const NewBook&) = delete;
+
+    [[nodiscard]] Book& book() { return *m_book; }
+
+    /// Closes the book and moves its files into place. Throws like the constructor, also when another book has
+    /// appeared in the meantime.
+    void keep();
+
+private:
+    void makeFolders();
+    void removeFolders();
+    void moveIntoPlace();
+
+    BookFiles m_target;
+    QStringList m_madeFolders; // innermost first
+    std::optional<QTemporaryDir> m_staging;
+    std::optional<Book> m_book;
+    bool m_kept = false;
+};
+
+} // namespace lorvan

@@ -1,0 +1,94 @@
+#include "tools/tool.h"
+
+#include "app/book.h"
+#include "app/failure_text.h"
+#include "tools/refused.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace lorvan {
+namespace {
+
+const std::vector<Command>& commands()
+{
+    static const std::vector<Command> table{createCommand(), demoCommand(), pathCommand()};
+    return table;
+}
+
+QString usageLine(const Command& command)
+{
+    return QStringLiteral("lorvan-data %1 %2").arg(command.name, command.arguments);
+}
+
+void printOverview(std::ostream& out)
+{
+    out << "lorvan-data: εργαλεία για τα βιβλία ταμείου του Lorvan\n\n";
+    for (const Command& command : commands())
+        out << "  " << usageLine(command).toStdString() << "\n      " << command.summary.toStdString() << '\n';
+    out << "\nlorvan-data ΕΝΤΟΛΗ --help: περισσότερα για μια εντολή.\n"
+           "Κωδικός εξόδου: 0 έγινε, 2 δεν έγινε και δεν άλλαξε τίποτα.\n";
+}
+
+void printHelp(const Command& command, std::ostream& out)
+{
+    out << usageLine(command).toStdString() << "\n\n"
+        << command.summary.toStdString() << '\n'
+        << command.help.toStdString();
+}
+
+bool asksForHelp(const QStringList& words)
+{
+    return words.contains(QStringLiteral("--help")) || words.contains(QStringLiteral("-h"));
+}
+
+void complain(const ToolContext& context, const QString& message)
+{
+    context.errors << "lorvan-data: " << message.toStdString() << '\n';
+}
+
+ExitStatus runCommand(const Command& command, const QStringList& words, const ToolContext& context)
+{
+    try {
+        Arguments arguments(words);
+        command.run(arguments, context);
+        return ExitStatus::Done;
+    } catch (const UsageError& error) {
+        complain(context, QString::fromUtf8(error.what()));
+        context.errors << "Χρήση: " << usageLine(command).toStdString() << '\n';
+    } catch (const Refused& refusal) {
+        complain(context, QString::fromUtf8(refusal.what()));
+    } catch (const BookExists& existing) {
+        complain(context,
+            QStringLiteral("Υπάρχει ήδη το αρχείο %1. Ένα βιβλίο που υπάρχει δεν αντικαθίσταται.")
+                .arg(QString::fromUtf8(existing.what())));
+    } catch (const std::exception& failure) {
+        complain(context, failureText(failure));
+    }
+    return ExitStatus::Failed;
+}
+
+} // namespace
+
+ExitStatus runTool(const QStringList& commandLine, const ToolContext& context)
+{
+    const QString name = commandLine.value(0);
+    const auto found =
+        std::find_if(commands().begin(), commands().end(), [&](const Command& each) { return each.name == name; });
+    if (found != commands().end() && !asksForHelp(commandLine))
+        return runCommand(*found, commandLine.mid(1), context);
+    if (found != commands().end()) {
+        printHelp(*found, context.out);
+        return ExitStatus::Done;
+    }
+    if (asksForHelp(commandLine)) {
+        printOverview(context.out);
+        return ExitStatus::Done;
+    }
+    if (!name.isEmpty())
+        complain(context, QStringLiteral("Άγνωστη εντολή: %1.").arg(name));
+    printOverview(context.errors);
+    return ExitStatus::Failed;
+}
+
+} // namespace lorvan

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QDate>
+
+#include <vector>
+
+namespace lorvan {
+
+/// True on the public holidays on which Greek shops are shut, the movable ones of the Orthodox Easter included.
+[[nodiscard]] bool isGreekHoliday(QDate day);
+
+/// Monday to Saturday, holidays left out.
+[[nodiscard]] bool isWorkingDay(QDate day);
+
+/// The last `count` working days up to and including `last`, oldest first.
+[[nodiscard]] std::vector<QDate> workingDaysUntil(QDate last, int count);
+
+} // namespace lorvan
