@@ -23,7 +23,7 @@ constexpr char isFree = '0';
 constexpr std::chrono::seconds lockTimeout{5};
 
 struct Record {
-    char state = '\0';
+    char state = ' ';
     QByteArray user;
     QByteArray computer;
 
@@ -148,7 +148,9 @@ void UsageMarker::release()
     if (!m_owns)
         return;
     LockedFile file(m_path);
-    if (file.read() == recordOf(inUse, m_self))
+    const Record record = file.read();
+    const bool handedOn = record.state == inUse && record != recordOf(inUse, m_self);
+    if (!handedOn)
         file.write(recordOf(isFree, m_self));
     m_owns = false;
 }

@@ -1,2 +1,3 @@
 list(APPEND LORVAN_CORE_TESTS
+    cashbook/kill_test.cpp
     cashbook/random_changes_test.cpp)

@@ -69,6 +69,14 @@ void TemporaryBook::close(QDate day) const
     closeDay(auxiliary, day);
 }
 
+void TemporaryBook::makeVersionless() const
+{
+    execute("DROP TABLE kinhseis;"
+            "CREATE TABLE kinhseis (aa INTEGER PRIMARY KEY AUTOINCREMENT, kvdikos INTEGER, hmeromhnia INTEGER,"
+            " perigrafh TEXT, esoda INTEGER, ejoda INTEGER, aa_omada INTEGER, grammh TEXT, epitagh INTEGER);"
+            "DELETE FROM taytothta");
+}
+
 QString valueOf(Connection& connection, std::string_view sql)
 {
     auto row = connection.prepare(sql);

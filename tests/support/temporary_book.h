@@ -6,6 +6,7 @@
 #include "platform/clock.h"
 #include "platform/connection.h"
 #include "platform/key_ring.h"
+#include "support/printing.h"
 
 #include <QTemporaryDir>
 
@@ -43,6 +44,8 @@ public:
     void addMovementRow(const MovementDraft& movement) const;
     void addUser(const QString& name, const QString& password) const;
     void close(QDate day) const;
+    /// Takes the main database back to the form before the first schema version: no memorandum column, no version.
+    void makeVersionless() const;
 
 private:
     QTemporaryDir m_folder;

@@ -1,4 +1,140 @@
-int main()
+// The process that tests start beside themselves: to be killed in the middle of its work, or to quarrel with a second
+// one over the usage marker. What it is about to do, and has done, it appends to a log line by line.
+//
+//   lorvan_test_worker changes DIR LOG SEED            random changes of the book until it is killed
+//   lorvan_test_worker upgrade DIR LOG                 one schema upgrade
+//   lorvan_test_worker marker  DIR LOG HOST ROUNDS     claims and releases the marker, changing the book now and then
+
+#include "app/schema_upgrade.h"
+#include "app/usage_marker.h"
+#include "platform/machine_identity.h"
+#include "support/random_changes.h"
+#include "support/temporary_book.h"
+#include "support/worker_log.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+#include <cstdio>
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/file.h>
+#include <thread>
+#include <unistd.h>
+
+namespace lorvan::test {
+namespace {
+
+Book openBook(const BookFiles& files)
 {
+    const auto open = [](const QString& path) { return Connection::open(path, testKeys().keyFor(path)); };
+    return {open(files.mainDatabase()), open(files.auxiliaryDatabase())};
+}
+
+int changeUntilKilled(const BookFiles& files, WorkerLog& log, unsigned seed)
+{
+    Book book = openBook(files);
+    CashBook cashBook(book, {});
+    RandomChanges changes(seed);
+    for (;;) {
+        const ModelChange change = changes.next(storedMovements(book.main()));
+        log.append(changeLine(change));
+        if (!std::holds_alternative<DayView>(makeChange(cashBook, change)))
+            return 1;
+        log.append("done");
+    }
+}
+
+int upgrade(const BookFiles& files, WorkerLog& log)
+{
+    Book book = openBook(files);
+    log.append("ready");
+    upgradeSchema(book.main(), upgradeOpening());
+    log.append("done");
     return 0;
+}
+
+/// A name of its own for this computer, as the system gives it; else one that is only passed on.
+MachineIdentity identityAt(const QString& host)
+{
+    const QByteArray name = host.toUtf8();
+    if (::unshare(CLONE_NEWUTS) == 0 && ::sethostname(name.constData(), static_cast<std::size_t>(name.size())) == 0)
+        return machineIdentity();
+    std::puts("no UTS namespace");
+    return {QStringLiteral("user"), host};
+}
+
+/// A file that only the marker's holder may have locked. Its lock knows nothing of the marker's.
+class Witness {
+public:
+    explicit Witness(const QString& path)
+        : m_descriptor(::open(path.toUtf8().constData(), O_RDWR | O_CREAT, 0666))
+    {
+    }
+    ~Witness() { ::close(m_descriptor); }
+    Witness(const Witness&) = delete;
+    Witness& operator=(const Witness&) = delete;
+
+    [[nodiscard]] bool enter() { return ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0; }
+    void leave() { ::flock(m_descriptor, LOCK_UN); }
+
+private:
+    int m_descriptor;
+};
+
+int claimAndRelease(const BookFiles& files, WorkerLog& log, const QString& host, int rounds)
+{
+    constexpr int roundsPerChange = 25;
+    Book book = openBook(files);
+    CashBook cashBook(book, {});
+    UsageMarker marker(files.usageMarker(), identityAt(host));
+    Witness witness(files.dataFolder() + QStringLiteral("/witness"));
+    int changes = 0;
+    int refusals = 0;
+    for (int round = 0; round < rounds;) {
+        const bool mayChange = round % 2 == 0 ? marker.claim() : !marker.guardChange();
+        if (!mayChange) {
+            ++refusals;
+            std::this_thread::sleep_for(std::chrono::microseconds(300));
+            continue;
+        }
+        if (!witness.enter())
+            return 2;
+        if (++round % roundsPerChange == 0) {
+            (void)cashBook.insert(incomeOf(QDate(2024, 3, 15), cents(1)));
+            ++changes;
+        }
+        witness.leave();
+        marker.release();
+    }
+    log.append("changes " + std::to_string(changes) + " refusals " + std::to_string(refusals));
+    return 0;
+}
+
+int run(const QStringList& arguments)
+{
+    const QString task = arguments.value(1);
+    const BookFiles files(arguments.value(2));
+    WorkerLog log(arguments.value(3));
+    if (task == QStringLiteral("changes"))
+        return changeUntilKilled(files, log, arguments.value(4).toUInt());
+    if (task == QStringLiteral("upgrade"))
+        return upgrade(files, log);
+    if (task == QStringLiteral("marker"))
+        return claimAndRelease(files, log, arguments.value(4), arguments.value(5).toInt());
+    return 64;
+}
+
+} // namespace
+} // namespace lorvan::test
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    try {
+        return lorvan::test::run(QCoreApplication::arguments());
+    } catch (const std::exception& failure) {
+        std::puts(failure.what());
+        return 1;
+    }
 }

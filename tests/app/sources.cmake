@@ -1,0 +1,2 @@
+list(APPEND LORVAN_CORE_TESTS
+    app/marker_contention_test.cpp)
