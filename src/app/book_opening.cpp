@@ -27,8 +27,8 @@ Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker,
     const std::function<OpeningBalance()>& askOpeningBalance)
 {
     Connection main = Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()));
-    upgradeIfNeeded(main, marker, askOpeningBalance);
     Connection auxiliary = Connection::open(files.auxiliaryDatabase(), keys.keyFor(files.auxiliaryDatabase()));
+    upgradeIfNeeded(main, marker, askOpeningBalance); // only now: a book that cannot be opened is not changed
     if (!marker.heldByAnother()) {
         if (!main.isReadOnly())
             ensureMainIndexes(main);

@@ -12,11 +12,11 @@ std::variant<OpeningBalance, OpeningBalanceFault> readOpeningBalance(
     if (!day)
         return OpeningBalanceFault::DateIsInvalid;
     if (amountText.trimmed().isEmpty())
-        return OpeningBalance {*day, {}};
+        return OpeningBalance{*day, {}};
     const AmountReading amount = readAmount(amountText);
     if (!amount)
         return OpeningBalanceFault::AmountIsNoNumber;
-    return OpeningBalance {*day, amount.amount};
+    return OpeningBalance{*day, amount.amount};
 }
 
 } // namespace lorvan

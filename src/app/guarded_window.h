@@ -1,0 +1,25 @@
+#pragma once
+
+#include <exception>
+
+class QWidget;
+
+namespace lorvan {
+
+/// Tells of a failure in a box titled "Προσοχή".
+void showFailure(QWidget* parent, const std::exception& failure);
+
+/// Runs an action that may throw; a failure is told to the user and goes no further, as the event loop cannot carry it.
+/// True when the action came to its end.
+template <typename Action> bool guarded(QWidget* parent, const Action& action)
+{
+    try {
+        action();
+        return true;
+    } catch (const std::exception& failure) {
+        showFailure(parent, failure);
+        return false;
+    }
+}
+
+} // namespace lorvan

@@ -1,0 +1,117 @@
+#include "app/program.h"
+
+#include "app/book_opening.h"
+#include "app/start_failure_window.h"
+#include "cashbook/fr_ervthsh_update.h"
+#include "cashbook/kentrikh.h"
+#include "controls/theme.h"
+#include "platform/machine_identity.h"
+#include "platform/message_window.h"
+#include "users/login.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+namespace lorvan {
+namespace {
+
+/// 0x00BBGGRR, as the path file keeps a colour.
+QColor colourOf(std::int32_t stored)
+{
+    return QColor(stored & 0xFF, (stored >> 8) & 0xFF, (stored >> 16) & 0xFF);
+}
+
+} // namespace
+
+Program::Program(const QString& programFile, Clock clock)
+    : m_programFile(programFile)
+    , m_clock(std::move(clock))
+    , m_instance(programFile)
+    , m_keys(bookPassword())
+{
+}
+
+Program::~Program() = default;
+
+bool Program::start()
+{
+    if (!m_instance.isOnlyInstance())
+        return false;
+    const StartDecision decision = decideStart(QFileInfo(m_programFile).absolutePath());
+    m_settings = decision.settings;
+    if (!announce(decision.outcome))
+        return false;
+    showSignIn();
+    return true;
+}
+
+bool Program::announce(StartOutcome outcome)
+{
+    switch (outcome) {
+    case StartOutcome::SignIn:
+        return true;
+    case StartOutcome::PathWritten:
+        showMessage(nullptr, QMessageBox::Information, QStringLiteral("Προσοχή"),
+            QStringLiteral("Η διαδρομή για τη βάση δεν βρέθηκε, και ορίζετε ως τρέχουσα η διαδρομή του προγράμματος\r"
+                           " H διαδρομή φυλάσετε μέσα στο αρχείο diadromh.dat"));
+        return false;
+    case StartOutcome::DatabaseMissing:
+        showMessage(nullptr, QMessageBox::Critical, QStringLiteral("Προσοχή στη διαδρομή"),
+            QStringLiteral("Τα αρχεία του προγράμματος δεν βρέθηκαν. Ορίστε τη διαδρομή ξανά."));
+        return false;
+    case StartOutcome::OldFormat:
+        showMessage(nullptr, QMessageBox::Critical, QStringLiteral("Προσοχή στη διαδρομή"),
+            QStringLiteral("Το βιβλίο στον φάκελο %1 είναι στην παλιά μορφή. Μεταφέρεται στη νέα μορφή με την εντολή\r"
+                           "lorvan-data import ΠΑΛΙΟΣ_ΦΑΚΕΛΟΣ ΝΕΟΣ_ΦΑΚΕΛΟΣ")
+                .arg(m_settings.dataFolder));
+        return false;
+    }
+    return false;
+}
+
+void Program::showSignIn()
+{
+    const BookFiles files(m_settings.dataFolder);
+    m_keys.prepare(files.auxiliaryDatabase());
+    m_keys.prepare(files.mainDatabase());
+    if (m_settings.hasOwnColour())
+        Theme::instance().setPageColour(colourOf(m_settings.backgroundColour));
+    m_login = std::make_unique<Login>(files, m_keys);
+    connect(m_login.get(), &Login::signedIn, this, &Program::openMainWindow);
+    connect(m_login.get(), &Login::abandoned, this, &Program::end);
+    m_login->show();
+}
+
+void Program::openMainWindow(const UserSession& session)
+{
+    m_login->hide();
+    try {
+        const BookFiles files(m_settings.dataFolder);
+        UsageMarker marker(files.usageMarker(), machineIdentity());
+        const auto ask = [this] { return askOpeningBalance(m_clock); };
+        Book book = openBook(files, m_keys, marker, ask);
+        m_mainWindow =
+            std::make_unique<Kentrikh>(std::move(book), std::move(marker), session.rights, m_settings, m_clock);
+        connect(m_mainWindow.get(), &Kentrikh::closed, this, &Program::end);
+        m_mainWindow->initialise();
+    } catch (const OpeningBalanceNotGiven&) {
+        end();
+        return;
+    } catch (const std::exception& failure) {
+        showStartFailure(failure);
+        end();
+        return;
+    }
+    m_mainWindow->show();
+    m_login.release()->deleteLater(); // its own signal is still being delivered
+}
+
+void Program::end()
+{
+    if (m_mainWindow && !m_mainWindow->isClosed())
+        m_mainWindow->close(); // comes back here when the marker is released
+    else
+        QApplication::exit();
+}
+
+} // namespace lorvan

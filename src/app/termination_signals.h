@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QObject>
+
+namespace lorvan {
+
+/// Turns the system's requests to end (SIGTERM, SIGINT, SIGHUP: logging out, shutting down, a closed terminal) into an
+/// event, so that the program can release its usage marker. One object for each process.
+class TerminationSignals : public QObject {
+    Q_OBJECT
+
+public:
+    explicit TerminationSignals(QObject* parent = nullptr);
+
+Q_SIGNALS:
+    void received();
+};
+
+} // namespace lorvan

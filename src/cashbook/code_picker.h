@@ -1,0 +1,54 @@
+#pragma once
+
+#include "codes/code_catalogue.h"
+
+#include <QObject>
+
+#include <optional>
+#include <vector>
+
+namespace lorvan {
+
+class CodeChooser;
+
+/// The choice of a movement's code in `DBCombo1`: from the list of active codes, or by typing the number and Enter.
+class CodePicker : public QObject {
+    Q_OBJECT
+
+public:
+    explicit CodePicker(CodeChooser* chooser);
+
+    /// Fills the list anew; text and selected code stay.
+    void setCodes(std::vector<MovementCode> codes);
+
+    /// The selected code; 0 when none is.
+    [[nodiscard]] qint32 code() const { return m_selected; }
+    /// True when the selected code is an income code.
+    [[nodiscard]] bool isIncome() const { return m_income; }
+
+    /// Selects a code without a signal, whether it is in the list or not: that of a loaded movement.
+    void show(const MovementCode& code);
+    void clear();
+
+    /// After the focus has left: the number of an existing code selects it, anything else is passed over in silence.
+    void settle();
+
+Q_SIGNALS:
+    void chosen(); ///< The user has selected a code.
+    void notUnderstood(); ///< Enter with no text or no number: its message has been shown.
+    void entered(); ///< Enter has selected a code.
+
+private:
+    void pick(int row);
+    void enter();
+    void select(const MovementCode& code);
+    [[nodiscard]] const MovementCode* find(std::optional<qint32> code) const;
+    void say(const QString& text);
+
+    CodeChooser* m_chooser;
+    std::vector<MovementCode> m_codes;
+    qint32 m_selected = 0;
+    bool m_income = false;
+};
+
+} // namespace lorvan

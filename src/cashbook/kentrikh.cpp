@@ -1,0 +1,279 @@
+#include "cashbook/kentrikh.h"
+
+#include "app/guarded_window.h"
+#include "app/main_controls.h"
+#include "app/version.h"
+#include "cashbook/movement_entry_page.h"
+#include "codes/code_catalogue.h"
+#include "codes/codes_page.h"
+#include "controls/busy_pointer.h"
+#include "controls/tab_band.h"
+#include "controls/totals_bar.h"
+#include "controls/window_placement.h"
+#include "platform/amount_text.h"
+#include "platform/message_window.h"
+#include "reports/printing_page.h"
+
+#include <QCloseEvent>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+namespace lorvan {
+namespace {
+
+constexpr QSize firstSize{788, 541};
+constexpr QSize leastSize{720, 500};
+
+/// Every action that changes data, but for the insertion of a code.
+bool isGuarded(int index)
+{
+    switch (index) {
+    case command::insertMovement:
+    case command::modifyMovement:
+    case command::removeMovement:
+    case command::modifyCode:
+    case command::removeCode:
+    case command::closeCash:
+    case command::editGroups:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+Kentrikh::Kentrikh(Book book, UsageMarker marker, Rights rights, DataFolderSettings settings, Clock clock)
+    : m_book(std::move(book))
+    , m_marker(std::move(marker))
+    , m_rights(rights)
+    , m_settings(std::move(settings))
+    , m_clock(std::move(clock))
+    , m_band(new TabBand(this))
+    , m_pages(new QStackedWidget(this))
+    , m_entryPage(new MovementEntryPage(m_book, m_marker, rights, m_clock, this))
+    , m_codesPage(new CodesPage(this))
+    , m_printingPage(new PrintingPage(m_clock, this))
+    , m_totals(new TotalsBar(this))
+{
+    setObjectName(QStringLiteral("kentrikh"));
+    layOut();
+    addTabKeys();
+    connectPages();
+}
+
+Kentrikh::~Kentrikh() = default;
+
+void Kentrikh::layOut()
+{
+    m_band->addTab(
+        QStringLiteral("daybook"), QStringLiteral("Ημερήσια κίνηση "), QStringLiteral("Εισαγωγή εσόδων και εξόδων"));
+    m_band->addTab(QStringLiteral("codes"), QStringLiteral("Κωδικοί κινήσεων "),
+        QStringLiteral("Εισαγωγή και μεταβολή κωδικών - ομάδων"));
+    m_band->addTab(
+        QStringLiteral("print"), QStringLiteral("Εκτυπώσεις "), QStringLiteral("Εκτύπωση ταμείου και καρτελών"));
+    m_band->addTab(QStringLiteral("exit"), QStringLiteral("Εξοδος "), QStringLiteral("Εξοδος από το πρόγραμμα"));
+
+    for (QWidget* const page : std::initializer_list<QWidget*>{m_entryPage, m_codesPage, m_printingPage})
+        m_pages->addWidget(scrolling(page));
+
+    auto* const central = new QWidget(this);
+    auto* const rows = new QVBoxLayout(central);
+    rows->setContentsMargins({});
+    rows->setSpacing(0);
+    rows->addWidget(m_band);
+    rows->addWidget(m_pages, 1);
+    rows->addWidget(m_totals);
+    setCentralWidget(central);
+    setMinimumSize(leastSize);
+    sizeWithin(this, firstSize);
+    centreOnWorkArea(this);
+}
+
+QWidget* Kentrikh::scrolling(QWidget* page)
+{
+    auto* const area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(page);
+    return area;
+}
+
+void Kentrikh::addTabKeys()
+{
+    const auto turn = [this](int step) {
+        const int target = m_band->tabs()->currentIndex() + step;
+        if (target >= tab::cashBook && target < tab::exit)
+            m_band->tabs()->setCurrentIndex(target);
+    };
+    const auto add = [this, turn](Qt::Key key, int step) {
+        auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | key), this);
+        connect(shortcut, &QShortcut::activated, this, [turn, step] { turn(step); });
+    };
+    add(Qt::Key_PageUp, -1);
+    add(Qt::Key_PageDown, 1);
+}
+
+void Kentrikh::connectPages()
+{
+    connect(m_entryPage, &MovementEntryPage::commandPressed, this, &Kentrikh::dispatch);
+    connect(m_codesPage, &CodesPage::commandPressed, this, &Kentrikh::dispatch);
+    connect(m_printingPage, &PrintingPage::commandPressed, this, &Kentrikh::dispatch);
+    connect(m_entryPage, &MovementEntryPage::figuresChanged, this, [this](const CashDayFigures& figures) {
+        m_totals->setFigures(amountOrZeroText(figures.income), amountOrZeroText(figures.expense),
+            amountOrZeroText(figures.closingBalance));
+    });
+    connect(m_band->tabs(), &QTabBar::currentChanged, this, &Kentrikh::selectTab);
+}
+
+void Kentrikh::initialise()
+{
+    m_entryPage->start();
+    m_band->setVersion(QStringLiteral("Έκδοση  ") + programVersion());
+    m_marker.claim();
+    refreshCaption();
+    m_band->setHeading(m_settings.heading);
+}
+
+void Kentrikh::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (!event->spontaneous())
+        m_entryPage->focusChooser();
+}
+
+// Buttons
+
+void Kentrikh::dispatch(int command)
+{
+    if (BusyPointer::isShown())
+        return;
+    const BusyPointer busy;
+    guarded(this, [this, command] {
+        const bool leaving = command == command::exitFromCashPage || command == command::exitFromCodesPage;
+        if (!leaving && !m_entryPage->settle())
+            return;
+        if (!isGuarded(command) || !refusedByMarker())
+            act(command);
+    });
+}
+
+bool Kentrikh::refusedByMarker()
+{
+    const auto holder = m_marker.guardChange();
+    setWindowTitle(markerCaption(holder));
+    if (holder)
+        showMessage(this, QMessageBox::Information, QStringLiteral("Αδύνατη η πρόσβαση"), markerRefusal(*holder));
+    return holder.has_value();
+}
+
+void Kentrikh::act(int command)
+{
+    switch (command) {
+    case command::insertMovement:
+        m_entryPage->insertMovement();
+        break;
+    case command::modifyMovement:
+        m_entryPage->modifyMovement();
+        break;
+    case command::removeMovement:
+        m_entryPage->removeMovement();
+        break;
+    case command::closeCash:
+        m_entryPage->closeCash();
+        break;
+    case command::exitFromCashPage:
+    case command::exitFromCodesPage:
+        if (confirmExit())
+            close();
+        break;
+    default:
+        break;
+    }
+}
+
+bool Kentrikh::confirmExit()
+{
+    return askOkCancel(this, QMessageBox::Question, QStringLiteral("Εξοδος από το πρόγραμμα"),
+        QStringLiteral("Να τερματιστεί το πρόγραμμα;"));
+}
+
+// Tabs
+
+void Kentrikh::selectTab(int tab)
+{
+    m_entryPage->settle();
+    guarded(this, [this, tab] {
+        refreshCaption();
+        if (tab != tab::exit)
+            showTab(tab);
+    });
+    if (tab != tab::exit)
+        return;
+    if (confirmExit()) {
+        close();
+    } else {
+        const QSignalBlocker selectionAsItWas(m_band->tabs());
+        m_band->tabs()->setCurrentIndex(m_tab);
+    }
+}
+
+void Kentrikh::showTab(int tab)
+{
+    const int earlier = std::exchange(m_tab, tab);
+    m_pages->setCurrentIndex(tab);
+    followMarker(tab);
+    fillPage(tab, earlier);
+}
+
+void Kentrikh::refreshCaption()
+{
+    setWindowTitle(markerCaption(m_marker.heldByAnother()));
+}
+
+void Kentrikh::followMarker(int tab)
+{
+    if (tab == tab::printing)
+        m_marker.release();
+    else
+        m_marker.claim();
+}
+
+void Kentrikh::fillPage(int tab, int earlierTab)
+{
+    switch (tab) {
+    case tab::cashBook:
+        m_entryPage->refillCodes();
+        m_entryPage->focusChooser();
+        break;
+    case tab::codes:
+        m_codesPage->fill(
+            listCodes(m_book.main(), CodeSelection::All), listGroups(m_book.main()), m_rights.modifyCodes);
+        break;
+    case tab::printing:
+        m_printingPage->fill(
+            listCodes(m_book.main(), earlierTab == tab::cashBook ? CodeSelection::Active : CodeSelection::All),
+            listGroups(m_book.main()));
+        break;
+    default:
+        break;
+    }
+}
+
+void Kentrikh::closeEvent(QCloseEvent* event)
+{
+    try {
+        m_marker.release();
+    } catch (const MarkerError&) {
+        // The program ends all the same; the administrator can unlock a marker that stays behind.
+    }
+    m_closed = true;
+    event->accept();
+    Q_EMIT closed();
+}
+
+} // namespace lorvan

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "app/book.h"
+#include "app/data_folder_settings.h"
+#include "app/usage_marker.h"
+#include "cashbook/cash_day.h"
+#include "platform/clock.h"
+#include "users/sign_in.h"
+
+#include <QMainWindow>
+
+#include <array>
+
+class QStackedWidget;
+
+namespace lorvan {
+
+class CodesPage;
+class MovementEntryPage;
+class PrintingPage;
+class TabBand;
+class TotalsBar;
+
+/// The main window: the cash book, the codes and the printing page behind four tabs, and the day's totals below.
+/// Owns the open book and the usage marker for the life of the process.
+class Kentrikh : public QMainWindow {
+    Q_OBJECT
+
+public:
+    Kentrikh(Book book, UsageMarker marker, Rights rights, DataFolderSettings settings, Clock clock);
+    ~Kentrikh() override;
+
+    /// Shows today, claims the usage marker and sets the caption. Throws what the core throws; the program then ends.
+    void initialise();
+
+    /// True once the marker is released and the program is ending.
+    [[nodiscard]] bool isClosed() const { return m_closed; }
+
+Q_SIGNALS:
+    void closed();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void layOut();
+    QWidget* scrolling(QWidget* page);
+    void addTabKeys();
+    void connectPages();
+
+    void dispatch(int command);
+    void act(int command);
+    [[nodiscard]] bool refusedByMarker();
+
+    void selectTab(int tab);
+    void showTab(int tab);
+    void refreshCaption();
+    void followMarker(int tab);
+    void fillPage(int tab, int earlierTab);
+    [[nodiscard]] bool confirmExit();
+
+    Book m_book;
+    UsageMarker m_marker;
+    const Rights m_rights;
+    const DataFolderSettings m_settings;
+    const Clock m_clock;
+    TabBand* m_band;
+    QStackedWidget* m_pages;
+    MovementEntryPage* m_entryPage;
+    CodesPage* m_codesPage;
+    PrintingPage* m_printingPage;
+    TotalsBar* m_totals;
+    int m_tab = 0; ///< The tab whose page is shown.
+    bool m_closed = false;
+};
+
+} // namespace lorvan

@@ -1,0 +1,187 @@
+#include "app/main_controls.h"
+#include "cashbook/code_picker.h"
+#include "cashbook/entry_rules.h"
+#include "cashbook/movement_entry_page.h"
+#include "cashbook/weekday.h"
+#include "controls/code_chooser.h"
+#include "controls/command_button.h"
+#include "controls/day_list.h"
+#include "controls/entry_field.h"
+#include "controls/state_plate.h"
+#include "controls/themed_label.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace lorvan {
+namespace {
+
+constexpr int pageMarginSide = 12;
+constexpr int pageMarginEnd = 10;
+constexpr int betweenControls = 8;
+constexpr int betweenRows = 8;
+constexpr int dateWidth = 124;
+constexpr int amountWidth = 104;
+
+/// The width at which no weekday makes anything beside it move.
+int widestWeekday(const QFontMetrics& metrics)
+{
+    int widest = 0;
+    for (int day = 1; day <= 7; ++day)
+        widest = std::max(widest, metrics.horizontalAdvance(entryWeekday(QDate(2001, 1, day))));
+    return widest;
+}
+
+void keepPlaceWhenHidden(QWidget* widget)
+{
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+}
+
+} // namespace
+
+void MovementEntryPage::createControls()
+{
+    m_date = m_texts.add(field::date, new EntryField(TypingRule::Date, this));
+    m_date->setType(1.2, QFont::DemiBold);
+    m_date->setAccessibleName(QStringLiteral("Ημερομηνία"));
+    m_weekday = new ThemedLabel({}, ColourRole::PageText, 1.2, QFont::Normal, this);
+    m_weekday->setObjectName(QStringLiteral("Label1(0)"));
+    m_state = new StatePlate(QStringLiteral("Ταμείο ανοικτό"), QStringLiteral("Ταμείο κλειστό"), this);
+    m_state->label()->setObjectName(QStringLiteral("Label3D1(3)"));
+
+    m_chooser = new CodeChooser(this);
+    m_chooser->setObjectName(QStringLiteral("DBCombo1"));
+    m_chooser->setAccessibleName(QStringLiteral("Κωδικός"));
+    m_picker = new CodePicker(m_chooser);
+
+    m_list = new DayList(this);
+    m_list->setObjectName(QStringLiteral("List1"));
+    m_list->setToolTip(QStringLiteral("Διπλό κλίκ για διόρθωση"));
+    m_list->setAccessibleName(QStringLiteral("Κινήσεις της ημέρας"));
+    createCommands();
+}
+
+void MovementEntryPage::createCommands()
+{
+    using Look = CommandButton::Look;
+    const QString exitTip = QStringLiteral("Τερματισμός του προγράμματος");
+    addCommand(command::insertMovement, QStringLiteral("insert"), QStringLiteral("Εισαγωγή"),
+        QStringLiteral("Εισαγωγή των στοιχείων της αγοράς"), caption::insertMovement);
+    addCommand(command::modifyMovement, QStringLiteral("modify"), QStringLiteral("Μεταβολή"),
+        QStringLiteral("Μεταβολή των στοιχείων της αγοράς"), caption::modifyMovement)
+        ->setLook(Look::Solid);
+    addCommand(command::removeMovement, QStringLiteral("delete"), QStringLiteral("Διαγραφή"),
+        QStringLiteral("Διαγραφή της αγοράς"), caption::removeMovement)
+        ->setLook(Look::Danger);
+    addCommand(command::closeCash, QStringLiteral("closecash"), QStringLiteral("Κλείσιμο ταμείου"),
+        QStringLiteral("Οριστικό κλήσιμο ταμείου"), caption::closeCash);
+    addCommand(command::exitFromCashPage, QStringLiteral("exit"), QStringLiteral("Εξοδος"), exitTip, {})
+        ->setLook(Look::Quiet);
+}
+
+CommandButton* MovementEntryPage::addCommand(
+    int index, const QString& icon, const QString& text, const QString& tip, std::optional<int> captionIndex)
+{
+    auto* const button = m_commands.add(index, new CommandButton(icon, text, this));
+    button->setToolTip(tip);
+    if (captionIndex)
+        button->captionLabel()->setObjectName(QStringLiteral("Label2(%1)").arg(*captionIndex));
+    keepPlaceWhenHidden(button);
+    return button;
+}
+
+void MovementEntryPage::layOut()
+{
+    auto* const head = new DayListHead(
+        QStringLiteral("AA    Κωδ.   Περιγραφή                          Έσοδα         Εξοδα"), *m_list, this);
+    auto* const memorandum = new MemorandumHead(QStringLiteral("Λ τάξεως"), *m_list, this);
+
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(pageMarginSide, pageMarginEnd, pageMarginSide, pageMarginEnd);
+    rows->setSpacing(betweenRows);
+    rows->addLayout(dayRow());
+    rows->addLayout(entryGrid());
+    auto* const listBlock = new QVBoxLayout;
+    listBlock->setSpacing(4);
+    listBlock->addWidget(dayListHeading(head, memorandum));
+    listBlock->addWidget(m_list, 1);
+    rows->addLayout(listBlock, 1);
+}
+
+QLayout* MovementEntryPage::dayRow()
+{
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(10);
+    m_date->setFixedWidth(dateWidth);
+    m_weekday->setFixedWidth(widestWeekday(m_weekday->fontMetrics()));
+    row->addWidget(m_date);
+    row->addWidget(m_weekday);
+    row->addWidget(m_state);
+    row->addStretch(1);
+    row->addWidget(m_commands[command::closeCash]);
+    return row;
+}
+
+QLayout* MovementEntryPage::entryGrid()
+{
+    enum Column { Code, Description, Income, Expense, Memorandum };
+    enum Row { Captions, Fields, Commands };
+
+    auto* const grid = new QGridLayout;
+    grid->setHorizontalSpacing(betweenControls);
+    grid->setVerticalSpacing(2);
+    grid->setColumnStretch(Code, 1);
+    grid->setColumnStretch(Description, 1);
+    grid->addWidget(fieldCaption(QStringLiteral("Κωδικός ")), Captions, Code);
+    grid->addWidget(fieldCaption(QStringLiteral("Περιγραφή ")), Captions, Description);
+    grid->addWidget(fieldCaption(QStringLiteral("Εσοδα"), CaptionOver::Amount), Captions, Income);
+    grid->addWidget(fieldCaption(QStringLiteral("Εξοδα"), CaptionOver::Amount), Captions, Expense);
+    grid->addWidget(fieldCaption(QStringLiteral("Λ τάξεως"), CaptionOver::Amount), Captions, Memorandum);
+
+    EntryField* const description = m_fields.field(field::description);
+    for (QWidget* const stretching : std::initializer_list<QWidget*>{m_chooser, description}) {
+        stretching->setMinimumWidth(amountWidth);
+        stretching->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    }
+    grid->addWidget(m_chooser, Fields, Code);
+    grid->addWidget(description, Fields, Description);
+    for (const auto& [column, index] : {std::pair(Income, field::income), std::pair(Expense, field::expense),
+             std::pair(Memorandum, field::memorandum)}) {
+        m_fields.field(index)->setFixedWidth(amountWidth);
+        grid->addWidget(m_fields.field(index), Fields, column);
+    }
+    grid->setRowMinimumHeight(Commands, 32 + betweenRows);
+    grid->addWidget(m_fields.cheque(), Commands, Code, Qt::AlignBottom);
+    grid->addLayout(commandRow(), Commands, Description, 1, 4, Qt::AlignBottom);
+    return grid;
+}
+
+QLayout* MovementEntryPage::commandRow()
+{
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(betweenControls);
+    for (const int index : {command::insertMovement, command::modifyMovement, command::removeMovement})
+        row->addWidget(m_commands[index]);
+    row->addStretch(1);
+    row->addWidget(m_commands[command::exitFromCashPage]);
+    return row;
+}
+
+void MovementEntryPage::setTabOrders()
+{
+    const std::initializer_list<QWidget*> order{m_date, m_chooser, m_fields.field(field::description),
+        m_fields.field(field::income), m_fields.field(field::expense), m_fields.field(field::memorandum),
+        m_fields.cheque(), m_commands[command::insertMovement], m_commands[command::modifyMovement],
+        m_commands[command::removeMovement], m_list, m_commands[command::closeCash],
+        m_commands[command::exitFromCashPage]};
+    for (auto each = order.begin(); std::next(each) != order.end(); ++each)
+        setTabOrder(*each, *std::next(each));
+}
+
+} // namespace lorvan

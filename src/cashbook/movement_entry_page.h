@@ -1,0 +1,113 @@
+#pragma once
+
+#include "cashbook/cash_book.h"
+#include "cashbook/movement_fields.h"
+#include "controls/control_array.h"
+#include "controls/leave_checks.h"
+#include "platform/clock.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+class QLabel;
+class QLayout;
+
+namespace lorvan {
+
+class Book;
+class CodeChooser;
+class CodePicker;
+class CommandButton;
+class DayList;
+class EntryField;
+class StatePlate;
+class UsageMarker;
+
+/// The cash page `Panel1(1)`: one cash day with the entry of its movements.
+class MovementEntryPage : public QWidget {
+    Q_OBJECT
+
+public:
+    MovementEntryPage(Book& book, UsageMarker& marker, Rights rights, Clock clock, QWidget* parent);
+
+    /// Shows today as the program starts: a closed day is shown without a refusal. Throws what the core throws.
+    void start();
+    /// Reads the active codes anew for the chooser. Throws SqlError.
+    void refillCodes();
+    void focusChooser();
+
+    /// Judges the fields that were left and not judged yet. False when one was refused.
+    bool settle() { return m_checks.settle(); }
+
+    void insertMovement();
+    void modifyMovement();
+    void removeMovement();
+    void closeCash();
+
+Q_SIGNALS:
+    void commandPressed(int index);
+    void figuresChanged(const lorvan::CashDayFigures& figures);
+
+private:
+    enum class ClosedDay { Refused, ShownAnyway };
+    enum class Operation { Insert, Change };
+
+    void createControls();
+    void createCommands();
+    CommandButton* addCommand(
+        int index, const QString& icon, const QString& text, const QString& tip, std::optional<int> captionIndex);
+    void layOut();
+    QLayout* dayRow();
+    QLayout* entryGrid();
+    QLayout* commandRow();
+    void setTabOrders();
+    void connectControls();
+    void watchFields();
+
+    bool dateLeft();
+    void showDay(QDate day, ClosedDay closedDay);
+    void refuseDay();
+    void admitDay();
+    void refresh(QDate day);
+    void fill(const DayView& view);
+    bool showClosedState(QDate day);
+
+    void codeChosen();
+    void codeEntered();
+    void codeNotUnderstood();
+    [[nodiscard]] MovementFields::Kind selectedKind() const;
+
+    [[nodiscard]] bool readDraft(MovementDraft& draft);
+    bool change(Operation operation, const std::function<ChangeOutcome()>& run);
+    void explain(Refusal refusal, Operation operation);
+    void refuseClosedDay();
+    void clearEntry();
+
+    void lineClicked();
+    void lineOpened(qint64 key);
+    void load(const Movement& movement);
+    void release();
+    void releaseChanged();
+    void setLoaded(std::optional<qint64> key);
+
+    Book& m_book;
+    UsageMarker& m_marker;
+    const Rights m_rights;
+    const Clock m_clock;
+    CashBook m_cashBook;
+    LeaveChecks m_checks;
+    MovementFields m_fields;
+    ControlArray<EntryField> m_texts;
+    ControlArray<CommandButton> m_commands;
+    EntryField* m_date = nullptr;
+    QLabel* m_weekday = nullptr;
+    StatePlate* m_state = nullptr;
+    CodeChooser* m_chooser = nullptr;
+    CodePicker* m_picker = nullptr;
+    DayList* m_list = nullptr;
+    std::optional<qint64> m_loaded; ///< Key of the movement loaded for modification or deletion.
+};
+
+} // namespace lorvan

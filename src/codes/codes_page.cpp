@@ -1,0 +1,199 @@
+#include "codes/codes_page.h"
+
+#include "app/main_controls.h"
+#include "controls/command_button.h"
+#include "controls/entry_field.h"
+#include "controls/plain_list.h"
+#include "controls/themed_label.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+
+namespace lorvan {
+namespace {
+
+enum List { Codes, Groups, CodesOfGroup };
+
+constexpr int marginSide = 12;
+constexpr int marginEnd = 10;
+constexpr int betweenControls = 8;
+constexpr int codeWidth = 84;
+
+std::vector<ListRow> rowsOf(const std::vector<MovementCode>& codes)
+{
+    std::vector<ListRow> rows;
+    for (const MovementCode& code : codes)
+        rows.push_back({code.listLine, code.code});
+    return rows;
+}
+
+QLayout* headed(QWidget* heading, QWidget* list)
+{
+    auto* const block = new QVBoxLayout;
+    block->setSpacing(4);
+    block->addWidget(heading);
+    block->addWidget(list, 1);
+    return block;
+}
+
+} // namespace
+
+CodesPage::CodesPage(QWidget* parent)
+    : QWidget(parent)
+    , m_fields(QStringLiteral("Text1"))
+    , m_commands(QStringLiteral("Command1"))
+    , m_lists(QStringLiteral("DBList1"))
+    , m_income(new QCheckBox(QStringLiteral("Είναι έσοδο;")))
+    , m_active(new QCheckBox(QStringLiteral("Eνεργός")))
+{
+    setObjectName(QStringLiteral("Panel1(2)"));
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(marginSide, marginEnd, marginSide, marginEnd);
+    rows->setSpacing(betweenControls);
+    rows->addWidget(entryFrame());
+    rows->addLayout(commandRow());
+    auto* const columns = new QHBoxLayout;
+    columns->setSpacing(12);
+    columns->addLayout(codesColumn(), 11);
+    columns->addLayout(groupsColumn(), 9);
+    rows->addLayout(columns, 1);
+    setTabOrders();
+    connect(m_lists[Groups], &PlainList::clicked, this,
+        [this](const QModelIndex& index) { showGroup(index.data(Qt::UserRole).toInt()); });
+}
+
+QGroupBox* CodesPage::entryFrame()
+{
+    m_income->setObjectName(QStringLiteral("SSCheck1"));
+    m_active->setObjectName(QStringLiteral("SSCheck2"));
+    EntryField* const code = m_fields.add(field::code, new EntryField(TypingRule::Capitals));
+    EntryField* const description = m_fields.add(field::codeDescription, new EntryField(TypingRule::Capitals));
+    EntryField* const group = m_fields.add(field::codeGroup, new EntryField(TypingRule::Capitals));
+    code->setFixedWidth(codeWidth);
+
+    auto* const frame = new QGroupBox(QStringLiteral("Στοιχεία κωδικού"));
+    frame->setEnabled(false);
+    auto* const grid = new QGridLayout(frame);
+    grid->setHorizontalSpacing(betweenControls);
+    grid->setVerticalSpacing(2);
+    grid->setColumnStretch(1, 3);
+    grid->setColumnStretch(2, 2);
+    grid->addWidget(fieldCaption(QStringLiteral("Κωδικός")), 0, 0);
+    grid->addWidget(fieldCaption(QStringLiteral("Περιγραφή")), 0, 1);
+    grid->addWidget(fieldCaption(QStringLiteral("Ομάδα")), 0, 2);
+    grid->addWidget(code, 1, 0);
+    grid->addWidget(description, 1, 1);
+    grid->addWidget(group, 1, 2);
+    auto* const checks = new QVBoxLayout;
+    checks->addWidget(m_income);
+    checks->addWidget(m_active);
+    grid->setColumnMinimumWidth(3, 6);
+    grid->addLayout(checks, 0, 4, 2, 1);
+    return frame;
+}
+
+CommandButton* CodesPage::addCommand(
+    int index, const QString& icon, const QString& text, const QString& tip, int captionIndex)
+{
+    auto* const button = m_commands.add(index, new CommandButton(icon, text));
+    button->setToolTip(tip);
+    button->captionLabel()->setObjectName(QStringLiteral("Label2(%1)").arg(captionIndex));
+    QSizePolicy keepPlace = button->sizePolicy();
+    keepPlace.setRetainSizeWhenHidden(true);
+    button->setSizePolicy(keepPlace);
+    button->setEnabled(false);
+    connect(button, &CommandButton::clicked, this, [this, index] { Q_EMIT commandPressed(index); });
+    return button;
+}
+
+QLayout* CodesPage::commandRow()
+{
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(betweenControls);
+    row->addWidget(addCommand(command::insertCode, QStringLiteral("insert"), QStringLiteral("Εισαγωγή"),
+        QStringLiteral("Εισαγωγή κωδικού στη λίστα"), caption::insertCode));
+    row->addWidget(addCommand(command::modifyCode, QStringLiteral("modify"), QStringLiteral("Μεταβολή"),
+        QStringLiteral("Μεταβολή των στοιχείων του κωδικού"), caption::modifyCode));
+    row->addWidget(addCommand(command::removeCode, QStringLiteral("delete"), QStringLiteral("Διαγραφή"),
+        QStringLiteral("Διαγραφή του κωδικού"), caption::removeCode));
+    m_commands[command::insertCode]->setLook(CommandButton::Look::Solid);
+    m_commands[command::modifyCode]->hide();
+    m_commands[command::removeCode]->hide();
+    row->addStretch(1);
+    row->addWidget(addCommand(command::exitFromCodesPage, QStringLiteral("exit"), QStringLiteral("Εξοδος"),
+        QStringLiteral("Τερματισμός του προγράμματος"), caption::exitFromCodesPage));
+    m_commands[command::exitFromCodesPage]->setLook(CommandButton::Look::Quiet);
+    m_commands[command::exitFromCodesPage]->setEnabled(true);
+    return row;
+}
+
+PlainList* CodesPage::addList(int index, const QString& name, const QString& tip)
+{
+    const auto face = index == Groups ? PlainList::Face::Desktop : PlainList::Face::FixedWidth;
+    auto* const list = m_lists.add(index, new PlainList(face));
+    list->setAccessibleName(name);
+    list->setToolTip(tip);
+    return list;
+}
+
+QLayout* CodesPage::codesColumn()
+{
+    const QString title = QStringLiteral("Διαθέσιμοι κωδικοί");
+    return headed(listHeading(title), addList(Codes, title, {}));
+}
+
+QLayout* CodesPage::groupsColumn()
+{
+    const QString title = QStringLiteral("Ομάδες κωδικών");
+    auto* const heading = new QHBoxLayout;
+    heading->addWidget(listHeading(title));
+    heading->addStretch(1);
+    heading->addWidget(addCommand(command::editGroups, QStringLiteral("groups"), QStringLiteral("Επεξεργασία"),
+        QStringLiteral("Επεξεργασία ομάδων κωδικών"), caption::editGroups));
+    m_commands[command::editGroups]->setSmall(true);
+
+    const QString groupTitle = QStringLiteral("Κωδικοί στην ομάδα");
+    auto* const column = new QVBoxLayout;
+    column->setSpacing(4);
+    column->addLayout(heading);
+    column->addWidget(
+        addList(Groups, title, QStringLiteral("Διπλό κλίκ για την αντοιστίχηση της ομάδας στο κωδικό")), 7);
+    column->addSpacing(4);
+    column->addWidget(listHeading(groupTitle));
+    column->addWidget(addList(CodesOfGroup, groupTitle, QStringLiteral("Κωδικοί που ανήκουν στην ίδια ομάδα")), 5);
+    return column;
+}
+
+void CodesPage::setTabOrders()
+{
+    setTabOrder(m_lists[Codes], m_lists[Groups]);
+    setTabOrder(m_lists[Groups], m_commands[command::editGroups]);
+    setTabOrder(m_commands[command::editGroups], m_lists[CodesOfGroup]);
+    setTabOrder(m_lists[CodesOfGroup], m_commands[command::exitFromCodesPage]);
+}
+
+void CodesPage::fill(const std::vector<MovementCode>& codes, const std::vector<CodeGroup>& groups, bool mayModify)
+{
+    m_codes = codes;
+    setEnabled(mayModify);
+    std::vector<ListRow> groupRows;
+    for (const CodeGroup& group : groups)
+        groupRows.push_back({group.name, group.number});
+    m_lists[Codes]->setRows(rowsOf(codes));
+    m_lists[Groups]->setRows(groupRows);
+    showGroup(0);
+    m_lists[Codes]->setFocus(Qt::OtherFocusReason);
+}
+
+void CodesPage::showGroup(qint32 group)
+{
+    std::vector<MovementCode> members;
+    for (const MovementCode& code : m_codes) {
+        if (code.group == group)
+            members.push_back(code);
+    }
+    m_lists[CodesOfGroup]->setRows(rowsOf(members));
+}
+
+} // namespace lorvan

@@ -1,0 +1,147 @@
+#include "reports/printing_page.h"
+
+#include "app/main_controls.h"
+#include "controls/command_button.h"
+#include "controls/date_check.h"
+#include "controls/entry_field.h"
+#include "controls/themed_label.h"
+#include "controls/tick_list.h"
+#include "platform/date_text.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace lorvan {
+namespace {
+
+constexpr int marginSide = 12;
+constexpr int marginEnd = 10;
+constexpr int reportRowHeight = 34;
+constexpr int dateWidth = 108;
+
+const std::vector<ListRow>& reportRows()
+{
+    static const std::vector<ListRow> rows{
+        {QStringLiteral("  1 Ταμείο ημέρας"), 1},
+        {QStringLiteral("  2 Κωδικοί κίνησης "), 2},
+        {QStringLiteral("  3 Συνοπτικό ταμείο από ... εως"), 3},
+        {QStringLiteral("  4 Σύνολο ανα κωδικό"), 4},
+        {QStringLiteral("  5 Συνολο ανα ομάδα"), 5},
+        {QStringLiteral("  6 Κατάσταση"), 6},
+        {QStringLiteral("  7 Επιταγές"), 7},
+        {QStringLiteral("  8 Ανάλυση ταμείου ημέρας "), 8},
+        {QStringLiteral("  9 Ταμεία που δεν έχουν κλήσει !"), 9},
+    };
+    return rows;
+}
+
+void addHeaded(QVBoxLayout* column, QWidget* list, const QString& title, int stretch)
+{
+    list->setAccessibleName(title);
+    column->addWidget(listHeading(title));
+    column->addWidget(list, stretch);
+}
+
+} // namespace
+
+PrintingPage::PrintingPage(Clock clock, QWidget* parent)
+    : QWidget(parent)
+    , m_clock(std::move(clock))
+    , m_checks(this)
+    , m_fields(QStringLiteral("Text1"))
+    , m_reports(new PlainList(PlainList::Face::FixedWidth, this))
+    , m_codes(new TickList(PlainList::Face::FixedWidth, this))
+    , m_groups(new TickList(PlainList::Face::Desktop, this))
+    , m_print(new CommandButton(QStringLiteral("print"), QStringLiteral("Εκτύπωση"), this))
+{
+    setObjectName(QStringLiteral("Panel1(3)"));
+    m_reports->setObjectName(QStringLiteral("List2(0)"));
+    m_codes->setObjectName(QStringLiteral("List2(1)"));
+    m_groups->setObjectName(QStringLiteral("List2(2)"));
+    m_print->setObjectName(QStringLiteral("Command1(1)"));
+
+    auto* const columns = new QHBoxLayout(this);
+    columns->setContentsMargins(marginSide, marginEnd, marginSide, marginEnd);
+    columns->setSpacing(16);
+    columns->addLayout(reportColumn(), 11);
+    columns->addLayout(choiceColumn(), 9);
+    setTabOrders();
+    connect(m_print, &CommandButton::clicked, this, [this] { Q_EMIT commandPressed(command::printReport); });
+}
+
+QLayout* PrintingPage::reportColumn()
+{
+    auto* const column = new QVBoxLayout;
+    column->setSpacing(4);
+    m_reports->setRowHeight(reportRowHeight);
+    m_reports->setRows(reportRows());
+    addHeaded(column, m_reports, QStringLiteral("Διαθέσιμες εκτυπώσεις"), 1);
+    column->addSpacing(6);
+    column->addWidget(periodFrame());
+    return column;
+}
+
+EntryField* PrintingPage::addDate(int index, const QString& name)
+{
+    auto* const date = m_fields.add(index, new EntryField(TypingRule::Date, this));
+    date->setFixedWidth(dateWidth);
+    date->setAccessibleName(name);
+    connect(date, &EntryField::left, this, [this, date] { m_checks.left(date); });
+    m_checks.add(date, [this, date] { return checkDate(*date, m_clock.today()).has_value(); });
+    return date;
+}
+
+QWidget* PrintingPage::periodFrame()
+{
+    auto* const frame = new QGroupBox(QStringLiteral("Ημερομηνία εκτύπωσης"), this);
+    auto* const row = new QHBoxLayout(frame);
+    row->setSpacing(8);
+    row->addWidget(addDate(field::periodStart, QStringLiteral("Από")));
+    row->addWidget(new ThemedLabel(QStringLiteral("–"), ColourRole::PageText));
+    row->addWidget(addDate(field::periodEnd, QStringLiteral("Έως")));
+    row->addStretch(1);
+    m_print->setLook(CommandButton::Look::Solid);
+    m_print->setEnabled(false);
+    m_print->setToolTip(QStringLiteral("Οι εκτυπώσεις δεν είναι ακόμη διαθέσιμες"));
+    row->addWidget(m_print);
+    return frame;
+}
+
+QLayout* PrintingPage::choiceColumn()
+{
+    auto* const column = new QVBoxLayout;
+    column->setSpacing(4);
+    addHeaded(column, m_codes, QStringLiteral("Κωδικοί κινήσεων"), 7);
+    column->addSpacing(6);
+    addHeaded(column, m_groups, QStringLiteral("Ομάδες κωδικών"), 5);
+    column->addWidget(new ThemedLabel(QStringLiteral("Χωρίς επιλογή τυπώνονται όλα."), ColourRole::PageMuted, 0.9));
+    return column;
+}
+
+void PrintingPage::setTabOrders()
+{
+    setTabOrder(m_reports, m_fields[field::periodStart]);
+    setTabOrder(m_fields[field::periodStart], m_fields[field::periodEnd]);
+    setTabOrder(m_fields[field::periodEnd], m_print);
+    setTabOrder(m_print, m_codes);
+    setTabOrder(m_codes, m_groups);
+}
+
+void PrintingPage::fill(const std::vector<MovementCode>& codes, const std::vector<CodeGroup>& groups)
+{
+    const QDate today = m_clock.today();
+    m_fields[field::periodStart]->setText(dateText(QDate(today.year(), today.month(), 1)));
+    m_fields[field::periodEnd]->setText(dateText(today));
+    std::vector<ListRow> codeRows;
+    for (const MovementCode& code : codes)
+        codeRows.push_back({code.listLine, code.code});
+    std::vector<ListRow> groupRows;
+    for (const CodeGroup& group : groups)
+        groupRows.push_back({group.name, group.number});
+    m_codes->setRows(codeRows);
+    m_groups->setRows(groupRows);
+    m_reports->setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace lorvan

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "codes/code_catalogue.h"
+#include "controls/control_array.h"
+#include "controls/leave_checks.h"
+#include "platform/clock.h"
+
+#include <QWidget>
+
+#include <vector>
+
+class QLayout;
+
+namespace lorvan {
+
+class CommandButton;
+class EntryField;
+class PlainList;
+class TickList;
+
+/// The printing page `Panel1(3)`: the choice of a report, its period, codes and groups. The reports are not built yet,
+/// so the print button stands there disabled.
+class PrintingPage : public QWidget {
+    Q_OBJECT
+
+public:
+    PrintingPage(Clock clock, QWidget* parent);
+
+    /// Sets the period to this month up to today and fills both lists anew, with nothing chosen.
+    void fill(const std::vector<MovementCode>& codes, const std::vector<CodeGroup>& groups);
+
+Q_SIGNALS:
+    void commandPressed(int index);
+
+private:
+    QLayout* reportColumn();
+    QLayout* choiceColumn();
+    QWidget* periodFrame();
+    EntryField* addDate(int index, const QString& name);
+    void setTabOrders();
+
+    Clock m_clock;
+    LeaveChecks m_checks;
+    ControlArray<EntryField> m_fields;
+    PlainList* m_reports;
+    TickList* m_codes;
+    TickList* m_groups;
+    CommandButton* m_print;
+};
+
+} // namespace lorvan

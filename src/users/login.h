@@ -1,0 +1,60 @@
+#pragma once
+
+#include "app/book_files.h"
+#include "controls/control_array.h"
+#include "users/sign_in.h"
+
+#include <QDialog>
+
+class QBoxLayout;
+class QGroupBox;
+class QGridLayout;
+
+namespace lorvan {
+
+class CommandButton;
+class EntryField;
+class KeyRing;
+
+/// The sign-in window. The built-in administrator gets it enlarged by the maintenance area, whose operations are not
+/// built yet and stand there disabled.
+class Login : public QDialog {
+    Q_OBJECT
+
+public:
+    Login(BookFiles files, KeyRing& keys);
+
+Q_SIGNALS:
+    void signedIn(const lorvan::UserSession& session);
+    void abandoned(); ///< Ended or closed, or the users could not be read: the program ends.
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    enum class Size { Compact, Enlarged };
+
+    QWidget* nameStrip();
+    QLayout* signInForm();
+    QWidget* maintenanceArea();
+    QGroupBox* userFrame();
+    QLayout* userFields(QWidget* parent);
+    QLayout* userCommands(QWidget* parent);
+    QLayout* administrationRow(QWidget* parent);
+    EntryField* addField(int index, QWidget* parent, const QString& name, const QString& tip);
+    CommandButton* addCommand(
+        int index, const QString& icon, const QString& caption, const QString& tip, QWidget* parent);
+    void setTabOrders();
+
+    void setSize(Size size);
+    void signInAsTyped();
+
+    BookFiles m_files;
+    KeyRing& m_keys;
+    ControlArray<EntryField> m_fields;
+    ControlArray<CommandButton> m_commands;
+    QWidget* m_maintenance;
+};
+
+} // namespace lorvan
