@@ -67,8 +67,8 @@ QString readLine()
 
 QString askHidden(const QString& prompt)
 {
-    std::cerr << prompt.toStdString() << std::flush;
     const HiddenTyping hidden;
+    std::cerr << prompt.toStdString() << std::flush;
     return readLine();
 }
 

@@ -1,0 +1,135 @@
+#include "support/book_model.h"
+#include "support/temporary_book.h"
+#include "tools/demo_shop.h"
+#include "tools/tool_run.h"
+#include "tools/working_days.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace lorvan::test {
+namespace {
+
+const QDate wednesday(2026, 11, 18);
+const QDate afterEaster(2025, 4, 22); // yesterday and the day before were holidays
+
+class DemoBook {
+public:
+    DemoBook(QDate today, int seed)
+    {
+        const auto run = runToolOn(
+            today, {QStringLiteral("demo"), m_folder.path(), QStringLiteral("--seed"), QString::number(seed)});
+        EXPECT_EQ(run.status, ExitStatus::Done) << run.errors;
+    }
+    [[nodiscard]] Connection main() const { return open(BookFiles(m_folder.path()).mainDatabase()); }
+    [[nodiscard]] Connection auxiliary() const { return open(BookFiles(m_folder.path()).auxiliaryDatabase()); }
+
+private:
+    static Connection open(const QString& path) { return Connection::open(path, testKeys().keyFor(path)); }
+
+    QTemporaryDir m_folder;
+};
+
+/// All that a book holds except its dates; a movement's day appears as the number of its cash day.
+QString contentWithoutDates(const DemoBook& book)
+{
+    Connection main = book.main();
+    Connection auxiliary = book.auxiliary();
+    return valueOf(main,
+               "SELECT group_concat(d.aa || k.kvdikos || k.perigrafh || k.esoda || k.ejoda || k.aa_omada || k.grammh"
+               " || k.epitagh || k.L_tajeos, ';')"
+               " FROM (SELECT * FROM kinhseis ORDER BY aa) k JOIN tameio d ON d.hmeromhnia=k.hmeromhnia")
+        + valueOf(main,
+            "SELECT group_concat(kvdikos || perigrafh || omada || aa_omadas || lista || esodo || energos)"
+            " FROM kvdikoi")
+        + valueOf(main, "SELECT group_concat(aa || esoda || ejoda || ypoloipo) FROM tameio")
+        + valueOf(auxiliary, "SELECT count(*) FROM klhsimotameioy")
+        + valueOf(auxiliary, "SELECT group_concat(uname || upass || r_eggrafes || r_klhsimo || r_kvdikoi) FROM codes");
+}
+
+std::vector<QDate> datesIn(Connection& connection, std::string_view sql)
+{
+    std::vector<QDate> dates;
+    auto rows = connection.prepare(sql);
+    while (rows.step())
+        dates.push_back(rows.date(0));
+    return dates;
+}
+
+/// The least that was ever in the drawer, cheques left out, at any moment of any day.
+Currency lowestCash(Connection& main)
+{
+    Currency cash;
+    std::optional<Currency> lowest;
+    auto rows = main.prepare("SELECT esoda, ejoda FROM kinhseis WHERE epitagh=0 ORDER BY hmeromhnia, aa");
+    while (rows.step()) {
+        cash += rows.currency(0) - rows.currency(1);
+        lowest = std::min(lowest.value_or(cash), cash);
+    }
+    return lowest.value_or(Currency());
+}
+
+TEST(DemoCommand, GivesTheSameContentForTheSameSeedOnWhateverDay)
+{
+    const QString content = contentWithoutDates(DemoBook(wednesday, 7));
+    EXPECT_EQ(content, contentWithoutDates(DemoBook(afterEaster, 7)));
+    EXPECT_NE(content, contentWithoutDates(DemoBook(wednesday, 8)));
+}
+
+TEST(DemoCommand, CarriesEveryBalanceExactly)
+{
+    Connection main = DemoBook(wednesday, 1).main();
+    EXPECT_EQ(storedCashDays(main), BookModel(storedMovements(main)).cashDays());
+}
+
+TEST(DemoCommand, LooksLikeAShop)
+{
+    for (const int seed : {1, 2, 3, 4, 5}) {
+        const DemoBook book(wednesday, seed);
+        Connection main = book.main();
+        const auto count = [&main](std::string_view sql) { return valueOf(main, sql).toInt(); };
+        EXPECT_GT(lowestCash(main), Currency());
+        EXPECT_LT(count("SELECT max(ypoloipo)/10000 FROM tameio"), 15'000);
+        EXPECT_EQ(count("SELECT count(*) FROM kinhseis WHERE (esoda=0)=(ejoda=0) OR esoda<0 OR ejoda<0"), 0);
+        EXPECT_EQ(count("SELECT count(*) FROM kinhseis k LEFT JOIN kvdikoi c ON c.kvdikos=k.kvdikos"
+                        " WHERE c.aa IS NULL OR c.aa_omadas<>k.aa_omada OR (c.esodo<>0)<>(k.esoda<>0)"),
+            0);
+        EXPECT_GT(count("SELECT count(*) FROM kinhseis WHERE epitagh=-1 AND esoda>0"), 50);
+        EXPECT_GT(count("SELECT count(*) FROM kinhseis WHERE epitagh=-1 AND ejoda>0"), 30);
+        EXPECT_GT(count("SELECT count(*) FROM kinhseis WHERE L_tajeos>0"), 200);
+        EXPECT_EQ(count("SELECT count(*) FROM omades"), 8);
+        EXPECT_NEAR(count("SELECT count(*) FROM kvdikoi"), 40, 5);
+    }
+}
+
+TEST(DemoCommand, HasARowForEachWorkingDayUpToYesterdayAndClosesAllButTheLastSix)
+{
+    for (const QDate today : {wednesday, afterEaster}) {
+        const DemoBook book(today, 1);
+        Connection main = book.main();
+        Connection auxiliary = book.auxiliary();
+        auto days = datesIn(main, "SELECT hmeromhnia FROM tameio ORDER BY hmeromhnia");
+        EXPECT_EQ(days, workingDaysUntil(today.addDays(-1), static_cast<int>(days.size())));
+        EXPECT_NEAR(static_cast<double>(days.front().daysTo(today)), 730, 7);
+        days.resize(days.size() - 6);
+        EXPECT_EQ(datesIn(auxiliary, "SELECT hmeraklhsimatos FROM klhsimotameioy ORDER BY hmeraklhsimatos"), days);
+    }
+}
+
+TEST(DemoCommand, NamesUsersWhoCanSignIn)
+{
+    Connection users = DemoBook(wednesday, 1).auxiliary();
+    const std::string told = runToolOn(wednesday, {QStringLiteral("demo"), QStringLiteral("--users")}).out;
+    std::vector<bool> closers;
+    for (const DemoUser& user : demoUsers()) {
+        EXPECT_NE(told.find(user.name.toStdString() + ", κωδικός " + user.password.toStdString()), std::string::npos);
+        const auto session = signIn(users, user.name, user.password);
+        ASSERT_TRUE(session);
+        closers.push_back(session->rights.closeCash);
+    }
+    EXPECT_EQ(closers, (std::vector{true, false}));
+}
+
+} // namespace
+} // namespace lorvan::test

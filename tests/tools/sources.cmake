@@ -1,0 +1,7 @@
+list(APPEND LORVAN_CORE_TESTS
+    ${CMAKE_CURRENT_LIST_DIR}/demo_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/terminal_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/tool_run.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/tool_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/working_days_test.cpp)
+list(APPEND LORVAN_CORE_TEST_LIBRARIES lorvan_tools)

@@ -1,0 +1,35 @@
+#include "tools/tool_run.h"
+
+#include <QDirIterator>
+#include <QFile>
+
+#include <sstream>
+
+namespace lorvan::test {
+
+ToolRun runToolOn(QDate today, const QStringList& commandLine, const QString& password, const QString& programFolder)
+{
+    std::ostringstream out;
+    std::ostringstream errors;
+    const ToolContext context{
+        out, errors, [password](const QString&) { return password; }, Clock(QDateTime(today, {12, 0})), programFolder};
+    const ExitStatus status = runTool(commandLine, context);
+    return {status, out.str(), errors.str()};
+}
+
+FolderContent contentOf(const QString& folder)
+{
+    FolderContent content;
+    QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        QFile file(entries.next());
+        const QString name = QDir(folder).relativeFilePath(file.fileName());
+        if (file.open(QIODevice::ReadOnly))
+            content[name] = file.readAll();
+        else
+            content[name + u'/'] = {};
+    }
+    return content;
+}
+
+} // namespace lorvan::test
