@@ -1,12 +1,33 @@
+#include "app/guarded_window.h"
 #include "app/program.h"
 #include "app/termination_signals.h"
 #include "controls/theme.h"
 
 #include <QApplication>
 
+namespace {
+
+/// The last net below the windows: a failure that no action has caught is told to the user and does not end the program.
+class Application : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& failure) {
+            lorvan::showFailure(activeWindow(), failure);
+            return true;
+        }
+    }
+};
+
+} // namespace
+
 int main(int argumentCount, char** arguments)
 {
-    QApplication application(argumentCount, arguments);
+    Application application(argumentCount, arguments);
     QApplication::setApplicationName(QStringLiteral("Lorvan"));
     QApplication::setQuitOnLastWindowClosed(false); // the windows say themselves when the program ends
     lorvan::Theme::install(application);

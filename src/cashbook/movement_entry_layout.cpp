@@ -7,6 +7,7 @@
 #include "controls/command_button.h"
 #include "controls/day_list.h"
 #include "controls/entry_field.h"
+#include "controls/label3d.h"
 #include "controls/state_plate.h"
 #include "controls/themed_label.h"
 

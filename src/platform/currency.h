@@ -1,8 +1,9 @@
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <stdexcept>
+
+#include <compare> // last: Qt's moc cannot read it first
 
 namespace lorvan {
 
