@@ -1,0 +1,38 @@
+# What the scripts at the root need from Debian 12, and how they get it. Sourced, not run.
+
+# To configure and build everything, and to run the program: its fonts, and the window system's plugins with Qt's.
+build_packages=(
+    g++ cmake ninja-build pkg-config
+    qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libgl1-mesa-dev
+    libsqlcipher-dev libssl-dev
+    libgtest-dev libbenchmark-dev
+    fonts-liberation fonts-noto-core
+)
+
+# To run the program on a display of its own and press its keys.
+tour_packages=(xvfb xdotool x11-xkb-utils imagemagick)
+
+# To run every test: the stock shell of the database engine, and what counts as our formatting.
+test_packages=("${tour_packages[@]}" sqlcipher clang-format util-linux)
+
+# install_missing PACKAGE...: asks apt for those that are not there, and leaves apt alone when all are.
+install_missing() {
+    local package status missing=() as_root=()
+    for package in "$@"; do
+        status=$(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null || true)
+        [[ $status == installed ]] || missing+=("$package")
+    done
+    ((${#missing[@]})) || return 0
+
+    echo "Εγκατάσταση: ${missing[*]}"
+    if ((EUID != 0)); then
+        command -v sudo >/dev/null || {
+            echo "Χρειάζεται ο διαχειριστής: apt-get install ${missing[*]}" >&2
+            return 1
+        }
+        as_root=(sudo)
+    fi
+    "${as_root[@]}" apt-get update --quiet
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install --yes --quiet --no-install-recommends \
+        -o DPkg::Lock::Timeout=300 "${missing[@]}"
+}
