@@ -55,7 +55,7 @@ void createBook(const BookFiles& files)
     Undo undo(files);
     Connection auxiliary = Connection::create(files.auxiliaryDatabase(), bookPassword());
     createAuxiliarySchema(auxiliary);
-    UsageMarker::unlock(files.usageMarker());
+    UsageMarker::create(files.usageMarker());
     // The main database comes last: a folder that holds one is a book.
     Connection main = Connection::create(files.mainDatabase(), bookPassword());
     createMainSchema(main);

@@ -167,6 +167,11 @@ std::optional<MachineIdentity> UsageMarker::heldByAnother()
     return MachineIdentity{nameIn(record.user), nameIn(record.computer)};
 }
 
+void UsageMarker::create(const QString& path)
+{
+    LockedFile(path).write(recordOf(isFree, {}));
+}
+
 void UsageMarker::unlock(const QString& path)
 {
     LockedFile file(path);

@@ -37,6 +37,9 @@ public:
     /// Before a change of data: claims a free marker, and returns the holder who forbids the change, if there is one.
     [[nodiscard]] std::optional<MachineIdentity> guardChange();
 
+    /// Makes a free marker without names for a new book.
+    static void create(const QString& path);
+
     /// Makes the marker free whoever holds it, leaving the names as they are.
     static void unlock(const QString& path);
 
