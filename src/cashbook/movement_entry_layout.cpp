@@ -6,6 +6,7 @@
 #include "controls/code_chooser.h"
 #include "controls/command_button.h"
 #include "controls/day_list.h"
+#include "controls/day_list_head.h"
 #include "controls/entry_field.h"
 #include "controls/label3d.h"
 #include "controls/state_plate.h"
