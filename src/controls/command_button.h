@@ -51,7 +51,6 @@ protected:
 
 private:
     [[nodiscard]] bool showsCaption() const;
-    [[nodiscard]] int captionWidth() const;
     [[nodiscard]] int contentWidth() const;
     [[nodiscard]] QColor textColour() const;
     void dressCaption();

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "controls/day_list_head.h"
+
 #include <QAbstractListModel>
-#include <QLabel>
 #include <QListView>
 
 #include <vector>
@@ -60,63 +61,29 @@ public:
 
     [[nodiscard]] const DayLineLayout& lineLayout() const { return m_layout; }
     [[nodiscard]] int rowHeight() const;
+    [[nodiscard]] int scrollWidth() const; ///< Of a row; more than the list's width where it must scroll sideways.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     void clickedLine(); ///< Single click on a line.
     void openedLine(qint64 key); ///< Double click or F2 on a line; 0 for the balance line.
-    void layoutChanged(); ///< Font, slices or sideways position are others.
+    void slicesChanged(); ///< Font, slices or sideways position are others.
 
 protected:
-    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void updateGeometries() override;
-    bool viewportEvent(QEvent* event) override;
 
 private:
     void open(const QModelIndex& index);
     void layOut();
+    [[nodiscard]] QFont largestFont() const;
 
     DayListModel* m_model;
     DayLineLayout m_layout;
     bool m_afterDoubleClick = false;
-    bool m_inGeometry = false;
 };
-
-/// A heading over a day list. It keeps its text and paints each of its words over the slice that the word stands for
-/// in the text itself; headings of amounts are right-aligned with the amounts.
-class DayListHead : public QLabel {
-    Q_OBJECT
-
-public:
-    /// The heading of all columns but the memorandum's.
-    DayListHead(const QString& text, DayList& list, QWidget* parent = nullptr);
-
-    [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-    DayList& m_list; // NOLINT: the memorandum's heading paints over the same list
-};
-
-/// The heading of the memorandum column, a label of its own: lay it over the other with the same geometry.
-class MemorandumHead : public DayListHead {
-    Q_OBJECT
-
-public:
-    using DayListHead::DayListHead;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-};
-
-/// Both headings, one over the other, as one widget above the list.
-[[nodiscard]] QWidget* dayListHeading(DayListHead* head, MemorandumHead* memorandum);
 
 } // namespace lorvan

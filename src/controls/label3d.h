@@ -103,6 +103,7 @@ protected:
 
 private:
     void layOut();
+    void notify(const char* property);
     void paintLayer(QPainter& painter, QPoint offset, const QColor& colour) const;
     [[nodiscard]] bool isOnFrontLayer(QPointF position) const;
 

@@ -46,7 +46,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    bool viewportEvent(QEvent* event) override;
 
 private:
     void dress();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QFrame>
 
 namespace lorvan {
@@ -28,7 +29,8 @@ protected:
 
 private:
     void dress();
-    void show(const QString& caption, const QColor& front, const QColor& back);
+    void show(const QString& caption, QColor front, QColor back);
+    void placeLabel();
 
     QString m_openCaption;
     QString m_closedCaption;

@@ -15,7 +15,7 @@ class TabBand : public QFrame {
 public:
     explicit TabBand(QWidget* parent = nullptr);
 
-    /// The caption stands as given; an ampersand in it is an ampersand. Returns the tab's index.
+    /// The caption is kept as given and shown without ampersands and outer blanks. Returns the tab's index.
     int addTab(const QString& iconName, const QString& caption, const QString& toolTip);
 
     [[nodiscard]] QTabBar* tabs() const { return m_tabs; }
@@ -32,14 +32,12 @@ protected:
 
 private:
     void dress();
-    void placeLabels();
-    void placeLabel(Label3D& label, const QString& text, int top, int available);
+    void layOut();
+    void placeLabel(Label3D& label, int top);
 
     QTabBar* m_tabs;
     Label3D* m_heading;
     Label3D* m_version;
-    QString m_headingText;
-    QString m_versionText;
 };
 
 } // namespace lorvan

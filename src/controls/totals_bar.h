@@ -35,9 +35,10 @@ private:
     [[nodiscard]] Pair addPair(int index, const QString& caption, qreal factor);
     void dress();
     void layOut();
-    [[nodiscard]] int widthAt(qreal step) const;
+    [[nodiscard]] int pairWidth(const Pair& pair, qreal step) const;
+    [[nodiscard]] int pairsWidth(qreal step) const;
     [[nodiscard]] qreal largestStep() const;
-    void place(qreal step);
+    void placePair(const Pair& pair, qreal step, int left) const;
 
     std::array<Pair, 3> m_pairs;
     std::array<int, 2> m_separators{};

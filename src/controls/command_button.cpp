@@ -1,0 +1,225 @@
+#include "controls/command_button.h"
+
+#include "controls/icons.h"
+#include "controls/shapes.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+
+namespace lorvan {
+namespace {
+
+constexpr int iconExtent = 18;
+constexpr int iconGap = 8;
+constexpr int sidePadding = 14;
+constexpr int smallSidePadding = 11;
+constexpr int leastSidePadding = 8;
+constexpr int usualHeight = 32;
+constexpr int smallHeight = 26;
+constexpr int heightOverFont = 8;
+constexpr int leastWidth = 104;
+constexpr int iconAloneWidth = 44;
+
+int textWidth(const QString& text, QFont::Weight weight)
+{
+    return QFontMetrics(Theme::instance().font(1.0, weight)).horizontalAdvance(text);
+}
+
+} // namespace
+
+CommandButton::CommandButton(const QString& iconName, const QString& caption, QWidget* parent)
+    : QPushButton(parent)
+    , m_iconName(iconName)
+    , m_caption(new QLabel(this))
+{
+    setAutoDefault(false);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
+    m_caption->setTextFormat(Qt::PlainText);
+    m_caption->setForegroundRole(QPalette::WindowText); // not the text role of the button it lies in
+    m_caption->setAttribute(Qt::WA_TransparentForMouseEvents);
+    connect(&Theme::instance(), &Theme::changed, this, &CommandButton::dressCaption);
+    setCaption(caption);
+    dressCaption();
+}
+
+void CommandButton::setLook(Look look)
+{
+    if (look == m_look)
+        return;
+    m_look = look;
+    dressCaption();
+    update();
+}
+
+void CommandButton::setSmall(bool isSmall)
+{
+    m_small = isSmall;
+    updateGeometry();
+}
+
+void CommandButton::setFrameless(bool isFrameless)
+{
+    m_frameless = isFrameless;
+    updateGeometry();
+    update();
+}
+
+void CommandButton::setCaption(const QString& caption)
+{
+    m_caption->setText(caption);
+    followCaption();
+}
+
+void CommandButton::followCaption()
+{
+    if (text() != m_caption->text())
+        setText(m_caption->text());
+    if (!m_caption->text().isEmpty())
+        setAccessibleName(m_caption->text().trimmed());
+    updateGeometry();
+    placeCaption();
+    update();
+}
+
+bool CommandButton::showsCaption() const
+{
+    return !m_caption->isHidden() && !m_caption->text().isEmpty();
+}
+
+int CommandButton::contentWidth() const
+{
+    const int icon = m_iconName.isEmpty() ? 0 : iconExtent;
+    if (!showsCaption())
+        return icon;
+    const QFont::Weight weight = m_look == Look::Solid ? QFont::DemiBold : QFont::Normal;
+    return icon + (icon > 0 ? iconGap : 0) + textWidth(m_caption->text(), weight);
+}
+
+QSize CommandButton::sizeHint() const
+{
+    const int height = std::max(m_small ? smallHeight : usualHeight, fontMetrics().height() + heightOverFont);
+    if (!showsCaption())
+        return {m_frameless ? height : iconAloneWidth, height};
+    const int icon = m_iconName.isEmpty() ? 0 : iconExtent + iconGap;
+    const int padding = m_small || m_frameless ? smallSidePadding : sidePadding;
+    // The same for every look, so that nothing moves when the solid button becomes another one.
+    const int width = icon
+        + std::max(textWidth(m_caption->text(), QFont::Normal) + 2 * padding,
+            textWidth(m_caption->text(), QFont::DemiBold) + 2 * leastSidePadding);
+    return {m_small || m_frameless ? width : std::max(width, leastWidth), height};
+}
+
+QSize CommandButton::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+bool CommandButton::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest) // posted by the label when its text or visibility changes
+        followCaption();
+    return QPushButton::event(event);
+}
+
+void CommandButton::changeEvent(QEvent* event)
+{
+    QPushButton::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange)
+        dressCaption();
+    if (event->type() == QEvent::FontChange)
+        updateGeometry();
+}
+
+QColor CommandButton::textColour() const
+{
+    const Theme& theme = Theme::instance();
+    if (!isEnabled())
+        return theme.colour(m_look == Look::Quiet || m_frameless ? ColourRole::PageOffText : ColourRole::OffText);
+    switch (m_look) {
+    case Look::Solid:
+        return theme.colour(ColourRole::OnAccent);
+    case Look::Danger:
+        return theme.colour(ColourRole::Expense);
+    case Look::Quiet:
+        return theme.colour(ColourRole::PageMuted);
+    case Look::Outlined:
+        break;
+    }
+    return theme.colour(m_frameless ? ColourRole::PageText : ColourRole::Text);
+}
+
+void CommandButton::dressCaption()
+{
+    QPalette colours = m_caption->palette();
+    colours.setColor(QPalette::WindowText, textColour());
+    m_caption->setPalette(colours);
+    m_caption->setFont(Theme::instance().font(1.0, m_look == Look::Solid ? QFont::DemiBold : QFont::Normal));
+    updateGeometry();
+    placeCaption();
+}
+
+void CommandButton::placeCaption()
+{
+    const int width = m_caption->sizeHint().width();
+    const int right = (this->width() + contentWidth()) / 2;
+    m_caption->setGeometry(right - width, 0, width, height());
+}
+
+void CommandButton::resizeEvent(QResizeEvent* event)
+{
+    QPushButton::resizeEvent(event);
+    placeCaption();
+}
+
+void CommandButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        QPushButton::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    if (!event->isAutoRepeat())
+        click();
+}
+
+void CommandButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const Theme& theme = Theme::instance();
+    const bool hovered = isEnabled() && underMouse() && !isDown();
+    const bool solid = m_look == Look::Solid && isEnabled();
+    const bool bare = (m_look == Look::Quiet || m_frameless) && !solid;
+
+    QColor ground = theme.colour(ColourRole::Button);
+    QColor border = theme.colour(m_look == Look::Quiet ? ColourRole::PageLine : ColourRole::Edge);
+    if (solid) {
+        ground = border = theme.colour(hovered || isDown() ? ColourRole::SolidHover : ColourRole::Accent);
+    } else if (!isEnabled()) {
+        ground = bare ? QColor(Qt::transparent) : theme.colour(ColourRole::OffField);
+        border = theme.colour(ColourRole::PageLine);
+    } else if (hovered || isDown()) {
+        ground = theme.colour(isDown() ? ColourRole::Tint : ColourRole::ButtonHover);
+    } else if (bare) {
+        ground = Qt::transparent;
+    }
+    if (m_frameless && !solid)
+        border = ground;
+    if (border.alpha() > 0 || ground.alpha() > 0)
+        paintPanel(painter, rect(), ground, border, 1);
+    if (hasFocus()) {
+        const qreal gap = solid ? focusWidth + 1 : 0;
+        if (solid)
+            paintPanel(painter, rect(), theme.colour(ColourRole::Accent), theme.colour(ColourRole::Accent), 1);
+        paintPanel(painter, QRectF(rect()).adjusted(gap, gap, -gap, -gap), Qt::transparent,
+            theme.colour(solid ? ColourRole::OnAccent : ColourRole::Accent), solid ? 1.5 : focusWidth,
+            cornerRadius - gap / 2);
+    }
+    const int left = (width() - contentWidth()) / 2;
+    if (!m_iconName.isEmpty())
+        paintIcon(painter, QRect(left, (height() - iconExtent) / 2, iconExtent, iconExtent), m_iconName, textColour());
+}
+
+} // namespace lorvan

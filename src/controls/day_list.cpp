@@ -1,0 +1,207 @@
+#include "controls/day_list.h"
+
+#include "cashbook/day_view.h"
+#include "controls/day_list_delegate.h"
+#include "controls/theme.h"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QStyle>
+
+#include <array>
+
+namespace lorvan {
+namespace {
+
+constexpr int heightOverFont = 3;
+constexpr int margin = 1;
+constexpr int usualRows = 13;
+constexpr int leastRows = 4;
+constexpr int largestSpare = 40;
+constexpr int charactersForLargerFont = 80;
+constexpr std::array fontFactors{1.4, 1.3, 1.2};
+constexpr qreal leastFactor = 1.1;
+
+qreal advanceOf(const QFont& font)
+{
+    return QFontMetricsF(font).horizontalAdvance(QString(day_line::length, u'0')) / day_line::length;
+}
+
+int rowHeightFor(const QFont& font)
+{
+    return QFontMetrics(font).height() + heightOverFont;
+}
+
+} // namespace
+
+void DayListModel::setLines(std::vector<DayLine> lines)
+{
+    beginResetModel();
+    m_lines = std::move(lines);
+    endResetModel();
+}
+
+int DayListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_lines.size());
+}
+
+QVariant DayListModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const DayLine& line = m_lines.at(static_cast<std::size_t>(index.row()));
+    switch (role) {
+    case Qt::DisplayRole:
+        return line.text;
+    case Qt::UserRole:
+        return line.key;
+    case Qt::ToolTipRole:
+    case Qt::AccessibleTextRole:
+        return line.whole;
+    default:
+        return {};
+    }
+}
+
+qreal DayLineLayout::left(int character) const
+{
+    return inset + character * advance + (character >= day_line::memorandumStart ? spare : 0);
+}
+
+qreal DayLineLayout::width() const
+{
+    return 2 * inset + day_line::length * advance + spare;
+}
+
+DayLineLayout DayLineLayout::forWidth(int available, const QFont& font)
+{
+    DayLineLayout layout;
+    layout.advance = advanceOf(font);
+    layout.spare = std::clamp(available - layout.width(), 0.0, largestSpare * layout.advance);
+    return layout;
+}
+
+DayList::DayList(QWidget* parent)
+    : QListView(parent)
+    , m_model(new DayListModel(this))
+{
+    setItemDelegate(new DayListDelegate(this));
+    setModel(m_model);
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setVerticalScrollMode(ScrollPerItem);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setViewportMargins(0, margin, 0, margin);
+    connect(this, &QListView::clicked, this, &DayList::clickedLine);
+    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &DayList::slicesChanged);
+    connect(&Theme::instance(), &Theme::changed, this, &DayList::layOut);
+    layOut();
+}
+
+void DayList::setLines(std::vector<DayLine> lines)
+{
+    m_model->setLines(std::move(lines));
+}
+
+void DayList::selectLast()
+{
+    const QModelIndex last = m_model->index(m_model->rowCount() - 1);
+    setCurrentIndex(last);
+    scrollTo(last);
+}
+
+int DayList::rowHeight() const
+{
+    return rowHeightFor(font());
+}
+
+int DayList::scrollWidth() const
+{
+    const DayLineLayout least = DayLineLayout::forWidth(0, font());
+    return m_layout.spare > 0 ? 1 : qCeil(least.width());
+}
+
+QSize DayList::sizeHint() const
+{
+    const QFont font = Theme::instance().fixedFont(leastFactor);
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    return {qCeil(DayLineLayout::forWidth(0, font).width()) + bar + 2 * frameWidth(),
+        usualRows * rowHeightFor(font) + 2 * (margin + frameWidth())};
+}
+
+QSize DayList::minimumSizeHint() const
+{
+    const QFont font = Theme::instance().fixedFont(leastFactor);
+    return {200, leastRows * rowHeightFor(font) + 2 * (margin + frameWidth())};
+}
+
+QFont DayList::largestFont() const
+{
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    const QSize available = contentsRect().size() - QSize(bar, 2 * margin);
+    for (const qreal factor : fontFactors) {
+        const QFont font = Theme::instance().fixedFont(factor);
+        if (charactersForLargerFont * advanceOf(font) <= available.width()
+            && usualRows * rowHeightFor(font) <= available.height())
+            return font;
+    }
+    return Theme::instance().fixedFont(leastFactor);
+}
+
+void DayList::layOut()
+{
+    const QFont wanted = largestFont();
+    if (font() != wanted)
+        setFont(wanted);
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    m_layout = DayLineLayout::forWidth(contentsRect().width() - bar, wanted);
+    scheduleDelayedItemsLayout();
+    Q_EMIT slicesChanged();
+}
+
+void DayList::resizeEvent(QResizeEvent* event)
+{
+    layOut();
+    QListView::resizeEvent(event);
+}
+
+void DayList::open(const QModelIndex& index)
+{
+    if (index.isValid())
+        Q_EMIT openedLine(index.data(Qt::UserRole).toLongLong());
+}
+
+void DayList::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_F2) {
+        QListView::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    open(currentIndex());
+}
+
+void DayList::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    m_afterDoubleClick = true;
+    QListView::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton)
+        open(indexAt(event->position().toPoint()));
+}
+
+void DayList::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!m_afterDoubleClick) {
+        QListView::mouseReleaseEvent(event);
+        return;
+    }
+    m_afterDoubleClick = false;
+    const QSignalBlocker noSecondClick(this);
+    QListView::mouseReleaseEvent(event);
+}
+
+} // namespace lorvan

@@ -1,0 +1,107 @@
+#include "controls/entry_field.h"
+
+#include "controls/theme.h"
+
+#include <QFocusEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace lorvan {
+namespace {
+
+bool isEnter(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+bool isTyping(const QKeyEvent& event)
+{
+    const QString text = event.text();
+    return !text.isEmpty() && !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        && std::all_of(text.begin(), text.end(), [](QChar c) { return c.isPrint() || c.isSurrogate(); });
+}
+
+} // namespace
+
+EntryField::EntryField(TypingRule rule, QWidget* parent)
+    : QLineEdit(parent)
+    , m_rule(rule)
+{
+    connect(&Theme::instance(), &Theme::changed, this, &EntryField::dress);
+}
+
+void EntryField::setRightAligned()
+{
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_figures = true;
+    dress();
+}
+
+void EntryField::setType(qreal factor, QFont::Weight weight)
+{
+    m_factor = factor;
+    m_weight = weight;
+    dress();
+}
+
+void EntryField::dress()
+{
+    const Theme& theme = Theme::instance();
+    if (m_figures)
+        setFont(theme.figureFont(m_factor, m_weight));
+    else if (!qFuzzyCompare(m_factor, 1.0) || m_weight != QFont::Normal)
+        setFont(theme.font(m_factor, m_weight));
+}
+
+void EntryField::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    if (isRealFocusChange(event->reason()))
+        selectAll();
+    m_clickSelection.focusGained(event->reason());
+}
+
+void EntryField::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    if (isRealFocusChange(event->reason()))
+        Q_EMIT left();
+}
+
+void EntryField::mouseReleaseEvent(QMouseEvent* event)
+{
+    QLineEdit::mouseReleaseEvent(event);
+    m_clickSelection.mouseReleased(*this);
+}
+
+void EntryField::keyPressEvent(QKeyEvent* event)
+{
+    if (isEnter(*event)) {
+        event->accept();
+        focusNextPrevChild(true);
+        return;
+    }
+    if (!isTyping(*event)) {
+        QLineEdit::keyPressEvent(event);
+        return;
+    }
+    const QString text = typedText(m_rule, event->text());
+    if (!text.isEmpty()) {
+        QKeyEvent mapped(event->type(), event->key(), event->modifiers(), text, event->isAutoRepeat());
+        QLineEdit::keyPressEvent(&mapped);
+    }
+    event->accept();
+}
+
+void EntryField::inputMethodEvent(QInputMethodEvent* event)
+{
+    QInputMethodEvent mapped(event->preeditString(), event->attributes());
+    mapped.setCommitString(
+        typedText(m_rule, event->commitString()), event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&mapped);
+    event->accept();
+}
+
+} // namespace lorvan

@@ -1,0 +1,111 @@
+#include "controls/plain_list.h"
+
+#include "controls/row_delegate.h"
+#include "controls/theme.h"
+
+#include <QKeyEvent>
+#include <QSignalBlocker>
+#include <QStandardItemModel>
+
+namespace lorvan {
+namespace {
+
+constexpr int heightOverFont = 5;
+constexpr int margin = 2;
+constexpr int leastRows = 3;
+constexpr int usualRows = 6;
+
+} // namespace
+
+PlainList::PlainList(Face face, QWidget* parent)
+    : QListView(parent)
+    , m_rows(new QStandardItemModel(this))
+    , m_face(face)
+{
+    setItemDelegate(new RowDelegate(this));
+    setModel(m_rows);
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerItem);
+    setViewportMargins(0, margin, 0, margin);
+    connect(&Theme::instance(), &Theme::changed, this, &PlainList::dress);
+    dress();
+}
+
+void PlainList::dress()
+{
+    if (m_face == Face::FixedWidth)
+        setFont(Theme::instance().fixedFont());
+}
+
+void PlainList::setRows(const std::vector<ListRow>& rows)
+{
+    m_rows->clear();
+    for (const ListRow& row : rows) {
+        auto* const item = new QStandardItem(row.text);
+        item->setData(row.data, Qt::UserRole);
+        m_rows->appendRow(item);
+    }
+}
+
+void PlainList::setRowHeight(int pixels)
+{
+    m_rowHeight = pixels;
+    doItemsLayout();
+}
+
+int PlainList::rowHeight() const
+{
+    return std::max(m_rowHeight, fontMetrics().height() + heightOverFont);
+}
+
+QSize PlainList::sizeHint() const
+{
+    return {160, usualRows * rowHeight() + 2 * (margin + frameWidth())};
+}
+
+QSize PlainList::minimumSizeHint() const
+{
+    return {80, leastRows * rowHeight() + 2 * (margin + frameWidth())};
+}
+
+void PlainList::changeEvent(QEvent* event)
+{
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        doItemsLayout();
+}
+
+void PlainList::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_F2 && currentIndex().isValid()) {
+        event->accept();
+        Q_EMIT opened(currentIndex());
+        return;
+    }
+    QListView::keyPressEvent(event);
+}
+
+void PlainList::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    m_afterDoubleClick = true;
+    QListView::mouseDoubleClickEvent(event);
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (index.isValid() && event->button() == Qt::LeftButton)
+        Q_EMIT opened(index);
+}
+
+void PlainList::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!m_afterDoubleClick) {
+        QListView::mouseReleaseEvent(event);
+        return;
+    }
+    m_afterDoubleClick = false;
+    const QSignalBlocker noSecondClick(this);
+    QListView::mouseReleaseEvent(event);
+}
+
+} // namespace lorvan

@@ -1,0 +1,35 @@
+#include "controls/tick_list.h"
+
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace lorvan {
+
+TickList::TickList(Face face, QWidget* parent)
+    : PlainList(face, parent)
+{
+    setSelectionMode(MultiSelection);
+}
+
+std::vector<qint64> TickList::chosenData() const
+{
+    QModelIndexList chosen = selectionModel()->selectedIndexes();
+    std::sort(chosen.begin(), chosen.end());
+    std::vector<qint64> keys;
+    for (const QModelIndex& index : chosen)
+        keys.push_back(index.data(Qt::UserRole).toLongLong());
+    return keys;
+}
+
+QItemSelectionModel::SelectionFlags TickList::selectionCommand(const QModelIndex& index, const QEvent* event) const
+{
+    if (event && event->type() == QEvent::MouseButtonPress) {
+        const auto* const mouse = static_cast<const QMouseEvent*>(event);
+        if (mouse->modifiers().testFlag(Qt::ShiftModifier))
+            return QItemSelectionModel::SelectCurrent;
+    }
+    return PlainList::selectionCommand(index, event);
+}
+
+} // namespace lorvan

@@ -1,0 +1,159 @@
+#include "controls/totals_bar.h"
+
+#include "controls/theme.h"
+
+#include <QLabel>
+#include <QPainter>
+
+namespace lorvan {
+namespace {
+
+constexpr int usualHeight = 46;
+constexpr int sideMargin = 12;
+constexpr int captionGap = 8;
+constexpr int leastGap = 10; ///< On either side of a separator.
+constexpr int separatorInset = 12;
+constexpr qreal captionFactor = 0.9;
+constexpr qreal totalFactor = 1.45;
+constexpr qreal balanceFactor = 1.7;
+constexpr std::array steps{1.0, 0.85, 0.7};
+
+void colourText(QLabel& label, ColourRole role)
+{
+    QPalette colours = label.palette();
+    colours.setColor(QPalette::WindowText, Theme::instance().colour(role));
+    label.setPalette(colours);
+}
+
+QFont figureFont(qreal factor)
+{
+    return Theme::instance().figureFont(factor, QFont::DemiBold);
+}
+
+} // namespace
+
+TotalsBar::TotalsBar(QWidget* parent)
+    : QFrame(parent)
+    , m_pairs{addPair(1, QStringLiteral("Σύνολο Εσόδων "), totalFactor),
+          addPair(3, QStringLiteral("Σύνολο Εξόδων  "), totalFactor),
+          addPair(5, QStringLiteral("Υπόλοιπο ταμείου "), balanceFactor)}
+{
+    setObjectName(QStringLiteral("Bar1"));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    connect(&Theme::instance(), &Theme::changed, this, &TotalsBar::dress);
+    dress();
+}
+
+TotalsBar::Pair TotalsBar::addPair(int index, const QString& caption, qreal factor)
+{
+    const auto add = [this](int number, const QString& text) {
+        auto* const label = new QLabel(text, this);
+        label->setObjectName(QStringLiteral("Bar1(%1)").arg(number));
+        label->setTextFormat(Qt::PlainText);
+        return label;
+    };
+    return {add(index, caption), add(index + 1, QStringLiteral("0")), factor};
+}
+
+void TotalsBar::setFigures(const QString& income, const QString& expense, const QString& balance)
+{
+    m_pairs[0].figure->setText(income);
+    m_pairs[1].figure->setText(expense);
+    m_pairs[2].figure->setText(balance);
+    updateGeometry();
+    layOut();
+}
+
+void TotalsBar::dress()
+{
+    for (const Pair& pair : m_pairs) {
+        pair.caption->setFont(Theme::instance().font(captionFactor));
+        colourText(*pair.caption, ColourRole::Muted);
+    }
+    colourText(*m_pairs[0].figure, ColourRole::Income);
+    colourText(*m_pairs[1].figure, ColourRole::Expense);
+    colourText(*m_pairs[2].figure, ColourRole::Text);
+    updateGeometry();
+    layOut();
+    update();
+}
+
+int TotalsBar::pairWidth(const Pair& pair, qreal step) const
+{
+    const QFontMetrics caption(pair.caption->font());
+    const QFontMetrics figure(figureFont(pair.factor * step));
+    return caption.horizontalAdvance(pair.caption->text().trimmed()) + captionGap
+        + figure.horizontalAdvance(pair.figure->text());
+}
+
+int TotalsBar::pairsWidth(qreal step) const
+{
+    int width = 0;
+    for (const Pair& pair : m_pairs)
+        width += pairWidth(pair, step);
+    return width;
+}
+
+QSize TotalsBar::sizeHint() const
+{
+    const int height = QFontMetrics(figureFont(balanceFactor)).height() + captionGap;
+    return {pairsWidth(steps.front()) + 2 * sideMargin + 4 * leastGap, std::max(usualHeight, height)};
+}
+
+QSize TotalsBar::minimumSizeHint() const
+{
+    return {pairsWidth(steps.back()) + 2 * sideMargin + 4 * leastGap, sizeHint().height()};
+}
+
+qreal TotalsBar::largestStep() const
+{
+    for (const qreal step : steps) {
+        if (pairsWidth(step) + 2 * sideMargin + 4 * leastGap <= width())
+            return step;
+    }
+    return steps.back();
+}
+
+void TotalsBar::layOut()
+{
+    const qreal step = largestStep();
+    const int gap = std::max(leastGap, (width() - 2 * sideMargin - pairsWidth(step)) / 4);
+    int left = sideMargin;
+    for (std::size_t i = 0; i < m_pairs.size(); ++i) {
+        if (i == m_pairs.size() - 1)
+            left = width() - sideMargin - pairWidth(m_pairs[i], step);
+        placePair(m_pairs[i], step, left);
+        left += pairWidth(m_pairs[i], step) + gap;
+        if (i < m_separators.size())
+            m_separators[i] = left;
+        left += gap;
+    }
+    update();
+}
+
+void TotalsBar::placePair(const Pair& pair, qreal step, int left) const
+{
+    const int captionWidth = pair.caption->sizeHint().width();
+    const int figureWidth = QFontMetrics(figureFont(pair.factor * step)).horizontalAdvance(pair.figure->text());
+    pair.figure->setFont(figureFont(pair.factor * step));
+    pair.caption->setGeometry(left, 1, captionWidth, height() - 1);
+    pair.figure->setGeometry(left + pairWidth(pair, step) - figureWidth, 1, figureWidth, height() - 1);
+}
+
+void TotalsBar::resizeEvent(QResizeEvent* event)
+{
+    QFrame::resizeEvent(event);
+    layOut();
+}
+
+void TotalsBar::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const Theme& theme = Theme::instance();
+    painter.fillRect(rect(), theme.colour(ColourRole::Band));
+    painter.fillRect(0, 0, width(), 1, theme.colour(ColourRole::Line));
+    for (const int left : m_separators)
+        painter.fillRect(left, separatorInset, 1, height() - 2 * separatorInset, theme.colour(ColourRole::Edge));
+}
+
+} // namespace lorvan
