@@ -1,2 +1,6 @@
 list(APPEND LORVAN_CORE_TESTS
-    app/marker_contention_test.cpp)
+    app/book_schema_test.cpp
+    app/marker_contention_test.cpp
+    app/path_file_test.cpp
+    app/schema_upgrade_test.cpp
+    app/usage_marker_test.cpp)

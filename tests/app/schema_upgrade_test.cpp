@@ -1,0 +1,94 @@
+#include "app/schema_upgrade.h"
+#include "platform/sql_error.h"
+#include "support/temporary_book.h"
+
+#include <gtest/gtest.h>
+
+namespace lorvan::test {
+namespace {
+
+const OpeningBalance counted{QDate(2005, 12, 5), cents(150'050)};
+
+/// Movements on the 4th and three cash days around the counted one, under a version; "none" leaves the table empty.
+void makeOld(const TemporaryBook& book, const char* version)
+{
+    book.makeVersionless();
+    book.execute("INSERT INTO kinhseis (kvdikos, hmeromhnia, esoda, ejoda) VALUES (100, 20051204, 10000, 0);"
+                 "INSERT INTO tameio (hmeromhnia, esoda, ejoda, ypoloipo)"
+                 " VALUES (20051204, 10000, 0, 10000), (20051205, 0, 0, 10000), (20051206, 1, 2, 9999)");
+    const std::string text = version;
+    if (text != "none")
+        book.execute("INSERT INTO taytothta (ariumos) VALUES (" + text + ")");
+    if (text == "2" || text == "3")
+        book.execute("ALTER TABLE kinhseis ADD COLUMN L_tajeos INTEGER; UPDATE kinhseis SET L_tajeos=77");
+}
+
+QString state(Connection& main)
+{
+    return valueOf(main,
+        "SELECT (SELECT group_concat(ariumos) FROM taytothta) || '|' || (SELECT group_concat(L_tajeos) FROM kinhseis)"
+        " || '|' || (SELECT group_concat(ypoloipo) FROM (SELECT ypoloipo FROM tameio ORDER BY hmeromhnia))");
+}
+
+} // namespace
+
+TEST(SchemaUpgrade, bringsEachVersionToTheCurrentOneOnce)
+{
+    const struct {
+        const char* version;
+        bool upgrades;
+        const char* after;
+    } cases[] = {
+        {"none", true, "3|0|10000,15005000,15005000"},
+        {"1", true, "3|0|10000,15005000,15005000"},
+        {"2", true, "3|77|10000,15005000,15005000"},
+        {"3", false, "3|77|10000,10000,9999"},
+    };
+    for (const auto& [version, upgrades, after] : cases) {
+        const TemporaryBook book;
+        makeOld(book, version);
+        Connection main = book.openMain();
+        EXPECT_EQ(needsUpgrade(main), upgrades) << version;
+        upgradeSchema(main, counted);
+        EXPECT_EQ(state(main), QString::fromUtf8(after)) << version;
+        EXPECT_FALSE(needsUpgrade(main)) << version;
+        upgradeSchema(main, {QDate(2000, 1, 1), cents(1)});
+        EXPECT_EQ(state(main), QString::fromUtf8(after)) << version << ": what another computer has done is done";
+    }
+}
+
+TEST(SchemaUpgrade, anUnknownVersionIsReportedAndNothingIsChanged)
+{
+    for (const char* version : {"0", "4", "-1", "NULL"}) {
+        const TemporaryBook book;
+        makeOld(book, version);
+        Connection main = book.openMain();
+        EXPECT_THROW((void)needsUpgrade(main), UnknownSchemaVersion) << version;
+        EXPECT_THROW(upgradeSchema(main, counted), UnknownSchemaVersion) << version;
+        EXPECT_EQ(valueOf(main, "SELECT sum(ypoloipo) FROM tameio"), QStringLiteral("29999")) << version;
+        EXPECT_FALSE(main.inTransaction());
+    }
+}
+
+TEST(SchemaUpgrade, aColumnThatIsThereAlreadyIsNotAddedAgain)
+{
+    const TemporaryBook book;
+    makeOld(book, "1");
+    book.execute("ALTER TABLE kinhseis ADD COLUMN l_tajeos INTEGER");
+    Connection main = book.openMain();
+    upgradeSchema(main, counted);
+    EXPECT_EQ(state(main), QStringLiteral("3|0|10000,15005000,15005000"));
+}
+
+TEST(SchemaUpgrade, aStepThatFailsUndoesTheStepsBeforeIt)
+{
+    const TemporaryBook book;
+    makeOld(book, "none");
+    book.execute("CREATE TRIGGER stop BEFORE INSERT ON taytothta BEGIN SELECT raise(ABORT, 'stopped'); END");
+    Connection main = book.openMain();
+    EXPECT_THROW(upgradeSchema(main, counted), SqlError);
+    EXPECT_THROW((void)main.prepare("SELECT L_tajeos FROM kinhseis"), SqlError);
+    EXPECT_EQ(valueOf(main, "SELECT sum(ypoloipo) FROM tameio"), QStringLiteral("29999"));
+}
+
+} // namespace lorvan::test

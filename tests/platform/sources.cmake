@@ -1,0 +1,7 @@
+list(APPEND LORVAN_CORE_TESTS
+    platform/amounts_test.cpp
+    platform/connection_test.cpp
+    platform/damaged_files_test.cpp
+    platform/date_text_test.cpp
+    platform/sql_functions_test.cpp
+    platform/text_test.cpp)
