@@ -2,11 +2,10 @@
 
 #include "app/main_controls.h"
 #include "cashbook/entry_rules.h"
+#include "controls/check_field.h"
 #include "controls/entry_field.h"
 #include "platform/amount_text.h"
 #include "platform/message_window.h"
-
-#include <QCheckBox>
 
 namespace lorvan {
 namespace {
@@ -23,7 +22,7 @@ AmountReading readField(const QString& text)
 MovementFields::MovementFields(QWidget* page)
     : QObject(page)
     , m_fields(QStringLiteral("Text1"))
-    , m_cheque(new QCheckBox(QStringLiteral("Επιταγή"), page))
+    , m_cheque(new CheckField(QStringLiteral("Επιταγή"), page))
 {
     auto* const description = m_fields.add(field::description, new EntryField(TypingRule::Capitals, page));
     description->setAccessibleName(QStringLiteral("Περιγραφή"));

@@ -1,12 +1,12 @@
 #include "codes/codes_page.h"
 
 #include "app/main_controls.h"
+#include "controls/check_field.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/plain_list.h"
 #include "controls/themed_label.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
 
@@ -44,8 +44,8 @@ CodesPage::CodesPage(QWidget* parent)
     , m_fields(QStringLiteral("Text1"))
     , m_commands(QStringLiteral("Command1"))
     , m_lists(QStringLiteral("DBList1"))
-    , m_income(new QCheckBox(QStringLiteral("Είναι έσοδο;")))
-    , m_active(new QCheckBox(QStringLiteral("Eνεργός")))
+    , m_income(new CheckField(QStringLiteral("Είναι έσοδο;")))
+    , m_active(new CheckField(QStringLiteral("Eνεργός")))
 {
     setObjectName(QStringLiteral("Panel1(2)"));
     auto* const rows = new QVBoxLayout(this);

@@ -2,6 +2,7 @@
 
 #include "app/start_failure_window.h"
 #include "controls/busy_pointer.h"
+#include "controls/check_field.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/icons.h"
@@ -11,7 +12,6 @@
 #include "platform/connection.h"
 #include "platform/message_window.h"
 
-#include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -181,7 +181,7 @@ QLayout* Login::userFields(QWidget* parent)
     int row = 2;
     for (const QString& right : {QStringLiteral("Να μεταβάλει τις εγγραφές του ταμείου"),
              QStringLiteral("Να κλήνει το ταμείο"), QStringLiteral("Να μεταβάλει ομάδες και κωδικούς")}) {
-        auto* const check = new QCheckBox(right, parent);
+        auto* const check = new CheckField(right, parent);
         check->setObjectName(QStringLiteral("SSCheck1(%1)").arg(row - 2));
         grid->addWidget(check, row++, 0, 1, 2);
     }
