@@ -1,3 +1,7 @@
 list(APPEND LORVAN_CORE_TESTS
+    cashbook/cash_book_test.cpp
+    cashbook/day_view_test.cpp
+    cashbook/entry_rules_test.cpp
+    cashbook/failing_disk_test.cpp
     cashbook/kill_test.cpp
     cashbook/random_changes_test.cpp)

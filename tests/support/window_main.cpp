@@ -1,9 +1,6 @@
-#include <QApplication>
-
-#if __has_include("controls/theme.h")
 #include "controls/theme.h"
-#define LORVAN_HAS_THEME
-#endif
+
+#include <QApplication>
 
 #include <gtest/gtest.h>
 
@@ -11,6 +8,7 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
+    lorvan::Theme::install(application);
     return RUN_ALL_TESTS();
 }

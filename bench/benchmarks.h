@@ -1,0 +1,16 @@
+#pragma once
+
+#include "app/book_files.h"
+#include "stopwatch.h"
+
+#include <vector>
+
+namespace lorvan::bench {
+
+/// What a user does to a day, on the book at its oldest, middle and newest day. The comparisons keep the book open.
+[[nodiscard]] std::vector<Comparison> movementBenchmarks(const BookFiles& files);
+
+/// Key derivation and opening.
+[[nodiscard]] std::vector<Comparison> openingBenchmarks(const BookFiles& files);
+
+} // namespace lorvan::bench

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/book_files.h"
+
+#include <QDate>
+
+namespace lorvan::bench {
+
+inline constexpr int cashDays = 3000;
+inline constexpr qint32 firstCode =
+    101; ///< An income code; the 40 codes are numbered from here, income and expense in turn.
+
+/// The days that are measured. They hold the same number of movements in a book of any size.
+[[nodiscard]] QDate oldestDay();
+[[nodiscard]] QDate middleDay();
+[[nodiscard]] QDate newestDay();
+inline constexpr int movementsOfMeasuredDay = 30;
+
+/// Makes a book with that many movements over 3,000 consecutive days, one in ten of them entered late, every balance
+/// consistent. A book that is there already is used as it is.
+void ensureBook(const BookFiles& files, int movements);
+
+} // namespace lorvan::bench

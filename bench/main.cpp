@@ -1,0 +1,54 @@
+// Measures what a user waits for against the least that the database engine needs, on books of three sizes.
+//
+//   lorvan-bench [FOLDER [MOVEMENTS...]]
+//
+// The books are made in FOLDER (default: lorvan-bench in TMPDIR) where they are missing, and kept.
+
+#include "benchmarks.h"
+#include "book_generator.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+using namespace lorvan;
+using namespace lorvan::bench;
+
+void measureBook(const QString& folder, int movements)
+{
+    const BookFiles files(folder + QStringLiteral("/%1").arg(movements));
+    ensureBook(files, movements);
+    for (const auto& comparisons : {movementBenchmarks(files), openingBenchmarks(files)}) {
+        for (const Comparison& comparison : comparisons)
+            printFigures(QString::number(movements), comparison, measure(comparison));
+    }
+}
+
+void run(const QStringList& arguments)
+{
+    const QString folder = arguments.value(1, QDir::tempPath() + QStringLiteral("/lorvan-bench"));
+    QStringList sizes = arguments.mid(2);
+    if (sizes.isEmpty())
+        sizes = {QStringLiteral("10000"), QStringLiteral("100000"), QStringLiteral("1000000")};
+    printHeading();
+    for (const QString& size : sizes)
+        measureBook(folder, size.toInt());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    try {
+        run(QCoreApplication::arguments());
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,64 @@
+#include "cashbook/day_view.h"
+#include "cashbook/weekday.h"
+#include "support/temporary_book.h"
+
+#include <gtest/gtest.h>
+
+namespace lorvan::test {
+
+TEST(DayLine, isRightToTheCharacter)
+{
+    const QDate day(2024, 3, 15);
+    const struct {
+        const char* what;
+        MovementDraft movement;
+        int number;
+        const char* line;
+    } cases[] = {
+        {"income with a memorandum amount", {100, day, QStringLiteral("Λιανική"), cents(12'345), {}, cents(500), false},
+            1, "   1   100 Λιανική                          5,00     123,45          0 "},
+        {"expense by cheque", {20, day, QStringLiteral("ΔΕΗ"), {}, cents(1'000'000), {}, true}, 12,
+            "  12    20 ΔΕΗ                                            0  10.000,00 §"},
+        {"longer than its columns",
+            {1234567, day, QStringLiteral("Μακριά περιγραφή που κόβεται"), cents(1'234'567'890), {}, cents(-100),
+                false},
+            12345, "2345 34567 Μακριά περιγραφή που κ          -1,00.345.678,90          0 "},
+        {"nothing but a code", {7, day, QStringLiteral("  α  "), {}, {}, {}, false}, 3,
+            "   3     7 α                                              0          0 "},
+    };
+    for (const auto& expected : cases)
+        EXPECT_EQ(movementLine(expected.movement, expected.number), QString::fromUtf8(expected.line)) << expected.what;
+    EXPECT_EQ(storedLine(cases[1].movement),
+        QStringLiteral("   20 ΔΕΗ                                            0  10.000,00 §"));
+}
+
+TEST(DayLine, theSummaryIsWholeWhereTheLineIsCut)
+{
+    const QString description = QString(10'000, u'δ') + QStringLiteral(" \"100%\"");
+    const MovementDraft movement{1234567, QDate(2024, 3, 15), description, cents(1'234'567'890), {}, {}, true};
+    const QString summary = movementSummary(movement, 1);
+    EXPECT_TRUE(summary.contains(description));
+    EXPECT_TRUE(summary.contains(QStringLiteral("1234567 ")));
+    EXPECT_TRUE(summary.contains(QStringLiteral("12.345.678,90")));
+    EXPECT_TRUE(summary.contains(QStringLiteral("Επιταγή")));
+    EXPECT_EQ(movementLine(movement, 1).size(), 72);
+}
+
+TEST(DayLine, theCarriedBalanceNamesItsDay)
+{
+    EXPECT_EQ(
+        carriedLine({QDate(2005, 3, 2), cents(123'456)}), QStringLiteral("Υπόλοιπο για την 02-03-2005    1.234,56"));
+    EXPECT_EQ(carriedLine({QDate(2005, 3, 2), cents(-50)}), QStringLiteral("Υπόλοιπο για την 02-03-2005    -0,50"));
+    EXPECT_EQ(carriedLine({QDate(2005, 3, 2), {}}), QStringLiteral("Υπόλοιπο από την προηγούμενη 0"));
+    EXPECT_EQ(carriedLine({}), QStringLiteral("Υπόλοιπο από την προηγούμενη 0"));
+}
+
+TEST(Weekday, isSpelledAsTheEntryShowsIt)
+{
+    EXPECT_EQ(entryWeekday(QDate(2024, 3, 16)), QStringLiteral("Σαββάτο"));
+    EXPECT_EQ(entryWeekday(QDate(2024, 3, 17)), QStringLiteral("Κυριακή"));
+    EXPECT_EQ(entryWeekday(QDate(2024, 3, 18)), QStringLiteral("Δευτέρα"));
+    EXPECT_EQ(entryWeekday(QDate()), QString());
+}
+
+} // namespace lorvan::test
