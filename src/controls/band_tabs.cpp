@@ -67,14 +67,14 @@ void BandTabs::paintTab(QPainter& painter, int index) const
     }
     const QRect icon(tab.left() + sidePadding, tab.center().y() - iconExtent / 2 + 1, iconExtent, iconExtent);
     paintIcon(
-        painter, icon, tabData(index).toString(), theme.colour(selected ? ColourRole::Accent : ColourRole::Muted));
+        painter, icon, tabData(index).toString(), theme.colour(selected ? ColourRole::PageAccent : ColourRole::Muted));
     painter.setFont(theme.font(1.0, selected ? QFont::DemiBold : QFont::Normal));
     painter.setPen(theme.colour(selected ? ColourRole::PageText : ColourRole::Muted));
     painter.drawText(tab.adjusted(sidePadding + iconExtent + iconGap, 0, 0, 0),
         Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shownText(index));
     if (selected && hasFocus()) {
         paintPanel(painter, QRectF(tab).adjusted(4, markHeight + 3, -4, -4), Qt::transparent,
-            theme.colour(ColourRole::Accent), focusWidth);
+            theme.colour(ColourRole::PageAccent), focusWidth);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "controls/colours.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -44,6 +45,7 @@ LightAndDark coloursOf(ColourRole role)
     case ColourRole::Edge:
         return {0x838E9B, 0x717C89};
     case ColourRole::Accent:
+    case ColourRole::PageAccent:
         return {0x1E5F94, 0x79B4EA};
     case ColourRole::OnAccent:
         return {0xFFFFFF, 0x0C1A28};
@@ -93,8 +95,9 @@ QColor darkColour(ColourRole role)
 
 qreal contrast(const QColor& one, const QColor& other)
 {
-    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
-    return (lighter + 0.05) / (darker + 0.05);
+    const qreal first = luminance(one);
+    const qreal second = luminance(other);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
 } // namespace lorvan

@@ -21,6 +21,8 @@ constexpr int smallHeight = 26;
 constexpr int heightOverFont = 8;
 constexpr int leastWidth = 104;
 constexpr int iconAloneWidth = 44;
+constexpr float hoverShade = 0.06F;
+constexpr float pressedShade = 0.12F;
 
 int textWidth(const QString& text, QFont::Weight weight)
 {
@@ -127,8 +129,8 @@ bool CommandButton::event(QEvent* event)
 void CommandButton::changeEvent(QEvent* event)
 {
     QPushButton::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange)
-        dressCaption();
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::StyleChange)
+        dressCaption(); // a style sheet takes back what a child was given, also when the button moves to a window
     if (event->type() == QEvent::FontChange)
         updateGeometry();
 }
@@ -163,7 +165,7 @@ void CommandButton::dressCaption()
 
 void CommandButton::placeCaption()
 {
-    const int width = m_caption->sizeHint().width();
+    const int width = m_caption->fontMetrics().horizontalAdvance(m_caption->text());
     const int right = (this->width() + contentWidth()) / 2;
     m_caption->setGeometry(right - width, 0, width, height());
 }
@@ -185,38 +187,53 @@ void CommandButton::keyPressEvent(QKeyEvent* event)
         click();
 }
 
+QColor CommandButton::groundColour() const
+{
+    const Theme& theme = Theme::instance();
+    const bool touched = isEnabled() && (isDown() || underMouse());
+    if (isSolid())
+        return theme.colour(touched ? ColourRole::SolidHover : ColourRole::Accent);
+    if (isBare()) {
+        QColor shade = theme.colour(ColourRole::PageText);
+        shade.setAlphaF(!touched ? 0 : isDown() ? pressedShade : hoverShade);
+        return shade;
+    }
+    if (!isEnabled())
+        return theme.colour(ColourRole::OffField);
+    if (isDown())
+        return theme.colour(ColourRole::Tint);
+    return theme.colour(touched ? ColourRole::ButtonHover : ColourRole::Button);
+}
+
+QColor CommandButton::borderColour() const
+{
+    if (isSolid())
+        return groundColour();
+    if (m_frameless)
+        return Qt::transparent;
+    const bool faint = m_look == Look::Quiet || !isEnabled();
+    return Theme::instance().colour(faint ? ColourRole::PageLine : ColourRole::Edge);
+}
+
+/// Around an outlined button; inside a solid one, whose own colour is the ring's.
+void CommandButton::paintFocus(QPainter& painter) const
+{
+    const Theme& theme = Theme::instance();
+    if (!isSolid()) {
+        const ColourRole role = isBare() ? ColourRole::PageAccent : ColourRole::Accent;
+        paintPanel(painter, rect(), Qt::transparent, theme.colour(role), focusWidth);
+        return;
+    }
+    const QRectF inside = QRectF(rect()).adjusted(focusWidth, focusWidth, -focusWidth, -focusWidth);
+    paintPanel(painter, inside, Qt::transparent, theme.colour(ColourRole::OnAccent), focusWidth, cornerRadius - 1);
+}
+
 void CommandButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const Theme& theme = Theme::instance();
-    const bool hovered = isEnabled() && underMouse() && !isDown();
-    const bool solid = m_look == Look::Solid && isEnabled();
-    const bool bare = (m_look == Look::Quiet || m_frameless) && !solid;
-
-    QColor ground = theme.colour(ColourRole::Button);
-    QColor border = theme.colour(m_look == Look::Quiet ? ColourRole::PageLine : ColourRole::Edge);
-    if (solid) {
-        ground = border = theme.colour(hovered || isDown() ? ColourRole::SolidHover : ColourRole::Accent);
-    } else if (!isEnabled()) {
-        ground = bare ? QColor(Qt::transparent) : theme.colour(ColourRole::OffField);
-        border = theme.colour(ColourRole::PageLine);
-    } else if (hovered || isDown()) {
-        ground = theme.colour(isDown() ? ColourRole::Tint : ColourRole::ButtonHover);
-    } else if (bare) {
-        ground = Qt::transparent;
-    }
-    if (m_frameless && !solid)
-        border = ground;
-    if (border.alpha() > 0 || ground.alpha() > 0)
-        paintPanel(painter, rect(), ground, border, 1);
-    if (hasFocus()) {
-        const qreal gap = solid ? focusWidth + 1 : 0;
-        if (solid)
-            paintPanel(painter, rect(), theme.colour(ColourRole::Accent), theme.colour(ColourRole::Accent), 1);
-        paintPanel(painter, QRectF(rect()).adjusted(gap, gap, -gap, -gap), Qt::transparent,
-            theme.colour(solid ? ColourRole::OnAccent : ColourRole::Accent), solid ? 1.5 : focusWidth,
-            cornerRadius - gap / 2);
-    }
+    paintPanel(painter, rect(), groundColour(), borderColour(), 1);
+    if (hasFocus())
+        paintFocus(painter);
     const int left = (width() - contentWidth()) / 2;
     if (!m_iconName.isEmpty())
         paintIcon(painter, QRect(left, (height() - iconExtent) / 2, iconExtent, iconExtent), m_iconName, textColour());

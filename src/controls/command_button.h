@@ -52,7 +52,12 @@ protected:
 private:
     [[nodiscard]] bool showsCaption() const;
     [[nodiscard]] int contentWidth() const;
+    [[nodiscard]] bool isSolid() const { return m_look == Look::Solid && isEnabled(); }
+    [[nodiscard]] bool isBare() const { return (m_look == Look::Quiet || m_frameless) && !isSolid(); }
     [[nodiscard]] QColor textColour() const;
+    [[nodiscard]] QColor groundColour() const;
+    [[nodiscard]] QColor borderColour() const;
+    void paintFocus(QPainter& painter) const;
     void dressCaption();
     void placeCaption();
     void followCaption();

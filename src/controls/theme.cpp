@@ -28,7 +28,7 @@ constexpr int darkBelow = 128;
 bool isPageRole(ColourRole role)
 {
     return role == ColourRole::PageText || role == ColourRole::PageMuted || role == ColourRole::PageOffText
-        || role == ColourRole::PageLine;
+        || role == ColourRole::PageLine || role == ColourRole::PageAccent;
 }
 
 bool hasEqualDigits(const QFont& font)
@@ -162,7 +162,11 @@ void Theme::apply()
 
 void Theme::noteSystemPalette(const QPalette& system)
 {
-    if (m_applying || system == m_system)
+    const bool isFirst = !m_styled;
+    if (m_styled == system)
+        return;
+    m_styled = system;
+    if (isFirst)
         return;
     m_system = system;
     QMetaObject::invokeMethod(this, &Theme::apply, Qt::QueuedConnection);

@@ -43,6 +43,7 @@ enum class ColourRole {
     PageMuted,
     PageOffText,
     PageLine,
+    PageAccent,
 };
 
 /// Colours, fonts and style of every window. The light theme is our own; with a dark system palette the grounds, texts
@@ -93,7 +94,8 @@ private:
     [[nodiscard]] std::optional<QColor> systemColour(ColourRole role) const;
     [[nodiscard]] QColor pageCompanion(ColourRole role) const;
 
-    QPalette m_system;
+    QPalette m_system; ///< Colours come from here: the style's, unless somebody has set the application's.
+    std::optional<QPalette> m_styled; ///< The style's.
     QPalette m_applied;
     QString m_figureFamily; ///< Empty where the desktop font's digits are of one width.
     std::optional<QColor> m_pageColour;
