@@ -112,6 +112,11 @@ QDate middleDay()
     return dayAt(cashDays / 2);
 }
 
+QDate ordinaryDay()
+{
+    return dayAt(cashDays / 3);
+}
+
 QDate newestDay()
 {
     return dayAt(cashDays - 1);

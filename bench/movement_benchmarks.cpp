@@ -26,6 +26,13 @@ struct BareBook {
 
     void fill(QDate day) const
     {
+        reading.run();
+        read(day);
+        commit.run();
+    }
+
+    void read(QDate day) const
+    {
         previous.run({storedDate(day)});
         rows.run({storedDate(day)});
     }
@@ -41,7 +48,7 @@ struct BareBook {
         const std::int64_t day = storedDate(newestDay());
         begin.run();
         insertRow(day);
-        fill(newestDay());
+        read(newestDay());
         dayRow.run({std::int64_t(1), std::int64_t(2), std::int64_t(3), day});
         commit.run();
     }
@@ -65,6 +72,7 @@ struct BareBook {
     BareConnection main;
     BareConnection auxiliary;
     BareStatement begin{main, "BEGIN IMMEDIATE"};
+    BareStatement reading{main, "BEGIN"};
     BareStatement commit{main, "COMMIT"};
     BareStatement closed{auxiliary, "SELECT 1 FROM klhsimotameioy WHERE hmeraklhsimatos=? LIMIT 1"};
     BareStatement previous{
@@ -140,6 +148,7 @@ std::vector<Comparison> movementBenchmarks(const BookFiles& files)
         fill(bench, QStringLiteral("oldest"), oldestDay()),
         fill(bench, QStringLiteral("middle"), middleDay()),
         fill(bench, QStringLiteral("newest"), newestDay()),
+        fill(bench, QStringLiteral("ordinary"), ordinaryDay()),
         change(bench),
         {QStringLiteral("insert on the newest day"),
             {[=] { bench->bare.insertOnNewest(); }, [=] { bench->removeBareLast(newestDay(), false); }},

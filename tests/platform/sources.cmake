@@ -3,5 +3,6 @@ list(APPEND LORVAN_CORE_TESTS
     platform/connection_test.cpp
     platform/damaged_files_test.cpp
     platform/date_text_test.cpp
+    platform/process_test.cpp
     platform/sql_functions_test.cpp
     platform/text_test.cpp)

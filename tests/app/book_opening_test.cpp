@@ -1,0 +1,86 @@
+#include "app/book_opening.h"
+#include "app/schema_upgrade.h"
+#include "platform/sql_error.h"
+#include "support/temporary_book.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace lorvan::test {
+namespace {
+
+class BookOpeningTest : public testing::Test {
+protected:
+    BookOpeningTest() { book.makeVersionless(); }
+
+    Book open()
+    {
+        return openBook(book.files(), testKeys(), marker, [this] {
+            ++questions;
+            onQuestion();
+            return OpeningBalance{QDate(2024, 1, 1), cents(1)};
+        });
+    }
+
+    [[nodiscard]] QString version() const
+    {
+        Connection main = book.openMain();
+        return valueOf(
+            main, "SELECT count(*) || (SELECT count(*) FROM sqlite_master WHERE type='index') FROM taytothta");
+    }
+
+    TemporaryBook book;
+    UsageMarker marker{book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("A")}};
+    UsageMarker other{book.files().usageMarker(), {QStringLiteral("Νίκος"), QStringLiteral("B")}};
+    int questions = 0;
+    std::function<void()> onQuestion = [] {};
+};
+
+} // namespace
+
+TEST_F(BookOpeningTest, anOldBookIsUpgradedOnceAndGetsItsIndexes)
+{
+    EXPECT_EQ(version(), QStringLiteral("02"));
+    (void)open();
+    (void)open();
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(version(), QStringLiteral("14"));
+}
+
+TEST_F(BookOpeningTest, theUpgradeWaitsWhileAnotherComputerWorks)
+{
+    ASSERT_TRUE(other.claim());
+    EXPECT_THROW((void)open(), UpgradeMustWait);
+    EXPECT_EQ(questions, 0);
+    other.release();
+
+    onQuestion = [this] { EXPECT_TRUE(other.claim()); };
+    EXPECT_THROW((void)open(), UpgradeMustWait) << "claimed while the question stood";
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(version(), QStringLiteral("02"));
+}
+
+TEST_F(BookOpeningTest, missingIndexesWaitWhileAnotherComputerWorks)
+{
+    (void)open();
+    book.execute("DROP INDEX lorvan_tameio_hmeromhnia");
+    ASSERT_TRUE(other.claim());
+    (void)open();
+    EXPECT_EQ(version(), QStringLiteral("13"));
+    other.release();
+    (void)open();
+    EXPECT_EQ(version(), QStringLiteral("14"));
+}
+
+TEST_F(BookOpeningTest, aBookThatCannotBeOpenedWholeIsNotChanged)
+{
+    onQuestion = [] { throw std::runtime_error("the window was closed"); };
+    EXPECT_THROW((void)open(), std::runtime_error);
+    QFile::remove(book.files().auxiliaryDatabase());
+    EXPECT_THROW((void)open(), SqlError);
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(version(), QStringLiteral("02"));
+}
+
+} // namespace lorvan::test
