@@ -88,6 +88,8 @@ void CodeChooser::showPopup()
 {
     if (m_rowIsStale)
         setCurrentRow(-1);
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, view());
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + bar);
     QComboBox::showPopup();
 }
 
