@@ -133,7 +133,7 @@ QLayout* MovementEntryPage::dayRow()
 QLayout* MovementEntryPage::entryGrid()
 {
     enum Column { Code, Description, Income, Expense, Memorandum };
-    enum Row { Captions, Fields, Commands };
+    enum Row { Captions, Fields, Gap, Commands };
 
     auto* const grid = new QGridLayout;
     grid->setHorizontalSpacing(betweenControls);
@@ -158,9 +158,9 @@ QLayout* MovementEntryPage::entryGrid()
         m_fields.field(index)->setFixedWidth(amountWidth);
         grid->addWidget(m_fields.field(index), Fields, column);
     }
-    grid->setRowMinimumHeight(Commands, 32 + betweenRows);
-    grid->addWidget(m_fields.cheque(), Commands, Code, Qt::AlignBottom);
-    grid->addLayout(commandRow(), Commands, Description, 1, 4, Qt::AlignBottom);
+    grid->setRowMinimumHeight(Gap, betweenRows - grid->verticalSpacing());
+    grid->addWidget(m_fields.cheque(), Commands, Code);
+    grid->addLayout(commandRow(), Commands, Description, 1, 4);
     return grid;
 }
 

@@ -28,15 +28,6 @@ std::vector<ListRow> rowsOf(const std::vector<MovementCode>& codes)
     return rows;
 }
 
-QLayout* headed(QWidget* heading, QWidget* list)
-{
-    auto* const block = new QVBoxLayout;
-    block->setSpacing(4);
-    block->addWidget(heading);
-    block->addWidget(list, 1);
-    return block;
-}
-
 } // namespace
 
 CodesPage::CodesPage(QWidget* parent)
@@ -55,8 +46,8 @@ CodesPage::CodesPage(QWidget* parent)
     rows->addLayout(commandRow());
     auto* const columns = new QHBoxLayout;
     columns->setSpacing(12);
-    columns->addLayout(codesColumn(), 11);
     columns->addLayout(groupsColumn(), 9);
+    columns->insertLayout(0, codesColumn(), 11);
     rows->addLayout(columns, 1);
     setTabOrders();
     connect(m_lists[Groups], &PlainList::clicked, this,
@@ -140,7 +131,13 @@ PlainList* CodesPage::addList(int index, const QString& name, const QString& tip
 QLayout* CodesPage::codesColumn()
 {
     const QString title = QStringLiteral("Διαθέσιμοι κωδικοί");
-    return headed(listHeading(title), addList(Codes, title, {}));
+    auto* const column = new QVBoxLayout;
+    column->setSpacing(4);
+    QWidget* const heading = listHeading(title);
+    heading->setMinimumHeight(m_commands[command::editGroups]->sizeHint().height()); // both columns' lists begin alike
+    column->addWidget(heading);
+    column->addWidget(addList(Codes, title, {}), 1);
+    return column;
 }
 
 QLayout* CodesPage::groupsColumn()

@@ -131,7 +131,7 @@ void CodeChooser::focusOutEvent(QFocusEvent* event)
         const QScopedValueRollback guard(m_leaving, true);
         QComboBox::focusOutEvent(event);
     }
-    if (isRealFocusChange(event->reason()))
+    if (isRealFocusChange(event->reason()) && !view()->isVisible()) // the open list takes the focus like any other
         Q_EMIT left();
 }
 

@@ -1,5 +1,6 @@
 #include "platform/message_window.h"
 
+#include <QGuiApplication>
 #include <QLabel>
 
 namespace lorvan {
@@ -10,13 +11,25 @@ QString withLineBreaks(QString text)
     return text.replace(u'\r', u'\n');
 }
 
+/// Runs the box with the ordinary pointer, even while an action shows the busy one.
+int run(QMessageBox& box)
+{
+    const bool busy = QGuiApplication::overrideCursor() != nullptr;
+    if (busy)
+        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    const int answer = box.exec();
+    if (busy)
+        QGuiApplication::restoreOverrideCursor();
+    return answer;
+}
+
 QMessageBox::StandardButton ask(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text,
     QMessageBox::StandardButtons buttons, QMessageBox::StandardButton defaultButton)
 {
     QMessageBox box(icon, title, withLineBreaks(text), buttons, parent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(defaultButton);
-    return static_cast<QMessageBox::StandardButton>(box.exec());
+    return static_cast<QMessageBox::StandardButton>(run(box));
 }
 
 } // namespace
@@ -30,7 +43,7 @@ void showMessage(
     const auto labels = box.findChildren<QLabel*>();
     for (QLabel* const label : labels)
         label->setTextFormat(Qt::PlainText); // the box takes the format for its main text alone
-    box.exec();
+    run(box);
 }
 
 bool askOkCancel(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text)

@@ -5,6 +5,7 @@
 #include "controls/check_field.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
+#include "controls/ground_frame.h"
 #include "controls/icons.h"
 #include "controls/plain_list.h"
 #include "controls/themed_label.h"
@@ -74,8 +75,7 @@ Login::Login(BookFiles files, KeyRing& keys)
 
 QWidget* Login::nameStrip()
 {
-    auto* const strip = new QFrame(this);
-    strip->setProperty("ground", QStringLiteral("band"));
+    auto* const strip = new GroundFrame(ColourRole::Band, GroundFrame::Separator::Right, this);
     strip->setFixedWidth(stripWidth);
     auto* const rows = new QVBoxLayout(strip);
     rows->setSpacing(betweenControls);
@@ -136,8 +136,7 @@ QLayout* Login::signInForm()
 
 QWidget* Login::maintenanceArea()
 {
-    auto* const area = new QFrame(this);
-    area->setProperty("ground", QStringLiteral("below-line"));
+    auto* const area = new GroundFrame(ColourRole::Page, GroundFrame::Separator::Top, this);
     auto* const rows = new QVBoxLayout(area);
     rows->setContentsMargins(margin, betweenControls, margin, 12);
     rows->setSpacing(betweenControls);
