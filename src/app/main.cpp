@@ -1,6 +1,7 @@
 #include "app/guarded_window.h"
 #include "app/program.h"
 #include "app/termination_signals.h"
+#include "controls/icons.h"
 #include "controls/theme.h"
 
 #include <QApplication>
@@ -31,6 +32,7 @@ int main(int argumentCount, char** arguments)
     QApplication::setApplicationName(QStringLiteral("Lorvan"));
     QApplication::setQuitOnLastWindowClosed(false); // the windows say themselves when the program ends
     lorvan::Theme::install(application);
+    QApplication::setWindowIcon(lorvan::themedIcon(QStringLiteral("daybook"), lorvan::ColourRole::Accent));
 
     lorvan::Program program(QApplication::applicationFilePath(), lorvan::Clock());
     lorvan::TerminationSignals signalsOfSystem;

@@ -79,7 +79,7 @@ Connection Connection::open(const QString& path, const FileKey& key, Access acce
         throw SqlError(SQLITE_NOTADB, QStringLiteral("file is empty"), path);
     const int flags = access == Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     Connection connection = openHandle(path, key.engineText(), flags);
-    connection.proveReadable();
+    connection.proveReadable(path);
     connection.execute("PRAGMA synchronous = FULL");
     connection.execute(cacheOfSixtyFourMegabytes);
     return connection;
@@ -95,9 +95,13 @@ Connection Connection::create(const QString& path, const QByteArray& password)
     return connection;
 }
 
-void Connection::proveReadable()
+void Connection::proveReadable(const QString& path)
 {
-    (void)prepare("SELECT count(*) FROM sqlite_master").step();
+    try {
+        (void)prepare("SELECT count(*) FROM sqlite_master").step();
+    } catch (const SqlError& error) {
+        throw SqlError(error.code(), error.engineMessage(), path + QStringLiteral(": ") + error.statement());
+    }
 }
 
 void Connection::execute(std::string_view sql)

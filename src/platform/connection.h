@@ -69,7 +69,7 @@ private:
     static Connection openHandle(const QString& path, const QByteArray& engineKey, int flags);
 
     void takeBack(sqlite3_stmt* handle) noexcept;
-    void proveReadable();
+    void proveReadable(const QString& path);
 
     std::unique_ptr<sqlite3, Close> m_handle;
     std::unordered_map<std::string, std::vector<IdleStatement>> m_idle; // destroyed before m_handle is closed
