@@ -3,6 +3,7 @@
 # presses, sees the new balance and leaves. Pictures and the tour's own copy of program and book stay in the target.
 #   tour.sh FOLDER-OF-EXECUTABLES TARGET-FOLDER
 set -euo pipefail
+export LC_ALL=C.UTF-8 # xdotool reads Greek by the locale
 
 bin=$(realpath -- "$1")
 target=$(realpath --canonicalize-missing -- "$2")
@@ -135,7 +136,7 @@ enter_movement() {
     write "$description"
     press Return
     write "$amount"
-    press Return Return Tab
+    press Return Return Return
     picture 3-typed
     press Return
     wait_until "η κίνηση στο βιβλίο" book_has movements $((movements + 1))
