@@ -2,6 +2,7 @@
 
 #include "controls/icons.h"
 #include "controls/shapes.h"
+#include "controls/style_painting.h"
 
 #include <QAbstractItemView>
 #include <QAbstractScrollArea>
@@ -29,106 +30,6 @@ constexpr int fieldPadding = 8; ///< The field itself adds 2 before the text.
 constexpr int figurePadding = 5; ///< On the right of right-aligned figures.
 constexpr int arrowExtent = 16;
 constexpr int arrowPadding = 5;
-
-bool isOff(const QStyleOption& option)
-{
-    return !option.state.testFlag(QStyle::State_Enabled);
-}
-
-bool isFocused(const QStyleOption& option)
-{
-    return option.state.testFlag(QStyle::State_HasFocus) && !isOff(option);
-}
-
-/// The ground and border of a field: an off field keeps only a faint border.
-void paintField(QPainter& painter, const QStyleOption& option, const Theme& theme)
-{
-    const bool focused = isFocused(option);
-    const ColourRole border = focused ? ColourRole::Accent : isOff(option) ? ColourRole::Line : ColourRole::Edge;
-    paintPanel(
-        painter, option.rect, option.palette.color(QPalette::Base), theme.colour(border), focused ? focusWidth : 1);
-}
-
-void paintButton(QPainter& painter, const QStyleOption& option, const Theme& theme)
-{
-    const bool hovered = option.state.testFlag(QStyle::State_MouseOver) && !isOff(option);
-    const bool down = option.state & (QStyle::State_Sunken | QStyle::State_On);
-    const bool focused = isFocused(option);
-    ColourRole ground = isOff(option) ? ColourRole::OffField : ColourRole::Button;
-    if (down)
-        ground = ColourRole::Tint;
-    else if (hovered)
-        ground = ColourRole::ButtonHover;
-    const ColourRole border = focused ? ColourRole::Accent : isOff(option) ? ColourRole::PageLine : ColourRole::Edge;
-    paintPanel(painter, option.rect, theme.colour(ground), theme.colour(border), focused ? focusWidth : 1);
-}
-
-void paintToolButton(QPainter& painter, const QStyleOption& option, const Theme& theme)
-{
-    const bool hovered = option.state.testFlag(QStyle::State_MouseOver) && !isOff(option);
-    const bool down = option.state & (QStyle::State_Sunken | QStyle::State_On);
-    if (hovered || down) {
-        const QColor ground = theme.colour(down ? ColourRole::Tint : ColourRole::ButtonHover);
-        paintPanel(painter, option.rect, ground, ground, 1);
-    }
-    if (isFocused(option))
-        paintPanel(painter, option.rect, Qt::transparent, theme.colour(ColourRole::Accent), focusWidth);
-}
-
-/// Ground and border of an unmarked indicator; the marked one is filled, and ringed at a distance while focused.
-void paintIndicator(QPainter& painter, const QStyleOption& option, const Theme& theme, qreal radius)
-{
-    const bool focused = isFocused(option);
-    const bool marked = option.state & (QStyle::State_On | QStyle::State_NoChange);
-    const QRectF box(option.rect);
-    const QColor off = theme.colour(ColourRole::OffText);
-    const QColor accent = isOff(option) ? off : theme.colour(ColourRole::Accent);
-    const QColor ground = theme.colour(isOff(option) ? ColourRole::OffField : ColourRole::Base);
-    const QColor border = theme.colour(isOff(option) ? ColourRole::PageLine : ColourRole::Edge);
-    paintPanel(painter, box, ground, focused || marked ? accent : border, focused ? focusWidth : 1, radius);
-    if (marked) {
-        const qreal inset = focused ? focusWidth + 1 : 0;
-        paintPanel(
-            painter, box.adjusted(inset, inset, -inset, -inset), accent, accent, 1, std::max(radius - inset, 1.0));
-    }
-}
-
-void paintCheckBox(QPainter& painter, const QStyleOption& option, const Theme& theme)
-{
-    paintIndicator(painter, option, theme, 3);
-    const QColor mark = theme.colour(isOff(option) ? ColourRole::OffField : ColourRole::OnAccent);
-    const int inset = isFocused(option) ? 3 : 2;
-    if (option.state.testFlag(QStyle::State_On))
-        paintIcon(painter, option.rect.adjusted(inset, inset, -inset, -inset), QStringLiteral("tick"), mark);
-}
-
-void paintRadioButton(QPainter& painter, const QStyleOption& option, const Theme& theme)
-{
-    paintIndicator(painter, option, theme, indicatorExtent / 2.0);
-    if (!option.state.testFlag(QStyle::State_On))
-        return;
-    const QColor mark = theme.colour(isOff(option) ? ColourRole::OffField : ColourRole::OnAccent);
-    const qreal extent = isFocused(option) ? 4 : 6;
-    QRectF dot(0, 0, extent, extent);
-    dot.moveCenter(QRectF(option.rect).center());
-    paintPanel(painter, dot, mark, mark, 1, extent / 2);
-}
-
-/// The frame of a list or a text; the ground shows in the narrow margins around its rows.
-void paintAreaFrame(QPainter& painter, const QStyleOption& option, const QWidget& view, const Theme& theme)
-{
-    QStyleOption field = option;
-    field.state.setFlag(QStyle::State_HasFocus, view.hasFocus());
-    field.palette = view.palette();
-    paintField(painter, field, theme);
-}
-
-void paintComboBox(QPainter& painter, const QStyleOptionComboBox& option, const QRect& arrow, const Theme& theme)
-{
-    paintField(painter, option, theme);
-    const QColor colour = theme.colour(isOff(option) ? ColourRole::OffText : ColourRole::Text);
-    paintIcon(painter, arrow, QStringLiteral("down"), colour);
-}
 
 QString messageIconName(QStyle::StandardPixmap pixmap)
 {

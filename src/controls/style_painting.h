@@ -1,0 +1,28 @@
+#pragma once
+
+#include "controls/theme.h"
+
+class QPainter;
+class QStyleOption;
+class QStyleOptionComboBox;
+class QWidget;
+
+namespace lorvan {
+
+/// What the style draws itself. State and rectangle come from the option, colours from the theme.
+
+/// Ground and border of a field; off, it keeps only a faint border.
+void paintField(QPainter& painter, const QStyleOption& option, const Theme& theme);
+
+void paintButton(QPainter& painter, const QStyleOption& option, const Theme& theme);
+void paintToolButton(QPainter& painter, const QStyleOption& option, const Theme& theme);
+void paintCheckBox(QPainter& painter, const QStyleOption& option, const Theme& theme);
+void paintRadioButton(QPainter& painter, const QStyleOption& option, const Theme& theme);
+
+/// The frame of a list or a text; its ground shows in the narrow margins around the rows.
+void paintAreaFrame(QPainter& painter, const QStyleOption& option, const QWidget& view, const Theme& theme);
+
+/// `arrow` is the place of the arrow.
+void paintComboBox(QPainter& painter, const QStyleOptionComboBox& option, const QRect& arrow, const Theme& theme);
+
+} // namespace lorvan
