@@ -8,7 +8,8 @@
 
 namespace {
 
-/// The last net below the windows: a failure that no action has caught is told to the user and does not end the program.
+/// The last net below the windows: a failure that no action has caught is told to the user and does not end the
+/// program.
 class Application : public QApplication {
 public:
     using QApplication::QApplication;
