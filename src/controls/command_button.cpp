@@ -21,6 +21,7 @@ constexpr int smallHeight = 26;
 constexpr int heightOverFont = 8;
 constexpr int leastWidth = 104;
 constexpr int iconAloneWidth = 44;
+constexpr int slack = 2; ///< A text's ink may reach beyond its advance.
 constexpr float hoverShade = 0.06F;
 constexpr float pressedShade = 0.12F;
 
@@ -165,9 +166,10 @@ void CommandButton::dressCaption()
 
 void CommandButton::placeCaption()
 {
-    const int width = m_caption->fontMetrics().horizontalAdvance(m_caption->text());
-    const int right = (this->width() + contentWidth()) / 2;
-    m_caption->setGeometry(right - width, 0, width, height());
+    const int icon = m_iconName.isEmpty() ? 0 : iconExtent + iconGap;
+    const int left = (width() - contentWidth()) / 2 + icon;
+    const int room = m_caption->fontMetrics().horizontalAdvance(m_caption->text()) + slack;
+    m_caption->setGeometry(left, 0, room, height());
 }
 
 void CommandButton::resizeEvent(QResizeEvent* event)

@@ -11,6 +11,7 @@ namespace {
 constexpr int usualHeight = 46;
 constexpr int sideMargin = 12;
 constexpr int captionGap = 8;
+constexpr int slack = 2; ///< A text's ink may reach beyond its advance.
 constexpr int leastGap = 10; ///< On either side of a separator.
 constexpr int separatorInset = 12;
 constexpr qreal captionFactor = 0.9;
@@ -137,7 +138,7 @@ void TotalsBar::placePair(const Pair& pair, qreal step, int left) const
     const int figureWidth = QFontMetrics(figureFont(pair.factor * step)).horizontalAdvance(pair.figure->text());
     pair.figure->setFont(figureFont(pair.factor * step));
     pair.caption->setGeometry(left, 1, captionWidth, height() - 1);
-    pair.figure->setGeometry(left + pairWidth(pair, step) - figureWidth, 1, figureWidth, height() - 1);
+    pair.figure->setGeometry(left + pairWidth(pair, step) - figureWidth, 1, figureWidth + slack, height() - 1);
 }
 
 void TotalsBar::resizeEvent(QResizeEvent* event)
