@@ -1,0 +1,86 @@
+#include "main_window_test.h"
+
+#include <QCheckBox>
+
+namespace lorvan::test {
+namespace {
+
+class EntryTest : public MainWindowTest { };
+
+} // namespace
+
+TEST_F(EntryTest, aMovementNeedsNoMouse)
+{
+    addCashDay(yesterday, cents(10000));
+    addCashDay(QDate(2024, 3, 20), cents(10000));
+    addCashDay(QDate(2025, 1, 2), cents(-500));
+    start();
+
+    user().type(QStringLiteral("100"));
+    user().press(Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(chooser().currentText(), QStringLiteral("100 Λιανική"));
+    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(1)"));
+    user().type(QStringLiteral("πώληση άλφα"));
+    user().press(Qt::Key_Return);
+    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(2)"));
+    user().type(QStringLiteral("1250.5"), Qt::KeypadModifier);
+    user().press(Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(9)")) << "the expense field takes no amount of an income code";
+    user().type(QStringLiteral("7"));
+    user().press(Qt::Key_Return);
+    user().press(Qt::Key_Space);
+    user().press(Qt::Key_Return);
+    EXPECT_EQ(entry(), QStringLiteral("1.250,50 | 0 | 7,00 | ΠΏΛΗΣΗ ΆΛΦΑ | 100 Λιανική"));
+    EXPECT_EQ(user().focusName(), QStringLiteral("Command1(0)"));
+    user().press(Qt::Key_Enter, Qt::KeypadModifier);
+
+    EXPECT_EQ(
+        movementLine(1), QStringLiteral("   1   100 ΠΏΛΗΣΗ ΆΛΦΑ                      7,00   1.250,50          0 §"));
+    EXPECT_EQ(shownFigures(), QStringLiteral("1.250,50 | 0 | 1.350,50"));
+    EXPECT_EQ(cashDays(),
+        (CashDayLines{"20240314 0 0 10000", "20240315 125050 0 135050", "20240320 0 0 135050", "20250102 0 0 124550"}));
+    EXPECT_EQ(stored("SELECT kvdikos||'/'||hmeromhnia||'/'||perigrafh||'/'||esoda||'/'||ejoda||'/'||aa_omada||'/'||"
+                     "epitagh||'/'||L_tajeos FROM kinhseis"),
+        QStringLiteral("100/20240315/ΠΏΛΗΣΗ ΆΛΦΑ/12505000/0/1/-1/70000"));
+    EXPECT_EQ(entry(), QStringLiteral("0 | 0 | 7,00 |  | ")) << "the memorandum amount stays for the next movement";
+    EXPECT_FALSE(user().find<QCheckBox>(QStringLiteral("Check1(0)")).isChecked());
+    EXPECT_EQ(user().focusName(), QStringLiteral("DBCombo1"));
+}
+
+TEST_F(EntryTest, movementsOfADayAreNumberedAndSummedAsTheyCome)
+{
+    start();
+    typeMovement(QStringLiteral("200"), QStringLiteral("α"), QStringLiteral("30"));
+    user().click(user().command(insert));
+    typeMovement(QStringLiteral("100"), QStringLiteral("β"), QStringLiteral("0,1"));
+    user().click(user().command(insert));
+    EXPECT_EQ(linesOf(list()),
+        QStringLiteral("Υπόλοιπο από την προηγούμενη 0\n"
+                       "   1   200 Α                                              0      30,00 \n"
+                       "   2   100 Β                                           0,10          0 "));
+    EXPECT_EQ(shownFigures(), QStringLiteral("0,10 | 30,00 | -29,90"));
+    EXPECT_EQ(list().currentIndex().row(), 2);
+}
+
+struct TypingCase {
+    int field;
+    const char* typed;
+    const char* shown;
+};
+
+TEST_F(EntryTest, fieldsTakeOnlyWhatTheirRulesLetIn)
+{
+    start();
+    chooseCode(QStringLiteral("100"));
+    for (const TypingCase& each : {TypingCase{date, "12.03/2005", "12-03-2005"}, TypingCase{date, "1α2β,3", "12,3"},
+             TypingCase{income, "1.234.5", "1,234,5"}, TypingCase{income, "-5α", ",5,"},
+             TypingCase{memorandum, "12 3", "12,3"}, TypingCase{description, "ά ϊ ς%'", "Ά Ϊ Σ%'"}}) {
+        QLineEdit& edited = user().field(each.field);
+        user().enter(each.field, QString::fromUtf8(each.typed));
+        EXPECT_EQ(edited.text(), QString::fromUtf8(each.shown)) << each.typed;
+        const bool isDate = each.field == date;
+        user().enter(each.field, isDate ? QStringLiteral("15-03-2024") : QStringLiteral("1"));
+    }
+}
+
+} // namespace lorvan::test
