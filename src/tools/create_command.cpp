@@ -2,7 +2,7 @@
 
 #include "tools/new_book.h"
 #include "tools/refused.h"
-#include "users/sign_in.h"
+#include "users/user_accounts.h"
 
 #include <QFileInfo>
 

@@ -7,6 +7,7 @@
 #include "tools/demo_ledger.h"
 #include "tools/demo_shop.h"
 #include "tools/working_days.h"
+#include "users/user_accounts.h"
 
 #include <map>
 

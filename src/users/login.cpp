@@ -1,8 +1,9 @@
 #include "users/login.h"
 
+#include "app/guarded_window.h"
 #include "app/start_failure_window.h"
+#include "app/usage_marker.h"
 #include "controls/busy_pointer.h"
-#include "controls/check_field.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/ground_frame.h"
@@ -12,16 +13,20 @@
 #include "controls/window_placement.h"
 #include "platform/connection.h"
 #include "platform/message_window.h"
+#include "users/user_maintenance.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
+
+#include <initializer_list>
+#include <iterator>
 
 namespace lorvan {
 namespace {
 
-enum Field { Name, Password, EditedName, EditedPassword };
+enum Field { Name, Password };
 enum Command { SignIn, End, AddUser, ChangeUser, RemoveUser, Unlock, CloseDays, DeleteData };
 
 constexpr int windowWidth = 640;
@@ -32,7 +37,6 @@ constexpr int betweenControls = 8;
 constexpr int stripWidth = 172;
 constexpr int stripIcon = 48;
 constexpr int signInWidth = 124;
-constexpr int listWidth = 140;
 
 ThemedLabel* labelFor(int index, const QString& text, QWidget* buddy)
 {
@@ -66,8 +70,9 @@ Login::Login(BookFiles files, KeyRing& keys)
     rows->addWidget(m_maintenance);
     setTabOrders();
 
-    connect(m_commands[SignIn], &CommandButton::clicked, this, &Login::signInAsTyped);
-    connect(m_commands[End], &CommandButton::clicked, this, &Login::abandoned);
+    connectControls();
+    for (const int onlyForSelected : {ChangeUser, RemoveUser})
+        m_commands[onlyForSelected]->setEnabled(false);
     setSize(Size::Compact);
     centreOnWorkArea(this);
     m_fields[Name]->setFocus(Qt::OtherFocusReason);
@@ -140,69 +145,25 @@ QWidget* Login::maintenanceArea()
     auto* const rows = new QVBoxLayout(area);
     rows->setContentsMargins(margin, betweenControls, margin, 12);
     rows->setSpacing(betweenControls);
-    rows->addWidget(userFrame(), 1);
+    m_users = new UserMaintenance(m_files, m_keys, area);
+    addUserCommands(m_users);
+    m_users->layOut({m_commands[AddUser], m_commands[ChangeUser], m_commands[RemoveUser]});
+    rows->addWidget(m_users, 1);
     rows->addLayout(administrationRow(area));
-    area->setEnabled(false);
     return area;
 }
 
-QGroupBox* Login::userFrame()
+void Login::addUserCommands(QWidget* parent)
 {
-    auto* const frame = new QGroupBox(QStringLiteral("Μεταβολή χρηστών"));
-    frame->setObjectName(QStringLiteral("SSFrame1"));
-    auto* const list = new PlainList(PlainList::Face::Desktop, frame);
-    list->setObjectName(QStringLiteral("DBList1"));
-    list->setToolTip(QStringLiteral("Περιέχει το σύνολο των χρηστών"));
-    list->setFixedWidth(listWidth);
-    auto* const columns = new QHBoxLayout(frame);
-    columns->setSpacing(12);
-    columns->addWidget(list);
-    columns->addLayout(userFields(frame), 1);
-    columns->addLayout(userCommands(frame));
-    return frame;
-}
-
-QLayout* Login::userFields(QWidget* parent)
-{
-    EntryField* const name =
-        addField(EditedName, parent, QStringLiteral("Χρήστης"), QStringLiteral("Το όνομα του χρήστη"));
-    EntryField* const password =
-        addField(EditedPassword, parent, QStringLiteral("Κωδικός"), QStringLiteral("Ο κωδικός πρόσβασης"));
-    password->setEchoMode(QLineEdit::Password);
-    auto* const grid = new QGridLayout;
-    grid->setHorizontalSpacing(betweenControls);
-    grid->setVerticalSpacing(6);
-    grid->setColumnStretch(1, 1);
-    grid->addWidget(labelFor(EditedName, QStringLiteral("Χρήστης"), name), 0, 0);
-    grid->addWidget(name, 0, 1);
-    grid->addWidget(labelFor(EditedPassword, QStringLiteral("Κωδικός"), password), 1, 0);
-    grid->addWidget(password, 1, 1);
-    int row = 2;
-    for (const QString& right : {QStringLiteral("Να μεταβάλει τις εγγραφές του ταμείου"),
-             QStringLiteral("Να κλήνει το ταμείο"), QStringLiteral("Να μεταβάλει ομάδες και κωδικούς")}) {
-        auto* const check = new CheckField(right, parent);
-        check->setObjectName(QStringLiteral("SSCheck1(%1)").arg(row - 2));
-        grid->addWidget(check, row++, 0, 1, 2);
-    }
-    grid->setRowStretch(row, 1);
-    return grid;
-}
-
-QLayout* Login::userCommands(QWidget* parent)
-{
-    auto* const column = new QVBoxLayout;
-    column->setSpacing(6);
-    column->addWidget(addCommand(AddUser, QStringLiteral("insert"), QStringLiteral("Εισαγωγή"),
-        QStringLiteral("Εισάγει το νεο χρήστη στη βάση"), parent));
-    column->addWidget(addCommand(ChangeUser, QStringLiteral("modify"), QStringLiteral("Μεταβολή"),
-        QStringLiteral("Μεταβολή στοιχείων του χρήστη"), parent));
-    column->addWidget(addCommand(RemoveUser, QStringLiteral("delete"), QStringLiteral("Διαγραφή"),
-        QStringLiteral("Διαγράφει το χρήστη από τη βάση"), parent));
-    m_commands[RemoveUser]->setLook(CommandButton::Look::Danger);
+    addCommand(AddUser, QStringLiteral("insert"), QStringLiteral("Εισαγωγή"),
+        QStringLiteral("Εισάγει το νεο χρήστη στη βάση"), parent);
+    addCommand(ChangeUser, QStringLiteral("modify"), QStringLiteral("Μεταβολή"),
+        QStringLiteral("Μεταβολή στοιχείων του χρήστη"), parent);
+    addCommand(RemoveUser, QStringLiteral("delete"), QStringLiteral("Διαγραφή"),
+        QStringLiteral("Διαγράφει το χρήστη από τη βάση"), parent)
+        ->setLook(CommandButton::Look::Danger);
     for (const int index : {AddUser, ChangeUser, RemoveUser})
         m_commands[index]->setMinimumWidth(signInWidth);
-    column->addStretch(1);
-    return column;
 }
 
 QLayout* Login::administrationRow(QWidget* parent)
@@ -219,14 +180,72 @@ QLayout* Login::administrationRow(QWidget* parent)
     row->addWidget(addCommand(DeleteData, QStringLiteral("delete"), QStringLiteral("Διαγραφή βάσης"),
         QStringLiteral("Διαγραφή όλων των στοιχείων της βάσης"), parent));
     m_commands[DeleteData]->setLook(CommandButton::Look::Danger);
+    for (const int notBuiltYet : {CloseDays, DeleteData})
+        m_commands[notBuiltYet]->setEnabled(false);
     return row;
 }
 
 void Login::setTabOrders()
 {
-    setTabOrder(m_fields[Name], m_fields[Password]);
-    setTabOrder(m_fields[Password], m_commands[SignIn]);
-    setTabOrder(m_commands[SignIn], m_commands[End]);
+    const auto& checks = m_users->checks();
+    const std::initializer_list<QWidget*> order{m_fields[Name], m_fields[Password], m_commands[SignIn], m_commands[End],
+        m_users->list(), m_users->name(), m_users->password(), checks[0], checks[1], checks[2], m_commands[AddUser],
+        m_commands[ChangeUser], m_commands[RemoveUser], m_commands[Unlock], m_commands[CloseDays],
+        m_commands[DeleteData]};
+    for (auto each = order.begin(); std::next(each) != order.end(); ++each)
+        setTabOrder(*each, *std::next(each));
+}
+
+void Login::connectControls()
+{
+    for (const auto& [index, button] : m_commands)
+        connect(button, &CommandButton::clicked, this, [this, index = index] { dispatch(index); });
+    connect(m_users, &UserMaintenance::offered, this, [this](bool isOffered) {
+        m_commands[ChangeUser]->setEnabled(isOffered);
+        m_commands[RemoveUser]->setEnabled(isOffered);
+    });
+    connect(m_users, &UserMaintenance::removed, this, [this] {
+        for (EntryField* const field : {m_fields[Name], m_fields[Password], m_users->name(), m_users->password()})
+            field->clear();
+    });
+}
+
+void Login::dispatch(int command)
+{
+    if (BusyPointer::isShown())
+        return;
+    const BusyPointer busy;
+    switch (command) {
+    case SignIn:
+        signInAsTyped();
+        break;
+    case End:
+        Q_EMIT abandoned();
+        break;
+    case AddUser:
+        m_users->addUser();
+        break;
+    case ChangeUser:
+        m_users->changeUser();
+        break;
+    case RemoveUser:
+        m_users->removeUser();
+        break;
+    case Unlock:
+        unlock();
+        break;
+    default:
+        break;
+    }
+}
+
+void Login::unlock()
+{
+    guarded(this, [this] {
+        UsageMarker::unlock(m_files.usageMarker());
+        showMessage(
+            this, QMessageBox::Warning, QStringLiteral("Ξεκλείδωμα βάσης"), QStringLiteral("Η βάση ξεκλείδωσε "));
+    });
 }
 
 void Login::setSize(Size size)
@@ -239,13 +258,11 @@ void Login::setSize(Size size)
 
 void Login::signInAsTyped()
 {
-    if (BusyPointer::isShown())
-        return;
-    const BusyPointer busy;
     const QString name = m_fields[Name]->text();
     const QString password = m_fields[Password]->text();
     if (isBuiltInAdministrator(name, password)) {
         setSize(Size::Enlarged);
+        m_users->refill();
         return;
     }
     setSize(Size::Compact);

@@ -6,18 +6,17 @@
 
 #include <QDialog>
 
-class QBoxLayout;
-class QGroupBox;
-class QGridLayout;
+class QLayout;
 
 namespace lorvan {
 
 class CommandButton;
 class EntryField;
 class KeyRing;
+class UserMaintenance;
 
-/// The sign-in window. The built-in administrator gets it enlarged by the maintenance area, whose operations are not
-/// built yet and stand there disabled.
+/// The sign-in window. The built-in administrator gets it enlarged by the maintenance area: users, unlocking, and the
+/// closing of days and deletion of all data, which are not built yet and stand there disabled.
 class Login : public QDialog {
     Q_OBJECT
 
@@ -38,22 +37,25 @@ private:
     QWidget* nameStrip();
     QLayout* signInForm();
     QWidget* maintenanceArea();
-    QGroupBox* userFrame();
-    QLayout* userFields(QWidget* parent);
-    QLayout* userCommands(QWidget* parent);
+    void addUserCommands(QWidget* parent);
     QLayout* administrationRow(QWidget* parent);
     EntryField* addField(int index, QWidget* parent, const QString& name, const QString& tip);
     CommandButton* addCommand(
         int index, const QString& icon, const QString& caption, const QString& tip, QWidget* parent);
     void setTabOrders();
 
+    void connectControls();
+
+    void dispatch(int command);
     void setSize(Size size);
     void signInAsTyped();
+    void unlock();
 
     BookFiles m_files;
     KeyRing& m_keys;
     ControlArray<EntryField> m_fields;
     ControlArray<CommandButton> m_commands;
+    UserMaintenance* m_users = nullptr;
     QWidget* m_maintenance;
 };
 

@@ -19,11 +19,4 @@ std::optional<UserSession> signIn(Connection& auxiliary, const QString& name, co
     return UserSession{row.text(0), row.text(1), {row.boolean(2), row.boolean(3), row.boolean(4)}};
 }
 
-void addUser(Connection& auxiliary, const QString& name, const QString& password, Rights rights)
-{
-    auxiliary.prepare("INSERT INTO codes (uname, upass, r_eggrafes, r_klhsimo, r_kvdikoi) VALUES (?,?,?,?,?)")
-        .bind(name.trimmed(), password.trimmed(), rights.modifyCash, rights.closeCash, rights.modifyCodes)
-        .run();
-}
-
 } // namespace lorvan

@@ -29,8 +29,4 @@ struct UserSession {
 /// none. Reads the auxiliary database.
 [[nodiscard]] std::optional<UserSession> signIn(Connection& auxiliary, const QString& name, const QString& password);
 
-/// Adds a user, name and password trimmed. One statement. The caller has checked that neither is empty; a name that
-/// exists already is accepted.
-void addUser(Connection& auxiliary, const QString& name, const QString& password, Rights rights);
-
 } // namespace lorvan

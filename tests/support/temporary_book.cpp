@@ -2,7 +2,7 @@
 
 #include "cashbook/cash_closing.h"
 #include "codes/code_catalogue.h"
-#include "users/sign_in.h"
+#include "users/user_accounts.h"
 
 #include <QTime>
 

@@ -1,5 +1,6 @@
 #include "support/temporary_book.h"
 #include "users/sign_in.h"
+#include "users/user_accounts.h"
 
 #include <gtest/gtest.h>
 

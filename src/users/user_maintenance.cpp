@@ -1,0 +1,180 @@
+#include "users/user_maintenance.h"
+
+#include "app/guarded_window.h"
+#include "cashbook/entry_rules.h"
+#include "controls/check_field.h"
+#include "controls/command_button.h"
+#include "controls/entry_field.h"
+#include "controls/plain_list.h"
+#include "controls/themed_label.h"
+#include "platform/connection.h"
+#include "platform/message_window.h"
+
+#include <QGridLayout>
+
+namespace lorvan {
+namespace {
+
+constexpr int listWidth = 140;
+constexpr int betweenControls = 8;
+
+EntryField* newField(QWidget* parent, const QString& objectName, const QString& name, const QString& tip)
+{
+    auto* const field = new EntryField(TypingRule::Any, parent);
+    field->setObjectName(objectName);
+    field->setAccessibleName(name);
+    field->setToolTip(tip);
+    return field;
+}
+
+void addLabelled(QGridLayout* grid, int row, int labelIndex, EntryField* field)
+{
+    auto* const label = new ThemedLabel(field->accessibleName(), ColourRole::PageText);
+    label->setObjectName(QStringLiteral("Label1(%1)").arg(labelIndex));
+    label->setBuddy(field);
+    grid->addWidget(label, row, 0);
+    grid->addWidget(field, row, 1);
+}
+
+} // namespace
+
+UserMaintenance::UserMaintenance(BookFiles files, KeyRing& keys, QWidget* parent)
+    : QGroupBox(QStringLiteral("Μεταβολή χρηστών"), parent)
+    , m_files(std::move(files))
+    , m_keys(keys)
+    , m_list(new PlainList(PlainList::Face::Desktop, this))
+    , m_name(
+          newField(this, QStringLiteral("Text1(2)"), QStringLiteral("Χρήστης"), QStringLiteral("Το όνομα του χρήστη")))
+    , m_password(
+          newField(this, QStringLiteral("Text1(3)"), QStringLiteral("Κωδικός"), QStringLiteral("Ο κωδικός πρόσβασης")))
+    , m_checks{new CheckField(QStringLiteral("Να μεταβάλει τις εγγραφές του ταμείου"), this),
+          new CheckField(QStringLiteral("Να κλήνει το ταμείο"), this),
+          new CheckField(QStringLiteral("Να μεταβάλει ομάδες και κωδικούς"), this)}
+{
+    setObjectName(QStringLiteral("SSFrame1"));
+    m_list->setObjectName(QStringLiteral("DBList1"));
+    m_list->setToolTip(QStringLiteral("Περιέχει το σύνολο των χρηστών"));
+    m_list->setAccessibleName(title());
+    m_list->setFixedWidth(listWidth);
+    m_password->setEchoMode(QLineEdit::Password);
+    connect(m_list, &PlainList::clicked, this, [this](const QModelIndex& index) {
+        show(index);
+        Q_EMIT offered(false);
+    });
+    connect(m_list, &PlainList::opened, this, [this](const QModelIndex& index) {
+        show(index);
+        Q_EMIT offered(true);
+    });
+}
+
+void UserMaintenance::layOut(const std::array<CommandButton*, 3>& commands)
+{
+    auto* const buttons = new QVBoxLayout;
+    buttons->setSpacing(6);
+    for (CommandButton* const command : commands)
+        buttons->addWidget(command);
+    buttons->addStretch(1);
+    auto* const columns = new QHBoxLayout(this);
+    columns->setSpacing(12);
+    columns->addWidget(m_list);
+    columns->addLayout(fields(), 1);
+    columns->addLayout(buttons);
+}
+
+QLayout* UserMaintenance::fields()
+{
+    auto* const grid = new QGridLayout;
+    grid->setHorizontalSpacing(betweenControls);
+    grid->setVerticalSpacing(6);
+    grid->setColumnStretch(1, 1);
+    addLabelled(grid, 0, 2, m_name);
+    addLabelled(grid, 1, 3, m_password);
+    int row = 2;
+    for (QCheckBox* const check : m_checks) {
+        check->setObjectName(QStringLiteral("SSCheck1(%1)").arg(row - 2));
+        grid->addWidget(check, row++, 0, 1, 2);
+    }
+    grid->setRowStretch(row, 1);
+    return grid;
+}
+
+void UserMaintenance::refill()
+{
+    m_users.clear();
+    m_shown.reset();
+    guarded(window(), [this] {
+        const QString path = m_files.auxiliaryDatabase();
+        Connection auxiliary = Connection::open(path, m_keys.keyFor(path), Connection::Access::ReadOnly);
+        m_users = listUsers(auxiliary);
+    });
+    std::vector<ListRow> rows;
+    for (const UserAccount& user : m_users)
+        rows.push_back({user.name, user.row});
+    m_list->setRows(rows);
+    Q_EMIT offered(false);
+}
+
+void UserMaintenance::show(const QModelIndex& index)
+{
+    const UserAccount& user = m_users.at(static_cast<std::size_t>(index.row()));
+    m_shown = user.row;
+    m_name->setText(user.name);
+    m_password->setText(user.password);
+    m_checks[0]->setChecked(user.rights.modifyCash);
+    m_checks[1]->setChecked(user.rights.closeCash);
+    m_checks[2]->setChecked(user.rights.modifyCodes);
+}
+
+UserAccount UserMaintenance::typed() const
+{
+    return {m_shown.value_or(0), m_name->text(), m_password->text(),
+        {m_checks[0]->isChecked(), m_checks[1]->isChecked(), m_checks[2]->isChecked()}};
+}
+
+bool UserMaintenance::refusedAsIncomplete()
+{
+    if (isComplete(m_name->text(), m_password->text()))
+        return false;
+    showMessage(window(), QMessageBox::Information, QStringLiteral("Προσοχή"),
+        QStringLiteral("Δεν έχετε δώσει το Ονομα του χρήστη ή το κωδικό του"));
+    return true;
+}
+
+bool UserMaintenance::write(const std::function<void(Connection&)>& change)
+{
+    const bool written = guarded(window(), [this, &change] {
+        const QString path = m_files.auxiliaryDatabase();
+        Connection auxiliary = Connection::open(path, m_keys.keyFor(path));
+        change(auxiliary);
+    });
+    if (written)
+        refill();
+    return written;
+}
+
+void UserMaintenance::addUser()
+{
+    if (refusedAsIncomplete())
+        return;
+    const UserAccount user = typed();
+    write([&user](Connection& auxiliary) { lorvan::addUser(auxiliary, user.name, user.password, user.rights); });
+}
+
+void UserMaintenance::changeUser()
+{
+    if (!m_shown || refusedAsIncomplete())
+        return;
+    write([user = typed()](Connection& auxiliary) { lorvan::changeUser(auxiliary, user); });
+}
+
+void UserMaintenance::removeUser()
+{
+    if (!m_shown
+        || !askOkCancel(window(), QMessageBox::Question, QStringLiteral("Διαγραφή χρήστη"),
+            QStringLiteral("Να γίνει η διαγραφή του χρήστη; ")))
+        return;
+    if (write([row = *m_shown](Connection& auxiliary) { lorvan::removeUser(auxiliary, row); }))
+        Q_EMIT removed();
+}
+
+} // namespace lorvan
