@@ -20,6 +20,7 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include <algorithm>
 #include <initializer_list>
 #include <iterator>
 
@@ -44,6 +45,12 @@ ThemedLabel* labelFor(int index, const QString& text, QWidget* buddy)
     label->setObjectName(QStringLiteral("Label1(%1)").arg(index));
     label->setBuddy(buddy);
     return label;
+}
+
+/// In a larger font the caption may need more than that.
+void widenTo(int width, CommandButton* button)
+{
+    button->setMinimumWidth(std::max(width, button->sizeHint().width()));
 }
 
 } // namespace
@@ -120,8 +127,8 @@ QLayout* Login::signInForm()
     CommandButton* const end = addCommand(
         End, QStringLiteral("exit"), QStringLiteral("Εξοδος"), QStringLiteral("Τερματισμός του προγράμματος"), this);
     end->setLook(CommandButton::Look::Quiet);
-    signIn->setMinimumWidth(signInWidth);
-    end->setMinimumWidth(signInWidth);
+    widenTo(signInWidth, signIn);
+    widenTo(signInWidth, end);
 
     auto* const grid = new QGridLayout;
     grid->setContentsMargins(20, 0, margin, 0);
@@ -163,7 +170,7 @@ void Login::addUserCommands(QWidget* parent)
         QStringLiteral("Διαγράφει το χρήστη από τη βάση"), parent)
         ->setLook(CommandButton::Look::Danger);
     for (const int index : {AddUser, ChangeUser, RemoveUser})
-        m_commands[index]->setMinimumWidth(signInWidth);
+        widenTo(signInWidth, m_commands[index]);
 }
 
 QLayout* Login::administrationRow(QWidget* parent)

@@ -170,15 +170,6 @@ TEST_F(ChangesTest, insertRefusesInItsOrderAndWritesNothing)
     expectUntouched();
 }
 
-TEST_F(ChangesTest, insertingALoadedMovementAddsASecondOne)
-{
-    startLoaded();
-    boxes.expect(insertLoadedQuestion(QMessageBox::Ok));
-    user().click(user().command(insert));
-    EXPECT_EQ(movements(), QStringLiteral("ΧΑΡΤΙ 0 3000; ΠΩΛΗΣΗ 5000 0; ΧΑΡΤΙ 0 3000"));
-    EXPECT_FALSE(isLoaded());
-}
-
 TEST_F(ChangesTest, aDayClosedMeanwhileLetsNoLoadedMovementThrough)
 {
     startLoaded();
@@ -203,16 +194,6 @@ TEST_F(ChangesTest, aClosedDayLoadsNothingWithoutTheRight)
     user().doubleClickRow(list(), 1);
     EXPECT_FALSE(isLoaded());
     EXPECT_EQ(entry(), QStringLiteral("0 | 0 | 0 |  | "));
-}
-
-TEST_F(ChangesTest, theRightToChangeOpensClosedDays)
-{
-    book.close(today);
-    startLoaded({true, false, false});
-    EXPECT_EQ(state(), QStringLiteral("Ταμείο κλειστό"));
-    boxes.expect(removeQuestion(QMessageBox::Ok));
-    user().click(user().command(remove));
-    EXPECT_EQ(movements(), QStringLiteral("ΠΩΛΗΣΗ 5000 0"));
 }
 
 } // namespace lorvan::test

@@ -23,6 +23,8 @@ MachineIdentity otherUser()
 
 void MainWindowTest::start(Rights rights, const Clock& clock)
 {
+    if (m_window)
+        m_window->close();
     UsageMarker marker(book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("ταμείο")});
     DataFolderSettings settings;
     settings.dataFolder = book.folder();

@@ -29,6 +29,7 @@ protected:
     static constexpr int date = 0, description = 1, income = 2, expense = 3, memorandum = 9;
     static constexpr int insert = 0, modify = 2, remove = 3, closeCash = 8;
 
+    /// Again: closes the window that was there and opens another.
     void start(Rights rights = noRights, const Clock& clock = fixedClock());
 
     [[nodiscard]] Kentrikh& window() const { return *m_window; }

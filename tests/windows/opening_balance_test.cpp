@@ -115,12 +115,4 @@ TEST_F(OpeningBalanceTest, onlyYesClosesIt)
     EXPECT_EQ(window.answer().amount, cents(150050));
 }
 
-TEST_F(OpeningBalanceTest, anEmptyAmountIsZero)
-{
-    give(QStringLiteral("5-12-2005"), QStringLiteral(" "));
-    boxes.expect(question(QMessageBox::Yes));
-    confirm();
-    EXPECT_EQ(window.answer().amount, Currency());
-}
-
 } // namespace lorvan::test

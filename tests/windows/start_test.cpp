@@ -1,7 +1,6 @@
 #include "main_window_test.h"
 
 #include <QColor>
-#include <QFont>
 
 namespace lorvan::test {
 namespace {
@@ -61,42 +60,27 @@ TEST_F(StartTest, claimsTheMarkerAndFreesItWhenTheWindowCloses)
     EXPECT_EQ(markerBytes(), record('0', "\xCC\xE1\xF1\xDF\xE1", "\xF4\xE1\xEC\xE5\xDF\xEF"));
 }
 
-struct RightsCase {
-    const char* name;
-    Rights rights;
-    bool closedToday;
-    bool showsInsert;
-    bool showsCloseCash;
-};
-
-void PrintTo(const RightsCase& each, std::ostream* stream)
+TEST_F(StartTest, showsTheButtonsThatTheRightsAllow)
 {
-    *stream << each.name;
+    struct Case {
+        Rights rights;
+        bool isClosed, showsInsert, showsCloseCash;
+    };
+    const Rights mayClose{false, true, false};
+    const Rights mayChange{true, false, false};
+    for (const Case& each :
+        {Case{noRights, false, true, false}, Case{mayClose, false, true, true}, Case{noRights, true, false, false},
+            Case{mayClose, true, false, true}, Case{mayChange, true, true, false}}) {
+        if (each.isClosed)
+            book.close(today);
+        start(each.rights); // no box is expected: the start never refuses a closed day
+        EXPECT_EQ(user().command(insert).isVisible(), each.showsInsert);
+        EXPECT_EQ(user().command(closeCash).isVisible(), each.showsCloseCash);
+        EXPECT_FALSE(user().command(modify).isVisible() || user().command(remove).isVisible());
+        EXPECT_EQ(state(), each.isClosed ? QStringLiteral("Ταμείο κλειστό") : QStringLiteral("Ταμείο ανοικτό"));
+        EXPECT_EQ(user().find(QStringLiteral("Label3D1(3)")).property("foreColor2").value<QColor>(),
+            each.isClosed ? QColor(255, 0, 0) : QColor(0, 255, 0));
+    }
 }
-
-class StartWithRights : public StartTest, public testing::WithParamInterface<RightsCase> { };
-
-// No box is expected in any case: the start never refuses a closed day.
-TEST_P(StartWithRights, showsTheButtonsThatTheRightsAllow)
-{
-    if (GetParam().closedToday)
-        book.close(today);
-    start(GetParam().rights);
-    EXPECT_EQ(user().command(insert).isVisible(), GetParam().showsInsert);
-    EXPECT_EQ(user().command(closeCash).isVisible(), GetParam().showsCloseCash);
-    EXPECT_FALSE(user().command(modify).isVisible() || user().command(remove).isVisible());
-    const QColor green(0, 255, 0);
-    const QColor red(255, 0, 0);
-    EXPECT_EQ(state(), GetParam().closedToday ? QStringLiteral("Ταμείο κλειστό") : QStringLiteral("Ταμείο ανοικτό"));
-    EXPECT_EQ(user().find(QStringLiteral("Label3D1(3)")).property("foreColor2").value<QColor>(),
-        GetParam().closedToday ? red : green);
-}
-
-INSTANTIATE_TEST_SUITE_P(All, StartWithRights,
-    testing::Values(RightsCase{"open day, no rights", noRights, false, true, false},
-        RightsCase{"open day, may close", {false, true, false}, false, true, true},
-        RightsCase{"closed day, no rights", noRights, true, false, false},
-        RightsCase{"closed day, may close only", {false, true, false}, true, false, true},
-        RightsCase{"closed day, may change", {true, false, false}, true, true, false}));
 
 } // namespace lorvan::test
