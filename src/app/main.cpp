@@ -5,6 +5,7 @@
 #include "controls/theme.h"
 
 #include <QApplication>
+#include <QLocale>
 
 namespace {
 
@@ -31,6 +32,7 @@ int main(int argumentCount, char** arguments)
 {
     Application application(argumentCount, arguments);
     QApplication::setApplicationName(QStringLiteral("Lorvan"));
+    QLocale::setDefault(QLocale(QLocale::Greek, QLocale::Greece)); // whatever the machine's own
     QApplication::setQuitOnLastWindowClosed(false); // the windows say themselves when the program ends
     lorvan::Theme::install(application);
     QApplication::setWindowIcon(lorvan::themedIcon(QStringLiteral("daybook"), lorvan::ColourRole::Accent));
