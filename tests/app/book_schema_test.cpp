@@ -56,15 +56,19 @@ TEST(BookSchema, hasTheColumnsInTheirOrder)
 TEST(BookSchema, aForeignBookGetsTheIndexesItLacksAndKeepsItsOwn)
 {
     const TemporaryBook book;
-    book.execute("DROP INDEX lorvan_kinhseis_kvdikos; DROP INDEX lorvan_tameio_hmeromhnia;"
-                 "DROP INDEX lorvan_kinhseis_hmeromhnia;"
-                 "CREATE INDEX \"my \"\"own\"\"\" ON KINHSEIS(HMEROMHNIA, aa)");
+    book.execute(
+        "DROP INDEX lorvan_kinhseis_kvdikos; DROP INDEX lorvan_kinhseis_hmeromhnia;"
+        "DROP TABLE tameio; CREATE TABLE Tameio (aa INTEGER PRIMARY KEY, Hmeromhnia INTEGER, ypoloipo INTEGER);"
+        "CREATE INDEX mine ON Tameio(Hmeromhnia);"
+        "CREATE INDEX \"my \"\"own\"\"\" ON KINHSEIS(HMEROMHNIA, aa)");
     Connection main = book.openMain();
     ensureMainIndexes(main);
     for (const char* query : indexedQueries)
         EXPECT_TRUE(usesIndex(main, query)) << query;
     EXPECT_EQ(valueOf(main, "SELECT count(*) FROM sqlite_master WHERE type='index' AND tbl_name LIKE 'kinhseis'"),
         QStringLiteral("2"));
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM sqlite_master WHERE type='index' AND tbl_name LIKE 'tameio'"),
+        QStringLiteral("1"));
 
     Connection writer = book.openMain();
     const Transaction busy(writer);
