@@ -48,12 +48,6 @@ protected:
     }
 };
 
-ExpectedBox modifyQuestion(QMessageBox::StandardButton answer)
-{
-    return okCancel(QMessageBox::Question, QStringLiteral("Μεταβολή στοιχείων"),
-        QStringLiteral("Να γίνει η μεταβολή των στοιχείων;"), answer);
-}
-
 ExpectedBox removeQuestion(QMessageBox::StandardButton answer)
 {
     return okCancel(QMessageBox::Question, QStringLiteral("Διαγραφή κίνησης"),

@@ -118,8 +118,7 @@ TEST_F(ChooserTest, anotherKindOfCodeMovesTheLoadedAmount)
     chooseCode(QStringLiteral("200"));
     EXPECT_EQ(entry(), QStringLiteral("0 | 1.234,50 | 0 | Α | 200 Προμήθειες"));
     expectKind(user(), false);
-    boxes.expect(okCancel(QMessageBox::Question, QStringLiteral("Μεταβολή στοιχείων"),
-        QStringLiteral("Να γίνει η μεταβολή των στοιχείων;"), QMessageBox::Ok));
+    boxes.expect(modifyQuestion(QMessageBox::Ok));
     user().click(user().command(modify));
     EXPECT_EQ(cashDays(), (CashDayLines{"20240315 0 123450 -123450", "20240316 0 0 -123450"}));
 }

@@ -1,7 +1,5 @@
 #include "main_window_test.h"
 
-#include <QCheckBox>
-#include <QColor>
 #include <QTest>
 
 namespace lorvan::test {
@@ -132,19 +130,6 @@ TEST_F(DateFieldTest, aClosedDayIsRefusedAndAnOpenOneAdmitted)
     boxes.expect(stop(QStringLiteral("Προσοχή"), QStringLiteral("Ο χρήστης δεν έχει το δικαίωμα να κλίνει το ταμείο")));
     user().click(user().command(closeCash));
     EXPECT_EQ(closedDays(), QStringLiteral("20240314"));
-}
-
-TEST_F(DateFieldTest, theRightToChangeWorksOnAClosedDay)
-{
-    book.close(yesterday);
-    start({true, false, false});
-    leaveDate(QStringLiteral("14-03-2024"));
-    EXPECT_EQ(state(), QStringLiteral("Ταμείο κλειστό"));
-    EXPECT_EQ(user().find(QStringLiteral("Label3D1(3)")).property("foreColor2").value<QColor>(), QColor(255, 0, 0));
-    EXPECT_TRUE(user().command(insert).isVisible() && chooser().isEnabled());
-    typeMovement(QStringLiteral("200"), QStringLiteral("α"), QStringLiteral("5"));
-    user().click(user().command(insert));
-    EXPECT_EQ(cashDays(), (CashDayLines{"20240314 0 500 -500"}));
 }
 
 TEST_F(DateFieldTest, closingAsksWritesOneRowAndShowsAtTheNextLook)

@@ -47,40 +47,4 @@ TEST_F(EntryTest, aMovementNeedsNoMouse)
     EXPECT_EQ(user().focusName(), QStringLiteral("DBCombo1"));
 }
 
-TEST_F(EntryTest, movementsOfADayAreNumberedAndSummedAsTheyCome)
-{
-    start();
-    typeMovement(QStringLiteral("200"), QStringLiteral("α"), QStringLiteral("30"));
-    user().click(user().command(insert));
-    typeMovement(QStringLiteral("100"), QStringLiteral("β"), QStringLiteral("0,1"));
-    user().click(user().command(insert));
-    EXPECT_EQ(linesOf(list()),
-        QStringLiteral("Υπόλοιπο από την προηγούμενη 0\n"
-                       "   1   200 Α                                              0      30,00 \n"
-                       "   2   100 Β                                           0,10          0 "));
-    EXPECT_EQ(shownFigures(), QStringLiteral("0,10 | 30,00 | -29,90"));
-    EXPECT_EQ(list().currentIndex().row(), 2);
-}
-
-struct TypingCase {
-    int field;
-    const char* typed;
-    const char* shown;
-};
-
-TEST_F(EntryTest, fieldsTakeOnlyWhatTheirRulesLetIn)
-{
-    start();
-    chooseCode(QStringLiteral("100"));
-    for (const TypingCase& each : {TypingCase{date, "12.03/2005", "12-03-2005"}, TypingCase{date, "1α2β,3", "12,3"},
-             TypingCase{income, "1.234.5", "1,234,5"}, TypingCase{income, "-5α", ",5,"},
-             TypingCase{memorandum, "12 3", "12,3"}, TypingCase{description, "ά ϊ ς%'", "Ά Ϊ Σ%'"}}) {
-        QLineEdit& edited = user().field(each.field);
-        user().enter(each.field, QString::fromUtf8(each.typed));
-        EXPECT_EQ(edited.text(), QString::fromUtf8(each.shown)) << each.typed;
-        const bool isDate = each.field == date;
-        user().enter(each.field, isDate ? QStringLiteral("15-03-2024") : QStringLiteral("1"));
-    }
-}
-
 } // namespace lorvan::test

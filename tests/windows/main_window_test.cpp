@@ -16,6 +16,12 @@ ExpectedBox dayIsClosed()
         QStringLiteral("Προσοχή"), QStringLiteral("Το ταμείο έχει κλείσει και δεν έχετε δικαίωμα να το μεταβάλετε"));
 }
 
+ExpectedBox modifyQuestion(QMessageBox::StandardButton answer)
+{
+    return okCancel(QMessageBox::Question, QStringLiteral("Μεταβολή στοιχείων"),
+        QStringLiteral("Να γίνει η μεταβολή των στοιχείων;"), answer);
+}
+
 MachineIdentity otherUser()
 {
     return {QStringLiteral("Ελένη"), QStringLiteral("γραφείο")};

@@ -20,6 +20,7 @@ inline const Rights allRights{true, true, true};
 
 /// The text of the box that keeps a closed day closed.
 [[nodiscard]] ExpectedBox dayIsClosed();
+[[nodiscard]] ExpectedBox modifyQuestion(QMessageBox::StandardButton answer);
 /// Another computer's user, as the marker names her.
 [[nodiscard]] MachineIdentity otherUser();
 

@@ -70,7 +70,7 @@ class ProgramUpgradeFrom : public ProgramUpgrade, public testing::WithParamInter
 
 TEST_F(ProgramStart, withoutAUsablePathItWritesItsOwnFolderAndEnds)
 {
-    for (const char* const content : {"", "  \r\n", "2005\r\n", "\" \",5,\"x\""}) {
+    for (const char* const content : {"", "2005\r\n"}) {
         writePathFile(content);
         boxes.expect(pathWritten());
         EXPECT_FALSE(start()) << content;
