@@ -2,6 +2,7 @@
 
 #include "app/book.h"
 #include "cashbook/cash_closing.h"
+#include "cashbook/movement_store.h"
 #include "codes/code_catalogue.h"
 #include "platform/transaction.h"
 
@@ -78,23 +79,19 @@ std::optional<Refusal> CashBook::check(const MovementDraft& draft)
     return refusal ? std::optional(*refusal) : std::nullopt;
 }
 
+std::variant<Movement, Refusal> CashBook::changeable(qint64 key)
+{
+    const auto stored = find(key);
+    if (!stored)
+        return Refusal::MovementIsGone;
+    if (!mayChange(stored->day))
+        return Refusal::DayIsClosed;
+    return *stored;
+}
+
 std::optional<Movement> CashBook::find(qint64 key)
 {
-    auto row = m_book.main().prepare("SELECT kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos"
-                                     " FROM kinhseis WHERE aa=?");
-    row.bind(key);
-    if (!row.step())
-        return std::nullopt;
-    Movement movement;
-    movement.key = key;
-    movement.code = row.number(0);
-    movement.day = row.date(1);
-    movement.description = row.text(2);
-    movement.income = row.currency(3);
-    movement.expense = row.currency(4);
-    movement.cheque = row.boolean(5);
-    movement.memorandum = row.currency(6);
-    return movement;
+    return findMovement(m_book.main(), key);
 }
 
 ChangeOutcome CashBook::insert(const MovementDraft& draft)
@@ -105,15 +102,10 @@ ChangeOutcome CashBook::insert(const MovementDraft& draft)
     Transaction writing(main);
     if (!mayChange(draft.day))
         return Refusal::DayIsClosed;
-    const auto content = checkContent(draft);
-    if (const auto* const refusal = std::get_if<Refusal>(&content))
+    const auto code = checkContent(draft);
+    if (const auto* const refusal = std::get_if<Refusal>(&code))
         return *refusal;
-    main.prepare("INSERT INTO kinhseis"
-                 " (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, grammh, epitagh, L_tajeos)"
-                 " VALUES (?,?,?,?,?,?,?,?,?)")
-        .bind(draft.code, draft.day, draft.description.trimmed(), draft.income, draft.expense,
-            std::get<MovementCode>(content).group, storedLine(draft), draft.cheque, draft.memorandum)
-        .run();
+    addMovement(main, draft, std::get<MovementCode>(code).group);
     DayView view = settleDay(main, draft.day, effect(draft));
     writing.commit();
     return view;
@@ -124,20 +116,15 @@ ChangeOutcome CashBook::modify(qint64 key, const MovementDraft& draft)
     Connection& main = m_book.main();
     Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
     Transaction writing(main);
-    const auto stored = find(key);
-    if (!stored)
-        return Refusal::MovementIsGone;
-    if (!mayChange(stored->day))
-        return Refusal::DayIsClosed;
-    const auto content = checkContent(draft);
-    if (const auto* const refusal = std::get_if<Refusal>(&content))
+    const auto found = changeable(key);
+    if (const auto* const refusal = std::get_if<Refusal>(&found))
         return *refusal;
-    main.prepare("UPDATE kinhseis SET kvdikos=?, perigrafh=?, esoda=?, ejoda=?, aa_omada=?, grammh=?, epitagh=?,"
-                 " L_tajeos=? WHERE aa=?")
-        .bind(draft.code, draft.description.trimmed(), draft.income, draft.expense,
-            std::get<MovementCode>(content).group, storedLine(draft), draft.cheque, draft.memorandum, key)
-        .run();
-    DayView view = settleDay(main, stored->day, effect(draft) - effect(*stored));
+    const auto code = checkContent(draft);
+    if (const auto* const refusal = std::get_if<Refusal>(&code))
+        return *refusal;
+    const auto& stored = std::get<Movement>(found);
+    overwriteMovement(main, key, draft, std::get<MovementCode>(code).group);
+    DayView view = settleDay(main, stored.day, effect(draft) - effect(stored));
     writing.commit();
     return view;
 }
@@ -147,13 +134,12 @@ ChangeOutcome CashBook::remove(qint64 key)
     Connection& main = m_book.main();
     Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
     Transaction writing(main);
-    const auto stored = find(key);
-    if (!stored)
-        return Refusal::MovementIsGone;
-    if (!mayChange(stored->day))
-        return Refusal::DayIsClosed;
-    main.prepare("DELETE FROM kinhseis WHERE aa=?").bind(key).run();
-    DayView view = settleDay(main, stored->day, -effect(*stored));
+    const auto found = changeable(key);
+    if (const auto* const refusal = std::get_if<Refusal>(&found))
+        return *refusal;
+    const auto& stored = std::get<Movement>(found);
+    removeMovement(main, key);
+    DayView view = settleDay(main, stored.day, -effect(stored));
     writing.commit();
     return view;
 }

@@ -65,6 +65,8 @@ public:
 private:
     /// The draft's code, if the draft may be stored.
     [[nodiscard]] std::variant<MovementCode, Refusal> checkContent(const MovementDraft& draft);
+    /// The stored movement, if it may be changed or removed.
+    [[nodiscard]] std::variant<Movement, Refusal> changeable(qint64 key);
 
     Book& m_book;
     Rights m_rights;

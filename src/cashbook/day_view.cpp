@@ -1,26 +1,12 @@
 #include "cashbook/day_view.h"
 
 #include "app/padding.h"
+#include "cashbook/movement_store.h"
 #include "platform/amount_text.h"
-#include "platform/connection.h"
 #include "platform/date_text.h"
 
 namespace lorvan {
 namespace {
-
-Movement movementIn(const Statement& row, QDate day)
-{
-    Movement movement;
-    movement.key = row.integer(0);
-    movement.code = row.number(1);
-    movement.day = day;
-    movement.description = row.text(2);
-    movement.income = row.currency(3);
-    movement.expense = row.currency(4);
-    movement.cheque = row.boolean(5);
-    movement.memorandum = row.currency(6);
-    return movement;
-}
 
 QString chequeMark(const MovementDraft& movement)
 {
@@ -31,14 +17,10 @@ QString chequeMark(const MovementDraft& movement)
 
 DayView readDay(Connection& main, QDate day)
 {
-    DayView view{day, previousBalance(main, day), {}, {}};
-    auto rows = main.prepare("SELECT aa, kvdikos, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
-                             " WHERE hmeromhnia=? ORDER BY aa");
-    rows.bind(day);
-    while (rows.step()) {
-        view.movements.push_back(movementIn(rows, day));
-        view.figures.income += view.movements.back().income;
-        view.figures.expense += view.movements.back().expense;
+    DayView view{day, previousBalance(main, day), movementsOf(main, day), {}};
+    for (const Movement& movement : view.movements) {
+        view.figures.income += movement.income;
+        view.figures.expense += movement.expense;
     }
     view.figures.closingBalance = view.carried.balance + view.figures.income - view.figures.expense;
     return view;

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "cashbook/movement.h"
+
+#include <optional>
+#include <vector>
+
+namespace lorvan {
+
+class Connection;
+
+/// The rows of `kinhseis`. Functions that write run inside the caller's transaction and leave the cash days alone. All
+/// throw SqlError.
+
+/// The movements of a day in the order of their entry, found by the date index.
+[[nodiscard]] std::vector<Movement> movementsOf(Connection& main, QDate day);
+
+[[nodiscard]] std::optional<Movement> findMovement(Connection& main, qint64 key);
+
+/// Stores the description trimmed, and the display line beside it; `group` is the group number of the movement's code.
+void addMovement(Connection& main, const MovementDraft& movement, qint32 group);
+
+/// As addMovement(), over an existing row; key and day stay.
+void overwriteMovement(Connection& main, qint64 key, const MovementDraft& movement, qint32 group);
+
+void removeMovement(Connection& main, qint64 key);
+
+} // namespace lorvan
