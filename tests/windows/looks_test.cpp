@@ -126,6 +126,11 @@ private:
 
 enum class Size { Usual, Large };
 
+void PrintTo(Size size, std::ostream* stream)
+{
+    *stream << (size == Size::Usual ? "usual font" : "large font");
+}
+
 QFont fontOf(Size size)
 {
     QFont font = QApplication::font();
