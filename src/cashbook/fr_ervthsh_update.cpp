@@ -4,6 +4,7 @@
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/window_placement.h"
+#include "platform/busy_pointer.h"
 #include "platform/date_text.h"
 #include "platform/message_window.h"
 
@@ -116,6 +117,7 @@ OpeningBalanceNotGiven::OpeningBalanceNotGiven()
 
 OpeningBalance askOpeningBalance(const Clock& clock)
 {
+    const OrdinaryPointer pointer;
     FR_ErvthshUpdate window(clock);
     if (window.exec() != QDialog::Accepted)
         throw OpeningBalanceNotGiven();

@@ -6,11 +6,11 @@
 #include "cashbook/movement_entry_page.h"
 #include "codes/code_catalogue.h"
 #include "codes/codes_page.h"
-#include "controls/busy_pointer.h"
 #include "controls/tab_band.h"
 #include "controls/totals_bar.h"
 #include "controls/window_placement.h"
 #include "platform/amount_text.h"
+#include "platform/busy_pointer.h"
 #include "platform/message_window.h"
 #include "reports/printing_page.h"
 
@@ -155,7 +155,7 @@ void Kentrikh::dispatch(int command)
     const BusyPointer busy;
     guarded(this, [this, command] {
         const bool leaving = command == command::exitFromCashPage || command == command::exitFromCodesPage;
-        if (!leaving && !m_entryPage->settle())
+        if (!leaving && (!m_entryPage->settle() || !m_printingPage->settle()))
             return;
         if (!isGuarded(command) || !refusedByMarker())
             act(command);

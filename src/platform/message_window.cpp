@@ -1,6 +1,7 @@
 #include "platform/message_window.h"
 
-#include <QGuiApplication>
+#include "platform/busy_pointer.h"
+
 #include <QLabel>
 
 namespace lorvan {
@@ -11,16 +12,10 @@ QString withLineBreaks(QString text)
     return text.replace(u'\r', u'\n');
 }
 
-/// Runs the box with the ordinary pointer, even while an action shows the busy one.
 int run(QMessageBox& box)
 {
-    const bool busy = QGuiApplication::overrideCursor() != nullptr;
-    if (busy)
-        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
-    const int answer = box.exec();
-    if (busy)
-        QGuiApplication::restoreOverrideCursor();
-    return answer;
+    const OrdinaryPointer pointer;
+    return box.exec();
 }
 
 QMessageBox::StandardButton ask(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text,

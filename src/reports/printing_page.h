@@ -29,6 +29,9 @@ public:
     /// Sets the period to this month up to today and fills both lists anew, with nothing chosen.
     void fill(const std::vector<MovementCode>& codes, const std::vector<CodeGroup>& groups);
 
+    /// Judges the period's dates that were left and not judged yet. False when one was refused.
+    bool settle() { return m_checks.settle(); }
+
 Q_SIGNALS:
     void commandPressed(int index);
 

@@ -16,4 +16,25 @@ public:
     [[nodiscard]] static bool isShown() { return QGuiApplication::overrideCursor() != nullptr; }
 };
 
+/// Shows the ordinary pointer while it lives, for a box or window that asks something in the middle of an action. The
+/// action still counts as running.
+class OrdinaryPointer {
+public:
+    OrdinaryPointer()
+    {
+        if (m_busy)
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~OrdinaryPointer()
+    {
+        if (m_busy)
+            QGuiApplication::restoreOverrideCursor();
+    }
+    OrdinaryPointer(const OrdinaryPointer&) = delete;
+    OrdinaryPointer& operator=(const OrdinaryPointer&) = delete;
+
+private:
+    const bool m_busy = BusyPointer::isShown();
+};
+
 } // namespace lorvan
