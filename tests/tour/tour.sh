@@ -5,6 +5,7 @@
 set -euo pipefail
 export LC_ALL=C.UTF-8 # xdotool reads Greek by the locale
 
+here=$(dirname "$(realpath "${BASH_SOURCE[0]}")")
 bin=$(realpath -- "$1")
 target=$(realpath --canonicalize-missing -- "$2")
 program=$target/program
@@ -110,7 +111,8 @@ start_display() {
 }
 
 start_program() {
-    XDG_CONFIG_HOME=$target/settings QT_QPA_PLATFORM=xcb "$program/lorvan" >"$target/program.log" 2>&1 &
+    LSAN_OPTIONS=suppressions=$here/system-leaks.txt:print_suppressions=0 \
+        XDG_CONFIG_HOME=$target/settings QT_QPA_PLATFORM=xcb "$program/lorvan" >"$target/program.log" 2>&1 &
     lorvan=$!
 }
 
