@@ -1,0 +1,108 @@
+#include "program_run.h"
+
+#include "users/user_accounts.h"
+
+#include <QCheckBox>
+
+namespace lorvan::test {
+namespace {
+
+enum Field { Name = 2, Password };
+enum Command { Add = 2, Change, Remove, Unlock };
+
+class MaintenanceTest : public ProgramTest {
+protected:
+    void startAsAdministrator()
+    {
+        startToSignIn();
+        signIn(QStringLiteral("Wardenly"), QStringLiteral("73816"));
+    }
+
+    [[nodiscard]] static Driver user() { return Driver(loginWindow()); }
+    [[nodiscard]] static QListView& list() { return user().find<QListView>(QStringLiteral("DBList1")); }
+
+    /// Name, password and the three rights of every user, in stored order.
+    [[nodiscard]] QStringList users() const
+    {
+        Connection auxiliary = book.openAuxiliary();
+        QStringList rows;
+        for (const UserAccount& each : listUsers(auxiliary))
+            rows += QStringLiteral("%1/%2/%3%4%5")
+                        .arg(each.name, each.password)
+                        .arg(each.rights.modifyCash)
+                        .arg(each.rights.closeCash)
+                        .arg(each.rights.modifyCodes);
+        return rows;
+    }
+};
+
+TEST_F(MaintenanceTest, addsUsersOfOneNameQuotesAndAccentsIncluded)
+{
+    startAsAdministrator();
+    user().enter(Name, QStringLiteral(" Σοφία "));
+    user().enter(Password, QStringLiteral(" ά'\"%ς "));
+    user().find<QCheckBox>(QStringLiteral("SSCheck1(1)")).setChecked(true);
+    user().click(user().command(Add));
+    EXPECT_EQ(users(), QStringList({QStringLiteral("Σοφία/μυστικό/000"), QStringLiteral("Σοφία/ά'\"%ς/010")}));
+    EXPECT_EQ(linesOf(list()), QStringLiteral("Σοφία\nΣοφία"));
+}
+
+TEST_F(MaintenanceTest, refusesAnAccountWithoutNameOrPassword)
+{
+    startAsAdministrator();
+    const auto before = users();
+    for (const auto& [name, password] :
+        {std::pair("", "κωδικός"), std::pair("  ", "κωδικός"), std::pair("όνομα", " ")}) {
+        user().enter(Name, QString::fromUtf8(name));
+        user().enter(Password, QString::fromUtf8(password));
+        boxes.expect(information(
+            QStringLiteral("Προσοχή"), QStringLiteral("Δεν έχετε δώσει το Ονομα του χρήστη ή το κωδικό του")));
+        user().click(user().command(Add));
+    }
+    EXPECT_EQ(users(), before);
+}
+
+TEST_F(MaintenanceTest, changesAndRemovesOnlyWhatWasDoubleClicked)
+{
+    book.addUser(QStringLiteral("Νίκος"), QStringLiteral("νν"));
+    startAsAdministrator();
+    user().clickRow(list(), 1);
+    EXPECT_EQ(user().field(Name).text(), QStringLiteral("Νίκος"));
+    EXPECT_FALSE(user().command(Change).isEnabled() || user().command(Remove).isEnabled());
+
+    user().doubleClickRow(list(), 1);
+    user().enter(Name, QStringLiteral("Νικόλας"));
+    user().click(user().command(Change));
+    EXPECT_EQ(users(), QStringList({QStringLiteral("Σοφία/μυστικό/000"), QStringLiteral("Νικόλας/νν/000")}));
+    EXPECT_FALSE(user().command(Change).isEnabled());
+
+    const auto question = [](QMessageBox::StandardButton answer) {
+        return okCancel(QMessageBox::Question, QStringLiteral("Διαγραφή χρήστη"),
+            QStringLiteral("Να γίνει η διαγραφή του χρήστη; "), answer);
+    };
+    user().doubleClickRow(list(), 0);
+    boxes.expect(question(QMessageBox::Cancel));
+    user().click(user().command(Remove));
+    EXPECT_EQ(users().size(), 2);
+    boxes.expect(question(QMessageBox::Ok));
+    user().click(user().command(Remove));
+    EXPECT_EQ(users(), QStringList(QStringLiteral("Νικόλας/νν/000")));
+    for (const int index : {0, 1, 2, 3})
+        EXPECT_TRUE(user().field(index).text().isEmpty()) << index;
+}
+
+TEST_F(MaintenanceTest, unlockFreesTheMarkerAndKeepsItsNames)
+{
+    const QByteArray names = QByteArray("maria").leftJustified(25) + QByteArray("office").leftJustified(25);
+    QFile marker(book.files().usageMarker());
+    ASSERT_TRUE(marker.open(QIODevice::ReadWrite | QIODevice::Truncate));
+    marker.write('1' + names);
+    marker.close();
+    startAsAdministrator();
+    boxes.expect(warning(QStringLiteral("Ξεκλείδωμα βάσης"), QStringLiteral("Η βάση ξεκλείδωσε ")));
+    user().click(user().command(Unlock));
+    EXPECT_EQ(files().at(QStringLiteral("lorvan.dat")), '0' + names);
+}
+
+} // namespace
+} // namespace lorvan::test
