@@ -3,9 +3,9 @@
 # To configure and build everything, and to run the program: its fonts, and the window system's plugins with Qt's.
 build_packages=(
     g++ cmake ninja-build pkg-config
-    qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
+    qt6-base-dev qt6-svg-dev
     libsqlcipher-dev libssl-dev
-    libgtest-dev libbenchmark-dev
+    libgtest-dev
     fonts-liberation fonts-noto-core
 )
 

@@ -2,7 +2,7 @@
 
 #include "app/book.h"
 #include "cashbook/cash_day.h"
-#include "cashbook/day_view.h"
+#include "cashbook/movement_store.h"
 #include "platform/transaction.h"
 #include "tools/demo_ledger.h"
 #include "tools/demo_shop.h"
@@ -44,13 +44,9 @@ void writeDay(Connection& main, QDate date, const DemoDay& day, Currency& balanc
 {
     static const std::map<qint32, qint32> groups = groupsByCode();
     CashDayFigures figures;
-    for (const MovementDraft& movement : day) {
-        main.prepare("INSERT INTO kinhseis"
-                     " (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, grammh, epitagh, L_tajeos)"
-                     " VALUES (?,?,?,?,?,?,?,?,?)")
-            .bind(movement.code, date, movement.description, movement.income, movement.expense,
-                groups.at(movement.code), storedLine(movement), movement.cheque, movement.memorandum)
-            .run();
+    for (MovementDraft movement : day) {
+        movement.day = date;
+        addMovement(main, movement, groups.at(movement.code));
         figures.income += movement.income;
         figures.expense += movement.expense;
     }
