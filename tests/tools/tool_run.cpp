@@ -7,19 +7,19 @@
 
 namespace lorvan::test {
 
-ToolRun runToolOn(QDate today, const QStringList& commandLine, const QString& password, const QString& programFolder)
+ToolRun runTool(QDate today, const QString& commandLine, const QString& password, const QString& programFolder)
 {
     std::ostringstream out;
     std::ostringstream errors;
     const ToolContext context{
         out, errors, [password](const QString&) { return password; }, Clock(QDateTime(today, {12, 0})), programFolder};
-    const ExitStatus status = runTool(commandLine, context);
+    const ExitStatus status = lorvan::runTool(commandLine.split(u'|'), context);
     return {status, out.str(), errors.str()};
 }
 
-FolderContent contentOf(const QString& folder)
+std::map<QString, QByteArray> contentOf(const QString& folder)
 {
-    FolderContent content;
+    std::map<QString, QByteArray> content;
     QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
     while (entries.hasNext()) {
         QFile file(entries.next());

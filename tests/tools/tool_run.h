@@ -15,12 +15,11 @@ struct ToolRun {
     std::string errors;
 };
 
-/// Runs a command line as on the given day, `password` being the answer to every question for one.
-[[nodiscard]] ToolRun runToolOn(
-    QDate today, const QStringList& commandLine, const QString& password = {}, const QString& programFolder = {});
+/// Runs a command line, its words divided by bars, as on the given day; `password` answers every question for one.
+[[nodiscard]] ToolRun runTool(
+    QDate today, const QString& commandLine, const QString& password = {}, const QString& programFolder = {});
 
 /// Everything below a folder, hidden entries included: contents by relative name, folders with a slash behind.
-using FolderContent = std::map<QString, QByteArray>;
-[[nodiscard]] FolderContent contentOf(const QString& folder);
+[[nodiscard]] std::map<QString, QByteArray> contentOf(const QString& folder);
 
 } // namespace lorvan::test

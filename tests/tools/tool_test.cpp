@@ -20,113 +20,10 @@ const QDate someDay(2026, 11, 18); // a Wednesday
 
 void writeFile(const QString& path, const QByteArray& content)
 {
+    QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(content);
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-struct RefusedCase {
-    const char* name;
-    QStringList arguments; ///< "@" stands for the test's folder.
-    QString password;
-    const char* message;
-};
-
-void PrintTo(const RefusedCase& refused, std::ostream* out)
-{
-    *out << refused.name;
-}
-
-class RefusedCommand : public testing::TestWithParam<RefusedCase> { };
-
-/// The folder holds one file of a book in each of "main", "users" and "marker", and a plain file "file".
-TEST_P(RefusedCommand, SaysWhyAndChangesNothing)
-{
-    QTemporaryDir folder;
-    QDir(folder.path()).mkpath(QStringLiteral("日本"));
-    QDir(folder.path()).mkpath(QStringLiteral("blank "));
-    writeFile(folder.filePath(QStringLiteral("file")), "x");
-    for (const QString& name : {QStringLiteral("main/lorvan.mdb"), QStringLiteral("users/mapcodes.mdb"),
-             QStringLiteral("marker/lorvan.dat")}) {
-        QDir(folder.path()).mkpath(name.section(u'/', 0, 0));
-        writeFile(folder.filePath(name), "kept");
-    }
-    const FolderContent before = contentOf(folder.path());
-
-    QStringList arguments = GetParam().arguments;
-    arguments.replaceInStrings(QStringLiteral("@"), folder.path());
-    const ToolRun run = runToolOn(someDay, arguments, GetParam().password, folder.path());
-
-    EXPECT_EQ(run.status, ExitStatus::Failed);
-    EXPECT_NE(run.errors.find(GetParam().message), std::string::npos) << run.errors;
-    EXPECT_EQ(run.out, "");
-    EXPECT_EQ(contentOf(folder.path()), before);
-}
-
-QStringList words(const char* line)
-{
-    return QString::fromUtf8(line).split(u'|');
-}
-
-INSTANTIATE_TEST_SUITE_P(Table, RefusedCommand,
-    testing::Values(RefusedCase{"create_main_database_exists", words("create|@/main"), {}, "main/lorvan.mdb"},
-        RefusedCase{"create_users_exist", words("create|@/users|--user|Α"), QStringLiteral("1"), "users/mapcodes.mdb"},
-        RefusedCase{"create_marker_exists", words("create|@/marker"), {}, "marker/lorvan.dat"},
-        RefusedCase{"demo_main_database_exists", words("demo|@/main"), {}, "main/lorvan.mdb"},
-        RefusedCase{"demo_marker_exists", words("demo|@/marker"), {}, "marker/lorvan.dat"},
-        RefusedCase{"create_in_a_file", words("create|@/file/book"), {}, "file/book δεν γράφονται"},
-        RefusedCase{"create_over_a_file", words("create|@/file"), {}, "/file δεν γράφονται"},
-        RefusedCase{"blank_user", words("create|@/new/book|--user|  "), QStringLiteral("1"), "όνομα του χρήστη"},
-        RefusedCase{"blank_password", words("create|@/new/book|--user=Α"), QStringLiteral(" "), "κωδικός του χρήστη"},
-        RefusedCase{"no_folder", words("create"), {}, "Λείπει"},
-        RefusedCase{"empty_folder_name", words("create|"), {}, "Λείπει"},
-        RefusedCase{"two_folders", words("create|@/a|@/b"), {}, "Περισσεύει"},
-        RefusedCase{"unknown_option", words("demo|--size=9|@/a"), {}, "Άγνωστη επιλογή"},
-        RefusedCase{"seed_is_no_number", words("demo|@/a|--seed|-1"), {}, "δεν είναι αριθμός"},
-        RefusedCase{"seed_without_value", words("demo|@/a|--seed"), {}, "λείπει η τιμή"},
-        RefusedCase{"unknown_command", words("destroy|@/main"), {}, "Άγνωστη εντολή"},
-        RefusedCase{"path_to_no_folder", words("path|@/nowhere"), {}, "Δεν υπάρχει φάκελος"},
-        RefusedCase{"path_beyond_the_code_page", words("path|@/日本"), {}, "Windows-1253"},
-        RefusedCase{"path_with_blank_end", words("path|@/blank "), {}, "τελειώνει σε κενό"}),
-    [](const auto& row) { return std::string(row.param.name); });
-
-TEST(CreateCommand, MakesFoldersAnEmptyBookAndItsFirstUser)
-{
-    QTemporaryDir folder;
-    const QString target = folder.filePath(QStringLiteral("υπο/βιβλίο"));
-    const auto run =
-        runToolOn(someDay, {QStringLiteral("create"), target, QStringLiteral("--user"), QStringLiteral(" ΆΝΝΑ ")},
-            QStringLiteral("κλειδί"));
-    ASSERT_EQ(run.status, ExitStatus::Done) << run.errors;
-    EXPECT_EQ(run.out.find("κλειδί"), std::string::npos);
-
-    const BookFiles files(target);
-    EXPECT_EQ(QDir(target).entryList(QDir::Files | QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot),
-        (QStringList{QStringLiteral("lorvan.dat"), QStringLiteral("lorvan.mdb"), QStringLiteral("mapcodes.mdb")}));
-    EXPECT_EQ(readFile(files.usageMarker()), '0' + QByteArray(50, ' '));
-    Connection main = Connection::open(files.mainDatabase(), testKeys().keyFor(files.mainDatabase()));
-    EXPECT_EQ(valueOf(main, "SELECT ariumos FROM taytothta"), QStringLiteral("3"));
-    EXPECT_EQ(
-        valueOf(main, "SELECT (SELECT count(*) FROM kinhseis) + (SELECT count(*) FROM kvdikoi)"), QStringLiteral("0"));
-    Connection users = Connection::open(files.auxiliaryDatabase(), testKeys().keyFor(files.auxiliaryDatabase()));
-    const auto session = signIn(users, QStringLiteral("ΆΝΝΑ"), QStringLiteral("κλειδί"));
-    ASSERT_TRUE(session);
-    EXPECT_TRUE(session->rights.modifyCash && session->rights.closeCash && session->rights.modifyCodes);
-}
-
-TEST(CreateCommand, WithoutUserLeavesThemToTheAdministrator)
-{
-    QTemporaryDir folder;
-    ASSERT_EQ(runToolOn(someDay, {QStringLiteral("create"), folder.path()}).status, ExitStatus::Done);
-    const QString path = BookFiles(folder.path()).auxiliaryDatabase();
-    Connection users = Connection::open(path, testKeys().keyFor(path));
-    EXPECT_EQ(valueOf(users, "SELECT count(*) FROM codes"), QStringLiteral("0"));
 }
 
 /// Files of this process cannot grow beyond a size while the object lives, as on a disk that runs full.
@@ -149,23 +46,85 @@ private:
     rlimit m_before{};
 };
 
-TEST(BookMaking, LeavesNothingBehindWhenTheDiskRunsFull)
+} // namespace
+
+TEST(Tool, refusesSayingWhyAndChangesNothing)
 {
-    struct Row {
-        const char* command;
-        rlim_t bytes;
+    QTemporaryDir folder;
+    for (const char* const name :
+        {"日本/a", "blank /a", "file", "main/lorvan.mdb", "users/mapcodes.mdb", "marker/lorvan.dat"})
+        writeFile(folder.filePath(QString::fromUtf8(name)), "kept");
+    const auto before = contentOf(folder.path());
+    struct {
+        const char* commandLine; ///< "@" stands for the folder.
+        const char* message;
+        const char* password = "1";
+    } const cases[] = {
+        {"create|@/main", "main/lorvan.mdb"},
+        {"create|@/users|--user|Α", "users/mapcodes.mdb"},
+        {"create|@/marker", "marker/lorvan.dat"},
+        {"demo|@/main", "main/lorvan.mdb"},
+        {"create|@/file/book", "file/book δεν γράφονται"},
+        {"create|@/file", "/file δεν γράφονται"},
+        {"create|@/new/book|--user|  ", "όνομα του χρήστη"},
+        {"create|@/new/book|--user=Α", "κωδικός του χρήστη", " "},
+        {"create", "Λείπει"},
+        {"create|", "Λείπει"},
+        {"create|@/a|@/b", "Περισσεύει"},
+        {"demo|--size=9|@/a", "Άγνωστη επιλογή"},
+        {"demo|@/a|--seed|-1", "δεν είναι αριθμός"},
+        {"demo|@/a|--seed", "λείπει η τιμή"},
+        {"destroy|@/main", "Άγνωστη εντολή"},
+        {"path|@/nowhere", "Δεν υπάρχει φάκελος"},
+        {"path|@/日本", "Windows-1253"},
+        {"path|@/blank ", "τελειώνει σε κενό"},
     };
-    for (const auto& [command, bytes] : {Row{"create", 20}, Row{"create", 3'000}, Row{"demo", 300'000}}) {
+    for (const auto& [line, message, password] : cases) {
+        const QString command = QString::fromUtf8(line).replace(u'@', folder.path());
+        const ToolRun run = runTool(someDay, command, QString::fromUtf8(password), folder.path());
+        EXPECT_EQ(run.status, ExitStatus::Failed) << line;
+        EXPECT_NE(run.errors.find(message), std::string::npos) << line << run.errors;
+        EXPECT_EQ(run.out, "") << line;
+        EXPECT_EQ(contentOf(folder.path()), before) << line;
+    }
+}
+
+TEST(CreateCommand, makesFoldersAnEmptyBookAndItsFirstUser)
+{
+    QTemporaryDir folder;
+    const QString target = folder.filePath(QStringLiteral("υπο/βιβλίο"));
+    const QString password = QStringLiteral("κλειδί");
+    const auto run = runTool(someDay, QStringLiteral("create|%1|--user| ΆΝΝΑ ").arg(target), password);
+    ASSERT_EQ(run.status, ExitStatus::Done) << run.errors;
+    EXPECT_FALSE(QString::fromStdString(run.out + run.errors).contains(password));
+
+    auto content = contentOf(target);
+    EXPECT_EQ(content.size(), 3u);
+    EXPECT_EQ(content[QStringLiteral("lorvan.dat")], '0' + QByteArray(50, ' '));
+    const BookFiles files(target);
+    Connection main = Connection::open(files.mainDatabase(), testKeys().keyFor(files.mainDatabase()));
+    EXPECT_EQ(valueOf(main, "SELECT ariumos FROM taytothta"), QStringLiteral("3"));
+    EXPECT_EQ(
+        valueOf(main, "SELECT (SELECT count(*) FROM kinhseis) + (SELECT count(*) FROM kvdikoi)"), QStringLiteral("0"));
+    Connection users = Connection::open(files.auxiliaryDatabase(), testKeys().keyFor(files.auxiliaryDatabase()));
+    const auto session = signIn(users, QStringLiteral("ΆΝΝΑ"), password);
+    ASSERT_TRUE(session);
+    EXPECT_TRUE(session->rights.modifyCash && session->rights.closeCash && session->rights.modifyCodes);
+}
+
+TEST(BookMaking, leavesNothingBehindWhenTheDiskRunsFull)
+{
+    for (const auto& [command, bytes] :
+        {std::pair("create|%1", 20), std::pair("create|%1", 3'000), std::pair("demo|%1", 300'000)}) {
         QTemporaryDir folder;
-        const QString target = folder.filePath(QStringLiteral("a/b"));
-        const SmallDisk disk(bytes);
-        const ToolRun run = runToolOn(someDay, {QString::fromLatin1(command), target});
+        const SmallDisk disk(static_cast<rlim_t>(bytes));
+        const auto run = runTool(someDay, QString::fromLatin1(command).arg(folder.filePath(QStringLiteral("a/b"))));
         EXPECT_EQ(run.status, ExitStatus::Failed) << command << ' ' << bytes;
         EXPECT_TRUE(contentOf(folder.path()).empty()) << command << ' ' << bytes;
     }
 }
 
-TEST(PathCommand, PutsTheFolderInFrontOfColourAndHeading)
+TEST(PathCommand, putsTheFolderInFrontOfColourAndHeading)
 {
     QTemporaryDir program;
     QTemporaryDir folder;
@@ -173,9 +132,8 @@ TEST(PathCommand, PutsTheFolderInFrontOfColourAndHeading)
     QDir().mkpath(data);
     writeFile(program.filePath(QStringLiteral("Diadromh.Dat")),
         toWindows1253(u"\"C:\\παλιά\",12632256,\"Υποκατάστημα, Β\"\r\n"));
-
     const QString roundabout = data + QStringLiteral("/../Ταμείο, 2026/.");
-    ASSERT_EQ(runToolOn(someDay, {QStringLiteral("path"), roundabout}, {}, program.path()).status, ExitStatus::Done);
+    ASSERT_EQ(runTool(someDay, QStringLiteral("path|") + roundabout, {}, program.path()).status, ExitStatus::Done);
 
     const DataFolderSettings settings = PathFile(program.path()).read();
     EXPECT_EQ(settings.dataFolder, QDir(data).canonicalPath());
@@ -184,5 +142,4 @@ TEST(PathCommand, PutsTheFolderInFrontOfColourAndHeading)
     EXPECT_EQ(contentOf(program.path()).size(), 1u);
 }
 
-} // namespace
 } // namespace lorvan::test
