@@ -50,7 +50,10 @@ QString plainText(const std::exception& failure)
 
 QString failureText(const std::exception& failure)
 {
-    return plainText(failure) + QStringLiteral("\n\n") + QString::fromUtf8(failure.what());
+    const bool isOurOwn =
+        dynamic_cast<const CurrencyOverflow*>(&failure) || dynamic_cast<const UnknownSchemaVersion*>(&failure);
+    return isOurOwn ? plainText(failure)
+                    : plainText(failure) + QStringLiteral("\n\n") + QString::fromUtf8(failure.what());
 }
 
 } // namespace lorvan

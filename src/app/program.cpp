@@ -55,6 +55,12 @@ bool Program::announce(StartOutcome outcome)
             QStringLiteral("Η διαδρομή για τη βάση δεν βρέθηκε, και ορίζετε ως τρέχουσα η διαδρομή του προγράμματος\r"
                            " H διαδρομή φυλάσετε μέσα στο αρχείο diadromh.dat"));
         return false;
+    case StartOutcome::PathUnwritable:
+        showMessage(nullptr, QMessageBox::Warning, QStringLiteral("Προσοχή"),
+            QStringLiteral("Ο φάκελος του προγράμματος %1 έχει στο όνομά του χαρακτήρες που δεν χωρούν στο αρχείο"
+                           " diadromh.dat. Μεταφέρετε το πρόγραμμα σε φάκελο με ελληνικό ή λατινικό όνομα.")
+                .arg(m_settings.dataFolder));
+        return false;
     case StartOutcome::DatabaseMissing:
         showMessage(nullptr, QMessageBox::Critical, QStringLiteral("Προσοχή στη διαδρομή"),
             QStringLiteral("Τα αρχεία του προγράμματος δεν βρέθηκαν. Ορίστε τη διαδρομή ξανά."));
@@ -74,8 +80,6 @@ void Program::showSignIn()
     const BookFiles files(m_settings.dataFolder);
     m_keys.prepare(files.auxiliaryDatabase());
     m_keys.prepare(files.mainDatabase());
-    if (m_settings.hasOwnColour())
-        Theme::instance().setPageColour(colourOf(m_settings.backgroundColour));
     m_login = std::make_unique<Login>(files, m_keys);
     connect(m_login.get(), &Login::signedIn, this, &Program::openMainWindow);
     connect(m_login.get(), &Login::abandoned, this, &Program::end);
@@ -90,6 +94,8 @@ void Program::openMainWindow(const UserSession& session)
         UsageMarker marker(files.usageMarker(), machineIdentity());
         const auto ask = [this] { return askOpeningBalance(m_clock); };
         Book book = openBook(files, m_keys, marker, ask);
+        if (m_settings.hasOwnColour())
+            Theme::instance().setPageColour(colourOf(m_settings.backgroundColour));
         m_mainWindow =
             std::make_unique<Kentrikh>(std::move(book), std::move(marker), session.rights, m_settings, m_clock);
         connect(m_mainWindow.get(), &Kentrikh::closed, this, &Program::end);

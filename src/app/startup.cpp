@@ -3,6 +3,7 @@
 #include "app/book_files.h"
 #include "app/path_file.h"
 #include "platform/amount_text.h"
+#include "platform/windows1253.h"
 
 #include <cmath>
 
@@ -27,7 +28,7 @@ StartDecision decideStart(const QString& programFolder)
     if (folder.isEmpty() || isNumeric(folder)) {
         folder = programFolder;
         pathFile.writeFolder(programFolder);
-        decision.outcome = StartOutcome::PathWritten;
+        decision.outcome = fitsWindows1253(programFolder) ? StartOutcome::PathWritten : StartOutcome::PathUnwritable;
         return decision;
     }
     const BookFiles files(folder);

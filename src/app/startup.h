@@ -7,6 +7,7 @@ namespace lorvan {
 enum class StartOutcome {
     SignIn, ///< The data folder holds a main database: show the sign-in window.
     PathWritten, ///< No usable path; the program folder was written into the path file. Say so and end.
+    PathUnwritable, ///< No usable path, and the program folder has characters that the path file cannot hold.
     DatabaseMissing, ///< The data folder has no main database. Say so and end.
     OldFormat, ///< The main database is of the older format and must be imported. Say so and end.
 };

@@ -132,7 +132,7 @@ std::optional<MachineIdentity> UsageMarker::guardChange()
     LockedFile file(m_path);
     const Record record = file.read();
     const Record own = recordOf(inUse, m_self);
-    if (record.state == isFree) {
+    if (record.state == isFree && !m_retired) {
         file.write(own);
         m_owns = true;
     } else if (record.state == inUse && record != own) {
@@ -153,6 +153,12 @@ void UsageMarker::release()
     if (!handedOn)
         file.write(recordOf(isFree, m_self));
     m_owns = false;
+}
+
+void UsageMarker::retire()
+{
+    m_retired = true;
+    release();
 }
 
 std::optional<MachineIdentity> UsageMarker::heldByAnother()

@@ -31,6 +31,9 @@ public:
     /// else has claimed since (after an unlock) is left alone.
     void release();
 
+    /// Releases for good: whatever was under way when the program was ended claims nothing any more.
+    void retire();
+
     /// Who keeps this instance from changing data; empty when nobody does. Never claims.
     [[nodiscard]] std::optional<MachineIdentity> heldByAnother();
 
@@ -49,6 +52,7 @@ private:
     QString m_path;
     MachineIdentity m_self;
     bool m_owns = false;
+    bool m_retired = false;
 };
 
 /// The main window's caption: "Lorvan", with the holder's user and computer where another one works.

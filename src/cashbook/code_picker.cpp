@@ -45,8 +45,12 @@ void CodePicker::settle()
 {
     if (m_selected != 0)
         return;
-    if (const MovementCode* const code = find(readChooser(m_chooser->currentText()).code))
+    if (const MovementCode* const code = find(readChooser(m_chooser->currentText()).code)) {
         select(*code);
+        return;
+    }
+    m_income = false;
+    Q_EMIT unresolved();
 }
 
 void CodePicker::pick(int row)

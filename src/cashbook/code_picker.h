@@ -34,6 +34,7 @@ public:
     void settle();
 
 Q_SIGNALS:
+    void unresolved(); ///< The chooser was left with a text that selects no code.
     void chosen(); ///< The user has selected a code.
     void notUnderstood(); ///< Enter with no text or no number: its message has been shown.
     void entered(); ///< Enter has selected a code.

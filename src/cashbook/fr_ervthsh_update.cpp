@@ -97,7 +97,7 @@ void FR_ErvthshUpdate::confirm()
 void FR_ErvthshUpdate::refuse(const QString& title, const QString& text, EntryField* field)
 {
     showMessage(this, QMessageBox::Critical, title, text);
-    field->setFocus(Qt::OtherFocusReason);
+    goBackTo(*field);
 }
 
 void FR_ErvthshUpdate::closeEvent(QCloseEvent* event)

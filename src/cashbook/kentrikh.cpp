@@ -14,6 +14,7 @@
 #include "platform/message_window.h"
 #include "reports/printing_page.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QScrollArea>
 #include <QShortcut>
@@ -88,7 +89,7 @@ void Kentrikh::layOut()
     rows->addWidget(m_pages, 1);
     rows->addWidget(m_totals);
     setCentralWidget(central);
-    setMinimumSize(leastSize);
+    setMinimumSize(leastSize.boundedTo(roomFor(this)));
     sizeWithin(this, firstSize);
     centreOnWorkArea(this);
 }
@@ -127,6 +128,7 @@ void Kentrikh::connectPages()
         m_totals->setFigures(amountOrZeroText(figures.income), amountOrZeroText(figures.expense),
             amountOrZeroText(figures.closingBalance));
     });
+    connect(m_entryPage, &MovementEntryPage::figuresUnknown, this, [this] { m_totals->setFigures({}, {}, {}); });
     connect(m_band->tabs(), &QTabBar::currentChanged, this, &Kentrikh::selectTab);
 }
 
@@ -155,11 +157,22 @@ void Kentrikh::dispatch(int command)
     const BusyPointer busy;
     guarded(this, [this, command] {
         const bool leaving = command == command::exitFromCashPage || command == command::exitFromCodesPage;
-        if (!leaving && (!m_entryPage->settle() || !m_printingPage->settle()))
+        if (!leaving && !(settle() && isOffered(command)))
             return;
         if (!isGuarded(command) || !refusedByMarker())
             act(command);
     });
+}
+
+bool Kentrikh::settle()
+{
+    return m_entryPage->settle() && m_printingPage->settle() && !m_closed;
+}
+
+bool Kentrikh::isOffered(int command) const
+{
+    const auto* const button = findChild<QAbstractButton*>(QStringLiteral("Command1(%1)").arg(command));
+    return button && button->isVisible() && button->isEnabled();
 }
 
 bool Kentrikh::refusedByMarker()
@@ -206,28 +219,31 @@ bool Kentrikh::confirmExit()
 
 void Kentrikh::selectTab(int tab)
 {
-    m_entryPage->settle();
-    guarded(this, [this, tab] {
-        refreshCaption();
-        if (tab != tab::exit)
-            showTab(tab);
-    });
-    if (tab != tab::exit)
+    if (tab != tab::exit && !(m_entryPage->leaveAll() && m_printingPage->leaveAll() && !m_closed)) {
+        keepTab(); // what was refused stays in sight
         return;
-    if (confirmExit()) {
-        close();
-    } else {
-        const QSignalBlocker selectionAsItWas(m_band->tabs());
-        m_band->tabs()->setCurrentIndex(m_tab);
     }
+    guarded(this, [this] { refreshCaption(); });
+    if (tab != tab::exit)
+        showTab(tab);
+    else if (confirmExit())
+        close();
+    else
+        keepTab();
+}
+
+void Kentrikh::keepTab()
+{
+    const QSignalBlocker selectionAsItWas(m_band->tabs());
+    m_band->tabs()->setCurrentIndex(m_tab);
 }
 
 void Kentrikh::showTab(int tab)
 {
     const int earlier = std::exchange(m_tab, tab);
     m_pages->setCurrentIndex(tab);
-    followMarker(tab);
-    fillPage(tab, earlier);
+    guarded(this, [this, tab] { followMarker(tab); });
+    guarded(this, [this, tab, earlier] { fillPage(tab, earlier); });
 }
 
 void Kentrikh::refreshCaption()
@@ -267,7 +283,7 @@ void Kentrikh::fillPage(int tab, int earlierTab)
 void Kentrikh::closeEvent(QCloseEvent* event)
 {
     try {
-        m_marker.release();
+        m_marker.retire();
     } catch (const MarkerError&) {
         // The program ends all the same; the administrator can unlock a marker that stays behind.
     }

@@ -51,9 +51,14 @@ private:
 
     void dispatch(int command);
     void act(int command);
+    /// Judges what was left and not judged yet. False when something was refused, or the program was ended meanwhile.
+    [[nodiscard]] bool settle();
+    /// False for a button that settling has hidden or disabled under the mouse.
+    [[nodiscard]] bool isOffered(int command) const;
     [[nodiscard]] bool refusedByMarker();
 
     void selectTab(int tab);
+    void keepTab();
     void showTab(int tab);
     void refreshCaption();
     void followMarker(int tab);

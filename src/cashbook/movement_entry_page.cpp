@@ -17,9 +17,9 @@
 #include "platform/busy_pointer.h"
 #include "platform/date_text.h"
 #include "platform/message_window.h"
-#include "platform/sql_error.h"
 
 #include <QLabel>
+#include <QShortcut>
 
 namespace lorvan {
 namespace {
@@ -61,6 +61,7 @@ MovementEntryPage::MovementEntryPage(Book& book, UsageMarker& marker, Rights rig
     setTabOrders();
     connectControls();
     watchFields();
+    addReleaseKey();
     setLoaded(std::nullopt);
 }
 
@@ -70,6 +71,7 @@ void MovementEntryPage::connectControls()
         connect(button, &CommandButton::clicked, this, [this, index = index] { Q_EMIT commandPressed(index); });
     connect(m_picker, &CodePicker::chosen, this, &MovementEntryPage::codeChosen);
     connect(m_picker, &CodePicker::entered, this, &MovementEntryPage::codeEntered);
+    connect(m_picker, &CodePicker::unresolved, this, [this] { m_fields.enableAmount(selectedKind()); });
     connect(m_picker, &CodePicker::notUnderstood, this, [this] { m_fields.setAmounts({}, {}); });
     connect(m_list, &DayList::clickedLine, this, &MovementEntryPage::lineClicked);
     connect(m_list, &DayList::openedLine, this, &MovementEntryPage::lineOpened);
@@ -121,8 +123,10 @@ bool MovementEntryPage::dateLeft()
     const auto day = checkDate(*m_date, m_clock.today());
     if (!day)
         return false;
-    if (!guarded(window(), [this, &day] { showDay(*day, ClosedDay::Refused); }))
-        m_list->setLines({}); // rather nothing than another day's movements below this date
+    if (!guarded(window(), [this, &day] { showDay(*day, ClosedDay::Refused); })) {
+        m_list->setLines({}); // rather nothing than another day's movements and totals below this date
+        Q_EMIT figuresUnknown();
+    }
     return true;
 }
 
@@ -156,7 +160,7 @@ void MovementEntryPage::admitDay()
 
 bool MovementEntryPage::showClosedState(QDate day)
 {
-    const bool closed = m_cashBook.isDayClosed(day);
+    const bool closed = day.isValid() && m_cashBook.isDayClosed(day);
     if (closed)
         m_state->showClosed();
     else
@@ -166,20 +170,24 @@ bool MovementEntryPage::showClosedState(QDate day)
 
 void MovementEntryPage::refresh(QDate day)
 {
-    const DayRow row = m_marker.heldByAnother() ? DayRow::LeaveAlone : DayRow::Write;
-    try {
-        fill(m_cashBook.showDay(day, row));
-    } catch (const SqlError& failure) {
-        // A day whose row cannot be written is shown all the same.
-        fill(m_cashBook.showDay(day, DayRow::LeaveAlone));
-        showFailure(window(), failure);
-    }
+    // A day is shown first, and whatever keeps its row from being written, a locked or full disk, the marker, comes
+    // after.
+    fill(m_cashBook.showDay(day, DayRow::LeaveAlone));
+    guarded(window(), [this, day] {
+        if (!m_marker.heldByAnother())
+            (void)m_cashBook.showDay(day, DayRow::Write);
+    });
+}
+
+void MovementEntryPage::showLines(const DayView& view)
+{
+    m_list->setLines(linesOf(view));
+    Q_EMIT figuresChanged(view.figures);
 }
 
 void MovementEntryPage::fill(const DayView& view)
 {
-    m_list->setLines(linesOf(view));
-    Q_EMIT figuresChanged(view.figures);
+    showLines(view);
     if (view.movements.empty())
         return;
     m_fields.clearDescription();
@@ -211,10 +219,15 @@ void MovementEntryPage::codeEntered()
 
 // Changes
 
+QDate MovementEntryPage::enteredDay() const
+{
+    return readDate(m_date->text(), m_clock.today()).value_or(QDate());
+}
+
 bool MovementEntryPage::readDraft(MovementDraft& draft)
 {
     draft.code = m_picker->code();
-    draft.day = readDate(m_date->text(), m_clock.today()).value_or(QDate());
+    draft.day = enteredDay();
     return m_fields.read(draft);
 }
 
@@ -223,6 +236,7 @@ void MovementEntryPage::insertMovement()
     MovementDraft draft;
     if (!readDraft(draft))
         return;
+    showClosedState(draft.day);
     if (!m_cashBook.mayChange(draft.day)) {
         explain(Refusal::DayIsClosed, Operation::Insert);
         return;
@@ -302,6 +316,7 @@ void MovementEntryPage::explain(Refusal refusal, Operation operation)
         break;
     case Refusal::MovementIsGone:
         inform(attention, QStringLiteral("Η κίνηση δεν υπάρχει πια. Την έχει διαγράψει άλλος χρήστης."));
+        showLines(m_cashBook.showDay(enteredDay(), DayRow::LeaveAlone));
         break;
     }
 }
@@ -322,15 +337,15 @@ void MovementEntryPage::clearEntry()
 
 void MovementEntryPage::closeCash()
 {
-    const auto day = readDate(m_date->text(), m_clock.today());
+    const QDate day = enteredDay();
     if (!m_rights.closeCash) {
         showMessage(window(), QMessageBox::Critical, attention,
             QStringLiteral("Ο χρήστης δεν έχει το δικαίωμα να κλίνει το ταμείο"));
-    } else if (!day) {
+    } else if (!day.isValid()) {
         explain(Refusal::DateIsInvalid, Operation::Change);
     } else if (askOkCancel(window(), QMessageBox::Question, QStringLiteral("Κλείσιμο ταμείου"),
                    QStringLiteral("Να κλείσω το ταμείο;"))) {
-        closeDay(m_book.auxiliary(), *day);
+        closeDay(m_book.auxiliary(), day);
     }
 }
 
@@ -340,7 +355,9 @@ void MovementEntryPage::lineClicked()
 {
     if (BusyPointer::isShown())
         return;
-    settle();
+    if (!settle())
+        return;
+    guarded(window(), [this] { showClosedState(enteredDay()); });
     release();
 }
 
@@ -349,6 +366,16 @@ void MovementEntryPage::releaseChanged()
     m_list->clearSelection();
     release();
     focusChooser();
+}
+
+void MovementEntryPage::addReleaseKey()
+{
+    auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, this, [this] {
+        if (m_loaded && !BusyPointer::isShown())
+            releaseChanged();
+    });
 }
 
 void MovementEntryPage::release()
@@ -365,6 +392,7 @@ void MovementEntryPage::lineOpened(qint64 key)
         return;
     guarded(window(), [this, key] {
         const auto movement = m_cashBook.find(key);
+        showClosedState(enteredDay());
         if (!movement)
             explain(Refusal::MovementIsGone, Operation::Change);
         else if (m_cashBook.mayChange(movement->day))

@@ -40,6 +40,8 @@ public:
 
     /// Judges the fields that were left and not judged yet. False when one was refused.
     bool settle() { return m_checks.settle(); }
+    /// The same, with the field that has the focus judged too: the page is about to go.
+    bool leaveAll() { return m_checks.leaveAll(); }
 
     void insertMovement();
     void modifyMovement();
@@ -49,6 +51,7 @@ public:
 Q_SIGNALS:
     void commandPressed(int index);
     void figuresChanged(const lorvan::CashDayFigures& figures);
+    void figuresUnknown(); ///< The day could not be read.
 
 private:
     enum class ClosedDay { Refused, ShownAnyway };
@@ -71,8 +74,11 @@ private:
     void refuseDay();
     void admitDay();
     void refresh(QDate day);
+    void showLines(const DayView& view);
     void fill(const DayView& view);
     bool showClosedState(QDate day);
+    /// The date field's day; invalid when it holds none.
+    [[nodiscard]] QDate enteredDay() const;
 
     void codeChosen();
     void codeEntered();
@@ -90,6 +96,7 @@ private:
     void load(const Movement& movement);
     void release();
     void releaseChanged();
+    void addReleaseKey();
     void setLoaded(std::optional<qint64> key);
 
     Book& m_book;

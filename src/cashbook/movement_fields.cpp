@@ -80,7 +80,7 @@ bool MovementFields::read(MovementDraft& draft) const
 {
     for (const int index : {field::income, field::expense, field::memorandum}) {
         if (sayIfRefused(index)) {
-            m_fields[index]->setFocus(Qt::OtherFocusReason);
+            goBackTo(*m_fields[index]);
             return false;
         }
     }

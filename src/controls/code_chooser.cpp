@@ -72,6 +72,8 @@ void CodeChooser::showText(const QString& text)
     if (lineEdit()->text() != text)
         lineEdit()->setText(text);
     lineEdit()->home(false);
+    if (hasFocus())
+        selectFromEnd(*lineEdit());
 }
 
 void CodeChooser::setCurrentRow(int row)

@@ -9,6 +9,13 @@ bool isRealFocusChange(Qt::FocusReason reason)
     return reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason && reason != Qt::MenuBarFocusReason;
 }
 
+void goBackTo(QWidget& field)
+{
+    field.setFocus(Qt::OtherFocusReason);
+    if (auto* const line = qobject_cast<QLineEdit*>(&field))
+        line->selectAll(); // the window may not be active again yet, and then the focus alone does not select
+}
+
 void ClickSelection::mouseReleased(QLineEdit& field)
 {
     if (m_pending && !field.hasSelectedText())

@@ -5,12 +5,16 @@
 #include <qnamespace.h>
 
 class QLineEdit;
+class QWidget;
 
 namespace lorvan {
 
 /// Whether a focus change means that the user went to another field. Menus, pop-ups, message boxes and a switch of
 /// windows take the focus and give it back.
 [[nodiscard]] bool isRealFocusChange(Qt::FocusReason reason);
+
+/// Takes the user back to a field whose text was refused, with all of it selected.
+void goBackTo(QWidget& field);
 
 /// Selects a field's whole text when it receives the focus by a click, unless the click has drawn a selection of its
 /// own.

@@ -1,5 +1,7 @@
 #include "controls/leave_checks.h"
 
+#include "controls/focus_rules.h"
+
 #include <QApplication>
 #include <QScopedValueRollback>
 #include <QTimer>
@@ -38,6 +40,14 @@ void LeaveChecks::settleWhenQuiet()
         QTimer::singleShot(10ms, this, &LeaveChecks::settleWhenQuiet);
 }
 
+bool LeaveChecks::leaveAll()
+{
+    QWidget* const focused = QApplication::focusWidget();
+    if (m_checks.count(focused) != 0)
+        left(focused);
+    return settle();
+}
+
 bool LeaveChecks::settle()
 {
     if (m_settling)
@@ -46,7 +56,7 @@ bool LeaveChecks::settle()
     const auto fields = std::exchange(m_waiting, {});
     for (QWidget* const field : fields) {
         if (!m_checks.at(field)()) {
-            field->setFocus(Qt::OtherFocusReason);
+            goBackTo(*field);
             return false;
         }
     }

@@ -29,6 +29,9 @@ public:
     /// Runs the checks that are waiting, now. False when one refused.
     bool settle();
 
+    /// As settle(), with the field that has the focus taken for left: its page is about to go.
+    bool leaveAll();
+
 private:
     void settleWhenQuiet();
 

@@ -24,6 +24,7 @@ namespace {
 QPointer<Theme> installedTheme;
 
 constexpr int darkBelow = 128;
+constexpr qreal readable = 4.5; // contrast of text that is meant to be read
 
 bool isPageRole(ColourRole role)
 {
@@ -109,7 +110,9 @@ QColor Theme::pageCompanion(ColourRole role) const
 {
     const bool lightIsBetter = contrast(lightColour(ColourRole::PageText), *m_pageColour)
         >= contrast(darkColour(ColourRole::PageText), *m_pageColour);
-    return lightIsBetter ? lightColour(role) : darkColour(role);
+    const auto& column = lightIsBetter ? lightColour : darkColour;
+    const bool mutedIsTooFaint = role == ColourRole::PageMuted && contrast(column(role), *m_pageColour) < readable;
+    return column(mutedIsTooFaint ? ColourRole::PageText : role);
 }
 
 QColor Theme::colour(ColourRole role) const

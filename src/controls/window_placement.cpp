@@ -5,6 +5,13 @@
 
 namespace lorvan {
 
+namespace {
+
+/// What the window system puts around a window; how much is known only once it is shown.
+constexpr QSize frame{8, 36};
+
+} // namespace
+
 QPoint centredIn(const QRect& area, QSize window)
 {
     return area.topLeft() + QPoint((area.width() - window.width()) / 2, (area.height() - window.height()) / 2);
@@ -15,9 +22,14 @@ void centreOnWorkArea(QWidget* window)
     window->move(centredIn(window->screen()->availableGeometry(), window->frameGeometry().size()));
 }
 
+QSize roomFor(const QWidget* window)
+{
+    return window->screen()->availableGeometry().size() - frame;
+}
+
 void sizeWithin(QWidget* window, QSize wanted)
 {
-    window->resize(wanted.boundedTo(window->screen()->availableGeometry().size()));
+    window->resize(wanted.boundedTo(roomFor(window)));
 }
 
 } // namespace lorvan

@@ -13,7 +13,10 @@ namespace lorvan {
 /// Moves a window to the middle of its screen's work area.
 void centreOnWorkArea(QWidget* window);
 
-/// Gives a window its first size, no larger than the work area.
+/// The largest size a window can have within the work area, its frame allowed for.
+[[nodiscard]] QSize roomFor(const QWidget* window);
+
+/// Gives a window its first size, no larger than its room.
 void sizeWithin(QWidget* window, QSize wanted);
 
 } // namespace lorvan

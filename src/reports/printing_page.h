@@ -31,6 +31,8 @@ public:
 
     /// Judges the period's dates that were left and not judged yet. False when one was refused.
     bool settle() { return m_checks.settle(); }
+    /// The same, with the field that has the focus judged too: the page is about to go.
+    bool leaveAll() { return m_checks.leaveAll(); }
 
 Q_SIGNALS:
     void commandPressed(int index);

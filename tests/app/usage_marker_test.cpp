@@ -161,6 +161,16 @@ TEST_F(UsageMarkerTest, anOwnerFreesAMarkerThatWasLostMeanwhile)
     EXPECT_EQ(read(), freedByFirst);
 }
 
+TEST_F(UsageMarkerTest, whatGoesOnAfterTheEndClaimsNothing)
+{
+    write(record("0", "", ""));
+    ASSERT_TRUE(first.claim());
+    first.retire();
+    EXPECT_FALSE(first.claim());
+    EXPECT_EQ(first.guardChange(), std::nullopt);
+    EXPECT_EQ(read(), freedByFirst);
+}
+
 TEST_F(UsageMarkerTest, anUnusableFileIsAnErrorThatNamesIt)
 {
     UsageMarker nowhere(folder.filePath(QStringLiteral("none/lorvan.dat")), {});

@@ -76,4 +76,28 @@ TEST_F(BadInputTest, aBookThatCannotBeWrittenSaysSoAndKeepsTheEntry)
     EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), QStringLiteral("0")) << "the movement went with its day";
 }
 
+TEST_F(BadInputTest, aRefusedAmountKeepsTheEntryWhenTheListIsClicked)
+{
+    addMovement(incomeOf(today, cents(500)));
+    start();
+    chooseCode(QStringLiteral("100"));
+    user().enter(description, QStringLiteral("α"));
+    user().enter(income, QStringLiteral("1,2,3"));
+    boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("1,2,3"))));
+    user().clickRow(list(), 1);
+    EXPECT_TRUE(boxes.allSeen());
+    EXPECT_EQ(entry(), QStringLiteral("1,2,3 | 0 | 0 | Α | 100 Λιανική"));
+    EXPECT_EQ(user().field(income).selectedText(), QStringLiteral("1,2,3"));
+}
+
+TEST_F(BadInputTest, escapeReleasesALoadedMovement)
+{
+    addMovement(incomeOf(today, cents(500)));
+    start();
+    user().doubleClickRow(list(), 1);
+    user().press(Qt::Key_Escape);
+    EXPECT_EQ(entry(), QStringLiteral("0 | 0 | 0 |  | "));
+    EXPECT_TRUE(user().field(date).isEnabled());
+}
+
 } // namespace lorvan::test

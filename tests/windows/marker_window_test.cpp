@@ -1,5 +1,7 @@
 #include "main_window_test.h"
 
+#include <QDir>
+#include <QFile>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
@@ -125,6 +127,35 @@ TEST_F(MarkerWindowTest, confirmedExitEndsOnceAndFreesTheMarker)
         EXPECT_FALSE(window().isVisible());
         EXPECT_EQ(markerState(), '0');
     }
+}
+
+TEST_F(MarkerWindowTest, anUnusableMarkerStillTurnsThePageAndShowsTheDay)
+{
+    addMovement(incomeOf(today, cents(500)));
+    start();
+    ASSERT_TRUE(QFile::remove(book.files().usageMarker()) && QDir().mkdir(book.files().usageMarker()));
+    for (int box = 0; box < 2; ++box) // the caption, the claim
+        boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("lorvan.dat"))));
+    selectTab(Codes);
+    EXPECT_TRUE(user().find(QStringLiteral("Panel1(2)")).isVisible());
+    for (int box = 0; box < 3; ++box) // the same, and the day whose row is not written
+        boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("lorvan.dat"))));
+    selectTab(CashBook);
+    user().enter(date, QStringLiteral("15-3-2024"));
+    user().press(Qt::Key_Tab);
+    EXPECT_EQ(list().model()->rowCount(), 2);
+}
+
+TEST_F(MarkerWindowTest, aTabIsNotLeftWithARefusedDate)
+{
+    start();
+    selectTab(Printing);
+    user().enter(7, QStringLiteral("32-1"));
+    boxes.expect(warning(QStringLiteral("Λάθος ημερομηνία"), QStringLiteral("Η εισαγωγή της ημερομηνίας είναι λάθος")));
+    selectTab(CashBook);
+    EXPECT_EQ(selectedTab(), Printing);
+    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(7)"));
+    EXPECT_EQ(markerState(), '0');
 }
 
 TEST_F(MarkerWindowTest, printingOffersTheCodesOfTheTabItIsReachedFrom)
