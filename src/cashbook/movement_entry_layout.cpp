@@ -34,7 +34,7 @@ int widestWeekday(const QFontMetrics& metrics)
 {
     int widest = 0;
     for (int day = 1; day <= 7; ++day)
-        widest = std::max(widest, metrics.horizontalAdvance(entryWeekday(QDate(2001, 1, day))));
+        widest = std::max(widest, metrics.size(0, entryWeekday(QDate(2001, 1, day))).width());
     return widest;
 }
 
