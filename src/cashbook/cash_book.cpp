@@ -48,6 +48,12 @@ DayView CashBook::showDay(QDate day, DayRow row)
     return view;
 }
 
+void CashBook::bringInLine(const DayView& shown)
+{
+    if (!shown.movements.empty() && !cashDayHolds(m_book.main(), shown.day, shown.figures))
+        (void)showDay(shown.day, DayRow::Write);
+}
+
 bool CashBook::isDayClosed(QDate day)
 {
     return isClosed(m_book.auxiliary(), day);

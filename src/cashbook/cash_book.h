@@ -40,6 +40,10 @@ public:
     /// one transaction and only if it differs; later days are not shifted.
     [[nodiscard]] DayView showDay(QDate day, DayRow row);
 
+    /// For a day that was read with DayRow::LeaveAlone and shown: as DayRow::Write, at the cost of one look-up where
+    /// the row is right already.
+    void bringInLine(const DayView& shown);
+
     [[nodiscard]] bool isDayClosed(QDate day);
 
     /// True when the day is open or the user may change closed days.

@@ -172,10 +172,11 @@ void MovementEntryPage::refresh(QDate day)
 {
     // A day is shown first, and whatever keeps its row from being written, a locked or full disk, the marker, comes
     // after.
-    fill(m_cashBook.showDay(day, DayRow::LeaveAlone));
-    guarded(window(), [this, day] {
+    const DayView view = m_cashBook.showDay(day, DayRow::LeaveAlone);
+    fill(view);
+    guarded(window(), [this, &view] {
         if (!m_marker.heldByAnother())
-            (void)m_cashBook.showDay(day, DayRow::Write);
+            m_cashBook.bringInLine(view);
     });
 }
 
