@@ -9,8 +9,6 @@
 
 #include <QMainWindow>
 
-#include <array>
-
 class QStackedWidget;
 
 namespace lorvan {

@@ -143,7 +143,7 @@ void MovementEntryPage::showDay(QDate day, ClosedDay closedDay)
 
 void MovementEntryPage::refuseDay()
 {
-    refuseClosedDay();
+    explainClosedDay(window());
     m_commands[command::insertMovement]->hide();
     m_commands[command::closeCash]->hide();
     m_chooser->setEnabled(false);
@@ -239,14 +239,14 @@ void MovementEntryPage::insertMovement()
         return;
     showClosedState(draft.day);
     if (!m_cashBook.mayChange(draft.day)) {
-        explain(Refusal::DayIsClosed, Operation::Insert);
+        explain(Refusal::DayIsClosed, RefusedOperation::Insert);
         return;
     }
     if (m_loaded
         && !askOkCancel(window(), QMessageBox::Critical, attention,
             QStringLiteral("Έχετε επιλέξει στοιχεία για μεταβολή ή διαγραφή.\rθέλετε να γίνει η εισαγωγή;")))
         return;
-    if (!change(Operation::Insert, [this, &draft] { return m_cashBook.insert(draft); }))
+    if (!change(RefusedOperation::Insert, [this, &draft] { return m_cashBook.insert(draft); }))
         return;
     setLoaded(std::nullopt);
     clearEntry();
@@ -260,13 +260,13 @@ void MovementEntryPage::modifyMovement()
     if (!m_loaded || !readDraft(draft))
         return;
     if (const auto refusal = m_cashBook.check(draft)) {
-        explain(*refusal, Operation::Change);
+        explain(*refusal, RefusedOperation::Change);
         return;
     }
     if (!askOkCancel(window(), QMessageBox::Question, QStringLiteral("Μεταβολή στοιχείων"),
             QStringLiteral("Να γίνει η μεταβολή των στοιχείων;")))
         return;
-    if (change(Operation::Change, [this, &draft] { return m_cashBook.modify(*m_loaded, draft); }))
+    if (change(RefusedOperation::Change, [this, &draft] { return m_cashBook.modify(*m_loaded, draft); }))
         releaseChanged();
 }
 
@@ -276,11 +276,11 @@ void MovementEntryPage::removeMovement()
         || !askOkCancel(window(), QMessageBox::Question, QStringLiteral("Διαγραφή κίνησης"),
             QStringLiteral("Να γίνει η διαγραφή της κίνησης")))
         return;
-    if (change(Operation::Change, [this] { return m_cashBook.remove(*m_loaded); }))
+    if (change(RefusedOperation::Change, [this] { return m_cashBook.remove(*m_loaded); }))
         releaseChanged();
 }
 
-bool MovementEntryPage::change(Operation operation, const std::function<ChangeOutcome()>& run)
+bool MovementEntryPage::change(RefusedOperation operation, const std::function<ChangeOutcome()>& run)
 {
     const ChangeOutcome outcome = run();
     if (const auto* const refusal = std::get_if<Refusal>(&outcome)) {
@@ -291,41 +291,11 @@ bool MovementEntryPage::change(Operation operation, const std::function<ChangeOu
     return true;
 }
 
-void MovementEntryPage::explain(Refusal refusal, Operation operation)
+void MovementEntryPage::explain(Refusal refusal, RefusedOperation operation)
 {
-    const auto inform = [this](const QString& title, const QString& text) {
-        showMessage(window(), QMessageBox::Information, title, text);
-    };
-    switch (refusal) {
-    case Refusal::DayIsClosed:
-        if (operation == Operation::Insert)
-            inform(attention, QStringLiteral("Ο χρήστης δεν έχει το δικαίωμα της εισαγωγής"));
-        else
-            refuseClosedDay();
-        break;
-    case Refusal::DateIsInvalid:
-        inform(QStringLiteral("Λάθος στην ημερομηνία"), QStringLiteral("Η ημερομηνία δεν είναι σωστή"));
-        break;
-    case Refusal::NoCode:
-        inform(QStringLiteral("Λάθος κωδικός"), QStringLiteral("Δεν έχετε δώσει κωδικό κίνησης"));
-        break;
-    case Refusal::CodeHasChanged:
-        inform(QStringLiteral("Λάθος κωδικός"), QStringLiteral("Ο κωδικός έχει αλλάξει ενημερώστε ξανά!"));
-        break;
-    case Refusal::NoDescription:
-        inform(QStringLiteral("Λάθος στην περιγραφή"), QStringLiteral("Δεν υπάρχει περιγραφή της κίνησης"));
-        break;
-    case Refusal::MovementIsGone:
-        inform(attention, QStringLiteral("Η κίνηση δεν υπάρχει πια. Την έχει διαγράψει άλλος χρήστης."));
+    explainRefusal(window(), refusal, operation);
+    if (refusal == Refusal::MovementIsGone)
         showLines(m_cashBook.showDay(enteredDay(), DayRow::LeaveAlone));
-        break;
-    }
-}
-
-void MovementEntryPage::refuseClosedDay()
-{
-    showMessage(window(), QMessageBox::Critical, attention,
-        QStringLiteral("Το ταμείο έχει κλείσει και δεν έχετε δικαίωμα να το μεταβάλετε"));
 }
 
 void MovementEntryPage::clearEntry()
@@ -343,7 +313,7 @@ void MovementEntryPage::closeCash()
         showMessage(window(), QMessageBox::Critical, attention,
             QStringLiteral("Ο χρήστης δεν έχει το δικαίωμα να κλίνει το ταμείο"));
     } else if (!day.isValid()) {
-        explain(Refusal::DateIsInvalid, Operation::Change);
+        explain(Refusal::DateIsInvalid, RefusedOperation::Change);
     } else if (askOkCancel(window(), QMessageBox::Question, QStringLiteral("Κλείσιμο ταμείου"),
                    QStringLiteral("Να κλείσω το ταμείο;"))) {
         closeDay(m_book.auxiliary(), day);
@@ -395,7 +365,7 @@ void MovementEntryPage::lineOpened(qint64 key)
         const auto movement = m_cashBook.find(key);
         showClosedState(enteredDay());
         if (!movement)
-            explain(Refusal::MovementIsGone, Operation::Change);
+            explain(Refusal::MovementIsGone, RefusedOperation::Change);
         else if (m_cashBook.mayChange(movement->day))
             load(*movement);
     });

@@ -2,6 +2,7 @@
 
 #include "cashbook/cash_book.h"
 #include "cashbook/movement_fields.h"
+#include "cashbook/refusal_window.h"
 #include "controls/control_array.h"
 #include "controls/leave_checks.h"
 #include "platform/clock.h"
@@ -55,7 +56,6 @@ Q_SIGNALS:
 
 private:
     enum class ClosedDay { Refused, ShownAnyway };
-    enum class Operation { Insert, Change };
 
     void createControls();
     void createCommands();
@@ -86,9 +86,8 @@ private:
     [[nodiscard]] MovementFields::Kind selectedKind() const;
 
     [[nodiscard]] bool readDraft(MovementDraft& draft);
-    bool change(Operation operation, const std::function<ChangeOutcome()>& run);
-    void explain(Refusal refusal, Operation operation);
-    void refuseClosedDay();
+    bool change(RefusedOperation operation, const std::function<ChangeOutcome()>& run);
+    void explain(Refusal refusal, RefusedOperation operation);
     void clearEntry();
 
     void lineClicked();

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "cashbook/cash_book.h"
+
+class QWidget;
+
+namespace lorvan {
+
+/// What the user was doing when a refusal came; a closed day is told differently for an insertion.
+enum class RefusedOperation { Insert, Change };
+
+/// Tells the user why a change of movements was refused.
+void explainRefusal(QWidget* parent, Refusal refusal, RefusedOperation operation);
+
+/// The box that keeps a closed day closed.
+void explainClosedDay(QWidget* parent);
+
+} // namespace lorvan
