@@ -5,9 +5,7 @@
 #include "controls/theme.h"
 
 #include <QFontMetricsF>
-#include <QKeyEvent>
 #include <QScrollBar>
-#include <QSignalBlocker>
 #include <QStyle>
 
 #include <array>
@@ -85,18 +83,16 @@ DayLineLayout DayLineLayout::forWidth(int available, const QFont& font)
 }
 
 DayList::DayList(QWidget* parent)
-    : QListView(parent)
+    : RecordList(parent)
     , m_model(new DayListModel(this))
 {
     setItemDelegate(new DayListDelegate(this));
     setModel(m_model);
-    setUniformItemSizes(true);
-    setEditTriggers(NoEditTriggers);
-    setSelectionMode(SingleSelection);
-    setVerticalScrollMode(ScrollPerItem);
     setHorizontalScrollMode(ScrollPerPixel);
     setViewportMargins(0, margin, 0, margin);
     connect(this, &QListView::clicked, this, &DayList::clickedLine);
+    connect(this, &RecordList::opened, this,
+        [this](const QModelIndex& index) { Q_EMIT openedLine(index.data(Qt::UserRole).toLongLong()); });
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &DayList::slicesChanged);
     connect(&Theme::instance(), &Theme::changed, this, &DayList::layOut);
     layOut();
@@ -166,42 +162,7 @@ void DayList::layOut()
 void DayList::resizeEvent(QResizeEvent* event)
 {
     layOut();
-    QListView::resizeEvent(event);
-}
-
-void DayList::open(const QModelIndex& index)
-{
-    if (index.isValid())
-        Q_EMIT openedLine(index.data(Qt::UserRole).toLongLong());
-}
-
-void DayList::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() != Qt::Key_F2) {
-        QListView::keyPressEvent(event);
-        return;
-    }
-    event->accept();
-    open(currentIndex());
-}
-
-void DayList::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    m_afterDoubleClick = true;
-    QListView::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton)
-        open(indexAt(event->position().toPoint()));
-}
-
-void DayList::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (!m_afterDoubleClick) {
-        QListView::mouseReleaseEvent(event);
-        return;
-    }
-    m_afterDoubleClick = false;
-    const QSignalBlocker noSecondClick(this);
-    QListView::mouseReleaseEvent(event);
+    RecordList::resizeEvent(event);
 }
 
 } // namespace lorvan

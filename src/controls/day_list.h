@@ -1,9 +1,9 @@
 #pragma once
 
 #include "controls/day_list_head.h"
+#include "controls/record_list.h"
 
 #include <QAbstractListModel>
-#include <QListView>
 
 #include <vector>
 
@@ -48,7 +48,7 @@ struct DayLineLayout {
 };
 
 /// The movements of one day.
-class DayList : public QListView {
+class DayList : public RecordList {
     Q_OBJECT
 
 public:
@@ -71,19 +71,14 @@ Q_SIGNALS:
     void slicesChanged(); ///< Font, slices or sideways position are others.
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void open(const QModelIndex& index);
     void layOut();
     [[nodiscard]] QFont largestFont() const;
 
     DayListModel* m_model;
     DayLineLayout m_layout;
-    bool m_afterDoubleClick = false;
 };
 
 } // namespace lorvan

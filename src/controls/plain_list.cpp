@@ -3,8 +3,7 @@
 #include "controls/row_delegate.h"
 #include "controls/theme.h"
 
-#include <QKeyEvent>
-#include <QSignalBlocker>
+#include <QEvent>
 #include <QStandardItemModel>
 
 namespace lorvan {
@@ -18,17 +17,13 @@ constexpr int usualRows = 6;
 } // namespace
 
 PlainList::PlainList(Face face, QWidget* parent)
-    : QListView(parent)
+    : RecordList(parent)
     , m_rows(new QStandardItemModel(this))
     , m_face(face)
 {
     setItemDelegate(new RowDelegate(this));
     setModel(m_rows);
-    setUniformItemSizes(true);
-    setEditTriggers(NoEditTriggers);
-    setSelectionMode(SingleSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollMode(ScrollPerItem);
     setViewportMargins(0, margin, 0, margin);
     connect(&Theme::instance(), &Theme::changed, this, &PlainList::dress);
     dress();
@@ -73,39 +68,9 @@ QSize PlainList::minimumSizeHint() const
 
 void PlainList::changeEvent(QEvent* event)
 {
-    QListView::changeEvent(event);
+    RecordList::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         doItemsLayout();
-}
-
-void PlainList::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_F2 && currentIndex().isValid()) {
-        event->accept();
-        Q_EMIT opened(currentIndex());
-        return;
-    }
-    QListView::keyPressEvent(event);
-}
-
-void PlainList::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    m_afterDoubleClick = true;
-    QListView::mouseDoubleClickEvent(event);
-    const QModelIndex index = indexAt(event->position().toPoint());
-    if (index.isValid() && event->button() == Qt::LeftButton)
-        Q_EMIT opened(index);
-}
-
-void PlainList::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (!m_afterDoubleClick) {
-        QListView::mouseReleaseEvent(event);
-        return;
-    }
-    m_afterDoubleClick = false;
-    const QSignalBlocker noSecondClick(this);
-    QListView::mouseReleaseEvent(event);
 }
 
 } // namespace lorvan

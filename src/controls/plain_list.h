@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QListView>
+#include "controls/record_list.h"
 
 #include <vector>
 
@@ -15,7 +15,7 @@ struct ListRow {
 
 /// A list of single lines. The selected row is highlighted while the list has the focus and tinted, with a bar at its
 /// left, while it has not. Rows that do not fit end in an ellipsis and show their text as a tooltip.
-class PlainList : public QListView {
+class PlainList : public RecordList {
     Q_OBJECT
 
 public:
@@ -36,16 +36,8 @@ public:
     [[nodiscard]] virtual int textInset() const { return 10; }
     [[nodiscard]] virtual bool showsTicks() const { return false; }
 
-Q_SIGNALS:
-    /// Double click on a row, or F2 on the current one. The click that belongs to a double click is reported once, by
-    /// clicked(), before it.
-    void opened(const QModelIndex& index);
-
 protected:
     void changeEvent(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     void dress();
@@ -53,7 +45,6 @@ private:
     QStandardItemModel* m_rows;
     Face m_face;
     int m_rowHeight = 0;
-    bool m_afterDoubleClick = false;
 };
 
 } // namespace lorvan
