@@ -3,36 +3,68 @@
 #include "app/padding.h"
 #include "platform/connection.h"
 
+#include <string>
+#include <string_view>
+
 namespace lorvan {
 namespace {
 
 constexpr qsizetype codeWidth = 5;
 
+constexpr std::string_view columns =
+    "SELECT kvdikos, perigrafh, lista, aa_omadas, esodo, energos, omada, aa FROM kvdikoi ";
+
 MovementCode codeIn(const Statement& row)
 {
-    return {row.number(0), row.text(1), row.text(2), row.number(3), row.boolean(4), row.boolean(5)};
+    return {row.number(0), row.text(1), row.text(2), row.number(3), row.boolean(4), row.boolean(5), row.text(6),
+        row.integer(7)};
 }
 
-} // namespace
-
-std::vector<MovementCode> listCodes(Connection& main, CodeSelection selection)
+Statement select(Connection& main, std::string_view condition)
 {
-    auto rows = main.prepare(selection == CodeSelection::Active
-            ? "SELECT kvdikos, perigrafh, lista, aa_omadas, esodo, energos FROM kvdikoi WHERE energos<>0 ORDER BY "
-              "kvdikos, aa"
-            : "SELECT kvdikos, perigrafh, lista, aa_omadas, esodo, energos FROM kvdikoi ORDER BY kvdikos, aa");
+    return main.prepare(std::string(columns).append(condition));
+}
+
+std::vector<MovementCode> codesIn(Statement rows)
+{
     std::vector<MovementCode> codes;
     while (rows.step())
         codes.push_back(codeIn(rows));
     return codes;
 }
 
+std::optional<MovementCode> firstCodeIn(Statement rows)
+{
+    return rows.step() ? std::optional(codeIn(rows)) : std::nullopt;
+}
+
+} // namespace
+
+std::vector<MovementCode> listCodes(Connection& main, CodeSelection selection)
+{
+    return codesIn(select(
+        main, selection == CodeSelection::Active ? "WHERE energos<>0 ORDER BY kvdikos, aa" : "ORDER BY kvdikos, aa"));
+}
+
+std::vector<MovementCode> listCodesOfGroup(Connection& main, qint32 group)
+{
+    auto rows = select(main, "WHERE aa_omadas=? ORDER BY kvdikos, aa");
+    rows.bind(group);
+    return codesIn(std::move(rows));
+}
+
 std::optional<MovementCode> findCode(Connection& main, qint32 code, CodeSelection selection)
 {
-    auto row = main.prepare("SELECT kvdikos, perigrafh, lista, aa_omadas, esodo, energos FROM kvdikoi"
-                            " WHERE kvdikos=? AND (energos<>0 OR ?) ORDER BY aa LIMIT 1");
-    row.bind(code, selection == CodeSelection::All);
-    return row.step() ? std::optional(codeIn(row)) : std::nullopt;
+    auto rows = select(main, "WHERE kvdikos=? AND (energos<>0 OR ?) ORDER BY aa LIMIT 1");
+    rows.bind(code, selection == CodeSelection::All);
+    return firstCodeIn(std::move(rows));
+}
+
+std::optional<MovementCode> readCode(Connection& main, qint64 row)
+{
+    auto rows = select(main, "WHERE aa=?");
+    rows.bind(row);
+    return firstCodeIn(std::move(rows));
 }
 
 std::vector<CodeGroup> listGroups(Connection& main)

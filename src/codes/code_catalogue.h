@@ -17,6 +17,8 @@ struct MovementCode {
     qint32 group = 0; ///< 0 without a group.
     bool income = false;
     bool active = true;
+    QString groupName = {}; ///< The group's name when it was last written here; a blank after its deletion.
+    qint64 row = 0; ///< Names the row for as long as it is there.
 };
 
 struct CodeGroup {
@@ -31,6 +33,12 @@ enum class CodeSelection { Active, All };
 
 /// The first code of that number in the selection.
 [[nodiscard]] std::optional<MovementCode> findCode(Connection& main, qint32 code, CodeSelection selection);
+
+/// The code in that row.
+[[nodiscard]] std::optional<MovementCode> readCode(Connection& main, qint64 row);
+
+/// The codes of a group, or those without one for 0, by number.
+[[nodiscard]] std::vector<MovementCode> listCodesOfGroup(Connection& main, qint32 group);
 
 /// The groups in the order in which they were entered.
 [[nodiscard]] std::vector<CodeGroup> listGroups(Connection& main);

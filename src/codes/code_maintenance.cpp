@@ -1,0 +1,123 @@
+#include "codes/code_maintenance.h"
+
+#include "platform/connection.h"
+#include "platform/transaction.h"
+
+namespace lorvan {
+namespace {
+
+std::optional<qint32> wholeNumber(const QString& typed)
+{
+    bool fits = false;
+    const qint32 number = typed.trimmed().toInt(&fits);
+    return fits ? std::optional(number) : std::nullopt;
+}
+
+bool descriptionExists(Connection& main, const QString& description)
+{
+    auto row = main.prepare("SELECT 1 FROM kvdikoi WHERE perigrafh=? COLLATE greek LIMIT 1");
+    row.bind(description);
+    return row.step();
+}
+
+std::optional<qint32> groupNamed(Connection& main, const QString& name)
+{
+    auto row = main.prepare("SELECT aa FROM omades WHERE perigrafh=? COLLATE greek ORDER BY aa LIMIT 1");
+    row.bind(name);
+    return row.step() ? std::optional(row.number(0)) : std::nullopt;
+}
+
+MovementCode rowOf(const CodeEntry& entry, qint32 code, qint32 group)
+{
+    return {code, entry.description.trimmed(), codeListLine(entry.code, entry.description), group, entry.income,
+        entry.active, entry.group};
+}
+
+/// The row to be added, if the entry may be added.
+std::variant<MovementCode, CodeRefusal> checkInsertion(Connection& main, const CodeEntry& entry)
+{
+    const QString description = entry.description.trimmed();
+    if (entry.code.trimmed().isEmpty() || description.isEmpty())
+        return CodeRefusal::Incomplete;
+    const auto code = wholeNumber(entry.code);
+    if (!code)
+        return CodeRefusal::NoWholeNumber;
+    if (findCode(main, *code, CodeSelection::All))
+        return CodeRefusal::CodeExists;
+    if (descriptionExists(main, description))
+        return CodeRefusal::DescriptionExists;
+    const auto group = entry.group.isEmpty() ? std::optional(0) : groupNamed(main, entry.group.trimmed());
+    if (!group)
+        return CodeRefusal::UnknownGroup;
+    return rowOf(entry, *code, *group);
+}
+
+void giveGroupToMovements(Connection& main, qint32 code, qint32 group)
+{
+    // Rows that have it already are left alone: a new description of a much used code rewrites no movement.
+    main.prepare("UPDATE kinhseis SET aa_omada=?2 WHERE kvdikos=?1 AND aa_omada IS NOT ?2").bind(code, group).run();
+}
+
+bool isUsed(Connection& main, qint32 code)
+{
+    auto movement = main.prepare("SELECT 1 FROM kinhseis WHERE kvdikos=? LIMIT 1");
+    movement.bind(code);
+    return movement.step();
+}
+
+} // namespace
+
+std::variant<MovementCode, CodeRefusal> insertCode(Connection& main, const CodeEntry& entry)
+{
+    Transaction writing(main);
+    auto checked = checkInsertion(main, entry);
+    if (auto* const code = std::get_if<MovementCode>(&checked)) {
+        main.prepare("INSERT INTO kvdikoi (kvdikos, perigrafh, lista, aa_omadas, esodo, energos, omada)"
+                     " VALUES (?,?,?,?,?,?,?)")
+            .bind(
+                code->code, code->description, code->listLine, code->group, code->income, code->active, code->groupName)
+            .run();
+        code->row = main.lastInsertedKey();
+        writing.commit();
+    }
+    return checked;
+}
+
+std::optional<CodeRefusal> modifyCode(Connection& main, qint64 row, const CodeEntry& entry, qint32 group)
+{
+    const auto number = wholeNumber(entry.code);
+    if (!number)
+        return CodeRefusal::NoWholeNumber;
+    const MovementCode code = rowOf(entry, *number, group);
+    Transaction writing(main);
+    const int changed =
+        main.prepare("UPDATE kvdikoi SET kvdikos=?, perigrafh=?, lista=?, aa_omadas=?, esodo=?,"
+                     " energos=?, omada=? WHERE aa=?")
+            .bind(code.code, code.description, code.listLine, code.group, code.income, code.active, code.groupName, row)
+            .run();
+    if (changed == 0)
+        return CodeRefusal::IsGone;
+    giveGroupToMovements(main, code.code, code.group);
+    writing.commit();
+    return std::nullopt;
+}
+
+std::optional<CodeRefusal> checkRemoval(Connection& main, qint64 row)
+{
+    const auto code = readCode(main, row);
+    if (!code)
+        return CodeRefusal::IsGone;
+    return isUsed(main, code->code) ? std::optional(CodeRefusal::IsUsed) : std::nullopt;
+}
+
+std::optional<CodeRefusal> removeCode(Connection& main, qint64 row)
+{
+    Transaction writing(main);
+    if (const auto refusal = checkRemoval(main, row))
+        return refusal;
+    main.prepare("DELETE FROM kvdikoi WHERE aa=?").bind(row).run();
+    writing.commit();
+    return std::nullopt;
+}
+
+} // namespace lorvan
