@@ -56,7 +56,7 @@ Kentrikh::Kentrikh(Book book, UsageMarker marker, Rights rights, DataFolderSetti
     , m_band(new TabBand(this))
     , m_pages(new QStackedWidget(this))
     , m_entryPage(new MovementEntryPage(m_book, m_marker, rights, m_clock, this))
-    , m_codesPage(new CodesPage(this))
+    , m_codesPage(new CodesPage(m_book, this))
     , m_printingPage(new PrintingPage(m_clock, this))
     , m_totals(new TotalsBar(this))
 {
@@ -128,6 +128,8 @@ void Kentrikh::connectPages()
         m_totals->setFigures(amountOrZeroText(figures.income), amountOrZeroText(figures.expense),
             amountOrZeroText(figures.closingBalance));
     });
+    connect(
+        m_codesPage, &CodesPage::codesChanged, this, [this] { guarded(this, [this] { m_entryPage->refillCodes(); }); });
     connect(m_entryPage, &MovementEntryPage::figuresUnknown, this, [this] { m_totals->setFigures({}, {}, {}); });
     connect(m_band->tabs(), &QTabBar::currentChanged, this, &Kentrikh::selectTab);
 }
@@ -154,14 +156,26 @@ void Kentrikh::dispatch(int command)
 {
     if (BusyPointer::isShown())
         return;
-    const BusyPointer busy;
-    guarded(this, [this, command] {
-        const bool leaving = command == command::exitFromCashPage || command == command::exitFromCodesPage;
-        if (!leaving && !(settle() && isOffered(command)))
-            return;
-        if (!isGuarded(command) || !refusedByMarker())
+    bool groupsWanted = false;
+    {
+        const BusyPointer busy;
+        guarded(this, [this, command, &groupsWanted] {
+            if (!isAdmitted(command))
+                return;
+            groupsWanted = command == command::editGroups;
             act(command);
-    });
+        });
+    }
+    if (groupsWanted)
+        editGroups(); // its buttons run actions of their own
+}
+
+bool Kentrikh::isAdmitted(int command)
+{
+    const bool leaving = command == command::exitFromCashPage || command == command::exitFromCodesPage;
+    if (!leaving && !(settle() && isOffered(command)))
+        return false;
+    return !isGuarded(command) || !refusedByMarker();
 }
 
 bool Kentrikh::settle()
@@ -199,6 +213,15 @@ void Kentrikh::act(int command)
     case command::closeCash:
         m_entryPage->closeCash();
         break;
+    case command::insertCode:
+        m_codesPage->insertCode();
+        break;
+    case command::modifyCode:
+        m_codesPage->modifyCode();
+        break;
+    case command::removeCode:
+        m_codesPage->removeCode();
+        break;
     case command::exitFromCashPage:
     case command::exitFromCodesPage:
         if (confirmExit())
@@ -207,6 +230,11 @@ void Kentrikh::act(int command)
     default:
         break;
     }
+}
+
+void Kentrikh::editGroups()
+{
+    guarded(this, [this] { m_codesPage->refreshGroups(); });
 }
 
 bool Kentrikh::confirmExit()
@@ -267,8 +295,7 @@ void Kentrikh::fillPage(int tab, int earlierTab)
         m_entryPage->focusChooser();
         break;
     case tab::codes:
-        m_codesPage->fill(
-            listCodes(m_book.main(), CodeSelection::All), listGroups(m_book.main()), m_rights.modifyCodes);
+        m_codesPage->start(m_rights.modifyCodes);
         break;
     case tab::printing:
         m_printingPage->fill(

@@ -48,7 +48,9 @@ private:
     void connectPages();
 
     void dispatch(int command);
+    [[nodiscard]] bool isAdmitted(int command);
     void act(int command);
+    void editGroups();
     /// Judges what was left and not judged yet. False when something was refused, or the program was ended meanwhile.
     [[nodiscard]] bool settle();
     /// False for a button that settling has hidden or disabled under the mouse.

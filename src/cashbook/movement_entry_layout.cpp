@@ -8,6 +8,7 @@
 #include "controls/day_list.h"
 #include "controls/day_list_head.h"
 #include "controls/entry_field.h"
+#include "controls/focus_rules.h"
 #include "controls/label3d.h"
 #include "controls/state_plate.h"
 #include "controls/themed_label.h"
@@ -17,7 +18,6 @@
 #include <QLabel>
 
 #include <algorithm>
-#include <initializer_list>
 
 namespace lorvan {
 namespace {
@@ -177,13 +177,10 @@ QLayout* MovementEntryPage::commandRow()
 
 void MovementEntryPage::setTabOrders()
 {
-    const std::initializer_list<QWidget*> order{m_date, m_chooser, m_fields.field(field::description),
-        m_fields.field(field::income), m_fields.field(field::expense), m_fields.field(field::memorandum),
-        m_fields.cheque(), m_commands[command::insertMovement], m_commands[command::modifyMovement],
-        m_commands[command::removeMovement], m_list, m_commands[command::closeCash],
-        m_commands[command::exitFromCashPage]};
-    for (auto each = order.begin(); std::next(each) != order.end(); ++each)
-        setTabOrder(*each, *std::next(each));
+    chainTabOrder({m_date, m_chooser, m_fields.field(field::description), m_fields.field(field::income),
+        m_fields.field(field::expense), m_fields.field(field::memorandum), m_fields.cheque(),
+        m_commands[command::insertMovement], m_commands[command::modifyMovement], m_commands[command::removeMovement],
+        m_list, m_commands[command::closeCash], m_commands[command::exitFromCashPage]});
 }
 
 } // namespace lorvan

@@ -1,37 +1,56 @@
 #include "codes/codes_page.h"
 
+#include "app/book.h"
+#include "app/guarded_window.h"
 #include "app/main_controls.h"
+#include "codes/code_refusal_window.h"
 #include "controls/check_field.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
+#include "controls/focus_rules.h"
 #include "controls/plain_list.h"
-#include "controls/themed_label.h"
+#include "platform/busy_pointer.h"
+#include "platform/message_window.h"
 
-#include <QGridLayout>
-#include <QGroupBox>
+#include <algorithm>
 
 namespace lorvan {
 namespace {
 
-enum List { Codes, Groups, CodesOfGroup };
-
-constexpr int marginSide = 12;
-constexpr int marginEnd = 10;
-constexpr int betweenControls = 8;
-constexpr int codeWidth = 84;
-
 std::vector<ListRow> rowsOf(const std::vector<MovementCode>& codes)
 {
     std::vector<ListRow> rows;
+    rows.reserve(codes.size());
     for (const MovementCode& code : codes)
-        rows.push_back({code.listLine, code.code});
+        rows.push_back({code.listLine, code.row});
     return rows;
+}
+
+const CodeGroup* findGroup(const std::vector<CodeGroup>& groups, qint32 number)
+{
+    const auto found = std::ranges::find(groups, number, &CodeGroup::number);
+    return found == groups.end() ? nullptr : &*found;
+}
+
+QString nameOf(const CodeGroup* group)
+{
+    return group ? group->name : QString();
+}
+
+void selectData(PlainList& list, std::optional<qint64> data)
+{
+    const QAbstractItemModel& rows = *list.model();
+    int row = 0;
+    while (data && row < rows.rowCount() && rows.index(row, 0).data(Qt::UserRole).toLongLong() != *data)
+        ++row;
+    list.selectRow(data ? rows.index(row, 0) : QModelIndex());
 }
 
 } // namespace
 
-CodesPage::CodesPage(QWidget* parent)
+CodesPage::CodesPage(Book& book, QWidget* parent)
     : QWidget(parent)
+    , m_book(book)
     , m_fields(QStringLiteral("Text1"))
     , m_commands(QStringLiteral("Command1"))
     , m_lists(QStringLiteral("DBList1"))
@@ -39,158 +58,244 @@ CodesPage::CodesPage(QWidget* parent)
     , m_active(new CheckField(QStringLiteral("Eνεργός")))
 {
     setObjectName(QStringLiteral("Panel1(2)"));
-    auto* const rows = new QVBoxLayout(this);
-    rows->setContentsMargins(marginSide, marginEnd, marginSide, marginEnd);
-    rows->setSpacing(betweenControls);
-    rows->addWidget(entryFrame());
-    rows->addLayout(commandRow());
-    auto* const columns = new QHBoxLayout;
-    columns->setSpacing(12);
-    columns->addLayout(groupsColumn(), 9);
-    columns->insertLayout(0, codesColumn(), 11);
-    rows->addLayout(columns, 1);
-    setTabOrders();
-    connect(m_lists[Groups], &PlainList::clicked, this,
-        [this](const QModelIndex& index) { showGroup(index.data(Qt::UserRole).toInt()); });
+    layOut();
+    connectLists();
+    m_active->setChecked(true);
+    setOffered(false);
 }
 
-QGroupBox* CodesPage::entryFrame()
+void CodesPage::connectLists()
 {
-    m_income->setObjectName(QStringLiteral("SSCheck1"));
-    m_active->setObjectName(QStringLiteral("SSCheck2"));
-    EntryField* const code = m_fields.add(field::code, new EntryField(TypingRule::Capitals));
-    EntryField* const description = m_fields.add(field::codeDescription, new EntryField(TypingRule::Capitals));
-    EntryField* const group = m_fields.add(field::codeGroup, new EntryField(TypingRule::Capitals));
-    code->setFixedWidth(codeWidth);
-
-    auto* const frame = new QGroupBox(QStringLiteral("Στοιχεία κωδικού"));
-    frame->setEnabled(false);
-    auto* const grid = new QGridLayout(frame);
-    grid->setHorizontalSpacing(betweenControls);
-    grid->setVerticalSpacing(2);
-    grid->setColumnStretch(1, 3);
-    grid->setColumnStretch(2, 2);
-    grid->addWidget(fieldCaption(QStringLiteral("Κωδικός")), 0, 0);
-    grid->addWidget(fieldCaption(QStringLiteral("Περιγραφή")), 0, 1);
-    grid->addWidget(fieldCaption(QStringLiteral("Ομάδα")), 0, 2);
-    grid->addWidget(code, 1, 0);
-    grid->addWidget(description, 1, 1);
-    grid->addWidget(group, 1, 2);
-    auto* const checks = new QVBoxLayout;
-    checks->addWidget(m_income);
-    checks->addWidget(m_active);
-    grid->setColumnMinimumWidth(3, 6);
-    grid->addLayout(checks, 0, 4, 2, 1);
-    return frame;
+    const auto whenIdle = [this](auto signal, List list, void (CodesPage::*act)(const QModelIndex&)) {
+        connect(m_lists[list], signal, this, [this, act](const QModelIndex& index) {
+            if (BusyPointer::isShown())
+                return;
+            const BusyPointer busy;
+            guarded(window(), [this, act, &index] { (this->*act)(index); });
+        });
+    };
+    whenIdle(&PlainList::clicked, Codes, &CodesPage::codeClicked);
+    whenIdle(&PlainList::opened, Codes, &CodesPage::codeOpened);
+    whenIdle(&PlainList::clicked, Groups, &CodesPage::groupClicked);
+    whenIdle(&PlainList::opened, Groups, &CodesPage::groupOpened);
+    connect(m_lists[Codes], &PlainList::removalAsked, this, [this](const QModelIndex& index) {
+        if (m_offered && m_selected == index.data(Qt::UserRole).toLongLong())
+            Q_EMIT commandPressed(command::removeCode);
+    });
 }
 
-CommandButton* CodesPage::addCommand(
-    int index, const QString& icon, const QString& text, const QString& tip, int captionIndex)
-{
-    auto* const button = m_commands.add(index, new CommandButton(icon, text));
-    button->setToolTip(tip);
-    button->captionLabel()->setObjectName(QStringLiteral("Label2(%1)").arg(captionIndex));
-    QSizePolicy keepPlace = button->sizePolicy();
-    keepPlace.setRetainSizeWhenHidden(true);
-    button->setSizePolicy(keepPlace);
-    button->setEnabled(false);
-    connect(button, &CommandButton::clicked, this, [this, index] { Q_EMIT commandPressed(index); });
-    return button;
-}
+// What is shown
 
-QLayout* CodesPage::commandRow()
+void CodesPage::start(bool mayModify)
 {
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(betweenControls);
-    row->addWidget(addCommand(command::insertCode, QStringLiteral("insert"), QStringLiteral("Εισαγωγή"),
-        QStringLiteral("Εισαγωγή κωδικού στη λίστα"), caption::insertCode));
-    row->addWidget(addCommand(command::modifyCode, QStringLiteral("modify"), QStringLiteral("Μεταβολή"),
-        QStringLiteral("Μεταβολή των στοιχείων του κωδικού"), caption::modifyCode));
-    row->addWidget(addCommand(command::removeCode, QStringLiteral("delete"), QStringLiteral("Διαγραφή"),
-        QStringLiteral("Διαγραφή του κωδικού"), caption::removeCode));
-    m_commands[command::insertCode]->setLook(CommandButton::Look::Solid);
-    m_commands[command::modifyCode]->hide();
-    m_commands[command::removeCode]->hide();
-    row->addStretch(1);
-    row->addWidget(addCommand(command::exitFromCodesPage, QStringLiteral("exit"), QStringLiteral("Εξοδος"),
-        QStringLiteral("Τερματισμός του προγράμματος"), caption::exitFromCodesPage));
-    m_commands[command::exitFromCodesPage]->setLook(CommandButton::Look::Quiet);
-    m_commands[command::exitFromCodesPage]->setEnabled(true);
-    return row;
-}
-
-PlainList* CodesPage::addList(int index, const QString& name, const QString& tip)
-{
-    const auto face = index == Groups ? PlainList::Face::Desktop : PlainList::Face::FixedWidth;
-    auto* const list = m_lists.add(index, new PlainList(face));
-    list->setAccessibleName(name);
-    list->setToolTip(tip);
-    return list;
-}
-
-QLayout* CodesPage::codesColumn()
-{
-    const QString title = QStringLiteral("Διαθέσιμοι κωδικοί");
-    auto* const column = new QVBoxLayout;
-    column->setSpacing(4);
-    QWidget* const heading = listHeading(title);
-    heading->setMinimumHeight(m_commands[command::editGroups]->sizeHint().height()); // both columns' lists begin alike
-    column->addWidget(heading);
-    column->addWidget(addList(Codes, title, {}), 1);
-    return column;
-}
-
-QLayout* CodesPage::groupsColumn()
-{
-    const QString title = QStringLiteral("Ομάδες κωδικών");
-    auto* const heading = new QHBoxLayout;
-    heading->addWidget(listHeading(title));
-    heading->addStretch(1);
-    heading->addWidget(addCommand(command::editGroups, QStringLiteral("groups"), QStringLiteral("Επεξεργασία"),
-        QStringLiteral("Επεξεργασία ομάδων κωδικών"), caption::editGroups));
-    m_commands[command::editGroups]->setSmall(true);
-
-    const QString groupTitle = QStringLiteral("Κωδικοί στην ομάδα");
-    auto* const column = new QVBoxLayout;
-    column->setSpacing(4);
-    column->addLayout(heading);
-    column->addWidget(
-        addList(Groups, title, QStringLiteral("Διπλό κλίκ για την αντοιστίχηση της ομάδας στο κωδικό")), 7);
-    column->addSpacing(4);
-    column->addWidget(listHeading(groupTitle));
-    column->addWidget(addList(CodesOfGroup, groupTitle, QStringLiteral("Κωδικοί που ανήκουν στην ίδια ομάδα")), 5);
-    return column;
-}
-
-void CodesPage::setTabOrders()
-{
-    setTabOrder(m_lists[Codes], m_lists[Groups]);
-    setTabOrder(m_lists[Groups], m_commands[command::editGroups]);
-    setTabOrder(m_commands[command::editGroups], m_lists[CodesOfGroup]);
-    setTabOrder(m_lists[CodesOfGroup], m_commands[command::exitFromCodesPage]);
-}
-
-void CodesPage::fill(const std::vector<MovementCode>& codes, const std::vector<CodeGroup>& groups, bool mayModify)
-{
-    m_codes = codes;
     setEnabled(mayModify);
-    std::vector<ListRow> groupRows;
-    for (const CodeGroup& group : groups)
-        groupRows.push_back({group.name, group.number});
-    m_lists[Codes]->setRows(rowsOf(codes));
-    m_lists[Groups]->setRows(groupRows);
-    showGroup(0);
-    m_lists[Codes]->setFocus(Qt::OtherFocusReason);
+    clearFields();
+    m_selected.reset();
+    setOffered(false);
+    refillGroups();
+    refill();
+    m_fields[field::code]->setFocus(Qt::OtherFocusReason);
 }
 
-void CodesPage::showGroup(qint32 group)
+void CodesPage::clearFields()
 {
-    std::vector<MovementCode> members;
-    for (const MovementCode& code : m_codes) {
-        if (code.group == group)
-            members.push_back(code);
+    for (const int index : {field::code, field::codeDescription, field::codeGroup})
+        m_fields[index]->clear();
+    m_income->setChecked(false);
+    m_group = 0;
+}
+
+void CodesPage::refill()
+{
+    m_lists[Codes]->setRows(rowsOf(listCodes(m_book.main(), CodeSelection::All)));
+    selectCode(m_selected);
+    showCodesOfGroup(m_listedGroup);
+}
+
+void CodesPage::refillGroups()
+{
+    m_groups = listGroups(m_book.main());
+    std::vector<ListRow> rows;
+    for (const CodeGroup& group : m_groups)
+        rows.push_back({group.name, group.number});
+    m_lists[Groups]->setRows(rows);
+    if (findGroup(m_groups, m_listedGroup))
+        selectData(*m_lists[Groups], m_listedGroup);
+    else
+        m_listedGroup = 0;
+}
+
+void CodesPage::refreshGroups()
+{
+    const QString before = nameOf(findGroup(m_groups, m_group));
+    refillGroups();
+    refill();
+    const CodeGroup* const now = findGroup(m_groups, m_group);
+    if (m_fields[field::codeGroup]->text() == before)
+        m_fields[field::codeGroup]->setText(nameOf(now));
+    if (!now)
+        m_group = 0;
+}
+
+void CodesPage::showCodesOfGroup(qint32 group)
+{
+    m_listedGroup = group;
+    m_lists[CodesOfGroup]->setRows(rowsOf(listCodesOfGroup(m_book.main(), group)));
+}
+
+void CodesPage::selectCode(std::optional<qint64> row)
+{
+    m_selected = row;
+    selectData(*m_lists[Codes], row);
+}
+
+void CodesPage::setOffered(bool isOffered)
+{
+    m_offered = isOffered;
+    m_commands[command::modifyCode]->setVisible(isOffered);
+    m_commands[command::removeCode]->setVisible(isOffered);
+    m_commands[command::modifyCode]->setLook(CommandButton::Look::Solid);
+    m_commands[command::insertCode]->setLook(isOffered ? CommandButton::Look::Outlined : CommandButton::Look::Solid);
+}
+
+// Lists
+
+bool CodesPage::show(qint64 row)
+{
+    const auto code = readCode(m_book.main(), row);
+    if (!code) {
+        explain(CodeRefusal::IsGone);
+        return false;
     }
-    m_lists[CodesOfGroup]->setRows(rowsOf(members));
+    m_selected = row;
+    m_fields[field::code]->setText(QString::number(code->code));
+    m_fields[field::codeDescription]->setText(code->description);
+    m_fields[field::codeGroup]->setText(code->groupName);
+    for (const int index : {field::code, field::codeDescription, field::codeGroup})
+        m_fields[index]->setCursorPosition(0);
+    m_income->setChecked(code->income);
+    m_active->setChecked(code->active);
+    m_group = code->group;
+    return true;
+}
+
+void CodesPage::codeClicked(const QModelIndex& index)
+{
+    setOffered(false);
+    show(index.data(Qt::UserRole).toLongLong());
+}
+
+void CodesPage::codeOpened(const QModelIndex& index)
+{
+    setOffered(show(index.data(Qt::UserRole).toLongLong()));
+}
+
+void CodesPage::groupClicked(const QModelIndex& index)
+{
+    m_group = index.data(Qt::UserRole).toInt();
+    showCodesOfGroup(m_group);
+}
+
+void CodesPage::groupOpened(const QModelIndex& index)
+{
+    groupClicked(index);
+    m_fields[field::codeGroup]->setText(nameOf(findGroup(m_groups, m_group)));
+    m_fields[field::codeGroup]->setCursorPosition(0);
+}
+
+// Changes
+
+CodeEntry CodesPage::typed() const
+{
+    return {m_fields[field::code]->text(), m_fields[field::codeDescription]->text(), m_fields[field::codeGroup]->text(),
+        m_income->isChecked(), m_active->isChecked()};
+}
+
+void CodesPage::insertCode()
+{
+    const auto outcome = lorvan::insertCode(m_book.main(), typed());
+    if (const auto* const refusal = std::get_if<CodeRefusal>(&outcome)) {
+        explain(*refusal);
+        return;
+    }
+    const auto& inserted = std::get<MovementCode>(outcome);
+    m_group = inserted.group;
+    m_selected = inserted.row;
+    changed();
+    goBackTo(*m_fields[field::code]);
+}
+
+void CodesPage::modifyCode()
+{
+    if (!m_selected
+        || !askOkCancel(window(), QMessageBox::Question, QStringLiteral("Μεταβολή στοιχείων"),
+            QStringLiteral("Να γίνει η μεταβολή των στοιχείων;")))
+        return;
+    if (const auto refusal = lorvan::modifyCode(m_book.main(), *m_selected, typed(), m_group))
+        explain(*refusal);
+    else
+        changed();
+}
+
+void CodesPage::removeCode()
+{
+    if (!m_selected)
+        return;
+    if (const auto refusal = checkRemoval(m_book.main(), *m_selected)) {
+        explain(*refusal);
+        return;
+    }
+    if (!askOkCancel(window(), QMessageBox::Question, QStringLiteral("Διαγραφή κωδικού"),
+            QStringLiteral("Να γίνει η διαγραφή του κωδικού;")))
+        return;
+    if (const auto refusal = lorvan::removeCode(m_book.main(), *m_selected)) {
+        explain(*refusal);
+        return;
+    }
+    const int place = m_lists[Codes]->currentIndex().row();
+    m_selected.reset();
+    m_group = 0;
+    setOffered(false);
+    changed();
+    const QAbstractItemModel& rows = *m_lists[Codes]->model();
+    m_lists[Codes]->selectRow(rows.index(std::min(place, rows.rowCount() - 1), 0));
+}
+
+void CodesPage::changed()
+{
+    refill();
+    Q_EMIT codesChanged();
+}
+
+void CodesPage::explain(CodeRefusal refusal)
+{
+    explainCodeRefusal(window(), refusal);
+    if (refusal == CodeRefusal::IsGone) {
+        m_selected.reset();
+        setOffered(false);
+        changed();
+    } else if (EntryField* const field = fieldToCorrect(refusal)) {
+        goBackTo(*field);
+    }
+}
+
+EntryField* CodesPage::fieldToCorrect(CodeRefusal refusal) const
+{
+    switch (refusal) {
+    case CodeRefusal::Incomplete:
+        return m_fields[m_fields[field::code]->text().trimmed().isEmpty() ? field::code : field::codeDescription];
+    case CodeRefusal::NoWholeNumber:
+    case CodeRefusal::CodeExists:
+        return m_fields[field::code];
+    case CodeRefusal::DescriptionExists:
+        return m_fields[field::codeDescription];
+    case CodeRefusal::UnknownGroup:
+        return m_fields[field::codeGroup];
+    case CodeRefusal::IsUsed:
+    case CodeRefusal::IsGone:
+        break;
+    }
+    return nullptr;
 }
 
 } // namespace lorvan

@@ -1,52 +1,91 @@
 #pragma once
 
-#include "codes/code_catalogue.h"
+#include "codes/code_maintenance.h"
 #include "controls/control_array.h"
 
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
 class QCheckBox;
 class QGroupBox;
 class QLayout;
+class QModelIndex;
 
 namespace lorvan {
 
+class Book;
 class CommandButton;
 class EntryField;
 class PlainList;
 
-/// The codes page `Panel1(2)`. It shows codes and groups; their maintenance is not built yet, so its fields and buttons
-/// stand there disabled.
+/// The codes page `Panel1(2)`: the codes of movements and the groups they belong to. A click on a code shows it, a
+/// double click offers to modify and remove it; a double click on a group puts the group into the fields.
 class CodesPage : public QWidget {
     Q_OBJECT
 
 public:
-    explicit CodesPage(QWidget* parent);
+    CodesPage(Book& book, QWidget* parent);
 
-    void fill(const std::vector<MovementCode>& codes, const std::vector<CodeGroup>& groups, bool mayModify);
+    /// What selecting the tab does: empties the fields and reads codes and groups anew. Throws SqlError.
+    void start(bool mayModify);
+
+    void insertCode();
+    void modifyCode();
+    void removeCode();
+
+    /// After the groups were edited. The fields follow a renamed or deleted group. Throws SqlError.
+    void refreshGroups();
 
 Q_SIGNALS:
     void commandPressed(int index);
+    void codesChanged();
 
 private:
+    enum List { Codes, Groups, CodesOfGroup };
+
+    void layOut();
     QGroupBox* entryFrame();
     QLayout* commandRow();
     QLayout* codesColumn();
     QLayout* groupsColumn();
+    EntryField* addField(int index, const QString& name);
     CommandButton* addCommand(
         int index, const QString& icon, const QString& text, const QString& tip, int captionIndex);
     PlainList* addList(int index, const QString& name, const QString& tip);
-    void showGroup(qint32 group);
     void setTabOrders();
+    void connectLists();
 
+    void refill();
+    void refillGroups();
+    void showCodesOfGroup(qint32 group);
+    void selectCode(std::optional<qint64> row);
+
+    void codeClicked(const QModelIndex& index);
+    void codeOpened(const QModelIndex& index);
+    bool show(qint64 row);
+    void groupClicked(const QModelIndex& index);
+    void groupOpened(const QModelIndex& index);
+    void setOffered(bool isOffered);
+
+    [[nodiscard]] CodeEntry typed() const;
+    void clearFields();
+    void changed();
+    void explain(CodeRefusal refusal);
+    [[nodiscard]] EntryField* fieldToCorrect(CodeRefusal refusal) const;
+
+    Book& m_book;
     ControlArray<EntryField> m_fields;
     ControlArray<CommandButton> m_commands;
     ControlArray<PlainList> m_lists;
     QCheckBox* m_income;
     QCheckBox* m_active;
-    std::vector<MovementCode> m_codes;
+    std::vector<CodeGroup> m_groups;
+    qint32 m_group = 0; ///< The current group number, which the next change of a code stores.
+    qint32 m_listedGroup = 0; ///< The group whose codes are listed.
+    std::optional<qint64> m_selected; ///< Row of the code that was clicked last.
+    bool m_offered = false; ///< The selected code may be modified and removed.
 };
 
 } // namespace lorvan

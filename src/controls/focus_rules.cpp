@@ -2,6 +2,8 @@
 
 #include <QLineEdit>
 
+#include <iterator>
+
 namespace lorvan {
 
 bool isRealFocusChange(Qt::FocusReason reason)
@@ -14,6 +16,12 @@ void goBackTo(QWidget& field)
     field.setFocus(Qt::OtherFocusReason);
     if (auto* const line = qobject_cast<QLineEdit*>(&field))
         line->selectAll(); // the window may not be active again yet, and then the focus alone does not select
+}
+
+void chainTabOrder(std::initializer_list<QWidget*> order)
+{
+    for (auto each = order.begin(); std::next(each) != order.end(); ++each)
+        QWidget::setTabOrder(*each, *std::next(each));
 }
 
 void ClickSelection::mouseReleased(QLineEdit& field)

@@ -4,6 +4,8 @@
 
 #include <qnamespace.h>
 
+#include <initializer_list>
+
 class QLineEdit;
 class QWidget;
 
@@ -15,6 +17,9 @@ namespace lorvan {
 
 /// Takes the user back to a field whose text was refused, with all of it selected.
 void goBackTo(QWidget& field);
+
+/// The Tab key goes from each of the widgets to the next.
+void chainTabOrder(std::initializer_list<QWidget*> order);
 
 /// Selects a field's whole text when it receives the focus by a click, unless the click has drawn a selection of its
 /// own.

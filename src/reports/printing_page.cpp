@@ -4,6 +4,7 @@
 #include "controls/command_button.h"
 #include "controls/date_check.h"
 #include "controls/entry_field.h"
+#include "controls/focus_rules.h"
 #include "controls/themed_label.h"
 #include "controls/tick_list.h"
 #include "platform/date_text.h"
@@ -121,11 +122,7 @@ QLayout* PrintingPage::choiceColumn()
 
 void PrintingPage::setTabOrders()
 {
-    setTabOrder(m_reports, m_fields[field::periodStart]);
-    setTabOrder(m_fields[field::periodStart], m_fields[field::periodEnd]);
-    setTabOrder(m_fields[field::periodEnd], m_print);
-    setTabOrder(m_print, m_codes);
-    setTabOrder(m_codes, m_groups);
+    chainTabOrder({m_reports, m_fields[field::periodStart], m_fields[field::periodEnd], m_print, m_codes, m_groups});
 }
 
 void PrintingPage::fill(const std::vector<MovementCode>& codes, const std::vector<CodeGroup>& groups)

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "codes/group_maintenance.h"
+#include "controls/control_array.h"
+
+#include <QDialog>
+
+#include <functional>
+
+class QLayout;
+class QModelIndex;
+
+namespace lorvan {
+
+class CommandButton;
+class EntryField;
+class PlainList;
+
+/// The groups window: adds, renames and deletes the groups that codes belong to. A click on a group makes ready to add
+/// one, a double click offers to rename and delete the group. Modal; leaving it hides it.
+class OmadaKvdikvn : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Whether data may be changed now. Where not, it tells the user why in a box over the given window.
+    using MayChange = std::function<bool(QWidget* window)>;
+
+    /// `main` must outlive the window. `mayChange` is asked before each change. Throws SqlError when the groups cannot
+    /// be read.
+    OmadaKvdikvn(Connection& main, MayChange mayChange, QWidget* parent = nullptr);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void layOut();
+    QLayout* commandRow();
+    CommandButton* addCommand(int index, const QString& icon, const QString& caption, const QString& tip);
+    void connectControls();
+
+    void dispatch(int command);
+    void act(int command);
+    void addGroup();
+    void renameGroup();
+    void removeGroup();
+    /// The outcome of a change that was refused: tells why, and goes where it can be put right.
+    void refuse(GroupRefusal refusal, const QString& noNameText);
+
+    void refill();
+    void select(qint32 group);
+    void load(const QModelIndex& index);
+    void release();
+    void setLoaded(std::optional<qint32> group);
+    [[nodiscard]] bool isTextStored() const;
+
+    Connection& m_main;
+    const MayChange m_mayChange;
+    PlainList* m_list;
+    EntryField* m_name;
+    ControlArray<CommandButton> m_commands;
+    std::optional<qint32> m_loaded; ///< The group that may be renamed and deleted.
+    QString m_storedText; ///< What the field held when it was last in step with the book.
+};
+
+} // namespace lorvan
