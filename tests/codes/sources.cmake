@@ -1,2 +1,3 @@
 list(APPEND LORVAN_CORE_TESTS
-    codes/code_catalogue_test.cpp)
+    codes/code_catalogue_test.cpp
+    codes/code_maintenance_test.cpp)

@@ -1,0 +1,230 @@
+#include "main_window_test.h"
+
+#include <QCheckBox>
+#include <QTest>
+
+namespace lorvan::test {
+namespace {
+
+/// The codes tab on a book with the codes 100 (income, group 1), 200 and the inactive 300 of group 7.
+class CodesPageTest : public MainWindowTest {
+protected:
+    static constexpr int code = 4, words = 5, group = 6;
+    static constexpr int insertCode = 5, modifyCode = 6, removeCode = 7;
+
+    void SetUp() override
+    {
+        book.addGroup(7, QStringLiteral("Έξοδα 'Α'"));
+        book.addGroup(9, QStringLiteral("Άλλη"));
+        book.addCode(300, QStringLiteral("Παλιός"), false, 7, false);
+        book.addMovementRow(incomeOf(today, cents(100)));
+        start(allRights);
+        selectTab(1);
+    }
+
+    [[nodiscard]] QListView& listAt(int index) const
+    {
+        return user().find<QListView>(QStringLiteral("DBList1(%1)").arg(index));
+    }
+    [[nodiscard]] QCheckBox& check(const char* name) const { return user().find<QCheckBox>(QString::fromLatin1(name)); }
+    /// Code, description, group, income and active, and whether the code is offered for a change.
+    [[nodiscard]] QString fields() const
+    {
+        const bool offered = user().command(modifyCode).isVisible();
+        EXPECT_EQ(user().command(removeCode).isVisible(), offered);
+        return QStringList{user().field(code).text(), user().field(words).text(), user().field(group).text(),
+            QString::number(check("SSCheck1").isChecked()) + QString::number(check("SSCheck2").isChecked()),
+            offered ? QStringLiteral("offered") : QString()}
+            .join(u'|');
+    }
+    [[nodiscard]] QString codes() const
+    {
+        return stored("SELECT group_concat(kvdikos||' '||perigrafh||' '||ifnull(omada,'-')||' '||aa_omadas, '; ') FROM"
+                      " (SELECT * FROM kvdikoi ORDER BY kvdikos, aa)");
+    }
+    void press(int command) const { user().click(user().command(command)); }
+    void type(const QString& number, const QString& name) const
+    {
+        user().enter(code, number);
+        user().press(Qt::Key_Return);
+        user().type(name);
+    }
+    void expectRefusal(const QString& text, QMessageBox::Icon icon = QMessageBox::Information)
+    {
+        boxes.expect({icon, QStringLiteral("Προσοχή"), text});
+    }
+    void expectQuestion(const QString& title, const QString& text, QMessageBox::StandardButton answer)
+    {
+        boxes.expect(okCancel(QMessageBox::Question, title, text, answer));
+    }
+    void expectRemovalQuestion(QMessageBox::StandardButton answer)
+    {
+        expectQuestion(QStringLiteral("Διαγραφή κωδικού"), QStringLiteral("Να γίνει η διαγραφή του κωδικού;"), answer);
+    }
+
+    static inline const QString unchanged =
+        QStringLiteral("100 Λιανική Πωλήσεις 1; 200 Προμήθειες - 0; 300 Παλιός Έξοδα 'Α' 7");
+};
+
+} // namespace
+
+TEST_F(CodesPageTest, theTabStartsEmptyAndADoubleClickOffersWhatAClickOnlyShows)
+{
+    EXPECT_EQ(fields(), QStringLiteral("|||01|"));
+    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(4)"));
+    EXPECT_EQ(linesOf(listAt(0)), QStringLiteral("  100 Λιανική\n  200 Προμήθειες\n  300 Παλιός"));
+    EXPECT_EQ(linesOf(listAt(1)), QStringLiteral("Πωλήσεις\nΈξοδα 'Α'\nΆλλη"));
+    EXPECT_EQ(linesOf(listAt(2)), QStringLiteral("  200 Προμήθειες")) << "the codes without a group";
+
+    user().clickRow(listAt(0), 2);
+    EXPECT_EQ(fields(), QStringLiteral("300|Παλιός|Έξοδα 'Α'|00|"));
+    user().doubleClickRow(listAt(0), 0);
+    EXPECT_EQ(fields(), QStringLiteral("100|Λιανική|Πωλήσεις|11|offered"));
+    user().press(Qt::Key_Down);
+    user().press(Qt::Key_Delete);
+    EXPECT_EQ(codes(), unchanged) << "the current row is not the one that is loaded";
+    user().press(Qt::Key_F2);
+    EXPECT_EQ(fields(), QStringLiteral("200|Προμήθειες||01|offered"));
+    user().clickRow(listAt(0), 2);
+    EXPECT_EQ(fields(), QStringLiteral("300|Παλιός|Έξοδα 'Α'|00|"));
+
+    user().doubleClickRow(listAt(0), 1);
+    selectTab(0);
+    selectTab(1);
+    EXPECT_EQ(fields(), QStringLiteral("|||01|"));
+}
+
+TEST_F(CodesPageTest, refusalsKeepWhatWasTypedAndGoToTheFieldInQuestion)
+{
+    struct Case {
+        const char *number, *description, *group, *text, *focus;
+    };
+    const Case cases[] = {
+        {" ", "ΝΕΟΣ", "", "Ο κωδικός και η περιγραφή είναι απαραίτητα στοιχεία", "Text1(4)"},
+        {"7", " ", "", "Ο κωδικός και η περιγραφή είναι απαραίτητα στοιχεία", "Text1(5)"},
+        {"7,5", "ΝΕΟΣ", "", "Ο κωδικός πρέπει να είναι ακέραιος αριθμός, από -2147483648 έως 2147483647", "Text1(4)"},
+        {"300", "ΝΕΟΣ", "", "Ο κωδικός υπάρχει ήδη καταχωρημένος", "Text1(4)"},
+        {"7", " ΠΑΛΙΌΣ ", "", "Η περιγραφή του κωδικού υπάρχει ήδη καταχωρημένη", "Text1(5)"},
+        {"7", "ΝΕΟΣ", "X'Y", "Δεν βρέθηκε η ομάδα στη λίστα με τις ομάδες, επιλέξτε  ξανά!", "Text1(6)"},
+    };
+    for (const Case& each : cases) {
+        const QString typedGroup = QString::fromUtf8(each.group);
+        type(QString::fromUtf8(each.number), QString::fromUtf8(each.description));
+        user().enter(group, typedGroup);
+        if (typedGroup.isEmpty())
+            user().press(Qt::Key_Delete);
+        expectRefusal(
+            QString::fromUtf8(each.text), typedGroup.isEmpty() ? QMessageBox::Information : QMessageBox::Critical);
+        press(insertCode);
+        EXPECT_EQ(fields(),
+            QString::fromUtf8(each.number) + u'|' + QString::fromUtf8(each.description) + u'|' + typedGroup
+                + QStringLiteral("|01|"));
+        EXPECT_EQ(user().focusName(), QString::fromUtf8(each.focus)) << each.number;
+    }
+    EXPECT_EQ(codes(), unchanged);
+}
+
+TEST_F(CodesPageTest, anInsertedCodeJoinsTheListsAndTheChooserOfTheCashPage)
+{
+    type(QStringLiteral("250"), QStringLiteral("ο'νέος"));
+    user().doubleClickRow(listAt(1), 1);
+    EXPECT_EQ(fields(), QStringLiteral("250|Ο'ΝΈΟΣ|Έξοδα 'Α'|01|"));
+    press(insertCode);
+    EXPECT_EQ(codes(),
+        QStringLiteral("100 Λιανική Πωλήσεις 1; 200 Προμήθειες - 0; 250 Ο'ΝΈΟΣ Έξοδα 'Α' 7; 300 Παλιός Έξοδα 'Α' 7"));
+    EXPECT_EQ(linesOf(listAt(2)), QStringLiteral("  250 Ο'ΝΈΟΣ\n  300 Παλιός"));
+    EXPECT_EQ(listAt(0).currentIndex().row(), 2);
+    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(4)"));
+    EXPECT_EQ(user().field(code).selectedText(), QStringLiteral("250"));
+    EXPECT_GE(chooser().findText(QStringLiteral("250"), Qt::MatchContains), 0);
+}
+
+TEST_F(CodesPageTest, aModificationAsksAndStoresTheCurrentGroupNumberWithTheNameThatIsShown)
+{
+    user().doubleClickRow(listAt(0), 0);
+    user().clickRow(listAt(1), 2);
+    EXPECT_EQ(fields(), QStringLiteral("100|Λιανική|Πωλήσεις|11|offered"))
+        << "a click on a group changes its number alone";
+    const auto ask = [this](QMessageBox::StandardButton answer) {
+        expectQuestion(
+            QStringLiteral("Μεταβολή στοιχείων"), QStringLiteral("Να γίνει η μεταβολή των στοιχείων;"), answer);
+        press(modifyCode);
+    };
+    ask(QMessageBox::Cancel);
+    EXPECT_EQ(codes(), unchanged);
+    ask(QMessageBox::Ok);
+    EXPECT_EQ(codes(), QStringLiteral("100 Λιανική Πωλήσεις 9; 200 Προμήθειες - 0; 300 Παλιός Έξοδα 'Α' 7"));
+    EXPECT_EQ(stored("SELECT aa_omada FROM kinhseis"), QStringLiteral("9"));
+
+    user().enter(code, QStringLiteral("200"));
+    user().enter(words, QStringLiteral("ΔΙΠΛΟΣ"));
+    ask(QMessageBox::Ok);
+    EXPECT_EQ(codes(), QStringLiteral("200 ΔΙΠΛΟΣ Πωλήσεις 9; 200 Προμήθειες - 0; 300 Παλιός Έξοδα 'Α' 7"));
+    EXPECT_EQ(stored("SELECT kvdikos||'/'||aa_omada FROM kinhseis"), QStringLiteral("100/9"));
+
+    user().enter(code, QStringLiteral("2Χ"));
+    expectQuestion(
+        QStringLiteral("Μεταβολή στοιχείων"), QStringLiteral("Να γίνει η μεταβολή των στοιχείων;"), QMessageBox::Ok);
+    expectRefusal(QStringLiteral("Ο κωδικός πρέπει να είναι ακέραιος αριθμός, από -2147483648 έως 2147483647"));
+    press(modifyCode);
+    EXPECT_EQ(user().field(code).text(), QStringLiteral("2Χ"));
+    EXPECT_TRUE(user().command(modifyCode).isVisible());
+}
+
+TEST_F(CodesPageTest, onlyAnUnusedCodeIsRemoved)
+{
+    user().doubleClickRow(listAt(0), 0);
+    expectRefusal(QStringLiteral("Ο κωδικός χρεισιμοποιήτε στις κινήσεις του ταμείου και δεν μπορεί να διαγραφεί !"));
+    press(removeCode);
+
+    user().doubleClickRow(listAt(0), 1);
+    expectRemovalQuestion(QMessageBox::Cancel);
+    press(removeCode);
+    EXPECT_EQ(codes(), unchanged);
+    user().goTo(listAt(0));
+    expectRemovalQuestion(QMessageBox::Ok);
+    user().press(Qt::Key_Delete);
+    EXPECT_EQ(codes(), QStringLiteral("100 Λιανική Πωλήσεις 1; 300 Παλιός Έξοδα 'Α' 7"));
+    EXPECT_EQ(fields(), QStringLiteral("200|Προμήθειες||01|"));
+    EXPECT_EQ(listAt(0).currentIndex().row(), 1);
+    EXPECT_EQ(chooser().findText(QStringLiteral("200"), Qt::MatchContains), -1);
+}
+
+TEST_F(CodesPageTest, aCodeThatAnotherComputerHasRemovedIsToldOf)
+{
+    book.execute("DELETE FROM kvdikoi WHERE kvdikos=200");
+    expectRefusal(QStringLiteral("Ο κωδικός δεν υπάρχει πια. Τον έχει διαγράψει άλλος χρήστης."));
+    user().clickRow(listAt(0), 1);
+    EXPECT_EQ(linesOf(listAt(0)), QStringLiteral("  100 Λιανική\n  300 Παλιός"));
+    EXPECT_FALSE(user().command(modifyCode).isVisible());
+}
+
+TEST_F(CodesPageTest, theMarkerRefusesModificationAndRemovalButNotAnInsertion)
+{
+    user().doubleClickRow(listAt(0), 1);
+    UsageMarker::unlock(book.files().usageMarker());
+    UsageMarker other = otherComputer();
+    ASSERT_TRUE(other.claim());
+    for (const int command : {modifyCode, removeCode, 10}) {
+        boxes.expect(information(QStringLiteral("Αδύνατη η πρόσβαση"), markerRefusal(otherUser())));
+        press(command);
+        EXPECT_TRUE(boxes.allSeen()) << command;
+    }
+    EXPECT_EQ(codes(), unchanged);
+    type(QStringLiteral("5"), QStringLiteral("ΝΕΟΣ"));
+    press(insertCode);
+    EXPECT_EQ(codes(), QStringLiteral("5 ΝΕΟΣ  0; ") + unchanged);
+}
+
+TEST_F(CodesPageTest, withoutTheRightTheCodesAreSeenAndNothingCanBePressed)
+{
+    start(noRights);
+    selectTab(1);
+    EXPECT_FALSE(user().find(QStringLiteral("Panel1(2)")).isEnabled());
+    EXPECT_EQ(listAt(0).model()->rowCount(), 3);
+    user().doubleClickRow(listAt(0), 1);
+    press(insertCode);
+    EXPECT_EQ(fields(), QStringLiteral("|||01|"));
+}
+
+} // namespace lorvan::test
