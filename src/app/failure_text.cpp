@@ -1,5 +1,6 @@
 #include "app/failure_text.h"
 
+#include "app/book_copy.h"
 #include "app/schema_upgrade.h"
 #include "app/usage_marker.h"
 #include "platform/currency.h"
@@ -36,6 +37,8 @@ QString plainText(const std::exception& failure)
 {
     if (const auto* sql = dynamic_cast<const SqlError*>(&failure))
         return databaseTrouble(sql->kind());
+    if (dynamic_cast<const BookCopyFailed*>(&failure))
+        return QStringLiteral("Το αντίγραφο ασφαλείας δεν γράφτηκε και η βάση έμεινε όπως ήταν.");
     if (dynamic_cast<const CurrencyOverflow*>(&failure))
         return QStringLiteral("Το ποσό είναι μεγαλύτερο από όσο μπορεί να κρατήσει το ταμείο.");
     if (dynamic_cast<const MarkerError*>(&failure))

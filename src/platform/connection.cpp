@@ -7,10 +7,13 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+
 namespace lorvan {
 namespace {
 
 constexpr std::chrono::milliseconds busyTimeout{5000};
+constexpr sqlite3_int64 oneMegabyte = 1 << 20;
 constexpr auto cacheOfSixtyFourMegabytes = "PRAGMA cache_size = -65536";
 
 QString quoted(std::string_view sql)
@@ -145,6 +148,23 @@ void Connection::attach(const QString& path, const FileKey& key, const QString& 
     if (QFileInfo(path).size() == 0)
         throw SqlError(SQLITE_CANTOPEN, QStringLiteral("unable to open database file"), path);
     prepare("ATTACH ? AS ? KEY ?").bind(path, schema, QString::fromLatin1(key.engineText())).run();
+}
+
+void Connection::readFile(const QString& schema, const std::function<void(const QByteArray&)>& sink)
+{
+    const auto check = [&](int code) {
+        if (code != SQLITE_OK)
+            throw SqlError(code, QString::fromUtf8(sqlite3_errstr(code)), schema);
+    };
+    sqlite3_file* file = nullptr;
+    check(sqlite3_file_control(handle(), schema.toUtf8().constData(), SQLITE_FCNTL_FILE_POINTER, &file));
+    sqlite3_int64 size = 0;
+    check(file->pMethods->xFileSize(file, &size));
+    for (sqlite3_int64 offset = 0; offset < size; offset += oneMegabyte) {
+        QByteArray block(static_cast<int>(std::min<sqlite3_int64>(oneMegabyte, size - offset)), Qt::Uninitialized);
+        check(file->pMethods->xRead(file, block.data(), static_cast<int>(block.size()), offset));
+        sink(block);
+    }
 }
 
 std::int64_t Connection::lastInsertedKey() const

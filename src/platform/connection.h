@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -46,6 +47,12 @@ public:
     /// Makes the tables of a second database reachable as `schema`.name. Not allowed inside a transaction. Throws
     /// SqlError like open().
     void attach(const QString& path, const FileKey& key, const QString& schema);
+
+    /// Hands `sink` the bytes of a database's file from first to last, `schema` being "main" or a name given to
+    /// attach(). They are a whole database only inside a transaction that keeps other connections from writing and has
+    /// not written itself. Opening the file a second time to read it, and closing it, would drop the locks that the
+    /// process holds on it.
+    void readFile(const QString& schema, const std::function<void(const QByteArray&)>& sink);
 
     [[nodiscard]] std::int64_t lastInsertedKey() const;
     [[nodiscard]] bool isReadOnly() const;

@@ -4,10 +4,27 @@
 
 namespace lorvan {
 
+namespace {
+
+std::string_view beginning(Transaction::Mode mode)
+{
+    switch (mode) {
+    case Transaction::Mode::Read:
+        return "BEGIN";
+    case Transaction::Mode::Write:
+        break;
+    case Transaction::Mode::Exclusive:
+        return "BEGIN EXCLUSIVE";
+    }
+    return "BEGIN IMMEDIATE";
+}
+
+} // namespace
+
 Transaction::Transaction(Connection& connection, Mode mode)
     : m_connection(connection)
 {
-    connection.prepare(mode == Mode::Read ? "BEGIN" : "BEGIN IMMEDIATE").run();
+    connection.prepare(beginning(mode)).run();
 }
 
 Transaction::~Transaction()

@@ -9,7 +9,8 @@ class Transaction {
 public:
     enum class Mode {
         Read, ///< A stable view; takes the shared lock with the first reading.
-        Write ///< Takes the right to write at once, so nothing that is read can change before the commit.
+        Write, ///< Takes the right to write at once, so nothing that is read can change before the commit.
+        Exclusive ///< Shuts readers out as well, on all attached databases, so that the commit waits for nobody.
     };
 
     /// Throws SqlError, of kind Busy when another connection writes for more than five seconds.

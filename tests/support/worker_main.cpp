@@ -3,6 +3,7 @@
 //
 //   lorvan_test_worker changes DIR LOG SEED            random changes of the book until it is killed
 //   lorvan_test_worker upgrade DIR LOG                 one schema upgrade
+//   lorvan_test_worker deletion DIR LOG                one deletion of all data
 //   lorvan_test_worker marker  DIR LOG HOST ROUNDS     claims and releases the marker, changing the book now and then
 
 #include "app/schema_upgrade.h"
@@ -11,6 +12,7 @@
 #include "support/random_changes.h"
 #include "support/temporary_book.h"
 #include "support/worker_log.h"
+#include "users/administration.h"
 
 #include <QCoreApplication>
 
@@ -50,6 +52,16 @@ int upgrade(const BookFiles& files, WorkerLog& log)
     Book book = openBook(files);
     log.append("ready");
     upgradeSchema(book.main(), upgradeOpening());
+    log.append("done");
+    return 0;
+}
+
+int deleteData(const BookFiles& files, WorkerLog& log)
+{
+    (void)testKeys().keyFor(files.mainDatabase());
+    (void)testKeys().keyFor(files.auxiliaryDatabase());
+    log.append("ready");
+    (void)deleteAllData(files, testKeys(), fixedClock().now());
     log.append("done");
     return 0;
 }
@@ -120,6 +132,8 @@ int run(const QStringList& arguments)
         return changeUntilKilled(files, log, arguments.value(4).toUInt());
     if (task == QStringLiteral("upgrade"))
         return upgrade(files, log);
+    if (task == QStringLiteral("deletion"))
+        return deleteData(files, log);
     if (task == QStringLiteral("marker"))
         return claimAndRelease(files, log, arguments.value(4), arguments.value(5).toInt());
     return 64;
