@@ -1,10 +1,14 @@
 #include "controls/entry_field.h"
 
+#include "controls/row_delegate.h"
 #include "controls/theme.h"
 
 #include <QFocusEvent>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 #include <algorithm>
 
@@ -55,6 +59,23 @@ void EntryField::dress()
         setFont(theme.font(m_factor, m_weight));
 }
 
+bool EntryField::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip || !hidesText())
+        return QLineEdit::event(event);
+    showPlainToolTip(static_cast<QHelpEvent*>(event)->globalPos(), text(), this, rect());
+    return true;
+}
+
+bool EntryField::hidesText() const
+{
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QMargins inside = textMargins() + QMargins(2, 0, 2, 0);
+    const QRect shown = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).marginsRemoved(inside);
+    return echoMode() == Normal && fontMetrics().horizontalAdvance(text()) > shown.width();
+}
+
 void EntryField::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
@@ -66,8 +87,11 @@ void EntryField::focusInEvent(QFocusEvent* event)
 void EntryField::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
-    if (isRealFocusChange(event->reason()))
-        Q_EMIT left();
+    if (!isRealFocusChange(event->reason()))
+        return;
+    if (hidesText())
+        home(false);
+    Q_EMIT left();
 }
 
 void EntryField::mouseReleaseEvent(QMouseEvent* event)

@@ -8,7 +8,7 @@
 namespace lorvan {
 
 /// A field of an entry form. Typed characters pass its typing rule, pasted text does not; Enter goes on to the next
-/// field; all of its text is selected when it receives the focus.
+/// field; all of its text is selected when it receives the focus. A text that does not fit is shown as a tooltip.
 class EntryField : public QLineEdit {
     Q_OBJECT
 
@@ -27,6 +27,7 @@ Q_SIGNALS:
     void left();
 
 protected:
+    bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -34,6 +35,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    [[nodiscard]] bool hidesText() const;
     void dress();
 
     TypingRule m_rule;

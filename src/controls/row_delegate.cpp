@@ -17,6 +17,8 @@ constexpr int heightOverFont = 5;
 constexpr int barWidth = 3;
 constexpr int tickLeft = 8;
 constexpr int tickExtent = 16;
+constexpr int longestToolTip = 600; // characters
+constexpr int longestToolTipLine = 100;
 
 const PlainList* listOf(const QStyleOptionViewItem& option)
 {
@@ -71,7 +73,9 @@ QColor paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, con
 
 void showPlainToolTip(QPoint globalPosition, const QString& text, QWidget* widget, const QRect& rect)
 {
-    const QString shown = Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+    const bool needsMarkup = Qt::mightBeRichText(text) || text.size() > longestToolTipLine; // which alone wraps lines
+    const QString cut = text.size() > longestToolTip ? text.first(longestToolTip) + u'…' : text;
+    const QString shown = needsMarkup ? Qt::convertFromPlainText(cut, Qt::WhiteSpaceNormal) : cut;
     QToolTip::showText(globalPosition, shown, widget, rect);
 }
 

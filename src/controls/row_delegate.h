@@ -8,7 +8,7 @@ namespace lorvan {
 /// bar at the left in any other, ringed where only the keyboard stands on it.
 [[nodiscard]] QColor paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index);
 
-/// Shows a tooltip that is no markup, whatever characters it holds.
+/// Shows a tooltip that is no markup, whatever characters it holds. A long one is wrapped, a very long one cut.
 void showPlainToolTip(QPoint globalPosition, const QString& text, QWidget* widget, const QRect& rect);
 
 /// Draws single-line rows of a list and shows the text of those that do not fit as a tooltip.
