@@ -1,0 +1,17 @@
+#pragma once
+
+#include "reports/report_document.h"
+#include "reports/report_inputs.h"
+#include "reports/report_progress.h"
+
+namespace lorvan {
+
+class Connection;
+
+/// The calendar days of the period, without its last one, that are not closed. A period that ends after the last closed
+/// day or begins before the first one gets a line with that day instead. One statement on the auxiliary database.
+/// Throws SqlError, ReportCancelled.
+[[nodiscard]] ReportDocument unclosedDaysReport(
+    Connection& auxiliary, const ReportInputs& inputs, const ReportProgress& progress = {});
+
+} // namespace lorvan
