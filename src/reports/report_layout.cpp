@@ -8,7 +8,7 @@ namespace lorvan {
 namespace {
 
 constexpr float cellPadding = 60; // left and right of a cell's text
-constexpr float rowPadding = 55; // above and below a row's lines, together
+constexpr float rowPadding = 55; // above and below a row's lines, and each line of a paragraph, together
 constexpr double leastBody = 1440;
 constexpr float leastShare = 0.5F; // of its size, to which a long number is set smaller
 
@@ -63,7 +63,7 @@ ItemSize ReportLayout::size(int index) const
     const ReportItem item = m_document.item(index);
     const float lineHeight = font(item).lineHeight();
     if (item.isParagraph())
-        return {static_cast<int>(paragraphLines(item).size()), lineHeight, 0};
+        return {static_cast<int>(paragraphLines(item).size()), lineHeight + rowPadding, 0};
     return {rowLines(item), lineHeight, rowPadding};
 }
 

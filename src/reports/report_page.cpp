@@ -77,12 +77,12 @@ void ReportPage::placeParagraph(const ReportItem& item, const FlowBlock& block, 
 {
     const GlyphFont& font = m_layout.font(item);
     const TextLines lines = m_layout.paragraphLines(item);
-    float baseline = top + font.ascent();
+    float baseline = top + (block.size.lineHeight - font.lineHeight()) / 2 + font.ascent();
     for (int index = block.firstLine; index < block.firstLine + block.lines; ++index) {
         const TextLine& line = lines[index];
         m_texts.push_back({&font, item.textColour(), item.text().sliced(line.start, line.length), item.text(),
             line.isPlain, static_cast<float>(m_layout.body().left()), baseline});
-        baseline += font.lineHeight();
+        baseline += block.size.lineHeight;
     }
 }
 
