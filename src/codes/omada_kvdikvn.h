@@ -33,25 +33,26 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    enum Command { Exit, Add, Rename, Remove };
+
     void layOut();
     QLayout* commandRow();
-    CommandButton* addCommand(int index, const QString& icon, const QString& caption, const QString& tip);
+    CommandButton* addCommand(Command index, const QString& icon, const QString& caption, const QString& tip);
     void connectControls();
 
-    void dispatch(int command);
-    void act(int command);
+    void dispatch(Command command);
+    void act(Command command);
     void addGroup();
     void renameGroup();
     void removeGroup();
-    /// The outcome of a change that was refused: tells why, and goes where it can be put right.
-    void refuse(GroupRefusal refusal, const QString& noNameText);
+    void explain(GroupRefusal refusal, Command refused);
 
     void refill();
     void select(qint32 group);
     void load(const QModelIndex& index);
     void release();
     void setLoaded(std::optional<qint32> group);
-    [[nodiscard]] bool isTextStored() const;
+    [[nodiscard]] bool holdsUnstoredText() const;
 
     Connection& m_main;
     const MayChange m_mayChange;
@@ -59,7 +60,6 @@ private:
     EntryField* m_name;
     ControlArray<CommandButton> m_commands;
     std::optional<qint32> m_loaded; ///< The group that may be renamed and deleted.
-    QString m_storedText; ///< What the field held when it was last in step with the book.
 };
 
 } // namespace lorvan
