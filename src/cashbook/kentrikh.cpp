@@ -6,6 +6,7 @@
 #include "cashbook/movement_entry_page.h"
 #include "codes/code_catalogue.h"
 #include "codes/codes_page.h"
+#include "codes/omada_kvdikvn.h"
 #include "controls/tab_band.h"
 #include "controls/totals_bar.h"
 #include "controls/window_placement.h"
@@ -175,7 +176,7 @@ bool Kentrikh::isAdmitted(int command)
     const bool leaving = command == command::exitFromCashPage || command == command::exitFromCodesPage;
     if (!leaving && !(settle() && isOffered(command)))
         return false;
-    return !isGuarded(command) || !refusedByMarker();
+    return !isGuarded(command) || !refusedByMarker(this);
 }
 
 bool Kentrikh::settle()
@@ -189,12 +190,12 @@ bool Kentrikh::isOffered(int command) const
     return button && button->isVisible() && button->isEnabled();
 }
 
-bool Kentrikh::refusedByMarker()
+bool Kentrikh::refusedByMarker(QWidget* asking)
 {
     const auto holder = m_marker.guardChange();
     setWindowTitle(markerCaption(holder));
     if (holder)
-        showMessage(this, QMessageBox::Information, QStringLiteral("Αδύνατη η πρόσβαση"), markerRefusal(*holder));
+        showMessage(asking, QMessageBox::Information, QStringLiteral("Αδύνατη η πρόσβαση"), markerRefusal(*holder));
     return holder.has_value();
 }
 
@@ -234,7 +235,12 @@ void Kentrikh::act(int command)
 
 void Kentrikh::editGroups()
 {
-    guarded(this, [this] { m_codesPage->refreshGroups(); });
+    guarded(this, [this] {
+        OmadaKvdikvn groups(
+            m_book.main(), [this](QWidget* asking) { return !refusedByMarker(asking); }, this);
+        groups.exec();
+        m_codesPage->refreshGroups();
+    });
 }
 
 bool Kentrikh::confirmExit()

@@ -55,7 +55,8 @@ private:
     [[nodiscard]] bool settle();
     /// False for a button that settling has hidden or disabled under the mouse.
     [[nodiscard]] bool isOffered(int command) const;
-    [[nodiscard]] bool refusedByMarker();
+    /// Tells the user over the window that asks when another computer holds the marker.
+    [[nodiscard]] bool refusedByMarker(QWidget* asking);
 
     void selectTab(int tab);
     void keepTab();

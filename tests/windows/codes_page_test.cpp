@@ -190,6 +190,37 @@ TEST_F(CodesPageTest, onlyAnUnusedCodeIsRemoved)
     EXPECT_EQ(chooser().findText(QStringLiteral("200"), Qt::MatchContains), -1);
 }
 
+TEST_F(CodesPageTest, afterTheGroupsWereEditedTheFieldsFollowTheGroupThatTheyShow)
+{
+    const auto edit = [this](const std::function<void(const Driver&)>& work) {
+        boxes.whenShown(QStringLiteral("OmadaKvdikvn"), [&work](QWidget& groups) {
+            const Driver there(groups);
+            there.doubleClickRow(there.find<QListView>(QStringLiteral("DBList1")), 1);
+            work(there);
+            there.click(there.command(0));
+        });
+        press(10);
+    };
+    user().doubleClickRow(listAt(0), 2);
+    edit([this](const Driver& there) {
+        there.goTo(there.find<QLineEdit>(QStringLiteral("Text1")));
+        there.type(QStringLiteral("Νέα"));
+        boxes.expect(modifyQuestion(QMessageBox::Ok));
+        there.click(there.command(2));
+    });
+    EXPECT_EQ(fields(), QStringLiteral("300|Παλιός|Νέα|00|offered"));
+    EXPECT_EQ(linesOf(listAt(1)), QStringLiteral("Πωλήσεις\nΝέα\nΆλλη"));
+    edit([this](const Driver& there) {
+        boxes.expect(okCancel(QMessageBox::Critical, QStringLiteral("Διαγραφή ομάδας"),
+            QStringLiteral("Να γίνει η διαγραφή της ομάδας;"), QMessageBox::Ok));
+        there.click(there.command(3));
+    });
+    EXPECT_EQ(fields(), QStringLiteral("300|Παλιός||00|offered"));
+    boxes.expect(modifyQuestion(QMessageBox::Ok));
+    press(modifyCode);
+    EXPECT_EQ(codes(), QStringLiteral("100 Λιανική Πωλήσεις 1; 200 Προμήθειες - 0; 300 Παλιός  0"));
+}
+
 TEST_F(CodesPageTest, aCodeThatAnotherComputerHasRemovedIsToldOf)
 {
     book.execute("DELETE FROM kvdikoi WHERE kvdikos=200");
