@@ -1,2 +1,5 @@
 list(APPEND LORVAN_CORE_TESTS
     reports/report_document_test.cpp)
+list(APPEND LORVAN_WINDOW_TESTS
+    ${CMAKE_CURRENT_LIST_DIR}/report_layout_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/report_pages_test.cpp)
