@@ -10,6 +10,9 @@ namespace lorvan::bench {
 /// What a user does to a day, on the book at its oldest, middle and newest day. The comparisons keep the book open.
 [[nodiscard]] std::vector<Comparison> movementBenchmarks(const BookFiles& files);
 
+/// Reports over the whole book and over a month.
+[[nodiscard]] std::vector<Comparison> reportBenchmarks(const BookFiles& files);
+
 /// Key derivation and opening.
 [[nodiscard]] std::vector<Comparison> openingBenchmarks(const BookFiles& files);
 

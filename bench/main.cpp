@@ -22,7 +22,7 @@ void measureBook(const QString& folder, int movements)
 {
     const BookFiles files(folder + QStringLiteral("/%1").arg(movements));
     ensureBook(files, movements);
-    for (const auto& comparisons : {movementBenchmarks(files), openingBenchmarks(files)}) {
+    for (const auto& comparisons : {movementBenchmarks(files), reportBenchmarks(files), openingBenchmarks(files)}) {
         for (const Comparison& comparison : comparisons)
             printFigures(QString::number(movements), comparison, measure(comparison));
     }

@@ -49,8 +49,10 @@ void printFigures(const QString& book, const Comparison& comparison, const Figur
 {
     std::printf("%-12s %-34s %12.1f %12.1f %7.2f", qPrintable(book), qPrintable(comparison.name),
         figures.floorMicroseconds, figures.programMicroseconds, figures.ratio());
-    if (comparison.target)
-        std::printf(" %7.2f%s", *comparison.target, figures.ratio() > *comparison.target ? "  MISSED" : "");
+    if (comparison.target) {
+        const double limit = *comparison.target * figures.floorMicroseconds + comparison.allowance;
+        std::printf(" %7.2f%s", *comparison.target, figures.programMicroseconds > limit ? "  MISSED" : "");
+    }
     std::printf("\n");
     std::fflush(stdout);
 }

@@ -23,6 +23,7 @@ struct Comparison {
     Side program;
     std::optional<double> target; ///< The greatest ratio that will do.
     int samples = 61;
+    double allowance = 0; ///< Microseconds that the program may take beyond that ratio.
 };
 
 struct Figures {

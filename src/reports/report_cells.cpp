@@ -44,7 +44,9 @@ QString plainAmountText(Currency amount)
 
 QString shortDateText(QDate date)
 {
-    return date.isValid() ? date.toString(QStringLiteral("d/M/yyyy")) : QString();
+    if (!date.isValid())
+        return {};
+    return QString::number(date.day()) + u'/' + QString::number(date.month()) + u'/' + QString::number(date.year());
 }
 
 QString weekdayName(QDate date)
