@@ -34,6 +34,7 @@ inline constexpr int editGroups = 10;
 /// Indices of the captions `Label2(i)` that lie inside the buttons.
 namespace caption {
 inline constexpr int insertMovement = 0;
+inline constexpr int printReport = 1;
 inline constexpr int modifyMovement = 2;
 inline constexpr int removeMovement = 3;
 inline constexpr int exitFromCodesPage = 5;

@@ -97,7 +97,7 @@ void Program::openMainWindow(const UserSession& session)
         if (m_settings.hasOwnColour())
             Theme::instance().setPageColour(colourOf(m_settings.backgroundColour));
         m_mainWindow =
-            std::make_unique<Kentrikh>(std::move(book), std::move(marker), session.rights, m_settings, m_clock);
+            std::make_unique<Kentrikh>(std::move(book), std::move(marker), session.rights, m_settings, m_clock, m_keys);
         connect(m_mainWindow.get(), &Kentrikh::closed, this, &Program::end);
         m_mainWindow->initialise();
     } catch (const OpeningBalanceNotGiven&) {

@@ -48,7 +48,8 @@ bool isGuarded(int index)
 
 } // namespace
 
-Kentrikh::Kentrikh(Book book, UsageMarker marker, Rights rights, DataFolderSettings settings, Clock clock)
+Kentrikh::Kentrikh(
+    Book book, UsageMarker marker, Rights rights, DataFolderSettings settings, Clock clock, KeyRing& keys)
     : m_book(std::move(book))
     , m_marker(std::move(marker))
     , m_rights(rights)
@@ -60,6 +61,7 @@ Kentrikh::Kentrikh(Book book, UsageMarker marker, Rights rights, DataFolderSetti
     , m_codesPage(new CodesPage(m_book, this))
     , m_printingPage(new PrintingPage(m_clock, this))
     , m_totals(new TotalsBar(this))
+    , m_reports(BookFiles(m_settings.dataFolder), keys)
 {
     setObjectName(QStringLiteral("kentrikh"));
     layOut();
@@ -174,14 +176,15 @@ void Kentrikh::dispatch(int command)
 bool Kentrikh::isAdmitted(int command)
 {
     const bool leaving = command == command::exitFromCashPage || command == command::exitFromCodesPage;
-    if (!leaving && !(settle() && isOffered(command)))
+    if (!leaving && !(settle(command) && isOffered(command)))
         return false;
     return !isGuarded(command) || !refusedByMarker(this);
 }
 
-bool Kentrikh::settle()
+bool Kentrikh::settle(int command)
 {
-    return m_entryPage->settle() && m_printingPage->settle() && !m_closed;
+    const bool judgesPeriodItself = command == command::printReport;
+    return m_entryPage->settle() && (judgesPeriodItself || m_printingPage->settle()) && !m_closed;
 }
 
 bool Kentrikh::isOffered(int command) const
@@ -223,6 +226,9 @@ void Kentrikh::act(int command)
     case command::removeCode:
         m_codesPage->removeCode();
         break;
+    case command::printReport:
+        printReport();
+        break;
     case command::exitFromCashPage:
     case command::exitFromCodesPage:
         if (confirmExit())
@@ -241,6 +247,15 @@ void Kentrikh::editGroups()
         groups.exec();
         m_codesPage->refreshGroups();
     });
+}
+
+void Kentrikh::printReport()
+{
+    auto request = m_printingPage->request();
+    if (!request)
+        return;
+    request->inputs.heading = m_settings.heading;
+    m_reports.print(std::move(*request), this);
 }
 
 bool Kentrikh::confirmExit()
@@ -315,6 +330,7 @@ void Kentrikh::fillPage(int tab, int earlierTab)
 
 void Kentrikh::closeEvent(QCloseEvent* event)
 {
+    m_reports.close();
     try {
         m_marker.retire();
     } catch (const MarkerError&) {

@@ -5,6 +5,7 @@
 #include "app/usage_marker.h"
 #include "cashbook/cash_day.h"
 #include "platform/clock.h"
+#include "reports/report_desk.h"
 #include "users/sign_in.h"
 
 #include <QMainWindow>
@@ -25,7 +26,8 @@ class Kentrikh : public QMainWindow {
     Q_OBJECT
 
 public:
-    Kentrikh(Book book, UsageMarker marker, Rights rights, DataFolderSettings settings, Clock clock);
+    /// The keys must outlive the window.
+    Kentrikh(Book book, UsageMarker marker, Rights rights, DataFolderSettings settings, Clock clock, KeyRing& keys);
     ~Kentrikh() override;
 
     /// Shows today, claims the usage marker and sets the caption. Throws what the core throws; the program then ends.
@@ -51,8 +53,9 @@ private:
     [[nodiscard]] bool isAdmitted(int command);
     void act(int command);
     void editGroups();
+    void printReport();
     /// Judges what was left and not judged yet. False when something was refused, or the program was ended meanwhile.
-    [[nodiscard]] bool settle();
+    [[nodiscard]] bool settle(int command);
     /// False for a button that settling has hidden or disabled under the mouse.
     [[nodiscard]] bool isOffered(int command) const;
     /// Tells the user over the window that asks when another computer holds the marker.
@@ -77,6 +80,7 @@ private:
     CodesPage* m_codesPage;
     PrintingPage* m_printingPage;
     TotalsBar* m_totals;
+    ReportDesk m_reports;
     int m_tab = 0; ///< The tab whose page is shown.
     bool m_closed = false;
 };

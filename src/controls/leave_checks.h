@@ -29,6 +29,9 @@ public:
     /// Runs the checks that are waiting, now. False when one refused.
     bool settle();
 
+    /// Forgets the checks that are waiting: what stands in the fields is about to be judged in another way.
+    void drop() { m_waiting.clear(); }
+
     /// As settle(), with the field that has the focus taken for left: its page is about to go.
     bool leaveAll();
 

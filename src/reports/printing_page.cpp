@@ -8,10 +8,14 @@
 #include "controls/themed_label.h"
 #include "controls/tick_list.h"
 #include "platform/date_text.h"
+#include "platform/message_window.h"
+#include "reports/period_button.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+
+#include <algorithm>
 
 namespace lorvan {
 namespace {
@@ -21,20 +25,18 @@ constexpr int marginEnd = 10;
 constexpr int reportRowHeight = 34;
 constexpr int dateWidth = 108;
 
-const std::vector<ListRow>& reportRows()
+std::vector<ListRow> reportRows()
 {
-    static const std::vector<ListRow> rows{
-        {QStringLiteral("  1 Ταμείο ημέρας"), 1},
-        {QStringLiteral("  2 Κωδικοί κίνησης "), 2},
-        {QStringLiteral("  3 Συνοπτικό ταμείο από ... εως"), 3},
-        {QStringLiteral("  4 Σύνολο ανα κωδικό"), 4},
-        {QStringLiteral("  5 Συνολο ανα ομάδα"), 5},
-        {QStringLiteral("  6 Κατάσταση"), 6},
-        {QStringLiteral("  7 Επιταγές"), 7},
-        {QStringLiteral("  8 Ανάλυση ταμείου ημέρας "), 8},
-        {QStringLiteral("  9 Ταμεία που δεν έχουν κλήσει !"), 9},
-    };
+    std::vector<ListRow> rows;
+    for (const ReportEntry& entry : reportCatalogue())
+        rows.push_back({entry.text, static_cast<qint64>(entry.report)});
     return rows;
+}
+
+std::vector<qint32> chosenNumbers(const TickList& list)
+{
+    const std::vector<qint64> chosen = list.chosenData();
+    return {chosen.begin(), chosen.end()};
 }
 
 void addHeaded(QVBoxLayout* column, QWidget* list, const QString& title, int stretch)
@@ -54,6 +56,7 @@ PrintingPage::PrintingPage(Clock clock, QWidget* parent)
     , m_reports(new PlainList(PlainList::Face::FixedWidth, this))
     , m_codes(new TickList(PlainList::Face::FixedWidth, this))
     , m_groups(new TickList(PlainList::Face::Desktop, this))
+    , m_periods(new PeriodButton(m_clock, this))
     , m_print(new CommandButton(QStringLiteral("print"), QStringLiteral("Εκτύπωση"), this))
 {
     setObjectName(QStringLiteral("Panel1(3)"));
@@ -68,7 +71,13 @@ PrintingPage::PrintingPage(Clock clock, QWidget* parent)
     columns->addLayout(reportColumn(), 11);
     columns->addLayout(choiceColumn(), 9);
     setTabOrders();
-    connect(m_print, &CommandButton::clicked, this, [this] { Q_EMIT commandPressed(command::printReport); });
+    const auto print = [this] { Q_EMIT commandPressed(command::printReport); };
+    connect(m_print, &CommandButton::clicked, this, print);
+    connect(m_reports, &PlainList::opened, this, print);
+    connect(m_periods, &PeriodButton::chosen, this, [this](const NamedPeriod& period) {
+        m_fields[field::periodStart]->setText(dateText(period.start));
+        m_fields[field::periodEnd]->setText(dateText(period.end));
+    });
 }
 
 QLayout* PrintingPage::reportColumn()
@@ -101,10 +110,11 @@ QWidget* PrintingPage::periodFrame()
     row->addWidget(addDate(field::periodStart, QStringLiteral("Από")));
     row->addWidget(new ThemedLabel(QStringLiteral("–"), ColourRole::PageText));
     row->addWidget(addDate(field::periodEnd, QStringLiteral("Έως")));
+    row->addWidget(m_periods);
     row->addStretch(1);
     m_print->setLook(CommandButton::Look::Solid);
-    m_print->setEnabled(false);
-    m_print->setToolTip(QStringLiteral("Οι εκτυπώσεις δεν είναι ακόμη διαθέσιμες"));
+    m_print->setToolTip(QStringLiteral("Προεπισκόπηση της επιλεγμένης εκτύπωσης"));
+    m_print->captionLabel()->setObjectName(QStringLiteral("Label2(%1)").arg(caption::printReport));
     row->addWidget(m_print);
     return frame;
 }
@@ -122,7 +132,8 @@ QLayout* PrintingPage::choiceColumn()
 
 void PrintingPage::setTabOrders()
 {
-    chainTabOrder({m_reports, m_fields[field::periodStart], m_fields[field::periodEnd], m_print, m_codes, m_groups});
+    chainTabOrder(
+        {m_reports, m_fields[field::periodStart], m_fields[field::periodEnd], m_periods, m_print, m_codes, m_groups});
 }
 
 void PrintingPage::fill(const std::vector<MovementCode>& codes, const std::vector<CodeGroup>& groups)
@@ -139,6 +150,62 @@ void PrintingPage::fill(const std::vector<MovementCode>& codes, const std::vecto
     m_codes->setRows(codeRows);
     m_groups->setRows(groupRows);
     m_reports->setFocus(Qt::OtherFocusReason);
+}
+
+// The request
+
+std::optional<ReportRequest> PrintingPage::request()
+{
+    m_checks.drop(); // the period is judged here, with a message of its own
+    const ReportEntry* const entry = chosenEntry();
+    if (!entry) {
+        showMessage(window(), QMessageBox::Information, QStringLiteral("Προσοχή"),
+            QStringLiteral("Δεν έχετε επιλέξει την εκτύπωση"));
+        return std::nullopt;
+    }
+    if (!checkPeriod())
+        return std::nullopt;
+    if (!entry->available) {
+        showMessage(window(), QMessageBox::Information, QStringLiteral("Προσοχή"),
+            QStringLiteral("Η εκτύπωση «%1» δεν είναι ακόμη διαθέσιμη.").arg(entry->title().trimmed()));
+        return std::nullopt;
+    }
+    return ReportRequest{entry->report, entry->title(), inputs()};
+}
+
+const ReportEntry* PrintingPage::chosenEntry() const
+{
+    const QModelIndexList chosen = m_reports->selectionModel()->selectedIndexes();
+    const std::vector<ReportEntry>& entries = reportCatalogue();
+    return chosen.isEmpty() ? nullptr : &entries.at(static_cast<std::size_t>(chosen.first().row()));
+}
+
+bool PrintingPage::checkPeriod()
+{
+    for (const int index : {field::periodStart, field::periodEnd}) {
+        EntryField* const date = m_fields[index];
+        if (const auto day = readDate(date->text(), m_clock.today())) {
+            date->setText(dateText(*day));
+            continue;
+        }
+        showMessage(window(), QMessageBox::Information, QStringLiteral("Προσοχ'η στην ημερομηνία"),
+            QStringLiteral("Η ημερομηνία είναι λάθος"));
+        goBackTo(*date);
+        return false;
+    }
+    return true;
+}
+
+ReportInputs PrintingPage::inputs() const
+{
+    ReportInputs inputs;
+    inputs.startText = m_fields[field::periodStart]->text();
+    inputs.endText = m_fields[field::periodEnd]->text();
+    inputs.start = *readDate(inputs.startText, m_clock.today());
+    inputs.end = *readDate(inputs.endText, m_clock.today());
+    inputs.codes = chosenNumbers(*m_codes);
+    inputs.groups = chosenNumbers(*m_groups);
+    return inputs;
 }
 
 } // namespace lorvan

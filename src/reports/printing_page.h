@@ -4,9 +4,11 @@
 #include "controls/control_array.h"
 #include "controls/leave_checks.h"
 #include "platform/clock.h"
+#include "reports/report_building.h"
 
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
 class QLayout;
@@ -15,11 +17,11 @@ namespace lorvan {
 
 class CommandButton;
 class EntryField;
+class PeriodButton;
 class PlainList;
 class TickList;
 
-/// The printing page `Panel1(3)`: the choice of a report, its period, codes and groups. The reports are not built yet,
-/// so the print button stands there disabled.
+/// The printing page `Panel1(3)`: the choice of a report, its period, codes and groups.
 class PrintingPage : public QWidget {
     Q_OBJECT
 
@@ -34,10 +36,16 @@ public:
     /// The same, with the field that has the focus judged too: the page is about to go.
     bool leaveAll() { return m_checks.leaveAll(); }
 
+    /// What is to be printed, the heading apart. Where something is missing, a box says what.
+    [[nodiscard]] std::optional<ReportRequest> request();
+
 Q_SIGNALS:
     void commandPressed(int index);
 
 private:
+    [[nodiscard]] const ReportEntry* chosenEntry() const;
+    [[nodiscard]] bool checkPeriod();
+    [[nodiscard]] ReportInputs inputs() const;
     QLayout* reportColumn();
     QLayout* choiceColumn();
     QWidget* periodFrame();
@@ -50,6 +58,7 @@ private:
     PlainList* m_reports;
     TickList* m_codes;
     TickList* m_groups;
+    PeriodButton* m_periods;
     CommandButton* m_print;
 };
 

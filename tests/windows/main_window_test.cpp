@@ -34,7 +34,7 @@ void MainWindowTest::start(Rights rights, const Clock& clock)
     UsageMarker marker(book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("ταμείο")});
     DataFolderSettings settings;
     settings.dataFolder = book.folder();
-    m_window = std::make_unique<Kentrikh>(book.open(), std::move(marker), rights, settings, clock);
+    m_window = std::make_unique<Kentrikh>(book.open(), std::move(marker), rights, settings, clock, testKeys());
     m_user.emplace(*m_window);
     m_window->initialise();
     m_window->show();

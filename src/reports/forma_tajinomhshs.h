@@ -1,0 +1,26 @@
+#pragma once
+
+#include "reports/option_question.h"
+#include "reports/report_inputs.h"
+
+class QCheckBox;
+
+namespace lorvan {
+
+/// The question how the list of codes is sorted and whether it holds the active ones alone. By code and with all of
+/// them at first. Leaving it in another way than by its button does the same.
+class FormaTajinomhshs : public OptionQuestion {
+    Q_OBJECT
+
+public:
+    explicit FormaTajinomhshs(QWidget* parent = nullptr);
+
+    [[nodiscard]] CodeSort sort() const { return m_sort; }
+    [[nodiscard]] CodeSelection selection() const;
+
+private:
+    CodeSort m_sort = CodeSort::Code;
+    QCheckBox* m_activeOnly;
+};
+
+} // namespace lorvan

@@ -1,0 +1,46 @@
+#include "reports/preview_area.h"
+
+#include "controls/themed_label.h"
+
+namespace lorvan {
+namespace {
+
+constexpr double twipsInPixel = 15;
+
+// In twips, as the window has always been laid out.
+constexpr int corner = 100;
+constexpr int lessWidth = 300;
+constexpr int lessHeight = 900;
+
+int pixels(int twips)
+{
+    return qRound(twips / twipsInPixel);
+}
+
+} // namespace
+
+PreviewArea::PreviewArea(QWidget* parent)
+    : QWidget(parent)
+    , m_view(new PageView(this))
+    , m_line(new ThemedLabel(QString(), ColourRole::PageMuted, 1.0, QFont::Normal, this))
+{
+    m_view->setObjectName(QStringLiteral("Tg"));
+    m_line->setObjectName(QStringLiteral("state"));
+    m_line->setAccessibleName(QStringLiteral("Κατάσταση"));
+}
+
+void PreviewArea::say(const QString& text)
+{
+    m_line->setText(text);
+    m_line->setToolTip(text);
+}
+
+void PreviewArea::resizeEvent(QResizeEvent*)
+{
+    const QSize room(std::max(width() - pixels(lessWidth), 0), std::max(height() - pixels(lessHeight), 0));
+    m_view->setGeometry(QRect(QPoint(pixels(corner), pixels(corner)), room));
+    const int below = m_view->geometry().bottom() + 1;
+    m_line->setGeometry(m_view->x() + pixels(corner), below, room.width(), std::max(height() - below, 0));
+}
+
+} // namespace lorvan

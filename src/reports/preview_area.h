@@ -1,0 +1,29 @@
+#pragma once
+
+#include "reports/page_view.h"
+
+namespace lorvan {
+
+class ThemedLabel;
+
+/// What lies below menu and tool row: the page view, and under it one line that says what goes on.
+class PreviewArea : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PreviewArea(QWidget* parent);
+
+    [[nodiscard]] PageView& view() const { return *m_view; }
+
+    /// Stays until the next one.
+    void say(const QString& text);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    PageView* m_view;
+    ThemedLabel* m_line;
+};
+
+} // namespace lorvan

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDialog>
+
+class QLabel;
+class QProgressBar;
+
+namespace lorvan {
+
+class CommandButton;
+
+/// What a window of progress says. What is counted stands before its number: "Γραμμές", "Σελίδες".
+struct ProgressTexts {
+    QString title;
+    QString activity;
+    QString counted;
+};
+
+/// How far a long work is, with a button to cancel. Escape and closing it cancel too; it stays until whoever runs the
+/// work takes it away. Modal.
+class ProgressWindow : public QDialog {
+    Q_OBJECT
+
+public:
+    ProgressWindow(const ProgressTexts& texts, QWidget* parent);
+
+    /// `all` is 0 where it is not known.
+    void setProgress(int done, int all);
+
+    void reject() override;
+
+Q_SIGNALS:
+    void cancelled();
+
+private:
+    const QString m_counted;
+    QLabel* m_activity;
+    QLabel* m_count;
+    QProgressBar* m_bar;
+    CommandButton* m_cancel;
+};
+
+} // namespace lorvan

@@ -1,0 +1,70 @@
+#include "reports/report_building.h"
+
+#include "app/book_files.h"
+#include "platform/connection.h"
+#include "platform/date_text.h"
+#include "platform/stop_check.h"
+#include "reports/cash_summary_report.h"
+#include "reports/cheque_report.h"
+#include "reports/code_list_report.h"
+#include "reports/daily_cash_report.h"
+#include "reports/unclosed_days_report.h"
+
+namespace lorvan {
+namespace {
+
+using Routine = ReportDocument (*)(Connection&, const ReportInputs&, const ReportProgress&);
+
+Routine routineOf(Report report)
+{
+    switch (report) {
+    case Report::DailyCash:
+        return dailyCashReport;
+    case Report::CodeList:
+        return codeListReport;
+    case Report::CashSummary:
+        return cashSummaryReport;
+    case Report::Cheques:
+        return chequeReport;
+    case Report::UnclosedDays:
+        return unclosedDaysReport;
+    default:
+        return nullptr;
+    }
+}
+
+QString databaseOf(Report report, const BookFiles& files)
+{
+    return report == Report::UnclosedDays ? files.auxiliaryDatabase() : files.mainDatabase();
+}
+
+} // namespace
+
+QString suggestedFileName(const ReportRequest& request)
+{
+    QString name = request.title.section(QStringLiteral(" από"), 0, 0).remove(u'!').trimmed();
+    if (request.report == Report::DailyCash)
+        name += u' ' + dateText(request.inputs.end);
+    else if (request.report != Report::CodeList)
+        name += u' ' + dateText(request.inputs.start) + QStringLiteral(" έως ") + dateText(request.inputs.end);
+    return name;
+}
+
+ReportDocument buildReport(
+    const ReportRequest& request, const BookFiles& files, KeyRing& keys, const ReportProgress& progress)
+{
+    const Routine routine = routineOf(request.report);
+    if (!routine)
+        return {};
+    const QString path = databaseOf(request.report, files);
+    Connection connection = Connection::open(path, keys.keyFor(path));
+    int rows = 0;
+    const ReportProgress counting = [&rows, &progress](int built) {
+        rows = built;
+        return !progress || progress(built);
+    };
+    const StopCheck check(connection, [&rows, &progress] { return !progress || progress(rows); });
+    return routine(connection, request.inputs, counting);
+}
+
+} // namespace lorvan

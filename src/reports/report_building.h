@@ -1,0 +1,29 @@
+#pragma once
+
+#include "reports/report_catalogue.h"
+#include "reports/report_document.h"
+#include "reports/report_inputs.h"
+#include "reports/report_progress.h"
+
+namespace lorvan {
+
+class BookFiles;
+class KeyRing;
+
+/// A report as it was asked for.
+struct ReportRequest {
+    Report report = Report::DailyCash;
+    QString title; ///< Of its window.
+    ReportInputs inputs;
+};
+
+/// A name for the file in which the report is saved, without an ending: its title and what it covers.
+[[nodiscard]] QString suggestedFileName(const ReportRequest& request);
+
+/// Builds the report over a connection of its own, so that it may run on any thread. The progress is asked during long
+/// searches too, with the rows that there are by then; given up there, the report ends with an SqlError. Throws
+/// SqlError, CurrencyOverflow, ReportCancelled. A report that is not available has no items.
+[[nodiscard]] ReportDocument buildReport(
+    const ReportRequest& request, const BookFiles& files, KeyRing& keys, const ReportProgress& progress);
+
+} // namespace lorvan

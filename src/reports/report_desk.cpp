@@ -1,0 +1,46 @@
+#include "reports/report_desk.h"
+
+#include "reports/ektypvsh.h"
+#include "reports/report_questions.h"
+
+namespace lorvan {
+
+ReportDesk::ReportDesk(BookFiles files, KeyRing& keys)
+    : m_files(std::move(files))
+    , m_keys(keys)
+{
+}
+
+ReportDesk::~ReportDesk() = default;
+
+void ReportDesk::print(ReportRequest request, QWidget* window)
+{
+    m_frame.reset();
+    auto frame = std::make_unique<Ektypvsh>(m_printers, m_saver);
+    askQuestions(request, window);
+    ReportDocument document;
+    if (m_isClosed || !build(request, window, document))
+        return;
+    frame->open(std::move(document), request.title, suggestedFileName(request));
+    m_frame = std::move(frame);
+    m_frame->show();
+}
+
+bool ReportDesk::build(const ReportRequest& request, QWidget* window, ReportDocument& document)
+{
+    const ProgressTexts texts{request.title, QStringLiteral("Ετοιμάζεται η εκτύπωση…"), QStringLiteral("Γραμμές")};
+    return m_run.run(window, texts, [this, &request, &document](const BackgroundRun::Progress& progress) {
+        document = buildReport(request, m_files, m_keys, [&progress](int rows) { return progress(rows, 0); });
+        return true;
+    });
+}
+
+void ReportDesk::close()
+{
+    m_isClosed = true;
+    m_run.cancel();
+    if (m_frame)
+        m_frame->unload();
+}
+
+} // namespace lorvan

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+#include <vector>
+
+namespace lorvan {
+
+/// A period that is offered for choice, both days included.
+struct NamedPeriod {
+    QString name;
+    QDate start;
+    QDate end;
+};
+
+/// The usual periods as seen from that day. Those that go on end with the day itself.
+[[nodiscard]] std::vector<NamedPeriod> usualPeriods(QDate today);
+
+} // namespace lorvan

@@ -1,0 +1,103 @@
+#include "reports/report_saver.h"
+
+#include "controls/window_placement.h"
+#include "platform/busy_pointer.h"
+#include "platform/message_window.h"
+#include "reports/report_pages.h"
+#include "reports/report_pdf.h"
+#include "reports/table_export.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QStandardPaths>
+
+namespace lorvan {
+namespace {
+
+constexpr QSize dialogSize{760, 480};
+
+const QString pdf = QStringLiteral("pdf");
+const QString xlsx = QStringLiteral("xlsx");
+const QString csv = QStringLiteral("csv");
+
+QString usualFolder()
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
+}
+
+void prepare(QFileDialog& dialog, const QString& title, const QStringList& filters, const QString& suffix)
+{
+    dialog.setObjectName(QStringLiteral("saveFile"));
+    dialog.setWindowTitle(title);
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // the native one may speak another language
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(suffix);
+    sizeWithin(&dialog, dialogSize);
+}
+
+/// The path once the work has written it.
+std::optional<QString> write(QWidget* window, BackgroundRun& run, const QString& path, const ProgressTexts& texts,
+    const BackgroundRun::Work& work)
+{
+    try {
+        if (run.run(window, texts, work))
+            return path;
+    } catch (const std::exception& failure) {
+        showMessage(window, QMessageBox::Warning, QStringLiteral("Προσοχή"),
+            QStringLiteral("Το αρχείο %1 δεν αποθηκεύτηκε.\n\n%2").arg(path, QString::fromUtf8(failure.what())));
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<QString> ReportSaver::askPath(QFileDialog& dialog, const QString& name)
+{
+    dialog.setDirectory(m_folder.isEmpty() ? usualFolder() : m_folder);
+    dialog.selectFile(name);
+    const OrdinaryPointer pointer;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    const QString path = dialog.selectedFiles().constFirst();
+    m_folder = QFileInfo(path).absolutePath();
+    return path;
+}
+
+std::optional<QString> ReportSaver::savePdf(
+    QWidget* window, BackgroundRun& run, const ReportDocument& document, const QString& name)
+{
+    QFileDialog dialog(window);
+    prepare(dialog, QStringLiteral("Αποθήκευση ως PDF"), {QStringLiteral("Έγγραφο PDF (*.pdf)")}, pdf);
+    const auto path = askPath(dialog, name);
+    if (!path)
+        return std::nullopt;
+    const ProgressTexts texts{name, QStringLiteral("Αποθηκεύεται το PDF…"), QStringLiteral("Σελίδες")};
+    return write(window, run, *path, texts, [&document, &path](const BackgroundRun::Progress& progress) {
+        ReportPages pages(document);
+        return lorvan::savePdf(pages, *path, progress) == PageOutcome::Done;
+    });
+}
+
+std::optional<QString> ReportSaver::saveTable(
+    QWidget* window, BackgroundRun& run, const ReportDocument& document, const QString& name)
+{
+    QFileDialog dialog(window);
+    const QString asCsv = QStringLiteral("Κείμενο CSV με ερωτηματικά (*.csv)");
+    prepare(dialog, QStringLiteral("Αποθήκευση ως πίνακας"),
+        {QStringLiteral("Υπολογιστικό φύλλο XLSX (*.xlsx)"), asCsv}, xlsx);
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+        [&dialog, &asCsv](const QString& filter) { dialog.setDefaultSuffix(filter == asCsv ? csv : xlsx); });
+    const auto path = askPath(dialog, name);
+    if (!path)
+        return std::nullopt;
+    const bool isCsv = QFileInfo(*path).suffix().compare(csv, Qt::CaseInsensitive) == 0;
+    const TableFormat format = isCsv ? TableFormat::Csv : TableFormat::Xlsx;
+    const ProgressTexts texts{name, QStringLiteral("Αποθηκεύεται ο πίνακας…"), QStringLiteral("Γραμμές")};
+    return write(window, run, *path, texts, [&document, &path, format](const BackgroundRun::Progress& progress) {
+        return lorvan::saveTable(document, *path, format, progress);
+    });
+}
+
+} // namespace lorvan
