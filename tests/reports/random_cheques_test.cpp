@@ -58,9 +58,9 @@ QString chequeDay(QDate day)
     return names.mid(2 * (day.dayOfWeek() - 1), 2) + day.toString(QStringLiteral(" dd-MM-yyyy"));
 }
 
-void addLine(QStringList& lines, int numberWidth, const QStringList& cells)
+void addLine(QStringList& lines, const QStringList& cells)
 {
-    const QString number = QString::number(lines.size() + 1).rightJustified(numberWidth);
+    const QString number = QString::number(lines.size() + 1).rightJustified(4);
     lines += (lines.size() % 2 == 0 ? u'#' + number : number) + u'|' + cells.join(u'|');
 }
 
@@ -75,7 +75,7 @@ QStringList expectedDetails(std::vector<Cheque> cheques)
         sum.income += row.income;
         sum.expense += row.expense;
         sum.memorandum += row.memorandum;
-        addLine(lines, 4,
+        addLine(lines,
             {chequeDay(row.day), QString::number(row.code), {}, amount(row.memorandum, QStringLiteral(" ")),
                 amount(row.income), amount(row.expense)});
     }
@@ -91,7 +91,7 @@ QStringList expectedSums(const std::vector<Cheque>& cheques)
         sums[{row.day, row.income, row.expense}] += row.memorandum;
     QStringList lines;
     for (const auto& [key, sum] : sums)
-        addLine(lines, 4, {chequeDay(std::get<0>(key)), amount(sum, {}).rightJustified(11).right(11)});
+        addLine(lines, {chequeDay(std::get<0>(key)), amount(sum, {}).rightJustified(11).right(11)});
     return lines;
 }
 
