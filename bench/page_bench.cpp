@@ -108,11 +108,25 @@ double wholePdf(ReportPages& pages)
     return millisecondsSince(timer);
 }
 
+Qt::Alignment alignmentOf(const ReportColumn& column)
+{
+    switch (column.alignment) {
+    case ColumnAlignment::Centre:
+        return Qt::AlignHCenter;
+    case ColumnAlignment::Right:
+        return Qt::AlignRight;
+    case ColumnAlignment::Left:
+        break;
+    }
+    return Qt::AlignLeft;
+}
+
 /// The floor's cells stand where the program's do: 53 rows on a page, shaded alike.
 double cellByCell(const ReportDocument& document)
 {
     constexpr int rowsOnPage = 53;
     constexpr int rowHeight = 285;
+    constexpr int rowWidth = 10450;
     QElapsedTimer timer;
     timer.start();
     QBuffer buffer;
@@ -129,16 +143,13 @@ double cellByCell(const ReportDocument& document)
             writer.newPage();
             onPage = 0;
         }
+        if (row.shade() != noShade)
+            painter.fillRect(QRectF(0, onPage * rowHeight, rowWidth, rowHeight), QColor(222, 225, 225));
         double left = 0;
         for (std::size_t column = 0; column < row.columns().size(); ++column) {
             const ReportColumn& wanted = row.columns()[column];
             const QRectF box(left, onPage * rowHeight, wanted.width, rowHeight);
-            if (row.shade() != noShade)
-                painter.fillRect(box, QColor(222, 225, 225));
-            const int alignment = wanted.alignment == ColumnAlignment::Right ? Qt::AlignRight
-                : wanted.alignment == ColumnAlignment::Centre                ? Qt::AlignHCenter
-                                                                             : Qt::AlignLeft;
-            painter.drawText(box, alignment, row.cell(static_cast<int>(column)).toString());
+            painter.drawText(box, alignmentOf(wanted), row.cell(static_cast<int>(column)).toString());
             left += wanted.width;
         }
         ++onPage;
