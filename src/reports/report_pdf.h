@@ -18,8 +18,8 @@ struct PageRange {
     int last = 0;
 };
 
-/// Called after each page with the pages done and the pages in all; false cancels. The job of a printer holds the pages done
-/// so far: whoever cancels aborts the printer first.
+/// Called after each page with the pages done and the pages in all; false cancels. The job of a printer holds the pages
+/// done so far: whoever cancels aborts the printer first.
 using PageProgress = std::function<bool(int done, int all)>;
 
 enum class PageOutcome { Done, Cancelled };
