@@ -1,7 +1,5 @@
 #include "reports/report_search.h"
 
-#include <QChar>
-
 #include <algorithm>
 #include <array>
 
@@ -16,8 +14,7 @@ char16_t computeFolded(char16_t character)
     QChar folded(character);
     while (folded.decompositionTag() == QChar::Canonical)
         folded = folded.decomposition().front();
-    folded = folded.toCaseFolded();
-    return folded == QChar(u'ς') ? u'σ' : folded.unicode();
+    return folded.toCaseFolded().unicode();
 }
 
 char16_t folded(char16_t character)
