@@ -218,7 +218,7 @@ void OmadaKvdikvn::removeGroup()
         return;
     }
     const int place = m_list->currentIndex().row();
-    const bool byKey = m_list->hasFocus();
+    const bool byKey = focusWidget() == m_list;
     refill();
     release();
     const QAbstractItemModel& groups = *m_list->model();
