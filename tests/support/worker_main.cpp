@@ -2,12 +2,15 @@
 // one over the usage marker. What it is about to do, and has done, it appends to a log line by line.
 //
 //   lorvan_test_worker changes DIR LOG SEED            random changes of the book until it is killed
+//   lorvan_test_worker codes   DIR LOG SEED            random changes of codes and groups until it is killed
 //   lorvan_test_worker upgrade DIR LOG                 one schema upgrade
 //   lorvan_test_worker deletion DIR LOG                one deletion of all data
 //   lorvan_test_worker marker  DIR LOG HOST ROUNDS     claims and releases the marker, changing the book now and then
 
 #include "app/schema_upgrade.h"
 #include "app/usage_marker.h"
+#include "codes/code_maintenance.h"
+#include "codes/group_maintenance.h"
 #include "platform/machine_identity.h"
 #include "support/random_changes.h"
 #include "support/temporary_book.h"
@@ -19,6 +22,7 @@
 #include <chrono>
 #include <cstdio>
 #include <fcntl.h>
+#include <random>
 #include <sched.h>
 #include <sys/file.h>
 #include <thread>
@@ -43,6 +47,29 @@ int changeUntilKilled(const BookFiles& files, WorkerLog& log, unsigned seed)
         log.append(changeLine(change));
         if (!std::holds_alternative<DayView>(makeChange(cashBook, change)))
             return 1;
+        log.append("done");
+    }
+}
+
+/// Moves a code into a group, or renames or replaces the group.
+int changeCodesUntilKilled(const BookFiles& files, WorkerLog& log, unsigned seed)
+{
+    Book book = openBook(files);
+    Connection& main = book.main();
+    std::mt19937 random(seed);
+    const auto oneOf = [&random](const auto& list) { return list.at(random() % list.size()); };
+    log.append("ready");
+    for (int change = 0;; ++change) {
+        const CodeGroup group = oneOf(listGroups(main));
+        const MovementCode code = oneOf(listCodes(main, CodeSelection::All));
+        const QString name = QStringLiteral("Ομάδα %1/%2").arg(seed).arg(change);
+        const unsigned kind = random() % 4;
+        const bool done = kind == 0 ? !renameGroup(main, group.number, name)
+            : kind == 1
+            ? !removeGroup(main, group.number) && std::holds_alternative<CodeGroup>(lorvan::addGroup(main, name))
+            : !modifyCode(main, code.row, {QString::number(code.code), name, group.name}, group.number);
+        if (!done)
+            throw std::runtime_error("a change was refused");
         log.append("done");
     }
 }
@@ -130,6 +157,8 @@ int run(const QStringList& arguments)
     WorkerLog log(arguments.value(3));
     if (task == QStringLiteral("changes"))
         return changeUntilKilled(files, log, arguments.value(4).toUInt());
+    if (task == QStringLiteral("codes"))
+        return changeCodesUntilKilled(files, log, arguments.value(4).toUInt());
     if (task == QStringLiteral("upgrade"))
         return upgrade(files, log);
     if (task == QStringLiteral("deletion"))
