@@ -36,6 +36,9 @@ void RecordList::keyPressEvent(QKeyEvent* event)
             setCurrentIndex(row);
             return clicked(row);
         }
+        const bool isArrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+        if (isArrow && selectionMode() == SingleSelection && !selectionModel()->hasSelection())
+            return setCurrentIndex(row); // the first row is not skipped
     }
     QListView::keyPressEvent(event);
 }

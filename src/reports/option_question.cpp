@@ -22,7 +22,7 @@ OptionQuestion::OptionQuestion(const QString& title, const QString& frame, const
     setModal(true);
     auto* const box = new QGroupBox(frame);
     auto* const list = new QVBoxLayout(box);
-    list->setSpacing(10);
+    list->setSpacing(4);
     for (const QString& text : options) {
         auto* const each = m_options.emplace_back(new QRadioButton(text));
         each->setObjectName(QStringLiteral("Option1(%1)").arg(m_options.size() - 1));

@@ -20,8 +20,8 @@ constexpr std::array zoomSteps{0.25, 0.33, 0.5, 0.67, 0.75, 0.9, 1.0, 1.1, 1.25,
 constexpr double sameZoom = 0.005;
 
 // On paper, which is white in every theme.
-const QColor markColour(255, 214, 0, 96);
-const QColor foundColour(255, 128, 0, 128);
+const QColor markColour(255, 232, 110);
+const QColor foundColour(255, 176, 84);
 const QColor shadowColour(0, 0, 0, 60);
 
 } // namespace
@@ -339,6 +339,7 @@ void PageView::paintPage(QPainter& painter, int page) const
 
 void PageView::paintMarks(QPainter& painter, int page) const
 {
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply); // the text under a mark stays black
     for (const QRectF& area : m_pages->find(m_sought, page)) {
         const bool isFound = m_found && m_found->page == page && m_found->area == area;
         painter.fillRect(area, isFound ? foundColour : markColour);

@@ -5,7 +5,6 @@
 #include "controls/themed_label.h"
 #include "reports/action_button.h"
 
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QIntValidator>
 #include <QKeyEvent>
@@ -18,10 +17,11 @@ namespace {
 constexpr int rowHeight = 42;
 constexpr int sideMargin = 8;
 constexpr int spacing = 2;
-constexpr int groupGap = 5;
+constexpr int groupGap = 3;
 constexpr int pageWidth = 48;
 constexpr int searchWidth = 140;
 constexpr int leastSearchWidth = 90;
+constexpr int separatorHeight = 22;
 constexpr int mostPages = 9'999'999;
 
 /// As wide as the widest text it will show.
@@ -33,6 +33,17 @@ ThemedLabel* figureLabel(const char* name, const QString& widest)
     label->setMinimumWidth(QFontMetrics(Theme::instance().font()).horizontalAdvance(widest) + 8);
     return label;
 }
+
+class SeparatorLine : public QWidget {
+public:
+    SeparatorLine() { setFixedSize(1, separatorHeight); }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter(this).fillRect(rect(), Theme::instance().colour(ColourRole::PageLine));
+    }
+};
 
 } // namespace
 
@@ -84,11 +95,8 @@ ActionButton* PreviewTools::add(QAction* action, const char* icon, const QString
 
 void PreviewTools::addSeparator()
 {
-    auto* const line = new QFrame;
-    line->setFrameShape(QFrame::VLine);
-    line->setFixedHeight(22);
     m_row->addSpacing(groupGap);
-    m_row->addWidget(line);
+    m_row->addWidget(new SeparatorLine);
     m_row->addSpacing(groupGap);
 }
 

@@ -1,40 +1,24 @@
 #include "reports/report_saver.h"
 
-#include "controls/window_placement.h"
 #include "platform/busy_pointer.h"
 #include "platform/message_window.h"
 #include "reports/report_pages.h"
 #include "reports/report_pdf.h"
+#include "reports/save_dialog.h"
 #include "reports/table_export.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QStandardPaths>
 
 namespace lorvan {
 namespace {
 
-constexpr QSize dialogSize{760, 480};
-
-const QString pdf = QStringLiteral("pdf");
-const QString xlsx = QStringLiteral("xlsx");
 const QString csv = QStringLiteral("csv");
 
 QString usualFolder()
 {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return QDir(documents).exists() ? documents : QDir::homePath();
-}
-
-void prepare(QFileDialog& dialog, const QString& title, const QStringList& filters, const QString& suffix)
-{
-    dialog.setObjectName(QStringLiteral("saveFile"));
-    dialog.setWindowTitle(title);
-    dialog.setOption(QFileDialog::DontUseNativeDialog); // the native one may speak another language
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilters(filters);
-    dialog.setDefaultSuffix(suffix);
-    sizeWithin(&dialog, dialogSize);
 }
 
 /// The path once the work has written it.
@@ -53,7 +37,7 @@ std::optional<QString> write(QWidget* window, BackgroundRun& run, const QString&
 
 } // namespace
 
-std::optional<QString> ReportSaver::askPath(QFileDialog& dialog, const QString& name)
+std::optional<QString> ReportSaver::askPath(SaveDialog& dialog, const QString& name)
 {
     dialog.setDirectory(m_folder.isEmpty() ? usualFolder() : m_folder);
     dialog.selectFile(name);
@@ -68,8 +52,8 @@ std::optional<QString> ReportSaver::askPath(QFileDialog& dialog, const QString& 
 std::optional<QString> ReportSaver::savePdf(
     QWidget* window, BackgroundRun& run, const ReportDocument& document, const QString& name)
 {
-    QFileDialog dialog(window);
-    prepare(dialog, QStringLiteral("Αποθήκευση ως PDF"), {QStringLiteral("Έγγραφο PDF (*.pdf)")}, pdf);
+    SaveDialog dialog(
+        QStringLiteral("Αποθήκευση ως PDF"), {{QStringLiteral("Έγγραφο PDF (*.pdf)"), QStringLiteral("pdf")}}, window);
     const auto path = askPath(dialog, name);
     if (!path)
         return std::nullopt;
@@ -83,12 +67,10 @@ std::optional<QString> ReportSaver::savePdf(
 std::optional<QString> ReportSaver::saveTable(
     QWidget* window, BackgroundRun& run, const ReportDocument& document, const QString& name)
 {
-    QFileDialog dialog(window);
-    const QString asCsv = QStringLiteral("Κείμενο CSV με ερωτηματικά (*.csv)");
-    prepare(dialog, QStringLiteral("Αποθήκευση ως πίνακας"),
-        {QStringLiteral("Υπολογιστικό φύλλο XLSX (*.xlsx)"), asCsv}, xlsx);
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
-        [&dialog, &asCsv](const QString& filter) { dialog.setDefaultSuffix(filter == asCsv ? csv : xlsx); });
+    SaveDialog dialog(QStringLiteral("Αποθήκευση ως πίνακας"),
+        {{QStringLiteral("Υπολογιστικό φύλλο XLSX (*.xlsx)"), QStringLiteral("xlsx")},
+            {QStringLiteral("Κείμενο CSV με ερωτηματικά (*.csv)"), csv}},
+        window);
     const auto path = askPath(dialog, name);
     if (!path)
         return std::nullopt;

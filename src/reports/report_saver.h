@@ -7,9 +7,9 @@
 
 #include <optional>
 
-class QFileDialog;
-
 namespace lorvan {
+
+class SaveDialog;
 
 /// Saves reports as files that the user names, and keeps the folder for the next time.
 class ReportSaver {
@@ -22,7 +22,7 @@ public:
         QWidget* window, BackgroundRun& run, const ReportDocument& document, const QString& name);
 
 private:
-    [[nodiscard]] std::optional<QString> askPath(QFileDialog& dialog, const QString& name);
+    [[nodiscard]] std::optional<QString> askPath(SaveDialog& dialog, const QString& name);
 
     QString m_folder; ///< The one used last.
 };

@@ -249,7 +249,7 @@ TEST_F(TabOrderTest, thePrintingPageReadsAsTheEyeDoes)
     start(allRights);
     selectTab(2);
     EXPECT_EQ(user().focusName(), QStringLiteral("List2(0)"));
-    expectOrder(user(), "List2(0) Text1(7) Text1(8) Command1(1) List2(1) List2(2)");
+    expectOrder(user(), "List2(0) Text1(7) Text1(8) periods Command1(1) List2(1) List2(2)");
 }
 
 TEST_F(SignInTabOrder, goesOnThroughTheMaintenanceArea)

@@ -1,0 +1,79 @@
+#include "reports/save_dialog.h"
+
+#include "controls/icons.h"
+#include "controls/window_placement.h"
+
+#include <QAbstractFileIconProvider>
+#include <QHeaderView>
+#include <QSplitter>
+#include <QToolButton>
+#include <QTreeView>
+
+#include <utility>
+
+namespace lorvan {
+namespace {
+
+constexpr QSize firstSize{760, 480};
+constexpr int nameColumnWidth = 300;
+constexpr int placesWidth = 150;
+
+class LineIcons : public QAbstractFileIconProvider {
+public:
+    [[nodiscard]] QIcon icon(IconType type) const override
+    {
+        switch (type) {
+        case Folder:
+        case Desktop:
+            return themedIcon(QStringLiteral("folder"), ColourRole::Text);
+        case File:
+            return themedIcon(QStringLiteral("file"), ColourRole::Text);
+        default:
+            return themedIcon(QStringLiteral("computer"), ColourRole::Text);
+        }
+    }
+    [[nodiscard]] QIcon icon(const QFileInfo& file) const override { return icon(file.isDir() ? Folder : File); }
+};
+
+} // namespace
+
+SaveDialog::SaveDialog(const QString& title, const std::vector<FileKind>& kinds, QWidget* parent)
+    : QFileDialog(parent, title)
+{
+    static LineIcons icons;
+    setObjectName(QStringLiteral("saveFile"));
+    setOption(DontUseNativeDialog);
+    setAcceptMode(AcceptSave);
+    setIconProvider(&icons);
+    QStringList filters;
+    for (const FileKind& kind : kinds)
+        filters += kind.text;
+    setNameFilters(filters);
+    setDefaultSuffix(kinds.front().suffix);
+    connect(this, &QFileDialog::filterSelected, this, [this, kinds](const QString& filter) {
+        for (const FileKind& kind : kinds) {
+            if (kind.text == filter)
+                setDefaultSuffix(kind.suffix);
+        }
+    });
+    dress();
+    sizeWithin(this, firstSize);
+}
+
+void SaveDialog::dress()
+{
+    for (const auto& [button, icon] : std::initializer_list<std::pair<const char*, const char*>>{{"backButton", "prev"},
+             {"forwardButton", "next"}, {"toParentButton", "up"}, {"newFolderButton", "newfolder"},
+             {"listModeButton", "list"}, {"detailModeButton", "table"}}) {
+        if (auto* const found = findChild<QToolButton*>(QLatin1String(button)))
+            found->setIcon(themedIcon(QString::fromLatin1(icon), ColourRole::PageText));
+    }
+    if (auto* const splitter = findChild<QSplitter*>())
+        splitter->setSizes({placesWidth, firstSize.width() - placesWidth});
+    if (auto* const files = findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        files->header()->setStretchLastSection(true);
+        files->header()->resizeSection(0, nameColumnWidth);
+    }
+}
+
+} // namespace lorvan
