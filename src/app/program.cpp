@@ -80,7 +80,7 @@ void Program::showSignIn()
     const BookFiles files(m_settings.dataFolder);
     m_keys.prepare(files.auxiliaryDatabase());
     m_keys.prepare(files.mainDatabase());
-    m_login = std::make_unique<Login>(files, m_keys);
+    m_login = std::make_unique<Login>(files, m_keys, m_clock);
     connect(m_login.get(), &Login::signedIn, this, &Program::openMainWindow);
     connect(m_login.get(), &Login::abandoned, this, &Program::end);
     m_login->show();

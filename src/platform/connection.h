@@ -25,6 +25,8 @@ namespace lorvan {
 /// for up to five seconds. A connection that is asked to write a file it may only read opens read-only.
 class Connection {
 public:
+    /// Not for a book's own files: ReadOnly cannot take back the change of a program that was killed, and then opens
+    /// nothing.
     enum class Access { ReadOnly, ReadWrite };
 
     /// Opens an existing file and proves key and header by reading the schema. Throws SqlError: CannotOpen for a

@@ -2,22 +2,24 @@
 
 #include "app/guarded_window.h"
 #include "app/start_failure_window.h"
-#include "app/usage_marker.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/ground_frame.h"
 #include "controls/icons.h"
+#include "controls/path_label.h"
 #include "controls/plain_list.h"
 #include "controls/themed_label.h"
 #include "controls/window_placement.h"
 #include "platform/busy_pointer.h"
 #include "platform/connection.h"
 #include "platform/message_window.h"
+#include "users/administration_row.h"
 #include "users/user_maintenance.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 
 #include <algorithm>
@@ -55,7 +57,7 @@ void widenTo(int width, CommandButton* button)
 
 } // namespace
 
-Login::Login(BookFiles files, KeyRing& keys)
+Login::Login(BookFiles files, KeyRing& keys, const Clock& clock)
     : m_files(std::move(files))
     , m_keys(keys)
     , m_fields(QStringLiteral("Text1"))
@@ -69,7 +71,7 @@ Login::Login(BookFiles files, KeyRing& keys)
     top->addWidget(nameStrip());
     top->addLayout(signInForm(), 1);
 
-    m_maintenance = maintenanceArea();
+    m_maintenance = maintenanceArea(clock);
     auto* const rows = new QVBoxLayout(this);
     rows->setContentsMargins({});
     rows->setSpacing(0);
@@ -146,7 +148,7 @@ QLayout* Login::signInForm()
     return grid;
 }
 
-QWidget* Login::maintenanceArea()
+QWidget* Login::maintenanceArea(const Clock& clock)
 {
     auto* const area = new GroundFrame(ColourRole::Page, GroundFrame::Separator::Top, this);
     auto* const rows = new QVBoxLayout(area);
@@ -156,7 +158,10 @@ QWidget* Login::maintenanceArea()
     addUserCommands(m_users);
     m_users->layOut({m_commands[AddUser], m_commands[ChangeUser], m_commands[RemoveUser]});
     rows->addWidget(m_users, 1);
-    rows->addLayout(administrationRow(area));
+    m_administration = new AdministrationRow(m_files, m_keys, clock, area);
+    addAdministrationCommands(m_administration);
+    m_administration->layOut({m_commands[Unlock], m_commands[CloseDays], m_commands[DeleteData]});
+    rows->addWidget(m_administration);
     return area;
 }
 
@@ -173,23 +178,15 @@ void Login::addUserCommands(QWidget* parent)
         widenTo(signInWidth, m_commands[index]);
 }
 
-QLayout* Login::administrationRow(QWidget* parent)
+void Login::addAdministrationCommands(QWidget* parent)
 {
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(betweenControls);
-    CommandButton* const unlock =
-        addCommand(Unlock, QStringLiteral("unlock"), {}, QStringLiteral("Ξεκλείδωμα βάσης"), parent);
-    unlock->setAccessibleName(QStringLiteral("Ξεκλείδωμα βάσης"));
-    row->addWidget(unlock);
-    row->addWidget(addCommand(CloseDays, QStringLiteral("closecash"), QStringLiteral("Ταμεία"),
-        QStringLiteral("Κλείσιμο ανοικτών ταμείων"), parent));
-    row->addStretch(1);
-    row->addWidget(addCommand(DeleteData, QStringLiteral("delete"), QStringLiteral("Διαγραφή βάσης"),
-        QStringLiteral("Διαγραφή όλων των στοιχείων της βάσης"), parent));
-    m_commands[DeleteData]->setLook(CommandButton::Look::Danger);
-    for (const int notBuiltYet : {CloseDays, DeleteData})
-        m_commands[notBuiltYet]->setEnabled(false);
-    return row;
+    addCommand(Unlock, QStringLiteral("unlock"), {}, QStringLiteral("Ξεκλείδωμα βάσης"), parent)
+        ->setAccessibleName(QStringLiteral("Ξεκλείδωμα βάσης"));
+    addCommand(CloseDays, QStringLiteral("closecash"), QStringLiteral("Ταμεία"),
+        QStringLiteral("Κλείσιμο ανοικτών ταμείων"), parent);
+    addCommand(DeleteData, QStringLiteral("delete"), QStringLiteral("Διαγραφή βάσης"),
+        QStringLiteral("Διαγραφή όλων των στοιχείων της βάσης"), parent)
+        ->setLook(CommandButton::Look::Danger);
 }
 
 void Login::setTabOrders()
@@ -198,7 +195,7 @@ void Login::setTabOrders()
     const std::initializer_list<QWidget*> order{m_fields[Name], m_fields[Password], m_commands[SignIn], m_commands[End],
         m_users->list(), m_users->name(), m_users->password(), checks[0], checks[1], checks[2], m_commands[AddUser],
         m_commands[ChangeUser], m_commands[RemoveUser], m_commands[Unlock], m_commands[CloseDays],
-        m_commands[DeleteData]};
+        m_administration->copyPath(), m_commands[DeleteData]};
     for (auto each = order.begin(); std::next(each) != order.end(); ++each)
         setTabOrder(*each, *std::next(each));
 }
@@ -208,9 +205,13 @@ void Login::connectControls()
     for (const auto& [index, button] : m_commands)
         connect(button, &CommandButton::clicked, this, [this, index = index] { dispatch(index); });
     connect(m_users, &UserMaintenance::offered, this, [this](bool isOffered) {
+        const QWidget* const focused = focusWidget();
+        if (!isOffered && (focused == m_commands[ChangeUser] || focused == m_commands[RemoveUser]))
+            m_users->list()->setFocus(Qt::OtherFocusReason); // or it would go on to the button that unlocks
         m_commands[ChangeUser]->setEnabled(isOffered);
         m_commands[RemoveUser]->setEnabled(isOffered);
     });
+    connect(m_users, &UserMaintenance::removalAsked, this, [this] { dispatch(RemoveUser); });
     connect(m_users, &UserMaintenance::removed, this, [this] {
         for (EntryField* const field : {m_fields[Name], m_fields[Password], m_users->name(), m_users->password()})
             field->clear();
@@ -239,20 +240,17 @@ void Login::dispatch(int command)
         m_users->removeUser();
         break;
     case Unlock:
-        unlock();
+        m_administration->unlock();
+        break;
+    case CloseDays:
+        m_administration->closeDays();
+        break;
+    case DeleteData:
+        m_administration->deleteData();
         break;
     default:
         break;
     }
-}
-
-void Login::unlock()
-{
-    guarded(this, [this] {
-        UsageMarker::unlock(m_files.usageMarker());
-        showMessage(
-            this, QMessageBox::Warning, QStringLiteral("Ξεκλείδωμα βάσης"), QStringLiteral("Η βάση ξεκλείδωσε "));
-    });
 }
 
 void Login::setSize(Size size)
@@ -275,7 +273,7 @@ void Login::signInAsTyped()
     setSize(Size::Compact);
     try {
         const QString users = m_files.auxiliaryDatabase();
-        Connection auxiliary = Connection::open(users, m_keys.keyFor(users), Connection::Access::ReadOnly);
+        Connection auxiliary = Connection::open(users, m_keys.keyFor(users));
         if (const auto session = signIn(auxiliary, name, password)) {
             Q_EMIT signedIn(*session);
             return;
@@ -298,7 +296,10 @@ void Login::closeEvent(QCloseEvent* event)
 
 void Login::keyPressEvent(QKeyEvent* event)
 {
-    event->ignore(); // Escape would end the program
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        focusNextPrevChild(true);
+    else
+        event->ignore(); // Escape would end the program
 }
 
 } // namespace lorvan

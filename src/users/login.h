@@ -10,18 +10,21 @@ class QLayout;
 
 namespace lorvan {
 
+class AdministrationRow;
+class Clock;
 class CommandButton;
 class EntryField;
 class KeyRing;
 class UserMaintenance;
 
-/// The sign-in window. The built-in administrator gets it enlarged by the maintenance area: users, unlocking, and the
-/// closing of days and deletion of all data, which are not built yet and stand there disabled.
+/// The sign-in window. The built-in administrator gets it enlarged by the maintenance area: the users, and the
+/// operations on the whole book.
 class Login : public QDialog {
     Q_OBJECT
 
 public:
-    Login(BookFiles files, KeyRing& keys);
+    /// `keys` must outlive the window.
+    Login(BookFiles files, KeyRing& keys, const Clock& clock);
 
 Q_SIGNALS:
     void signedIn(const lorvan::UserSession& session);
@@ -36,9 +39,9 @@ private:
 
     QWidget* nameStrip();
     QLayout* signInForm();
-    QWidget* maintenanceArea();
+    QWidget* maintenanceArea(const Clock& clock);
     void addUserCommands(QWidget* parent);
-    QLayout* administrationRow(QWidget* parent);
+    void addAdministrationCommands(QWidget* parent);
     EntryField* addField(int index, QWidget* parent, const QString& name, const QString& tip);
     CommandButton* addCommand(
         int index, const QString& icon, const QString& caption, const QString& tip, QWidget* parent);
@@ -49,13 +52,13 @@ private:
     void dispatch(int command);
     void setSize(Size size);
     void signInAsTyped();
-    void unlock();
 
     BookFiles m_files;
     KeyRing& m_keys;
     ControlArray<EntryField> m_fields;
     ControlArray<CommandButton> m_commands;
     UserMaintenance* m_users = nullptr;
+    AdministrationRow* m_administration = nullptr;
     QWidget* m_maintenance;
 };
 

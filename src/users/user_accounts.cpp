@@ -20,19 +20,21 @@ std::vector<UserAccount> listUsers(Connection& auxiliary)
     return users;
 }
 
-void addUser(Connection& auxiliary, const QString& name, const QString& password, Rights rights)
+qint64 addUser(Connection& auxiliary, const QString& name, const QString& password, Rights rights)
 {
     auxiliary.prepare("INSERT INTO codes (uname, upass, r_eggrafes, r_klhsimo, r_kvdikoi) VALUES (?,?,?,?,?)")
         .bind(name.trimmed(), password.trimmed(), rights.modifyCash, rights.closeCash, rights.modifyCodes)
         .run();
+    return auxiliary.lastInsertedKey();
 }
 
-void changeUser(Connection& auxiliary, const UserAccount& account)
+bool changeUser(Connection& auxiliary, const UserAccount& account)
 {
-    auxiliary.prepare("UPDATE codes SET uname=?, upass=?, r_eggrafes=?, r_klhsimo=?, r_kvdikoi=? WHERE rowid=?")
-        .bind(account.name.trimmed(), account.password.trimmed(), account.rights.modifyCash, account.rights.closeCash,
-            account.rights.modifyCodes, account.row)
-        .run();
+    return auxiliary.prepare("UPDATE codes SET uname=?, upass=?, r_eggrafes=?, r_klhsimo=?, r_kvdikoi=? WHERE rowid=?")
+               .bind(account.name.trimmed(), account.password.trimmed(), account.rights.modifyCash,
+                   account.rights.closeCash, account.rights.modifyCodes, account.row)
+               .run()
+        > 0;
 }
 
 void removeUser(Connection& auxiliary, qint64 row)

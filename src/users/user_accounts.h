@@ -20,14 +20,14 @@ struct UserAccount {
 /// The users in the order in which they were added. Names need not differ.
 [[nodiscard]] std::vector<UserAccount> listUsers(Connection& auxiliary);
 
-/// Adds a user, name and password trimmed. One statement. The caller has checked that they are complete; a name that
-/// exists already is accepted.
-void addUser(Connection& auxiliary, const QString& name, const QString& password, Rights rights);
+/// Adds a user, name and password trimmed, and returns the row. One statement. The caller has checked that they are
+/// complete; a name that exists already is accepted.
+qint64 addUser(Connection& auxiliary, const QString& name, const QString& password, Rights rights);
 
-/// Overwrites the account in its row, name and password trimmed. One statement; changes nothing when the row is gone.
-void changeUser(Connection& auxiliary, const UserAccount& account);
+/// Overwrites the account in its row, name and password trimmed. One statement; false when the row is gone.
+[[nodiscard]] bool changeUser(Connection& auxiliary, const UserAccount& account);
 
-/// One statement; changes nothing when the row is gone.
+/// One statement; a row that is gone already is left at that.
 void removeUser(Connection& auxiliary, qint64 row);
 
 } // namespace lorvan

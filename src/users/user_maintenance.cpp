@@ -57,13 +57,22 @@ UserMaintenance::UserMaintenance(BookFiles files, KeyRing& keys, QWidget* parent
     m_list->setAccessibleName(title());
     m_list->setFixedWidth(listWidth);
     m_password->setEchoMode(QLineEdit::Password);
+    connectList();
+}
+
+void UserMaintenance::connectList()
+{
     connect(m_list, &PlainList::clicked, this, [this](const QModelIndex& index) {
         show(index);
-        Q_EMIT offered(false);
+        offer(std::nullopt);
     });
     connect(m_list, &PlainList::opened, this, [this](const QModelIndex& index) {
         show(index);
-        Q_EMIT offered(true);
+        offer(userAt(index).row);
+    });
+    connect(m_list, &PlainList::removalAsked, this, [this](const QModelIndex& index) {
+        if (m_offered == userAt(index).row)
+            Q_EMIT removalAsked();
     });
 }
 
@@ -100,24 +109,45 @@ QLayout* UserMaintenance::fields()
 
 void UserMaintenance::refill()
 {
+    fillList();
+    offer(std::nullopt);
+}
+
+void UserMaintenance::fillList()
+{
     m_users.clear();
-    m_shown.reset();
     guarded(window(), [this] {
         const QString path = m_files.auxiliaryDatabase();
-        Connection auxiliary = Connection::open(path, m_keys.keyFor(path), Connection::Access::ReadOnly);
+        Connection auxiliary = Connection::open(path, m_keys.keyFor(path));
         m_users = listUsers(auxiliary);
     });
     std::vector<ListRow> rows;
     for (const UserAccount& user : m_users)
         rows.push_back({user.name, user.row});
     m_list->setRows(rows);
-    Q_EMIT offered(false);
+}
+
+bool UserMaintenance::select(qint64 row)
+{
+    const auto found = m_list->model()->match(m_list->model()->index(0, 0), Qt::UserRole, row, 1, Qt::MatchExactly);
+    m_list->selectRow(found.value(0));
+    return !found.isEmpty();
+}
+
+void UserMaintenance::offer(std::optional<qint64> row)
+{
+    m_offered = row;
+    Q_EMIT offered(row.has_value());
+}
+
+const UserAccount& UserMaintenance::userAt(const QModelIndex& index) const
+{
+    return m_users.at(static_cast<std::size_t>(index.row()));
 }
 
 void UserMaintenance::show(const QModelIndex& index)
 {
-    const UserAccount& user = m_users.at(static_cast<std::size_t>(index.row()));
-    m_shown = user.row;
+    const UserAccount& user = userAt(index);
     m_name->setText(user.name);
     m_password->setText(user.password);
     m_checks[0]->setChecked(user.rights.modifyCash);
@@ -127,7 +157,7 @@ void UserMaintenance::show(const QModelIndex& index)
 
 UserAccount UserMaintenance::typed() const
 {
-    return {m_shown.value_or(0), m_name->text(), m_password->text(),
+    return {m_offered.value_or(0), m_name->text(), m_password->text(),
         {m_checks[0]->isChecked(), m_checks[1]->isChecked(), m_checks[2]->isChecked()}};
 }
 
@@ -148,7 +178,7 @@ bool UserMaintenance::write(const std::function<void(Connection&)>& change)
         change(auxiliary);
     });
     if (written)
-        refill();
+        fillList();
     return written;
 }
 
@@ -157,24 +187,37 @@ void UserMaintenance::addUser()
     if (refusedAsIncomplete())
         return;
     const UserAccount user = typed();
-    write([&user](Connection& auxiliary) { lorvan::addUser(auxiliary, user.name, user.password, user.rights); });
+    qint64 row = 0;
+    if (!write([&](Connection& auxiliary) { row = lorvan::addUser(auxiliary, user.name, user.password, user.rights); }))
+        return;
+    select(row);
+    offer(std::nullopt);
 }
 
 void UserMaintenance::changeUser()
 {
-    if (!m_shown || refusedAsIncomplete())
+    if (!m_offered || refusedAsIncomplete())
         return;
-    write([user = typed()](Connection& auxiliary) { lorvan::changeUser(auxiliary, user); });
+    const UserAccount user = typed();
+    bool isThere = false;
+    if (!write([&](Connection& auxiliary) { isThere = lorvan::changeUser(auxiliary, user); }))
+        return;
+    offer(select(user.row) ? m_offered : std::nullopt);
+    if (!isThere)
+        showMessage(window(), QMessageBox::Warning, QStringLiteral("Προσοχή"),
+            QStringLiteral("Ο χρήστης διαγράφηκε στο μεταξύ από άλλον υπολογιστή."));
 }
 
 void UserMaintenance::removeUser()
 {
-    if (!m_shown
+    if (!m_offered
         || !askOkCancel(window(), QMessageBox::Question, QStringLiteral("Διαγραφή χρήστη"),
             QStringLiteral("Να γίνει η διαγραφή του χρήστη; ")))
         return;
-    if (write([row = *m_shown](Connection& auxiliary) { lorvan::removeUser(auxiliary, row); }))
-        Q_EMIT removed();
+    if (!write([row = *m_offered](Connection& auxiliary) { lorvan::removeUser(auxiliary, row); }))
+        return;
+    offer(std::nullopt);
+    Q_EMIT removed();
 }
 
 } // namespace lorvan

@@ -28,7 +28,7 @@ public:
     /// `keys` must outlive the frame.
     UserMaintenance(BookFiles files, KeyRing& keys, QWidget* parent);
 
-    /// Reads the users anew; a failure is told in a box and leaves the list empty.
+    /// Reads the users anew, none of them offered or selected; a failure is told in a box and leaves the list empty.
     void refill();
 
     void addUser();
@@ -48,10 +48,17 @@ Q_SIGNALS:
     /// A user is offered for change and deletion, or no longer.
     void offered(bool isOffered);
     void removed();
+    /// The Delete key on the user who is offered.
+    void removalAsked();
 
 private:
     QLayout* fields();
+    void connectList();
     void show(const QModelIndex& index);
+    void fillList();
+    bool select(qint64 row);
+    void offer(std::optional<qint64> row);
+    [[nodiscard]] const UserAccount& userAt(const QModelIndex& index) const;
     [[nodiscard]] UserAccount typed() const;
     [[nodiscard]] bool refusedAsIncomplete();
     bool write(const std::function<void(Connection&)>& change);
@@ -59,7 +66,7 @@ private:
     BookFiles m_files;
     KeyRing& m_keys;
     std::vector<UserAccount> m_users;
-    std::optional<qint64> m_shown; ///< Row of the user who was clicked last.
+    std::optional<qint64> m_offered; ///< Row of the user whom the buttons change and delete.
     PlainList* m_list;
     EntryField* m_name;
     EntryField* m_password;

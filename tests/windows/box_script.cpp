@@ -66,6 +66,17 @@ ExpectedBox okCancel(
     return {icon, title, text, QMessageBox::Ok | QMessageBox::Cancel, answer};
 }
 
+ExpectedBox yesNo(QMessageBox::Icon icon, const QString& title, const QString& text, QMessageBox::StandardButton answer)
+{
+    return {icon, title, text, QMessageBox::Yes | QMessageBox::No, answer};
+}
+
+ExpectedBox byKey(ExpectedBox box, Qt::Key key)
+{
+    box.key = key;
+    return box;
+}
+
 ExpectedBox partly(ExpectedBox box)
 {
     box.partOfText = true;
@@ -117,6 +128,8 @@ void BoxScript::answer(QMessageBox& box)
         const ExpectedBox expected = m_expected.front();
         m_expected.pop_front();
         compare(box, expected);
+        if (expected.key != Qt::Key_unknown)
+            return QTest::keyClick(box.windowHandle(), expected.key);
         if (QAbstractButton* const wanted = box.button(expected.answer))
             button = wanted;
     }

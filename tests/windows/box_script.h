@@ -17,6 +17,7 @@ struct ExpectedBox {
     QMessageBox::StandardButton answer = QMessageBox::Ok;
     bool partOfText = false;
     QString details = {}; ///< A part of the small print, where it matters.
+    Qt::Key key = Qt::Key_unknown; ///< Pressed instead of a click on the answer.
 };
 
 [[nodiscard]] ExpectedBox information(const QString& title, const QString& text);
@@ -24,6 +25,9 @@ struct ExpectedBox {
 [[nodiscard]] ExpectedBox stop(const QString& title, const QString& text);
 [[nodiscard]] ExpectedBox okCancel(
     QMessageBox::Icon icon, const QString& title, const QString& text, QMessageBox::StandardButton answer);
+[[nodiscard]] ExpectedBox yesNo(
+    QMessageBox::Icon icon, const QString& title, const QString& text, QMessageBox::StandardButton answer);
+[[nodiscard]] ExpectedBox byKey(ExpectedBox box, Qt::Key key);
 [[nodiscard]] ExpectedBox partly(ExpectedBox box);
 [[nodiscard]] ExpectedBox withDetails(ExpectedBox box, const QString& details);
 

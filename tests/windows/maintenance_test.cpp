@@ -62,33 +62,70 @@ TEST_F(MaintenanceTest, refusesAnAccountWithoutNameOrPassword)
     EXPECT_EQ(users(), before);
 }
 
-TEST_F(MaintenanceTest, changesAndRemovesOnlyWhatWasDoubleClicked)
+TEST_F(MaintenanceTest, aClickOnlyShowsAUser)
 {
     book.addUser(QStringLiteral("Νίκος"), QStringLiteral("νν"));
     startAsAdministrator();
+    const auto before = users();
+    user().doubleClickRow(list(), 0);
     user().clickRow(list(), 1);
     EXPECT_EQ(user().field(Name).text(), QStringLiteral("Νίκος"));
     EXPECT_FALSE(user().command(Change).isEnabled() || user().command(Remove).isEnabled());
+    user().press(Qt::Key_Delete);
+    EXPECT_EQ(users(), before);
+}
 
+TEST_F(MaintenanceTest, aChangedUserStaysChosen)
+{
+    book.addUser(QStringLiteral("Νίκος"), QStringLiteral("νν"));
+    startAsAdministrator();
     user().doubleClickRow(list(), 1);
-    user().enter(Name, QStringLiteral("Νικόλας"));
-    user().click(user().command(Change));
-    EXPECT_EQ(users(), QStringList({QStringLiteral("Σοφία/μυστικό/000"), QStringLiteral("Νικόλας/νν/000")}));
-    EXPECT_FALSE(user().command(Change).isEnabled());
+    for (const QString& name : {QStringLiteral("Ά'\"%ς"), QString(10'000, u'ω'), QStringLiteral("Νικόλας")}) {
+        user().field(Name).setText(name);
+        user().goTo(user().command(Change));
+        user().press(Qt::Key_Return);
+        EXPECT_EQ(users(), QStringList({QStringLiteral("Σοφία/μυστικό/000"), name + QStringLiteral("/νν/000")}));
+        EXPECT_EQ(list().currentIndex().row(), 1);
+        EXPECT_EQ(user().focusName(), QStringLiteral("Command1(3)"));
+    }
+}
 
+TEST_F(MaintenanceTest, removesWhoWasTakenUpAfterAQuestion)
+{
     const auto question = [](QMessageBox::StandardButton answer) {
         return okCancel(QMessageBox::Question, QStringLiteral("Διαγραφή χρήστη"),
             QStringLiteral("Να γίνει η διαγραφή του χρήστη; "), answer);
     };
+    book.addUser(QStringLiteral("Νίκος"), QStringLiteral("νν"));
+    startAsAdministrator();
     user().doubleClickRow(list(), 0);
     boxes.expect(question(QMessageBox::Cancel));
     user().click(user().command(Remove));
     EXPECT_EQ(users().size(), 2);
     boxes.expect(question(QMessageBox::Ok));
     user().click(user().command(Remove));
-    EXPECT_EQ(users(), QStringList(QStringLiteral("Νικόλας/νν/000")));
+    EXPECT_EQ(users(), QStringList(QStringLiteral("Νίκος/νν/000")));
     for (const int index : {0, 1, 2, 3})
         EXPECT_TRUE(user().field(index).text().isEmpty()) << index;
+    EXPECT_EQ(user().focusName(), QStringLiteral("DBList1")) << "not on the button that comes next";
+
+    user().clickRow(list(), 0);
+    user().press(Qt::Key_F2);
+    boxes.expect(question(QMessageBox::Ok));
+    user().press(Qt::Key_Delete);
+    EXPECT_EQ(users(), QStringList());
+}
+
+TEST_F(MaintenanceTest, saysThatAUserIsGone)
+{
+    startAsAdministrator();
+    user().doubleClickRow(list(), 0);
+    book.openAuxiliary().execute("DELETE FROM codes");
+    boxes.expect(
+        warning(QStringLiteral("Προσοχή"), QStringLiteral("Ο χρήστης διαγράφηκε στο μεταξύ από άλλον υπολογιστή.")));
+    user().click(user().command(Change));
+    EXPECT_FALSE(user().command(Change).isEnabled());
+    EXPECT_EQ(linesOf(list()), QString());
 }
 
 TEST_F(MaintenanceTest, unlockFreesTheMarkerAndKeepsItsNames)

@@ -136,6 +136,28 @@ TEST_F(SignInTest, theAdministratorNeedsNoUsers)
     EXPECT_EQ(loginWindow().height(), enlargedHeight);
 }
 
+TEST_F(SignInTest, takesBackWhatAKilledProgramLeftUnfinished)
+{
+    const QString path = book.files().auxiliaryDatabase();
+    std::map<QString, QByteArray> left;
+    {
+        Connection killed = book.openAuxiliary();
+        killed.execute(
+            "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<900)"
+            " INSERT INTO klhsimotameioy (hmeraklhsimatos) SELECT 20240101 FROM n;"
+            "PRAGMA cache_size = 2; BEGIN; UPDATE klhsimotameioy SET hmeraklhsimatos = 0; DELETE FROM codes");
+        left = files();
+    }
+    ASSERT_TRUE(left.count(QStringLiteral("mapcodes.mdb-journal")));
+    for (const auto& [name, bytes] : left) {
+        QFile file(book.path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    startToSignIn();
+    signInAsSofia();
+    EXPECT_NE(shownWindow(mainWindow), nullptr);
+}
+
 TEST_F(SignInTest, endsByItsButtonAndItsFrameButNotByEscape)
 {
     startToSignIn();

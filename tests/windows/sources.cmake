@@ -16,4 +16,5 @@ list(APPEND LORVAN_WINDOW_TESTS
     ${CMAKE_CURRENT_LIST_DIR}/sign_in_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/looks_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/groups_window_test.cpp
-    ${CMAKE_CURRENT_LIST_DIR}/maintenance_test.cpp)
+    ${CMAKE_CURRENT_LIST_DIR}/maintenance_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/administration_test.cpp)
