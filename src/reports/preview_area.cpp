@@ -2,6 +2,9 @@
 
 #include "controls/themed_label.h"
 
+#include <QPaintEvent>
+#include <QPainter>
+
 namespace lorvan {
 namespace {
 
@@ -22,7 +25,7 @@ int pixels(int twips)
 PreviewArea::PreviewArea(QWidget* parent)
     : QWidget(parent)
     , m_view(new PageView(this))
-    , m_line(new ThemedLabel(QString(), ColourRole::PageMuted, 1.0, QFont::Normal, this))
+    , m_line(new ThemedLabel(QString(), ColourRole::Text, 1.0, QFont::Normal, this))
 {
     m_view->setObjectName(QStringLiteral("Tg"));
     m_line->setObjectName(QStringLiteral("state"));
@@ -33,6 +36,11 @@ void PreviewArea::say(const QString& text)
 {
     m_line->setText(text);
     m_line->setToolTip(text);
+}
+
+void PreviewArea::paintEvent(QPaintEvent* event)
+{
+    QPainter(this).fillRect(event->rect(), Theme::instance().colour(ColourRole::Ground));
 }
 
 void PreviewArea::resizeEvent(QResizeEvent*)

@@ -6,7 +6,7 @@ namespace lorvan {
 
 class ThemedLabel;
 
-/// What lies below menu and tool row: the page view, and under it one line that says what goes on.
+/// What lies below menu and tool row: the page view, and under it, on the same ground, one line that says what goes on.
 class PreviewArea : public QWidget {
     Q_OBJECT
 
@@ -19,6 +19,7 @@ public:
     void say(const QString& text);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
