@@ -4,10 +4,14 @@
 #include "platform/connection.h"
 #include "platform/date_text.h"
 #include "platform/stop_check.h"
+#include "reports/cash_analysis_report.h"
 #include "reports/cash_summary_report.h"
 #include "reports/cheque_report.h"
 #include "reports/code_list_report.h"
 #include "reports/daily_cash_report.h"
+#include "reports/group_card_report.h"
+#include "reports/movements_by_code_report.h"
+#include "reports/movements_by_group_report.h"
 #include "reports/unclosed_days_report.h"
 
 namespace lorvan {
@@ -24,13 +28,20 @@ Routine routineOf(Report report)
         return codeListReport;
     case Report::CashSummary:
         return cashSummaryReport;
+    case Report::MovementsByCode:
+        return movementsByCodeReport;
+    case Report::MovementsByGroup:
+        return movementsByGroupReport;
+    case Report::GroupCard:
+        return groupCardReport;
     case Report::Cheques:
         return chequeReport;
+    case Report::CashAnalysis:
+        return cashAnalysisReport;
     case Report::UnclosedDays:
         return unclosedDaysReport;
-    default:
-        return nullptr;
     }
+    return nullptr;
 }
 
 QString databaseOf(Report report, const BookFiles& files)
@@ -45,6 +56,8 @@ QString suggestedFileName(const ReportRequest& request)
     QString name = request.title.section(QStringLiteral(" από"), 0, 0).remove(u'!').trimmed();
     if (request.report == Report::DailyCash)
         name += u' ' + dateText(request.inputs.end);
+    else if (request.report == Report::CashAnalysis)
+        name += u' ' + dateText(request.inputs.start);
     else if (request.report != Report::CodeList)
         name += u' ' + dateText(request.inputs.start) + QStringLiteral(" έως ") + dateText(request.inputs.end);
     return name;

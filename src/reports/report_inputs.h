@@ -1,6 +1,8 @@
 #pragma once
 
 #include "codes/code_catalogue.h"
+#include "reports/cash_analysis_groups.h"
+#include "reports/group_card_choice.h"
 
 #include <QDate>
 #include <QString>
@@ -25,6 +27,8 @@ struct ReportInputs {
     ReportForm form = ReportForm::Detailed;
     CodeSort sort = CodeSort::Code;
     CodeSelection selection = CodeSelection::All;
+    CardColumns cardColumns = {};
+    AnalysisGroups analysisGroups = {};
 };
 
 } // namespace lorvan
