@@ -16,7 +16,6 @@
 namespace lorvan {
 namespace {
 
-constexpr int inset = 2;
 constexpr int leastWidth = 40;
 
 } // namespace

@@ -11,6 +11,8 @@ class PathLabel : public ThemedLabel {
     Q_OBJECT
 
 public:
+    static constexpr int inset = 2; ///< Where the text begins.
+
     explicit PathLabel(ColourRole role, qreal factor = 1.0, QWidget* parent = nullptr);
 
     void setPath(const QString& path);

@@ -3,6 +3,8 @@
 #include <QScreen>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace lorvan {
 
 namespace {
@@ -20,6 +22,20 @@ QPoint centredIn(const QRect& area, QSize window)
 void centreOnWorkArea(QWidget* window)
 {
     window->move(centredIn(window->screen()->availableGeometry(), window->frameGeometry().size()));
+}
+
+QPoint keptIn(const QRect& area, const QRect& window)
+{
+    const QPoint last(area.right() - window.width() + 1, area.bottom() - window.height() + 1);
+    return {std::max(area.left(), std::min(window.left(), last.x())),
+        std::max(area.top(), std::min(window.top(), last.y()))};
+}
+
+void keepOnWorkArea(QWidget* window)
+{
+    const QPoint wanted = keptIn(window->screen()->availableGeometry(), window->frameGeometry());
+    if (wanted != window->frameGeometry().topLeft())
+        window->move(wanted);
 }
 
 QSize roomFor(const QWidget* window)

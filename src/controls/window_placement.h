@@ -13,6 +13,13 @@ namespace lorvan {
 /// Moves a window to the middle of its screen's work area.
 void centreOnWorkArea(QWidget* window);
 
+/// Top left corner nearest to where a window stands at which all of it is inside the area; of a window larger than the
+/// area, its own top left corner is.
+[[nodiscard]] QPoint keptIn(const QRect& area, const QRect& window);
+
+/// Moves a window that has grown no further than its screen's work area asks for.
+void keepOnWorkArea(QWidget* window);
+
 /// The largest size a window can have within the work area, its frame allowed for.
 [[nodiscard]] QSize roomFor(const QWidget* window);
 

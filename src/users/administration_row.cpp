@@ -52,6 +52,7 @@ QLayout* AdministrationRow::copyLines()
     QSizePolicy roomKept = m_copyCaption->sizePolicy();
     roomKept.setRetainSizeWhenHidden(true);
     m_copyCaption->setSizePolicy(roomKept);
+    m_copyCaption->setIndent(PathLabel::inset);
     m_copyCaption->hide();
     auto* const lines = new QVBoxLayout;
     lines->setSpacing(0);

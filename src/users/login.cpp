@@ -75,8 +75,8 @@ Login::Login(BookFiles files, KeyRing& keys, const Clock& clock)
     auto* const rows = new QVBoxLayout(this);
     rows->setContentsMargins({});
     rows->setSpacing(0);
-    rows->addLayout(top, 1);
-    rows->addWidget(m_maintenance);
+    rows->addLayout(top);
+    rows->addWidget(m_maintenance, 1);
     setTabOrders();
 
     connectControls();
@@ -91,6 +91,7 @@ QWidget* Login::nameStrip()
 {
     auto* const strip = new GroundFrame(ColourRole::Band, GroundFrame::Separator::Right, this);
     strip->setFixedWidth(stripWidth);
+    strip->setMinimumHeight(compactHeight); // of the enlarged window too, so that nothing moves
     auto* const rows = new QVBoxLayout(strip);
     rows->setSpacing(betweenControls);
     rows->addStretch(1);
@@ -258,7 +259,9 @@ void Login::setSize(Size size)
     m_maintenance->setVisible(size == Size::Enlarged);
     const int height = size == Size::Enlarged ? enlargedHeight : compactHeight;
     setMinimumSize(0, 0);
+    layout()->activate();
     sizeWithin(this, {windowWidth, height});
+    keepOnWorkArea(this);
 }
 
 void Login::signInAsTyped()

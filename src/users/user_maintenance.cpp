@@ -84,6 +84,7 @@ void UserMaintenance::layOut(const std::array<CommandButton*, 3>& commands)
         buttons->addWidget(command);
     buttons->addStretch(1);
     auto* const columns = new QHBoxLayout(this);
+    columns->setContentsMargins(12, 9, 12, 9);
     columns->setSpacing(12);
     columns->addWidget(m_list);
     columns->addLayout(fields(), 1);
