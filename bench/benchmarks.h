@@ -13,6 +13,12 @@ namespace lorvan::bench {
 /// Reports over the whole book and over a month.
 [[nodiscard]] std::vector<Comparison> reportBenchmarks(const BookFiles& files);
 
+/// Makes a book of a million movements, half of them of the one code that is moved; one that is there is used as it is.
+void ensureCodesBook(const BookFiles& files);
+
+/// A change of a code that takes all its movements along, on the book made for it.
+[[nodiscard]] std::vector<Comparison> codeBenchmarks(const BookFiles& files);
+
 /// Key derivation and opening.
 [[nodiscard]] std::vector<Comparison> openingBenchmarks(const BookFiles& files);
 

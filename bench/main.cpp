@@ -1,7 +1,8 @@
 // Measures what a user waits for against the least that the database engine needs, on books of three sizes.
 //
-//   lorvan-bench [FOLDER [MOVEMENTS...]]
+//   lorvan-bench [FOLDER [MOVEMENTS|codes...]]
 //
+// "codes" stands for a book of its own, on which a much used code is moved into another group.
 // The books are made in FOLDER (default: lorvan-bench in TMPDIR) where they are missing, and kept.
 
 #include "benchmarks.h"
@@ -18,14 +19,25 @@ namespace {
 using namespace lorvan;
 using namespace lorvan::bench;
 
+void printAll(const QString& book, const std::vector<Comparison>& comparisons)
+{
+    for (const Comparison& comparison : comparisons)
+        printFigures(book, comparison, measure(comparison));
+}
+
 void measureBook(const QString& folder, int movements)
 {
     const BookFiles files(folder + QStringLiteral("/%1").arg(movements));
     ensureBook(files, movements);
-    for (const auto& comparisons : {movementBenchmarks(files), reportBenchmarks(files), openingBenchmarks(files)}) {
-        for (const Comparison& comparison : comparisons)
-            printFigures(QString::number(movements), comparison, measure(comparison));
-    }
+    for (const auto& comparisons : {movementBenchmarks(files), reportBenchmarks(files), openingBenchmarks(files)})
+        printAll(QString::number(movements), comparisons);
+}
+
+void measureCodes(const QString& folder)
+{
+    const BookFiles files(folder + QStringLiteral("/codes"));
+    ensureCodesBook(files);
+    printAll(QStringLiteral("codes"), codeBenchmarks(files));
 }
 
 void run(const QStringList& arguments)
@@ -33,10 +45,14 @@ void run(const QStringList& arguments)
     const QString folder = arguments.value(1, QDir::tempPath() + QStringLiteral("/lorvan-bench"));
     QStringList sizes = arguments.mid(2);
     if (sizes.isEmpty())
-        sizes = {QStringLiteral("10000"), QStringLiteral("100000"), QStringLiteral("1000000")};
+        sizes = {QStringLiteral("10000"), QStringLiteral("100000"), QStringLiteral("1000000"), QStringLiteral("codes")};
     printHeading();
-    for (const QString& size : sizes)
-        measureBook(folder, size.toInt());
+    for (const QString& size : sizes) {
+        if (size == QStringLiteral("codes"))
+            measureCodes(folder);
+        else
+            measureBook(folder, size.toInt());
+    }
 }
 
 } // namespace
