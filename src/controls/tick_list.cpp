@@ -1,5 +1,6 @@
 #include "controls/tick_list.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 #include <algorithm>
@@ -22,9 +23,19 @@ std::vector<qint64> TickList::chosenData() const
     return keys;
 }
 
+void TickList::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Space && currentIndex().isValid())
+        selectionModel()->select(currentIndex(), QItemSelectionModel::Toggle); // and looks for no row that begins so
+    else
+        PlainList::keyPressEvent(event);
+}
+
 QItemSelectionModel::SelectionFlags TickList::selectionCommand(const QModelIndex& index, const QEvent* event) const
 {
-    if (event && event->type() == QEvent::MouseButtonPress) {
+    if (!event)
+        return QItemSelectionModel::NoUpdate; // typing the beginning of a row only goes there
+    if (event->type() == QEvent::MouseButtonPress) {
         const auto* const mouse = static_cast<const QMouseEvent*>(event);
         if (mouse->modifiers().testFlag(Qt::ShiftModifier))
             return QItemSelectionModel::SelectCurrent;

@@ -4,7 +4,8 @@
 
 namespace lorvan {
 
-/// A list in which several rows can be chosen; a tick stands before each. A click toggles, with Shift it extends.
+/// A list in which several rows can be chosen; a tick stands before each. A click or the space bar toggles, a
+/// click with Shift extends; typing a row's beginning goes to it.
 class TickList : public PlainList {
     Q_OBJECT
 
@@ -18,6 +19,7 @@ public:
     [[nodiscard]] bool showsTicks() const override { return true; }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
 };
 
