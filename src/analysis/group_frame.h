@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QGroupBox>
+
+namespace lorvan {
+
+/// A frame whose title the user may change: any characters, elided where they do not fit.
+class GroupFrame : public QGroupBox {
+    Q_OBJECT
+
+public:
+    explicit GroupFrame(QWidget* parent = nullptr);
+
+    void setGroupTitle(const QString& title);
+    [[nodiscard]] const QString& groupTitle() const { return m_title; }
+
+    /// The strip along the upper edge in which the title stands, high enough to type in; it may reach beyond the edge.
+    [[nodiscard]] QRect titleStrip() const;
+
+    [[nodiscard]] QSize minimumSizeHint() const override; ///< The title does not widen it.
+
+Q_SIGNALS:
+    void renameAsked(); ///< By a double click.
+
+protected:
+    void initStyleOption(QStyleOptionGroupBox* option) const override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    QString m_title;
+};
+
+} // namespace lorvan
