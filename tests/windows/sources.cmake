@@ -16,5 +16,7 @@ list(APPEND LORVAN_WINDOW_TESTS
     ${CMAKE_CURRENT_LIST_DIR}/sign_in_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/looks_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/groups_window_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/group_choice_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/analysis_window_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/maintenance_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/administration_test.cpp)
