@@ -7,18 +7,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iostream>
 #include <random>
 
 namespace lorvan::test {
 namespace {
-
-/// 20 rounds; LORVAN_KILL_ROUNDS=500 makes a soak run of it.
-int killRounds()
-{
-    const int wanted = qEnvironmentVariableIntValue("LORVAN_KILL_ROUNDS");
-    return wanted > 0 ? wanted : 20;
-}
 
 /// Four groups, forty codes in them, a hundred movements of each code.
 void fill(const TemporaryBook& book)
@@ -52,11 +46,12 @@ TEST(KilledCodeChange, leavesCodesMovementsAndGroupsInStep)
     std::mt19937 random{17};
     std::size_t changes = 0;
     int journals = 0;
-    for (int round = 0; round < killRounds(); ++round) {
+    const int rounds = std::max(20, qEnvironmentVariableIntValue("LORVAN_KILL_ROUNDS")); // 500 make a soak run
+    for (int round = 0; round < rounds; ++round) {
         QFile::remove(log);
         WorkerProcess worker({QStringLiteral("codes"), book.folder(), log, QString::number(round)});
         ASSERT_TRUE(worker.waitForLog(log)) << worker.output().toStdString();
-        QThread::usleep(random() % 30'000);
+        QThread::usleep(random() % 60'000);
         worker.kill();
         ASSERT_EQ(worker.output(), QString()) << "the changes came to an end by themselves";
         changes += WorkerLog::read(log).size() - 1;
