@@ -126,16 +126,6 @@ TEST_F(SignInTest, theAdministratorGetsALargerWindowAndNoRights)
     EXPECT_FALSE(Driver(*shownWindow(mainWindow)).command(8).isVisible()) << "her own rights, which are none";
 }
 
-TEST_F(SignInTest, theAdministratorNeedsNoUsers)
-{
-    ASSERT_TRUE(QFile::remove(book.files().auxiliaryDatabase()));
-    startToSignIn();
-    boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("δεν ανοίγει"))));
-    signIn(QStringLiteral("wardenly"), QStringLiteral("73816"));
-    EXPECT_TRUE(boxes.allSeen());
-    EXPECT_EQ(loginWindow().height(), enlargedHeight);
-}
-
 TEST_F(SignInTest, takesBackWhatAKilledProgramLeftUnfinished)
 {
     const QString path = book.files().auxiliaryDatabase();
