@@ -30,6 +30,7 @@ ProgressWindow::ProgressWindow(const ProgressTexts& texts, QWidget* parent)
     m_bar->setTextVisible(false);
     m_bar->setRange(0, 0);
     m_bar->setAccessibleName(texts.activity);
+    m_count->setObjectName(QStringLiteral("count"));
     m_cancel->setObjectName(QStringLiteral("cancel"));
 
     auto* const end = new QHBoxLayout;

@@ -11,9 +11,14 @@ list(APPEND LORVAN_WINDOW_TESTS
     ${CMAKE_CURRENT_LIST_DIR}/date_field_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/bad_input_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/marker_window_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/message_window_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/opening_balance_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/program_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/sign_in_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/report_page_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/report_frame_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/report_saving_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/report_printing_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/looks_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/groups_window_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/group_choice_test.cpp

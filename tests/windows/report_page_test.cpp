@@ -1,0 +1,204 @@
+#include "printing_test.h"
+#include "program_run.h"
+
+#include <QMenu>
+#include <QTabBar>
+#include <QTest>
+
+namespace lorvan::test {
+namespace {
+
+class PrintingPageTest : public PrintingTest { };
+class ReportQuestions : public PrintingTest { };
+class ReportRunning : public PrintingTest { };
+class ReportAtTheEnd : public ProgramTest { };
+
+const QString attention = QStringLiteral("Προσοχή");
+
+/// Another program that keeps the book for itself, so that whoever reads it waits.
+class LockedBook {
+public:
+    explicit LockedBook(const TemporaryBook& book)
+        : m_connection(book.openMain())
+    {
+        m_connection.execute("BEGIN EXCLUSIVE");
+    }
+    void release() { m_connection.execute("ROLLBACK"); }
+
+private:
+    Connection m_connection;
+};
+
+QStringList codesIn(const ReportDocument& document)
+{
+    QStringList codes;
+    for (int row = 1; !document.cell(row, 1).isEmpty(); ++row)
+        codes += document.cell(row, 1);
+    return codes;
+}
+
+} // namespace
+
+TEST_F(PrintingPageTest, checksTheChoiceThenThePeriod)
+{
+    const ExpectedBox noReport = information(attention, QStringLiteral("Δεν έχετε επιλέξει την εκτύπωση"));
+    const ExpectedBox noDate =
+        information(QStringLiteral("Προσοχ'η στην ημερομηνία"), QStringLiteral("Η ημερομηνία είναι λάθος"));
+    const struct {
+        int report;
+        int badField;
+        ExpectedBox box;
+    } cases[] = {{0, periodStart, noReport}, {1, periodStart, noDate}, {1, periodEnd, noDate}};
+    for (const auto& each : cases) {
+        startPrinting();
+        if (each.report > 0)
+            user().clickRow(reports(), each.report - 1);
+        if (each.badField > 0)
+            user().enter(each.badField, QStringLiteral("31-02-2024"));
+        boxes.expect(each.box);
+        user().click(user().command(printReport));
+        QTest::qWait(30); // a second box would come now
+        EXPECT_TRUE(boxes.allSeen());
+        EXPECT_EQ(shownFrame(), nullptr);
+    }
+}
+
+TEST_F(PrintingPageTest, usualPeriodsAreChosenWithoutAMouse)
+{
+    startPrinting();
+    user().goTo(user().field(periodEnd));
+    user().press(Qt::Key_Tab);
+    EXPECT_EQ(user().focusName(), QStringLiteral("periods"));
+    user().press(Qt::Key_Return);
+    QWidget* const menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
+        QTest::keyClick(menu, key);
+    EXPECT_EQ(user().field(periodStart).text(), QStringLiteral("01-02-2024"));
+    EXPECT_EQ(user().field(periodEnd).text(), QStringLiteral("29-02-2024"));
+}
+
+TEST_F(PrintingPageTest, showsTheReportAndStaysUsable)
+{
+    addMovement(incomeOf(today, cents(12345), QStringLiteral("Πώληση")));
+    startPrinting();
+    user().enter(periodEnd, QStringLiteral("15/3"));
+    print(1);
+    ASSERT_NE(shownFrame(), nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([] {
+        return shownFrame()->windowTitle()
+            == QStringLiteral(" Ταμείο ημέρας Προσοχή δεν υπάρχει ορισμένος εκτυπωστής)");
+    }));
+    EXPECT_EQ(documentOf(*shownFrame()).header(), QStringLiteral("Τ α μ ε ί ο  Η μ έ ρ α ς   15-03-2024  Κεντρικό"));
+    EXPECT_EQ(documentOf(*shownFrame()).cell(1, 2), QStringLiteral("Πώληση"));
+    selectTab(0);
+    EXPECT_EQ(movementLine(1).contains(QStringLiteral("Πώληση")), true);
+
+    selectTab(2);
+    user().clickRow(reports(), 2);
+    user().press(Qt::Key_F2);
+    EXPECT_TRUE(shownFrame()->windowTitle().startsWith(QStringLiteral(" Συνοπτικό ταμείο από ... εως")));
+    window().close();
+    EXPECT_EQ(shownFrame(), nullptr);
+}
+
+TEST_F(ReportQuestions, detailedOrSummaryWithoutOneChosenFirst)
+{
+    using Keys = std::vector<Qt::Key>;
+    const QString detailed = QStringLiteral("Εκτύπωση επιταγών από ");
+    const QString summary = QStringLiteral("Εκτύπωση επιταγών συνοπτικά από ");
+    startPrinting();
+    for (const auto& [keys, header] :
+        {std::pair(Keys{Qt::Key_Return}, detailed), std::pair(Keys{Qt::Key_Space, Qt::Key_Return}, detailed),
+            std::pair(Keys{Qt::Key_Down, Qt::Key_Space, Qt::Key_Return}, summary),
+            std::pair(Keys{Qt::Key_Escape}, detailed)}) {
+        boxes.whenShown(QStringLiteral("Ervthsh"), [&keys = keys](QWidget& question) {
+            EXPECT_EQ(shownFrame(), nullptr) << "the frame before is gone";
+            for (const char* const option : {"Option1(0)", "Option1(1)"})
+                EXPECT_FALSE(question.findChild<QAbstractButton*>(QLatin1String(option))->isChecked());
+            pressIn(question, keys);
+        });
+        print(7);
+        ASSERT_NE(shownFrame(), nullptr);
+        EXPECT_TRUE(documentOf(*shownFrame()).header().startsWith(header));
+    }
+}
+
+TEST_F(ReportQuestions, codesAreSortedAndChosenAnewEachTime)
+{
+    book.addCode(50, QStringLiteral("Ψ"), true, 1, false);
+    book.execute("UPDATE kvdikoi SET omada=CASE kvdikos WHEN 200 THEN 'α' ELSE 'Β' END");
+    startPrinting();
+    const auto answer = [this](std::vector<Qt::Key> keys) {
+        boxes.whenShown(QStringLiteral("FormaTajinomhshs"),
+            [keys = std::move(keys)](QWidget& question) { pressIn(question, keys); });
+    };
+    answer({Qt::Key_Down, Qt::Key_Down, Qt::Key_Tab, Qt::Key_Space, Qt::Key_Return});
+    print(2);
+    EXPECT_EQ(codesIn(documentOf(*shownFrame())), QStringList({QStringLiteral("200"), QStringLiteral("100")}));
+    answer({Qt::Key_Return});
+    print(2);
+    EXPECT_EQ(codesIn(documentOf(*shownFrame())),
+        QStringList({QStringLiteral("50"), QStringLiteral("100"), QStringLiteral("200")}));
+}
+
+TEST_F(ReportRunning, aFailureLeavesNoFrame)
+{
+    startPrinting();
+    print(3);
+    EXPECT_NE(shownFrame(), nullptr);
+    book.execute("DROP TABLE tameio");
+    boxes.expect(partly(warning(attention, QStringLiteral("tameio"))));
+    print(3);
+    EXPECT_EQ(shownFrame(), nullptr);
+}
+
+TEST_F(ReportRunning, isGivenUpWhileItWaits)
+{
+    startPrinting();
+    LockedBook lock(book);
+    boxes.whenShown(QStringLiteral("progress"), [this, &lock](QWidget& progress) {
+        user().command(printReport).click(); // the main window takes no second request
+        Driver(progress).press(Qt::Key_Escape);
+        lock.release();
+    });
+    print(3);
+    EXPECT_EQ(shownFrame(), nullptr);
+    print(3);
+    EXPECT_NE(shownFrame(), nullptr);
+}
+
+TEST_F(ReportRunning, closingTheProgramEndsIt)
+{
+    startPrinting();
+    LockedBook lock(book);
+    boxes.whenShown(QStringLiteral("progress"), [this, &lock](QWidget&) {
+        window().close();
+        lock.release();
+    });
+    print(3);
+    EXPECT_EQ(shownFrame(), nullptr);
+    EXPECT_EQ(markerBytes().left(1), "0");
+}
+
+TEST_F(ReportAtTheEnd, theProgramEndsWhileAReportIsBuilt)
+{
+    const NoPrinters noPrinters;
+    EXPECT_TRUE(endsIn([this] {
+        startToSignIn();
+        signInAsSofia();
+        auto& window = *shownWindow(QStringLiteral("kentrikh"));
+        const Driver user(window);
+        user.find<QTabBar>(QStringLiteral("Tab1")).setCurrentIndex(2);
+        user.clickRow(user.find<QListView>(QStringLiteral("List2(0)")), 2);
+        LockedBook lock(book);
+        boxes.whenShown(QStringLiteral("progress"), [this, &lock](QWidget&) {
+            program->end();
+            lock.release();
+        });
+        user.click(user.command(1));
+        EXPECT_EQ(shownFrame(), nullptr);
+    }));
+}
+
+} // namespace lorvan::test
