@@ -4,6 +4,7 @@
 #include "platform/connection.h"
 #include "platform/sql_error.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -28,9 +29,29 @@ QDateTime firstFreeSecond(const BookFiles& files, QDateTime at)
     return at;
 }
 
+/// Of copies that a crash cut short. Nobody else copies this book at the time.
+void removeRemains(const QString& original)
+{
+    const QFileInfo info(original);
+    const QString parts = QStringLiteral("%1-[0-9]*.%2.part").arg(info.completeBaseName(), info.suffix());
+    QDir folder = info.dir();
+    for (const QString& name : folder.entryList({parts}, QDir::Files))
+        folder.remove(name);
+}
+
 BookCopyFailed failure(const QString& path, const QString& reason)
 {
     return BookCopyFailed(QStringLiteral("%1: %2").arg(path, reason).toStdString());
+}
+
+void writeAll(QFile& file, const QByteArray& block)
+{
+    for (qint64 done = 0; done < block.size();) {
+        const qint64 written = file.write(block.constData() + done, block.size() - done);
+        if (written <= 0)
+            throw failure(file.fileName(), file.errorString());
+        done += written;
+    }
 }
 
 void prove(const QString& path, KeyRing& keys)
@@ -77,10 +98,7 @@ void CopiedFile::write(Connection& book, const QString& schema, KeyRing& keys)
         throw failure(m_current, file.errorString());
     m_isOurs = true;
     file.setPermissions(QFile::permissions(m_original));
-    book.readFile(schema, [&file](const QByteArray& block) {
-        if (file.write(block) != block.size())
-            throw failure(file.fileName(), file.errorString());
-    });
+    book.readFile(schema, [&file](const QByteArray& block) { writeAll(file, block); });
     if (::fsync(file.handle()) != 0)
         throw failure(m_current, qt_error_string(errno));
     file.close();
@@ -104,6 +122,8 @@ BookCopy::BookCopy(const BookFiles& files, const QDateTime& at)
 BookCopy::BookCopy(Connection& book, const BookFiles& files, KeyRing& keys, const QDateTime& now)
     : BookCopy(files, firstFreeSecond(files, now))
 {
+    removeRemains(files.mainDatabase());
+    removeRemains(files.auxiliaryDatabase());
     m_main.write(book, QStringLiteral("main"), keys);
     m_auxiliary.write(book, QStringLiteral("auxiliary"), keys);
     m_auxiliary.complete();

@@ -114,6 +114,8 @@ void Program::openMainWindow(const UserSession& session)
 
 void Program::end()
 {
+    if (m_login)
+        m_login->hide(); // what is under way there looks whether it is still shown
     if (m_mainWindow && !m_mainWindow->isClosed())
         m_mainWindow->close(); // comes back here when the marker is released
     else

@@ -54,8 +54,10 @@ std::variant<MovementCode, CodeRefusal> checkInsertion(Connection& main, const C
 
 void giveGroupToMovements(Connection& main, qint32 code, qint32 group)
 {
-    // Rows that have it already are left alone: a new description of a much used code rewrites no movement.
-    main.prepare("UPDATE kinhseis SET aa_omada=?2 WHERE kvdikos=?1 AND aa_omada IS NOT ?2").bind(code, group).run();
+    auto other = main.prepare("SELECT 1 FROM kinhseis WHERE kvdikos=? AND aa_omada IS NOT ? LIMIT 1");
+    other.bind(code, group);
+    if (other.step()) // a new description of a much used code rewrites no movement
+        main.prepare("UPDATE kinhseis SET aa_omada=? WHERE kvdikos=?").bind(group, code).run();
 }
 
 bool isUsed(Connection& main, qint32 code)

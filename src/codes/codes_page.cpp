@@ -37,15 +37,6 @@ QString nameOf(const CodeGroup* group)
     return group ? group->name : QString();
 }
 
-void selectData(PlainList& list, std::optional<qint64> data)
-{
-    const QAbstractItemModel& rows = *list.model();
-    int row = 0;
-    while (data && row < rows.rowCount() && rows.index(row, 0).data(Qt::UserRole).toLongLong() != *data)
-        ++row;
-    list.selectRow(data ? rows.index(row, 0) : QModelIndex());
-}
-
 } // namespace
 
 CodesPage::CodesPage(Book& book, QWidget* parent)
@@ -120,20 +111,22 @@ void CodesPage::refillGroups()
         rows.push_back({group.name, group.number});
     m_lists[Groups]->setRows(rows);
     if (findGroup(m_groups, m_listedGroup))
-        selectData(*m_lists[Groups], m_listedGroup);
+        m_lists[Groups]->selectData(m_listedGroup);
     else
         m_listedGroup = 0;
 }
 
 void CodesPage::refreshGroups()
 {
-    const QString before = nameOf(findGroup(m_groups, m_group));
+    const CodeGroup* const former = findGroup(m_groups, m_group);
+    const bool shown = former && m_fields[field::codeGroup]->text() == former->name;
+    const bool existed = former != nullptr;
     refillGroups();
     refill();
     const CodeGroup* const now = findGroup(m_groups, m_group);
-    if (m_fields[field::codeGroup]->text() == before)
+    if (shown)
         m_fields[field::codeGroup]->setText(nameOf(now));
-    if (!now)
+    if (existed && !now)
         m_group = 0;
 }
 
@@ -146,7 +139,8 @@ void CodesPage::showCodesOfGroup(qint32 group)
 void CodesPage::selectCode(std::optional<qint64> row)
 {
     m_selected = row;
-    selectData(*m_lists[Codes], row);
+    if (row)
+        m_lists[Codes]->selectData(*row);
 }
 
 void CodesPage::setOffered(bool isOffered)
@@ -213,6 +207,7 @@ CodeEntry CodesPage::typed() const
 
 void CodesPage::insertCode()
 {
+    refreshGroups(); // another computer may have edited them
     const auto outcome = lorvan::insertCode(m_book.main(), typed());
     if (const auto* const refusal = std::get_if<CodeRefusal>(&outcome)) {
         explain(*refusal);
@@ -227,6 +222,7 @@ void CodesPage::insertCode()
 
 void CodesPage::modifyCode()
 {
+    refreshGroups();
     if (!m_selected
         || !askOkCancel(window(), QMessageBox::Question, QStringLiteral("Μεταβολή στοιχείων"),
             QStringLiteral("Να γίνει η μεταβολή των στοιχείων;")))

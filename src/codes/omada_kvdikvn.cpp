@@ -181,7 +181,7 @@ void OmadaKvdikvn::addGroup()
     m_name->setModified(false);
     refill();
     const qint32 added = std::get<CodeGroup>(outcome).number;
-    select(added);
+    m_list->selectData(added);
     if (m_loaded)
         setLoaded(added); // the buttons act on what is selected and shown
     goBackTo(*m_name);
@@ -203,7 +203,7 @@ void OmadaKvdikvn::renameGroup()
     }
     m_name->setModified(false);
     refill();
-    select(group);
+    m_list->selectData(group);
     setLoaded(std::nullopt);
     goBackTo(*m_name);
 }
@@ -257,13 +257,6 @@ void OmadaKvdikvn::refill()
     for (const CodeGroup& group : listGroups(m_main))
         rows.push_back({group.name, group.number});
     m_list->setRows(rows);
-}
-
-void OmadaKvdikvn::select(qint32 group)
-{
-    const QAbstractItemModel& groups = *m_list->model();
-    const auto found = groups.match(groups.index(0, 0), Qt::UserRole, qint64(group), 1, Qt::MatchExactly);
-    m_list->selectRow(found.value(0));
 }
 
 void OmadaKvdikvn::load(const QModelIndex& group)

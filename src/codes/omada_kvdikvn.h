@@ -48,7 +48,6 @@ private:
     void explain(GroupRefusal refusal, Command refused);
 
     void refill();
-    void select(qint32 group);
     void load(const QModelIndex& index);
     void release();
     void setLoaded(std::optional<qint32> group);

@@ -189,6 +189,14 @@ void CommandButton::keyPressEvent(QKeyEvent* event)
         click();
 }
 
+void CommandButton::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (m_frameless)
+        QPushButton::mouseDoubleClickEvent(event);
+    else
+        event->accept();
+}
+
 QColor CommandButton::groundColour() const
 {
     const Theme& theme = Theme::instance();

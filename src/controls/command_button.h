@@ -10,7 +10,7 @@ namespace lorvan {
 
 /// A push button with one of our icons and a caption label lying inside it. Without a caption, or with the caption
 /// hidden, it is a square-ish button of the icon alone; give it an accessible name then. Return and keypad Enter press
-/// it while it has the focus; it is never a dialog's automatic default.
+/// it while it has the focus; it is never a dialog's automatic default. A double click presses it once.
 class CommandButton : public QPushButton {
     Q_OBJECT
 
@@ -30,7 +30,8 @@ public:
 
     void setSmall(bool isSmall); ///< 26 px instead of 32.
 
-    /// Without a frame of its own until the mouse or the focus is on it, as in a tool row.
+    /// Without a frame of its own until the mouse or the focus is on it, as in a tool row. Each click of a quick series
+    /// presses it.
     void setFrameless(bool isFrameless);
 
     /// Sets caption and accessible name. Setting the label's text does the same.
@@ -46,6 +47,7 @@ protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 

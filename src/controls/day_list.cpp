@@ -83,7 +83,7 @@ DayLineLayout DayLineLayout::forWidth(int available, const QFont& font)
 }
 
 DayList::DayList(QWidget* parent)
-    : RecordList(parent)
+    : RecordList(Moves::Select, parent)
     , m_model(new DayListModel(this))
 {
     setItemDelegate(new DayListDelegate(this));

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QSignalBlocker>
 
 namespace lorvan {
 namespace {
@@ -65,6 +66,7 @@ Label3D::Label3D(QWidget* parent)
 {
     setMinimumSize(leastExtent, leastExtent);
     setAccessibleName(m_caption);
+    setMouseTracking(true);
     layOut();
 }
 
@@ -142,6 +144,7 @@ void Label3D::setElided(bool elided)
 
 void Label3D::readProperties(const PropertyBag& bag)
 {
+    const QSignalBlocker nothingIsSet(this);
     const auto read = [&bag](const char* name, const QVariant& byDefault) {
         return bag.read(QLatin1String(name), byDefault);
     };
@@ -194,11 +197,24 @@ QSize Label3D::minimumSizeHint() const
     return m_elided ? QSize(leastExtent, sizeHint().height()) : sizeHint();
 }
 
+/// About a pixel, and a whole number of device pixels.
+qreal Label3D::step() const
+{
+    return qRound(devicePixelRatioF()) / devicePixelRatioF();
+}
+
+void Label3D::paintBorder(QPainter& painter) const
+{
+    const QRectF layer(QPointF(m_frontOffset) * step(), QSizeF(size()));
+    const QRectF inside = layer.adjusted(step(), step(), -step(), -step());
+    for (const QRectF& line : {QRectF(layer.topLeft(), inside.topRight()), QRectF(layer.topLeft(), inside.bottomLeft()),
+             QRectF(inside.topRight(), layer.bottomRight()), QRectF(inside.bottomLeft(), layer.bottomRight())})
+        painter.fillRect(line, foreColor2());
+}
+
 void Label3D::paintLayer(QPainter& painter, QPoint offset, const QColor& colour) const
 {
-    const qreal ratio = devicePixelRatioF();
-    const qreal step = qRound(ratio) / ratio; // a whole number of device pixels
-    const QRectF layer = QRectF(rect()).translated(QPointF(offset) * step);
+    const QRectF layer = QRectF(rect()).translated(QPointF(offset) * step());
     const QString text = m_elided ? fontMetrics().elidedText(m_caption, Qt::ElideRight, width() - 1) : m_caption;
     painter.setPen(isEnabled() ? colour : palette().color(QPalette::Disabled, QPalette::WindowText));
     painter.drawText(
@@ -212,10 +228,8 @@ void Label3D::paintEvent(QPaintEvent*)
         painter.fillRect(rect(), backColor());
     paintLayer(painter, m_backOffset, foreColor1());
     paintLayer(painter, m_frontOffset, foreColor2());
-    if (m_border == Border::Single) {
-        painter.setPen(foreColor2());
-        painter.drawRect(QRect(m_frontOffset, size() - QSize(1, 1)));
-    }
+    if (m_border == Border::Single)
+        paintBorder(painter);
 }
 
 void Label3D::changeEvent(QEvent* event)

@@ -104,6 +104,8 @@ protected:
 private:
     void layOut();
     void notify(const char* property);
+    [[nodiscard]] qreal step() const;
+    void paintBorder(QPainter& painter) const;
     void paintLayer(QPainter& painter, QPoint offset, const QColor& colour) const;
     [[nodiscard]] bool isOnFrontLayer(QPointF position) const;
 

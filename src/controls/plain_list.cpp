@@ -6,6 +6,8 @@
 #include <QEvent>
 #include <QStandardItemModel>
 
+#include <algorithm>
+
 namespace lorvan {
 namespace {
 
@@ -17,7 +19,7 @@ constexpr int usualRows = 6;
 } // namespace
 
 PlainList::PlainList(Face face, QWidget* parent)
-    : RecordList(parent)
+    : RecordList(Moves::Click, parent)
     , m_rows(new QStandardItemModel(this))
     , m_face(face)
 {
@@ -43,6 +45,13 @@ void PlainList::setRows(const std::vector<ListRow>& rows)
         item->setData(row.data, Qt::UserRole);
         m_rows->appendRow(item);
     }
+}
+
+bool PlainList::selectData(qint64 key)
+{
+    const auto found = m_rows->match(m_rows->index(0, 0), Qt::UserRole, key, 1, Qt::MatchExactly);
+    selectRow(found.value(0));
+    return !found.isEmpty();
 }
 
 void PlainList::setRowHeight(int pixels)

@@ -26,6 +26,9 @@ public:
     /// Replaces all rows; nothing is selected afterwards.
     void setRows(const std::vector<ListRow>& rows);
 
+    /// Selects the first row with that data and brings it into sight. False, and nothing selected, where there is none.
+    bool selectData(qint64 key);
+
     void setRowHeight(int pixels); ///< Instead of the font's height and 5.
 
     [[nodiscard]] int rowHeight() const;

@@ -5,8 +5,9 @@
 
 namespace lorvan {
 
-RecordList::RecordList(QWidget* parent)
+RecordList::RecordList(Moves moves, QWidget* parent)
     : QListView(parent)
+    , m_moves(moves)
 {
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
@@ -25,22 +26,46 @@ void RecordList::selectRow(const QModelIndex& index)
 
 void RecordList::keyPressEvent(QKeyEvent* event)
 {
-    const QModelIndex row = currentIndex();
-    if (row.isValid() && event->modifiers() == Qt::NoModifier) {
+    if (actOnRow(*event)) {
         event->accept();
-        if (event->key() == Qt::Key_F2)
-            Q_EMIT opened(row);
-        if (event->key() == Qt::Key_Delete)
-            return removalAsked(row);
-        if (event->key() == Qt::Key_Space && selectionMode() == SingleSelection) {
-            setCurrentIndex(row);
-            return clicked(row);
-        }
-        const bool isArrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
-        if (isArrow && selectionMode() == SingleSelection && !selectionModel()->hasSelection())
-            return setCurrentIndex(row); // the first row is not skipped
+        return;
     }
-    QListView::keyPressEvent(event);
+    const QModelIndex before = selectedRow();
+    const bool isArrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    if (isArrow && selectionMode() == SingleSelection && !before.isValid() && currentIndex().isValid())
+        setCurrentIndex(currentIndex()); // the first row is not skipped
+    else
+        QListView::keyPressEvent(event);
+    if (m_moves == Moves::Click && selectionMode() == SingleSelection && selectedRow() != before)
+        Q_EMIT clicked(selectedRow());
+}
+
+bool RecordList::actOnRow(const QKeyEvent& event)
+{
+    const QModelIndex row = currentIndex();
+    if (!row.isValid() || (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+        return false;
+    switch (event.key()) {
+    case Qt::Key_F2:
+        Q_EMIT opened(row);
+        return true;
+    case Qt::Key_Delete:
+        Q_EMIT removalAsked(row);
+        return true;
+    case Qt::Key_Space:
+        if (selectionMode() != SingleSelection)
+            return false;
+        setCurrentIndex(row);
+        Q_EMIT clicked(row);
+        return true;
+    default:
+        return false;
+    }
+}
+
+QModelIndex RecordList::selectedRow() const
+{
+    return selectionModel()->isSelected(currentIndex()) ? currentIndex() : QModelIndex();
 }
 
 void RecordList::mouseDoubleClickEvent(QMouseEvent* event)

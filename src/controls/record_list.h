@@ -4,13 +4,16 @@
 
 namespace lorvan {
 
-/// A list whose rows stand for records: a click shows one, a double click takes it up for a change. The keyboard does
-/// the same for the current row of a list of single selection with the space bar and with F2.
+/// A list whose rows stand for records: a click shows one, a double click takes it up for a change. In a list of single
+/// selection the space bar clicks the current row and F2 opens it.
 class RecordList : public QListView {
     Q_OBJECT
 
 public:
-    explicit RecordList(QWidget* parent = nullptr);
+    /// Whether going to another row by the keyboard is a click on it.
+    enum class Moves { Click, Select };
+
+    explicit RecordList(Moves moves, QWidget* parent = nullptr);
 
     /// Selects a row and brings it into sight; an invalid index selects nothing.
     void selectRow(const QModelIndex& index);
@@ -29,6 +32,10 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    bool actOnRow(const QKeyEvent& event);
+    [[nodiscard]] QModelIndex selectedRow() const;
+
+    const Moves m_moves;
     bool m_afterDoubleClick = false;
 };
 

@@ -147,7 +147,11 @@ void Connection::attach(const QString& path, const FileKey& key, const QString& 
     // ATTACH would silently create a missing file.
     if (QFileInfo(path).size() == 0)
         throw SqlError(SQLITE_CANTOPEN, QStringLiteral("unable to open database file"), path);
-    prepare("ATTACH ? AS ? KEY ?").bind(path, schema, QString::fromLatin1(key.engineText())).run();
+    try {
+        prepare("ATTACH ? AS ? KEY ?").bind(path, schema, QString::fromLatin1(key.engineText())).run();
+    } catch (const SqlError& error) {
+        throw SqlError(error.code(), error.engineMessage(), path + QStringLiteral(": ") + error.statement());
+    }
 }
 
 void Connection::readFile(const QString& schema, const std::function<void(const QByteArray&)>& sink)

@@ -2,6 +2,8 @@
 
 #include "platform/busy_pointer.h"
 
+#include <QAbstractButton>
+#include <QKeyEvent>
 #include <QLabel>
 
 namespace lorvan {
@@ -12,8 +14,25 @@ QString withLineBreaks(QString text)
     return text.replace(u'\r', u'\n');
 }
 
+/// A key that was pressed before the box came up, and is still held, answers nothing.
+class HeldKeys : public QObject {
+public:
+    explicit HeldKeys(QMessageBox& box)
+    {
+        box.installEventFilter(this);
+        for (QAbstractButton* const button : box.buttons())
+            button->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat();
+    }
+};
+
 int run(QMessageBox& box)
 {
+    const HeldKeys heldKeys(box);
     const OrdinaryPointer pointer;
     return box.exec();
 }

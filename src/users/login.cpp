@@ -4,6 +4,7 @@
 #include "app/start_failure_window.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
+#include "controls/focus_rules.h"
 #include "controls/ground_frame.h"
 #include "controls/icons.h"
 #include "controls/path_label.h"
@@ -23,8 +24,6 @@
 #include <QLabel>
 
 #include <algorithm>
-#include <initializer_list>
-#include <iterator>
 
 namespace lorvan {
 namespace {
@@ -193,12 +192,10 @@ void Login::addAdministrationCommands(QWidget* parent)
 void Login::setTabOrders()
 {
     const auto& checks = m_users->checks();
-    const std::initializer_list<QWidget*> order{m_fields[Name], m_fields[Password], m_commands[SignIn], m_commands[End],
-        m_users->list(), m_users->name(), m_users->password(), checks[0], checks[1], checks[2], m_commands[AddUser],
+    chainTabOrder({m_fields[Name], m_fields[Password], m_commands[SignIn], m_commands[End], m_users->list(),
+        m_users->name(), m_users->password(), checks[0], checks[1], checks[2], m_commands[AddUser],
         m_commands[ChangeUser], m_commands[RemoveUser], m_commands[Unlock], m_commands[CloseDays],
-        m_administration->copyPath(), m_commands[DeleteData]};
-    for (auto each = order.begin(); std::next(each) != order.end(); ++each)
-        setTabOrder(*each, *std::next(each));
+        m_administration->copyPath(), m_commands[DeleteData]});
 }
 
 void Login::connectControls()

@@ -28,18 +28,23 @@ qint64 addUser(Connection& auxiliary, const QString& name, const QString& passwo
     return auxiliary.lastInsertedKey();
 }
 
-bool changeUser(Connection& auxiliary, const UserAccount& account)
+bool changeUser(Connection& auxiliary, const UserAccount& read, const UserAccount& changed)
 {
-    return auxiliary.prepare("UPDATE codes SET uname=?, upass=?, r_eggrafes=?, r_klhsimo=?, r_kvdikoi=? WHERE rowid=?")
-               .bind(account.name.trimmed(), account.password.trimmed(), account.rights.modifyCash,
-                   account.rights.closeCash, account.rights.modifyCodes, account.row)
+    return auxiliary
+               .prepare("UPDATE codes SET uname=?, upass=?, r_eggrafes=?, r_klhsimo=?, r_kvdikoi=?"
+                        " WHERE rowid=? AND ifnull(uname, '')=? AND ifnull(upass, '')=?")
+               .bind(changed.name.trimmed(), changed.password.trimmed(), changed.rights.modifyCash,
+                   changed.rights.closeCash, changed.rights.modifyCodes, read.row, read.name, read.password)
                .run()
         > 0;
 }
 
-void removeUser(Connection& auxiliary, qint64 row)
+bool removeUser(Connection& auxiliary, const UserAccount& read)
 {
-    auxiliary.prepare("DELETE FROM codes WHERE rowid=?").bind(row).run();
+    return auxiliary.prepare("DELETE FROM codes WHERE rowid=? AND ifnull(uname, '')=? AND ifnull(upass, '')=?")
+               .bind(read.row, read.name, read.password)
+               .run()
+        > 0;
 }
 
 } // namespace lorvan

@@ -8,7 +8,7 @@ namespace lorvan {
 
 /// A row of the users table.
 struct UserAccount {
-    qint64 row = 0; ///< Where it stands; keeps naming it until it is removed.
+    qint64 row = 0; ///< Where it stands until it is removed.
     QString name;
     QString password;
     Rights rights;
@@ -24,10 +24,11 @@ struct UserAccount {
 /// complete; a name that exists already is accepted.
 qint64 addUser(Connection& auxiliary, const QString& name, const QString& password, Rights rights);
 
-/// Overwrites the account in its row, name and password trimmed. One statement; false when the row is gone.
-[[nodiscard]] bool changeUser(Connection& auxiliary, const UserAccount& account);
+/// Overwrites an account, name and password trimmed. One statement; false when its row no longer holds the name and
+/// password that were read, as the row of a removed user may have gone to another.
+[[nodiscard]] bool changeUser(Connection& auxiliary, const UserAccount& read, const UserAccount& changed);
 
-/// One statement; a row that is gone already is left at that.
-void removeUser(Connection& auxiliary, qint64 row);
+/// The same for a removal.
+[[nodiscard]] bool removeUser(Connection& auxiliary, const UserAccount& read);
 
 } // namespace lorvan

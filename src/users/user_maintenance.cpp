@@ -68,10 +68,10 @@ void UserMaintenance::connectList()
     });
     connect(m_list, &PlainList::opened, this, [this](const QModelIndex& index) {
         show(index);
-        offer(userAt(index).row);
+        offer(userAt(index));
     });
     connect(m_list, &PlainList::removalAsked, this, [this](const QModelIndex& index) {
-        if (m_offered == userAt(index).row)
+        if (m_offered && m_offered->row == userAt(index).row)
             Q_EMIT removalAsked();
     });
 }
@@ -128,17 +128,10 @@ void UserMaintenance::fillList()
     m_list->setRows(rows);
 }
 
-bool UserMaintenance::select(qint64 row)
+void UserMaintenance::offer(std::optional<UserAccount> user)
 {
-    const auto found = m_list->model()->match(m_list->model()->index(0, 0), Qt::UserRole, row, 1, Qt::MatchExactly);
-    m_list->selectRow(found.value(0));
-    return !found.isEmpty();
-}
-
-void UserMaintenance::offer(std::optional<qint64> row)
-{
-    m_offered = row;
-    Q_EMIT offered(row.has_value());
+    m_offered = std::move(user);
+    Q_EMIT offered(m_offered.has_value());
 }
 
 const UserAccount& UserMaintenance::userAt(const QModelIndex& index) const
@@ -150,6 +143,7 @@ void UserMaintenance::show(const QModelIndex& index)
 {
     const UserAccount& user = userAt(index);
     m_name->setText(user.name);
+    m_name->setCursorPosition(0);
     m_password->setText(user.password);
     m_checks[0]->setChecked(user.rights.modifyCash);
     m_checks[1]->setChecked(user.rights.closeCash);
@@ -158,7 +152,7 @@ void UserMaintenance::show(const QModelIndex& index)
 
 UserAccount UserMaintenance::typed() const
 {
-    return {m_offered.value_or(0), m_name->text(), m_password->text(),
+    return {0, m_name->text(), m_password->text(),
         {m_checks[0]->isChecked(), m_checks[1]->isChecked(), m_checks[2]->isChecked()}};
 }
 
@@ -191,7 +185,7 @@ void UserMaintenance::addUser()
     qint64 row = 0;
     if (!write([&](Connection& auxiliary) { row = lorvan::addUser(auxiliary, user.name, user.password, user.rights); }))
         return;
-    select(row);
+    m_list->selectData(row);
     offer(std::nullopt);
 }
 
@@ -199,14 +193,15 @@ void UserMaintenance::changeUser()
 {
     if (!m_offered || refusedAsIncomplete())
         return;
-    const UserAccount user = typed();
+    UserAccount user = typed();
+    user.row = m_offered->row;
     bool isThere = false;
-    if (!write([&](Connection& auxiliary) { isThere = lorvan::changeUser(auxiliary, user); }))
+    if (!write([&](Connection& auxiliary) { isThere = lorvan::changeUser(auxiliary, *m_offered, user); }))
         return;
-    offer(select(user.row) ? m_offered : std::nullopt);
-    if (!isThere)
-        showMessage(window(), QMessageBox::Warning, QStringLiteral("Προσοχή"),
-            QStringLiteral("Ο χρήστης διαγράφηκε στο μεταξύ από άλλον υπολογιστή."));
+    if (isThere && m_list->selectData(user.row))
+        offer(userAt(m_list->currentIndex()));
+    else
+        tellThatUserIsGone();
 }
 
 void UserMaintenance::removeUser()
@@ -215,10 +210,20 @@ void UserMaintenance::removeUser()
         || !askOkCancel(window(), QMessageBox::Question, QStringLiteral("Διαγραφή χρήστη"),
             QStringLiteral("Να γίνει η διαγραφή του χρήστη; ")))
         return;
-    if (!write([row = *m_offered](Connection& auxiliary) { lorvan::removeUser(auxiliary, row); }))
+    bool wasThere = false;
+    if (!write([&](Connection& auxiliary) { wasThere = lorvan::removeUser(auxiliary, *m_offered); }))
         return;
+    if (!wasThere)
+        return tellThatUserIsGone();
     offer(std::nullopt);
     Q_EMIT removed();
+}
+
+void UserMaintenance::tellThatUserIsGone()
+{
+    offer(std::nullopt);
+    showMessage(window(), QMessageBox::Warning, QStringLiteral("Προσοχή"),
+        QStringLiteral("Ο χρήστης άλλαξε ή διαγράφηκε στο μεταξύ από άλλον υπολογιστή."));
 }
 
 } // namespace lorvan

@@ -56,17 +56,17 @@ private:
     void connectList();
     void show(const QModelIndex& index);
     void fillList();
-    bool select(qint64 row);
-    void offer(std::optional<qint64> row);
+    void offer(std::optional<UserAccount> user);
     [[nodiscard]] const UserAccount& userAt(const QModelIndex& index) const;
     [[nodiscard]] UserAccount typed() const;
+    void tellThatUserIsGone();
     [[nodiscard]] bool refusedAsIncomplete();
     bool write(const std::function<void(Connection&)>& change);
 
     BookFiles m_files;
     KeyRing& m_keys;
     std::vector<UserAccount> m_users;
-    std::optional<qint64> m_offered; ///< Row of the user whom the buttons change and delete.
+    std::optional<UserAccount> m_offered; ///< The user, as read, whom the buttons change and delete.
     PlainList* m_list;
     EntryField* m_name;
     EntryField* m_password;

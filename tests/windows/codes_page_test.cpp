@@ -81,8 +81,9 @@ TEST_F(CodesPageTest, theTabStartsEmptyAndADoubleClickOffersWhatAClickOnlyShows)
     user().doubleClickRow(listAt(0), 0);
     EXPECT_EQ(fields(), QStringLiteral("100|Λιανική|Πωλήσεις|11|offered"));
     user().press(Qt::Key_Down);
-    user().press(Qt::Key_Delete);
-    EXPECT_EQ(codes(), unchanged) << "the current row is not the one that is loaded";
+    user().press(Qt::Key_Delete, Qt::KeypadModifier);
+    EXPECT_EQ(codes(), unchanged);
+    EXPECT_EQ(fields(), QStringLiteral("200|Προμήθειες||01|")) << "going to another row is a click on it";
     user().press(Qt::Key_F2);
     EXPECT_EQ(fields(), QStringLiteral("200|Προμήθειες||01|offered"));
     user().clickRow(listAt(0), 2);
@@ -219,6 +220,15 @@ TEST_F(CodesPageTest, afterTheGroupsWereEditedTheFieldsFollowTheGroupThatTheySho
     boxes.expect(modifyQuestion(QMessageBox::Ok));
     press(modifyCode);
     EXPECT_EQ(codes(), QStringLiteral("100 Λιανική Πωλήσεις 1; 200 Προμήθειες - 0; 300 Παλιός  0"));
+}
+
+TEST_F(CodesPageTest, aGroupThatAnotherComputerHasRenamedIsStoredUnderItsNewName)
+{
+    user().doubleClickRow(listAt(0), 2);
+    book.execute("UPDATE omades SET perigrafh='Νέα' WHERE aa=7; UPDATE kvdikoi SET omada='Νέα' WHERE aa_omadas=7");
+    boxes.expect(modifyQuestion(QMessageBox::Ok));
+    press(modifyCode);
+    EXPECT_EQ(codes(), QStringLiteral("100 Λιανική Πωλήσεις 1; 200 Προμήθειες - 0; 300 Παλιός Νέα 7"));
 }
 
 TEST_F(CodesPageTest, aCodeThatAnotherComputerHasRemovedIsToldOf)

@@ -120,6 +120,7 @@ TEST_F(GroupsWindowTest, aDoubleClickOffersAndAClickTakesBack)
     user->press(Qt::Key_F2);
     EXPECT_EQ(name().text(), QStringLiteral("Πωλήσεις"));
     user->press(Qt::Key_Down);
+    EXPECT_FALSE(isOffered()) << "going to another group is a click on it";
     user->press(Qt::Key_Delete);
     EXPECT_EQ(linesOf(list()), bothGroups);
     expectRemovalQuestion(QMessageBox::Cancel);

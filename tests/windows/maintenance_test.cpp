@@ -111,14 +111,22 @@ TEST_F(MaintenanceTest, removesOnlyWhoWasTakenUpAndAfterAQuestion)
 
 TEST_F(MaintenanceTest, saysThatAUserIsGone)
 {
+    const auto gone = warning(
+        QStringLiteral("Προσοχή"), QStringLiteral("Ο χρήστης άλλαξε ή διαγράφηκε στο μεταξύ από άλλον υπολογιστή."));
     startAsAdministrator();
-    user().doubleClickRow(list(), 0);
-    book.openAuxiliary().execute("DELETE FROM codes");
-    boxes.expect(
-        warning(QStringLiteral("Προσοχή"), QStringLiteral("Ο χρήστης διαγράφηκε στο μεταξύ από άλλον υπολογιστή.")));
-    user().click(user().command(Change));
-    EXPECT_FALSE(user().command(Change).isEnabled());
-    EXPECT_EQ(linesOf(list()), QString());
+    for (const int button : {Change, Remove}) {
+        user().doubleClickRow(list(), 0);
+        book.openAuxiliary().execute("DELETE FROM codes"); // the next user gets the row
+        book.addUser(QStringLiteral("Νίκος"), QString::number(button));
+        if (button == Remove)
+            boxes.expect(okCancel(QMessageBox::Question, QStringLiteral("Διαγραφή χρήστη"),
+                QStringLiteral("Να γίνει η διαγραφή του χρήστη; "), QMessageBox::Ok));
+        boxes.expect(gone);
+        user().click(user().command(button));
+        EXPECT_FALSE(user().command(button).isEnabled());
+        EXPECT_EQ(users(), QStringList(QStringLiteral("Νίκος/%1/000").arg(button)));
+        EXPECT_EQ(linesOf(list()), QStringLiteral("Νίκος"));
+    }
 }
 
 TEST_F(MaintenanceTest, unlockFreesTheMarkerAndKeepsItsNames)
