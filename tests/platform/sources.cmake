@@ -4,5 +4,6 @@ list(APPEND LORVAN_CORE_TESTS
     platform/damaged_files_test.cpp
     platform/date_text_test.cpp
     platform/process_test.cpp
+    platform/settings_store_test.cpp
     platform/sql_functions_test.cpp
     platform/text_test.cpp)

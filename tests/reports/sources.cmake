@@ -1,5 +1,7 @@
 list(APPEND LORVAN_CORE_TESTS
+    reports/movement_reports_test.cpp
     reports/random_cheques_test.cpp
+    reports/random_movements_test.cpp
     reports/report_routines_test.cpp
     reports/report_document_test.cpp
     reports/report_period_test.cpp

@@ -1,0 +1,195 @@
+#include "platform/settings_store.h"
+#include "reports/cash_analysis_report.h"
+#include "reports/group_card_report.h"
+#include "reports/movements_by_code_report.h"
+#include "reports/movements_by_group_report.h"
+#include "reports/report_text.h"
+#include "support/temporary_book.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace lorvan::test {
+
+namespace {
+
+constexpr auto codesAndMovements =
+    "DELETE FROM kvdikoi; INSERT INTO kvdikoi (kvdikos, perigrafh, lista, omada, aa_omadas) VALUES"
+    " (40, 'Πωλήσεις', '   40 Πωλήσεις', 'Β|β', 3), (7, ' α | β ', '    7  α | β ', 'Άλφα', 2),"
+    " (9, 'γ', '    9 γ', 'Β|β', 3), (40, 'άλλο', 'ποτέ', 'άλφα', 2), (50, '', NULL, ' ', 0);"
+    "INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, L_tajeos, aa_omada) VALUES"
+    " (40, 20240301, ' α|β ', 10000, 0, 25000, 3), (40, 20240309, 'γ', 0, 20000000, 35001, 3),"
+    " (40, 20240301, 'δ', 0, 0, -25000, 3), (3, 20240302, 'χωρίς', 12500, 0, 4999, 8),"
+    " (7, 20240303, 'ε', 0, 5000, NULL, 2), (40, 20240301, ' α|β ', 10000, 0, 25000, 3),"
+    " (40, 20240301, ' α|β ', 10000, 0, 35000, 3), (9, 20240229, 'πριν', 1, 1, 1, 3), (9, 20240401, 'μετά', 1, 1, 1, "
+    "3)";
+
+ReportInputs march()
+{
+    return {QStringLiteral("1-3-24"), QStringLiteral("31-3-24"), QDate(2024, 3, 1), QDate(2024, 3, 31),
+        QStringLiteral("Κεντρικό"), {}, {}};
+}
+
+std::vector<ReportColour> coloursOf(const ReportDocument& document)
+{
+    std::vector<ReportColour> colours;
+    for (const ReportItem& row : document.rows())
+        colours.push_back(row.textColour());
+    return colours;
+}
+
+class MovementReports : public testing::Test {
+protected:
+    MovementReports() { main.execute(codesAndMovements); }
+
+    TemporaryBook book;
+    Connection main = book.openMain();
+    ReportInputs inputs = march();
+};
+
+} // namespace
+
+TEST_F(MovementReports, byCodeInDetail)
+{
+    const ReportDocument document = movementsByCodeReport(main, inputs);
+    const QString frame = QStringLiteral(
+        "Σύνολο κινήσεων  με επιλογή κωδικού από 1-3-24 έως 31-3-24   Κεντρικό / 350 450 / Arial greek / ");
+    const QString titles = QStringLiteral("*~~~\n=*[2]α/α|Κωδ.|Ημερ/νια|Περιγραφή|Λ τάξεως|Έσοδο|Έξοδο\n*[2]|||||\n");
+    EXPECT_EQ(wholeOf(document),
+        frame + QStringLiteral(">800<1700<1300<3600>1250>1250>1250 / 0\n") + titles
+            + QStringLiteral("#1| |2/3/2024|χωρίς| |1,25| \n*[1]|||Υποσύνολο| |1,25| \n"
+                             "#2|7  α | β|3/3/2024|ε| | |0,50\n*[1]|||Υποσύνολο| | |0,50\n"
+                             "#3|40 Πωλήσεις|9/3/2024|γ|4,00| |2.000,00\n4| |1/3/2024|α|β|2,00|1,00| \n"
+                             "#5| |1/3/2024|δ|-2,00| | \n6| |1/3/2024|α|β|2,00|1,00| \n"
+                             "#7| |1/3/2024|α|β|4,00|1,00| \n*[2]|||Υποσύνολο|10,00|3,00|2.000,00\n"
+                             "*[3]|||Σύνολα|10,00|4,25|2.000,50\n*[3]||Διαφορά|-1.996,25"));
+    std::vector<ReportColour> colours = coloursOf(document);
+    EXPECT_EQ(colours.back(), 255U);
+    colours.pop_back();
+    EXPECT_EQ(std::count(colours.begin(), colours.end(), 0U), 12);
+    inputs.codes = {12};
+    EXPECT_EQ(wholeOf(movementsByCodeReport(main, inputs)),
+        frame + QStringLiteral(" / 0\n") + titles + QStringLiteral("(13)~~Δεν βρέθηκαν εγγραφές"));
+}
+
+TEST_F(MovementReports, byCodeInSummary)
+{
+    inputs.form = ReportForm::Summary;
+    const QString frame = QStringLiteral(
+        "Σύνολο κινήσεων  με επιλογή κωδικού από 1-3-24 έως 31-3-24   Κεντρικό / 350 450 / Arial greek / ");
+    const QString titles = QStringLiteral("*~~~\n=*[2]α/α|Κωδικος|Λ τάξεως|Έσοδο|Έξοδο\n*[2]||||\n");
+    EXPECT_EQ(wholeOf(movementsByCodeReport(main, inputs)),
+        frame + QStringLiteral(">800<4300>1250>1250>1250 / 0\n") + titles
+            + QStringLiteral("#1|    7  α | β | | |0,50\n2|   40 Πωλήσεις|9,50|3,00|2.000,00\n"
+                             "#3|   40 άλλο|9,50|3,00|2.000,00\n*[3]|Σύνολα|19,00|6,00|4.000,50\n"
+                             "*[3]|Διαφορά  -3.994,50"));
+    inputs.codes = {3};
+    EXPECT_EQ(wholeOf(movementsByCodeReport(main, inputs)),
+        frame + QStringLiteral(" / 0\n") + titles + QStringLiteral("(13)~~Δεν βρέθηκαν εγγραφές"));
+}
+
+TEST_F(MovementReports, byGroup)
+{
+    main.execute("UPDATE kinhseis SET aa_omada=0, kvdikos=50 WHERE kvdikos=7");
+    const ReportDocument document = movementsByGroupReport(main, inputs);
+    const QString frame = QStringLiteral(
+        "Σύνολο κινήσεων  με επιλογή ομάδας από 1-3-24 έως 31-3-24   Κεντρικό / 1400 450 / Arial greek / ");
+    const QString titles =
+        QStringLiteral("*~~~\n=*[2]α/α|Ομάδα|Κωδ.|Ημερ/νια|Περιγραφή|Έσοδο|Έξοδο|Λ ταξ\n*[2]||||||\n");
+    EXPECT_EQ(wholeOf(document),
+        frame + QStringLiteral("^800<1800<1000^1500<4300>1900>1900>1900 / 0\n") + titles
+            + QStringLiteral("#1| |50|3/3/2024|ε| |0,50| \n*[1]||||Υποσύνολο| |0,50| \n"
+                             "#2|Β|β|40|9/3/2024|γ| |2.000,00|3,50\n3| |40|1/3/2024|α|β|1,00| |2,50\n"
+                             "#4| |40|1/3/2024|δ| | |-2,50\n5| |40|1/3/2024|α|β|1,00| |3,50\n"
+                             "#*[2]||||Υποσύνολο|2,00|2.000,00|7,00\n*[3]||||Σύνολα|2,00|2.000,50|7,00"));
+    EXPECT_EQ(document.page().orientation, ReportOrientation::Landscape);
+    inputs.groups = {8};
+    EXPECT_EQ(wholeOf(movementsByGroupReport(main, inputs)),
+        frame + QStringLiteral(" / 0\n") + titles + QStringLiteral("(13)~~Δεν βρέθηκαν εγγραφές"));
+}
+
+TEST_F(MovementReports, groupCard)
+{
+    inputs.cardColumns[1] = {QStringLiteral("Α | Β, γ"), {2, 3, 3}};
+    inputs.cardColumns[2] = {{}, {2, 99}};
+    const ReportDocument document = groupCardReport(main, inputs);
+    const QString head =
+        QStringLiteral("Καρτέλα ομάδων από 1/3/2024  έως  31/3/2024   Κεντρικό / 450 850 / arial greek / ");
+    const QString titles = QStringLiteral("*~~~\n=*[2]Χωρίς επιλογή|Ποσό|%1|  Ποσό|%2|   Ποσό\n*[2]|||||\n");
+    EXPECT_EQ(wholeOf(document),
+        head + QStringLiteral("<3500>1800<3500>1800<3500>1800 / 0\n")
+            + titles.arg(QStringLiteral("Α | Β, γ"), QString())
+            + QStringLiteral("#[9]||ε|0,50|ε|0,50\n[9]||γ|2.000,00||\n#[9]|| α|β |1,00||\n[9]||δ|0||\n"
+                             "*[9]|0||2.001,50||0,50"));
+    EXPECT_EQ(document.item(1).columns().at(3).alignment, ColumnAlignment::Centre);
+    EXPECT_EQ(document.page().orientation, ReportOrientation::Landscape);
+    EXPECT_EQ(document.headerFont().size, 13);
+    inputs.cardColumns = {};
+    inputs.cardColumns[0].groups = {99};
+    const QString none = QStringLiteral("Χωρίς επιλογή");
+    EXPECT_EQ(wholeOf(groupCardReport(main, inputs)),
+        head + QStringLiteral(" / 0\n") + titles.arg(none, none) + QStringLiteral("~~ Δεν υπάρχουν αναφορές~"));
+}
+
+TEST_F(MovementReports, cashAnalysis)
+{
+    inputs.end = {};
+    EXPECT_FALSE(hasCashAnalysis(main, inputs.start));
+    EXPECT_EQ(wholeOf(cashAnalysisReport(main, inputs)),
+        QStringLiteral(" / 350 450 / Arial greek /  / 0\n"
+                       "Δεν υπάρχει ταμείο για την ημερομηνία 1-3-24   Κεντρικό"));
+    main.execute("INSERT INTO tameio (hmeromhnia, esoda, ejoda, ypoloipo) VALUES (20240301, 30000, 0, 100000)");
+    EXPECT_TRUE(hasCashAnalysis(main, inputs.start));
+    inputs.analysisGroups = {{
+        {QStringLiteral("Α|α"), {codeBoxOf(QStringLiteral("40 Πωλήσεις")), codeBoxOf({})}},
+        {QStringLiteral("Β"), {codeBoxOf(QStringLiteral("40")), codeBoxOf(QStringLiteral("12 or 1=1"))}},
+        {QStringLiteral("Γ"), {CodeBox{{}, QStringLiteral("40")}, CodeBox{QStringLiteral("9 γ"), QStringLiteral("9")}}},
+        {QStringLiteral("Δ"), {codeBoxOf(QStringLiteral("40 α")), codeBoxOf(QStringLiteral("40 β"))}},
+    }};
+    main.execute("UPDATE kinhseis SET ejoda=800000 WHERE kvdikos=40 AND perigrafh='δ'");
+    EXPECT_EQ(wholeOf(cashAnalysisReport(main, inputs)),
+        QStringLiteral(
+            "|Ανάλυση ταμείου της 1-3-24   Κεντρικό / 350 450 / Arial greek / <3500>1900>1900>1900 / bed2c8\n"
+            "~\n=Περιγραφή|Εσοδα    |Εξοδα    |Υπόλοιπο    \nΣυνολικό ταμείο|3,00|0,00|10,00\n"
+            "#Α|α|||-77,00\n#Β|||0,00\n#Γ|||0,00\n#Δ|||-154,00\n#*Μετρητά στο ταμείο|||241,00"));
+}
+
+TEST(ReportChoices, areStoredAsTheyAreReadBack)
+{
+    const QTemporaryDir folder;
+    const SettingsStore settings(folder.filePath(QStringLiteral("Lorvan.ini")));
+    const auto stored = [&](const QString& section, const QString& key) { return settings.value(section, key, {}); };
+    EXPECT_EQ(storedCardColumns(settings)[2].title, QStringLiteral("Χωρίς επιλογή"));
+    storeCardChoice(settings,
+        {{{{0, 3, QStringLiteral("Α, β")}, {3, 7, QStringLiteral("\"γ\";")}}, {}, {{12, -1, QStringLiteral(" ")}}}});
+    EXPECT_EQ(stored(QStringLiteral("listes"), QStringLiteral("List1(0)")), QStringLiteral("0,3,"));
+    EXPECT_EQ(
+        stored(QStringLiteral("Omades"), QStringLiteral("omada(0)")), QStringLiteral("( aa_omada=3  or aa_omada=7)"));
+    const CardColumns columns = storedCardColumns(settings);
+    EXPECT_EQ(columns[0].title, QStringLiteral("Α, β, \"γ\";"));
+    EXPECT_EQ(columns[0].groups, (std::vector<qint32>{3, 7}));
+    EXPECT_EQ(columns[1].title, QString());
+    EXPECT_EQ(columns[2].groups, std::vector<qint32>{-1});
+    EXPECT_EQ(storedCardPositions(settings, 2), std::vector<int>{12});
+    settings.write({{QStringLiteral("Listes"), QStringLiteral("List1(0)"), QStringLiteral(",x,-1, 5 ,99999999999,2")},
+        {QStringLiteral("Omades"), QStringLiteral("Omada(0)"),
+            QStringLiteral(
+                "1=1) or AA_OMADA = 4; drop aa_omada=5.5 or aa_omada=99999999999 xaa_omada=6 aa_omada=7x")}});
+    EXPECT_EQ(storedCardPositions(settings, 0), (std::vector<int>{5, 2}));
+    EXPECT_EQ(storedCardColumns(settings)[0].groups, std::vector<qint32>{4});
+
+    AnalysisGroups groups = storedAnalysisGroups(settings);
+    EXPECT_EQ(groups[3].title, QStringLiteral("Ομαδα 4"));
+    groups[0].title = QStringLiteral("Τράπεζα (α)");
+    groups[1].boxes[1] = {QStringLiteral("100 Είσπραξη, β"), QStringLiteral("100")};
+    groups[3].boxes[1].text = QStringLiteral("200");
+    storeAnalysisGroups(settings, groups);
+    EXPECT_EQ(stored(QStringLiteral("ANALYSHFRM"), QStringLiteral("omada1")), QStringLiteral("Τράπεζα (α)"));
+    EXPECT_EQ(stored(QStringLiteral("AnakyshFRM"), QStringLiteral("3Kvd")), QStringLiteral("100 Είσπραξη, β"));
+    const AnalysisGroups again = storedAnalysisGroups(settings);
+    EXPECT_EQ(again[1].boxes[1].tag, QStringLiteral("100 "));
+    EXPECT_EQ(again[3].boxes[1].text + again[3].boxes[1].tag, QStringLiteral("200"));
+}
+
+} // namespace lorvan::test
