@@ -12,7 +12,6 @@ list(APPEND LORVAN_WINDOW_TESTS
     ${CMAKE_CURRENT_LIST_DIR}/bad_input_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/marker_window_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/message_window_test.cpp
-    ${CMAKE_CURRENT_LIST_DIR}/message_window_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/opening_balance_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/program_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/sign_in_test.cpp
