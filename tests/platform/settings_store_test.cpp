@@ -38,21 +38,17 @@ protected:
 
 TEST_F(SettingsStoreTest, anyTextSurvives)
 {
-    const QString unpaired[] = {QString(QChar(0xd83d)), QChar(0xdc36) + QString(u'α')};
     const QString texts[] = {{}, QStringLiteral(" "), QStringLiteral("( aa_omada=3  or aa_omada=7)"),
         QStringLiteral("0,3,7,"), QStringLiteral("α; β # [γ] = 'δ'"), QStringLiteral("\"Τράπεζα\""),
         QStringLiteral("\"α\", β"), QStringLiteral("C:\\new\\u0041"), QStringLiteral("\"\\u0041\\"),
         QStringLiteral("α\nβ\r\n[γ]\nδ=1\r"), QStringLiteral("\ttab "), QStringLiteral("\u00a0στενό\u2028"),
-        QString(QChar(0)) + u'α', QStringLiteral("🐶 ᾳ\u0301"), unpaired[0], unpaired[1], QString(100'000, u'ω')};
+        QString(QChar(0)) + u'α', QStringLiteral("🐶 ᾳ\u0301"), QString(QChar(0xd83d)) + u'α', QString(100'000, u'ω')};
     std::vector<Setting> all;
-    for (const QString& text : texts) {
-        store.write({{section, key, text}});
-        EXPECT_EQ(SettingsStore(store.path()).value(section.toUpper(), key.toLower()), text);
+    for (const QString& text : texts)
         all.push_back({QStringLiteral("Listes"), QStringLiteral("List1(%1)").arg(all.size()), text});
-    }
     store.write(all);
     for (const Setting& setting : all)
-        EXPECT_EQ(store.value(setting.section, setting.key), setting.value);
+        EXPECT_EQ(SettingsStore(store.path()).value(QStringLiteral("lISTES"), setting.key.toUpper()), setting.value);
     EXPECT_EQ(store.value(QStringLiteral("Listes"), key), std::nullopt) << "a section of its own";
     EXPECT_EQ(store.value(section, QStringLiteral("Omada2"), QStringLiteral("Ομαδα 2")), QStringLiteral("Ομαδα 2"));
 }
