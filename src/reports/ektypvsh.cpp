@@ -162,8 +162,10 @@ void Ektypvsh::closeEvent(QCloseEvent* event)
 void Ektypvsh::showEvent(QShowEvent* event)
 {
     QMainWindow::showEvent(event);
-    if (!event->spontaneous())
-        m_area->view().setFocus(Qt::OtherFocusReason);
+    if (event->spontaneous())
+        return;
+    m_area->view().setFocus(Qt::OtherFocusReason);
+    centre(); // already here, so that it is not seen to move
 }
 
 void Ektypvsh::changeEvent(QEvent* event)

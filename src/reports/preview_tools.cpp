@@ -18,19 +18,23 @@ constexpr int rowHeight = 42;
 constexpr int sideMargin = 8;
 constexpr int spacing = 2;
 constexpr int groupGap = 3;
-constexpr int pageWidth = 48;
+constexpr int leastDigits = 3;
+constexpr int aroundDigits = 24;
 constexpr int searchWidth = 140;
 constexpr int leastSearchWidth = 90;
 constexpr int separatorHeight = 22;
 constexpr int mostPages = 9'999'999;
 
-/// As wide as the widest text it will show.
-ThemedLabel* figureLabel(const char* name, const QString& widest)
+int widthOf(const QString& text)
+{
+    return QFontMetrics(Theme::instance().font()).horizontalAdvance(text);
+}
+
+ThemedLabel* figureLabel(const char* name)
 {
     auto* const label = new ThemedLabel(QString(), ColourRole::PageText);
     label->setObjectName(QString::fromLatin1(name));
     label->setAlignment(Qt::AlignCenter);
-    label->setMinimumWidth(QFontMetrics(Theme::instance().font()).horizontalAdvance(widest) + 8);
     return label;
 }
 
@@ -64,7 +68,7 @@ PreviewTools::PreviewTools(const PreviewActions& actions, QWidget* parent)
     add(actions.lastPage, "last");
     addSeparator();
     add(actions.zoomOut, "zoomout");
-    m_zoom = figureLabel("zoom", QStringLiteral("400 %"));
+    m_zoom = figureLabel("zoom");
     m_row->addWidget(m_zoom);
     add(actions.zoomIn, "zoomin");
     add(actions.fitWidth, "width");
@@ -79,6 +83,7 @@ PreviewTools::PreviewTools(const PreviewActions& actions, QWidget* parent)
     back->setLook(CommandButton::Look::Quiet);
     for (ActionButton* const button : {print, back})
         button->setFrameless(false);
+    m_digits = leastDigits;
     m_captioned = {{pdf, table}, {back}, {print}};
     connect(&Theme::instance(), &Theme::changed, this, &PreviewTools::measure);
     measure();
@@ -107,11 +112,10 @@ void PreviewTools::addPageNumber()
     m_page->setAccessibleName(QStringLiteral("Αριθμός σελίδας"));
     m_page->setToolTip(QStringLiteral("Σελίδα"));
     m_page->setAlignment(Qt::AlignHCenter);
-    m_page->setFixedWidth(pageWidth);
     m_page->setValidator(new QIntValidator(1, mostPages, m_page));
     m_page->installEventFilter(this);
     connect(m_page, &QLineEdit::returnPressed, this, &PreviewTools::enterPage);
-    m_count = figureLabel("pageCount", QStringLiteral("/ 888"));
+    m_count = figureLabel("pageCount");
     m_row->addWidget(m_page);
     m_row->addWidget(m_count);
     m_order.push_back(m_page);
@@ -141,9 +145,14 @@ std::vector<QWidget*> PreviewTools::tabOrder() const
 
 // What is shown
 
+/// The figures keep their room as long as it is enough, so that nothing moves while pages are turned.
 void PreviewTools::setPages(int current, int count, bool isComplete)
 {
     m_current = current;
+    if (const auto digits = QString::number(count).size(); digits > m_digits) {
+        m_digits = digits;
+        measure();
+    }
     m_page->setText(QString::number(current + 1));
     m_count->setText(QStringLiteral("/ %1%2").arg(count).arg(isComplete ? QString() : QStringLiteral("+")));
 }
@@ -205,6 +214,10 @@ void PreviewTools::resizeEvent(QResizeEvent* event)
 
 void PreviewTools::measure()
 {
+    m_zoom->setMinimumWidth(widthOf(QStringLiteral("400 %")) + 2 * groupGap);
+    const int digits = widthOf(QString(m_digits, u'8'));
+    m_page->setFixedWidth(digits + aroundDigits);
+    m_count->setMinimumWidth(digits + widthOf(QStringLiteral("/ +")) + groupGap);
     showCaptions(false);
     m_leastWidth = neededWidth();
     showCaptionsThatFit();

@@ -66,6 +66,7 @@ private:
     std::vector<std::vector<ActionButton*>> m_captioned; ///< Together they lose their captions, the first ones first.
     std::vector<QWidget*> m_order;
     int m_current = 0;
+    qsizetype m_digits = 0; ///< For which there is room in the page number.
     int m_leastWidth = 0; ///< Without captions.
 };
 

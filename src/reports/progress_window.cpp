@@ -3,10 +3,10 @@
 #include "controls/command_button.h"
 #include "controls/themed_label.h"
 #include "controls/window_placement.h"
+#include "reports/progress_line.h"
 
 #include <QHBoxLayout>
 #include <QLocale>
-#include <QProgressBar>
 
 namespace lorvan {
 namespace {
@@ -21,14 +21,12 @@ ProgressWindow::ProgressWindow(const ProgressTexts& texts, QWidget* parent)
     , m_counted(texts.counted)
     , m_activity(new ThemedLabel(texts.activity, ColourRole::PageText))
     , m_count(new ThemedLabel(QString(), ColourRole::PageMuted, 0.9))
-    , m_bar(new QProgressBar)
+    , m_bar(new ProgressLine)
     , m_cancel(new CommandButton({}, QStringLiteral("Άκυρο")))
 {
     setObjectName(QStringLiteral("progress"));
     setWindowTitle(texts.title.trimmed());
     setModal(true);
-    m_bar->setTextVisible(false);
-    m_bar->setRange(0, 0);
     m_bar->setAccessibleName(texts.activity);
     m_count->setObjectName(QStringLiteral("count"));
     m_cancel->setObjectName(QStringLiteral("cancel"));
@@ -53,6 +51,7 @@ void ProgressWindow::setProgress(int done, int all)
     static const QLocale greek(QLocale::Greek, QLocale::Greece);
     m_bar->setRange(0, all);
     m_bar->setValue(done);
+    m_bar->step();
     QString count;
     if (done > 0)
         count = m_counted + QStringLiteral(": ") + greek.toString(done);

@@ -3,11 +3,11 @@
 #include <QDialog>
 
 class QLabel;
-class QProgressBar;
 
 namespace lorvan {
 
 class CommandButton;
+class ProgressLine;
 
 /// What a window of progress says. What is counted stands before its number: "Γραμμές", "Σελίδες".
 struct ProgressTexts {
@@ -36,7 +36,7 @@ private:
     const QString m_counted;
     QLabel* m_activity;
     QLabel* m_count;
-    QProgressBar* m_bar;
+    ProgressLine* m_bar;
     CommandButton* m_cancel;
 };
 

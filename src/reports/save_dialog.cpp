@@ -4,7 +4,9 @@
 #include "controls/window_placement.h"
 
 #include <QAbstractFileIconProvider>
+#include <QFileSystemModel>
 #include <QHeaderView>
+#include <QIdentityProxyModel>
 #include <QSplitter>
 #include <QToolButton>
 #include <QTreeView>
@@ -33,6 +35,31 @@ public:
         }
     }
     [[nodiscard]] QIcon icon(const QFileInfo& file) const override { return icon(file.isDir() ? Folder : File); }
+    [[nodiscard]] QString type(const QFileInfo& file) const override
+    {
+        return file.isDir() ? QStringLiteral("Φάκελος") : QStringLiteral("Αρχείο ") + file.suffix().toUpper();
+    }
+};
+
+/// Sizes and dates as they are written in Greek, whatever the machine's own language.
+class GreekFiles : public QIdentityProxyModel {
+public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override
+    {
+        enum Column { Size = 1, Modified = 3 };
+        const auto* const files = qobject_cast<const QFileSystemModel*>(sourceModel());
+        if (role != Qt::DisplayRole || !files)
+            return QIdentityProxyModel::data(index, role);
+        const QModelIndex file = mapToSource(index);
+        if (index.column() == Modified)
+            return files->lastModified(file).toString(QStringLiteral("dd-MM-yyyy HH:mm"));
+        if (index.column() == Size)
+            return files->isDir(file) ? QString()
+                                      : QLocale().toString((files->size(file) + 1023) / 1024) + QStringLiteral(" KB");
+        return QIdentityProxyModel::data(index, role);
+    }
 };
 
 } // namespace
@@ -45,6 +72,7 @@ SaveDialog::SaveDialog(const QString& title, const std::vector<FileKind>& kinds,
     setOption(DontUseNativeDialog);
     setAcceptMode(AcceptSave);
     setIconProvider(&icons);
+    setProxyModel(new GreekFiles(this));
     QStringList filters;
     for (const FileKind& kind : kinds)
         filters += kind.text;
