@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 
+#include <utility>
+
 namespace lorvan {
 namespace {
 
@@ -26,8 +28,22 @@ public:
 
     bool eventFilter(QObject*, QEvent* event) override
     {
-        return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat();
+        if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
+            return false;
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (event->type() == QEvent::KeyRelease) {
+            m_released = {key.key(), key.timestamp()};
+            return false;
+        }
+        // A busy machine does not always call a repetition one; nobody lets go and presses again within the moment.
+        return key.isAutoRepeat()
+            || (key.key() == m_released.first && key.timestamp() - m_released.second < leastPause);
     }
+
+private:
+    static constexpr quint64 leastPause = 10; // milliseconds
+
+    std::pair<int, quint64> m_released{}; ///< The key let go last, and when.
 };
 
 int run(QMessageBox& box)
