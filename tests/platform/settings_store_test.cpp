@@ -73,7 +73,7 @@ TEST_F(SettingsStoreTest, leavesWhatItDoesNotUnderstand)
 
 TEST_F(SettingsStoreTest, twoWritersLoseNothingOfEachOther)
 {
-    constexpr int writes = 60;
+    constexpr int writes = 30;
     const auto writer = [this](const QString& name) {
         for (int i = 0; i < writes; ++i)
             SettingsStore(store.path()).write({{section, name + QString::number(i), name}, {section, key, name}});
