@@ -50,7 +50,7 @@ protected:
     void openComplete(int rows)
     {
         open(report(rows));
-        ASSERT_TRUE(QTest::qWaitFor([this] { return view().pages()->isComplete(); }));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return view().pages()->isComplete(); }, 60'000));
         ASSERT_TRUE(QTest::qWaitFor([this] { return printers->isKnown(); }));
     }
     [[nodiscard]] PageView& view() const { return viewOf(*frame); }

@@ -43,7 +43,7 @@ protected:
             driver.paste(folder.filePath(name));
             driver.press(Qt::Key_Return);
             if (dialog.isVisible())
-                driver.press(Qt::Key_Escape);
+                dialog.close();
         });
         frame.findChild<QAction*>(QLatin1String(action))->trigger();
     }
@@ -137,7 +137,7 @@ TEST_F(ReportSaving, aLongOneIsGivenUp)
     boxes.whenShown(QStringLiteral("progress"), [&wasCounted](QWidget& progress) {
         const Driver driver(progress);
         auto* const count = progress.findChild<QLabel*>(QStringLiteral("count"));
-        wasCounted = QTest::qWaitFor([count] { return count->text().startsWith(QStringLiteral("Σελίδες: ")); });
+        wasCounted = QTest::qWaitFor([count] { return count->text().startsWith(QStringLiteral("Σελίδες: ")); }, 60'000);
         driver.press(Qt::Key_Return);
     });
     save("savePdf", QStringLiteral("α"));
