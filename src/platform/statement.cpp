@@ -41,6 +41,11 @@ void Statement::bindAt(int parameter, const QString& text)
         SQLITE_TRANSIENT, SQLITE_UTF8));
 }
 
+void Statement::bindAt(int parameter, std::nullptr_t)
+{
+    check(sqlite3_bind_null(m_handle, parameter));
+}
+
 void Statement::bindAt(int parameter, QDate date)
 {
     bindInteger(parameter, storedDate(date));

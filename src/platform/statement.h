@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 
 struct sqlite3_stmt;
@@ -34,6 +35,7 @@ public:
     }
 
     void bindAt(int parameter, const QString& text); ///< Copies the text. A null text is bound as an empty one.
+    void bindAt(int parameter, std::nullptr_t); ///< As NULL.
     void bindAt(int parameter, QDate date); ///< As yyyymmdd.
     void bindAt(int parameter, Currency amount); ///< As ten-thousandths.
     /// A boolean as -1 or 0. No other type converts to a parameter by itself, a floating-point number least of all.

@@ -37,6 +37,7 @@ Book openBook(const BookFiles& files)
 
 void refuseExistingBook(const BookFiles& files)
 {
+    removeStagingRemainders(files);
     for (const QString& path : {files.mainDatabase(), files.auxiliaryDatabase(), files.usageMarker()}) {
         if (QFileInfo::exists(path))
             throw BookExists(path.toStdString());
@@ -49,10 +50,8 @@ NewBook::NewBook(const QString& dataFolder)
     refuseExistingBook(m_target);
     try {
         makeFolders();
-        m_staging.emplace(m_target.dataFolder() + QStringLiteral("/.lorvan-XXXXXX"));
-        if (!m_staging->isValid())
-            throw unwritable(m_target.dataFolder(), m_staging->errorString());
-        const BookFiles staged(m_staging->path());
+        m_staging.emplace(m_target.dataFolder());
+        const BookFiles staged = m_staging->files();
         createBook(staged);
         m_book.emplace(openBook(staged));
     } catch (...) {
@@ -89,6 +88,7 @@ void NewBook::removeFolders()
 void NewBook::keep()
 {
     m_book.reset();
+    m_staging->noteMove();
     moveIntoPlace();
     m_staging.reset();
     m_kept = true;
@@ -96,7 +96,7 @@ void NewBook::keep()
 
 void NewBook::moveIntoPlace()
 {
-    const auto from = pathsOf(BookFiles(m_staging->path()));
+    const auto from = pathsOf(m_staging->files());
     const auto to = pathsOf(m_target);
     for (std::size_t i = 0; i < to.size(); ++i) {
         QFile file(from[i]);

@@ -1,15 +1,16 @@
 #pragma once
 
 #include "app/book.h"
+#include "tools/staging_folder.h"
 
 #include <QStringList>
-#include <QTemporaryDir>
 
 #include <optional>
 
 namespace lorvan {
 
-/// Throws BookExists when one of a book's three files is there.
+/// Throws BookExists when one of a book's three files is there. What a killed process left there of a book in the
+/// making is removed before.
 void refuseExistingBook(const BookFiles& files);
 
 /// A book in the making. It is filled in a hidden folder inside its data folder and appears there, complete, with
@@ -37,7 +38,7 @@ private:
 
     BookFiles m_target;
     QStringList m_madeFolders; // innermost first
-    std::optional<QTemporaryDir> m_staging;
+    std::optional<StagingFolder> m_staging;
     std::optional<Book> m_book;
     bool m_kept = false;
 };

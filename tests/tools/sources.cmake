@@ -1,5 +1,8 @@
 list(APPEND LORVAN_CORE_TESTS
     ${CMAKE_CURRENT_LIST_DIR}/demo_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/jet_damage_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/jet_values_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/older_books.cpp
     ${CMAKE_CURRENT_LIST_DIR}/terminal_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/tool_run.cpp
     ${CMAKE_CURRENT_LIST_DIR}/tool_test.cpp

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/book_files.h"
+
+#include <QTemporaryDir>
+
+namespace lorvan {
+
+/// The hidden folder inside a data folder in which a new book is made. It carries the computer's name and is locked as
+/// long as its process lives, so that one left behind by a killed process is told from one in use.
+class StagingFolder {
+public:
+    /// Throws Refused when it cannot be made.
+    explicit StagingFolder(const QString& dataFolder);
+    ~StagingFolder();
+    StagingFolder(const StagingFolder&) = delete;
+    StagingFolder& operator=(const StagingFolder&) = delete;
+
+    [[nodiscard]] BookFiles files() const { return BookFiles(m_folder.path()); }
+
+    /// To be called before the first file is moved into the data folder: notes what tells the staged book from others,
+    /// so that the move can be taken back when the process is killed in its midst. Throws Refused.
+    void noteMove() const;
+
+private:
+    QTemporaryDir m_folder;
+    int m_lock = -1;
+};
+
+/// Removes the staging folders that killed processes of this computer left in a data folder, and the files which such a
+/// process had moved out already without reaching the main database, the last. What is in use, or not certainly such a
+/// remainder, stays.
+void removeStagingRemainders(const BookFiles& files);
+
+} // namespace lorvan
