@@ -1,7 +1,7 @@
 #include "analysis/code_list_view.h"
 
 #include "controls/row_delegate.h"
-#include "reports/report_search.h"
+#include "platform/search_text.h"
 
 #include <QApplication>
 

@@ -18,9 +18,9 @@ void goBackTo(QWidget& field)
         line->selectAll(); // the window may not be active again yet, and then the focus alone does not select
 }
 
-void chainTabOrder(std::initializer_list<QWidget*> order)
+void chainTabOrder(const QWidgetList& order)
 {
-    for (auto each = order.begin(); std::next(each) != order.end(); ++each)
+    for (auto each = order.cbegin(); std::next(each) != order.cend(); ++each)
         QWidget::setTabOrder(*each, *std::next(each));
 }
 

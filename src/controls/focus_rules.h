@@ -1,13 +1,8 @@
 #pragma once
 
-#include <QtGlobal>
-
-#include <qnamespace.h>
-
-#include <initializer_list>
+#include <QWidget>
 
 class QLineEdit;
-class QWidget;
 
 namespace lorvan {
 
@@ -19,7 +14,7 @@ namespace lorvan {
 void goBackTo(QWidget& field);
 
 /// The Tab key goes from each of the widgets to the next.
-void chainTabOrder(std::initializer_list<QWidget*> order);
+void chainTabOrder(const QWidgetList& order);
 
 /// Selects a field's whole text when it receives the focus by a click, unless the click has drawn a selection of its
 /// own.

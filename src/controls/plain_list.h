@@ -38,6 +38,8 @@ public:
     /// Where a row's text begins; a list with ticks keeps a column free before it.
     [[nodiscard]] virtual int textInset() const { return 10; }
     [[nodiscard]] virtual bool showsTicks() const { return false; }
+    /// The current row is marked although another control has the focus.
+    [[nodiscard]] virtual bool marksCurrent() const { return false; }
 
 protected:
     void changeEvent(QEvent* event) override;

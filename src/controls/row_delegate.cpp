@@ -60,11 +60,14 @@ QColor paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, con
         }
     }
     const bool several = view && view->selectionMode() != QAbstractItemView::SingleSelection;
-    if (focused && view && view->currentIndex() == index && (several || !selected)) {
-        const QColor ring = theme.colour(selected ? ColourRole::HighlightText : ColourRole::Accent);
-        const qreal inset = selected ? 1 : 0;
+    const PlainList* const list = listOf(option);
+    const bool marked = focused || (list && list->marksCurrent());
+    if (marked && view && view->currentIndex() == index && (several || !selected)) {
+        const bool isOnHighlight = selected && focused;
+        const QColor ring = theme.colour(isOnHighlight ? ColourRole::HighlightText : ColourRole::Accent);
+        const qreal inset = isOnHighlight ? 1 : 0;
         paintPanel(painter, QRectF(option.rect).adjusted(inset, inset, -inset, -inset), Qt::transparent, ring,
-            selected ? 1 : focusWidth, 2);
+            isOnHighlight ? 1 : focusWidth, 2);
     }
     if (!option.state.testFlag(QStyle::State_Enabled))
         return theme.colour(ColourRole::OffText);

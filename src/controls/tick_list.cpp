@@ -23,6 +23,12 @@ std::vector<qint64> TickList::chosenData() const
     return keys;
 }
 
+void TickList::setCurrentMarked(bool isMarked)
+{
+    m_marksCurrent = isMarked;
+    viewport()->update();
+}
+
 void TickList::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Space && currentIndex().isValid())

@@ -15,12 +15,19 @@ public:
     /// The data of the chosen rows, top to bottom.
     [[nodiscard]] std::vector<qint64> chosenData() const;
 
+    /// While another control chooses the current row.
+    void setCurrentMarked(bool isMarked);
+
     [[nodiscard]] int textInset() const override { return 30; }
     [[nodiscard]] bool showsTicks() const override { return true; }
+    [[nodiscard]] bool marksCurrent() const override { return m_marksCurrent; }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
+
+private:
+    bool m_marksCurrent = false;
 };
 
 } // namespace lorvan

@@ -1,6 +1,7 @@
 #include "reports/printing_page.h"
 
 #include "app/main_controls.h"
+#include "controls/choice_list.h"
 #include "controls/command_button.h"
 #include "controls/date_check.h"
 #include "controls/entry_field.h"
@@ -33,17 +34,24 @@ std::vector<ListRow> reportRows()
     return rows;
 }
 
-std::vector<qint32> chosenNumbers(const TickList& list)
+std::vector<qint32> chosenNumbers(const ChoiceList& list)
 {
     const std::vector<qint64> chosen = list.chosenData();
     return {chosen.begin(), chosen.end()};
 }
 
-void addHeaded(QVBoxLayout* column, QWidget* list, const QString& title, int stretch)
+ChoiceTexts codeTexts()
 {
-    list->setAccessibleName(title);
-    column->addWidget(listHeading(title));
-    column->addWidget(list, stretch);
+    return {QStringLiteral("Κωδικοί κινήσεων"), QStringLiteral("Χωρίς επιλογή τυπώνονται όλα."),
+        QStringLiteral("%1 επιλεγμένος από %2"), QStringLiteral("%1 επιλεγμένοι από %2"), QStringLiteral("Όλοι"),
+        QStringLiteral("Κανένας")};
+}
+
+ChoiceTexts groupTexts()
+{
+    return {QStringLiteral("Ομάδες κωδικών"), QStringLiteral("Χωρίς επιλογή τυπώνονται όλα."),
+        QStringLiteral("%1 επιλεγμένη από %2"), QStringLiteral("%1 επιλεγμένες από %2"), QStringLiteral("Όλες"),
+        QStringLiteral("Καμία")};
 }
 
 } // namespace
@@ -54,15 +62,15 @@ PrintingPage::PrintingPage(Clock clock, QWidget* parent)
     , m_checks(this)
     , m_fields(QStringLiteral("Text1"))
     , m_reports(new PlainList(PlainList::Face::FixedWidth, this))
-    , m_codes(new TickList(PlainList::Face::FixedWidth, this))
-    , m_groups(new TickList(PlainList::Face::Desktop, this))
+    , m_codes(new ChoiceList(PlainList::Face::FixedWidth, codeTexts(), this))
+    , m_groups(new ChoiceList(PlainList::Face::Desktop, groupTexts(), this))
     , m_periods(new PeriodButton(m_clock, this))
     , m_print(new CommandButton(QStringLiteral("print"), QStringLiteral("Εκτύπωση"), this))
 {
     setObjectName(QStringLiteral("Panel1(3)"));
     m_reports->setObjectName(QStringLiteral("List2(0)"));
-    m_codes->setObjectName(QStringLiteral("List2(1)"));
-    m_groups->setObjectName(QStringLiteral("List2(2)"));
+    m_codes->setObjectNames(QStringLiteral("List2(1)"), 1);
+    m_groups->setObjectNames(QStringLiteral("List2(2)"), 2);
     m_print->setObjectName(QStringLiteral("Command1(1)"));
 
     auto* const columns = new QHBoxLayout(this);
@@ -86,7 +94,11 @@ QLayout* PrintingPage::reportColumn()
     column->setSpacing(4);
     m_reports->setRowHeight(reportRowHeight);
     m_reports->setRows(reportRows());
-    addHeaded(column, m_reports, QStringLiteral("Διαθέσιμες εκτυπώσεις"), 1);
+    m_reports->setAccessibleName(QStringLiteral("Διαθέσιμες εκτυπώσεις"));
+    auto* const heading = listHeading(m_reports->accessibleName());
+    heading->setMinimumHeight(ChoiceList::headHeight);
+    column->addWidget(heading);
+    column->addWidget(m_reports, 1);
     column->addSpacing(6);
     column->addWidget(periodFrame());
     return column;
@@ -123,17 +135,15 @@ QLayout* PrintingPage::choiceColumn()
 {
     auto* const column = new QVBoxLayout;
     column->setSpacing(4);
-    addHeaded(column, m_codes, QStringLiteral("Κωδικοί κινήσεων"), 7);
-    column->addSpacing(6);
-    addHeaded(column, m_groups, QStringLiteral("Ομάδες κωδικών"), 5);
-    column->addWidget(new ThemedLabel(QStringLiteral("Χωρίς επιλογή τυπώνονται όλα."), ColourRole::PageMuted, 0.9));
+    column->addWidget(m_codes, 7);
+    column->addWidget(m_groups, 5);
     return column;
 }
 
 void PrintingPage::setTabOrders()
 {
-    chainTabOrder(
-        {m_reports, m_fields[field::periodStart], m_fields[field::periodEnd], m_periods, m_print, m_codes, m_groups});
+    chainTabOrder(QWidgetList{m_reports, m_fields[field::periodStart], m_fields[field::periodEnd], m_periods, m_print}
+        + m_codes->controls() + m_groups->controls());
 }
 
 void PrintingPage::fill(const std::vector<MovementCode>& codes, const std::vector<CodeGroup>& groups)
@@ -149,6 +159,7 @@ void PrintingPage::fill(const std::vector<MovementCode>& codes, const std::vecto
         groupRows.push_back({group.name, group.number});
     m_codes->setRows(codeRows);
     m_groups->setRows(groupRows);
+    m_offeredGroups = groups;
     m_reports->setFocus(Qt::OtherFocusReason);
 }
 
@@ -165,12 +176,8 @@ std::optional<ReportRequest> PrintingPage::request()
     }
     if (!checkPeriod())
         return std::nullopt;
-    if (!entry->available) {
-        showMessage(window(), QMessageBox::Information, QStringLiteral("Προσοχή"),
-            QStringLiteral("Η εκτύπωση «%1» δεν είναι ακόμη διαθέσιμη.").arg(entry->title().trimmed()));
-        return std::nullopt;
-    }
-    return ReportRequest{entry->report, entry->title(), inputs()};
+    const bool offersCodes = m_codes->list()->model()->rowCount() > 0;
+    return ReportRequest{entry->report, entry->title(), inputs(), offersCodes, m_offeredGroups};
 }
 
 const ReportEntry* PrintingPage::chosenEntry() const

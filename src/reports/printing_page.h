@@ -15,11 +15,11 @@ class QLayout;
 
 namespace lorvan {
 
+class ChoiceList;
 class CommandButton;
 class EntryField;
 class PeriodButton;
 class PlainList;
-class TickList;
 
 /// The printing page `Panel1(3)`: the choice of a report, its period, codes and groups.
 class PrintingPage : public QWidget {
@@ -56,8 +56,9 @@ private:
     LeaveChecks m_checks;
     ControlArray<EntryField> m_fields;
     PlainList* m_reports;
-    TickList* m_codes;
-    TickList* m_groups;
+    ChoiceList* m_codes;
+    ChoiceList* m_groups;
+    std::vector<CodeGroup> m_offeredGroups; ///< What m_groups shows.
     PeriodButton* m_periods;
     CommandButton* m_print;
 };

@@ -10,15 +10,15 @@ QString ReportEntry::title() const
 const std::vector<ReportEntry>& reportCatalogue()
 {
     static const std::vector<ReportEntry> entries{
-        {Report::DailyCash, QStringLiteral("  1 Ταμείο ημέρας"), true},
-        {Report::CodeList, QStringLiteral("  2 Κωδικοί κίνησης "), true},
-        {Report::CashSummary, QStringLiteral("  3 Συνοπτικό ταμείο από ... εως"), true},
+        {Report::DailyCash, QStringLiteral("  1 Ταμείο ημέρας")},
+        {Report::CodeList, QStringLiteral("  2 Κωδικοί κίνησης ")},
+        {Report::CashSummary, QStringLiteral("  3 Συνοπτικό ταμείο από ... εως")},
         {Report::MovementsByCode, QStringLiteral("  4 Σύνολο ανα κωδικό")},
         {Report::MovementsByGroup, QStringLiteral("  5 Συνολο ανα ομάδα")},
         {Report::GroupCard, QStringLiteral("  6 Κατάσταση")},
-        {Report::Cheques, QStringLiteral("  7 Επιταγές"), true},
+        {Report::Cheques, QStringLiteral("  7 Επιταγές")},
         {Report::CashAnalysis, QStringLiteral("  8 Ανάλυση ταμείου ημέρας ")},
-        {Report::UnclosedDays, QStringLiteral("  9 Ταμεία που δεν έχουν κλήσει !"), true},
+        {Report::UnclosedDays, QStringLiteral("  9 Ταμεία που δεν έχουν κλήσει !")},
     };
     return entries;
 }

@@ -23,7 +23,6 @@ enum class Report {
 struct ReportEntry {
     Report report;
     QString text;
-    bool available = false; ///< False while its routine is still to come.
 
     /// The title of the report's window: the text without its number.
     [[nodiscard]] QString title() const;

@@ -17,9 +17,8 @@ void ReportDesk::print(ReportRequest request, QWidget* window)
 {
     m_frame.reset();
     auto frame = std::make_unique<Ektypvsh>(m_printers, m_saver);
-    askQuestions(request, window);
     ReportDocument document;
-    if (m_isClosed || !build(request, window, document))
+    if (!askQuestions(request, m_files, m_keys, window) || m_isClosed || !build(request, window, document))
         return;
     frame->open(std::move(document), request.title, suggestedFileName(request));
     m_frame = std::move(frame);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/search_text.h"
 #include "reports/report_flow.h"
-#include "reports/report_search.h"
 
 #include <QRectF>
 

@@ -1,9 +1,12 @@
 #include "cashbook/day_view.h"
+#include "controls/choice_list.h"
 #include "controls/day_list.h"
 #include "controls/shown_form.h"
 #include "controls/tick_list.h"
 
+#include <QAbstractButton>
 #include <QHelpEvent>
+#include <QLabel>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolTip>
@@ -137,6 +140,51 @@ TEST(TickList, clicksToggleAndShiftExtends)
     }
     QTest::keyClick(list, Qt::Key_Space);
     EXPECT_EQ(list->chosenData(), (std::vector<qint64>{20, 40, 50}));
+}
+
+TEST(ChoiceList, isSearchedAndChosenFromByTyping)
+{
+    ShownForm form;
+    auto* const choice = form.add(new ChoiceList(PlainList::Face::Desktop,
+        {{}, QStringLiteral("none"), QStringLiteral("%1 of %2"), QStringLiteral("%1 from %2"), {}, {}}));
+    choice->setObjectNames(QStringLiteral("rows"), 1);
+    choice->setRows({{QStringLiteral("  100 ΠΩΛΗΣΕΙΣ"), 100}, {QStringLiteral("  110 Αγορές"), 110},
+        {QStringLiteral("  211 ΠΩΛΗΤΕΣ"), 211}, {QStringLiteral("  300 Αμοιβή πωλητών"), 300}});
+    ASSERT_TRUE(form.show());
+    auto* const field = choice->findChild<QWidget*>(QStringLiteral("findRow(1)"));
+    const auto* const count = choice->findChild<QLabel*>(QStringLiteral("chosenCount(1)"));
+    // What is typed, the keys after it, and what is chosen then.
+    struct {
+        const char16_t* typed;
+        std::vector<Qt::Key> keys;
+        std::vector<qint64> chosen;
+        const char* count;
+    } const steps[] = {
+        {u"πωλητ", {Qt::Key_Return}, {211}, "1 of 4"}, // accents and letter case do not count
+        {u"πωλ", {Qt::Key_Down, Qt::Key_Return}, {211, 300}, "2 from 4"},
+        {u"πωλ", {Qt::Key_Down, Qt::Key_Return}, {100, 211, 300}, "3 from 4"}, // round at the end
+        {u"11", {Qt::Key_Return}, {100, 110, 211, 300}, "4 from 4"}, // the beginning of a number before its middle
+        {u"xx", {Qt::Key_Return}, {100, 110, 211, 300}, "Δεν βρέθηκε: xx"},
+        {u"", {Qt::Key_Up, Qt::Key_Return}, {110, 211, 300}, "3 from 4"},
+    };
+    choice->list()->setFocus();
+    for (const auto& [typed, keys, chosen, text] : steps) {
+        if (*typed == u'\0')
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backspace);
+        for (const QChar c : QString::fromUtf16(typed))
+            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(c), {});
+        for (const Qt::Key key : keys)
+            QTest::keyClick(QApplication::focusWidget(), key);
+        EXPECT_EQ(choice->chosenData(), chosen) << text;
+        EXPECT_EQ(count->text(), QString::fromUtf8(text));
+        EXPECT_EQ(QApplication::focusWidget(), field);
+    }
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget(), choice->list());
+    choice->findChild<QAbstractButton*>(QStringLiteral("chooseNone(1)"))->click();
+    EXPECT_EQ(count->text(), QStringLiteral("none"));
+    choice->findChild<QAbstractButton*>(QStringLiteral("chooseAll(1)"))->click();
+    EXPECT_EQ(choice->chosenData().size(), 4);
 }
 
 TEST(DayList, growsItsFontWithTheWindowAndScrollsSidewaysInANarrowOne)

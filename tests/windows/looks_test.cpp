@@ -281,7 +281,9 @@ TEST_F(TabOrderTest, thePrintingPageReadsAsTheEyeDoes)
     start(allRights);
     selectTab(2);
     EXPECT_EQ(user().focusName(), QStringLiteral("List2(0)"));
-    expectOrder(user(), "List2(0) Text1(7) Text1(8) periods Command1(1) List2(1) List2(2)");
+    expectOrder(user(),
+        "List2(0) Text1(7) Text1(8) periods Command1(1) findRow(1) List2(1) chooseAll(1) "
+        "findRow(2) List2(2) chooseAll(2)");
 }
 
 TEST_F(SignInTabOrder, goesOnThroughTheMaintenanceArea)

@@ -142,6 +142,72 @@ TEST_F(ReportQuestions, codesAreSortedAndChosenAnewEachTime)
         QStringList({QStringLiteral("50"), QStringLiteral("100"), QStringLiteral("200")}));
 }
 
+TEST_F(ReportQuestions, aReportOnChosenCodesTakesTheSummaryWhereNothingIsChosen)
+{
+    addMovement(incomeOf(today, cents(100)));
+    addMovement(expenseOf(today, cents(30)));
+    startPrinting();
+    const auto answer = [this](std::vector<Qt::Key> keys) {
+        boxes.whenShown(
+            QStringLiteral("Ervthsh"), [keys = std::move(keys)](QWidget& question) { pressIn(question, keys); });
+    };
+    answer({Qt::Key_Escape});
+    print(4);
+    EXPECT_EQ(documentOf(*shownFrame()).cell(2, 1), QStringLiteral("  200 Προμήθειες"));
+    user().clickRow(user().find<QListView>(QStringLiteral("List2(1)")), 1);
+    answer({Qt::Key_Space, Qt::Key_Return});
+    print(4);
+    EXPECT_EQ(documentOf(*shownFrame()).cell(1, 1), QStringLiteral("200 Προμήθειες"));
+    EXPECT_EQ(documentOf(*shownFrame()).cell(2, 3), QStringLiteral("Υποσύνολο"));
+}
+
+TEST_F(ReportQuestions, theCardHasTheGroupsChosenAndKeepsThem)
+{
+    addMovement(incomeOf(today, cents(100), QStringLiteral("Πώληση")));
+    book.execute("UPDATE kinhseis SET aa_omada=1");
+    startPrinting();
+    for (const auto& keys : {std::vector{Qt::Key_Tab, Qt::Key_Space, Qt::Key_Escape}, std::vector{Qt::Key_Escape}}) {
+        boxes.whenShown(QStringLiteral("EpiloghOmadvn"), [&keys](QWidget& question) { pressIn(question, keys); });
+        print(6);
+        ASSERT_NE(shownFrame(), nullptr);
+        EXPECT_EQ(documentOf(*shownFrame()).cell(1, 2), QStringLiteral("Πώληση"));
+    }
+}
+
+TEST_F(ReportQuestions, theAnalysisAsksOnlyOnACashDay)
+{
+    addMovement(incomeOf(today, cents(100)));
+    addCashDay(today, cents(100));
+    startPrinting();
+    print(8);
+    EXPECT_EQ(documentOf(*shownFrame()).paragraphs().front().text(),
+        QStringLiteral("Δεν υπάρχει ταμείο για την ημερομηνία 01-03-2024   Κεντρικό"));
+    user().enter(periodStart, QStringLiteral("15-03-2024"));
+    for (const bool stores : {true, false}) {
+        boxes.whenShown(QStringLiteral("AnalyshFRM"), [stores](QWidget& screen) {
+            if (stores)
+                Driver(screen).click(Driver(screen).find(QStringLiteral("Command1")));
+            else
+                screen.close();
+        });
+        print(8);
+        EXPECT_EQ(documentOf(*shownFrame()).cell(5, 3), QStringLiteral("1,00"));
+    }
+}
+
+TEST_F(ReportQuestions, withoutCodesOrGroupsThereIsNothingToPrint)
+{
+    book.execute("DELETE FROM kvdikoi; DELETE FROM omades");
+    startPrinting();
+    boxes.whenShown(QStringLiteral("Ervthsh"), [](QWidget& question) { pressIn(question, {Qt::Key_Return}); });
+    boxes.expect(stop(attention, QStringLiteral("Δεν υπάρχουν κωδικοί για την εκτύπωση")));
+    print(4);
+    EXPECT_EQ(shownFrame(), nullptr);
+    boxes.expect(stop(attention, QStringLiteral("Δεν υπάρχουν ομάδες για την εκτύπωση")));
+    print(5);
+    EXPECT_EQ(shownFrame(), nullptr);
+}
+
 TEST_F(ReportRunning, aFailureLeavesNoFrame)
 {
     startPrinting();

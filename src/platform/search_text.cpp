@@ -1,4 +1,4 @@
-#include "reports/report_search.h"
+#include "platform/search_text.h"
 
 #include <algorithm>
 #include <array>
