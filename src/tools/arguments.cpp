@@ -1,5 +1,7 @@
 #include "tools/arguments.h"
 
+#include <QFileInfo>
+
 #include <utility>
 
 namespace lorvan {
@@ -41,6 +43,11 @@ QString Arguments::takeWord(const QString& what)
     if (m_words.first().startsWith(u'-'))
         throw UsageError(QStringLiteral("Άγνωστη επιλογή: %1.").arg(m_words.first()));
     return m_words.takeFirst();
+}
+
+QString Arguments::takeBookFolder()
+{
+    return QFileInfo(takeWord(QStringLiteral("ο φάκελος του βιβλίου"))).absoluteFilePath();
 }
 
 void Arguments::finish() const

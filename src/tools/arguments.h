@@ -28,6 +28,9 @@ public:
     /// The next word that is no option; `what` names it where it is missing. An empty word counts as missing.
     [[nodiscard]] QString takeWord(const QString& what);
 
+    /// takeWord() for the folder of a book, as an absolute path.
+    [[nodiscard]] QString takeBookFolder();
+
     /// To be called when all has been taken: anything left is refused.
     void finish() const;
 

@@ -8,6 +8,13 @@
 
 namespace lorvan {
 
+/// How a command ended; the numbers are the process's exit status.
+enum class ExitStatus {
+    Done = 0,
+    Found = 1, ///< Done, and what was examined is not in order.
+    Failed = 2, ///< Refused or failed; nothing was changed.
+};
+
 /// What a command works with besides its arguments.
 struct ToolContext {
     std::ostream& out;
@@ -16,6 +23,7 @@ struct ToolContext {
     std::function<QString(const QString& user)> askPassword;
     Clock clock;
     QString programFolder; ///< Where the program and its path file are.
+    int progressColumns = 0; ///< The width of the terminal that `errors` goes to; 0 when it goes to none.
 };
 
 /// One command of lorvan-data. Each stands in a file of its own and in the table of tool.cpp.
@@ -25,7 +33,7 @@ struct Command {
     QString summary; ///< One line.
     QString help; ///< Further lines for `--help`.
     /// Does it or throws: UsageError, Refused, or a failure of files and databases. Nothing is changed then.
-    void (*run)(Arguments& arguments, const ToolContext& context);
+    ExitStatus (*run)(Arguments& arguments, const ToolContext& context);
 };
 
 [[nodiscard]] Command createCommand();

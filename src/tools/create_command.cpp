@@ -4,8 +4,6 @@
 #include "tools/refused.h"
 #include "users/user_accounts.h"
 
-#include <QFileInfo>
-
 #include <optional>
 
 namespace lorvan {
@@ -31,10 +29,10 @@ std::optional<FirstUser> askFirstUser(const std::optional<QString>& name, const 
     return FirstUser{*name, password};
 }
 
-void create(Arguments& arguments, const ToolContext& context)
+ExitStatus create(Arguments& arguments, const ToolContext& context)
 {
     const auto userName = arguments.takeOption(QStringLiteral("--user"));
-    const QString folder = QFileInfo(arguments.takeWord(QStringLiteral("ο φάκελος του βιβλίου"))).absoluteFilePath();
+    const QString folder = arguments.takeBookFolder();
     arguments.finish();
 
     refuseExistingBook(BookFiles(folder)); // before anything is asked
@@ -49,6 +47,7 @@ void create(Arguments& arguments, const ToolContext& context)
         context.out << "Πρώτος χρήστης, με όλα τα δικαιώματα: " << user->name.trimmed().toStdString() << '\n';
     else
         context.out << "Δεν έχει ακόμη χρήστες.\n";
+    return ExitStatus::Done;
 }
 
 } // namespace

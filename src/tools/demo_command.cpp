@@ -4,8 +4,6 @@
 #include "tools/demo_shop.h"
 #include "tools/new_book.h"
 
-#include <QFileInfo>
-
 namespace lorvan {
 namespace {
 
@@ -41,19 +39,19 @@ void makeBook(const QString& folder, QDate today, std::uint64_t seed)
     made.keep();
 }
 
-void demo(Arguments& arguments, const ToolContext& context)
+ExitStatus demo(Arguments& arguments, const ToolContext& context)
 {
     const bool onlyUsers = arguments.takeFlag(QStringLiteral("--users"));
     if (!onlyUsers) {
         const std::uint64_t seed = seedIn(arguments.takeOption(QStringLiteral("--seed")));
-        const QString folder =
-            QFileInfo(arguments.takeWord(QStringLiteral("ο φάκελος του βιβλίου"))).absoluteFilePath();
+        const QString folder = arguments.takeBookFolder();
         arguments.finish();
         makeBook(folder, context.clock.today(), seed);
         context.out << "Το δοκιμαστικό βιβλίο είναι έτοιμο στον φάκελο " << folder.toStdString() << '\n';
     }
     arguments.finish();
     printUsers(context.out);
+    return ExitStatus::Done;
 }
 
 } // namespace

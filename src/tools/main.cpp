@@ -8,7 +8,7 @@
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    const lorvan::ToolContext context{
-        std::cout, std::cerr, lorvan::askNewPassword, lorvan::Clock(), QCoreApplication::applicationDirPath()};
+    const lorvan::ToolContext context{std::cout, std::cerr, lorvan::askNewPassword, lorvan::Clock(),
+        QCoreApplication::applicationDirPath(), lorvan::errorTerminalColumns()};
     return static_cast<int>(lorvan::runTool(QCoreApplication::arguments().mid(1), context));
 }

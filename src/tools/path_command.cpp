@@ -27,7 +27,7 @@ QString recordable(const QString& given)
     return folder;
 }
 
-void notePath(Arguments& arguments, const ToolContext& context)
+ExitStatus notePath(Arguments& arguments, const ToolContext& context)
 {
     const QString folder = recordable(arguments.takeWord(QStringLiteral("ο φάκελος των δεδομένων")));
     arguments.finish();
@@ -35,6 +35,7 @@ void notePath(Arguments& arguments, const ToolContext& context)
     if (!file.replaceFolder(folder))
         throw Refused(QStringLiteral("Το αρχείο %1 δεν γράφεται.").arg(file.path()));
     context.out << file.path().toStdString() << ": " << folder.toStdString() << '\n';
+    return ExitStatus::Done;
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <iostream>
 #include <string>
 
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -82,6 +83,15 @@ QString askNewPassword(const QString& user)
     if (password != askHidden(QStringLiteral("Ξανά ο ίδιος κωδικός: ")))
         throw Refused(QStringLiteral("Οι δύο κωδικοί διαφέρουν. Δεν έγινε τίποτα."));
     return password;
+}
+
+int errorTerminalColumns()
+{
+    constexpr int usualColumns = 80;
+    winsize size{};
+    if (isatty(STDERR_FILENO) == 0)
+        return 0;
+    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usualColumns;
 }
 
 } // namespace lorvan

@@ -9,4 +9,7 @@ namespace lorvan {
 /// Throws Refused when the two answers differ, or when the line is no UTF-8 text.
 [[nodiscard]] QString askNewPassword(const QString& user);
 
+/// The width of the terminal that the error stream goes to; 0 when it is no terminal.
+[[nodiscard]] int errorTerminalColumns();
+
 } // namespace lorvan

@@ -27,7 +27,7 @@ void printOverview(std::ostream& out)
     for (const Command& command : commands())
         out << "  " << usageLine(command).toStdString() << "\n      " << command.summary.toStdString() << '\n';
     out << "\nlorvan-data ΕΝΤΟΛΗ --help: περισσότερα για μια εντολή.\n"
-           "Κωδικός εξόδου: 0 έγινε, 2 δεν έγινε και δεν άλλαξε τίποτα.\n";
+           "Κωδικός εξόδου: 0 έγινε, 1 έγινε και ο έλεγχος βρήκε λάθη, 2 δεν έγινε και δεν άλλαξε τίποτα.\n";
 }
 
 void printHelp(const Command& command, std::ostream& out)
@@ -51,8 +51,7 @@ ExitStatus runCommand(const Command& command, const QStringList& words, const To
 {
     try {
         Arguments arguments(words);
-        command.run(arguments, context);
-        return ExitStatus::Done;
+        return command.run(arguments, context);
     } catch (const UsageError& error) {
         complain(context, QString::fromUtf8(error.what()));
         context.errors << "Χρήση: " << usageLine(command).toStdString() << '\n';

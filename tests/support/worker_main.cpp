@@ -5,6 +5,7 @@
 //   lorvan_test_worker codes   DIR LOG SEED            random changes of codes and groups until it is killed
 //   lorvan_test_worker upgrade DIR LOG                 one schema upgrade
 //   lorvan_test_worker deletion DIR LOG                one deletion of all data
+//   lorvan_test_worker claim   DIR LOG                 holds the marker as a command does, until it is ended
 //   lorvan_test_worker marker  DIR LOG HOST ROUNDS     claims and releases the marker, changing the book now and then
 
 #include "app/schema_upgrade.h"
@@ -15,6 +16,7 @@
 #include "support/random_changes.h"
 #include "support/temporary_book.h"
 #include "support/worker_log.h"
+#include "tools/claimed_marker.h"
 #include "users/administration.h"
 
 #include <QCoreApplication>
@@ -93,6 +95,14 @@ int deleteData(const BookFiles& files, WorkerLog& log)
     return 0;
 }
 
+int holdMarker(const BookFiles& files, WorkerLog& log)
+{
+    const ClaimedMarker marker(files);
+    log.append("claimed");
+    std::this_thread::sleep_for(std::chrono::seconds(30));
+    return 0;
+}
+
 /// A name of its own for this computer, as the system gives it; else one that is only passed on.
 MachineIdentity identityAt(const QString& host)
 {
@@ -163,6 +173,8 @@ int run(const QStringList& arguments)
         return upgrade(files, log);
     if (task == QStringLiteral("deletion"))
         return deleteData(files, log);
+    if (task == QStringLiteral("claim"))
+        return holdMarker(files, log);
     if (task == QStringLiteral("marker"))
         return claimAndRelease(files, log, arguments.value(4), arguments.value(5).toInt());
     return 64;

@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QThread>
 
+#include <csignal>
+
 namespace lorvan::test {
 
 WorkerProcess::WorkerProcess(const QStringList& arguments)
@@ -29,6 +31,11 @@ bool WorkerProcess::waitForLog(const QString& log)
         QThread::usleep(200);
     }
     return true;
+}
+
+void WorkerProcess::send(int signal)
+{
+    ::kill(static_cast<pid_t>(m_process.processId()), signal);
 }
 
 void WorkerProcess::kill()

@@ -16,6 +16,8 @@ public:
     /// Waits until the log holds a line; false when the process ends before or takes longer than ten seconds.
     [[nodiscard]] bool waitForLog(const QString& log);
 
+    void send(int signal);
+
     /// SIGKILL; returns when the process is gone.
     void kill();
 

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/book_files.h"
+#include "platform/connection.h"
+#include "platform/key_ring.h"
+
+namespace lorvan {
+
+/// An existing book, opened for a command: one connection with the main database and, attached to it as `auxiliary`,
+/// the other one; no table name occurs in both. Neither is upgraded or otherwise changed by that. Where the files may
+/// only be read, so may the connection (Connection::isReadOnly()).
+///
+/// A command that only reads does so in one Transaction::Mode::Read, over both files: what it reads belongs together,
+/// whoever writes meanwhile. A writer's commit waits for its end, for five seconds at most.
+class OpenedBook {
+public:
+    /// Throws Refused for a folder without a complete book, for a book in the older format and for one of an older
+    /// schema version; UnknownSchemaVersion; SqlError as Connection::open(), also on a read-only folder where a program
+    /// that was killed left a journal.
+    explicit OpenedBook(const QString& folder);
+
+    [[nodiscard]] const BookFiles& files() const { return m_files; }
+    [[nodiscard]] KeyRing& keys() { return m_keys; } ///< Holds the keys of both files.
+    [[nodiscard]] Connection& connection() { return m_connection; }
+
+private:
+    Connection open();
+
+    BookFiles m_files;
+    KeyRing m_keys;
+    Connection m_connection;
+};
+
+} // namespace lorvan
