@@ -38,6 +38,7 @@ struct Command {
 
 [[nodiscard]] Command createCommand();
 [[nodiscard]] Command demoCommand();
+[[nodiscard]] Command importCommand();
 [[nodiscard]] Command pathCommand();
 
 } // namespace lorvan

@@ -12,7 +12,7 @@ namespace {
 
 const std::vector<Command>& commands()
 {
-    static const std::vector<Command> table{createCommand(), demoCommand(), pathCommand()};
+    static const std::vector<Command> table{createCommand(), demoCommand(), importCommand(), pathCommand()};
     return table;
 }
 
@@ -27,7 +27,7 @@ void printOverview(std::ostream& out)
     for (const Command& command : commands())
         out << "  " << usageLine(command).toStdString() << "\n      " << command.summary.toStdString() << '\n';
     out << "\nlorvan-data ΕΝΤΟΛΗ --help: περισσότερα για μια εντολή.\n"
-           "Κωδικός εξόδου: 0 έγινε, 1 έγινε και ο έλεγχος βρήκε λάθη, 2 δεν έγινε και δεν άλλαξε τίποτα.\n";
+           "Κωδικός εξόδου: 0 έγινε, 1 έγινε και βρέθηκαν λάθη, 2 δεν έγινε και δεν άλλαξε τίποτα.\n";
 }
 
 void printHelp(const Command& command, std::ostream& out)

@@ -36,6 +36,33 @@ QString amount(LegacyAmount read)
     return QString::number(read.amount.tenThousandths()) + (read.isWholeCents ? u'c' : u'f');
 }
 
+QString textOf(const JetValue& value)
+{
+    if (const auto* number = std::get_if<std::int32_t>(&value))
+        return QString::number(*number);
+    if (const auto* money = std::get_if<JetMoney>(&value))
+        return QString::number(money->tenThousandths) + u'm';
+    if (const auto* single = std::get_if<float>(&value))
+        return QString::number(static_cast<double>(*single)) + u'f';
+    if (const auto* twofold = std::get_if<double>(&value))
+        return QString::number(*twofold) + u'd';
+    if (const auto* time = std::get_if<QDateTime>(&value))
+        return time->toString(Qt::ISODate);
+    if (const auto* found = std::get_if<QString>(&value))
+        return *found + QStringLiteral("");
+    if (const auto* flag = std::get_if<bool>(&value))
+        return QString::number(int(*flag));
+    return QStringLiteral("NULL");
+}
+
+JetFile fileOfOnePage()
+{
+    QByteArray page(JetFile::pageSize, '\0');
+    page.replace(4, 15, "Standard Jet DB").replace(0x14, 1, "\x01").replace(0x3E, 4, "\xFB\x8A\xBC\x4E");
+    JetDamage damage(JetDamage::Answer::Refuse);
+    return {QStringLiteral("x"), page, damage};
+}
+
 JetDefinition definitionOf(std::vector<JetColumn> columns, int columnsEver)
 {
     return {2, 0, columnsEver, {0, 0}, std::move(columns)};
@@ -181,37 +208,59 @@ TEST(JetRow, splitsByTheRowsOwnCountOfColumns)
         {"03", "!"},
         {"", "!"},
     };
-    const QByteArray empty;
-    JetDamage damage(JetDamage::Answer::Refuse);
-    const JetFile file(
-        QStringLiteral("x"),
-        [] {
-            QByteArray page(JetFile::pageSize, '\0');
-            page.replace(4, 15, "Standard Jet DB").replace(0x14, 1, "\x01").replace(0x3E, 4, "\xFB\x8A\xBC\x4E");
-            return page;
-        }(),
-        damage);
+    const JetFile file = fileOfOnePage();
     for (const auto& [bytes, expected] : cases) {
         const QByteArray content = hex(bytes);
         QStringList values;
         const QString splits = orRefused([&] {
             const JetRow row(JetBytes(content), definition);
             for (const JetColumn& column : definition.columns) {
-                const QString value = orRefused([&] {
-                    const JetValue read = valueOf(file, row, column);
-                    if (const auto* number = std::get_if<std::int32_t>(&read))
-                        return QString::number(*number);
-                    if (const auto* found = std::get_if<QString>(&read))
-                        return *found + QStringLiteral("");
-                    if (const auto* flag = std::get_if<bool>(&read))
-                        return QString::number(int(*flag));
-                    return QStringLiteral("NULL");
-                });
+                const QString value = orRefused([&] { return textOf(valueOf(file, row, column)); });
                 values += value.isNull() ? QStringLiteral("!") : value;
             }
             return QStringLiteral("split");
         });
         EXPECT_EQ(splits.isEmpty() ? std::string("!") : values.join(u'|').toStdString(), expected) << bytes;
+    }
+}
+
+TEST(JetValue, isReadByKindAndRefusedWhereItIsNone)
+{
+    const struct {
+        int kind;
+        const char* bytes;
+        const char* value; ///< Empty where it is refused.
+    } cases[] = {
+        {2, "ff", "255"},
+        {3, "feff", "-2"},
+        {4, "feffffff", "-2"},
+        {4, "feff", ""},
+        {5, "f0d8ffffffffffff", "-10000m"},
+        {6, "0000c03f", "1.5f"},
+        {6, "0000c07f", ""},
+        {6, "000080ff", ""},
+        {7, "000000000000f8bf", "-1.5d"},
+        {7, "000000000000f07f", ""},
+        {8, "000000000000fcbf", "1899-12-29T18:00:00Z"},
+        {8, "000000000000f87f", ""},
+        {9, "00", ""},
+        {16, "00000000000000000000000000000000", ""},
+        {12, "04000080 00000000 00000000 fffe4142", "AB"},
+        {12, "05000080 00000000 00000000 fffe4142", ""}, // longer than the row
+        {12, "04000000 00000000 00000000 fffe4142", ""}, // a chain
+        {12, "04000040 00010000 00000000", ""}, // on a page that is not there
+        {12, "04000080 00000000", ""},
+    };
+    const JetFile file = fileOfOnePage();
+    for (const auto& [kind, bytes, expected] : cases) {
+        const QByteArray value = hex(bytes);
+        const auto end = static_cast<char>(2 + value.size());
+        const QByteArray content = hex("0100") + value + end + hex("00 0200 0100 01");
+        const JetDefinition definition =
+            definitionOf({{QStringLiteral("a"), static_cast<JetKind>(kind), 0, false, false, 0, 0, 0}}, 1);
+        const QString read = orRefused(
+            [&] { return textOf(valueOf(file, JetRow(JetBytes(content), definition), definition.columns[0])); });
+        EXPECT_EQ(read.toStdString(), expected) << kind << ' ' << bytes;
     }
 }
 
