@@ -74,7 +74,7 @@ ImportReport importBook(const Folders& folders, const LegacyFiles& files, JetDam
     return report;
 }
 
-ExitStatus import(Arguments& arguments, const ToolContext& context)
+ExitStatus importOlderBook(Arguments& arguments, const ToolContext& context)
 {
     const bool salvages = arguments.takeFlag(QStringLiteral("--salvage"));
     const QString older = arguments.takeWord(QStringLiteral("ο φάκελος του παλιού βιβλίου"));
@@ -107,7 +107,7 @@ Command importCommand()
             "              ο κωδικός εξόδου είναι 1 όταν έμεινε κάτι πίσω\n\n"
             "Ο παλιός φάκελος, με τα lorvan.mdb και mapcodes.mdb, μόνο διαβάζεται. Το νέο βιβλίο εμφανίζεται\n"
             "ολόκληρο στο τέλος· αν κάτι δεν πάει καλά, δεν εμφανίζεται τίποτα.\n"),
-        import};
+        importOlderBook};
 }
 
 } // namespace lorvan

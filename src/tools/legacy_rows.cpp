@@ -34,6 +34,11 @@ JetError otherKind(const JetColumn& column)
     return JetError(QStringLiteral("η στήλη έχει τιμές του είδους %1").arg(static_cast<int>(column.kind)));
 }
 
+template <typename Work> decltype(auto) at(const LegacyColumn& column, const Work& work)
+{
+    return locating({{}, {}, {}, {}, column.name}, work);
+}
+
 /// Reads the rows of one table into cells.
 class RowsReader {
 public:
@@ -43,7 +48,7 @@ public:
         , m_result{&table, {}, {}}
     {
         for (const LegacyColumn& column : table.columns) {
-            m_columns.push_back(locating({{}, {}, {}, {}, column.name}, [&] { return columnFor(column, definition); }));
+            m_columns.push_back(at(column, [&] { return columnFor(column, definition); }));
             if (!m_columns.back())
                 m_result.missingColumns += column.name;
         }
@@ -53,7 +58,7 @@ public:
     {
         const QString& name = m_result.table->name;
         readRows(m_file, m_definition, name, damage, [this](const JetRow& row) { take(row); });
-        if (m_result.table->columns.front().form == LegacyForm::Counter && m_columns.front()) {
+        if (hasCounter()) {
             std::stable_sort(
                 m_result.rows.begin(), m_result.rows.end(), [](const LegacyRow& left, const LegacyRow& right) {
                     return std::get<std::int64_t>(left.front()) < std::get<std::int64_t>(right.front());
@@ -66,12 +71,29 @@ private:
     void take(const JetRow& row)
     {
         const auto& columns = m_result.table->columns;
+        m_ofRow = {};
         LegacyRow cells;
         cells.reserve(columns.size());
         for (std::size_t i = 0; i < columns.size(); ++i)
-            cells.push_back(
-                locating({{}, {}, {}, {}, columns[i].name}, [&] { return cell(columns[i], m_columns[i], row); }));
+            cells.push_back(at(columns[i], [&] { return cell(columns[i], m_columns[i], row); }));
+        at(columns.front(), [&] { checkCounter(cells.front()); });
         m_result.rows.push_back(std::move(cells));
+        m_result.finerAmounts += m_ofRow.finerAmounts;
+        m_result.droppedTimes += m_ofRow.droppedTimes;
+    }
+
+    void checkCounter(const LegacyCell& cell)
+    {
+        if (!hasCounter())
+            return;
+        const std::int64_t number = std::get<std::int64_t>(cell);
+        if (!m_counters.insert(number).second)
+            throw JetError(QStringLiteral("υπάρχει και άλλη γραμμή με τον αριθμό %1").arg(number));
+    }
+
+    [[nodiscard]] bool hasCounter() const
+    {
+        return m_result.table->columns.front().form == LegacyForm::Counter && m_columns.front();
     }
 
     LegacyCell cell(const LegacyColumn& wanted, const JetColumn* column, const JetRow& row)
@@ -96,14 +118,11 @@ private:
         return {};
     }
 
-    LegacyCell counter(const JetValue& value, const JetColumn& column)
+    static LegacyCell counter(const JetValue& value, const JetColumn& column)
     {
-        const LegacyCell found = number(value, column);
+        LegacyCell found = number(value, column);
         if (std::holds_alternative<std::monostate>(found))
             throw JetError(QStringLiteral("η γραμμή δεν έχει αριθμό"));
-        if (!m_counters.insert(std::get<std::int64_t>(found)).second)
-            throw JetError(
-                QStringLiteral("υπάρχει και άλλη γραμμή με τον αριθμό %1").arg(std::get<std::int64_t>(found)));
         return found;
     }
 
@@ -123,7 +142,7 @@ private:
         const auto* const time = std::get_if<QDateTime>(&value);
         if (!time)
             throw otherKind(column);
-        m_result.droppedTimes += time->time() != QTime(0, 0);
+        m_ofRow.droppedTimes += time->time() != QTime(0, 0);
         return std::int64_t(storedDate(time->date()));
     }
 
@@ -144,7 +163,7 @@ private:
 
     std::int64_t counted(const LegacyAmount& read)
     {
-        m_result.finerAmounts += !read.isWholeCents;
+        m_ofRow.finerAmounts += !read.isWholeCents;
         return read.amount.tenThousandths();
     }
 
@@ -173,6 +192,10 @@ private:
     const JetDefinition& m_definition;
     std::vector<const JetColumn*> m_columns; // beside the table's columns; null for one that is missing
     LegacyRows m_result;
+    struct {
+        std::uint64_t finerAmounts = 0;
+        std::uint64_t droppedTimes = 0;
+    } m_ofRow; // added to the result's when the row is complete
     std::unordered_set<std::int64_t> m_counters;
 };
 

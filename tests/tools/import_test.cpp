@@ -69,7 +69,7 @@ protected:
         write(older(QStringLiteral("lorvan.mdb")), content.replace(row(before), row(after)));
     }
 
-    [[nodiscard]] ToolRun import(const QString& options = {}) const
+    [[nodiscard]] ToolRun runImport(const QString& options = {}) const
     {
         return runTool(someDay, QStringLiteral("import|%1|%2%3").arg(older(), made().dataFolder(), options));
     }
@@ -128,7 +128,7 @@ TEST_F(Import, bringsOverEveryRowAndLeavesTheOlderBookAlone)
         const QString book = QString::fromLatin1(name);
         copyOlder(book);
         const auto before = contentOf(older());
-        const ToolRun run = import();
+        const ToolRun run = runImport();
         ASSERT_EQ(run.status, ExitStatus::Done) << name << run.errors;
         EXPECT_NE(run.out.find(said), std::string::npos) << run.out;
         EXPECT_EQ(contentOf(older()), before);
@@ -199,7 +199,7 @@ TEST_F(Import, tellsWhatItDoesNotTakeAndChangesNothing)
         copyOlder(QStringLiteral("v3"));
         prepare();
         const auto before = contentOf(folder.path());
-        const ToolRun run = import();
+        const ToolRun run = runImport();
         EXPECT_EQ(run.status, ExitStatus::Failed) << what;
         EXPECT_NE(run.errors.find(message), std::string::npos) << what << ": " << run.errors;
         EXPECT_EQ(run.out, "") << what;
@@ -212,7 +212,7 @@ TEST_F(Import, findsFilesInCapitalsAndWarnsOfALockFile)
     copyOlder(QStringLiteral("v1"));
     ASSERT_TRUE(QFile::rename(older(QStringLiteral("lorvan.mdb")), older(QStringLiteral("LORVAN.MDB"))));
     write(older(QStringLiteral("Lorvan.ldb")), {});
-    const ToolRun run = import();
+    const ToolRun run = runImport();
     EXPECT_EQ(run.status, ExitStatus::Done);
     EXPECT_NE(run.errors.find("Lorvan.ldb"), std::string::npos) << run.errors;
 }
@@ -222,7 +222,7 @@ TEST_F(Import, salvagesWhatCanBeReadAndListsTheRest)
     copyOlder(QStringLiteral("v3"));
     ASSERT_TRUE(QFile::resize(older(QStringLiteral("lorvan.mdb")), 997'105));
     ASSERT_TRUE(QFile::remove(older(QStringLiteral("mapcodes.mdb"))));
-    const ToolRun run = import(QStringLiteral("|--salvage"));
+    const ToolRun run = runImport(QStringLiteral("|--salvage"));
     ASSERT_EQ(run.status, ExitStatus::Found) << run.errors;
     for (const char* const part :
         {"κομμένο", "πίνακας kinhseis: βρέθηκαν", "mapcodes.mdb: το αρχείο δεν υπάρχει", "πίνακας kinhseis, σελίδα"})
@@ -296,7 +296,7 @@ TEST_F(Import, takesBackAMoveThatAKilledProcessDidNotFinish)
     }
     ASSERT_EQ(waitpid(child, nullptr, 0), child);
     ASSERT_EQ(contentOf(made().dataFolder()).size(), 5u) << "both files, the folder with the third, and the note";
-    EXPECT_EQ(import().status, ExitStatus::Done);
+    EXPECT_EQ(runImport().status, ExitStatus::Done);
     EXPECT_EQ(contentOf(made().dataFolder()).size(), 3u);
 }
 
@@ -309,7 +309,7 @@ TEST_F(Import, keepsWhatIsNotCertainlyARemainder)
     inUse.noteMove();
     const auto before = contentOf(made().dataFolder());
     write(made().auxiliaryDatabase(), "somebody else's");
-    EXPECT_EQ(import().status, ExitStatus::Failed);
+    EXPECT_EQ(runImport().status, ExitStatus::Failed);
     ASSERT_TRUE(QFile::remove(made().auxiliaryDatabase()));
     EXPECT_EQ(contentOf(made().dataFolder()), before);
 }

@@ -206,6 +206,42 @@ TEST(JetDamage, isRefusedWithItsPlace)
     }
 }
 
+TEST(JetDamage, thatIsCollectedCostsNoMoreThanWhatItHit)
+{
+    const QByteArray original = mainFile("v1");
+    const SoundFile sound(original);
+    JetDamage none(JetDamage::Answer::Collect);
+    const std::uint64_t all = readAll(original, none);
+    EXPECT_EQ(none.count(), 0u);
+    const struct {
+        const char* what;
+        std::function<void(QByteArray&)> harm;
+        std::uint64_t rowsLost;
+        std::uint64_t counted;
+    } cases[] = {
+        {"a date that is no number", [&](QByteArray& c) { put(c, sound.row("tameio", 0) + 2 + 4, "000000000000f87f"); },
+            1, 1},
+        {"a number that is taken",
+            [&](QByteArray& c) { c.replace(sound.row("tameio", 1) + 2, 4, c.mid(sound.row("tameio", 0) + 2, 4)); }, 1,
+            1},
+        {"a first row without beginning, where the next one would end",
+            [&](QByteArray& c) { put(c, sound.slot("kvdikoi", 0), "0400"); }, 2, 3},
+        {"a lost map, for which the owners of the pages stand in",
+            [&](QByteArray& c) { put(c, sound.usageMap("kinhseis"), "07"); }, 0, 1},
+        {"a lost version, in a book that has no memorandum column yet",
+            [&](QByteArray& c) { put(c, sound.definition("taytothta"), "01"); }, 1, 1},
+    };
+    for (const auto& [what, harm, rowsLost, counted] : cases) {
+        QByteArray content = original;
+        harm(content);
+        JetDamage damage(JetDamage::Answer::Collect);
+        EXPECT_EQ(readAll(content, damage), all - rowsLost) << what;
+        EXPECT_EQ(damage.count(), counted) << what;
+        for (const JetError& error : damage.listed())
+            EXPECT_FALSE(error.place().table.isEmpty()) << what << error.what();
+    }
+}
+
 TEST(JetDamage, ofAnyKindEndsInRowsOrAnError)
 {
     std::mt19937 random(20);
