@@ -3,7 +3,6 @@
 #include "app/book.h"
 #include "cashbook/cash_closing.h"
 #include "cashbook/movement_store.h"
-#include "codes/code_catalogue.h"
 #include "platform/transaction.h"
 
 namespace lorvan {
@@ -64,23 +63,14 @@ bool CashBook::mayChange(QDate day)
     return m_rights.modifyCash || !isDayClosed(day);
 }
 
-std::variant<MovementCode, Refusal> CashBook::checkContent(const MovementDraft& draft)
+std::variant<MovementCode, Refusal> CashBook::checkActive(const MovementDraft& draft)
 {
-    if (!draft.day.isValid())
-        return Refusal::DateIsInvalid;
-    if (draft.code == 0)
-        return Refusal::NoCode;
-    const auto code = findCode(m_book.main(), draft.code, CodeSelection::Active);
-    if (!code)
-        return Refusal::CodeHasChanged;
-    if (draft.description.trimmed().isEmpty())
-        return Refusal::NoDescription;
-    return *code;
+    return checkContent(draft, [this](qint32 code) { return findCode(m_book.main(), code, CodeSelection::Active); });
 }
 
 std::optional<Refusal> CashBook::check(const MovementDraft& draft)
 {
-    const auto content = checkContent(draft);
+    const auto content = checkActive(draft);
     const auto* const refusal = std::get_if<Refusal>(&content);
     return refusal ? std::optional(*refusal) : std::nullopt;
 }
@@ -108,7 +98,7 @@ ChangeOutcome CashBook::insert(const MovementDraft& draft)
     Transaction writing(main);
     if (!mayChange(draft.day))
         return Refusal::DayIsClosed;
-    const auto code = checkContent(draft);
+    const auto code = checkActive(draft);
     if (const auto* const refusal = std::get_if<Refusal>(&code))
         return *refusal;
     addMovement(main, draft, std::get<MovementCode>(code).group);
@@ -125,7 +115,7 @@ ChangeOutcome CashBook::modify(qint64 key, const MovementDraft& draft)
     const auto found = changeable(key);
     if (const auto* const refusal = std::get_if<Refusal>(&found))
         return *refusal;
-    const auto code = checkContent(draft);
+    const auto code = checkActive(draft);
     if (const auto* const refusal = std::get_if<Refusal>(&code))
         return *refusal;
     const auto& stored = std::get<Movement>(found);

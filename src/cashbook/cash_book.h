@@ -1,8 +1,7 @@
 #pragma once
 
 #include "cashbook/day_view.h"
-#include "cashbook/movement.h"
-#include "codes/code_catalogue.h"
+#include "cashbook/movement_check.h"
 #include "users/sign_in.h"
 
 #include <optional>
@@ -11,16 +10,6 @@
 namespace lorvan {
 
 class Book;
-
-/// Why a change of movements is refused, as far as the user can put it right.
-enum class Refusal {
-    DayIsClosed, ///< The day is closed and the user may not change closed days.
-    DateIsInvalid,
-    NoCode, ///< No code is chosen.
-    CodeHasChanged, ///< The chosen code is no longer among the active ones.
-    NoDescription,
-    MovementIsGone, ///< Somebody else has deleted the movement.
-};
 
 /// A changed day, or the reason why nothing was changed.
 using ChangeOutcome = std::variant<DayView, Refusal>;
@@ -68,7 +57,7 @@ public:
 
 private:
     /// The draft's code, if the draft may be stored.
-    [[nodiscard]] std::variant<MovementCode, Refusal> checkContent(const MovementDraft& draft);
+    [[nodiscard]] std::variant<MovementCode, Refusal> checkActive(const MovementDraft& draft);
     /// The stored movement, if it may be changed or removed.
     [[nodiscard]] std::variant<Movement, Refusal> changeable(qint64 key);
 

@@ -5,6 +5,20 @@
 #include "platform/sql_functions.h"
 
 namespace lorvan {
+namespace {
+
+void shift(Statement& update)
+{
+    try {
+        update.run();
+    } catch (const SqlError& error) {
+        if (error.engineMessage() == QLatin1String(amountOverflowMessage))
+            throw CurrencyOverflow();
+        throw;
+    }
+}
+
+} // namespace
 
 CarriedBalance previousBalance(Connection& main, QDate day)
 {
@@ -46,15 +60,15 @@ void shiftLaterDays(Connection& main, QDate day, Currency difference)
 {
     if (difference.isZero())
         return;
-    try {
-        main.prepare("UPDATE tameio SET ypoloipo=amount_add(ypoloipo,?) WHERE hmeromhnia>?")
-            .bind(difference, day)
-            .run();
-    } catch (const SqlError& error) {
-        if (error.engineMessage() == QLatin1String(amountOverflowMessage))
-            throw CurrencyOverflow();
-        throw;
-    }
+    shift(main.prepare("UPDATE tameio SET ypoloipo=amount_add(ypoloipo,?) WHERE hmeromhnia>?").bind(difference, day));
+}
+
+void shiftDaysBetween(Connection& main, QDate day, QDate before, Currency difference)
+{
+    if (difference.isZero())
+        return;
+    shift(main.prepare("UPDATE tameio SET ypoloipo=amount_add(ypoloipo,?) WHERE hmeromhnia>? AND hmeromhnia<?")
+              .bind(difference, day, before));
 }
 
 } // namespace lorvan

@@ -37,4 +37,7 @@ bool writeCashDay(Connection& main, QDate day, const CashDayFigures& figures);
 /// zero. Runs inside the caller's transaction. Throws CurrencyOverflow when a balance would leave its range.
 void shiftLaterDays(Connection& main, QDate day, Currency difference);
 
+/// As shiftLaterDays(), but leaves the days from `before` on alone.
+void shiftDaysBetween(Connection& main, QDate day, QDate before, Currency difference);
+
 } // namespace lorvan

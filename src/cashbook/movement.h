@@ -16,6 +16,8 @@ struct MovementDraft {
     Currency expense;
     Currency memorandum; ///< Moves no balance.
     bool cheque = false;
+
+    friend bool operator==(const MovementDraft&, const MovementDraft&) = default;
 };
 
 /// A stored movement, a row of `kinhseis`.

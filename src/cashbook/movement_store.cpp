@@ -41,6 +41,14 @@ std::optional<Movement> findMovement(Connection& main, qint64 key)
     return row.step() ? std::optional(movementIn(row)) : std::nullopt;
 }
 
+void forEachMovement(Connection& main, const std::function<void(const Movement&)>& take)
+{
+    auto rows = main.prepare("SELECT aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
+                             " ORDER BY aa");
+    while (rows.step())
+        take(movementIn(rows));
+}
+
 void addMovement(Connection& main, const MovementDraft& movement, qint32 group)
 {
     main.prepare("INSERT INTO kinhseis"

@@ -2,6 +2,7 @@
 
 #include "cashbook/movement.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -16,6 +17,9 @@ class Connection;
 [[nodiscard]] std::vector<Movement> movementsOf(Connection& main, QDate day);
 
 [[nodiscard]] std::optional<Movement> findMovement(Connection& main, qint64 key);
+
+/// Hands over all movements in the order of their keys, one at a time.
+void forEachMovement(Connection& main, const std::function<void(const Movement&)>& take);
 
 /// Stores the description trimmed, and the display line beside it; `group` is the group number of the movement's code.
 void addMovement(Connection& main, const MovementDraft& movement, qint32 group);

@@ -30,7 +30,7 @@ std::optional<qint32> groupNamed(Connection& main, const QString& name)
 MovementCode rowOf(const CodeEntry& entry, qint32 code, qint32 group)
 {
     return {code, entry.description.trimmed(), codeListLine(entry.code, entry.description), group, entry.income,
-        entry.active, entry.group};
+        entry.active, entry.group.isNull() ? QStringLiteral("") : entry.group};
 }
 
 /// The row to be added, if the entry may be added.
@@ -69,17 +69,23 @@ bool isUsed(Connection& main, qint32 code)
 
 } // namespace
 
+qint64 storeCode(Connection& main, const MovementCode& code)
+{
+    const auto groupName = code.groupName.isNull() ? std::nullopt : std::optional(code.groupName);
+    main.prepare(
+            "INSERT INTO kvdikoi (aa, kvdikos, perigrafh, lista, aa_omadas, esodo, energos, omada)"
+            " VALUES ((SELECT nullif(?1,0) WHERE NOT EXISTS (SELECT 1 FROM kvdikoi WHERE aa=?1)),?2,?3,?4,?5,?6,?7,?8)")
+        .bind(code.row, code.code, code.description, code.listLine, code.group, code.income, code.active, groupName)
+        .run();
+    return main.lastInsertedKey();
+}
+
 std::variant<MovementCode, CodeRefusal> insertCode(Connection& main, const CodeEntry& entry)
 {
     Transaction writing(main);
     auto checked = checkInsertion(main, entry);
     if (auto* const code = std::get_if<MovementCode>(&checked)) {
-        main.prepare("INSERT INTO kvdikoi (kvdikos, perigrafh, lista, aa_omadas, esodo, energos, omada)"
-                     " VALUES (?,?,?,?,?,?,?)")
-            .bind(
-                code->code, code->description, code->listLine, code->group, code->income, code->active, code->groupName)
-            .run();
-        code->row = main.lastInsertedKey();
+        code->row = storeCode(main, *code);
         writing.commit();
     }
     return checked;

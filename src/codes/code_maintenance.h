@@ -34,6 +34,10 @@ enum class CodeRefusal {
 /// group with the entry's group name, 0 without one. Returns the new row.
 [[nodiscard]] std::variant<MovementCode, CodeRefusal> insertCode(Connection& main, const CodeEntry& entry);
 
+/// Stores a code as it stands, without any check, inside the caller's transaction. It keeps its `row` where that one is
+/// free; otherwise, and for 0, it gets a new one. A null group name is stored as NULL. Returns the row.
+qint64 storeCode(Connection& main, const MovementCode& code);
+
 /// Overwrites a row as typed, duplicates included, and gives the group number to every movement that carries the number
 /// it has now. Movements under a former number keep it. Only a code that is no whole number is refused.
 [[nodiscard]] std::optional<CodeRefusal> modifyCode(Connection& main, qint64 row, const CodeEntry& entry, qint32 group);

@@ -34,6 +34,13 @@ std::variant<CodeGroup, GroupRefusal> addGroup(Connection& main, const QString& 
     return CodeGroup{number, trimmed};
 }
 
+void storeGroup(Connection& main, const CodeGroup& group, const std::optional<QString>& notes)
+{
+    main.prepare("INSERT INTO omades (aa, sxolia, perigrafh) VALUES (?,?,?)")
+        .bind(group.number, notes, group.name)
+        .run();
+}
+
 std::optional<GroupRefusal> renameGroup(Connection& main, qint32 number, const QString& name)
 {
     if (!isGroupName(name))

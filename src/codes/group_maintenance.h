@@ -21,6 +21,10 @@ enum class GroupRefusal {
 /// Adds a group, its name trimmed. Returns it with the number that it was given.
 [[nodiscard]] std::variant<CodeGroup, GroupRefusal> addGroup(Connection& main, const QString& name);
 
+/// Stores a group under its number, which must be free, without any check, inside the caller's transaction. `notes` go
+/// into the column that the program does not use.
+void storeGroup(Connection& main, const CodeGroup& group, const std::optional<QString>& notes);
+
 /// Renames a group, and every code of it. The name of another group is accepted; the name that it has already brings
 /// its codes in step. Never refuses with NameExists.
 [[nodiscard]] std::optional<GroupRefusal> renameGroup(Connection& main, qint32 number, const QString& name);

@@ -46,6 +46,14 @@ void Statement::bindAt(int parameter, std::nullptr_t)
     check(sqlite3_bind_null(m_handle, parameter));
 }
 
+void Statement::bindAt(int parameter, const std::optional<QString>& text)
+{
+    if (text)
+        bindAt(parameter, *text);
+    else
+        check(sqlite3_bind_null(m_handle, parameter));
+}
+
 void Statement::bindAt(int parameter, QDate date)
 {
     bindInteger(parameter, storedDate(date));

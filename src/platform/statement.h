@@ -8,6 +8,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 struct sqlite3_stmt;
 
@@ -36,6 +37,7 @@ public:
 
     void bindAt(int parameter, const QString& text); ///< Copies the text. A null text is bound as an empty one.
     void bindAt(int parameter, std::nullptr_t); ///< As NULL.
+    void bindAt(int parameter, const std::optional<QString>& text); ///< As NULL where there is none.
     void bindAt(int parameter, QDate date); ///< As yyyymmdd.
     void bindAt(int parameter, Currency amount); ///< As ten-thousandths.
     /// A boolean as -1 or 0. No other type converts to a parameter by itself, a floating-point number least of all.

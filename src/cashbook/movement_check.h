@@ -1,0 +1,29 @@
+#pragma once
+
+#include "cashbook/movement.h"
+#include "codes/code_catalogue.h"
+
+#include <functional>
+#include <optional>
+#include <variant>
+
+namespace lorvan {
+
+/// Why a change of movements is refused, as far as the user can put it right.
+enum class Refusal {
+    DayIsClosed, ///< The day is closed and the user may not change closed days.
+    DateIsInvalid,
+    NoCode, ///< No code is chosen.
+    CodeHasChanged, ///< The chosen code is no longer among the active ones.
+    NoDescription,
+    MovementIsGone, ///< Somebody else has deleted the movement.
+};
+
+/// The code with that number, if movements may carry it.
+using CodeLookUp = std::function<std::optional<MovementCode>(qint32 code)>;
+
+/// The code of a movement whose content may be stored; otherwise the first of date, code, code still there and
+/// description that stands in the way.
+[[nodiscard]] std::variant<MovementCode, Refusal> checkContent(const MovementDraft& draft, const CodeLookUp& findCode);
+
+} // namespace lorvan
