@@ -38,7 +38,9 @@ struct Command {
 
 [[nodiscard]] Command createCommand();
 [[nodiscard]] Command demoCommand();
+[[nodiscard]] Command exportCommand();
 [[nodiscard]] Command importCommand();
+[[nodiscard]] Command importCsvCommand();
 [[nodiscard]] Command pathCommand();
 
 } // namespace lorvan

@@ -1,6 +1,9 @@
 list(APPEND LORVAN_CORE_TESTS
     ${CMAKE_CURRENT_LIST_DIR}/claimed_marker_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/csv_import_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/csv_reader_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/demo_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/export_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/import_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/jet_damage_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/jet_values_test.cpp

@@ -1,0 +1,225 @@
+#include "tools/book_export.h"
+
+#include "cashbook/movement_store.h"
+#include "platform/transaction.h"
+#include "reports/movement_workbook.h"
+#include "tools/book_tables.h"
+#include "tools/csv_values.h"
+#include "tools/new_folder.h"
+#include "tools/opened_book.h"
+#include "tools/refused.h"
+
+#include <QFile>
+
+namespace lorvan {
+namespace {
+
+constexpr qint64 rowsBetweenReports = 256;
+constexpr qsizetype writtenAtOnce = 1 << 20;
+
+/// A file that is written in large pieces. All operations throw Refused.
+class OutputFile {
+public:
+    explicit OutputFile(const QString& path)
+        : m_file(path)
+    {
+        if (!m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+            fail();
+    }
+    void write(const QByteArray& bytes)
+    {
+        m_waiting += bytes;
+        if (m_waiting.size() >= writtenAtOnce)
+            flush();
+    }
+    void flush()
+    {
+        for (qsizetype done = 0; done < m_waiting.size();) {
+            const qint64 written = m_file.write(m_waiting.constData() + done, m_waiting.size() - done);
+            if (written <= 0)
+                fail();
+            done += written;
+        }
+        m_waiting.clear();
+    }
+
+private:
+    [[noreturn]] void fail() const
+    {
+        throw Refused(QStringLiteral("Το αρχείο %1 δεν γράφεται. %2").arg(m_file.fileName(), m_file.errorString()));
+    }
+
+    QFile m_file;
+    QByteArray m_waiting;
+};
+
+/// One database of the book, copied. The copy goes with the object.
+class DatabaseCopy {
+public:
+    DatabaseCopy(Connection& book, const QString& schema, const QString& path)
+        : m_path(path)
+    {
+        OutputFile file(path);
+        book.readFile(schema, [&file](const QByteArray& block) {
+            file.write(block);
+            return true;
+        });
+        file.flush();
+    }
+    ~DatabaseCopy() { QFile::remove(m_path); }
+    DatabaseCopy(const DatabaseCopy&) = delete;
+    DatabaseCopy& operator=(const DatabaseCopy&) = delete;
+
+    [[nodiscard]] Connection open(KeyRing& keys) const
+    {
+        return Connection::open(m_path, keys.keyFor(m_path), Connection::Access::ReadOnly);
+    }
+
+private:
+    QString m_path;
+};
+
+struct BookState {
+    DatabaseCopy main;
+    DatabaseCopy auxiliary;
+};
+
+/// Both databases at one moment: the locks of both are held before the first is copied. A writer's commit waits so
+/// long.
+BookState copyState(OpenedBook& book, const NewFolder& folder)
+{
+    Connection& connection = book.connection();
+    const Transaction reading(connection, Transaction::Mode::Read);
+    for (const char* const lock : {"SELECT count(*) FROM taytothta", "SELECT count(*) FROM codes"})
+        (void)connection.prepare(lock).step();
+    return {DatabaseCopy(connection, QStringLiteral("main"), folder.filePath(QStringLiteral(".lorvan.mdb"))),
+        DatabaseCopy(connection, QStringLiteral("auxiliary"), folder.filePath(QStringLiteral(".mapcodes.mdb")))};
+}
+
+qint64 countRows(Connection& connection, const BookTable& table)
+{
+    auto row = connection.prepare(std::string("SELECT count(*) FROM ") + table.name);
+    return row.step() ? row.integer(0) : 0;
+}
+
+QByteArray csvValue(const Statement& row, int column, BookColumn::Kind kind)
+{
+    if (row.isNull(column))
+        return {};
+    switch (kind) {
+    case BookColumn::Kind::Whole:
+        return QByteArray::number(static_cast<qint64>(row.integer(column)));
+    case BookColumn::Kind::Amount:
+        return csvAmount(row.currency(column));
+    case BookColumn::Kind::Date:
+        return csvDate(row.integer(column));
+    case BookColumn::Kind::Flag:
+        return row.boolean(column) ? "1" : "0";
+    case BookColumn::Kind::Text:
+    case BookColumn::Kind::Password:
+        break;
+    }
+    return csvText(row.text(column));
+}
+
+/// Reports over all tables, the movements counting twice: they become a workbook too.
+class Export {
+public:
+    Export(const BookState& state, KeyRing& keys, const NewFolder& folder, Passwords passwords,
+        const StepProgress& progress)
+        : m_main(state.main.open(keys))
+        , m_auxiliary(state.auxiliary.open(keys))
+        , m_folder(folder)
+        , m_passwords(passwords)
+        , m_progress(progress)
+    {
+        for (const BookTable& table : bookTables())
+            m_rows += countRows(databaseOf(table), table);
+        m_rows += countRows(m_main, bookTables().front());
+    }
+
+    void run()
+    {
+        for (const BookTable& table : bookTables())
+            writeTable(table);
+        writeWorkbook();
+    }
+
+private:
+    [[nodiscard]] Connection& databaseOf(const BookTable& table)
+    {
+        return table.database == BookTable::Database::Main ? m_main : m_auxiliary;
+    }
+    [[nodiscard]] std::vector<BookColumn> columnsOf(const BookTable& table) const;
+    void writeTable(const BookTable& table);
+    void writeWorkbook();
+    void noteRow()
+    {
+        if (++m_done % rowsBetweenReports == 0 && m_progress)
+            m_progress(m_done, m_rows);
+    }
+
+    Connection m_main;
+    Connection m_auxiliary;
+    const NewFolder& m_folder;
+    Passwords m_passwords;
+    const StepProgress& m_progress;
+    qint64 m_rows = 0;
+    qint64 m_done = 0;
+};
+
+std::vector<BookColumn> Export::columnsOf(const BookTable& table) const
+{
+    std::vector<BookColumn> columns = table.columns;
+    if (m_passwords == Passwords::LeaveOut)
+        std::erase_if(columns, [](const BookColumn& each) { return each.kind == BookColumn::Kind::Password; });
+    return columns;
+}
+
+QByteArray joined(const std::vector<BookColumn>& columns)
+{
+    QByteArrayList names;
+    for (const BookColumn& each : columns)
+        names += each.name;
+    return names.join(',');
+}
+
+void Export::writeTable(const BookTable& table)
+{
+    const std::vector<BookColumn> columns = columnsOf(table);
+    const QByteArray names = joined(columns);
+    OutputFile file(m_folder.filePath(QString::fromLatin1(table.name) + QStringLiteral(".csv")));
+    file.write(names + '\n');
+    auto rows =
+        databaseOf(table).prepare(("SELECT " + names + " FROM " + table.name + " ORDER BY rowid").toStdString());
+    while (rows.step()) {
+        QByteArray line;
+        for (std::size_t column = 0; column < columns.size(); ++column) {
+            line += column == 0 ? "" : ",";
+            line += csvValue(rows, static_cast<int>(column), columns[column].kind);
+        }
+        file.write(line + '\n');
+        noteRow();
+    }
+    file.flush();
+}
+
+void Export::writeWorkbook()
+{
+    MovementWorkbook workbook(m_folder.filePath(QStringLiteral("kinhseis.xlsx")));
+    forEachMovement(m_main, [&](const Movement& movement) {
+        workbook.add(movement);
+        noteRow();
+    });
+    workbook.finish();
+}
+
+} // namespace
+
+void exportBook(OpenedBook& book, const NewFolder& folder, Passwords passwords, const StepProgress& progress)
+{
+    const BookState state = copyState(book, folder);
+    Export(state, book.keys(), folder, passwords, progress).run();
+}
+
+} // namespace lorvan

@@ -1,0 +1,83 @@
+#include "tools/command.h"
+
+#include "app/book_schema.h"
+#include "tools/claimed_marker.h"
+#include "tools/csv_import.h"
+#include "tools/opened_book.h"
+#include "tools/progress_bar.h"
+#include "tools/refused.h"
+
+namespace lorvan {
+namespace {
+
+void printBadLines(const CsvImportOutcome& outcome, std::ostream& errors)
+{
+    for (const BadLine& bad : outcome.badLines)
+        errors << bad.file.toStdString() << ':' << bad.line << ": " << bad.reason.toStdString() << '\n';
+    const qint64 others = outcome.badLineCount - static_cast<qint64>(outcome.badLines.size());
+    if (others > 0)
+        errors << "… και άλλες " << others << '\n';
+}
+
+void printRows(const char* what, const ImportedRows& rows, std::ostream& out)
+{
+    if (rows.added + rows.present > 0)
+        out << what << ": προστέθηκαν " << rows.added << ", υπήρχαν ήδη ίδιες εγγραφές " << rows.present << '\n';
+}
+
+void printDone(const CsvImportOutcome& outcome, std::ostream& out)
+{
+    printRows("Ομάδες", outcome.groups, out);
+    printRows("Κωδικοί", outcome.codes, out);
+    out << "Κινήσεις: προστέθηκαν " << outcome.movements << '\n';
+    if (outcome.repeatedMovements > 0)
+        out << "Προσοχή: το βιβλίο είχε ήδη ίδιες κινήσεις με " << outcome.repeatedMovements
+            << " από αυτές. Ένα αρχείο που εισάγεται δύο φορές γράφεται δύο φορές.\n";
+}
+
+CsvImportOutcome import(OpenedBook& book, const QString& folder, ClosedDays closedDays, const ToolContext& context)
+{
+    const ClaimedMarker marker(book.files());
+    if (book.connection().isReadOnly())
+        throw Refused(QStringLiteral("Το βιβλίο είναι μόνο για ανάγνωση. Δεν έγινε τίποτα."));
+    ensureMainIndexes(book.connection());
+    ProgressBar bar(context, QStringLiteral("Εισαγωγή"));
+    return importCsv(
+        book.connection(), folder, closedDays, [&bar](qint64 done, qint64 whole) { bar.show(done, whole); });
+}
+
+ExitStatus importCsvFiles(Arguments& arguments, const ToolContext& context)
+{
+    const ClosedDays closedDays =
+        arguments.takeFlag(QStringLiteral("--closed-days")) ? ClosedDays::Accept : ClosedDays::Refuse;
+    const QString bookFolder = arguments.takeBookFolder();
+    const QString folder = arguments.takeWord(QStringLiteral("ο φάκελος με τα αρχεία CSV"));
+    arguments.finish();
+
+    OpenedBook book(bookFolder);
+    const CsvImportOutcome outcome = import(book, folder, closedDays, context);
+    if (outcome.badLineCount == 0) {
+        printDone(outcome, context.out);
+        return ExitStatus::Done;
+    }
+    printBadLines(outcome, context.errors);
+    throw Refused(QStringLiteral("Γραμμές με λάθη: %1. Δεν προστέθηκε τίποτα.").arg(outcome.badLineCount));
+}
+
+} // namespace
+
+Command importCsvCommand()
+{
+    return {QStringLiteral("import-csv"), QStringLiteral("ΦΑΚΕΛΟΣ ΦΑΚΕΛΟΣ_CSV [--closed-days]"),
+        QStringLiteral("Προσθέτει ομάδες, κωδικούς και κινήσεις από αρχεία CSV."),
+        QStringLiteral(
+            "\n  --closed-days   δέχεται και κινήσεις σε ημέρες που έχουν κλείσει\n\n"
+            "Διαβάζει από τον ΦΑΚΕΛΟ_CSV όσα υπάρχουν από τα omades.csv, kvdikoi.csv και kinhseis.csv, όπως τα\n"
+            "γράφει η εντολή export. Οι κινήσεις μπαίνουν σαν να πληκτρολογήθηκαν: αλλάζουν και τα υπόλοιπα των\n"
+            "επόμενων ημερών. Αν έστω και μία γραμμή έχει λάθος, δεν προστέθηκε τίποτα και οι γραμμές με λάθη\n"
+            "αναφέρονται μία προς μία. Ένα αρχείο που εισάγεται δύο φορές γράφεται δύο φορές.\n"
+            "Το βιβλίο δεν πρέπει να χρησιμοποιείται από το πρόγραμμα.\n"),
+        importCsvFiles};
+}
+
+} // namespace lorvan
