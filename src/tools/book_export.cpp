@@ -3,6 +3,7 @@
 #include "cashbook/movement_store.h"
 #include "platform/transaction.h"
 #include "reports/movement_workbook.h"
+#include "reports/table_export.h"
 #include "tools/book_tables.h"
 #include "tools/csv_values.h"
 #include "tools/new_folder.h"
@@ -206,12 +207,17 @@ void Export::writeTable(const BookTable& table)
 
 void Export::writeWorkbook()
 {
-    MovementWorkbook workbook(m_folder.filePath(QStringLiteral("kinhseis.xlsx")));
-    forEachMovement(m_main, [&](const Movement& movement) {
-        workbook.add(movement);
-        noteRow();
-    });
-    workbook.finish();
+    const QString path = m_folder.filePath(QStringLiteral("kinhseis.xlsx"));
+    try {
+        MovementWorkbook workbook(path);
+        forEachMovement(m_main, [&](const Movement& movement) {
+            workbook.add(movement);
+            noteRow();
+        });
+        workbook.finish();
+    } catch (const TableExportError& error) {
+        throw Refused(QStringLiteral("Το αρχείο %1 δεν γράφεται. %2").arg(path, QString::fromUtf8(error.what())));
+    }
 }
 
 } // namespace

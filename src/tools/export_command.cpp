@@ -1,6 +1,7 @@
 #include "tools/command.h"
 
 #include "tools/book_export.h"
+#include "tools/interruption.h"
 #include "tools/new_folder.h"
 #include "tools/opened_book.h"
 #include "tools/progress_bar.h"
@@ -16,12 +17,17 @@ ExitStatus exportTables(Arguments& arguments, const ToolContext& context)
     const QString target = arguments.takeWord(QStringLiteral("ο φάκελος για τα αρχεία CSV"));
     arguments.finish();
 
+    const Interruption interruption;
     OpenedBook book(bookFolder);
     NewFolder folder(target);
     {
         ProgressBar bar(context, QStringLiteral("Εξαγωγή"));
-        exportBook(book, folder, passwords, [&bar](qint64 done, qint64 whole) { bar.show(done, whole); });
+        exportBook(book, folder, passwords, [&](qint64 done, qint64 whole) {
+            interruption.check();
+            bar.show(done, whole);
+        });
     }
+    interruption.check();
     folder.keep();
     context.out << "Το βιβλίο γράφτηκε σε αρχεία CSV και XLSX στον φάκελο " << target.toStdString() << '\n';
     return ExitStatus::Done;
