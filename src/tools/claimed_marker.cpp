@@ -19,13 +19,18 @@ namespace {
 constexpr std::array endingSignals{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE};
 constexpr char noSignal = 0;
 
-std::array<int, 2> wakeUp{-1, -1};
+int signalPipe = -1; ///< Where the watch that began last is told of a signal.
+
+void tell(int pipe, int number)
+{
+    const char byte = static_cast<char>(number);
+    [[maybe_unused]] const auto written = ::write(pipe, &byte, 1);
+}
 
 /// Runs inside the signal, where next to nothing is allowed but a write.
 void onSignal(int number)
 {
-    const char byte = static_cast<char>(number);
-    [[maybe_unused]] const auto written = ::write(wakeUp[1], &byte, 1);
+    tell(signalPipe, number);
 }
 
 void endBySignal(int number)
@@ -59,8 +64,9 @@ public:
     explicit SignalWatch(UsageMarker& marker)
         : m_marker(marker)
     {
-        if (::pipe2(wakeUp.data(), O_CLOEXEC) != 0)
+        if (::pipe2(m_pipe.data(), O_CLOEXEC) != 0)
             throw std::system_error(errno, std::generic_category(), "pipe");
+        m_outerPipe = std::exchange(signalPipe, m_pipe[1]);
         m_thread = std::thread(&SignalWatch::wait, this);
         struct sigaction watched { };
         watched.sa_handler = onSignal;
@@ -73,12 +79,13 @@ public:
     }
     ~SignalWatch()
     {
-        onSignal(noSignal);
+        tell(m_pipe[1], noSignal);
         m_thread.join();
         for (std::size_t i = 0; i < endingSignals.size(); ++i)
             ::sigaction(endingSignals[i], &m_before[i], nullptr);
-        for (int& end : wakeUp)
-            ::close(std::exchange(end, -1));
+        signalPipe = m_outerPipe;
+        for (const int end : m_pipe)
+            ::close(end);
     }
     SignalWatch(const SignalWatch&) = delete;
     SignalWatch& operator=(const SignalWatch&) = delete;
@@ -104,7 +111,7 @@ private:
     void wait()
     {
         char number = noSignal;
-        while (::read(wakeUp[0], &number, 1) < 0 && errno == EINTR) { }
+        while (::read(m_pipe[0], &number, 1) < 0 && errno == EINTR) { }
         if (number == noSignal)
             return;
         release();
@@ -113,6 +120,8 @@ private:
 
     UsageMarker& m_marker;
     std::mutex m_mutex;
+    std::array<int, 2> m_pipe{-1, -1};
+    int m_outerPipe = -1;
     std::array<struct sigaction, endingSignals.size()> m_before{};
     std::thread m_thread;
 };
