@@ -1,6 +1,7 @@
 #include "reports/movement_workbook.h"
 
 #include "reports/table_export.h"
+#include "reports/workbook_proof.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -47,7 +48,8 @@ lxw_format* newFormat(lxw_workbook* workbook, const char* number)
 } // namespace
 
 MovementWorkbook::MovementWorkbook(const QString& path, unsigned rowsOfSheet)
-    : m_rowsOfSheet(rowsOfSheet)
+    : m_path(path)
+    , m_rowsOfSheet(rowsOfSheet)
 {
     QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
     lxw_workbook_options options{};
@@ -118,8 +120,10 @@ void MovementWorkbook::addText(int column, const QString& text, Look look)
 
 void MovementWorkbook::add(const Movement& movement)
 {
-    if (m_row == m_rowsOfSheet)
+    if (m_row == m_rowsOfSheet) {
+        m_rows.push_back(m_row);
         beginSheet();
+    }
     addNumber(Key, static_cast<double>(movement.key), Look::Whole);
     addDate(Day, movement.day);
     addNumber(Code, movement.code, Look::Whole);
@@ -137,6 +141,8 @@ void MovementWorkbook::finish()
     lxw_workbook* const workbook = m_workbook;
     m_workbook = nullptr;
     check(workbook_close(workbook));
+    m_rows.push_back(m_row);
+    proveWorkbook(m_path, m_rows);
 }
 
 } // namespace lorvan

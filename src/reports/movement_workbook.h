@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <array>
+#include <vector>
 
 struct lxw_format;
 struct lxw_workbook;
@@ -27,7 +28,7 @@ public:
 
     /// Throws TableExportError.
     void add(const Movement& movement);
-    /// Throws TableExportError.
+    /// Writes the file and reads it again. Throws TableExportError.
     void finish();
 
 private:
@@ -41,11 +42,13 @@ private:
 
     [[nodiscard]] lxw_format* formatOf(Look look) const { return m_formats[static_cast<std::size_t>(look)]; }
 
+    QString m_path;
     lxw_workbook* m_workbook;
     lxw_worksheet* m_sheet = nullptr;
     std::array<lxw_format*, 5> m_formats{};
     const unsigned m_rowsOfSheet;
     unsigned m_row = 0;
+    std::vector<qint64> m_rows; ///< Of the sheets that are full.
 };
 
 } // namespace lorvan

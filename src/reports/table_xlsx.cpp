@@ -1,6 +1,7 @@
 #include "reports/table_xlsx.h"
 
 #include "reports/table_export.h"
+#include "reports/workbook_proof.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -51,6 +52,7 @@ void check(lxw_error outcome)
 } // namespace
 
 XlsxSink::XlsxSink(const QString& path, const ReportDocument& document)
+    : m_path(path)
 {
     QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
     lxw_workbook_options options{};
@@ -147,6 +149,7 @@ void XlsxSink::finish()
     lxw_workbook* const workbook = m_workbook;
     m_workbook = nullptr;
     check(workbook_close(workbook));
+    proveWorkbook(m_path, {m_row});
 }
 
 } // namespace lorvan

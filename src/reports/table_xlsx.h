@@ -30,6 +30,7 @@ private:
     void addCell(int column, const TableCell& cell, lxw_format* format);
     [[nodiscard]] lxw_format* formatFor(TableCell::Kind kind, const TableRowLook& look);
 
+    QString m_path;
     lxw_workbook* m_workbook;
     lxw_worksheet* m_sheet;
     std::map<Look, lxw_format*> m_formats;

@@ -182,6 +182,29 @@ TEST_F(TableExport, aFullDiskIsTold)
     Mount::undo(folder.path());
 }
 
+/// The library's own temporary files, where they do not fit, lose rows without a word.
+TEST_F(TableExport, aWorkbookIsWholeOrThereIsNone)
+{
+    if (!Mount::smallDisk(folder.path()))
+        GTEST_SKIP() << "no small disk can be mounted here";
+    const QByteArray temporary = qgetenv("TMPDIR");
+    qputenv("TMPDIR", folder.path().toUtf8());
+    const QTemporaryDir elsewhere(QStringLiteral("/tmp/lorvan-XXXXXX"));
+    int refused = 0;
+    for (int rows = 250; rows < 2'500; rows += 250) {
+        const QString target = elsewhere.filePath(QString::number(rows));
+        try {
+            ASSERT_TRUE(saveTable(cheques(rows), target, TableFormat::Xlsx, {}));
+            EXPECT_GE(partOf(target, QStringLiteral("xl/worksheets/sheet1.xml")).count("</row>"), rows);
+        } catch (const TableExportError&) {
+            ++refused;
+        }
+    }
+    EXPECT_GT(refused, 0);
+    qputenv("TMPDIR", temporary);
+    Mount::undo(folder.path());
+}
+
 TEST_F(TableExport, moreRowsThanASheetHolds)
 {
     ReportDocument large;
