@@ -3,6 +3,7 @@
 #include "controls/command_button.h"
 
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -11,6 +12,14 @@ namespace {
 
 constexpr int margin = 16;
 constexpr int confirmWidth = 96;
+
+bool isArrow(const QEvent& event)
+{
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right;
+}
 
 } // namespace
 
@@ -26,6 +35,7 @@ OptionQuestion::OptionQuestion(const QString& title, const QString& frame, const
     for (const QString& text : options) {
         auto* const each = m_options.emplace_back(new QRadioButton(text));
         each->setObjectName(QStringLiteral("Option1(%1)").arg(m_options.size() - 1));
+        each->installEventFilter(this);
         list->addWidget(each);
     }
     auto* const confirm = new CommandButton({}, QStringLiteral("OK "));
@@ -43,6 +53,17 @@ OptionQuestion::OptionQuestion(const QString& title, const QString& frame, const
     whole->addStretch(1);
     whole->addWidget(confirm, 0, Qt::AlignRight);
     m_options.front()->setFocus(Qt::OtherFocusReason);
+}
+
+/// As long as no option is chosen, arrows would only move the focus.
+bool OptionQuestion::eventFilter(QObject* watched, QEvent* event)
+{
+    if (!isArrow(*event))
+        return QDialog::eventFilter(watched, event);
+    watched->event(event);
+    if (auto* const reached = qobject_cast<QRadioButton*>(focusWidget()))
+        reached->setChecked(true);
+    return true;
 }
 
 void OptionQuestion::addBelow(QWidget* widget)

@@ -10,8 +10,12 @@ class QVBoxLayout;
 namespace lorvan {
 
 /// A small modal question: options in a frame, of which one at most is chosen, and a button that hides the window.
+/// An arrow key chooses the option that it goes to.
 class OptionQuestion : public QDialog {
     Q_OBJECT
+
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
     OptionQuestion(const QString& title, const QString& frame, const QStringList& options, QWidget* parent);
