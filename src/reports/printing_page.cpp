@@ -142,7 +142,7 @@ QLayout* PrintingPage::choiceColumn()
 
 void PrintingPage::setTabOrders()
 {
-    chainTabOrder(QWidgetList{m_reports, m_fields[field::periodStart], m_fields[field::periodEnd], m_periods, m_print}
+    chainTabOrder(QWidgetList{m_reports, m_fields[field::periodStart], m_fields[field::periodEnd], m_print, m_periods}
         + m_codes->controls() + m_groups->controls());
 }
 

@@ -282,7 +282,7 @@ TEST_F(TabOrderTest, thePrintingPageReadsAsTheEyeDoes)
     selectTab(2);
     EXPECT_EQ(user().focusName(), QStringLiteral("List2(0)"));
     expectOrder(user(),
-        "List2(0) Text1(7) Text1(8) periods Command1(1) findRow(1) List2(1) chooseAll(1) "
+        "List2(0) Text1(7) Text1(8) Command1(1) periods findRow(1) List2(1) chooseAll(1) "
         "findRow(2) List2(2) chooseAll(2)");
 }
 
