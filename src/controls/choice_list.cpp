@@ -194,9 +194,16 @@ void ChoiceList::find(const QString& text)
         return;
     const int row = rowWith(text.trimmed(), std::max(m_list->currentIndex().row(), 0), 1);
     if (row < 0)
-        return m_count->setText(QStringLiteral("Δεν βρέθηκε: ") + text.trimmed());
+        return showNotFound(text.trimmed());
     m_list->selectionModel()->setCurrentIndex(m_list->model()->index(row, 0), QItemSelectionModel::NoUpdate);
     m_list->scrollTo(m_list->currentIndex());
+}
+
+/// As much of the text as there is room for: the page must not grow with it.
+void ChoiceList::showNotFound(const QString& text)
+{
+    const QString answer = QStringLiteral("Δεν βρέθηκε: ") + text;
+    m_count->setText(m_count->fontMetrics().elidedText(answer, Qt::ElideRight, m_count->width()));
 }
 
 void ChoiceList::findNext(int step)

@@ -58,6 +58,7 @@ private:
     bool takeListKey(const QKeyEvent& event);
     bool takeFieldKey(const QKeyEvent& event);
     void find(const QString& text);
+    void showNotFound(const QString& text);
     void findNext(int step);
     [[nodiscard]] int rowWith(const QString& text, int first, int step) const;
     void endSearch();

@@ -179,6 +179,10 @@ TEST(ChoiceList, isSearchedAndChosenFromByTyping)
         EXPECT_EQ(count->text(), QString::fromUtf8(text));
         EXPECT_EQ(QApplication::focusWidget(), field);
     }
+    const int width = choice->minimumSizeHint().width();
+    QTest::keyClicks(field, QString(200, u'x'));
+    EXPECT_TRUE(count->text().startsWith(QStringLiteral("Δεν βρέθηκε: xx")));
+    EXPECT_LE(choice->minimumSizeHint().width(), width);
     QTest::keyClick(field, Qt::Key_Escape);
     EXPECT_EQ(QApplication::focusWidget(), choice->list());
     choice->findChild<QAbstractButton*>(QStringLiteral("chooseNone(1)"))->click();
