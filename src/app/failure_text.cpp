@@ -4,6 +4,7 @@
 #include "app/schema_upgrade.h"
 #include "app/usage_marker.h"
 #include "platform/currency.h"
+#include "platform/settings_store.h"
 #include "platform/sql_error.h"
 
 namespace lorvan {
@@ -43,6 +44,8 @@ QString plainText(const std::exception& failure)
         return QStringLiteral("Το ποσό είναι μεγαλύτερο από όσο μπορεί να κρατήσει το ταμείο.");
     if (dynamic_cast<const MarkerError*>(&failure))
         return QStringLiteral("Το αρχείο χρήσης lorvan.dat δεν διαβάζεται ή δεν γράφεται.");
+    if (dynamic_cast<const SettingsError*>(&failure))
+        return QStringLiteral("Το αρχείο με τις επιλογές του χρήστη δεν διαβάζεται ή δεν γράφεται.");
     if (const auto* unknown = dynamic_cast<const UnknownSchemaVersion*>(&failure))
         return QStringLiteral("Η έκδοση %1 της βάσης δεδομένων είναι άγνωστη σε αυτό το πρόγραμμα.")
             .arg(unknown->version());

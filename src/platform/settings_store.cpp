@@ -198,10 +198,10 @@ void SettingsStore::write(const std::vector<Setting>& settings) const
     if (withSettings(earlier, settings) == earlier)
         return;
     if (!QDir().mkpath(QFileInfo(m_path).path()))
-        fail(QStringLiteral("its folder cannot be made"));
+        fail(QStringLiteral("ο φάκελός του δεν δημιουργείται"));
     QLockFile lock(m_path + QStringLiteral(".lock"));
     if (!lock.tryLock(static_cast<int>(lockTimeout.count())))
-        fail(QStringLiteral("its lock file cannot be had"));
+        fail(QStringLiteral("δεν γράφεται δίπλα του το αρχείο κλειδώματος"));
     QSaveFile file(m_path);
     if (!file.open(QIODevice::WriteOnly) || file.write(withSettings(content(), settings)) < 0 || !file.commit())
         fail(file.errorString());

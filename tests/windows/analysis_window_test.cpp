@@ -194,7 +194,7 @@ TEST_F(AnalysisWindowTest, failuresAreToldAndLoseNothing)
     open();
     choose(0, QStringLiteral("200"));
     ASSERT_TRUE(QDir(book.folder()).mkdir(QStringLiteral("Lorvan.ini"))); // no file can be there
-    boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("Lorvan.ini"))));
+    boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("επιλογές"))));
     save();
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(shown(1), QStringLiteral("Ομαδα 1|200 Προμήθειες/200|/"));
