@@ -90,6 +90,22 @@ void Statement::reset()
     sqlite3_reset(m_handle);
 }
 
+Statement::StoredType Statement::storedType(int column) const
+{
+    switch (sqlite3_column_type(m_handle, column)) {
+    case SQLITE_INTEGER:
+        return StoredType::Integer;
+    case SQLITE_FLOAT:
+        return StoredType::Fraction;
+    case SQLITE_TEXT:
+        return StoredType::Text;
+    case SQLITE_BLOB:
+        return StoredType::Bytes;
+    default:
+        return StoredType::Null;
+    }
+}
+
 bool Statement::isNull(int column) const
 {
     return sqlite3_column_type(m_handle, column) == SQLITE_NULL;

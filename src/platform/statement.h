@@ -56,6 +56,10 @@ public:
     /// Makes it ready to run again; bound values stay.
     void reset();
 
+    enum class StoredType { Null, Integer, Fraction, Text, Bytes };
+
+    /// The form of the value as it lies in the file. To be asked before the value is read, which may convert it.
+    [[nodiscard]] StoredType storedType(int column) const;
     [[nodiscard]] bool isNull(int column) const;
     [[nodiscard]] std::int64_t integer(int column) const;
     [[nodiscard]] qint32 number(int column) const; ///< Cut to 32 bits as the files promise it.

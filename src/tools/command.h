@@ -36,6 +36,7 @@ struct Command {
     ExitStatus (*run)(Arguments& arguments, const ToolContext& context);
 };
 
+[[nodiscard]] Command checkCommand();
 [[nodiscard]] Command createCommand();
 [[nodiscard]] Command demoCommand();
 [[nodiscard]] Command exportCommand();

@@ -12,8 +12,8 @@ namespace {
 
 const std::vector<Command>& commands()
 {
-    static const std::vector<Command> table{
-        createCommand(), demoCommand(), exportCommand(), importCommand(), importCsvCommand(), pathCommand()};
+    static const std::vector<Command> table{checkCommand(), createCommand(), demoCommand(), exportCommand(),
+        importCommand(), importCsvCommand(), pathCommand()};
     return table;
 }
 

@@ -1,0 +1,165 @@
+#include "cashbook/book_check.h"
+
+#include "cashbook/record_audit.h"
+#include "platform/connection.h"
+#include "platform/date_text.h"
+#include "platform/stop_check.h"
+#include "platform/transaction.h"
+
+#include <utility>
+
+namespace lorvan {
+namespace {
+
+bool isAmount(const Statement& row, int column)
+{
+    const auto type = row.storedType(column);
+    return type == Statement::StoredType::Integer || type == Statement::StoredType::Null;
+}
+
+/// The rows whose date is a whole number, and a finding for each without a date.
+std::vector<CashDayRow> readCashDays(Connection& book, BookFindings& findings)
+{
+    std::vector<CashDayRow> days;
+    auto rows = book.prepare("SELECT aa, hmeromhnia, esoda, ejoda, ypoloipo FROM tameio NOT INDEXED");
+    while (rows.step()) {
+        const bool isNumber = rows.storedType(1) == Statement::StoredType::Integer;
+        const bool sumsAreAmounts = isAmount(rows, 2) && isAmount(rows, 3);
+        const bool balanceIsAmount = isAmount(rows, 4);
+        const CashDayRow day{rows.integer(0), rows.integer(1), {rows.currency(2), rows.currency(3), rows.currency(4)},
+            sumsAreAmounts, balanceIsAmount};
+        if (isNumber)
+            days.push_back(day);
+        if (isNumber && dateFromStored(day.day).isValid())
+            continue;
+        Finding finding{FindingKind::DayWithoutDate};
+        finding.key = day.key;
+        finding.day = day.day;
+        finding.stored = day.figures;
+        findings.add(std::move(finding));
+    }
+    return days;
+}
+
+void addDay(BookFindings& findings, const AuditedDay& day)
+{
+    const auto add = [&](FindingKind kind, std::int64_t key, bool isNoAmount = false) {
+        Finding finding{kind};
+        finding.key = key;
+        finding.day = day.day;
+        finding.rows = static_cast<std::int64_t>(day.repeatedKeys.size()) + 1;
+        finding.stored = day.row ? day.row->figures : CashDayFigures{};
+        finding.isNoAmount = isNoAmount;
+        finding.expected = day.expected;
+        findings.add(std::move(finding));
+    };
+    if (!day.row) {
+        add(FindingKind::MissingDay, 0);
+        return;
+    }
+    if (!day.repeatedKeys.empty())
+        add(FindingKind::RepeatedDay, day.row->key);
+    if (day.sumsWrong)
+        add(FindingKind::DaySums, day.row->key, !day.row->sumsAreAmounts);
+    if (day.balanceWrong)
+        add(FindingKind::DayBalance, day.row->key, !day.row->balanceIsAmount);
+}
+
+BookFindings findingsOf(const CashAudit& audit)
+{
+    BookFindings findings = audit.movements.findings;
+    findings.merge(audit.dayFindings);
+    if (!audit.days) {
+        findings.add({FindingKind::SumTooLarge});
+        return findings;
+    }
+    for (const AuditedDay& day : audit.days->days)
+        addDay(findings, day);
+    if (audit.days->opening) {
+        Finding finding{FindingKind::OpeningBalance};
+        finding.day = audit.days->opening->fromDay;
+        finding.expected.closingBalance = audit.days->opening->amount;
+        findings.add(std::move(finding));
+    }
+    return findings;
+}
+
+std::int64_t rowsOf(Connection& book, const char* sql)
+{
+    auto row = book.prepare(sql);
+    return row.step() ? row.integer(0) : 0;
+}
+
+BookTotals totalsOf(Connection& book, const MovementTotals& movements)
+{
+    BookTotals totals;
+    totals.movements = movements;
+    totals.cashDays = rowsOf(book, "SELECT count(*) FROM tameio");
+    totals.codes = rowsOf(book, "SELECT count(*) FROM kvdikoi");
+    totals.groups = rowsOf(book, "SELECT count(*) FROM omades");
+    totals.closedDays = rowsOf(book, "SELECT count(*) FROM klhsimotameioy");
+    totals.users = rowsOf(book, "SELECT count(*) FROM codes");
+    totals.firstDay = rowsOf(book, "SELECT min(hmeromhnia) FROM tameio");
+    auto last = book.prepare("SELECT hmeromhnia, ypoloipo FROM tameio WHERE typeof(hmeromhnia)='integer'"
+                             " ORDER BY hmeromhnia DESC, aa DESC LIMIT 1");
+    if (last.step()) {
+        totals.lastDay = last.integer(0);
+        totals.lastBalance = last.currency(1);
+    }
+    return totals;
+}
+
+void checkFile(BookFindings& findings, Connection& book, const char* sql, const char* name)
+{
+    auto lines = book.prepare(sql);
+    while (lines.step()) {
+        if (lines.text(0) == QLatin1String("ok"))
+            return;
+        Finding finding{FindingKind::FileDamaged};
+        finding.text = QLatin1String(name) + QStringLiteral(": ") + lines.text(0);
+        findings.add(std::move(finding));
+    }
+}
+
+} // namespace
+
+BookFindings checkFiles(Connection& book, const CheckProgress& progress)
+{
+    // The engine says how far it is in steps of its own: so many calls for a row that has two indexes.
+    constexpr std::int64_t rowsForACall = 650;
+    const std::int64_t whole = rowsOf(book, "SELECT max(aa) FROM kinhseis");
+    std::int64_t calls = 0;
+    const StopCheck reporting(book, [&] {
+        progress(++calls * rowsForACall, whole);
+        return true;
+    });
+    BookFindings findings;
+    checkFile(findings, book, "PRAGMA main.integrity_check", "lorvan.mdb");
+    checkFile(findings, book, "PRAGMA auxiliary.integrity_check", "mapcodes.mdb");
+    return findings;
+}
+
+BookCheck checkContent(Connection& book, const CheckProgress& progress)
+{
+    const Transaction transaction(book, Transaction::Mode::Read);
+    const CashAudit audit = auditCash(book, progress);
+    BookCheck check{findingsOf(audit), totalsOf(book, audit.movements.totals)};
+    check.findings.merge(auditRecords(book));
+    return check;
+}
+
+CashAudit auditCash(Connection& book, const CheckProgress& progress)
+{
+    CashAudit audit;
+    audit.movements = auditMovements(book, progress);
+    std::vector<CashDayRow> rows = readCashDays(book, audit.dayFindings);
+    try {
+        if (!audit.movements.sumTooLarge)
+            audit.days = auditCashDays(std::move(rows), audit.movements.sumsByDay);
+    } catch (const CurrencyOverflow&) {
+        audit.days.reset();
+    }
+    return audit;
+}
+
+} // namespace lorvan

@@ -1,0 +1,173 @@
+#include "cashbook/cash_day_audit.h"
+
+#include "platform/date_text.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace lorvan {
+namespace {
+
+std::optional<Currency> difference(Currency left, Currency right)
+{
+    try {
+        return left - right;
+    } catch (const CurrencyOverflow&) {
+        return std::nullopt;
+    }
+}
+
+/// A day that has a row, and how far its stored balance is from the sum of all movements up to it.
+struct StoredDay {
+    AuditedDay* day;
+    Currency sum; ///< Of all movements up to the day.
+    Currency withoutRow; ///< Of the days without a row since the stored day before.
+    std::optional<Currency> offset; ///< Nothing for a balance that is no amount, or too far away to be one.
+};
+
+std::vector<AuditedDay> daysByDate(std::vector<CashDayRow> rows, const SumsByDay& sums)
+{
+    std::sort(rows.begin(), rows.end(),
+        [](const CashDayRow& a, const CashDayRow& b) { return std::pair(a.day, a.key) < std::pair(b.day, b.key); });
+    std::map<std::int64_t, AuditedDay> days;
+    for (const CashDayRow& row : rows) {
+        AuditedDay& day = days[row.day];
+        if (day.row)
+            day.repeatedKeys.push_back(day.row->key);
+        day.row = row;
+    }
+    for (const auto& [date, sum] : sums) {
+        if (dateFromStored(date).isValid())
+            days[date].expected = {};
+    }
+    std::vector<AuditedDay> ordered;
+    for (auto& [date, day] : days) {
+        day.day = date;
+        if (const auto sum = sums.find(date); sum != sums.end())
+            day.expected = {sum->second.income, sum->second.expense, {}};
+        ordered.push_back(std::move(day));
+    }
+    return ordered;
+}
+
+/// Fills in the balances from zero on, and yields the days that have a row.
+std::vector<StoredDay> carryBalances(std::vector<AuditedDay>& days)
+{
+    std::vector<StoredDay> stored;
+    Currency sum;
+    Currency withoutRow;
+    for (AuditedDay& day : days) {
+        const Currency net = day.expected.income - day.expected.expense;
+        sum += net;
+        day.expected.closingBalance = sum;
+        if (!day.row) {
+            withoutRow += net;
+            continue;
+        }
+        const auto offset = day.row->balanceIsAmount ? difference(day.row->figures.closingBalance, sum) : std::nullopt;
+        stored.push_back({&day, sum, std::exchange(withoutRow, {}), offset});
+    }
+    return stored;
+}
+
+/// True when the day's balance was carried, but with other sums than the movements': those that its row holds, or
+/// without the days before it that have no row.
+bool isAccountedFor(const StoredDay& day, Currency balanceBefore)
+{
+    const auto carried = difference(day.day->row->figures.closingBalance, balanceBefore);
+    const auto storedNet = difference(day.day->row->figures.income, day.day->row->figures.expense);
+    const Currency net = day.day->expected.income - day.day->expected.expense;
+    if (!carried)
+        return false;
+    const bool byStoredSums = storedNet && (carried == storedNet || carried == *storedNet + day.withoutRow);
+    return byStoredSums || carried == net;
+}
+
+/// The offset that the last balances have, without the steps that stored sums or missing rows account for.
+Currency finalOffset(const std::vector<StoredDay>& days)
+{
+    auto at = days.rbegin();
+    while (at != days.rend() && !at->offset)
+        ++at;
+    while (at != days.rend() && at->offset) {
+        auto before = std::next(at);
+        while (before != days.rend() && before->offset == at->offset)
+            at = before++;
+        const bool isFirst = before == days.rend();
+        if (!isFirst && !before->offset)
+            return *at->offset;
+        const Currency balanceBefore = isFirst ? Currency() : before->day->row->figures.closingBalance;
+        if (at->offset->isZero() || !isAccountedFor(*at, balanceBefore))
+            return *at->offset;
+        at = before;
+    }
+    return {};
+}
+
+/// The position from which on the offset counts: the one with which the fewest balances are wrong, the latest of those.
+std::size_t firstWithOffset(const std::vector<StoredDay>& days, Currency offset)
+{
+    if (offset.isZero())
+        return days.size();
+    std::ptrdiff_t wrong = 0; // compared to an offset that counts nowhere
+    std::ptrdiff_t fewest = 0;
+    std::size_t best = days.size();
+    for (std::size_t i = days.size(); i-- > 0;) {
+        wrong += days[i].offset == Currency() ? 1 : 0;
+        wrong -= days[i].offset == offset ? 1 : 0;
+        if (wrong < fewest) {
+            fewest = wrong;
+            best = i;
+        }
+    }
+    return best;
+}
+
+/// Days before it that hold the very balance of the opening day, all of them without a carried one.
+std::size_t firstWithSameBalance(const std::vector<StoredDay>& days, std::size_t opening)
+{
+    std::size_t first = opening;
+    const auto balance = [&](std::size_t i) { return days[i].day->row->figures.closingBalance; };
+    while (first > 0 && days[first - 1].offset && !days[first - 1].offset->isZero()
+        && balance(first - 1) == balance(opening))
+        --first;
+    return first;
+}
+
+std::optional<OpeningDifference> applyOpening(std::vector<AuditedDay>& days, const std::vector<StoredDay>& stored)
+{
+    const Currency offset = finalOffset(stored);
+    const std::size_t opening = firstWithOffset(stored, offset);
+    if (opening == stored.size())
+        return std::nullopt;
+    for (std::size_t i = firstWithSameBalance(stored, opening); i < opening; ++i)
+        stored[i].day->expected.closingBalance = stored[i].day->row->figures.closingBalance;
+    for (auto day = days.begin() + (stored[opening].day - days.data()); day != days.end(); ++day)
+        day->expected.closingBalance += offset;
+    return OpeningDifference{stored[opening].day->day, offset};
+}
+
+void compare(AuditedDay& day)
+{
+    if (!day.row)
+        return;
+    const CashDayFigures& held = day.row->figures;
+    day.sumsWrong =
+        !day.row->sumsAreAmounts || held.income != day.expected.income || held.expense != day.expected.expense;
+    day.balanceWrong = !day.row->balanceIsAmount || held.closingBalance != day.expected.closingBalance;
+}
+
+} // namespace
+
+CashDayAudit auditCashDays(std::vector<CashDayRow> rows, const SumsByDay& sums)
+{
+    CashDayAudit audit;
+    audit.days = daysByDate(std::move(rows), sums);
+    const std::vector<StoredDay> stored = carryBalances(audit.days);
+    audit.opening = applyOpening(audit.days, stored);
+    std::for_each(audit.days.begin(), audit.days.end(), compare);
+    return audit;
+}
+
+} // namespace lorvan

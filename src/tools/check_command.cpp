@@ -1,0 +1,90 @@
+#include "tools/command.h"
+
+#include "cashbook/book_check.h"
+#include "cashbook/book_repair.h"
+#include "tools/check_report.h"
+#include "tools/claimed_marker.h"
+#include "tools/opened_book.h"
+#include "tools/progress_bar.h"
+
+namespace lorvan {
+namespace {
+
+template <typename Work> auto withProgress(const ToolContext& context, const QString& label, Work work)
+{
+    ProgressBar bar(context, label);
+    return work([&bar](std::int64_t done, std::int64_t whole) { bar.show(done, whole); });
+}
+
+/// The engine's check of the files, and only where that finds nothing the check of what is in them.
+BookCheck examine(OpenedBook& book, const ToolContext& context)
+{
+    BookCheck check;
+    check.findings = withProgress(context, QStringLiteral("Έλεγχος αρχείων"),
+        [&](const CheckProgress& progress) { return checkFiles(book.connection(), progress); });
+    if (!check.findings.isInOrder())
+        return check;
+    return withProgress(context, QStringLiteral("Έλεγχος κινήσεων"),
+        [&](const CheckProgress& progress) { return checkContent(book.connection(), progress); });
+}
+
+void print(const BookCheck& check, std::ostream& out)
+{
+    printFindings(check.findings, out);
+    out << '\n';
+    if (check.findings.count(FindingKind::FileDamaged) > 0)
+        out << "Το περιεχόμενο δεν ελέγχθηκε. Επαναφέρετε το βιβλίο από ένα αντίγραφο ασφαλείας.\n";
+    else
+        printTotals(check, out);
+}
+
+void printRepair(const BookRepair& repair, std::ostream& out)
+{
+    out << "\nΔιορθώθηκαν οι ημέρες ταμείου\n\n"
+        << "Ημέρες που έμειναν με μία γραμμή: " << repair.mergedDays
+        << " (γραμμές που αφαιρέθηκαν: " << repair.removedRows << ")\nΗμέρες που προστέθηκαν: " << repair.addedDays
+        << "\nΗμέρες με σύνολα ή υπόλοιπο που διορθώθηκαν: " << repair.correctedDays
+        << "\nΑντίγραφο πριν τη διόρθωση: " << repair.mainCopy.toStdString() << "\n                            "
+        << repair.auxiliaryCopy.toStdString() << "\n\n"
+        << "Νέος έλεγχος\n\n";
+}
+
+ExitStatus check(Arguments& arguments, const ToolContext& context)
+{
+    const bool wantsRepair = arguments.takeFlag(QStringLiteral("--repair"));
+    const QString folder = arguments.takeBookFolder();
+    arguments.finish();
+
+    OpenedBook book(folder);
+    std::optional<ClaimedMarker> marker;
+    if (wantsRepair)
+        marker.emplace(book.files());
+    BookCheck found = examine(book, context);
+    if (wantsRepair && found.findings.anythingRepairable()) {
+        printFindings(found.findings, context.out);
+        const BookRepair repair = withProgress(context, QStringLiteral("Διόρθωση"), [&](const CheckProgress& progress) {
+            return repairBook(book.connection(), book.files(), book.keys(), context.clock.now(), progress);
+        });
+        printRepair(repair, context.out);
+        found = examine(book, context);
+    }
+    print(found, context.out);
+    return found.findings.isInOrder() ? ExitStatus::Done : ExitStatus::Found;
+}
+
+} // namespace
+
+Command checkCommand()
+{
+    return {QStringLiteral("check"), QStringLiteral("ΦΑΚΕΛΟΣ [--repair]"),
+        QStringLiteral("Ελέγχει ένα βιβλίο και δείχνει τα σύνολά του."),
+        QStringLiteral(
+            "\n  --repair   διορθώνει όσα έχουν μία μόνο σωστή απάντηση: σύνολα και υπόλοιπα ημερών, ημέρες\n"
+            "             που λείπουν, ημέρες γραμμένες δύο φορές. Πριν γράφει αντίγραφο δίπλα στο βιβλίο.\n\n"
+            "Χωρίς --repair δεν αλλάζει τίποτα και δουλεύει και όσο το πρόγραμμα είναι ανοικτό. Δύο ίδια\n"
+            "βιβλία δίνουν τα ίδια «Σύνολα».\n"
+            "Κωδικός εξόδου: 0 κανένα λάθος, 1 βρέθηκαν (ή έμειναν) λάθη, 2 δεν έγινε ο έλεγχος.\n"),
+        check};
+}
+
+} // namespace lorvan
