@@ -3,6 +3,7 @@
 #include "cashbook/record_audit.h"
 #include "platform/connection.h"
 #include "platform/date_text.h"
+#include "platform/sql_error.h"
 #include "platform/stop_check.h"
 #include "platform/transaction.h"
 
@@ -109,15 +110,45 @@ BookTotals totalsOf(Connection& book, const MovementTotals& movements)
     return totals;
 }
 
+/// True for what the engine says of a file that is there and does not read as it should.
+bool tellsOfDamage(const SqlError& error)
+{
+    switch (error.kind()) {
+    case SqlError::Kind::Damaged:
+    case SqlError::Kind::NotADatabase:
+    case SqlError::Kind::Other: // a page that is not authentic, met by the check itself
+        return true;
+    default:
+        return false;
+    }
+}
+
 void checkFile(BookFindings& findings, Connection& book, const char* sql, const char* name)
 {
-    auto lines = book.prepare(sql);
-    while (lines.step()) {
-        if (lines.text(0) == QLatin1String("ok"))
-            return;
+    const auto add = [&](const QString& complaint) {
         Finding finding{FindingKind::FileDamaged};
-        finding.text = QLatin1String(name) + QStringLiteral(": ") + lines.text(0);
+        finding.text = QLatin1String(name) + QStringLiteral(": ") + complaint;
         findings.add(std::move(finding));
+    };
+    try {
+        auto lines = book.prepare(sql);
+        while (lines.step()) {
+            if (lines.text(0) != QLatin1String("ok"))
+                add(lines.text(0).trimmed());
+        }
+    } catch (const SqlError& error) {
+        if (!tellsOfDamage(error))
+            throw;
+        add(error.engineMessage());
+    }
+}
+
+std::int64_t estimatedMovements(Connection& book)
+{
+    try {
+        return rowsOf(book, "SELECT max(aa) FROM kinhseis");
+    } catch (const SqlError&) {
+        return 0; // the check will say what is wrong
     }
 }
 
@@ -127,7 +158,7 @@ BookFindings checkFiles(Connection& book, const CheckProgress& progress)
 {
     // The engine says how far it is in steps of its own: so many calls for a row that has two indexes.
     constexpr std::int64_t rowsForACall = 650;
-    const std::int64_t whole = rowsOf(book, "SELECT max(aa) FROM kinhseis");
+    const std::int64_t whole = estimatedMovements(book);
     std::int64_t calls = 0;
     const StopCheck reporting(book, [&] {
         progress(++calls * rowsForACall, whole);

@@ -3,6 +3,7 @@
 #include "app/book_copy.h"
 #include "cashbook/book_check.h"
 #include "platform/connection.h"
+#include "platform/sql_error.h"
 #include "platform/transaction.h"
 
 namespace lorvan {
@@ -47,21 +48,42 @@ void repairDay(Connection& book, const AuditedDay& day, BookRepair& repair)
     }
 }
 
+/// Takes the right to write the main database, and keeps others from writing the auxiliary one. It is not written, and a
+/// commit of both files would leave one more file behind where the disk is full.
+void shutOutWriters(Connection& book)
+{
+    book.execute("UPDATE main.tameio SET aa=aa WHERE 0");
+    (void)book.prepare("SELECT count(*) FROM auxiliary.codes").step();
+}
+
+/// The copy stays, except where the disk is full: the engine has undone everything then, and the room is needed.
+void commit(Transaction& transaction, BookCopy& copy)
+{
+    try {
+        transaction.commit();
+    } catch (const SqlError& error) {
+        if (error.kind() != SqlError::Kind::DiskFull)
+            copy.keep();
+        throw;
+    }
+    copy.keep();
+}
+
 } // namespace
 
 BookRepair repairBook(
     Connection& book, const BookFiles& files, KeyRing& keys, const QDateTime& now, const CheckProgress& progress)
 {
     BookRepair repair;
-    Transaction transaction(book);
+    Transaction transaction(book, Transaction::Mode::Read);
+    shutOutWriters(book);
     BookCopy copy(book, files, keys, now);
     const CashAudit audit = auditCash(book, progress);
     if (!audit.days)
         return repair;
     for (const AuditedDay& day : audit.days->days)
         repairDay(book, day, repair);
-    copy.keep(); // should the commit fail halfway, the copy may be needed
-    transaction.commit();
+    commit(transaction, copy);
     repair.mainCopy = copy.mainDatabase();
     repair.auxiliaryCopy = copy.auxiliaryDatabase();
     return repair;

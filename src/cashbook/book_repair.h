@@ -25,7 +25,8 @@ struct BookRepair {
 /// added, sums and balances set right; an opening difference stays. Nothing else is touched. Both files are
 /// copied first, beside the originals, under the lock under which the repair is written.
 /// `book` has the auxiliary database attached as `auxiliary`, `keys` holds the keys of both files. Other computers are
-/// the caller's affair. Throws SqlError and BookCopyFailed; the book is then as it was.
+/// the caller's affair. Throws SqlError and BookCopyFailed; the book is then as it was, and a copy
+/// remains only where something else than a full disk stopped the last step.
 [[nodiscard]] BookRepair repairBook(
     Connection& book, const BookFiles& files, KeyRing& keys, const QDateTime& now, const CheckProgress& progress);
 

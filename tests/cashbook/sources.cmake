@@ -1,4 +1,5 @@
 list(APPEND LORVAN_CORE_TESTS
+    cashbook/book_check_test.cpp
     cashbook/cash_book_test.cpp
     cashbook/day_view_test.cpp
     cashbook/entry_rules_test.cpp

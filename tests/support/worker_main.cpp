@@ -5,11 +5,13 @@
 //   lorvan_test_worker codes   DIR LOG SEED            random changes of codes and groups until it is killed
 //   lorvan_test_worker upgrade DIR LOG                 one schema upgrade
 //   lorvan_test_worker deletion DIR LOG                one deletion of all data
+//   lorvan_test_worker repair  DIR LOG                 one repair of the cash days
 //   lorvan_test_worker claim   DIR LOG                 holds the marker as a command does, until it is ended
 //   lorvan_test_worker marker  DIR LOG HOST ROUNDS     claims and releases the marker, changing the book now and then
 
 #include "app/schema_upgrade.h"
 #include "app/usage_marker.h"
+#include "cashbook/book_repair.h"
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
 #include "platform/machine_identity.h"
@@ -17,6 +19,7 @@
 #include "support/temporary_book.h"
 #include "support/worker_log.h"
 #include "tools/claimed_marker.h"
+#include "tools/opened_book.h"
 #include "users/administration.h"
 
 #include <QCoreApplication>
@@ -91,6 +94,15 @@ int deleteData(const BookFiles& files, WorkerLog& log)
     (void)testKeys().keyFor(files.auxiliaryDatabase());
     log.append("ready");
     (void)deleteAllData(files, testKeys(), fixedClock().now());
+    log.append("done");
+    return 0;
+}
+
+int repairDays(const BookFiles& files, WorkerLog& log)
+{
+    OpenedBook book(files.dataFolder());
+    log.append("ready");
+    (void)repairBook(book.connection(), files, book.keys(), fixedClock().now(), [](std::int64_t, std::int64_t) {});
     log.append("done");
     return 0;
 }
@@ -173,6 +185,8 @@ int run(const QStringList& arguments)
         return upgrade(files, log);
     if (task == QStringLiteral("deletion"))
         return deleteData(files, log);
+    if (task == QStringLiteral("repair"))
+        return repairDays(files, log);
     if (task == QStringLiteral("claim"))
         return holdMarker(files, log);
     if (task == QStringLiteral("marker"))
