@@ -48,8 +48,8 @@ void repairDay(Connection& book, const AuditedDay& day, BookRepair& repair)
     }
 }
 
-/// Takes the right to write the main database, and keeps others from writing the auxiliary one. It is not written, and a
-/// commit of both files would leave one more file behind where the disk is full.
+/// Takes the right to write the main database, and keeps others from writing the auxiliary one. It is not written, and
+/// a commit of both files would leave one more file behind where the disk is full.
 void shutOutWriters(Connection& book)
 {
     book.execute("UPDATE main.tameio SET aa=aa WHERE 0");

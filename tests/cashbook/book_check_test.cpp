@@ -335,8 +335,7 @@ TEST(BookRepair, aFullDiskChangesNothing)
     ASSERT_TRUE(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
     while (filler.write(QByteArray(1024, 'x')) == 1024) { }
     int refusals = 0;
-    for (bool isDone = false; !isDone && filler.size() > 0;
-         filler.resize(std::max<qint64>(filler.size() - 16'384, 0))) {
+    for (bool isDone = false; !isDone && filler.size() > 0; filler.resize(std::max<qint64>(filler.size() - 4096, 0))) {
         OpenedBook book(disk);
         try {
             (void)repair(book);
