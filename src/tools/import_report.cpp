@@ -1,17 +1,22 @@
 #include "tools/import_report.h"
 
 #include "app/book.h"
+#include "cashbook/book_check.h"
 #include "platform/amount_text.h"
+#include "platform/date_text.h"
+#include "platform/transaction.h"
 #include "tools/jet_damage.h"
 #include "tools/legacy_book.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace lorvan {
 namespace {
 
 constexpr int tableWidth = 16;
 constexpr int countWidth = 13;
+constexpr std::size_t mostDaysListed = 20;
 
 std::string rowLine(const QString& table, const QString& read, const QString& stored)
 {
@@ -27,6 +32,31 @@ std::string sumLine(const QString& what, Currency before, Currency after)
         .toStdString();
 }
 
+std::vector<AuditedDay> differingDays(Connection& main)
+{
+    const Transaction transaction(main, Transaction::Mode::Read);
+    const CashAudit audit = auditCash(main, [](std::int64_t, std::int64_t) {});
+    std::vector<AuditedDay> differing;
+    if (audit.days)
+        std::copy_if(audit.days->days.begin(), audit.days->days.end(), std::back_inserter(differing),
+            [](const AuditedDay& day) { return !day.row || day.sumsWrong || day.balanceWrong; });
+    return differing;
+}
+
+/// Income, expense and balance of one day.
+QString figuresText(const CashDayFigures& figures)
+{
+    return QStringLiteral("%1 / %2 / %3")
+        .arg(amountText(figures.income), amountText(figures.expense), amountText(figures.closingBalance));
+}
+
+QString dayText(const AuditedDay& day)
+{
+    const QString stored = day.row ? figuresText(day.row->figures) : QStringLiteral("λείπει");
+    return QStringLiteral("%1: %2, από τις κινήσεις %3")
+        .arg(dateText(dateFromStored(day.day)), stored, figuresText(day.expected));
+}
+
 Currency amountIn(const LegacyRow& row, std::size_t column)
 {
     return Currency::fromTenThousandths(std::get<std::int64_t>(row[column]));
@@ -37,6 +67,7 @@ Currency amountIn(const LegacyRow& row, std::size_t column)
 ImportReport::ImportReport(const LegacyBook& legacy, Book& made)
     : m_old(sumsIn(legacy))
     , m_new(sumsIn(made))
+    , m_differingDays(differingDays(made.main()))
     , m_asksForOpeningBalance(legacy.asksForOpeningBalance())
 {
     for (const LegacyRows& rows : legacy.tables) {
@@ -83,10 +114,23 @@ void ImportReport::print(std::ostream& out) const
         << sumLine(QStringLiteral("Έσοδα"), m_old.income, m_new.income)
         << sumLine(QStringLiteral("Έξοδα"), m_old.expense, m_new.expense)
         << "Ποσά με τέσσερα δεκαδικά, επειδή δεν βρέθηκε λεπτό αρκετά κοντά: " << m_finerAmounts << '\n';
+    printDays(out);
     if (m_droppedTimes != 0)
         out << "Ημερομηνίες που είχαν και ώρα, η οποία δεν κρατήθηκε: " << m_droppedTimes << '\n';
     if (m_asksForOpeningBalance)
         out << "Στο πρώτο άνοιγμα το πρόγραμμα θα ρωτήσει μία φορά το υπόλοιπο του ταμείου.\n";
+}
+
+void ImportReport::printDays(std::ostream& out) const
+{
+    out << "Ημέρες που το ταμείο τους δεν βγαίνει από τις κινήσεις: " << m_differingDays.size() << '\n';
+    if (m_differingDays.empty())
+        return;
+    out << "  (έσοδα / έξοδα / υπόλοιπο· μεταφέρθηκαν όπως ήταν)\n";
+    for (std::size_t i = 0; i < std::min(m_differingDays.size(), mostDaysListed); ++i)
+        out << "  " << dayText(m_differingDays[i]).toStdString() << '\n';
+    if (m_differingDays.size() > mostDaysListed)
+        out << "  … όλες με την εντολή lorvan-data check\n";
 }
 
 void printDamage(const JetDamage& damage, std::ostream& out)

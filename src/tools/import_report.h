@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/currency.h"
+#include "cashbook/cash_day_audit.h"
 
 #include <QString>
 
@@ -16,7 +16,8 @@ struct LegacyBook;
 /// What an import has brought over, counted and summed on both sides.
 class ImportReport {
 public:
-    /// Throws SqlError, and CurrencyOverflow where the movements' sums are beyond its range.
+    /// Holds the new book's cash days against its movements too. Throws SqlError, and CurrencyOverflow where the
+    /// movements' sums are beyond its range.
     ImportReport(const LegacyBook& legacy, Book& made);
 
     /// True when the new book holds as many rows and the same sums as were read.
@@ -35,12 +36,15 @@ private:
         friend bool operator==(const Sums&, const Sums&) = default;
     };
 
+    void printDays(std::ostream& out) const;
+
     static Sums sumsIn(const LegacyBook& legacy);
     static Sums sumsIn(Book& made);
 
     std::vector<Rows> m_rows;
     Sums m_old;
     Sums m_new;
+    std::vector<AuditedDay> m_differingDays; ///< Whose row is missing or says something else than the movements.
     std::uint64_t m_finerAmounts = 0;
     std::uint64_t m_droppedTimes = 0;
     bool m_asksForOpeningBalance;

@@ -207,6 +207,23 @@ TEST_F(Import, tellsWhatItDoesNotTakeAndChangesNothing)
     }
 }
 
+TEST_F(Import, listsTheDaysThatTheMovementsContradictAndLeavesThemAsTheyWere)
+{
+    copyOlder(QStringLiteral("v1"));
+    QByteArray content = fileContent(older(QStringLiteral("lorvan.mdb")));
+    const QByteArray balance = QByteArray::fromHex("8f526644f6e8b64314de0a44"); // behind 921.29 and 365.82: 555.47
+    ASSERT_EQ(content.count(balance), 1);
+    write(older(QStringLiteral("lorvan.mdb")),
+        content.replace(balance, QByteArray::fromHex("8f526644f6e8b64314de2344"))); // 655.47
+    const ToolRun run = runImport();
+    EXPECT_EQ(run.status, ExitStatus::Done) << run.errors;
+    for (const char* const part : {"δεν βγαίνει από τις κινήσεις: 1\n",
+             "01-02-1999: 921,29 / 365,82 / 655,47, από τις κινήσεις 921,29 / 365,82 / 555,47"})
+        EXPECT_NE(run.out.find(part), std::string::npos) << run.out;
+    Connection main = openDatabase(made().mainDatabase());
+    EXPECT_EQ(valueOf(main, "SELECT ypoloipo FROM tameio WHERE hmeromhnia=19990201"), QStringLiteral("6554700"));
+}
+
 TEST_F(Import, findsFilesInCapitalsAndWarnsOfALockFile)
 {
     copyOlder(QStringLiteral("v1"));
