@@ -65,7 +65,7 @@ bool CashBook::mayChange(QDate day)
 
 std::variant<MovementCode, Refusal> CashBook::checkActive(const MovementDraft& draft)
 {
-    return checkContent(draft, [this](qint32 code) { return findCode(m_book.main(), code, CodeSelection::Active); });
+    return checkMovement(draft, [this](qint32 code) { return findCode(m_book.main(), code, CodeSelection::Active); });
 }
 
 std::optional<Refusal> CashBook::check(const MovementDraft& draft)

@@ -62,7 +62,7 @@ std::variant<MovementCode, Refusal> MovementBatch::checked(const MovementDraft& 
 {
     if (!mayChange(draft.day))
         return Refusal::DayIsClosed;
-    return checkContent(draft, [this](qint32 code) {
+    return checkMovement(draft, [this](qint32 code) {
         const auto [known, isNew] = m_codes.try_emplace(code);
         if (isNew)
             known->second = findCode(m_main, code, CodeSelection::All);

@@ -2,7 +2,7 @@
 
 namespace lorvan {
 
-std::variant<MovementCode, Refusal> checkContent(const MovementDraft& draft, const CodeLookUp& findCode)
+std::variant<MovementCode, Refusal> checkMovement(const MovementDraft& draft, const CodeLookUp& findCode)
 {
     if (!draft.day.isValid())
         return Refusal::DateIsInvalid;

@@ -24,6 +24,6 @@ using CodeLookUp = std::function<std::optional<MovementCode>(qint32 code)>;
 
 /// The code of a movement whose content may be stored; otherwise the first of date, code, code still there and
 /// description that stands in the way.
-[[nodiscard]] std::variant<MovementCode, Refusal> checkContent(const MovementDraft& draft, const CodeLookUp& findCode);
+[[nodiscard]] std::variant<MovementCode, Refusal> checkMovement(const MovementDraft& draft, const CodeLookUp& findCode);
 
 } // namespace lorvan

@@ -105,6 +105,24 @@ TEST_F(CsvImportTest, givesAnEmptyBookWhatWasExported)
         valueOf(main, "SELECT count(*)||','||(SELECT count(*) FROM kvdikoi) FROM kinhseis"), QStringLiteral("10,4"));
 }
 
+TEST_F(CsvImportTest, checksAndSumsAsTheSampleBookThatWasExported)
+{
+    const QString sample = book.path(QStringLiteral("sample"));
+    const QString empty = book.path(QStringLiteral("empty"));
+    for (const QString& line : {QStringLiteral("demo|") + sample, QStringLiteral("create|") + empty,
+             QStringLiteral("export|%1|%2").arg(sample, in), QStringLiteral("import-csv|%1|%2").arg(empty, in)})
+        ASSERT_EQ(runTool(today, line).status, ExitStatus::Done) << line.toStdString();
+    const auto checkOf = [](const QString& folder) {
+        QStringList lines = QString::fromStdString(runTool(today, QStringLiteral("check|") + folder).out).split(u'\n');
+        lines.removeIf([](const QString& line) { // these are not taken back
+            return line.startsWith(QStringLiteral("Κλεισμένες")) || line.startsWith(QStringLiteral("Χρήστες"));
+        });
+        return lines;
+    };
+    EXPECT_GT(checkOf(sample).size(), 10);
+    EXPECT_EQ(checkOf(empty).join(u'\n'), checkOf(sample).join(u'\n'));
+}
+
 TEST_F(CsvImportTest, takesWhatASpreadsheetWritesAndShiftsLaterDays)
 {
     {
