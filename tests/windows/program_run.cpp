@@ -10,7 +10,6 @@ namespace lorvan::test {
 
 ProgramTest::ProgramTest()
 {
-    QApplication::setQuitOnLastWindowClosed(false);
     book.addUser(QStringLiteral("Σοφία"), QStringLiteral("μυστικό"));
     writePathFile(book.folder().toUtf8());
 }
@@ -50,8 +49,10 @@ bool ProgramTest::endsIn(const std::function<void()>& scenario) const
 {
     constexpr int stillRunning = 99;
     constexpr std::chrono::seconds patience{5};
-    QTimer::singleShot(0, program.get(), scenario);
-    QTimer::singleShot(patience, program.get(), [] { QApplication::exit(stillRunning); });
+    QTimer limit; // of this call: a program may be started in the scenario, and the next test must not hear of it
+    QObject::connect(&limit, &QTimer::timeout, qApp, [] { QApplication::exit(stillRunning); });
+    limit.start(patience);
+    QTimer::singleShot(0, qApp, scenario);
     return QApplication::exec() != stillRunning;
 }
 
