@@ -8,12 +8,16 @@
 #include <QSaveFile>
 
 #include <algorithm>
+#include <chrono>
 
 namespace lorvan {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr int twipsInInch = 1440;
+constexpr auto betweenQuestions = 50ms;
 
 void setPaper(QPagedPaintDevice& device, const ReportDocument& document)
 {
@@ -23,17 +27,21 @@ void setPaper(QPagedPaintDevice& device, const ReportDocument& document)
     device.setPageLayout(layout);
 }
 
+/// Lays out what is still to be laid out. False when cancelled.
+bool layOutAll(ReportPages& pages, const PageProgress& progress)
+{
+    while (!pages.layOut(QDeadlineTimer(betweenQuestions))) {
+        if (progress && !progress(0, 0))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 PageOutputError::PageOutputError(const QString& reason)
     : std::runtime_error(reason.toStdString())
 {
-}
-
-PageRange allPages(ReportPages& pages)
-{
-    pages.layOut();
-    return {0, pages.pageCount() - 1};
 }
 
 PageOutcome printPages(
@@ -60,11 +68,13 @@ PageOutcome printPages(
 
 PageOutcome writePdf(ReportPages& pages, QIODevice& device, const PageProgress& progress)
 {
+    if (!layOutAll(pages, progress))
+        return PageOutcome::Cancelled;
     QPdfWriter writer(&device);
     writer.setResolution(twipsInInch);
-    writer.setTitle(pages.document().header().trimmed());
+    writer.setTitle(QString(pages.document().header()).replace(u'|', u' ').trimmed());
     writer.setCreator(QStringLiteral("Lorvan"));
-    return printPages(pages, writer, allPages(pages), progress);
+    return printPages(pages, writer, {0, pages.pageCount() - 1}, progress);
 }
 
 PageOutcome savePdf(ReportPages& pages, const QString& path, const PageProgress& progress)

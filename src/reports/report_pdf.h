@@ -18,7 +18,8 @@ struct PageRange {
     int last = 0;
 };
 
-/// Called after each page with the pages done and the pages in all; false cancels. The job of a printer holds the pages
+/// Called after each page with the pages done and the pages in all, before that with zeros while the pages are laid
+/// out; false cancels. The job of a printer holds the pages
 /// done so far: whoever cancels aborts the printer first.
 using PageProgress = std::function<bool(int done, int all)>;
 
@@ -29,9 +30,6 @@ class PageOutputError : public std::runtime_error {
 public:
     explicit PageOutputError(const QString& reason);
 };
-
-/// Every page of the document; lays out what is still to be laid out.
-[[nodiscard]] PageRange allPages(ReportPages& pages);
 
 /// Draws the pages on a printer or any other paged device, of which paper and orientation are set first. Pages beyond
 /// the document are left out. Throws PageOutputError where the device cannot start or go on to a new page.
