@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace lorvan {
 namespace {
 
@@ -36,6 +38,14 @@ ThemedLabel* figureLabel(const char* name)
     label->setObjectName(QString::fromLatin1(name));
     label->setAlignment(Qt::AlignCenter);
     return label;
+}
+
+bool isKeyOfWindow(const QWidget& window, const QKeyEvent& key)
+{
+    const QKeySequence pressed(key.keyCombination());
+    const QList<QAction*> actions = window.actions();
+    return std::any_of(actions.begin(), actions.end(),
+        [&pressed](const QAction* action) { return action->shortcuts().contains(pressed); });
 }
 
 class SeparatorLine : public QWidget {
@@ -153,7 +163,8 @@ void PreviewTools::setPages(int current, int count, bool isComplete)
         m_digits = digits;
         measure();
     }
-    m_page->setText(QString::number(current + 1));
+    if (!m_page->isModified()) // a number that is being typed while pages are added
+        m_page->setText(QString::number(current + 1));
     m_count->setText(QStringLiteral("/ %1%2").arg(count).arg(isComplete ? QString() : QStringLiteral("+")));
 }
 
@@ -180,7 +191,9 @@ void PreviewTools::setSearchFailed(bool hasFailed)
 
 void PreviewTools::enterPage()
 {
-    Q_EMIT pageEntered(m_page->text().toInt() - 1);
+    const int page = m_page->text().toInt() - 1;
+    m_page->setModified(false);
+    Q_EMIT pageEntered(page);
     Q_EMIT left();
 }
 
@@ -188,9 +201,13 @@ bool PreviewTools::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_page && event->type() == QEvent::FocusOut)
         m_page->setText(QString::number(m_current + 1));
-    if (event->type() != QEvent::KeyPress)
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
         return QWidget::eventFilter(watched, event);
-    const auto* const key = static_cast<QKeyEvent*>(event);
+    auto* const key = static_cast<QKeyEvent*>(event);
+    if (event->type() == QEvent::ShortcutOverride) {
+        key->ignore(); // a line of text takes some keys for itself, such as Ctrl+E
+        return isKeyOfWindow(*window(), *key);
+    }
     if (key->key() == Qt::Key_Escape) {
         Q_EMIT left();
         return true;
