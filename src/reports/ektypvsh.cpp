@@ -260,6 +260,7 @@ bool Ektypvsh::hasPrinter()
 
 void Ektypvsh::print(std::optional<int> page)
 {
+    m_area->say({}); // what is said there was of another job
     if (!hasPrinter())
         return;
     const std::shared_ptr<const ReportPages> pages = m_area->view().pages(); // the frame may be closed meanwhile
@@ -276,6 +277,7 @@ void Ektypvsh::print(std::optional<int> page)
 void Ektypvsh::save(
     std::optional<QString> (ReportSaver::*how)(QWidget*, BackgroundRun&, const ReportDocument&, const QString&))
 {
+    m_area->say({});
     const std::shared_ptr<const ReportPages> pages = m_area->view().pages(); // the frame may be closed meanwhile
     if (const auto path = (m_saver.*how)(this, m_run, pages->document(), m_fileName))
         m_area->say(QStringLiteral("Αποθηκεύτηκε: %1").arg(*path));

@@ -164,6 +164,8 @@ TEST_F(ReportPrinting, handsOverAllPagesOrTheOneShown)
 
 TEST_F(ReportPrinting, aJobThatIsNotTakenIsTold)
 {
+    trigger("menu(20)");
+    EXPECT_NE(state(), QString());
     ASSERT_TRUE(server.refuseJobs());
     boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("Η εκτύπωση στον Tameio απέτυχε."))));
     trigger("menu(20)");
