@@ -51,6 +51,10 @@ TEST(BookSchema, hasTheColumnsInTheirOrder)
     for (const char* query : indexedQueries)
         EXPECT_TRUE(usesIndex(main, query)) << query;
     EXPECT_TRUE(usesIndex(auxiliary, "SELECT * FROM klhsimotameioy WHERE hmeraklhsimatos=1"));
+    auto sums = main.prepare("EXPLAIN QUERY PLAN SELECT sum(esoda), sum(ejoda), sum(L_tajeos) FROM kinhseis"
+                             " WHERE kvdikos=1 AND hmeromhnia<2");
+    ASSERT_TRUE(sums.step());
+    EXPECT_TRUE(sums.text(3).contains(QStringLiteral("COVERING INDEX")));
 }
 
 TEST(BookSchema, aForeignBookGetsTheIndexesItLacksAndKeepsItsOwn)
