@@ -2,7 +2,6 @@
 
 #include "platform/settings_store.h"
 
-#include <QRegularExpression>
 #include <QStringList>
 
 namespace lorvan {
@@ -29,21 +28,6 @@ QString conditionFor(const std::vector<ChosenGroup>& groups)
     for (const ChosenGroup& group : groups)
         terms += QStringLiteral(" aa_omada=") + QString::number(group.number);
     return terms.isEmpty() ? QString() : u'(' + terms.join(QStringLiteral("  or")) + u')';
-}
-
-std::vector<qint32> groupsIn(const QString& condition)
-{
-    static const QRegularExpression term(
-        QStringLiteral("\\baa_omada\\s*=\\s*(-?[0-9]+)(?![\\w.,])"), QRegularExpression::CaseInsensitiveOption);
-    std::vector<qint32> groups;
-    auto found = term.globalMatch(condition);
-    while (found.hasNext()) {
-        bool fits = false;
-        const qint32 number = found.next().captured(1).toInt(&fits);
-        if (fits)
-            groups.push_back(number);
-    }
-    return groups;
 }
 
 void addColumn(std::vector<Setting>& values, std::size_t column, const std::vector<ChosenGroup>& groups)
@@ -83,18 +67,6 @@ std::vector<int> storedCardPositions(const SettingsStore& settings, std::size_t 
             positions.push_back(position);
     }
     return positions;
-}
-
-CardColumns storedCardColumns(const SettingsStore& settings)
-{
-    CardColumns columns;
-    for (std::size_t column = 0; column < cardColumns; ++column) {
-        const Setting condition = conditionSetting(column);
-        const Setting title = namesSetting(column);
-        columns[column].groups = groupsIn(settings.value(condition.section, condition.key, QString()));
-        columns[column].title = settings.value(title.section, title.key, columns[column].title);
-    }
-    return columns;
 }
 
 } // namespace lorvan

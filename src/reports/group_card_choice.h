@@ -37,8 +37,4 @@ void storeCardChoice(const SettingsStore& settings, const CardChoice& choice);
 /// position is passed over. Throws SettingsError.
 [[nodiscard]] std::vector<int> storedCardPositions(const SettingsStore& settings, std::size_t column);
 
-/// The columns of the stored choice. The groups are read out of the stored condition, and what is no group number is
-/// passed over; they may be gone by now. Throws SettingsError.
-[[nodiscard]] CardColumns storedCardColumns(const SettingsStore& settings);
-
 } // namespace lorvan

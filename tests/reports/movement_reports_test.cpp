@@ -147,18 +147,12 @@ TEST(ReportChoices, areStoredAsTheyAreReadBack)
     EXPECT_EQ(stored(QStringLiteral("Listes"), QStringLiteral("List1(0)")), QStringLiteral("0,3,"));
     EXPECT_EQ(
         stored(QStringLiteral("Omades"), QStringLiteral("omada(0)")), QStringLiteral("( aa_omada=3  or aa_omada=7)"));
-    const CardColumns columns = storedCardColumns(settings);
-    EXPECT_EQ(columns[0].title, QStringLiteral("Α, β, \"γ\";"));
-    EXPECT_EQ(columns[0].groups, (std::vector<qint32>{3, 7}));
-    EXPECT_EQ(columns[1].title, QString());
-    EXPECT_EQ(columns[2].groups, std::vector<qint32>{-1});
+    EXPECT_EQ(stored(QStringLiteral("p_omadvn"), QStringLiteral("P_omadvn0")), QStringLiteral("Α, β, \"γ\";"));
+    EXPECT_EQ(stored(QStringLiteral("Omades"), QStringLiteral("Omada(1)")), QString());
+    EXPECT_EQ(stored(QStringLiteral("Omades"), QStringLiteral("Omada(2)")), QStringLiteral("( aa_omada=-1)"));
     EXPECT_EQ(storedCardPositions(settings, 2), std::vector<int>{12});
-    settings.write({{QStringLiteral("Listes"), QStringLiteral("List1(0)"), QStringLiteral(",x,-1, 5 ,99999999999,2")},
-        {QStringLiteral("Omades"), QStringLiteral("Omada(0)"),
-            QStringLiteral(
-                "1=1) or AA_OMADA = 4; drop aa_omada=5.5 or aa_omada=99999999999 xaa_omada=6 aa_omada=7x")}});
+    settings.write({{QStringLiteral("Listes"), QStringLiteral("List1(0)"), QStringLiteral(",x,-1, 5 ,99999999999,2")}});
     EXPECT_EQ(storedCardPositions(settings, 0), (std::vector<int>{5, 2}));
-    EXPECT_EQ(storedCardColumns(settings)[0].groups, std::vector<qint32>{4});
 
     AnalysisGroups groups = storedAnalysisGroups(settings);
     EXPECT_EQ(groups[3].title, QStringLiteral("Ομαδα 4"));
