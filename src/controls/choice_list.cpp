@@ -83,7 +83,7 @@ QHBoxLayout* ChoiceList::footRow()
     connect(m_all, &CommandButton::clicked, this, [this] { chooseAll(true); });
     connect(m_none, &CommandButton::clicked, this, [this] { chooseAll(false); });
     auto* const row = new QHBoxLayout;
-    row->setSpacing(betweenRows);
+    row->setSpacing(0);
     row->addWidget(m_count, 1);
     row->addWidget(m_all);
     row->addWidget(m_none);

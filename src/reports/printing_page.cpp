@@ -23,6 +23,7 @@ namespace {
 
 constexpr int marginSide = 12;
 constexpr int marginEnd = 10;
+constexpr int betweenColumns = 12;
 constexpr int reportRowHeight = 34;
 constexpr int dateWidth = 108;
 
@@ -75,7 +76,7 @@ PrintingPage::PrintingPage(Clock clock, QWidget* parent)
 
     auto* const columns = new QHBoxLayout(this);
     columns->setContentsMargins(marginSide, marginEnd, marginSide, marginEnd);
-    columns->setSpacing(16);
+    columns->setSpacing(betweenColumns);
     columns->addLayout(reportColumn(), 11);
     columns->addLayout(choiceColumn(), 9);
     setTabOrders();
@@ -119,6 +120,7 @@ QWidget* PrintingPage::periodFrame()
     auto* const frame = new QGroupBox(QStringLiteral("Ημερομηνία εκτύπωσης"), this);
     auto* const row = new QHBoxLayout(frame);
     row->setSpacing(8);
+    row->setContentsMargins(8, row->contentsMargins().top(), 8, row->contentsMargins().bottom());
     row->addWidget(addDate(field::periodStart, QStringLiteral("Από")));
     row->addWidget(new ThemedLabel(QStringLiteral("–"), ColourRole::PageText));
     row->addWidget(addDate(field::periodEnd, QStringLiteral("Έως")));

@@ -133,19 +133,18 @@ private:
     QFont m_before;
 };
 
-enum class Size { Usual, Large };
+enum class Size { Usual, Wide, Large };
 
 void PrintTo(Size size, std::ostream* stream)
 {
-    *stream << (size == Size::Usual ? "usual font" : "large font");
+    *stream << (size == Size::Usual ? "usual" : size == Size::Wide ? "wide" : "large") << " font";
 }
 
 QFont fontOf(Size size)
 {
-    QFont font = QApplication::font();
-    if (size == Size::Large)
-        font = QFont(QStringLiteral("DejaVu Sans"), qRound(font.pointSizeF() * 1.3));
-    return font;
+    const QFont usual = QApplication::font();
+    const qreal factor = size == Size::Large ? 1.3 : 1;
+    return size == Size::Usual ? usual : QFont(QStringLiteral("DejaVu Sans"), qRound(usual.pointSizeF() * factor));
 }
 
 class MainWindowLooks : public MainWindowTest, public testing::WithParamInterface<Size> { };
@@ -252,8 +251,8 @@ TEST_P(ProgramLooks, reportWindowsAreGreekAndWhole)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Fonts, MainWindowLooks, testing::Values(Size::Usual, Size::Large));
-INSTANTIATE_TEST_SUITE_P(Fonts, ProgramLooks, testing::Values(Size::Usual, Size::Large));
+INSTANTIATE_TEST_SUITE_P(Fonts, MainWindowLooks, testing::Values(Size::Usual, Size::Wide, Size::Large));
+INSTANTIATE_TEST_SUITE_P(Fonts, ProgramLooks, testing::Values(Size::Usual, Size::Wide, Size::Large));
 
 TEST_F(TabOrderTest, theCashPageReadsAsTheEyeDoes)
 {
