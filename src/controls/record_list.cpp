@@ -88,4 +88,11 @@ void RecordList::mouseReleaseEvent(QMouseEvent* event)
     QListView::mouseReleaseEvent(event);
 }
 
+/// Moved pixels do not meet exactly where a pixel is no whole number of the screen's, as at 125 %.
+void RecordList::scrollContentsBy(int dx, int dy)
+{
+    QListView::scrollContentsBy(dx, dy);
+    viewport()->update();
+}
+
 } // namespace lorvan
