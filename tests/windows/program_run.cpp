@@ -48,7 +48,7 @@ void ProgramTest::signIn(const QString& name, const QString& password) const
 bool ProgramTest::endsIn(const std::function<void()>& scenario) const
 {
     constexpr int stillRunning = 99;
-    constexpr std::chrono::seconds patience{5};
+    constexpr std::chrono::seconds patience{60}; // only where it does not end at all
     QTimer limit; // of this call: a program may be started in the scenario, and the next test must not hear of it
     QObject::connect(&limit, &QTimer::timeout, qApp, [] { QApplication::exit(stillRunning); });
     limit.start(patience);
