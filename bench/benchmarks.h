@@ -13,6 +13,9 @@ namespace lorvan::bench {
 /// Reports over the whole book and over a month.
 [[nodiscard]] std::vector<Comparison> reportBenchmarks(const BookFiles& files);
 
+/// The check of a book's content, the engine's integrity check of its files not included.
+[[nodiscard]] std::vector<Comparison> checkBenchmarks(const BookFiles& files);
+
 /// Makes a book of a million movements, half of them of the one code that is moved; one that is there is used as it is.
 void ensureCodesBook(const BookFiles& files);
 

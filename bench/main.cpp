@@ -29,7 +29,8 @@ void measureBook(const QString& folder, int movements)
 {
     const BookFiles files(folder + QStringLiteral("/%1").arg(movements));
     ensureBook(files, movements);
-    for (const auto& comparisons : {movementBenchmarks(files), reportBenchmarks(files), openingBenchmarks(files)})
+    for (const auto& comparisons :
+        {movementBenchmarks(files), reportBenchmarks(files), checkBenchmarks(files), openingBenchmarks(files)})
         printAll(QString::number(movements), comparisons);
 }
 
