@@ -157,7 +157,7 @@ std::int64_t estimatedMovements(Connection& book)
 BookFindings checkFiles(Connection& book, const CheckProgress& progress)
 {
     // The engine says how far it is in steps of its own: so many calls for a row that has two indexes.
-    constexpr std::int64_t rowsForACall = 650;
+    constexpr std::int64_t rowsForACall = 2200;
     const std::int64_t whole = estimatedMovements(book);
     std::int64_t calls = 0;
     const StopCheck reporting(book, [&] {
