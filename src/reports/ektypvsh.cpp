@@ -165,7 +165,7 @@ void Ektypvsh::showEvent(QShowEvent* event)
     if (event->spontaneous())
         return;
     m_area->view().setFocus(Qt::OtherFocusReason);
-    centre(); // already here, so that it is not seen to move
+    centreOnWorkArea(this); // already here, so that it is not seen to move
 }
 
 void Ektypvsh::changeEvent(QEvent* event)
@@ -188,7 +188,8 @@ void Ektypvsh::activate()
     showPrinterState();
 }
 
-/// A window that the user has put elsewhere stays there.
+/// A window that the user has put elsewhere stays there. Where it stands at its first activation is the window
+/// manager's doing.
 void Ektypvsh::centre()
 {
     if (m_centred && pos() != *m_centred)
