@@ -43,6 +43,12 @@ Book::Book(Connection main, Connection auxiliary)
 {
 }
 
+void Book::refuseReplaced() const
+{
+    m_main.refuseReplaced();
+    m_auxiliary.refuseReplaced();
+}
+
 void createBook(const BookFiles& files)
 {
     for (const QString& path : {files.mainDatabase(), files.auxiliaryDatabase(), files.usageMarker()}) {

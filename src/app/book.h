@@ -17,6 +17,9 @@ public:
     [[nodiscard]] Connection& main() { return m_main; }
     [[nodiscard]] Connection& auxiliary() { return m_auxiliary; }
 
+    /// See Connection::refuseReplaced(): a book may be restored from a backup while it is open here.
+    void refuseReplaced() const;
+
 private:
     Connection m_main;
     Connection m_auxiliary;

@@ -2,14 +2,11 @@
 
 #include "app/book_files.h"
 #include "platform/connection.h"
-#include "platform/sql_error.h"
+#include "platform/durable_files.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace lorvan {
 namespace {
@@ -39,43 +36,6 @@ void removeRemains(const QString& original)
         folder.remove(name);
 }
 
-BookCopyFailed failure(const QString& path, const QString& reason)
-{
-    return BookCopyFailed(QStringLiteral("%1: %2").arg(path, reason).toStdString());
-}
-
-void writeAll(QFile& file, const QByteArray& block)
-{
-    for (qint64 done = 0; done < block.size();) {
-        const qint64 written = file.write(block.constData() + done, block.size() - done);
-        if (written <= 0)
-            throw failure(file.fileName(), file.errorString());
-        done += written;
-    }
-}
-
-void prove(const QString& path, KeyRing& keys)
-{
-    try {
-        Connection copy = Connection::open(path, keys.keyFor(path), Connection::Access::ReadOnly);
-        auto check = copy.prepare("PRAGMA quick_check(1)");
-        if (!check.step() || check.text(0) != QLatin1String("ok"))
-            throw failure(path, check.text(0));
-    } catch (const SqlError& error) {
-        throw failure(path, error.engineMessage());
-    }
-}
-
-/// Has the disk confirm the names in a folder. Not every file system can; then the names come with its next write.
-void syncFolder(const QString& folder)
-{
-    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-}
-
 } // namespace
 
 CopiedFile::CopiedFile(const QString& original, const QDateTime& at)
@@ -95,21 +55,22 @@ void CopiedFile::write(Connection& book, const QString& schema, KeyRing& keys)
 {
     QFile file(m_current);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-        throw failure(m_current, file.errorString());
+        throw BookCopyFailed(m_current, file.errorString());
     m_isOurs = true;
     file.setPermissions(QFile::permissions(m_original));
-    book.readFile(schema, [&file](const QByteArray& block) { writeAll(file, block); });
-    if (::fsync(file.handle()) != 0)
-        throw failure(m_current, qt_error_string(errno));
-    file.close();
-    prove(m_current, keys);
+    book.readFile(schema, [&file](const QByteArray& block) {
+        writeAll(file, block.constData(), block.size());
+        return true;
+    });
+    closeConfirmed(file);
+    proveDatabase(m_current, keys);
 }
 
 void CopiedFile::complete()
 {
     QFile file(m_current);
     if (!file.rename(m_path))
-        throw failure(m_path, file.errorString());
+        throw BookCopyFailed(m_path, file.errorString());
     m_current = m_path;
 }
 

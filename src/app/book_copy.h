@@ -1,20 +1,13 @@
 #pragma once
 
+#include "app/book_proof.h"
+
 #include <QDateTime>
 #include <QString>
 
-#include <stdexcept>
-
 namespace lorvan {
 
-class BookFiles;
 class Connection;
-class KeyRing;
-
-/// The copy of a book could not be written or does not open. what() names the file and the reason.
-class BookCopyFailed : public std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
 
 /// One file of a copy. It bears a name ending in ".part" until it is complete. Unless it is kept, it goes with the
 /// object.

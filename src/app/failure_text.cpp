@@ -1,6 +1,9 @@
 #include "app/failure_text.h"
 
-#include "app/book_copy.h"
+#include "app/book_archive.h"
+#include "app/book_restore.h"
+#include "app/copy_writing.h"
+#include "app/pending_restore.h"
 #include "app/schema_upgrade.h"
 #include "app/usage_marker.h"
 #include "platform/currency.h"
@@ -24,6 +27,10 @@ QString databaseTrouble(SqlError::Kind kind)
         return QStringLiteral("Ο δίσκος είναι γεμάτος. Ελευθερώστε χώρο και δοκιμάστε ξανά.");
     case SqlError::Kind::ReadOnly:
         return QStringLiteral("Ο φάκελος των δεδομένων είναι μόνο για ανάγνωση.");
+    case SqlError::Kind::Replaced:
+        return QStringLiteral(
+            "Το βιβλίο που έχετε ανοικτό αντικαταστάθηκε στο μεταξύ από αντίγραφο ασφαλείας. Δεν γράφτηκε"
+            " τίποτα. Κλείστε το πρόγραμμα και ξεκινήστε το ξανά, για να ανοίξει το νέο βιβλίο.");
     case SqlError::Kind::CannotOpen:
         return QStringLiteral("Το αρχείο της βάσης δεδομένων δεν ανοίγει.");
     case SqlError::Kind::InputOutput:
@@ -40,6 +47,13 @@ QString plainText(const std::exception& failure)
         return databaseTrouble(sql->kind());
     if (dynamic_cast<const BookCopyFailed*>(&failure))
         return QStringLiteral("Το αντίγραφο ασφαλείας δεν γράφτηκε και η βάση έμεινε όπως ήταν.");
+    if (dynamic_cast<const BackupUnusable*>(&failure))
+        return QStringLiteral("Το αρχείο δεν είναι ακέραιο αντίγραφο ασφαλείας ενός βιβλίου.");
+    if (dynamic_cast<const RestoreFailed*>(&failure))
+        return QStringLiteral("Η επαναφορά δεν έγινε. Το βιβλίο έμεινε όπως ήταν.");
+    if (dynamic_cast<const RestoreUnfinished*>(&failure))
+        return QStringLiteral("Η επαναφορά του βιβλίου άρχισε αλλά δεν ολοκληρώθηκε. Θα ολοκληρωθεί μόνη της μόλις"
+                              " ξαναξεκινήσει το πρόγραμμα, αφού διορθωθεί η αιτία.");
     if (dynamic_cast<const CurrencyOverflow*>(&failure))
         return QStringLiteral("Το ποσό είναι μεγαλύτερο από όσο μπορεί να κρατήσει το ταμείο.");
     if (dynamic_cast<const MarkerError*>(&failure))
@@ -56,10 +70,11 @@ QString plainText(const std::exception& failure)
 
 QString failureText(const std::exception& failure)
 {
-    const bool isOurOwn =
-        dynamic_cast<const CurrencyOverflow*>(&failure) || dynamic_cast<const UnknownSchemaVersion*>(&failure);
-    return isOurOwn ? plainText(failure)
-                    : plainText(failure) + QStringLiteral("\n\n") + QString::fromUtf8(failure.what());
+    const auto* const sql = dynamic_cast<const SqlError*>(&failure);
+    const bool saysAll = (sql && sql->kind() == SqlError::Kind::Replaced)
+        || dynamic_cast<const CurrencyOverflow*>(&failure) || dynamic_cast<const UnknownSchemaVersion*>(&failure);
+    return saysAll ? plainText(failure)
+                   : plainText(failure) + QStringLiteral("\n\n") + QString::fromUtf8(failure.what());
 }
 
 } // namespace lorvan

@@ -39,15 +39,15 @@ bool Program::start()
         return false;
     const StartDecision decision = decideStart(QFileInfo(m_programFile).absolutePath());
     m_settings = decision.settings;
-    if (!announce(decision.outcome))
+    if (!announce(decision))
         return false;
     showSignIn();
     return true;
 }
 
-bool Program::announce(StartOutcome outcome)
+bool Program::announce(const StartDecision& decision)
 {
-    switch (outcome) {
+    switch (decision.outcome) {
     case StartOutcome::SignIn:
         return true;
     case StartOutcome::PathWritten:
@@ -64,6 +64,9 @@ bool Program::announce(StartOutcome outcome)
     case StartOutcome::DatabaseMissing:
         showMessage(nullptr, QMessageBox::Critical, QStringLiteral("Προσοχή στη διαδρομή"),
             QStringLiteral("Τα αρχεία του προγράμματος δεν βρέθηκαν. Ορίστε τη διαδρομή ξανά."));
+        return false;
+    case StartOutcome::RestoreUnfinished:
+        showMessage(nullptr, QMessageBox::Critical, QStringLiteral("Προσοχή στη διαδρομή"), decision.trouble);
         return false;
     case StartOutcome::OldFormat:
         showMessage(nullptr, QMessageBox::Critical, QStringLiteral("Προσοχή στη διαδρομή"),

@@ -34,7 +34,7 @@ public:
     void end();
 
 private:
-    bool announce(StartOutcome outcome);
+    bool announce(const StartDecision& decision);
     void showSignIn();
     void openMainWindow(const UserSession& session);
 

@@ -1,7 +1,9 @@
 #include "app/startup.h"
 
 #include "app/book_files.h"
+#include "app/failure_text.h"
 #include "app/path_file.h"
+#include "app/pending_restore.h"
 #include "platform/amount_text.h"
 #include "platform/windows1253.h"
 
@@ -23,7 +25,7 @@ bool isNumeric(const QString& text)
 StartDecision decideStart(const QString& programFolder)
 {
     const PathFile pathFile(programFolder);
-    StartDecision decision{StartOutcome::SignIn, pathFile.read()};
+    StartDecision decision{StartOutcome::SignIn, pathFile.read(), {}};
     QString& folder = decision.settings.dataFolder;
     if (folder.isEmpty() || isNumeric(folder)) {
         folder = programFolder;
@@ -32,6 +34,13 @@ StartDecision decideStart(const QString& programFolder)
         return decision;
     }
     const BookFiles files(folder);
+    try {
+        finishRestore(files);
+    } catch (const RestoreUnfinished& failure) {
+        decision.outcome = StartOutcome::RestoreUnfinished;
+        decision.trouble = failureText(failure);
+        return decision;
+    }
     if (!BookFiles::exists(files.mainDatabase()))
         decision.outcome = StartOutcome::DatabaseMissing;
     else if (files.isOldFormat())

@@ -7,6 +7,7 @@
 #include "codes/code_catalogue.h"
 #include "codes/codes_page.h"
 #include "codes/omada_kvdikvn.h"
+#include "controls/backup_failure_line.h"
 #include "controls/tab_band.h"
 #include "controls/totals_bar.h"
 #include "controls/window_placement.h"
@@ -61,7 +62,9 @@ Kentrikh::Kentrikh(
     , m_codesPage(new CodesPage(m_book, this))
     , m_printingPage(new PrintingPage(m_clock, this))
     , m_totals(new TotalsBar(this))
+    , m_backupFailure(new BackupFailureLine(this))
     , m_reports(BookFiles(m_settings.dataFolder), keys)
+    , m_backup(BookFiles(m_settings.dataFolder), keys, m_clock)
 {
     setObjectName(QStringLiteral("kentrikh"));
     layOut();
@@ -91,6 +94,7 @@ void Kentrikh::layOut()
     rows->addWidget(m_band);
     rows->addWidget(m_pages, 1);
     rows->addWidget(m_totals);
+    rows->addWidget(m_backupFailure);
     setCentralWidget(central);
     setMinimumSize(leastSize.boundedTo(roomFor(this)));
     sizeWithin(this, firstSize);
@@ -135,6 +139,8 @@ void Kentrikh::connectPages()
         m_codesPage, &CodesPage::codesChanged, this, [this] { guarded(this, [this] { m_entryPage->refillCodes(); }); });
     connect(m_entryPage, &MovementEntryPage::figuresUnknown, this, [this] { m_totals->setFigures({}, {}, {}); });
     connect(m_band->tabs(), &QTabBar::currentChanged, this, &Kentrikh::selectTab);
+    connect(&m_backup, &DailyBackup::made, m_backupFailure, &BackupFailureLine::hide);
+    connect(&m_backup, &DailyBackup::failed, m_backupFailure, &BackupFailureLine::tell);
 }
 
 void Kentrikh::initialise()
@@ -142,6 +148,7 @@ void Kentrikh::initialise()
     m_entryPage->start();
     m_band->setVersion(QStringLiteral("Έκδοση  ") + programVersion());
     m_marker.claim();
+    backUpIfHeld();
     refreshCaption();
     m_band->setHeading(m_settings.heading);
 }
@@ -176,6 +183,8 @@ void Kentrikh::dispatch(int command)
 bool Kentrikh::isAdmitted(int command)
 {
     const bool leaving = command == command::exitFromCashPage || command == command::exitFromCodesPage;
+    if (!leaving)
+        m_book.refuseReplaced();
     if (!leaving && !(settle(command) && isOffered(command)))
         return false;
     return !isGuarded(command) || !refusedByMarker(this);
@@ -196,6 +205,7 @@ bool Kentrikh::isOffered(int command) const
 bool Kentrikh::refusedByMarker(QWidget* asking)
 {
     const auto holder = m_marker.guardChange();
+    backUpIfHeld();
     setWindowTitle(markerCaption(holder));
     if (holder)
         showMessage(asking, QMessageBox::Information, QStringLiteral("Αδύνατη η πρόσβαση"), markerRefusal(*holder));
@@ -273,7 +283,9 @@ void Kentrikh::selectTab(int tab)
         return;
     }
     guarded(this, [this] { refreshCaption(); });
-    if (tab != tab::exit)
+    if (tab != tab::exit && !guarded(this, [this] { m_book.refuseReplaced(); }))
+        keepTab();
+    else if (tab != tab::exit)
         showTab(tab);
     else if (confirmExit())
         close();
@@ -306,6 +318,13 @@ void Kentrikh::followMarker(int tab)
         m_marker.release();
     else
         m_marker.claim();
+    backUpIfHeld();
+}
+
+void Kentrikh::backUpIfHeld()
+{
+    if (m_marker.owns())
+        m_backup.markerHeld();
 }
 
 void Kentrikh::fillPage(int tab, int earlierTab)
@@ -331,6 +350,7 @@ void Kentrikh::fillPage(int tab, int earlierTab)
 void Kentrikh::closeEvent(QCloseEvent* event)
 {
     m_reports.close();
+    m_backup.retire();
     try {
         m_marker.retire();
     } catch (const MarkerError&) {

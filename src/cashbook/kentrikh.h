@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/book.h"
+#include "app/daily_backup.h"
 #include "app/data_folder_settings.h"
 #include "app/usage_marker.h"
 #include "cashbook/cash_day.h"
@@ -14,6 +15,7 @@ class QStackedWidget;
 
 namespace lorvan {
 
+class BackupFailureLine;
 class CodesPage;
 class MovementEntryPage;
 class PrintingPage;
@@ -66,6 +68,7 @@ private:
     void showTab(int tab);
     void refreshCaption();
     void followMarker(int tab);
+    void backUpIfHeld();
     void fillPage(int tab, int earlierTab);
     [[nodiscard]] bool confirmExit();
 
@@ -80,7 +83,9 @@ private:
     CodesPage* m_codesPage;
     PrintingPage* m_printingPage;
     TotalsBar* m_totals;
+    BackupFailureLine* m_backupFailure;
     ReportDesk m_reports;
+    DailyBackup m_backup;
     int m_tab = 0; ///< The tab whose page is shown.
     bool m_closed = false;
 };

@@ -29,6 +29,13 @@ void keepFileForm(Connection& connection)
         connection.execute("PRAGMA cipher_compatibility = 3");
 }
 
+SqlError replacedOrGone(const QString& path)
+{
+    if (QFileInfo::exists(path))
+        return {SQLITE_READONLY_DBMOVED, QStringLiteral("database file was replaced"), path};
+    return {SQLITE_CANTOPEN, QStringLiteral("database file is gone"), path};
+}
+
 } // namespace
 
 void Connection::Close::operator()(sqlite3* handle) const noexcept
@@ -52,6 +59,7 @@ Connection& Connection::operator=(Connection&& other) noexcept
 {
     m_idle.clear();
     m_handle = std::move(other.m_handle);
+    m_schemas = std::move(other.m_schemas);
     m_idle = std::move(other.m_idle);
     return *this;
 }
@@ -152,9 +160,10 @@ void Connection::attach(const QString& path, const FileKey& key, const QString& 
     } catch (const SqlError& error) {
         throw SqlError(error.code(), error.engineMessage(), path + QStringLiteral(": ") + error.statement());
     }
+    m_schemas.push_back(schema.toUtf8());
 }
 
-void Connection::readFile(const QString& schema, const std::function<void(const QByteArray&)>& sink)
+void Connection::readFile(const QString& schema, const std::function<bool(const QByteArray&)>& sink)
 {
     const auto check = [&](int code) {
         if (code != SQLITE_OK)
@@ -167,7 +176,18 @@ void Connection::readFile(const QString& schema, const std::function<void(const 
     for (sqlite3_int64 offset = 0; offset < size; offset += oneMegabyte) {
         QByteArray block(static_cast<int>(std::min<sqlite3_int64>(oneMegabyte, size - offset)), Qt::Uninitialized);
         check(file->pMethods->xRead(file, block.data(), static_cast<int>(block.size()), offset));
-        sink(block);
+        if (!sink(block))
+            return;
+    }
+}
+
+void Connection::refuseReplaced() const
+{
+    for (const QByteArray& schema : m_schemas) {
+        int hasMoved = 0;
+        if (sqlite3_file_control(handle(), schema.constData(), SQLITE_FCNTL_HAS_MOVED, &hasMoved) == SQLITE_OK
+            && hasMoved != 0)
+            throw replacedOrGone(QString::fromUtf8(sqlite3_db_filename(handle(), schema.constData())));
     }
 }
 

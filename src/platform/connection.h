@@ -50,11 +50,15 @@ public:
     /// SqlError like open().
     void attach(const QString& path, const FileKey& key, const QString& schema);
 
-    /// Hands `sink` the bytes of a database's file from first to last, `schema` being "main" or a name given to
-    /// attach(). They are a whole database only inside a transaction that keeps other connections from writing and has
-    /// not written itself. Opening the file a second time to read it, and closing it, would drop the locks that the
-    /// process holds on it.
-    void readFile(const QString& schema, const std::function<void(const QByteArray&)>& sink);
+    /// Hands `sink` the bytes of a database's file from first to last, a megabyte at a time, until it returns false;
+    /// `schema` is "main" or a name given to attach(). They are a whole database only inside a transaction that keeps
+    /// other connections from writing and has not written itself. Opening the file a second time to read it, and
+    /// closing it, would drop the locks that the process holds on it.
+    void readFile(const QString& schema, const std::function<bool(const QByteArray&)>& sink);
+
+    /// Throws SqlError when another file (Replaced) or none (CannotOpen) has the name of an open database by now: what
+    /// is written here then would end in the file that was put aside.
+    void refuseReplaced() const;
 
     [[nodiscard]] std::int64_t lastInsertedKey() const;
     [[nodiscard]] bool isReadOnly() const;
@@ -81,6 +85,7 @@ private:
     void proveReadable(const QString& path);
 
     std::unique_ptr<sqlite3, Close> m_handle;
+    std::vector<QByteArray> m_schemas{QByteArrayLiteral("main")};
     std::unordered_map<std::string, std::vector<IdleStatement>> m_idle; // destroyed before m_handle is closed
 };
 

@@ -4,7 +4,11 @@
 
 #include <openssl/evp.h>
 
+#include <algorithm>
 #include <array>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
 namespace lorvan {
@@ -14,10 +18,12 @@ constexpr int saltBytes = 16;
 constexpr int keyBytes = 32;
 constexpr int rounds = 64'000;
 
-QByteArray saltOf(const QString& path)
+QByteArray saltIn(int descriptor)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.read(saltBytes) : QByteArray();
+    QByteArray salt(saltBytes, '\0');
+    const auto length = ::pread(descriptor, salt.data(), saltBytes, 0);
+    salt.truncate(std::max<qsizetype>(0, length));
+    return salt;
 }
 
 } // namespace
@@ -47,6 +53,36 @@ std::shared_future<FileKey> KeyRing::derivation(const QByteArray& salt, std::lau
     return key;
 }
 
+KeyRing::~KeyRing()
+{
+    for (const auto& [identity, descriptor] : m_files)
+        ::close(descriptor);
+}
+
+/// A descriptor that is kept also keeps the file's number from being given to another file, and reads the salt anew.
+QByteArray KeyRing::saltOf(const QString& path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    struct stat found { };
+    if (::stat(name.constData(), &found) != 0 || found.st_size < saltBytes)
+        return {};
+    const std::scoped_lock lock(m_mutex);
+    const auto kept = m_files.find({found.st_dev, found.st_ino});
+    if (kept != m_files.end())
+        return saltIn(kept->second);
+    const int descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        return {};
+    if (::fstat(descriptor, &found) != 0) {
+        ::close(descriptor);
+        return {};
+    }
+    const auto [added, isNew] = m_files.try_emplace({found.st_dev, found.st_ino}, descriptor);
+    if (!isNew)
+        ::close(descriptor); // the name has come to mean a file that is kept already
+    return saltIn(added->second);
+}
+
 void KeyRing::prepare(const QString& path)
 {
     const QByteArray salt = saltOf(path);
@@ -57,6 +93,13 @@ void KeyRing::prepare(const QString& path)
 FileKey KeyRing::keyFor(const QString& path)
 {
     return derivation(saltOf(path), std::launch::deferred).get();
+}
+
+FileKey KeyRing::keyForCopy(const QString& path)
+{
+    QFile file(path);
+    const QByteArray salt = file.open(QIODevice::ReadOnly) ? file.read(saltBytes) : QByteArray();
+    return derivation(salt, std::launch::deferred).get();
 }
 
 } // namespace lorvan

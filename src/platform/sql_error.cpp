@@ -35,6 +35,8 @@ SqlError SqlError::fromConnection(sqlite3* connection, int code, const QString& 
 
 SqlError::Kind SqlError::kind() const
 {
+    if (m_code == SQLITE_READONLY_DBMOVED)
+        return Kind::Replaced;
     switch (m_code & 0xFF) {
     case SQLITE_NOTADB:
         return Kind::NotADatabase;

@@ -13,7 +13,7 @@ namespace lorvan {
 class SqlError : public std::runtime_error {
 public:
     /// What kind of trouble it is, as far as a user can act on it.
-    enum class Kind { NotADatabase, Damaged, Busy, DiskFull, ReadOnly, CannotOpen, InputOutput, Other };
+    enum class Kind { NotADatabase, Damaged, Busy, DiskFull, ReadOnly, Replaced, CannotOpen, InputOutput, Other };
 
     SqlError(int code, const QString& engineMessage, const QString& statement);
     /// Takes code and message from the connection at the moment of failure; a null connection gives the code's own

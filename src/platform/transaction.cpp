@@ -25,6 +25,14 @@ Transaction::Transaction(Connection& connection, Mode mode)
     : m_connection(connection)
 {
     connection.prepare(beginning(mode)).run();
+    if (mode == Mode::Read)
+        return;
+    try {
+        connection.refuseReplaced(); // only now: whoever replaces a file shuts writers out until it is done
+    } catch (const SqlError&) {
+        connection.prepare("ROLLBACK").run();
+        throw;
+    }
 }
 
 Transaction::~Transaction()

@@ -13,7 +13,8 @@ public:
         Exclusive ///< Shuts readers out as well, on all attached databases, so that the commit waits for nobody.
     };
 
-    /// Throws SqlError, of kind Busy when another connection writes for more than five seconds.
+    /// Throws SqlError, of kind Busy when another connection writes for more than five seconds, of kind Replaced when
+    /// it would write and another file has a database's name by now.
     explicit Transaction(Connection& connection, Mode mode = Mode::Write);
     ~Transaction();
     Transaction(const Transaction&) = delete;

@@ -50,6 +50,11 @@ QString Arguments::takeBookFolder()
     return QFileInfo(takeWord(QStringLiteral("ο φάκελος του βιβλίου"))).absoluteFilePath();
 }
 
+std::optional<QString> Arguments::takeOptionalWord()
+{
+    return m_words.isEmpty() ? std::nullopt : std::optional(takeWord(QString()));
+}
+
 void Arguments::finish() const
 {
     if (!m_words.isEmpty())

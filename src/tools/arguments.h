@@ -31,6 +31,9 @@ public:
     /// takeWord() for the folder of a book, as an absolute path.
     [[nodiscard]] QString takeBookFolder();
 
+    /// The next word, if there is one.
+    [[nodiscard]] std::optional<QString> takeOptionalWord();
+
     /// To be called when all has been taken: anything left is refused.
     void finish() const;
 

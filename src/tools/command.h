@@ -36,6 +36,7 @@ struct Command {
     ExitStatus (*run)(Arguments& arguments, const ToolContext& context);
 };
 
+[[nodiscard]] Command backupCommand();
 [[nodiscard]] Command checkCommand();
 [[nodiscard]] Command createCommand();
 [[nodiscard]] Command demoCommand();
@@ -43,5 +44,6 @@ struct Command {
 [[nodiscard]] Command importCommand();
 [[nodiscard]] Command importCsvCommand();
 [[nodiscard]] Command pathCommand();
+[[nodiscard]] Command restoreCommand();
 
 } // namespace lorvan

@@ -1,12 +1,12 @@
 #include "tools/opened_book.h"
 
+#include "app/pending_restore.h"
 #include "app/schema_upgrade.h"
 #include "tools/refused.h"
 
 namespace lorvan {
-namespace {
 
-void refuseIncomplete(const BookFiles& files)
+void refuseIncompleteBook(const BookFiles& files)
 {
     for (const QString& path : {files.mainDatabase(), files.auxiliaryDatabase()}) {
         if (!BookFiles::exists(path))
@@ -19,8 +19,6 @@ void refuseIncomplete(const BookFiles& files)
                           .arg(files.dataFolder()));
 }
 
-} // namespace
-
 OpenedBook::OpenedBook(const QString& folder)
     : m_files(folder)
     , m_keys(bookPassword())
@@ -30,8 +28,8 @@ OpenedBook::OpenedBook(const QString& folder)
 
 Connection OpenedBook::open()
 {
-    refuseIncomplete(m_files);
-    // Both keys first: they are read from the files, and closing a file drops the locks that the engine holds on it.
+    finishRestore(m_files);
+    refuseIncompleteBook(m_files);
     m_keys.prepare(m_files.auxiliaryDatabase());
     const FileKey mainKey = m_keys.keyFor(m_files.mainDatabase());
     const FileKey auxiliaryKey = m_keys.keyFor(m_files.auxiliaryDatabase());

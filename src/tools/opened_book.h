@@ -6,6 +6,9 @@
 
 namespace lorvan {
 
+/// Throws Refused for a folder without a complete book and for a book in the older format.
+void refuseIncompleteBook(const BookFiles& files);
+
 /// An existing book, opened for a command: one connection with the main database and, attached to it as `auxiliary`,
 /// the other one; no table name occurs in both. Neither is upgraded or otherwise changed by that. Where the files may
 /// only be read, so may the connection (Connection::isReadOnly()).
@@ -15,8 +18,8 @@ namespace lorvan {
 class OpenedBook {
 public:
     /// Throws Refused for a folder without a complete book, for a book in the older format and for one of an older
-    /// schema version; UnknownSchemaVersion; SqlError as Connection::open(), also on a read-only folder where a program
-    /// that was killed left a journal.
+    /// schema version; UnknownSchemaVersion; RestoreUnfinished; SqlError as Connection::open(), also on a read-only
+    /// folder where a program that was killed left a journal.
     explicit OpenedBook(const QString& folder);
 
     [[nodiscard]] const BookFiles& files() const { return m_files; }

@@ -13,7 +13,7 @@ namespace {
 const std::vector<Command>& commands()
 {
     static const std::vector<Command> table{checkCommand(), createCommand(), demoCommand(), exportCommand(),
-        importCommand(), importCsvCommand(), pathCommand()};
+        importCommand(), importCsvCommand(), backupCommand(), restoreCommand(), pathCommand()};
     return table;
 }
 

@@ -42,7 +42,6 @@ void closeOpenDays(Connection& auxiliary, const std::function<bool()>& goOn)
 
 CopiedBook deleteAllData(const BookFiles& files, KeyRing& keys, const QDateTime& now)
 {
-    // Both keys first: they are read from the files, and closing a file drops the locks that the engine holds on it.
     const FileKey mainKey = keys.keyFor(files.mainDatabase());
     const FileKey auxiliaryKey = keys.keyFor(files.auxiliaryDatabase());
     Connection book = Connection::open(files.mainDatabase(), mainKey);

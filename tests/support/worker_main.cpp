@@ -7,14 +7,18 @@
 //   lorvan_test_worker deletion DIR LOG                one deletion of all data
 //   lorvan_test_worker repair  DIR LOG                 one repair of the cash days
 //   lorvan_test_worker claim   DIR LOG                 holds the marker as a command does, until it is ended
+//   lorvan_test_worker restore DIR LOG FILE            one restore of a backup over the book
+//   lorvan_test_worker pairs   DIR LOG COUNT           so many changes of both files, each in one transaction
 //   lorvan_test_worker marker  DIR LOG HOST ROUNDS     claims and releases the marker, changing the book now and then
 
+#include "app/book_restore.h"
 #include "app/schema_upgrade.h"
 #include "app/usage_marker.h"
 #include "cashbook/book_repair.h"
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
 #include "platform/machine_identity.h"
+#include "platform/transaction.h"
 #include "support/random_changes.h"
 #include "support/temporary_book.h"
 #include "support/worker_log.h"
@@ -115,6 +119,34 @@ int holdMarker(const BookFiles& files, WorkerLog& log)
     return 0;
 }
 
+int restore(const BookFiles& files, WorkerLog& log, const QString& backup)
+{
+    log.append("ready");
+    RestoredBook(backup, files).replace(fixedClock().now());
+    log.append("done");
+    return 0;
+}
+
+/// Movements, closed days and a balance go up together.
+int changeBothFiles(const BookFiles& files, WorkerLog& log, int count)
+{
+    const FileKey auxiliaryKey = testKeys().keyFor(files.auxiliaryDatabase());
+    Connection book = Connection::open(files.mainDatabase(), testKeys().keyFor(files.mainDatabase()));
+    book.attach(files.auxiliaryDatabase(), auxiliaryKey, QStringLiteral("auxiliary"));
+    book.execute("INSERT INTO tameio (hmeromhnia, ypoloipo) VALUES (20240315, 0)");
+    log.append("ready");
+    for (int i = 0; i < count; ++i) {
+        Transaction transaction(book);
+        book.execute("INSERT INTO kinhseis (kvdikos, hmeromhnia) VALUES (100, 20240315);"
+                     "INSERT INTO auxiliary.klhsimotameioy (hmeraklhsimatos) VALUES (20240315);"
+                     "UPDATE tameio SET ypoloipo=ypoloipo+1");
+        transaction.commit();
+        std::this_thread::sleep_for(std::chrono::milliseconds(1)); // even a quick typist leaves moments
+    }
+    log.append("done");
+    return 0;
+}
+
 /// A name of its own for this computer, as the system gives it; else one that is only passed on.
 MachineIdentity identityAt(const QString& host)
 {
@@ -189,6 +221,10 @@ int run(const QStringList& arguments)
         return repairDays(files, log);
     if (task == QStringLiteral("claim"))
         return holdMarker(files, log);
+    if (task == QStringLiteral("restore"))
+        return restore(files, log, arguments.value(4));
+    if (task == QStringLiteral("pairs"))
+        return changeBothFiles(files, log, arguments.value(4).toInt());
     if (task == QStringLiteral("marker"))
         return claimAndRelease(files, log, arguments.value(4), arguments.value(5).toInt());
     return 64;

@@ -8,6 +8,7 @@ list(APPEND LORVAN_WINDOW_TESTS
     ${CMAKE_CURRENT_LIST_DIR}/chooser_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/changes_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/codes_page_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/daily_backup_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/date_field_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/bad_input_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/marker_window_test.cpp

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/steady_copy.h"
+
+#include <QDateTime>
+#include <QString>
+
+#include <functional>
+
+namespace lorvan {
+
+/// Whose turn a backup in the folder "backup" was, which its name tells.
+enum class BackupKind {
+    ByHand, ///< lorvan-2026-11-23-101530.tar: never removed by the program.
+    Daily ///< lorvan-daily-2026-11-23-101530.tar: the program's own, see backup_retention.h.
+};
+
+/// The folder "backup" in the data folder.
+[[nodiscard]] QString backupFolder(const BookFiles& book);
+
+/// A name in that folder that is free: that of `now` or of the first second after it.
+[[nodiscard]] QString backupPath(const BookFiles& book, BackupKind kind, QDateTime now);
+
+/// What backups that were cut short have left beside `path`, where nobody is at work on them. Files of the names that
+/// backupPath() gives are meant, with ".part" behind.
+void removeUnfinishedBackups(const BookFiles& book);
+
+/// Makes one file of both databases of a book, as they are at one moment, while programs go on using it (see
+/// copyBook()), and opens it again to prove it. Until then its name ends in ".part", and a hidden folder stands beside
+/// it. The disk has confirmed it at the end. Needs twice the book's size for the while.
+/// Throws BookCopyFailed, also when there is a file of that name, SqlError when the book cannot be read, GivenUp when
+/// `goesOn` says no; nothing stays behind then.
+CopyReport makeBackup(const BookFiles& book, const QString& path, KeyRing& keys, const std::function<bool()>& goesOn);
+
+} // namespace lorvan

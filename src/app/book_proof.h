@@ -1,0 +1,22 @@
+#pragma once
+
+#include "app/copy_writing.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace lorvan {
+
+class BookFiles;
+class KeyRing;
+
+/// Reads every page of a copied database. Nobody else uses the copy yet. `goesOn` is asked from time to time; when it
+/// says no, the reading ends with a failure. Throws BookCopyFailed.
+void proveDatabase(const QString& path, KeyRing& keys, const std::function<bool()>& goesOn = {});
+
+/// The same for both databases of a copied book; their tables and schema version must be those of a book, too.
+/// Throws BookCopyFailed, UnknownSchemaVersion.
+void proveBook(const BookFiles& copy, KeyRing& keys, const std::function<bool()>& goesOn = {});
+
+} // namespace lorvan

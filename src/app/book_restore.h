@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <stdexcept>
+
+namespace lorvan {
+
+class BookFiles;
+
+/// The backup could not be unpacked into the data folder. what() says why.
+class RestoreFailed : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// The book in a backup, unpacked and proven in a hidden folder inside the data folder, and not in its place yet.
+/// Without replace() it goes with the object.
+class RestoredBook {
+public:
+    /// Makes the data folder where it is missing. Throws BackupUnusable when the file is no backup, or a damaged one,
+    /// UnknownSchemaVersion, and RestoreFailed when the folder cannot be written or another restore is under way.
+    RestoredBook(const QString& backup, const BookFiles& book);
+    ~RestoredBook();
+    RestoredBook(const RestoredBook&) = delete;
+    RestoredBook& operator=(const RestoredBook&) = delete;
+
+    /// For those who want to look at it.
+    [[nodiscard]] const BookFiles& staged() const;
+
+    /// Puts it in its place, and what was there aside. The usage marker is free then; whoever calls holds it, if there
+    /// is one. Killed on the way, there is either the old book or, from the next start of a program on, the new one.
+    /// Returns the folder where the old files are, if there were any. Throws RestoreFailed when nothing is decided yet,
+    /// RestoreUnfinished afterwards.
+    std::optional<QString> replace(const QDateTime& now);
+
+private:
+    struct Staging;
+    std::unique_ptr<Staging> m_staging;
+};
+
+} // namespace lorvan

@@ -1,0 +1,207 @@
+#include "app/steady_copy.h"
+
+#include "app/book_files.h"
+#include "app/copy_writing.h"
+#include "platform/connection.h"
+#include "platform/sql_error.h"
+#include "platform/transaction.h"
+
+#include <QFile>
+
+#include <openssl/evp.h>
+
+#include <algorithm>
+#include <array>
+#include <thread>
+#include <vector>
+
+namespace lorvan {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Digest = std::array<unsigned char, 32>;
+using GoesOn = std::function<bool()>;
+
+constexpr std::chrono::milliseconds betweenLocks{1};
+
+Digest digestOf(const QByteArray& block)
+{
+    Digest digest{};
+    EVP_Digest(
+        block.constData(), static_cast<std::size_t>(block.size()), digest.data(), nullptr, EVP_sha256(), nullptr);
+    return digest;
+}
+
+/// The copy of one database's file, brought in line with it as often as necessary.
+class FileCopy {
+public:
+    FileCopy(QString schema, const QString& target)
+        : m_schema(std::move(schema))
+        , m_file(target)
+    {
+        if (!m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+            throw BookCopyFailed(target, m_file.errorString());
+    }
+
+    /// Reads all of the database, and writes what differs from the last time. False when `goesOn` has cut it short.
+    bool update(Connection& book, const GoesOn& goesOn)
+    {
+        std::size_t count = 0;
+        bool isWhole = true;
+        m_size = 0;
+        book.readFile(m_schema, [&](const QByteArray& block) {
+            take(count++, block);
+            return isWhole = goesOn();
+        });
+        if (isWhole)
+            m_digests.resize(count);
+        return isWhole;
+    }
+
+    void complete()
+    {
+        if (!m_file.resize(m_size))
+            throw BookCopyFailed(m_file.fileName(), m_file.errorString());
+        closeConfirmed(m_file);
+    }
+
+private:
+    void take(std::size_t number, const QByteArray& block)
+    {
+        const Digest digest = digestOf(block);
+        if (number == m_digests.size())
+            m_digests.emplace_back(); // no digest of anything
+        if (m_digests[number] != digest) {
+            m_file.seek(m_size);
+            writeAll(m_file, block.constData(), block.size());
+            m_digests[number] = digest;
+        }
+        m_size += block.size();
+    }
+
+    QString m_schema;
+    QFile m_file;
+    std::vector<Digest> m_digests;
+    qint64 m_size = 0;
+};
+
+/// Locks that let others read but not write, on both databases.
+class SharedLock {
+public:
+    SharedLock(Connection& book, const CopyPatience& patience)
+        : m_transaction(book, Transaction::Mode::Read)
+    {
+        book.setBusyTimeout(patience.firstLock);
+        (void)book.prepare("SELECT count(*) FROM main.sqlite_master").step();
+        m_since = Clock::now();
+        book.setBusyTimeout(patience.secondLock);
+        (void)book.prepare("SELECT count(*) FROM auxiliary.sqlite_master").step();
+    }
+
+    [[nodiscard]] Clock::duration age() const { return Clock::now() - m_since; }
+
+private:
+    Transaction m_transaction;
+    Clock::time_point m_since;
+};
+
+class SteadyCopy {
+public:
+    SteadyCopy(const BookFiles& book, const BookFiles& copy, KeyRing& keys, GoesOn goesOn, const CopyPatience& patience)
+        : m_book(Connection::open(book.mainDatabase(), keys.keyFor(book.mainDatabase())))
+        , m_main(QStringLiteral("main"), copy.mainDatabase())
+        , m_auxiliary(QStringLiteral("auxiliary"), copy.auxiliaryDatabase())
+        , m_goesOn(std::move(goesOn))
+        , m_patience(patience)
+    {
+        m_book.attach(book.auxiliaryDatabase(), keys.keyFor(book.auxiliaryDatabase()), QStringLiteral("auxiliary"));
+    }
+
+    CopyReport run()
+    {
+        copyUnlocked();
+        const auto deadline = Clock::now() + m_patience.all;
+        for (Pass pass = Pass::NoLock; pass != Pass::Whole;) {
+            pass = copyLocked(Clock::now() > deadline);
+            if (pass == Pass::CutShort)
+                giveWritersTheirTurn();
+            else if (pass == Pass::NoLock)
+                std::this_thread::sleep_for(betweenLocks);
+        }
+        m_main.complete();
+        m_auxiliary.complete();
+        return m_report;
+    }
+
+private:
+    enum class Pass { Whole, CutShort, NoLock };
+
+    [[nodiscard]] bool update(const GoesOn& goesOn)
+    {
+        return m_main.update(m_book, goesOn) && m_auxiliary.update(m_book, goesOn);
+    }
+
+    void continueOrGiveUp() const
+    {
+        if (m_goesOn && !m_goesOn())
+            throw GivenUp();
+    }
+
+    void copyUnlocked()
+    {
+        try {
+            (void)update([this] {
+                continueOrGiveUp();
+                return true;
+            });
+        } catch (const SqlError&) {
+            // A file that became shorter meanwhile. What is really wrong with it shows under the lock.
+        }
+    }
+
+    [[nodiscard]] Pass copyLocked(bool isLastChance)
+    {
+        continueOrGiveUp();
+        try {
+            const SharedLock lock(m_book, m_patience);
+            const bool toTheEnd = ++m_report.attempts >= m_patience.attempts;
+            const bool isWhole = update([&] {
+                continueOrGiveUp();
+                return toTheEnd || lock.age() < m_patience.locked;
+            });
+            m_report.longestLock =
+                std::max(m_report.longestLock, std::chrono::duration_cast<std::chrono::microseconds>(lock.age()));
+            return isWhole ? Pass::Whole : Pass::CutShort;
+        } catch (const SqlError& error) {
+            if (error.kind() != SqlError::Kind::Busy || isLastChance)
+                throw;
+            return Pass::NoLock;
+        }
+    }
+
+    void giveWritersTheirTurn() const
+    {
+        constexpr std::chrono::milliseconds betweenQuestions{50};
+        for (auto waited = betweenQuestions; waited <= m_patience.between; waited += betweenQuestions) {
+            continueOrGiveUp();
+            std::this_thread::sleep_for(betweenQuestions);
+        }
+    }
+
+    Connection m_book;
+    FileCopy m_main;
+    FileCopy m_auxiliary;
+    GoesOn m_goesOn;
+    CopyPatience m_patience;
+    CopyReport m_report;
+};
+
+} // namespace
+
+CopyReport copyBook(const BookFiles& book, const BookFiles& copy, KeyRing& keys, const std::function<bool()>& goesOn,
+    const CopyPatience& patience)
+{
+    return SteadyCopy(book, copy, keys, goesOn, patience).run();
+}
+
+} // namespace lorvan

@@ -1,0 +1,60 @@
+#include "tools/command.h"
+
+#include "app/book_backup.h"
+#include "app/book_files.h"
+#include "app/copy_writing.h"
+#include "app/pending_restore.h"
+#include "platform/key_ring.h"
+#include "tools/opened_book.h"
+#include "tools/refused.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace lorvan {
+namespace {
+
+/// A folder that is missing is made for the usual name only.
+QString usualPath(const BookFiles& book, const QDateTime& now)
+{
+    if (!QDir().mkpath(backupFolder(book)))
+        throw BookCopyFailed(backupFolder(book), qt_error_string(errno));
+    removeUnfinishedBackups(book);
+    return backupPath(book, BackupKind::ByHand, now);
+}
+
+ExitStatus backup(Arguments& arguments, const ToolContext& context)
+{
+    const BookFiles book(arguments.takeBookFolder());
+    const auto file = arguments.takeOptionalWord();
+    arguments.finish();
+
+    finishRestore(book);
+    refuseIncompleteBook(book);
+    if (file && QFileInfo(*file).isDir())
+        throw Refused(QStringLiteral("Το %1 είναι φάκελος. Δώστε το όνομα ενός αρχείου μέσα του.").arg(*file));
+    if (file && QFileInfo::exists(*file))
+        throw Refused(QStringLiteral("Το %1 υπάρχει ήδη. Ένα αρχείο που υπάρχει δεν αντικαθίσταται.").arg(*file));
+
+    const QString path = file ? QFileInfo(*file).absoluteFilePath() : usualPath(book, context.clock.now());
+    KeyRing keys(bookPassword());
+    makeBackup(book, path, keys, {});
+    context.out << "Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε: " << path.toStdString() << '\n';
+    return ExitStatus::Done;
+}
+
+} // namespace
+
+Command backupCommand()
+{
+    return {QStringLiteral("backup"), QStringLiteral("ΦΑΚΕΛΟΣ [ΑΡΧΕΙΟ]"),
+        QStringLiteral("Γράφει ένα αντίγραφο ασφαλείας του βιβλίου, ενώ το πρόγραμμα δουλεύει."),
+        QStringLiteral(
+            "\nΤο αντίγραφο είναι ένα αρχείο με τις δύο βάσεις του βιβλίου, κρυπτογραφημένες όπως είναι, στην\n"
+            "κατάσταση της ίδιας στιγμής. Αφού γραφτεί, ανοίγεται και διαβάζεται ολόκληρο. Χωρίς ΑΡΧΕΙΟ\n"
+            "μπαίνει στον υποφάκελο backup του βιβλίου, με όνομα την ημερομηνία και την ώρα. Ένα αρχείο που\n"
+            "υπάρχει δεν αντικαθίσταται. Επιστρέφει με την εντολή restore.\n"),
+        backup};
+}
+
+} // namespace lorvan
