@@ -87,6 +87,8 @@ void DailyBackup::run(const QDateTime& now)
 
 void DailyBackup::end(bool isMade, const QString& reason)
 {
+    if (m_retired)
+        return;
     m_thread.join();
     m_isUnderWay = false;
     if (isMade) {

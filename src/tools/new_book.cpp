@@ -1,5 +1,6 @@
 #include "tools/new_book.h"
 
+#include "app/pending_restore.h"
 #include "platform/key_ring.h"
 #include "tools/refused.h"
 
@@ -37,6 +38,7 @@ Book openBook(const BookFiles& files)
 
 void refuseExistingBook(const BookFiles& files)
 {
+    finishRestore(files);
     removeStagingRemainders(files);
     for (const QString& path : {files.mainDatabase(), files.auxiliaryDatabase(), files.usageMarker()}) {
         if (QFileInfo::exists(path))

@@ -9,8 +9,8 @@
 
 namespace lorvan {
 
-/// Throws BookExists when one of a book's three files is there. What a killed process left there of a book in the
-/// making is removed before.
+/// Throws BookExists when one of a book's three files is there, RestoreUnfinished when a restore there cannot be
+/// brought to its end. What a killed process left there of a book in the making is removed before.
 void refuseExistingBook(const BookFiles& files);
 
 /// A book in the making. It is filled in a hidden folder inside its data folder and appears there, complete, with
