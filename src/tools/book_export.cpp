@@ -73,7 +73,7 @@ public:
 
     [[nodiscard]] Connection open(KeyRing& keys) const
     {
-        return Connection::open(m_path, keys.keyFor(m_path), Connection::Access::ReadOnly);
+        return Connection::open(m_path, keys.keyForCopy(m_path), Connection::Access::ReadOnly);
     }
 
 private:
