@@ -108,33 +108,52 @@ private:
 class SteadyCopy {
 public:
     SteadyCopy(const BookFiles& book, const BookFiles& copy, KeyRing& keys, GoesOn goesOn, const CopyPatience& patience)
-        : m_book(Connection::open(book.mainDatabase(), keys.keyFor(book.mainDatabase())))
+        : m_goesOn(std::move(goesOn))
+        , m_patience(patience)
+        , m_book(open(book, keys))
         , m_main(QStringLiteral("main"), copy.mainDatabase())
         , m_auxiliary(QStringLiteral("auxiliary"), copy.auxiliaryDatabase())
-        , m_goesOn(std::move(goesOn))
-        , m_patience(patience)
     {
-        m_book.attach(book.auxiliaryDatabase(), keys.keyFor(book.auxiliaryDatabase()), QStringLiteral("auxiliary"));
     }
 
     CopyReport run()
     {
         copyUnlocked();
-        const auto deadline = Clock::now() + m_patience.all;
-        for (Pass pass = Pass::NoLock; pass != Pass::Whole;) {
-            pass = copyLocked(Clock::now() > deadline);
-            if (pass == Pass::CutShort)
-                giveWritersTheirTurn();
-            else if (pass == Pass::NoLock)
-                std::this_thread::sleep_for(betweenLocks);
-        }
+        while (!untilUnlocked([this] { return copyLocked(); }))
+            giveWritersTheirTurn();
         m_main.complete();
         m_auxiliary.complete();
         return m_report;
     }
 
 private:
-    enum class Pass { Whole, CutShort, NoLock };
+    /// Tries until nobody's lock is in the way. Often, since the engine's own waiting soon asks ten times a second
+    /// only, and a busy writer leaves but moments.
+    template <typename Action> auto untilUnlocked(const Action& action) const -> decltype(action())
+    {
+        const auto deadline = Clock::now() + m_patience.all;
+        for (;;) {
+            continueOrGiveUp();
+            try {
+                return action();
+            } catch (const SqlError& error) {
+                if (error.kind() != SqlError::Kind::Busy || Clock::now() > deadline)
+                    throw;
+            }
+            std::this_thread::sleep_for(betweenLocks);
+        }
+    }
+
+    [[nodiscard]] Connection open(const BookFiles& book, KeyRing& keys) const
+    {
+        const FileKey key = keys.keyFor(book.mainDatabase());
+        const FileKey auxiliaryKey = keys.keyFor(book.auxiliaryDatabase());
+        Connection connection = untilUnlocked([&] {
+            return Connection::open(book.mainDatabase(), key, Connection::Access::ReadWrite, m_patience.firstLock);
+        });
+        untilUnlocked([&] { connection.attach(book.auxiliaryDatabase(), auxiliaryKey, QStringLiteral("auxiliary")); });
+        return connection;
+    }
 
     [[nodiscard]] bool update(const GoesOn& goesOn)
     {
@@ -159,24 +178,18 @@ private:
         }
     }
 
-    [[nodiscard]] Pass copyLocked(bool isLastChance)
+    /// False when the locks had to be given back before all was copied.
+    [[nodiscard]] bool copyLocked()
     {
-        continueOrGiveUp();
-        try {
-            const SharedLock lock(m_book, m_patience);
-            const bool toTheEnd = ++m_report.attempts >= m_patience.attempts;
-            const bool isWhole = update([&] {
-                continueOrGiveUp();
-                return toTheEnd || lock.age() < m_patience.locked;
-            });
-            m_report.longestLock =
-                std::max(m_report.longestLock, std::chrono::duration_cast<std::chrono::microseconds>(lock.age()));
-            return isWhole ? Pass::Whole : Pass::CutShort;
-        } catch (const SqlError& error) {
-            if (error.kind() != SqlError::Kind::Busy || isLastChance)
-                throw;
-            return Pass::NoLock;
-        }
+        const SharedLock lock(m_book, m_patience);
+        const bool toTheEnd = ++m_report.attempts >= m_patience.attempts;
+        const bool isWhole = update([&] {
+            continueOrGiveUp();
+            return toTheEnd || lock.age() < m_patience.locked;
+        });
+        m_report.longestLock =
+            std::max(m_report.longestLock, std::chrono::duration_cast<std::chrono::microseconds>(lock.age()));
+        return isWhole;
     }
 
     void giveWritersTheirTurn() const
@@ -188,12 +201,12 @@ private:
         }
     }
 
-    Connection m_book;
-    FileCopy m_main;
-    FileCopy m_auxiliary;
     GoesOn m_goesOn;
     CopyPatience m_patience;
     CopyReport m_report;
+    Connection m_book;
+    FileCopy m_main;
+    FileCopy m_auxiliary;
 };
 
 } // namespace

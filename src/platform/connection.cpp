@@ -12,7 +12,6 @@
 namespace lorvan {
 namespace {
 
-constexpr std::chrono::milliseconds busyTimeout{5000};
 constexpr sqlite3_int64 oneMegabyte = 1 << 20;
 constexpr auto cacheOfSixtyFourMegabytes = "PRAGMA cache_size = -65536";
 
@@ -66,7 +65,8 @@ Connection& Connection::operator=(Connection&& other) noexcept
 
 Connection::~Connection() = default;
 
-Connection Connection::openHandle(const QString& path, const QByteArray& engineKey, int flags)
+Connection Connection::openHandle(
+    const QString& path, const QByteArray& engineKey, int flags, std::chrono::milliseconds patience)
 {
     sqlite3* raw = nullptr;
     const int opened = sqlite3_open_v2(path.toUtf8().constData(), &raw, flags, nullptr);
@@ -79,17 +79,17 @@ Connection Connection::openHandle(const QString& path, const QByteArray& engineK
     if (keyed != SQLITE_OK)
         throw SqlError::fromConnection(raw, keyed, path);
     keepFileForm(connection);
-    connection.setBusyTimeout(busyTimeout);
+    connection.setBusyTimeout(patience);
     registerSqlFunctions(raw);
     return connection;
 }
 
-Connection Connection::open(const QString& path, const FileKey& key, Access access)
+Connection Connection::open(const QString& path, const FileKey& key, Access access, std::chrono::milliseconds patience)
 {
     if (QFileInfo(path).size() == 0 && QFileInfo::exists(path))
         throw SqlError(SQLITE_NOTADB, QStringLiteral("file is empty"), path);
     const int flags = access == Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    Connection connection = openHandle(path, key.engineText(), flags);
+    Connection connection = openHandle(path, key.engineText(), flags, patience);
     connection.proveReadable(path);
     connection.execute("PRAGMA synchronous = FULL");
     connection.execute(cacheOfSixtyFourMegabytes);
@@ -100,7 +100,7 @@ Connection Connection::create(const QString& path, const QByteArray& password)
 {
     if (QFileInfo::exists(path))
         throw SqlError(SQLITE_CANTOPEN, QStringLiteral("file exists"), path);
-    Connection connection = openHandle(path, password, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    Connection connection = openHandle(path, password, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, usualPatience);
     connection.execute("PRAGMA synchronous = FULL");
     connection.execute(cacheOfSixtyFourMegabytes);
     return connection;

@@ -28,10 +28,13 @@ public:
     /// Not for a book's own files: ReadOnly cannot take back the change of a program that was killed, and then opens
     /// nothing.
     enum class Access { ReadOnly, ReadWrite };
+    static constexpr std::chrono::milliseconds usualPatience{5000};
 
     /// Opens an existing file and proves key and header by reading the schema. Throws SqlError: CannotOpen for a
     /// missing file, NotADatabase for a wrong key, a foreign or an empty file, Damaged for one that is cut short.
-    static Connection open(const QString& path, const FileKey& key, Access access = Access::ReadWrite);
+    /// `patience` is how long this connection waits for another one's lock.
+    static Connection open(const QString& path, const FileKey& key, Access access = Access::ReadWrite,
+        std::chrono::milliseconds patience = usualPatience);
 
     /// Makes a new file keyed with the password. Throws SqlError (CannotOpen) when the path exists already.
     static Connection create(const QString& path, const QByteArray& password);
@@ -79,7 +82,8 @@ private:
     using IdleStatement = std::unique_ptr<sqlite3_stmt, Finalize>;
 
     explicit Connection(sqlite3* handle);
-    static Connection openHandle(const QString& path, const QByteArray& engineKey, int flags);
+    static Connection openHandle(
+        const QString& path, const QByteArray& engineKey, int flags, std::chrono::milliseconds patience);
 
     void takeBack(sqlite3_stmt* handle) noexcept;
     void proveReadable(const QString& path);

@@ -8,7 +8,7 @@
 //   lorvan_test_worker repair  DIR LOG                 one repair of the cash days
 //   lorvan_test_worker claim   DIR LOG                 holds the marker as a command does, until it is ended
 //   lorvan_test_worker restore DIR LOG FILE            one restore of a backup over the book
-//   lorvan_test_worker pairs   DIR LOG COUNT           so many changes of both files, each in one transaction
+//   lorvan_test_worker pairs   DIR LOG COUNT           so many movements and closed days, four in each transaction
 //   lorvan_test_worker marker  DIR LOG HOST ROUNDS     claims and releases the marker, changing the book now and then
 
 #include "app/book_restore.h"
@@ -135,11 +135,12 @@ int changeBothFiles(const BookFiles& files, WorkerLog& log, int count)
     book.attach(files.auxiliaryDatabase(), auxiliaryKey, QStringLiteral("auxiliary"));
     book.execute("INSERT INTO tameio (hmeromhnia, ypoloipo) VALUES (20240315, 0)");
     log.append("ready");
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; i += 4) {
         Transaction transaction(book);
-        book.execute("INSERT INTO kinhseis (kvdikos, hmeromhnia) VALUES (100, 20240315);"
-                     "INSERT INTO auxiliary.klhsimotameioy (hmeraklhsimatos) VALUES (20240315);"
-                     "UPDATE tameio SET ypoloipo=ypoloipo+1");
+        for (int row = 0; row < 4; ++row)
+            book.execute("INSERT INTO kinhseis (kvdikos, hmeromhnia) VALUES (100, 20240315);"
+                         "INSERT INTO auxiliary.klhsimotameioy (hmeraklhsimatos) VALUES (20240315);"
+                         "UPDATE tameio SET ypoloipo=ypoloipo+1");
         transaction.commit();
         std::this_thread::sleep_for(std::chrono::milliseconds(1)); // even a quick typist leaves moments
     }
