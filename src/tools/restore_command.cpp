@@ -3,7 +3,10 @@
 #include "app/book_files.h"
 #include "app/book_restore.h"
 #include "app/pending_restore.h"
+#include "tools/check_report.h"
 #include "tools/claimed_marker.h"
+#include "tools/opened_book.h"
+#include "tools/progress_bar.h"
 #include "tools/refused.h"
 
 #include <QFileInfo>
@@ -16,6 +19,20 @@ namespace {
 bool holdsBook(const BookFiles& book)
 {
     return QFileInfo::exists(book.mainDatabase()) || QFileInfo::exists(book.auxiliaryDatabase());
+}
+
+/// What is wrong in a book that opens. None for one of an older schema version, which is not looked into.
+BookFindings findingsIn(const BookFiles& staged, const ToolContext& context)
+{
+    try {
+        OpenedBook book(staged.dataFolder());
+        ProgressBar bar(context, QStringLiteral("Έλεγχος κινήσεων"));
+        return checkContent(book.connection(), [&bar](std::int64_t done, std::int64_t whole) {
+            bar.show(done, whole);
+        }).findings;
+    } catch (const Refused&) {
+        return {};
+    }
 }
 
 ExitStatus restore(Arguments& arguments, const ToolContext& context)
@@ -37,11 +54,16 @@ ExitStatus restore(Arguments& arguments, const ToolContext& context)
     if (BookFiles::exists(book.usageMarker())) // a book that has lost it is not refused
         marker.emplace(book);
     RestoredBook restored(QFileInfo(backup).absoluteFilePath(), book);
+    const BookFindings findings = findingsIn(restored.staged(), context);
     const auto aside = restored.replace(context.clock.now());
     context.out << "Το βιβλίο επανήλθε στον φάκελο " << book.dataFolder().toStdString() << '\n';
     if (aside)
         context.out << "Τα αρχεία που ήταν εκεί φυλάσσονται στον φάκελο " << aside->toStdString() << '\n';
-    return ExitStatus::Done;
+    if (findings.isInOrder())
+        return ExitStatus::Done;
+    context.out << "\nΣτο αντίγραφο υπήρχαν λάθη, και υπάρχουν τώρα και στο βιβλίο:\n\n";
+    printFindings(findings, context.out);
+    return ExitStatus::Found;
 }
 
 } // namespace

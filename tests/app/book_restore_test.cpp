@@ -2,7 +2,9 @@
 
 #include "app/book_archive.h"
 #include "app/book_backup.h"
+#include "app/path_file.h"
 #include "app/pending_restore.h"
+#include "app/startup.h"
 #include "cashbook/cash_book.h"
 #include "platform/sql_error.h"
 #include "support/temporary_book.h"
@@ -121,6 +123,23 @@ TEST_F(BookRestoreTest, isFinishedFromEachStepOnWhichItCanBeCutShort)
                 QStringLiteral("lorvan.dat"), QStringLiteral("lorvan.mdb"), QStringLiteral("mapcodes.mdb"), asideName}))
             << done;
     }
+}
+
+TEST_F(BookRestoreTest, isFinishedByTheNextStartOrSaidThatItCannotBe)
+{
+    const PathFile pathFile(source.folder());
+    pathFile.writeFolder(folder);
+    ASSERT_TRUE(QDir().mkdir(stagedBook(files).dataFolder()));
+    unpackBook(backup, stagedBook(files));
+    write(folder + QStringLiteral("/restore.pending"), "Lorvan restore 1\n../elsewhere\n");
+    const StartDecision stopped = decideStart(source.folder());
+    EXPECT_EQ(stopped.outcome, StartOutcome::RestoreUnfinished);
+    EXPECT_TRUE(stopped.trouble.contains(QStringLiteral("restore.pending"))) << stopped.trouble.toStdString();
+    EXPECT_EQ(bookIn(folder), theOld);
+
+    decideRestore(files, QStringLiteral("replaced-1"));
+    EXPECT_EQ(decideStart(source.folder()).outcome, StartOutcome::SignIn);
+    EXPECT_EQ(bookIn(folder), theNew);
 }
 
 /// 10 rounds; LORVAN_KILL_ROUNDS=100 makes a soak run of it.

@@ -1,4 +1,5 @@
 list(APPEND LORVAN_CORE_TESTS
+    ${CMAKE_CURRENT_LIST_DIR}/backup_command_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/check_command_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/claimed_marker_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/csv_import_test.cpp
