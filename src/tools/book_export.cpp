@@ -1,7 +1,8 @@
 #include "tools/book_export.h"
 
+#include "app/book_proof.h"
+#include "app/steady_copy.h"
 #include "cashbook/movement_store.h"
-#include "platform/transaction.h"
 #include "reports/movement_workbook.h"
 #include "reports/table_export.h"
 #include "tools/book_tables.h"
@@ -10,6 +11,7 @@
 #include "tools/opened_book.h"
 #include "tools/refused.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace lorvan {
@@ -54,47 +56,37 @@ private:
     QByteArray m_waiting;
 };
 
-/// One database of the book, copied. The copy goes with the object.
-class DatabaseCopy {
+/// Both databases as they are at one moment, copied into a folder that goes with the object.
+class BookState {
 public:
-    DatabaseCopy(Connection& book, const QString& schema, const QString& path)
-        : m_path(path)
+    BookState(OpenedBook& book, const NewFolder& folder, const StepProgress& progress)
+        : m_files(folder.filePath(QStringLiteral(".book")))
     {
-        OutputFile file(path);
-        book.readFile(schema, [&file](const QByteArray& block) {
-            file.write(block);
-            return true;
-        });
-        file.flush();
+        if (!QDir().mkdir(m_files.dataFolder()))
+            throw Refused(QStringLiteral("Ο φάκελος %1 δεν γράφεται.").arg(m_files.dataFolder()));
+        try {
+            copyBook(book.files(), m_files, book.keys(), [&progress] {
+                progress(0, 1); // may throw
+                return true;
+            });
+        } catch (const BookCopyFailed& failure) {
+            throw Refused(QStringLiteral("Το αντίγραφο από το οποίο γίνεται η εξαγωγή δεν γράφεται. %1")
+                              .arg(QString::fromUtf8(failure.what())));
+        }
     }
-    ~DatabaseCopy() { QFile::remove(m_path); }
-    DatabaseCopy(const DatabaseCopy&) = delete;
-    DatabaseCopy& operator=(const DatabaseCopy&) = delete;
+    ~BookState() { QDir(m_files.dataFolder()).removeRecursively(); }
+    BookState(const BookState&) = delete;
+    BookState& operator=(const BookState&) = delete;
 
-    [[nodiscard]] Connection open(KeyRing& keys) const
-    {
-        return Connection::open(m_path, keys.keyForCopy(m_path), Connection::Access::ReadOnly);
-    }
+    [[nodiscard]] const BookFiles& files() const { return m_files; }
 
 private:
-    QString m_path;
+    BookFiles m_files;
 };
 
-struct BookState {
-    DatabaseCopy main;
-    DatabaseCopy auxiliary;
-};
-
-/// Both databases at one moment: the locks of both are held before the first is copied. A writer's commit waits so
-/// long.
-BookState copyState(OpenedBook& book, const NewFolder& folder)
+Connection openCopy(const QString& path, KeyRing& keys)
 {
-    Connection& connection = book.connection();
-    const Transaction reading(connection, Transaction::Mode::Read);
-    for (const char* const lock : {"SELECT count(*) FROM taytothta", "SELECT count(*) FROM codes"})
-        (void)connection.prepare(lock).step();
-    return {DatabaseCopy(connection, QStringLiteral("main"), folder.filePath(QStringLiteral(".lorvan.mdb"))),
-        DatabaseCopy(connection, QStringLiteral("auxiliary"), folder.filePath(QStringLiteral(".mapcodes.mdb")))};
+    return Connection::open(path, keys.keyForCopy(path), Connection::Access::ReadOnly);
 }
 
 qint64 countRows(Connection& connection, const BookTable& table)
@@ -128,8 +120,8 @@ class Export {
 public:
     Export(const BookState& state, KeyRing& keys, const NewFolder& folder, Passwords passwords,
         const StepProgress& progress)
-        : m_main(state.main.open(keys))
-        , m_auxiliary(state.auxiliary.open(keys))
+        : m_main(openCopy(state.files().mainDatabase(), keys))
+        , m_auxiliary(openCopy(state.files().auxiliaryDatabase(), keys))
         , m_folder(folder)
         , m_passwords(passwords)
         , m_progress(progress)
@@ -156,7 +148,7 @@ private:
     void writeWorkbook();
     void noteRow()
     {
-        if (++m_done % rowsBetweenReports == 0 && m_progress)
+        if (++m_done % rowsBetweenReports == 0)
             m_progress(m_done, m_rows);
     }
 
@@ -224,7 +216,7 @@ void Export::writeWorkbook()
 
 void exportBook(OpenedBook& book, const NewFolder& folder, Passwords passwords, const StepProgress& progress)
 {
-    const BookState state = copyState(book, folder);
+    const BookState state(book, folder, progress);
     Export(state, book.keys(), folder, passwords, progress).run();
 }
 
