@@ -74,7 +74,15 @@ public:
         } catch (const BackupUnusable& damaged) {
             throw BookCopyFailed(m_part, QString::fromUtf8(damaged.what()));
         }
-        proveBook(staging(), keys, goesOn);
+        try {
+            proveBook(staging(), keys, goesOn);
+        } catch (const BookCopyFailed& damaged) {
+            throw BookCopyFailed(m_path,
+                QStringLiteral(
+                    "όσα αντιγράφηκαν δεν διαβάζονται σωστά, άρα βλάβη έχει μάλλον το ίδιο το βιβλίο. Τη δείχνει"
+                    " η εντολή lorvan-data check.\n")
+                    + QString::fromUtf8(damaged.what()).remove(m_staging + u'/'));
+        }
     }
 
     void complete()

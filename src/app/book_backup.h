@@ -29,7 +29,8 @@ void removeUnfinishedBackups(const BookFiles& book);
 /// copyBook()), and opens it again to prove it. Until then its name ends in ".part", and a hidden folder stands beside
 /// it. The disk has confirmed it at the end. Needs twice the book's size for the while.
 /// Throws BookCopyFailed, also when there is a file of that name, SqlError when the book cannot be read, GivenUp when
-/// `goesOn` says no; nothing stays behind then.
+/// `goesOn`, asked for every megabyte of each of the four passes and from time to time in the proof, says no; nothing
+/// stays behind then.
 CopyReport makeBackup(const BookFiles& book, const QString& path, KeyRing& keys, const std::function<bool()>& goesOn);
 
 } // namespace lorvan

@@ -74,19 +74,19 @@ struct RestoredBook::Staging {
     bool isDecided = false;
 };
 
-RestoredBook::RestoredBook(const QString& backup, const BookFiles& book)
+RestoredBook::RestoredBook(const QString& backup, const BookFiles& book, const std::function<bool()>& goesOn)
     : m_staging(std::make_unique<Staging>(book))
 {
     try {
-        unpackBook(backup, m_staging->staged);
+        unpackBook(backup, m_staging->staged, goesOn);
     } catch (const BookCopyFailed& failure) {
         throw RestoreFailed(failure.what());
     }
     try {
         KeyRing keys(bookPassword());
-        proveBook(m_staging->staged, keys);
+        proveBook(m_staging->staged, keys, goesOn);
     } catch (const BookCopyFailed& failure) {
-        throw BackupUnusable(backup, QString::fromUtf8(failure.what()));
+        throw BackupUnusable(backup, QString::fromUtf8(failure.what()).remove(m_staging->staged.dataFolder() + u'/'));
     }
 }
 

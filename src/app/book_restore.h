@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -22,7 +23,9 @@ class RestoredBook {
 public:
     /// Makes the data folder where it is missing. Throws BackupUnusable when the file is no backup, or a damaged one,
     /// UnknownSchemaVersion, and RestoreFailed when the folder cannot be written or another restore is under way.
-    RestoredBook(const QString& backup, const BookFiles& book);
+    /// `goesOn` is asked for every megabyte unpacked and from time to time in the proof; when it says no, GivenUp or
+    /// BackupUnusable is thrown.
+    RestoredBook(const QString& backup, const BookFiles& book, const std::function<bool()>& goesOn = {});
     ~RestoredBook();
     RestoredBook(const RestoredBook&) = delete;
     RestoredBook& operator=(const RestoredBook&) = delete;

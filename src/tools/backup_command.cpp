@@ -5,7 +5,9 @@
 #include "app/copy_writing.h"
 #include "app/pending_restore.h"
 #include "platform/key_ring.h"
+#include "tools/interruption.h"
 #include "tools/opened_book.h"
+#include "tools/progress_bar.h"
 #include "tools/refused.h"
 
 #include <QDir>
@@ -23,6 +25,26 @@ QString usualPath(const BookFiles& book, const QDateTime& now)
     return backupPath(book, BackupKind::ByHand, now);
 }
 
+void write(const BookFiles& book, const QString& path, const ToolContext& context)
+{
+    constexpr qint64 megabyte = 1 << 20;
+    constexpr qint64 passes = 5; // two that copy, packing, unpacking and, roughly, the proof
+    const qint64 megabytes =
+        (QFileInfo(book.mainDatabase()).size() + QFileInfo(book.auxiliaryDatabase()).size()) / megabyte + 1;
+    qint64 done = 0;
+    const Interruption interruption;
+    KeyRing keys(bookPassword());
+    try {
+        ProgressBar bar(context, QStringLiteral("Αντίγραφο"));
+        makeBackup(book, path, keys, [&] {
+            bar.show(++done, megabytes * passes);
+            return !interruption.hasCome();
+        });
+    } catch (const GivenUp&) {
+        interruption.check();
+    }
+}
+
 ExitStatus backup(Arguments& arguments, const ToolContext& context)
 {
     const BookFiles book(arguments.takeBookFolder());
@@ -37,8 +59,7 @@ ExitStatus backup(Arguments& arguments, const ToolContext& context)
         throw Refused(QStringLiteral("Το %1 υπάρχει ήδη. Ένα αρχείο που υπάρχει δεν αντικαθίσταται.").arg(*file));
 
     const QString path = file ? QFileInfo(*file).absoluteFilePath() : usualPath(book, context.clock.now());
-    KeyRing keys(bookPassword());
-    makeBackup(book, path, keys, {});
+    write(book, path, context);
     context.out << "Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε: " << path.toStdString() << '\n';
     return ExitStatus::Done;
 }

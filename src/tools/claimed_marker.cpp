@@ -44,7 +44,9 @@ void endBySignal(int number)
 void claimFree(UsageMarker& marker, const BookFiles& files)
 {
     if (!BookFiles::exists(files.usageMarker()))
-        throw Refused(QStringLiteral("Λείπει το αρχείο χρήσης %1. Δεν έγινε τίποτα.").arg(files.usageMarker()));
+        throw Refused(QStringLiteral("Λείπει το αρχείο χρήσης %1. Ανοίξτε το βιβλίο με το πρόγραμμα: ο διαχειριστής το"
+                                     " επαναφέρει με το ξεκλείδωμα της βάσης. Δεν έγινε τίποτα.")
+                          .arg(files.usageMarker()));
     if (const auto holder = marker.guardChange())
         throw Refused(QStringLiteral("Το βιβλίο χρησιμοποιείται από τον χρήστη %1 στον υπολογιστή %2. Κλείστε το"
                                      " πρόγραμμα εκεί και δοκιμάστε ξανά. Αν κανείς δεν δουλεύει στο βιβλίο, ο"

@@ -5,18 +5,18 @@
 namespace lorvan {
 namespace {
 
-volatile std::sig_atomic_t hasCome = 0;
+volatile std::sig_atomic_t signalHasCome = 0;
 
 void note(int)
 {
-    hasCome = 1;
+    signalHasCome = 1;
 }
 
 } // namespace
 
 Interruption::Interruption()
 {
-    hasCome = 0;
+    signalHasCome = 0;
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         struct sigaction before { };
         sigaction(signal, nullptr, &before);
@@ -36,9 +36,14 @@ Interruption::~Interruption()
         sigaction(each.signal, &each.action, nullptr);
 }
 
+bool Interruption::hasCome() const
+{
+    return signalHasCome != 0;
+}
+
 void Interruption::check() const
 {
-    if (hasCome != 0)
+    if (hasCome())
         throw Refused(QStringLiteral("Η εντολή διακόπηκε. Δεν άλλαξε τίποτα."));
 }
 

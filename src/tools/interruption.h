@@ -15,6 +15,7 @@ public:
     Interruption(const Interruption&) = delete;
     Interruption& operator=(const Interruption&) = delete;
 
+    [[nodiscard]] bool hasCome() const;
     /// Throws Refused when a signal has come.
     void check() const;
 

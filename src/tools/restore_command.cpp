@@ -5,12 +5,14 @@
 #include "app/pending_restore.h"
 #include "tools/check_report.h"
 #include "tools/claimed_marker.h"
+#include "tools/interruption.h"
 #include "tools/opened_book.h"
 #include "tools/progress_bar.h"
 #include "tools/refused.h"
 
 #include <QFileInfo>
 
+#include <memory>
 #include <optional>
 
 namespace lorvan {
@@ -35,6 +37,26 @@ BookFindings findingsIn(const BookFiles& staged, const ToolContext& context)
     }
 }
 
+/// A signal that comes while the marker is held ends the process at once, see ClaimedMarker.
+std::unique_ptr<RestoredBook> unpack(
+    const QString& backup, const BookFiles& book, const Interruption& interruption, const ToolContext& context)
+{
+    constexpr qint64 megabyte = 1 << 20;
+    constexpr qint64 passes = 2; // unpacking and, roughly, the proof
+    const QFileInfo file(backup);
+    qint64 done = 0;
+    try {
+        ProgressBar bar(context, QStringLiteral("Έλεγχος αντιγράφου"));
+        return std::make_unique<RestoredBook>(file.absoluteFilePath(), book, [&] {
+            bar.show(++done, (file.size() / megabyte + 1) * passes);
+            return !interruption.hasCome();
+        });
+    } catch (const std::exception&) {
+        interruption.check();
+        throw;
+    }
+}
+
 ExitStatus restore(Arguments& arguments, const ToolContext& context)
 {
     const bool mayReplace = arguments.takeFlag(QStringLiteral("--replace"));
@@ -50,12 +72,14 @@ ExitStatus restore(Arguments& arguments, const ToolContext& context)
             QStringLiteral("Στον φάκελο %1 υπάρχει ήδη βιβλίο. Με το --replace μπαίνει στη θέση του το αντίγραφο,"
                            " και το παλιό φυλάσσεται σε υποφάκελο.")
                 .arg(book.dataFolder()));
+    const Interruption interruption;
     std::optional<ClaimedMarker> marker;
     if (BookFiles::exists(book.usageMarker())) // a book that has lost it is not refused
         marker.emplace(book);
-    RestoredBook restored(QFileInfo(backup).absoluteFilePath(), book);
-    const BookFindings findings = findingsIn(restored.staged(), context);
-    const auto aside = restored.replace(context.clock.now());
+    const auto restored = unpack(backup, book, interruption, context);
+    const BookFindings findings = findingsIn(restored->staged(), context);
+    interruption.check();
+    const auto aside = restored->replace(context.clock.now());
     context.out << "Το βιβλίο επανήλθε στον φάκελο " << book.dataFolder().toStdString() << '\n';
     if (aside)
         context.out << "Τα αρχεία που ήταν εκεί φυλάσσονται στον φάκελο " << aside->toStdString() << '\n';

@@ -1,10 +1,17 @@
 #include "app/usage_marker.h"
+#include "platform/transaction.h"
 #include "support/temporary_book.h"
 #include "tools/tool_run.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
+#include <QThread>
 
 #include <gtest/gtest.h>
+
+#include <csignal>
 
 namespace lorvan::test {
 namespace {
@@ -74,6 +81,34 @@ TEST_F(BackupCommandTest, aRestoreKeepsTheOldBookAndTellsOfWrongBalances)
     EXPECT_EQ(run("backup|@/replaced-2026-11-18-120000|#/old.tar").status, ExitStatus::Done);
     EXPECT_EQ(run("restore|#/old.tar|@|--replace").status, ExitStatus::Found);
     EXPECT_EQ(movements(), QStringLiteral("2"));
+}
+
+TEST_F(BackupCommandTest, aDamagedBookIsNamedAsSuch)
+{
+    QFile main(book.path(QStringLiteral("lorvan.mdb")));
+    ASSERT_TRUE(main.open(QIODevice::ReadWrite) && main.seek(main.size() - 500));
+    main.write("damage");
+    main.close();
+    expectRefusal("backup|@|#/a.tar", "το ίδιο το βιβλίο. Τη δείχνει η εντολή lorvan-data check");
+}
+
+TEST_F(BackupCommandTest, anInterruptedBackupLeavesNothingBehind)
+{
+    Connection writer = book.openMain();
+    const Transaction exclusive(writer, Transaction::Mode::Exclusive); // the backup waits
+    const QString path = beside.filePath(QStringLiteral("a.tar"));
+    QProcess process;
+    process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/lorvan-data"),
+        {QStringLiteral("backup"), book.folder(), path});
+    QElapsedTimer waited;
+    for (waited.start(); !QFile::exists(path + QStringLiteral(".part")) && !waited.hasExpired(10'000);)
+        QThread::msleep(5);
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 2);
+    EXPECT_TRUE(process.readAllStandardError().contains("διακόπηκε"));
+    EXPECT_TRUE(contentOf(beside.path()).empty());
 }
 
 } // namespace lorvan::test
