@@ -1,5 +1,6 @@
 #include "app/path_file.h"
 
+#include "platform/durable_files.h"
 #include "platform/windows1253.h"
 
 #include <QDir>
@@ -126,7 +127,7 @@ bool PathFile::write(const QString& content) const
     if (!fitsWindows1253(content))
         return false;
     QSaveFile file(path());
-    return file.open(QIODevice::WriteOnly) && file.write(toWindows1253(content)) >= 0 && file.commit();
+    return file.open(QIODevice::WriteOnly) && file.write(toWindows1253(content)) >= 0 && commitConfirmed(file);
 }
 
 } // namespace lorvan

@@ -176,7 +176,7 @@ void decideRestore(const BookFiles& book, const QString& aside)
     syncFolder(stagedBook(book).dataFolder());
     QSaveFile record(recordOf(book)); // written beside it, confirmed, renamed
     const QByteArray text = firstLine + aside.toUtf8() + '\n';
-    if (!record.open(QIODevice::WriteOnly) || record.write(text) != text.size() || !record.commit())
+    if (!record.open(QIODevice::WriteOnly) || record.write(text) != text.size() || !commitConfirmed(record))
         throw std::runtime_error((record.fileName() + QStringLiteral(": ") + record.errorString()).toStdString());
     syncFolder(book.dataFolder());
 }

@@ -1,6 +1,7 @@
 #include "platform/durable_files.h"
 
 #include <QFile>
+#include <QSaveFile>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -23,6 +24,16 @@ void syncFile(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadWrite) || ::fsync(file.handle()) != 0)
         throw std::runtime_error((path + QStringLiteral(": ") + qt_error_string(errno)).toStdString());
+}
+
+bool commitConfirmed(QSaveFile& file)
+{
+    const bool isWritten = file.flush();
+    const bool isRefused = ::fsync(file.handle()) != 0 && errno != EINVAL && errno != ENOSYS; // unknown to some disks
+    if (isWritten && !isRefused)
+        return file.commit();
+    file.cancelWriting();
+    return false;
 }
 
 } // namespace lorvan

@@ -1,5 +1,7 @@
 #include "platform/settings_store.h"
 
+#include "platform/durable_files.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -203,7 +205,7 @@ void SettingsStore::write(const std::vector<Setting>& settings) const
     if (!lock.tryLock(static_cast<int>(lockTimeout.count())))
         fail(QStringLiteral("δεν γράφεται δίπλα του το αρχείο κλειδώματος"));
     QSaveFile file(m_path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(withSettings(content(), settings)) < 0 || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(withSettings(content(), settings)) < 0 || !commitConfirmed(file))
         fail(file.errorString());
 }
 

@@ -1,5 +1,6 @@
 #include "reports/report_pdf.h"
 
+#include "platform/durable_files.h"
 #include "reports/report_pages.h"
 
 #include <QBuffer>
@@ -85,7 +86,7 @@ PageOutcome savePdf(ReportPages& pages, const QString& path, const PageProgress&
     if (writePdf(pages, buffer, progress) == PageOutcome::Cancelled)
         return PageOutcome::Cancelled;
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(buffer.data()) != buffer.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(buffer.data()) != buffer.size() || !commitConfirmed(file))
         throw PageOutputError(file.errorString());
     return PageOutcome::Done;
 }

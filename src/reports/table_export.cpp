@@ -1,5 +1,6 @@
 #include "reports/table_export.h"
 
+#include "platform/durable_files.h"
 #include "reports/table_csv.h"
 #include "reports/table_xlsx.h"
 
@@ -107,7 +108,7 @@ bool saveTable(const ReportDocument& document, const QString& path, TableFormat 
     const auto write = format == TableFormat::Csv ? writeCsv : writeXlsx;
     if (!write(document, file, progress))
         return false;
-    if (!file.commit())
+    if (!commitConfirmed(file))
         throw TableExportError(file.errorString());
     return true;
 }
