@@ -30,10 +30,7 @@ bool commitConfirmed(QSaveFile& file)
 {
     const bool isWritten = file.flush();
     const bool isRefused = ::fsync(file.handle()) != 0 && errno != EINVAL && errno != ENOSYS; // unknown to some disks
-    if (isWritten && !isRefused)
-        return file.commit();
-    file.cancelWriting();
-    return false;
+    return isWritten && !isRefused && file.commit(); // without the commit the object removes what it wrote
 }
 
 } // namespace lorvan

@@ -38,9 +38,14 @@ QString movementLine(const Finding& finding)
             exactAmountText(finding.stored.expense));
 }
 
+QString rowsText(std::int64_t rows)
+{
+    return rows == 1 ? QStringLiteral("1 γραμμή") : QStringLiteral("%1 γραμμές").arg(rows);
+}
+
 QString repeatedDayLine(const Finding& finding)
 {
-    return QStringLiteral("%1: %2 γραμμές").arg(dayText(finding.day), number(finding.rows));
+    return QStringLiteral("%1: %2").arg(dayText(finding.day), rowsText(finding.rows));
 }
 
 QString missingDayLine(const Finding& finding)
@@ -78,7 +83,13 @@ QString openingLine(const Finding& finding)
 
 QString codeLine(const Finding& finding)
 {
-    return QStringLiteral("κωδικός %1: %2").arg(number(finding.key), number(finding.rows));
+    return QStringLiteral("κωδικός %1: %2").arg(number(finding.key), rowsText(finding.rows));
+}
+
+QString codeMovementsLine(const Finding& finding)
+{
+    const QString movements = finding.rows == 1 ? QStringLiteral("κίνηση") : QStringLiteral("κινήσεις");
+    return QStringLiteral("κωδικός %1: %2 %3").arg(number(finding.key), number(finding.rows), movements);
 }
 
 QString codeGroupLine(const Finding& finding)
@@ -95,7 +106,7 @@ QString rowTextLine(const Finding& finding)
 QString closedDayLine(const Finding& finding)
 {
     const bool isDate = dateFromStored(finding.day).isValid();
-    return QStringLiteral("«%1»: %2 γραμμές").arg(isDate ? dayText(finding.day) : finding.text, number(finding.rows));
+    return QStringLiteral("«%1»: %2").arg(isDate ? dayText(finding.day) : finding.text, rowsText(finding.rows));
 }
 
 QString userLine(const Finding& finding)
@@ -139,8 +150,9 @@ const Wording& wordingOf(FindingKind kind)
         {FindingKind::UserWithoutName, {QStringLiteral("Χρήστες χωρίς όνομα"), rowTextLine}},
         {FindingKind::OpeningBalance, {QStringLiteral("Υπόλοιπο ανοίγματος"), openingLine}},
         {FindingKind::MovementNullAmount, {QStringLiteral("Κινήσεις με κενό ποσό, που διαβάζεται 0"), movementLine}},
-        {FindingKind::MovementUnknownCode, {QStringLiteral("Κωδικοί κινήσεων που δεν υπάρχουν πια"), codeLine}},
-        {FindingKind::MovementGroup, {QStringLiteral("Κωδικοί με κινήσεις σε άλλη ομάδα"), codeLine}},
+        {FindingKind::MovementUnknownCode,
+            {QStringLiteral("Κωδικοί κινήσεων που δεν υπάρχουν πια"), codeMovementsLine}},
+        {FindingKind::MovementGroup, {QStringLiteral("Κωδικοί με κινήσεις σε άλλη ομάδα"), codeMovementsLine}},
         {FindingKind::RepeatedCode, {QStringLiteral("Κωδικοί γραμμένοι περισσότερες φορές"), codeLine}},
         {FindingKind::CodeUnknownGroup, {QStringLiteral("Κωδικοί σε ομάδα που δεν υπάρχει πια"), codeGroupLine}},
         {FindingKind::CodeGroupName, {QStringLiteral("Κωδικοί με άλλο όνομα για την ομάδα τους"), codeGroupLine}},

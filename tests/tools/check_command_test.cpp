@@ -74,7 +74,7 @@ TEST(CheckCommand, listsTheFirstOfManyRepairsThemAfterACopyAndTellsWhatRemains)
     for (const char* const part :
         {"Ημέρες με άλλα σύνολα από τις κινήσεις τους: 25\n  01-03-2024, έσοδα 0,9999 αντί για 1,00\n",
             "  και άλλα 5\n", "Ημέρες με κινήσεις που λείπουν από το ταμείο: 1\n  28-03-2024: έσοδα 1,00, έξοδα 0,00,",
-            "Επισημάνσεις (δεν είναι λάθη)\n\nΚωδικοί κινήσεων που δεν υπάρχουν πια: 1\n  κωδικός 200: 30\n"})
+            "Επισημάνσεις (δεν είναι λάθη)\n\nΚωδικοί κινήσεων που δεν υπάρχουν πια: 1\n  κωδικός 200: 30 κινήσεις\n"})
         EXPECT_NE(found.out.find(part), std::string::npos) << part << found.out;
     EXPECT_EQ(found.out.find("21-03-2024, "), std::string::npos) << found.out;
     EXPECT_EQ(contentOf(book.folder()), damaged);
