@@ -77,8 +77,10 @@ QString dayWithoutDateLine(const Finding& finding)
 
 QString openingLine(const Finding& finding)
 {
-    return QStringLiteral("από %1 ως το τέλος τα υπόλοιπα έχουν %2 παραπάνω από τις κινήσεις")
-        .arg(dayText(finding.day), exactAmountText(finding.expected.closingBalance));
+    const Currency amount = finding.expected.closingBalance;
+    return QStringLiteral("από %1 ως το τέλος τα υπόλοιπα έχουν %2 %3 από τις κινήσεις")
+        .arg(dayText(finding.day), exactAmountText(amount).remove(u'-'),
+            amount < Currency() ? QStringLiteral("λιγότερα") : QStringLiteral("παραπάνω"));
 }
 
 QString codeLine(const Finding& finding)

@@ -36,6 +36,20 @@ void warnOfLocks(const LegacyFiles& files, const ToolContext& context)
                        << "· ίσως το παλιό βιβλίο είναι ανοιχτό σε άλλο πρόγραμμα.\n";
 }
 
+/// "kinhseis 2706, tameio 0, ...": so many rows of each table, read past all damage. Empty when nothing can be read.
+QString readableRows(const LegacyFiles& files)
+{
+    try {
+        JetDamage damage(JetDamage::Answer::Collect);
+        QStringList tables;
+        for (const LegacyRows& each : readLegacyBook(files, damage).tables)
+            tables.push_back(QStringLiteral("%1 %2").arg(each.table->name).arg(each.rows.size()));
+        return QStringLiteral(" Γραμμές που διαβάζονται: ") + tables.join(QStringLiteral(", ")) + u'.';
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
 LegacyBook readOlder(const LegacyFiles& files, JetDamage& damage)
 {
     try {
@@ -48,7 +62,7 @@ LegacyBook readOlder(const LegacyFiles& files, JetDamage& damage)
         throw Refused(QString::fromUtf8(error.what()) + QStringLiteral(". Δεν άλλαξε τίποτα."));
     } catch (const JetError& error) {
         throw Refused(QString::fromUtf8(error.what())
-            + QStringLiteral(".\nΔεν άλλαξε τίποτα. Με --salvage μεταφέρεται ό,τι διαβάζεται."));
+            + QStringLiteral(".\nΔεν άλλαξε τίποτα. Με --salvage μεταφέρεται ό,τι διαβάζεται.") + readableRows(files));
     }
 }
 

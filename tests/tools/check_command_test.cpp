@@ -93,6 +93,19 @@ TEST(CheckCommand, listsTheFirstOfManyRepairsThemAfterACopyAndTellsWhatRemains)
     }
 }
 
+TEST(CheckCommand, tellsWhichWayAnOpeningBalanceDiffers)
+{
+    const TemporaryBook book;
+    fill(book);
+    for (const auto& [change, said] : {std::pair("ypoloipo+50000", "έχουν 5,00 παραπάνω από τις κινήσεις"),
+             std::pair("ypoloipo-70000", "έχουν 2,00 λιγότερα από τις κινήσεις")}) {
+        book.execute(std::string("UPDATE tameio SET ypoloipo=") + change + " WHERE hmeromhnia>=20240310");
+        const ToolRun run = check(book.folder());
+        EXPECT_EQ(run.status, ExitStatus::Done);
+        EXPECT_NE(run.out.find(said), std::string::npos) << run.out;
+    }
+}
+
 TEST(CheckCommand, aRepairIsRefusedWhileSomebodyWorksOnTheBook)
 {
     const TemporaryBook book;

@@ -239,6 +239,10 @@ TEST_F(Import, salvagesWhatCanBeReadAndListsTheRest)
     copyOlder(QStringLiteral("v3"));
     ASSERT_TRUE(QFile::resize(older(QStringLiteral("lorvan.mdb")), 997'105));
     ASSERT_TRUE(QFile::remove(older(QStringLiteral("mapcodes.mdb"))));
+    const ToolRun refused = runImport();
+    EXPECT_EQ(refused.status, ExitStatus::Failed);
+    EXPECT_NE(refused.errors.find("διαβάζονται: kinhseis 2706, tameio 0, kvdikoi 35,"), std::string::npos)
+        << refused.errors;
     const ToolRun run = runImport(QStringLiteral("|--salvage"));
     ASSERT_EQ(run.status, ExitStatus::Found) << run.errors;
     for (const char* const part :
