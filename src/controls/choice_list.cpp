@@ -195,8 +195,7 @@ void ChoiceList::find(const QString& text)
     const int row = rowWith(text.trimmed(), std::max(m_list->currentIndex().row(), 0), 1);
     if (row < 0)
         return showNotFound(text.trimmed());
-    m_list->selectionModel()->setCurrentIndex(m_list->model()->index(row, 0), QItemSelectionModel::NoUpdate);
-    m_list->scrollTo(m_list->currentIndex());
+    goTo(row);
 }
 
 /// As much of the text as there is room for: the page must not grow with it.
@@ -216,6 +215,11 @@ void ChoiceList::findNext(int step)
     const int row = text.isEmpty() ? qBound(0, beside, rows - 1) : rowWith(text, (beside + rows) % rows, step);
     if (row < 0)
         return;
+    goTo(row);
+}
+
+void ChoiceList::goTo(int row)
+{
     m_list->selectionModel()->setCurrentIndex(m_list->model()->index(row, 0), QItemSelectionModel::NoUpdate);
     m_list->scrollTo(m_list->currentIndex());
 }

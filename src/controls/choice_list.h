@@ -61,6 +61,7 @@ private:
     void showNotFound(const QString& text);
     void findNext(int step);
     [[nodiscard]] int rowWith(const QString& text, int first, int step) const;
+    void goTo(int row);
     void endSearch();
     void toggleFound();
     void chooseAll(bool chosen);

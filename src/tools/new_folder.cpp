@@ -1,5 +1,6 @@
 #include "tools/new_folder.h"
 
+#include "platform/durable_files.h"
 #include "tools/refused.h"
 
 #include <QDir>
@@ -59,16 +60,16 @@ void removeRemainders(const QString& folder)
     }
 }
 
-/// Throws Refused when the disk does not confirm a file; a folder not every file system can confirm.
-void sync(const QString& path, int kind)
+/// Throws Refused when the disk does not confirm a file.
+void confirmFiles(const QString& folder)
 {
-    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | kind);
-    const bool isDone = descriptor >= 0 && (::fsync(descriptor) == 0 || kind == O_DIRECTORY);
-    const int reason = errno;
-    if (descriptor >= 0)
-        ::close(descriptor);
-    if (!isDone)
-        throw Refused(QStringLiteral("%1: %2").arg(path, qt_error_string(reason)));
+    try {
+        for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files))
+            syncFile(file.filePath());
+    } catch (const std::runtime_error& failure) {
+        throw Refused(QString::fromUtf8(failure.what()));
+    }
+    syncFolder(folder);
 }
 
 } // namespace
@@ -94,14 +95,12 @@ NewFolder::~NewFolder()
 
 void NewFolder::keep()
 {
-    for (const QFileInfo& file : QDir(m_staging.path()).entryInfoList(QDir::Files))
-        sync(file.filePath(), 0);
-    sync(m_staging.path(), O_DIRECTORY);
+    confirmFiles(m_staging.path());
     // In one step, and only over a folder that is empty still.
     if (::rename(QFile::encodeName(m_staging.path()).constData(), QFile::encodeName(m_place).constData()) != 0)
         throw Refused(QStringLiteral("Ο φάκελος %1 δεν παίρνει τη θέση του. %2").arg(m_place, qt_error_string(errno)));
     m_staging.setAutoRemove(false);
-    sync(QFileInfo(m_place).path(), O_DIRECTORY);
+    syncFolder(QFileInfo(m_place).path());
 }
 
 } // namespace lorvan
