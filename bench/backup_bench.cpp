@@ -49,7 +49,8 @@ public:
 private:
     void run(const BookFiles& book, KeyRing& keys)
     {
-        Connection main = Connection::open(book.mainDatabase(), keys.keyFor(book.mainDatabase()));
+        Connection main =
+            Connection::open(book.mainDatabase(), keys.keyFor(book.mainDatabase()), Connection::Access::ReadWrite);
         while (!m_ended) {
             const auto begin = Clock::now();
             Transaction change(main);

@@ -47,7 +47,7 @@ BareConnection::BareConnection(const QString& path, const QByteArray& key)
 {
     check(sqlite3_key(handle(), key.constData(), static_cast<int>(key.size())) == SQLITE_OK, handle());
     execute("SELECT count(*) FROM sqlite_master");
-    execute("PRAGMA synchronous = FULL; PRAGMA cache_size = -65536");
+    execute("PRAGMA synchronous = EXTRA; PRAGMA cache_size = -65536");
 }
 
 void BareConnection::execute(const char* sql) const

@@ -131,8 +131,10 @@ void ensureBook(const BookFiles& files, int movements)
         QFile::remove(left);
     createBook(files);
     KeyRing keys(bookPassword());
-    Connection main = Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()));
-    Connection auxiliary = Connection::open(files.auxiliaryDatabase(), keys.keyFor(files.auxiliaryDatabase()));
+    Connection main =
+        Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()), Connection::Access::ReadWrite);
+    Connection auxiliary = Connection::open(
+        files.auxiliaryDatabase(), keys.keyFor(files.auxiliaryDatabase()), Connection::Access::ReadWrite);
     Transaction transaction(main);
     addCodes(main);
     addMovements(main, movements);

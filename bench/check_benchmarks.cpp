@@ -21,7 +21,7 @@ struct CheckBench {
     explicit CheckBench(const BookFiles& files)
         : keys(bookPassword())
         , bare(files.mainDatabase(), keys.keyFor(files.mainDatabase()).engineText())
-        , book(Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase())))
+        , book(Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()), Connection::Access::ReadWrite))
         , readMovements(bare, movements)
         , readDays(bare, cashDays)
     {

@@ -24,7 +24,7 @@ struct Bench {
     explicit Bench(const BookFiles& files)
         : keys(bookPassword())
         , bare(files.mainDatabase(), keys.keyFor(files.mainDatabase()).engineText())
-        , main(Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase())))
+        , main(Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()), Connection::Access::ReadWrite))
     {
     }
 
@@ -63,7 +63,8 @@ void ensureCodesBook(const BookFiles& files)
         return;
     ensureBook(files, movements);
     KeyRing keys(bookPassword());
-    Connection main = Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()));
+    Connection main =
+        Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()), Connection::Access::ReadWrite);
     main.prepare("UPDATE kinhseis SET kvdikos=CASE aa%2 WHEN 0 THEN ?1 ELSE max(kvdikos, ?1+1) END,"
                  " aa_omada=CASE aa%2 WHEN 0 THEN ?2 ELSE aa_omada END")
         .bind(firstCode, firstGroup)

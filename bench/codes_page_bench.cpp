@@ -49,7 +49,9 @@ void addCodes(Connection& main)
 Book filledBook(const BookFiles& files, KeyRing& keys)
 {
     createBook(files);
-    const auto open = [&keys](const QString& path) { return Connection::open(path, keys.keyFor(path)); };
+    const auto open = [&keys](const QString& path) {
+        return Connection::open(path, keys.keyFor(path), Connection::Access::ReadWrite);
+    };
     Connection main = open(files.mainDatabase());
     {
         Transaction transaction(main);

@@ -91,8 +91,9 @@ struct Bench {
     explicit Bench(const BookFiles& files)
         : keys(bookPassword())
         , bare(files, keys)
-        , book(Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase())),
-              Connection::open(files.auxiliaryDatabase(), keys.keyFor(files.auxiliaryDatabase())))
+        , book(Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()), Connection::Access::ReadWrite),
+              Connection::open(
+                  files.auxiliaryDatabase(), keys.keyFor(files.auxiliaryDatabase()), Connection::Access::ReadWrite))
         , cashBook(book, {})
     {
     }

@@ -29,7 +29,8 @@ std::vector<Comparison> openingBenchmarks(const BookFiles& files)
         {QStringLiteral("key, against opening by password"), {openWith(bookPassword())},
             {[path] { (void)FileKey::derive(bookPassword(), saltOf(path)); }}, std::nullopt, 15},
         {QStringLiteral("open with the derived key"), {openWith(derived)},
-            {[path, keys] { (void)Connection::open(path, keys->keyFor(path)); }}, std::nullopt},
+            {[path, keys] { (void)Connection::open(path, keys->keyFor(path), Connection::Access::ReadWrite); }},
+            std::nullopt},
     };
 }
 

@@ -50,7 +50,7 @@ struct ReportBench {
     explicit ReportBench(const BookFiles& files)
         : keys(bookPassword())
         , bare(files.mainDatabase(), keys.keyFor(files.mainDatabase()).engineText())
-        , main(Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase())))
+        , main(Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()), Connection::Access::ReadWrite))
     {
     }
 

@@ -33,7 +33,7 @@ public:
         , m_staging(stagingOf(path))
     {
         try {
-            m_lock.emplace(m_part);
+            m_lock.emplace(Folder(QFileInfo(m_part).path()), QFileInfo(m_part).fileName());
         } catch (const LockRefused& refusal) {
             throw BookCopyFailed(m_part, QString::fromUtf8(refusal.what()).section(QStringLiteral(": "), -1));
         }
@@ -59,10 +59,10 @@ public:
 
     void pack(const std::function<bool()>& goesOn)
     {
-        if (::ftruncate(m_lock->descriptor(), 0) != 0)
+        if (::ftruncate(m_lock->file().descriptor(), 0) != 0)
             throw BookCopyFailed(m_part, qt_error_string(errno));
-        packBook(staging(), m_lock->descriptor(), m_part, goesOn);
-        if (::fsync(m_lock->descriptor()) != 0)
+        packBook(staging(), m_lock->file().descriptor(), m_part, goesOn);
+        if (::fsync(m_lock->file().descriptor()) != 0)
             throw BookCopyFailed(m_part, qt_error_string(errno));
     }
 
@@ -105,7 +105,8 @@ private:
 void removeUnfinished(const QString& path)
 {
     try {
-        const FileLock lock(path + partEnding, FileLock::Missing::Refuse);
+        const FileLock lock(
+            Folder(QFileInfo(path).path()), QFileInfo(path).fileName() + partEnding, FileLock::Missing::Refuse);
         QDir(stagingOf(path)).removeRecursively();
         QFile::remove(path + partEnding);
     } catch (const LockRefused&) {

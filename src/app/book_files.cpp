@@ -10,6 +10,9 @@ namespace lorvan {
 BookFiles::BookFiles(QString dataFolder)
     : m_dataFolder(std::move(dataFolder))
 {
+    const QString resolved = QFileInfo(m_dataFolder).canonicalFilePath();
+    if (!resolved.isEmpty())
+        m_dataFolder = resolved;
 }
 
 QString BookFiles::mainDatabase() const
@@ -29,7 +32,8 @@ QString BookFiles::usageMarker() const
 
 bool BookFiles::exists(const QString& path)
 {
-    return QFileInfo(path).isFile();
+    const QFileInfo info(path);
+    return info.isFile() && !info.isSymLink();
 }
 
 bool BookFiles::isOldFormat() const
@@ -37,7 +41,8 @@ bool BookFiles::isOldFormat() const
     constexpr QByteArrayView jetMark = "Standard Jet DB";
     constexpr int markOffset = 4;
     QFile file(mainDatabase());
-    return file.open(QIODevice::ReadOnly) && file.read(markOffset + jetMark.size()).mid(markOffset) == jetMark;
+    return exists(mainDatabase()) && file.open(QIODevice::ReadOnly)
+        && file.read(markOffset + jetMark.size()).mid(markOffset) == jetMark;
 }
 
 QByteArray bookPassword()

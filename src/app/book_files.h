@@ -8,6 +8,7 @@ namespace lorvan {
 /// The names of a book's files in its data folder.
 class BookFiles {
 public:
+    /// Links on the way to the folder are resolved now, where it exists; its files may be none.
     explicit BookFiles(QString dataFolder);
 
     [[nodiscard]] const QString& dataFolder() const { return m_dataFolder; }
@@ -15,7 +16,7 @@ public:
     [[nodiscard]] QString auxiliaryDatabase() const; ///< mapcodes.mdb: users and closed days.
     [[nodiscard]] QString usageMarker() const; ///< lorvan.dat.
 
-    /// True when a file of that name exists (a folder does not count).
+    /// True when a file of that name exists (a folder or a link does not count).
     [[nodiscard]] static bool exists(const QString& path);
 
     /// True when the main database is a Jet 4.0 file, the format of older books, which must be imported first.

@@ -26,8 +26,10 @@ void upgradeIfNeeded(Connection& main, UsageMarker& marker, const std::function<
 Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker,
     const std::function<OpeningBalance()>& askOpeningBalance)
 {
-    Connection main = Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()));
-    Connection auxiliary = Connection::open(files.auxiliaryDatabase(), keys.keyFor(files.auxiliaryDatabase()));
+    Connection main =
+        Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()), Connection::Access::ReadWrite);
+    Connection auxiliary = Connection::open(
+        files.auxiliaryDatabase(), keys.keyFor(files.auxiliaryDatabase()), Connection::Access::ReadWrite);
     upgradeIfNeeded(main, marker, askOpeningBalance); // only now: a book that cannot be opened is not changed
     if (!marker.heldByAnother()) {
         if (!main.isReadOnly())

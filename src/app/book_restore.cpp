@@ -49,7 +49,7 @@ struct RestoredBook::Staging {
         if (!QDir().mkpath(staged.dataFolder()))
             throw RestoreFailed((staged.dataFolder() + QStringLiteral(": ") + qt_error_string(errno)).toStdString());
         try {
-            lock.emplace(staged.dataFolder() + QStringLiteral("/lock"));
+            lock.emplace(Folder(staged.dataFolder()), QStringLiteral("lock"));
         } catch (const LockRefused& refusal) {
             throw RestoreFailed(refusal.what());
         }

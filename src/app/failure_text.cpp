@@ -7,8 +7,11 @@
 #include "app/schema_upgrade.h"
 #include "app/usage_marker.h"
 #include "platform/currency.h"
+#include "platform/file_error.h"
 #include "platform/settings_store.h"
 #include "platform/sql_error.h"
+
+#include <cerrno>
 
 namespace lorvan {
 namespace {
@@ -31,6 +34,10 @@ QString databaseTrouble(SqlError::Kind kind)
         return QStringLiteral(
             "Το βιβλίο που έχετε ανοικτό αντικαταστάθηκε στο μεταξύ από αντίγραφο ασφαλείας. Δεν γράφτηκε"
             " τίποτα. Κλείστε το πρόγραμμα και ξεκινήστε το ξανά, για να ανοίξει το νέο βιβλίο.");
+    case SqlError::Kind::JournalStands:
+        return QStringLiteral("Ένας υπολογιστής διακόπηκε ενώ έγραφε στο βιβλίο· το ξεκλειδώνει ο διαχειριστής.");
+    case SqlError::Kind::Interrupted:
+        return QStringLiteral("Η ενέργεια διακόπηκε.");
     case SqlError::Kind::CannotOpen:
         return QStringLiteral("Το αρχείο της βάσης δεδομένων δεν ανοίγει.");
     case SqlError::Kind::InputOutput:
@@ -43,8 +50,15 @@ QString databaseTrouble(SqlError::Kind kind)
 
 QString plainText(const std::exception& failure)
 {
+    if (dynamic_cast<const CommitUnknown*>(&failure))
+        return QStringLiteral("Ο δίσκος δεν αποκρίνεται, και δεν είναι γνωστό αν η αλλαγή γράφτηκε. Ελέγξτε το πριν τη"
+                              " δώσετε ξανά.");
     if (const auto* sql = dynamic_cast<const SqlError*>(&failure))
         return databaseTrouble(sql->kind());
+    if (const auto* file = dynamic_cast<const FileError*>(&failure); file && file->number() == ENOSPC)
+        return databaseTrouble(SqlError::Kind::DiskFull);
+    if (dynamic_cast<const FileError*>(&failure))
+        return QStringLiteral("Ένα αρχείο δεν διαβάζεται ή δεν γράφεται.");
     if (dynamic_cast<const BookCopyFailed*>(&failure))
         return QStringLiteral("Το αντίγραφο ασφαλείας δεν γράφτηκε και η βάση έμεινε όπως ήταν.");
     if (dynamic_cast<const BackupUnusable*>(&failure))

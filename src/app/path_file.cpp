@@ -1,11 +1,11 @@
 #include "app/path_file.h"
 
 #include "platform/durable_files.h"
+#include "platform/file_error.h"
 #include "platform/windows1253.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <utility>
@@ -126,8 +126,12 @@ bool PathFile::write(const QString& content) const
 {
     if (!fitsWindows1253(content))
         return false;
-    QSaveFile file(path());
-    return file.open(QIODevice::WriteOnly) && file.write(toWindows1253(content)) >= 0 && commitConfirmed(file);
+    try {
+        replaceFile(path(), toWindows1253(content), FileAccess::Umask);
+        return true;
+    } catch (const FileError&) {
+        return false;
+    }
 }
 
 } // namespace lorvan

@@ -44,7 +44,8 @@ public:
         : m_keys(bookPassword())
     {
         try {
-            m_connection = std::make_unique<Connection>(Connection::open(path, m_keys.keyFor(path)));
+            m_connection = std::make_unique<Connection>(
+                Connection::open(path, m_keys.keyFor(path), Connection::Access::ReadWrite));
             m_lock = std::make_unique<Transaction>(*m_connection, Transaction::Mode::Exclusive);
         } catch (const SqlError& error) {
             if (error.kind() == SqlError::Kind::Busy)
@@ -174,11 +175,7 @@ BookFiles stagedBook(const BookFiles& book)
 void decideRestore(const BookFiles& book, const QString& aside)
 {
     syncFolder(stagedBook(book).dataFolder());
-    QSaveFile record(recordOf(book)); // written beside it, confirmed, renamed
-    const QByteArray text = firstLine + aside.toUtf8() + '\n';
-    if (!record.open(QIODevice::WriteOnly) || record.write(text) != text.size() || !commitConfirmed(record))
-        throw std::runtime_error((record.fileName() + QStringLiteral(": ") + record.errorString()).toStdString());
-    syncFolder(book.dataFolder());
+    Folder(book.dataFolder()).replace(QFileInfo(recordOf(book)).fileName(), firstLine + aside.toUtf8() + '\n');
 }
 
 void finishRestore(const BookFiles& book)
@@ -187,7 +184,8 @@ void finishRestore(const BookFiles& book)
     if (!QFileInfo::exists(record))
         return;
     try {
-        const FileLock lock(record, FileLock::Missing::Refuse, patience);
+        const FileLock lock(
+            Folder(book.dataFolder()), QFileInfo(record).fileName(), FileLock::Missing::Refuse, patience);
         PendingRestore(book, asideIn(record)).finish();
     } catch (const LockRefused& refusal) {
         if (QFileInfo::exists(record)) // otherwise somebody else has finished it meanwhile

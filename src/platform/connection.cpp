@@ -1,5 +1,8 @@
 #include "platform/connection.h"
 
+#include "platform/engine_calls.h"
+#include "platform/file_error.h"
+#include "platform/folder.h"
 #include "platform/sql_error.h"
 #include "platform/sql_functions.h"
 
@@ -8,6 +11,8 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <array>
+#include <thread>
 
 namespace lorvan {
 namespace {
@@ -58,6 +63,7 @@ Connection& Connection::operator=(Connection&& other) noexcept
 {
     m_idle.clear();
     m_handle = std::move(other.m_handle);
+    m_waiting = std::move(other.m_waiting);
     m_schemas = std::move(other.m_schemas);
     m_idle = std::move(other.m_idle);
     return *this;
@@ -68,6 +74,7 @@ Connection::~Connection() = default;
 Connection Connection::openHandle(
     const QString& path, const QByteArray& engineKey, int flags, std::chrono::milliseconds patience)
 {
+    installEngineCalls();
     sqlite3* raw = nullptr;
     const int opened = sqlite3_open_v2(path.toUtf8().constData(), &raw, flags, nullptr);
     Connection connection(raw);
@@ -79,6 +86,8 @@ Connection Connection::openHandle(
     if (keyed != SQLITE_OK)
         throw SqlError::fromConnection(raw, keyed, path);
     keepFileForm(connection);
+    sqlite3_db_config(raw, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlite3_busy_handler(raw, waitForLock, connection.m_waiting.get());
     connection.setBusyTimeout(patience);
     registerSqlFunctions(raw);
     return connection;
@@ -91,19 +100,69 @@ Connection Connection::open(const QString& path, const FileKey& key, Access acce
     const int flags = access == Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     Connection connection = openHandle(path, key.engineText(), flags, patience);
     connection.proveReadable(path);
-    connection.execute("PRAGMA synchronous = FULL");
+    connection.outlivePowerCuts(QStringLiteral("main"), path);
     connection.execute(cacheOfSixtyFourMegabytes);
     return connection;
 }
 
-Connection Connection::create(const QString& path, const QByteArray& password)
+Connection Connection::create(const QString& path, const QByteArray& password, FileAccess access)
 {
-    if (QFileInfo::exists(path))
+    const QFileInfo info(path);
+    if (info.exists())
         throw SqlError(SQLITE_CANTOPEN, QStringLiteral("file exists"), path);
-    Connection connection = openHandle(path, password, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, usualPatience);
-    connection.execute("PRAGMA synchronous = FULL");
+    (void)Folder(info.path()).open(info.fileName(), Folder::Opening::MakeNew, access);
+    Connection connection = openHandle(path, password, SQLITE_OPEN_READWRITE, usualPatience);
+    connection.outlivePowerCuts(QStringLiteral("main"), path);
     connection.execute(cacheOfSixtyFourMegabytes);
     return connection;
+}
+
+/// Where the file system knows no sync of a folder, the engine must not ask for one.
+void Connection::outlivePowerCuts(const QString& schema, const QString& path)
+{
+    if (isReadOnly())
+        return;
+    bool canConfirmNames = false;
+    try {
+        canConfirmNames = Folder(QFileInfo(path).path()).knowsSync();
+    } catch (const FileError& error) {
+        throw SqlError(SQLITE_IOERR_DIR_FSYNC, error.reason(), error.path());
+    }
+    execute(QStringLiteral("PRAGMA %1.synchronous = %2")
+                .arg(schema, canConfirmNames ? QStringLiteral("EXTRA") : QStringLiteral("FULL"))
+                .toStdString());
+}
+
+bool Connection::hasJournal(const QString& path)
+{
+    const QFileInfo journal(path + QStringLiteral("-journal"));
+    return journal.isSymLink() || journal.exists();
+}
+
+int Connection::waitForLock(void* waiting, int attempts) noexcept
+{
+    constexpr std::array<int, 7> pauses{1, 2, 5, 10, 15, 20, 25};
+    auto& wait = *static_cast<Waiting*>(waiting);
+    const auto now = std::chrono::steady_clock::now();
+    if (attempts == 0)
+        wait.since = now;
+    if (now - wait.since >= wait.patience || (wait.goesOn && !(*wait.goesOn)()))
+        return 0;
+    const auto pause = std::chrono::milliseconds(pauses[std::min<std::size_t>(static_cast<std::size_t>(attempts), 6)]);
+    std::this_thread::sleep_for(std::min(pause, wait.patience));
+    return 1;
+}
+
+bool Connection::waitForJournal(int code, std::chrono::steady_clock::time_point since) const
+{
+    constexpr std::chrono::milliseconds pause{10};
+    if ((code & 0xFF) != SQLITE_READONLY || sqlite3_extended_errcode(handle()) != SQLITE_READONLY_ROLLBACK)
+        return false;
+    if (std::chrono::steady_clock::now() - since >= 2 * m_waiting->patience
+        || (m_waiting->goesOn && !(*m_waiting->goesOn)()))
+        return false;
+    std::this_thread::sleep_for(pause);
+    return true;
 }
 
 void Connection::proveReadable(const QString& path)
@@ -118,7 +177,7 @@ void Connection::proveReadable(const QString& path)
 void Connection::execute(std::string_view sql)
 {
     const std::string text(sql);
-    const int code = sqlite3_exec(handle(), text.c_str(), nullptr, nullptr, nullptr);
+    const int code = patiently([&] { return sqlite3_exec(handle(), text.c_str(), nullptr, nullptr, nullptr); });
     if (code != SQLITE_OK)
         throw SqlError::fromConnection(handle(), code, quoted(sql));
 }
@@ -132,7 +191,8 @@ Statement Connection::prepare(std::string_view sql)
         return {*this, reused};
     }
     sqlite3_stmt* prepared = nullptr;
-    const int code = sqlite3_prepare_v2(handle(), sql.data(), static_cast<int>(sql.size()), &prepared, nullptr);
+    const int code = patiently(
+        [&] { return sqlite3_prepare_v2(handle(), sql.data(), static_cast<int>(sql.size()), &prepared, nullptr); });
     if (code != SQLITE_OK)
         throw SqlError::fromConnection(handle(), code, quoted(sql));
     return {*this, prepared};
@@ -161,6 +221,7 @@ void Connection::attach(const QString& path, const FileKey& key, const QString& 
         throw SqlError(error.code(), error.engineMessage(), path + QStringLiteral(": ") + error.statement());
     }
     m_schemas.push_back(schema.toUtf8());
+    outlivePowerCuts(schema, path);
 }
 
 void Connection::readFile(const QString& schema, const std::function<bool(const QByteArray&)>& sink)
@@ -196,6 +257,11 @@ std::int64_t Connection::lastInsertedKey() const
     return sqlite3_last_insert_rowid(handle());
 }
 
+int Connection::changedRows() const
+{
+    return sqlite3_total_changes(handle());
+}
+
 bool Connection::isReadOnly() const
 {
     return sqlite3_db_readonly(handle(), "main") == 1;
@@ -208,7 +274,7 @@ bool Connection::inTransaction() const
 
 void Connection::setBusyTimeout(std::chrono::milliseconds timeout)
 {
-    sqlite3_busy_timeout(handle(), static_cast<int>(timeout.count()));
+    m_waiting->patience = timeout;
 }
 
 } // namespace lorvan

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/file.h"
 #include "platform/key_ring.h"
 #include "platform/statement.h"
 
@@ -20,24 +21,29 @@ namespace lorvan {
 
 /// One open connection to an encrypted database file, for one thread.
 ///
-/// The SQL functions cdate, csng and amount_add and the collation greek (see sql_functions.h) are registered on it.
-/// Durability is the engine's full one: a rollback journal and a synced commit. Another connection's lock is waited
-/// for up to five seconds. A connection that is asked to write a file it may only read opens read-only.
+/// The SQL functions cdate, csng and amount_add and the collation greek (see sql_functions.h) are registered on it, and
+/// triggers, which no book has, do not run. A commit outlives a power cut: a rollback journal, and a disk that has
+/// confirmed both the file and the journal's end. On a file system that cannot confirm names, the file alone. Another
+/// connection's lock is waited for up to five seconds.
 class Connection {
 public:
-    /// Not for a book's own files: ReadOnly cannot take back the change of a program that was killed, and then opens
-    /// nothing.
+    /// ReadOnly takes nothing back: where a program that was killed has left a journal, it waits twice as long as for a
+    /// lock and then fails with JournalStands. ReadWrite takes it back, and must therefore never meet another's live
+    /// one. Asked to write a file that may only be read, it opens read-only.
     enum class Access { ReadOnly, ReadWrite };
     static constexpr std::chrono::milliseconds usualPatience{5000};
 
-    /// Opens an existing file and proves key and header by reading the schema. Throws SqlError: CannotOpen for a
-    /// missing file, NotADatabase for a wrong key, a foreign or an empty file, Damaged for one that is cut short.
+    /// Opens an existing plain file and proves key and header by reading the schema. Throws SqlError: CannotOpen for a
+    /// missing file or a link, NotADatabase for a wrong key, a foreign or an empty file, Damaged for one that is cut
+    /// short, InputOutput when the disk does not confirm the folder of a file that is to be written.
     /// `patience` is how long this connection waits for another one's lock.
-    static Connection open(const QString& path, const FileKey& key, Access access = Access::ReadWrite,
+    static Connection open(const QString& path, const FileKey& key, Access access = Access::ReadOnly,
         std::chrono::milliseconds patience = usualPatience);
 
-    /// Makes a new file keyed with the password. Throws SqlError (CannotOpen) when the path exists already.
-    static Connection create(const QString& path, const QByteArray& password);
+    /// Makes a new file keyed with the password. Throws SqlError (CannotOpen) when the path exists already, FileError
+    /// when it cannot be made.
+    static Connection create(
+        const QString& path, const QByteArray& password, FileAccess access = FileAccess::LikeFolder);
 
     Connection(Connection&&) noexcept;
     Connection& operator=(Connection&&) noexcept;
@@ -49,8 +55,8 @@ public:
     /// A prepared statement, from the connection's store of idle ones where the same text was used before.
     [[nodiscard]] Statement prepare(std::string_view sql);
 
-    /// Makes the tables of a second database reachable as `schema`.name. Not allowed inside a transaction. Throws
-    /// SqlError like open().
+    /// Makes the tables of a second database reachable as `schema`.name, with the access that the first one has. Not
+    /// allowed inside a transaction. Throws SqlError like open().
     void attach(const QString& path, const FileKey& key, const QString& schema);
 
     /// Hands `sink` the bytes of a database's file from first to last, a megabyte at a time, until it returns false;
@@ -63,7 +69,12 @@ public:
     /// is written here then would end in the file that was put aside.
     void refuseReplaced() const;
 
+    /// True where a rollback journal stands beside a database: somebody writes, or was killed while writing.
+    [[nodiscard]] static bool hasJournal(const QString& path);
+
     [[nodiscard]] std::int64_t lastInsertedKey() const;
+    /// How many rows this connection has added, changed and removed.
+    [[nodiscard]] int changedRows() const;
     [[nodiscard]] bool isReadOnly() const;
     [[nodiscard]] bool inTransaction() const;
     void setBusyTimeout(std::chrono::milliseconds timeout);
@@ -72,6 +83,27 @@ public:
 
 private:
     friend class Statement;
+    friend class StopCheck;
+
+    /// How long somebody else is waited for. Stays where it is when the connection is moved.
+    struct Waiting {
+        std::chrono::milliseconds patience{usualPatience};
+        std::chrono::steady_clock::time_point since{};
+        const std::function<bool()>* goesOn = nullptr;
+    };
+    static int waitForLock(void* waiting, int attempts) noexcept;
+    /// False when a refusal is not to be waited out, or has been for long enough.
+    [[nodiscard]] bool waitForJournal(int code, std::chrono::steady_clock::time_point since) const;
+    /// Calls the engine again while a journal is in the way.
+    template <typename Call> int patiently(const Call& call) const
+    {
+        const auto since = std::chrono::steady_clock::now();
+        for (;;) {
+            const int code = call();
+            if (!waitForJournal(code, since))
+                return code;
+        }
+    }
 
     struct Close {
         void operator()(sqlite3* handle) const noexcept;
@@ -87,7 +119,9 @@ private:
 
     void takeBack(sqlite3_stmt* handle) noexcept;
     void proveReadable(const QString& path);
+    void outlivePowerCuts(const QString& schema, const QString& path);
 
+    std::unique_ptr<Waiting> m_waiting = std::make_unique<Waiting>(); // outlives m_handle
     std::unique_ptr<sqlite3, Close> m_handle;
     std::vector<QByteArray> m_schemas{QByteArrayLiteral("main")};
     std::unordered_map<std::string, std::vector<IdleStatement>> m_idle; // destroyed before m_handle is closed

@@ -1,21 +1,27 @@
 #pragma once
 
-#include <QString>
+#include "platform/file.h"
 
-class QSaveFile;
+#include <QString>
+#include <QStringList>
 
 namespace lorvan {
 
-/// Has the disk confirm the names in a folder. Not every file system can; then the names come with its next write.
+/// For paths that the user names, which may lead over links. All throw FileError.
+
+/// Has the disk confirm the names in a folder. A file system that knows no such thing counts as done.
 void syncFolder(const QString& folder);
 
 /// Has the disk confirm the contents of a file. Not for a database that the process has open: closing the file drops
-/// its locks. Throws std::runtime_error with the system's reason.
+/// its locks.
 void syncFile(const QString& path);
 
-/// Gives a file its name once the disk has confirmed what was written into it. To be used instead of
-/// QSaveFile::commit(), which puts an empty file in the place of the old one where the disk is full. When it returns
-/// false, the old file is as it was; errorString() of `file` says why where Qt knows it.
-[[nodiscard]] bool commitConfirmed(QSaveFile& file);
+/// Writes a file beside its place, has the disk confirm it, and gives it the name; through a link, that of the file
+/// behind it. See Folder::replace(). A failure leaves the old file as it was.
+void replaceFile(const QString& path, const QByteArray& content, FileAccess access);
+
+/// Makes the folders on the way that are missing, confirmed by the disk, with FileAccess::Owner for their owner alone.
+/// Returns those that were made, the innermost first; a failure takes them back.
+QStringList makeFolders(const QString& path, FileAccess access);
 
 } // namespace lorvan

@@ -1,12 +1,13 @@
 #include "platform/file_lock.h"
 
+#include "platform/file_calls.h"
+#include "platform/file_error.h"
+
 #include <QFile>
 
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 
 namespace lorvan {
 namespace {
@@ -18,49 +19,44 @@ LockRefused refusal(const QString& path, int reason)
     return LockRefused((path + QStringLiteral(": ") + qt_error_string(reason)).toStdString());
 }
 
-bool isStillNamed(int descriptor, const QString& path)
+File opened(const Folder& folder, const QString& name, FileLock::Missing missing, FileAccess access)
 {
-    struct stat open { };
+    const auto how = missing == FileLock::Missing::Make ? Folder::Opening::WriteOrMake : Folder::Opening::Write;
+    try {
+        return folder.open(name, how, access);
+    } catch (const FileError& error) {
+        throw LockRefused(error.what());
+    }
+}
+
+bool isStillNamed(const File& file, const Folder& folder, const QString& name)
+{
     struct stat named { };
-    return ::fstat(descriptor, &open) == 0 && ::stat(QFile::encodeName(path).constData(), &named) == 0
+    const struct stat open = file.status();
+    return ::fstatat(folder.descriptor(), QFile::encodeName(name).constData(), &named, AT_SYMLINK_NOFOLLOW) == 0
         && open.st_dev == named.st_dev && open.st_ino == named.st_ino;
+}
+
+void lock(const File& file, std::chrono::milliseconds patience)
+{
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (FileCalls::current().lock(file.descriptor(), F_WRLCK, 0, 0) != 0) {
+        const bool isHeld = errno == EAGAIN || errno == EACCES || errno == EINTR;
+        if (!isHeld || std::chrono::steady_clock::now() >= deadline)
+            throw refusal(file.path(), errno);
+        std::this_thread::sleep_for(betweenAttempts);
+    }
 }
 
 } // namespace
 
-FileLock::FileLock(const QString& path, Missing missing, std::chrono::milliseconds patience)
-    : m_descriptor(::open(
-        QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC | (missing == Missing::Make ? O_CREAT : 0), 0666))
+FileLock::FileLock(
+    const Folder& folder, const QString& name, Missing missing, std::chrono::milliseconds patience, FileAccess access)
+    : m_file(opened(folder, name, missing, access))
 {
-    if (m_descriptor < 0)
-        throw refusal(path, errno);
-    try {
-        lock(path, patience);
-    } catch (...) {
-        ::close(m_descriptor);
-        throw;
-    }
-}
-
-FileLock::~FileLock()
-{
-    ::close(m_descriptor);
-}
-
-void FileLock::lock(const QString& path, std::chrono::milliseconds patience) const
-{
-    struct flock whole { };
-    whole.l_type = F_WRLCK;
-    whole.l_whence = SEEK_SET;
-    const auto deadline = std::chrono::steady_clock::now() + patience;
-    while (::fcntl(m_descriptor, F_OFD_SETLK, &whole) != 0) {
-        const bool isHeld = errno == EAGAIN || errno == EACCES || errno == EINTR;
-        if (!isHeld || std::chrono::steady_clock::now() >= deadline)
-            throw refusal(path, errno);
-        std::this_thread::sleep_for(betweenAttempts);
-    }
-    if (!isStillNamed(m_descriptor, path))
-        throw refusal(path, ESTALE);
+    lock(m_file, patience);
+    if (!isStillNamed(m_file, folder, name))
+        throw refusal(m_file.path(), ESTALE);
 }
 
 } // namespace lorvan

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "platform/folder.h"
 
 #include <chrono>
 #include <stdexcept>
@@ -18,19 +18,15 @@ class FileLock {
 public:
     enum class Missing { Make, Refuse };
 
-    /// Waits for the lock up to `patience`. Throws LockRefused, also when the name has come to mean another file or
-    /// none by the time the lock is had.
-    explicit FileLock(const QString& path, Missing missing = Missing::Make, std::chrono::milliseconds patience = {});
-    ~FileLock();
-    FileLock(const FileLock&) = delete;
-    FileLock& operator=(const FileLock&) = delete;
+    /// Waits for the lock up to `patience`. `access` is for a file that is made. Throws LockRefused, also when the name
+    /// has come to mean another file or none by the time the lock is had.
+    explicit FileLock(const Folder& folder, const QString& name, Missing missing = Missing::Make,
+        std::chrono::milliseconds patience = {}, FileAccess access = FileAccess::Owner);
 
-    [[nodiscard]] int descriptor() const { return m_descriptor; }
+    [[nodiscard]] File& file() { return m_file; }
 
 private:
-    void lock(const QString& path, std::chrono::milliseconds patience) const;
-
-    int m_descriptor;
+    File m_file;
 };
 
 } // namespace lorvan

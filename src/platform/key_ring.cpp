@@ -1,6 +1,10 @@
 #include "platform/key_ring.h"
 
+#include "platform/file_error.h"
+#include "platform/folder.h"
+
 #include <QFile>
+#include <QFileInfo>
 
 #include <openssl/evp.h>
 
@@ -64,13 +68,13 @@ QByteArray KeyRing::saltOf(const QString& path)
 {
     const QByteArray name = QFile::encodeName(path);
     struct stat found { };
-    if (::stat(name.constData(), &found) != 0 || found.st_size < saltBytes)
+    if (::lstat(name.constData(), &found) != 0 || !S_ISREG(found.st_mode) || found.st_size < saltBytes)
         return {};
     const std::scoped_lock lock(m_mutex);
     const auto kept = m_files.find({found.st_dev, found.st_ino});
     if (kept != m_files.end())
         return saltIn(kept->second);
-    const int descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
+    const int descriptor = ::open(name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0)
         return {};
     if (::fstat(descriptor, &found) != 0) {
@@ -97,8 +101,13 @@ FileKey KeyRing::keyFor(const QString& path)
 
 FileKey KeyRing::keyForCopy(const QString& path)
 {
-    QFile file(path);
-    const QByteArray salt = file.open(QIODevice::ReadOnly) ? file.read(saltBytes) : QByteArray();
+    QByteArray salt;
+    try {
+        const QFileInfo info(path);
+        salt = Folder(info.path()).open(info.fileName(), Folder::Opening::Read).read(saltBytes);
+    } catch (const FileError&) {
+        // Opening it will say what is wrong.
+    }
     return derivation(salt, std::launch::deferred).get();
 }
 

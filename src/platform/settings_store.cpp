@@ -1,13 +1,12 @@
 #include "platform/settings_store.h"
 
 #include "platform/durable_files.h"
+#include "platform/file_error.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QList>
 #include <QLockFile>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -199,14 +198,19 @@ void SettingsStore::write(const std::vector<Setting>& settings) const
     const QByteArray earlier = content();
     if (withSettings(earlier, settings) == earlier)
         return;
-    if (!QDir().mkpath(QFileInfo(m_path).path()))
-        fail(QStringLiteral("ο φάκελός του δεν δημιουργείται"));
+    try {
+        makeFolders(QFileInfo(m_path).path(), FileAccess::Owner);
+    } catch (const FileError& error) {
+        fail(QStringLiteral("ο φάκελός του δεν δημιουργείται: ") + error.reason());
+    }
     QLockFile lock(m_path + QStringLiteral(".lock"));
     if (!lock.tryLock(static_cast<int>(lockTimeout.count())))
         fail(QStringLiteral("δεν γράφεται δίπλα του το αρχείο κλειδώματος"));
-    QSaveFile file(m_path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(withSettings(content(), settings)) < 0 || !commitConfirmed(file))
-        fail(file.errorString());
+    try {
+        replaceFile(m_path, withSettings(content(), settings), FileAccess::Owner);
+    } catch (const FileError& error) {
+        fail(error.reason());
+    }
 }
 
 QByteArray SettingsStore::content() const

@@ -37,6 +37,8 @@ SqlError::Kind SqlError::kind() const
 {
     if (m_code == SQLITE_READONLY_DBMOVED)
         return Kind::Replaced;
+    if (m_code == SQLITE_READONLY_ROLLBACK)
+        return Kind::JournalStands;
     switch (m_code & 0xFF) {
     case SQLITE_NOTADB:
         return Kind::NotADatabase;
@@ -54,6 +56,8 @@ SqlError::Kind SqlError::kind() const
         return Kind::CannotOpen;
     case SQLITE_IOERR:
         return Kind::InputOutput;
+    case SQLITE_INTERRUPT:
+        return Kind::Interrupted;
     default:
         return Kind::Other;
     }

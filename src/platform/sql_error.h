@@ -13,7 +13,19 @@ namespace lorvan {
 class SqlError : public std::runtime_error {
 public:
     /// What kind of trouble it is, as far as a user can act on it.
-    enum class Kind { NotADatabase, Damaged, Busy, DiskFull, ReadOnly, Replaced, CannotOpen, InputOutput, Other };
+    enum class Kind {
+        NotADatabase,
+        Damaged,
+        Busy,
+        DiskFull,
+        ReadOnly,
+        Replaced,
+        JournalStands, ///< A change was interrupted, and this connection may not take it back.
+        CannotOpen,
+        InputOutput,
+        Interrupted, ///< A StopCheck said no.
+        Other
+    };
 
     SqlError(int code, const QString& engineMessage, const QString& statement);
     /// Takes code and message from the connection at the moment of failure; a null connection gives the code's own
@@ -29,6 +41,11 @@ private:
     int m_code;
     QString m_engineMessage;
     QString m_statement;
+};
+
+/// The engine cannot say how a commit ended, and the book could not be read afterwards.
+class CommitUnknown : public SqlError {
+    using SqlError::SqlError;
 };
 
 } // namespace lorvan

@@ -71,7 +71,7 @@ void Statement::bindInteger(int parameter, std::int64_t value)
 
 bool Statement::step()
 {
-    const int code = sqlite3_step(m_handle);
+    const int code = m_connection->patiently([this] { return sqlite3_step(m_handle); });
     if (code == SQLITE_ROW || code == SQLITE_DONE)
         return code == SQLITE_ROW;
     throw SqlError::fromConnection(m_connection->handle(), code, QString::fromUtf8(sqlite3_sql(m_handle)));

@@ -17,15 +17,17 @@ int answer(void* goesOn)
 } // namespace
 
 StopCheck::StopCheck(Connection& connection, std::function<bool()> goesOn)
-    : m_handle(connection.handle())
+    : m_connection(connection)
     , m_goesOn(std::move(goesOn))
 {
-    sqlite3_progress_handler(m_handle, stepsBetweenQuestions, answer, &m_goesOn);
+    m_connection.m_waiting->goesOn = &m_goesOn;
+    sqlite3_progress_handler(m_connection.handle(), stepsBetweenQuestions, answer, &m_goesOn);
 }
 
 StopCheck::~StopCheck()
 {
-    sqlite3_progress_handler(m_handle, 0, nullptr, nullptr);
+    m_connection.m_waiting->goesOn = nullptr;
+    sqlite3_progress_handler(m_connection.handle(), 0, nullptr, nullptr);
 }
 
 } // namespace lorvan

@@ -2,15 +2,13 @@
 
 #include <functional>
 
-struct sqlite3;
-
 namespace lorvan {
 
 class Connection;
 
-/// While it lives, asks from time to time whether the statement that runs is to go on; where not, the statement ends
-/// with an SqlError. It is asked on the statement's own thread and must not use the connection, which must outlive the
-/// check.
+/// While it lives, asks from time to time whether the statement that runs, or waits for a lock, is to go on; where not,
+/// the statement ends with an SqlError. A commit is not asked once it writes. It is asked on the statement's own thread
+/// and must not use the connection, which must outlive the check and stay where it is.
 class StopCheck {
 public:
     StopCheck(Connection& connection, std::function<bool()> goesOn);
@@ -19,7 +17,7 @@ public:
     StopCheck& operator=(const StopCheck&) = delete;
 
 private:
-    sqlite3* m_handle;
+    Connection& m_connection;
     std::function<bool()> m_goesOn;
 };
 

@@ -1,6 +1,12 @@
 #include "platform/transaction.h"
 
+#include "platform/confirmation.h"
 #include "platform/sql_error.h"
+
+#include <QRandomGenerator>
+
+#include <limits>
+#include <string>
 
 namespace lorvan {
 
@@ -23,6 +29,7 @@ std::string_view beginning(Transaction::Mode mode)
 
 Transaction::Transaction(Connection& connection, Mode mode)
     : m_connection(connection)
+    , m_rowsBefore(connection.changedRows())
 {
     connection.prepare(beginning(mode)).run();
     if (mode == Mode::Read)
@@ -47,9 +54,33 @@ Transaction::~Transaction()
     }
 }
 
+/// A number of its own marks the book with each change, which is found there afterwards or not. It stands on the page
+/// that every commit writes anyway.
 void Transaction::commit()
 {
-    m_connection.prepare("COMMIT").run();
+    if (m_connection.changedRows() == m_rowsBefore) {
+        m_connection.prepare("COMMIT").run();
+        return;
+    }
+    const qint32 stamp = QRandomGenerator::global()->bounded(1, std::numeric_limits<qint32>::max());
+    m_connection.execute("PRAGMA main.user_version = " + std::to_string(stamp));
+    try {
+        m_connection.prepare("COMMIT").run();
+    } catch (const SqlError& failure) {
+        if (m_connection.inTransaction() || !isStored(stamp, failure))
+            throw;
+        noteUnconfirmed();
+    }
+}
+
+bool Transaction::isStored(qint32 stamp, const SqlError& failure) const
+{
+    try {
+        auto row = m_connection.prepare("PRAGMA main.user_version");
+        return row.step() && row.number(0) == stamp;
+    } catch (const SqlError&) {
+        throw CommitUnknown(failure.code(), failure.engineMessage(), failure.statement());
+    }
 }
 
 } // namespace lorvan

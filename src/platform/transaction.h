@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/connection.h"
+#include "platform/sql_error.h"
 
 namespace lorvan {
 
@@ -20,11 +21,16 @@ public:
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
-    /// Throws SqlError when the file cannot be written; everything is then undone.
+    /// Throws SqlError when the file cannot be written; everything is then undone. Where the engine fails without
+    /// knowing how the commit ended, the book is read again: what is stored counts as committed, and noteUnconfirmed()
+    /// says that the disk did not confirm it. Throws CommitUnknown where that cannot be read either.
     void commit();
 
 private:
+    [[nodiscard]] bool isStored(qint32 stamp, const SqlError& failure) const;
+
     Connection& m_connection;
+    int m_rowsBefore;
 };
 
 } // namespace lorvan

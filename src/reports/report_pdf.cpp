@@ -1,12 +1,12 @@
 #include "reports/report_pdf.h"
 
 #include "platform/durable_files.h"
+#include "platform/file_error.h"
 #include "reports/report_pages.h"
 
 #include <QBuffer>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <chrono>
@@ -85,9 +85,11 @@ PageOutcome savePdf(ReportPages& pages, const QString& path, const PageProgress&
     buffer.open(QIODevice::WriteOnly);
     if (writePdf(pages, buffer, progress) == PageOutcome::Cancelled)
         return PageOutcome::Cancelled;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(buffer.data()) != buffer.size() || !commitConfirmed(file))
-        throw PageOutputError(file.errorString());
+    try {
+        replaceFile(path, buffer.data(), FileAccess::Umask);
+    } catch (const FileError& error) {
+        throw PageOutputError(error.reason());
+    }
     return PageOutcome::Done;
 }
 

@@ -1,11 +1,12 @@
 #include "reports/table_export.h"
 
 #include "platform/durable_files.h"
+#include "platform/file_error.h"
 #include "reports/table_csv.h"
 #include "reports/table_xlsx.h"
 
+#include <QBuffer>
 #include <QFile>
-#include <QSaveFile>
 #include <QTemporaryDir>
 
 namespace lorvan {
@@ -102,14 +103,16 @@ TableExportError::TableExportError(const QString& reason)
 
 bool saveTable(const ReportDocument& document, const QString& path, TableFormat format, const ExportProgress& progress)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        throw TableExportError(file.errorString());
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
     const auto write = format == TableFormat::Csv ? writeCsv : writeXlsx;
-    if (!write(document, file, progress))
+    if (!write(document, buffer, progress))
         return false;
-    if (!commitConfirmed(file))
-        throw TableExportError(file.errorString());
+    try {
+        replaceFile(path, buffer.data(), FileAccess::Umask);
+    } catch (const FileError& error) {
+        throw TableExportError(error.reason());
+    }
     return true;
 }
 

@@ -31,7 +31,8 @@ Book openBook(const BookFiles& files)
     const QString main = files.mainDatabase();
     const QString auxiliary = files.auxiliaryDatabase();
     keys.prepare(auxiliary);
-    return {Connection::open(main, keys.keyFor(main)), Connection::open(auxiliary, keys.keyFor(auxiliary))};
+    return {Connection::open(main, keys.keyFor(main), Connection::Access::ReadWrite),
+        Connection::open(auxiliary, keys.keyFor(auxiliary), Connection::Access::ReadWrite)};
 }
 
 } // namespace

@@ -33,7 +33,7 @@ Connection OpenedBook::open()
     m_keys.prepare(m_files.auxiliaryDatabase());
     const FileKey mainKey = m_keys.keyFor(m_files.mainDatabase());
     const FileKey auxiliaryKey = m_keys.keyFor(m_files.auxiliaryDatabase());
-    Connection connection = Connection::open(m_files.mainDatabase(), mainKey);
+    Connection connection = Connection::open(m_files.mainDatabase(), mainKey, Connection::Access::ReadWrite);
     if (needsUpgrade(connection))
         throw Refused(QStringLiteral("Το βιβλίο στον φάκελο %1 είναι παλαιότερης έκδοσης. Ανοίξτε το μία φορά με το"
                                      " πρόγραμμα, για να αναβαθμιστεί.")

@@ -44,7 +44,7 @@ CopiedBook deleteAllData(const BookFiles& files, KeyRing& keys, const QDateTime&
 {
     const FileKey mainKey = keys.keyFor(files.mainDatabase());
     const FileKey auxiliaryKey = keys.keyFor(files.auxiliaryDatabase());
-    Connection book = Connection::open(files.mainDatabase(), mainKey);
+    Connection book = Connection::open(files.mainDatabase(), mainKey, Connection::Access::ReadWrite);
     book.attach(files.auxiliaryDatabase(), auxiliaryKey, QStringLiteral("auxiliary"));
     Transaction transaction(book, Transaction::Mode::Exclusive);
     BookCopy copy(book, files, keys, now);

@@ -77,7 +77,7 @@ void AdministrationRow::closeDays()
         return;
     guarded(window(), [this] {
         const QString path = m_files.auxiliaryDatabase();
-        Connection auxiliary = Connection::open(path, m_keys.keyFor(path));
+        Connection auxiliary = Connection::open(path, m_keys.keyFor(path), Connection::Access::ReadWrite);
         closeOpenDays(auxiliary, [this] {
             QCoreApplication::processEvents();
             return window()->isVisible();

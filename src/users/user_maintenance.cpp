@@ -119,7 +119,7 @@ void UserMaintenance::fillList()
     m_users.clear();
     guarded(window(), [this] {
         const QString path = m_files.auxiliaryDatabase();
-        Connection auxiliary = Connection::open(path, m_keys.keyFor(path));
+        Connection auxiliary = Connection::open(path, m_keys.keyFor(path), Connection::Access::ReadWrite);
         m_users = listUsers(auxiliary);
     });
     std::vector<ListRow> rows;
@@ -169,7 +169,7 @@ bool UserMaintenance::write(const std::function<void(Connection&)>& change)
 {
     const bool written = guarded(window(), [this, &change] {
         const QString path = m_files.auxiliaryDatabase();
-        Connection auxiliary = Connection::open(path, m_keys.keyFor(path));
+        Connection auxiliary = Connection::open(path, m_keys.keyFor(path), Connection::Access::ReadWrite);
         change(auxiliary);
     });
     if (written)

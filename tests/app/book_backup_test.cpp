@@ -37,9 +37,10 @@ QString valuesIn(const QString& backup, std::string_view main, std::string_view 
     const QTemporaryDir folder;
     const BookFiles copy(folder.path());
     unpackBook(backup, copy);
-    Connection mainCopy = Connection::open(copy.mainDatabase(), testKeys().keyForCopy(copy.mainDatabase()));
-    Connection auxiliaryCopy =
-        Connection::open(copy.auxiliaryDatabase(), testKeys().keyForCopy(copy.auxiliaryDatabase()));
+    Connection mainCopy = Connection::open(
+        copy.mainDatabase(), testKeys().keyForCopy(copy.mainDatabase()), Connection::Access::ReadWrite);
+    Connection auxiliaryCopy = Connection::open(
+        copy.auxiliaryDatabase(), testKeys().keyForCopy(copy.auxiliaryDatabase()), Connection::Access::ReadWrite);
     return QStringList{valueOf(mainCopy, "PRAGMA integrity_check"), valueOf(auxiliaryCopy, "PRAGMA integrity_check"),
         valueOf(mainCopy, main), valueOf(auxiliaryCopy, auxiliary)}
         .join(u' ');
@@ -149,7 +150,7 @@ TEST(KeyRing, leavesTheLocksOfTheProcessAlone)
     const TemporaryBook book;
     KeyRing keys(bookPassword());
     const QString path = book.files().mainDatabase();
-    Connection main = Connection::open(path, keys.keyFor(path));
+    Connection main = Connection::open(path, keys.keyFor(path), Connection::Access::ReadWrite);
     const Transaction writing(main);
     (void)keys.keyFor(path);
     EXPECT_TRUE(isLocked(path));

@@ -58,7 +58,8 @@ protected:
     {
         const auto valueIn = [](const QString& path, std::string_view sql) {
             try {
-                Connection database = Connection::open(path, testKeys().keyForCopy(path));
+                Connection database =
+                    Connection::open(path, testKeys().keyForCopy(path), Connection::Access::ReadWrite);
                 return valueOf(database, "PRAGMA integrity_check") + u' ' + valueOf(database, sql);
             } catch (const SqlError& error) {
                 return error.engineMessage();
@@ -234,7 +235,9 @@ TEST_F(BookRestoreTest, refusesWhatIsNoWholeBackup)
 
 TEST_F(BookRestoreTest, whoHasTheOldBookOpenWritesNothingAnyMore)
 {
-    const auto open = [](const QString& path) { return Connection::open(path, testKeys().keyForCopy(path)); };
+    const auto open = [](const QString& path) {
+        return Connection::open(path, testKeys().keyForCopy(path), Connection::Access::ReadWrite);
+    };
     Book lookerOn{open(files.mainDatabase()), open(files.auxiliaryDatabase())};
     RestoredBook restored(backup, files);
     (void)restored.replace(now);

@@ -31,7 +31,9 @@ protected:
     [[nodiscard]] Book open() const
     {
         const BookFiles files(folder);
-        const auto at = [](const QString& path) { return Connection::open(path, testKeys().keyFor(path)); };
+        const auto at = [](const QString& path) {
+            return Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
+        };
         return {at(files.mainDatabase()), at(files.auxiliaryDatabase())};
     }
 

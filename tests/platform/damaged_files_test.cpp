@@ -59,7 +59,7 @@ TEST(DamagedFiles, eachIsReportedForWhatItIsAndLeftAsItWas)
         KeyRing keys(damaged.password);
         keys.prepare(path);
         try {
-            Connection::open(path, keys.keyFor(path));
+            Connection::open(path, keys.keyFor(path), Connection::Access::ReadWrite);
             ADD_FAILURE() << damaged.name << " was opened";
         } catch (const SqlError& error) {
             EXPECT_EQ(error.kind(), damaged.kind) << damaged.name << ": " << error.what();

@@ -47,7 +47,7 @@ TEST(KeyRing, derivesAKeyForEachSaltAndFollowsAReplacedFile)
     QFile::remove(path);
     ASSERT_TRUE(QFile::copy(second.files().mainDatabase(), path));
     EXPECT_NE(keys.keyFor(path).engineText(), before);
-    EXPECT_NO_THROW((void)Connection::open(path, keys.keyFor(path)));
+    EXPECT_NO_THROW((void)Connection::open(path, keys.keyFor(path), Connection::Access::ReadWrite));
 }
 
 TEST(MachineIdentity, isTheAccountsNameAndTheHosts)

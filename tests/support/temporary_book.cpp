@@ -24,12 +24,14 @@ TemporaryBook::TemporaryBook()
 
 Connection TemporaryBook::openMain() const
 {
-    return Connection::open(files().mainDatabase(), testKeys().keyFor(files().mainDatabase()));
+    return Connection::open(
+        files().mainDatabase(), testKeys().keyFor(files().mainDatabase()), Connection::Access::ReadWrite);
 }
 
 Connection TemporaryBook::openAuxiliary() const
 {
-    return Connection::open(files().auxiliaryDatabase(), testKeys().keyFor(files().auxiliaryDatabase()));
+    return Connection::open(
+        files().auxiliaryDatabase(), testKeys().keyFor(files().auxiliaryDatabase()), Connection::Access::ReadWrite);
 }
 
 void TemporaryBook::addGroup(qint32 number, const QString& name) const

@@ -42,7 +42,9 @@ namespace {
 
 Book openBook(const BookFiles& files)
 {
-    const auto open = [](const QString& path) { return Connection::open(path, testKeys().keyFor(path)); };
+    const auto open = [](const QString& path) {
+        return Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
+    };
     return {open(files.mainDatabase()), open(files.auxiliaryDatabase())};
 }
 
@@ -131,7 +133,8 @@ int restore(const BookFiles& files, WorkerLog& log, const QString& backup)
 int changeBothFiles(const BookFiles& files, WorkerLog& log, int count)
 {
     const FileKey auxiliaryKey = testKeys().keyFor(files.auxiliaryDatabase());
-    Connection book = Connection::open(files.mainDatabase(), testKeys().keyFor(files.mainDatabase()));
+    Connection book =
+        Connection::open(files.mainDatabase(), testKeys().keyFor(files.mainDatabase()), Connection::Access::ReadWrite);
     book.attach(files.auxiliaryDatabase(), auxiliaryKey, QStringLiteral("auxiliary"));
     book.execute("INSERT INTO tameio (hmeromhnia, ypoloipo) VALUES (20240315, 0)");
     log.append("ready");

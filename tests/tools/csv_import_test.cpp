@@ -274,8 +274,8 @@ TEST_F(CsvImportTest, leavesTheBookAloneWhenTheDiskIsFull)
     EXPECT_EQ(run.status, ExitStatus::Failed);
     EXPECT_NE(run.errors.find("Ο δίσκος είναι γεμάτος"), std::string::npos) << run.errors;
     {
-        Connection main = Connection::open(
-            disk + QStringLiteral("/lorvan.mdb"), testKeys().keyFor(disk + QStringLiteral("/lorvan.mdb")));
+        Connection main = Connection::open(disk + QStringLiteral("/lorvan.mdb"),
+            testKeys().keyFor(disk + QStringLiteral("/lorvan.mdb")), Connection::Access::ReadWrite);
         EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kinhseis"), QStringLiteral("0"));
     }
     QFile marker(disk + QStringLiteral("/lorvan.dat"));

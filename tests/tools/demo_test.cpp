@@ -25,7 +25,10 @@ public:
     [[nodiscard]] Connection auxiliary() const { return open(BookFiles(m_folder.path()).auxiliaryDatabase()); }
 
 private:
-    static Connection open(const QString& path) { return Connection::open(path, testKeys().keyFor(path)); }
+    static Connection open(const QString& path)
+    {
+        return Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
+    }
 
     QTemporaryDir m_folder;
 };

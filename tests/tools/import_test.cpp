@@ -28,7 +28,7 @@ const QDate someDay(2026, 11, 18);
 
 Connection openDatabase(const QString& path)
 {
-    return Connection::open(path, testKeys().keyFor(path));
+    return Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
 }
 
 class Import : public testing::Test {

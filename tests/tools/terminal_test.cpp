@@ -68,7 +68,7 @@ TEST(Password, isOneLineOfAPipedInput)
     EXPECT_EQ(creation.process.exitCode(), 0);
     EXPECT_FALSE((creation.process.readAll() + creation.process.readAllStandardError()).contains("κωδικός μου"));
     const QString path = creation.files.auxiliaryDatabase();
-    Connection users = Connection::open(path, testKeys().keyFor(path));
+    Connection users = Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
     EXPECT_TRUE(signIn(users, QStringLiteral("ΑΝΝΑ"), QStringLiteral("κωδικός μου")));
 }
 

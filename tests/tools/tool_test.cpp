@@ -102,11 +102,13 @@ TEST(CreateCommand, makesFoldersAnEmptyBookAndItsFirstUser)
     EXPECT_EQ(content.size(), 3u);
     EXPECT_EQ(content[QStringLiteral("lorvan.dat")], '0' + QByteArray(50, ' '));
     const BookFiles files(target);
-    Connection main = Connection::open(files.mainDatabase(), testKeys().keyFor(files.mainDatabase()));
+    Connection main =
+        Connection::open(files.mainDatabase(), testKeys().keyFor(files.mainDatabase()), Connection::Access::ReadWrite);
     EXPECT_EQ(valueOf(main, "SELECT ariumos FROM taytothta"), QStringLiteral("3"));
     EXPECT_EQ(
         valueOf(main, "SELECT (SELECT count(*) FROM kinhseis) + (SELECT count(*) FROM kvdikoi)"), QStringLiteral("0"));
-    Connection users = Connection::open(files.auxiliaryDatabase(), testKeys().keyFor(files.auxiliaryDatabase()));
+    Connection users = Connection::open(
+        files.auxiliaryDatabase(), testKeys().keyFor(files.auxiliaryDatabase()), Connection::Access::ReadWrite);
     const auto session = signIn(users, QStringLiteral("ΆΝΝΑ"), password);
     ASSERT_TRUE(session);
     EXPECT_TRUE(session->rights.modifyCash && session->rights.closeCash && session->rights.modifyCodes);

@@ -17,7 +17,7 @@ namespace {
 
 QString rowsIn(const QString& path, std::string_view count)
 {
-    Connection database = Connection::open(path, testKeys().keyFor(path));
+    Connection database = Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
     return valueOf(database, "PRAGMA integrity_check") + u' ' + valueOf(database, count);
 }
 

@@ -22,7 +22,8 @@ const QString allGone = QStringLiteral("0 0 0 0 0 | 1 3");
 /// How many rows each table has that a deletion empties, and those that it leaves.
 QString sizes(const BookFiles& files)
 {
-    Connection main = Connection::open(files.mainDatabase(), testKeys().keyFor(files.mainDatabase()));
+    Connection main =
+        Connection::open(files.mainDatabase(), testKeys().keyFor(files.mainDatabase()), Connection::Access::ReadWrite);
     const QString users = files.auxiliaryDatabase();
     main.attach(users, testKeys().keyFor(users), QStringLiteral("other"));
     return valueOf(main,
@@ -56,7 +57,7 @@ protected:
     }
     [[nodiscard]] static QString valueIn(const QString& path, std::string_view sql)
     {
-        Connection database = Connection::open(path, testKeys().keyFor(path));
+        Connection database = Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
         return valueOf(database, sql);
     }
     [[nodiscard]] static QByteArray bytesOf(const QString& path)

@@ -1,0 +1,115 @@
+#include "platform/engine_calls.h"
+
+#include "platform/file_calls.h"
+
+#include <QByteArray>
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <mutex>
+#include <sys/eventfd.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace lorvan {
+namespace {
+
+bool isSame(const struct stat& one, const struct stat& other)
+{
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+int refused(int descriptor, int number)
+{
+    ::close(descriptor);
+    errno = number;
+    return -1;
+}
+
+/// In place of open(). The name must still be that of the opened file when it is open.
+int openPlainFile(const char* path, int flags, int mode)
+{
+    if (std::strncmp(path, "/dev/", 5) == 0) // the engine's source of random numbers
+        return ::open(path, flags | O_CLOEXEC, mode);
+    const int descriptor = ::open(path, flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, mode);
+    if (descriptor < 0)
+        return descriptor;
+    struct stat opened { };
+    struct stat named { };
+    if (::fstat(descriptor, &opened) != 0 || !S_ISREG(opened.st_mode))
+        return refused(descriptor, EINVAL);
+    if (::lstat(path, &named) != 0 || !isSame(opened, named))
+        return refused(descriptor, ESTALE);
+    return descriptor;
+}
+
+/// In place of readlink(): a database that is a link is not opened.
+ssize_t followNoLink(const char*, char*, std::size_t)
+{
+    errno = ELOOP;
+    return -1;
+}
+
+/// The engine syncs the descriptor that it gets. That of a file in memory answers that all is well...
+int confirmed()
+{
+    static const int memory = ::memfd_create("confirmed", MFD_CLOEXEC);
+    return ::fcntl(memory, F_DUPFD_CLOEXEC, 0);
+}
+
+/// ...and that of a counter that it cannot be done.
+int unconfirmed()
+{
+    static const int counter = ::eventfd(0, EFD_CLOEXEC);
+    return ::fcntl(counter, F_DUPFD_CLOEXEC, 0);
+}
+
+bool syncFolderOf(const char* file)
+{
+    const QByteArray path(file);
+    const QByteArray folder = path.left(std::max<qsizetype>(path.lastIndexOf('/'), 1));
+    const int descriptor = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return false;
+    const bool isDone = FileCalls::current().sync(descriptor) == 0 || errno == EINVAL || errno == ENOSYS;
+    ::close(descriptor);
+    return isDone;
+}
+
+/// In place of the engine's way to get a folder's descriptor, which it wants for one thing, to sync it. It overlooks a
+/// failure behind a new journal, and a refusal behind a deletion: so the folder is synced here, and a failure is
+/// answered in the way that is noticed.
+int syncedFolder(const char* file, int* descriptor)
+{
+    const bool isDone = syncFolderOf(file);
+    const bool isDeleted = ::access(file, F_OK) != 0;
+    if (!isDone && !isDeleted)
+        return SQLITE_IOERR_DIR_FSYNC;
+    *descriptor = isDone ? confirmed() : unconfirmed();
+    return SQLITE_OK;
+}
+
+template <typename Call> void install(sqlite3_vfs* files, const char* name, Call* call)
+{
+    files->xSetSystemCall(files, name, reinterpret_cast<sqlite3_syscall_ptr>(call));
+}
+
+} // namespace
+
+void installEngineCalls()
+{
+    static std::once_flag once;
+    std::call_once(once, [] {
+        sqlite3_initialize();
+        sqlite3_vfs* const files = sqlite3_vfs_find("unix");
+        install(files, "open", openPlainFile);
+        install(files, "readlink", followNoLink);
+        install(files, "openDirectory", syncedFolder);
+    });
+}
+
+} // namespace lorvan
