@@ -6,6 +6,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -30,7 +31,26 @@ int refused(int descriptor, int number)
     return -1;
 }
 
-/// In place of open(). The name must still be that of the opened file when it is open.
+/// A rollback journal, or that of a commit over several databases.
+bool isJournal(const QByteArray& path)
+{
+    const QByteArray name = path.mid(path.lastIndexOf('/') + 1);
+    return name.endsWith("-journal") || name.contains("-mj");
+}
+
+bool syncFolderOf(const QByteArray& file)
+{
+    const QByteArray folder = file.left(std::max<qsizetype>(file.lastIndexOf('/'), 1));
+    const int descriptor = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return false;
+    const bool isDone = FileCalls::current().sync(descriptor) == 0 || errno == EINVAL || errno == ENOSYS;
+    ::close(descriptor);
+    return isDone;
+}
+
+/// In place of open(). The name must still be that of the opened file when it is open. The name of a new journal is
+/// confirmed here: the engine would do it with the first sync of the journal, and overlook that it failed.
 int openPlainFile(const char* path, int flags, int mode)
 {
     if (std::strncmp(path, "/dev/", 5) == 0) // the engine's source of random numbers
@@ -44,6 +64,11 @@ int openPlainFile(const char* path, int flags, int mode)
         return refused(descriptor, EINVAL);
     if (::lstat(path, &named) != 0 || !isSame(opened, named))
         return refused(descriptor, ESTALE);
+    if ((flags & O_CREAT) != 0 && isJournal(path) && !syncFolderOf(path)) {
+        if (opened.st_size == 0)
+            ::unlink(path);
+        return refused(descriptor, EIO);
+    }
     return descriptor;
 }
 
@@ -68,28 +93,13 @@ int unconfirmed()
     return ::fcntl(counter, F_DUPFD_CLOEXEC, 0);
 }
 
-bool syncFolderOf(const char* file)
-{
-    const QByteArray path(file);
-    const QByteArray folder = path.left(std::max<qsizetype>(path.lastIndexOf('/'), 1));
-    const int descriptor = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return false;
-    const bool isDone = FileCalls::current().sync(descriptor) == 0 || errno == EINVAL || errno == ENOSYS;
-    ::close(descriptor);
-    return isDone;
-}
-
-/// In place of the engine's way to get a folder's descriptor, which it wants for one thing, to sync it. It overlooks a
-/// failure behind a new journal, and a refusal behind a deletion: so the folder is synced here, and a failure is
-/// answered in the way that is noticed.
+/// In place of the engine's way to get a folder's descriptor, which it wants for one thing, to sync it: behind a new
+/// journal, where that is done already, and behind a deletion. There it overlooks that the folder does not open, so the
+/// folder is synced here and a failure answered in the way that is noticed.
 int syncedFolder(const char* file, int* descriptor)
 {
-    const bool isDone = syncFolderOf(file);
     const bool isDeleted = ::access(file, F_OK) != 0;
-    if (!isDone && !isDeleted)
-        return SQLITE_IOERR_DIR_FSYNC;
-    *descriptor = isDone ? confirmed() : unconfirmed();
+    *descriptor = !isDeleted || syncFolderOf(file) ? confirmed() : unconfirmed();
     return SQLITE_OK;
 }
 
