@@ -153,11 +153,14 @@ int Connection::waitForLock(void* waiting, int attempts) noexcept
     return 1;
 }
 
-bool Connection::waitForJournal(int code, std::chrono::steady_clock::time_point since) const
+bool Connection::isJournalStanding(int code) const
+{
+    return (code & 0xFF) == SQLITE_READONLY && sqlite3_extended_errcode(handle()) == SQLITE_READONLY_ROLLBACK;
+}
+
+bool Connection::waitForJournal(std::chrono::steady_clock::time_point since) const
 {
     constexpr std::chrono::milliseconds pause{10};
-    if ((code & 0xFF) != SQLITE_READONLY || sqlite3_extended_errcode(handle()) != SQLITE_READONLY_ROLLBACK)
-        return false;
     if (std::chrono::steady_clock::now() - since >= 2 * m_waiting->patience
         || (m_waiting->goesOn && !(*m_waiting->goesOn)()))
         return false;

@@ -92,17 +92,20 @@ private:
         const std::function<bool()>* goesOn = nullptr;
     };
     static int waitForLock(void* waiting, int attempts) noexcept;
-    /// False when a refusal is not to be waited out, or has been for long enough.
-    [[nodiscard]] bool waitForJournal(int code, std::chrono::steady_clock::time_point since) const;
+    /// True for the refusal that a journal is in the way.
+    [[nodiscard]] bool isJournalStanding(int code) const;
+    /// False when it has stood for long enough.
+    [[nodiscard]] bool waitForJournal(std::chrono::steady_clock::time_point since) const;
     /// Calls the engine again while a journal is in the way.
     template <typename Call> int patiently(const Call& call) const
     {
+        int code = call();
+        if (!isJournalStanding(code))
+            return code;
         const auto since = std::chrono::steady_clock::now();
-        for (;;) {
-            const int code = call();
-            if (!waitForJournal(code, since))
-                return code;
-        }
+        while (isJournalStanding(code) && waitForJournal(since))
+            code = call();
+        return code;
     }
 
     struct Close {
