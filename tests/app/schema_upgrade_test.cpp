@@ -86,6 +86,7 @@ TEST(SchemaUpgrade, aStepThatFailsUndoesTheStepsBeforeIt)
     makeOld(book, "none");
     book.execute("CREATE TRIGGER stop BEFORE INSERT ON taytothta BEGIN SELECT raise(ABORT, 'stopped'); END");
     Connection main = book.openMain();
+    letTriggersRun(main);
     EXPECT_THROW(upgradeSchema(main, counted), SqlError);
     EXPECT_THROW((void)main.prepare("SELECT L_tajeos FROM kinhseis"), SqlError);
     EXPECT_EQ(valueOf(main, "SELECT sum(ypoloipo) FROM tameio"), QStringLiteral("29999"));

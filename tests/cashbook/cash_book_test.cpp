@@ -213,6 +213,7 @@ TEST_F(CashBookTest, aStepThatFailsUndoesTheStepsBeforeIt)
     (void)inserted(incomeOf(friday, cents(5)));
     book.execute("CREATE TRIGGER stop BEFORE UPDATE ON tameio WHEN old.hmeromhnia=20240315"
                  " BEGIN SELECT raise(ABORT, 'stopped'); END");
+    letTriggersRun(open.main());
     const auto movements = storedMovements(open.main());
     const CashDayLines before = days();
     EXPECT_THROW((void)cashBook.insert(incomeOf(monday, cents(1))), SqlError);

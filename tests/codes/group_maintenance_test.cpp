@@ -85,6 +85,7 @@ TEST_F(GroupMaintenanceTest, aFailureMidwayUndoesTheWholeChange)
 {
     book.execute("CREATE TRIGGER refuse BEFORE UPDATE ON kvdikoi WHEN old.kvdikos=102"
                  " BEGIN SELECT raise(ABORT, 'no'); END");
+    letTriggersRun(main);
     EXPECT_THROW((void)renameGroup(main, 1, QStringLiteral("Νέο")), SqlError);
     EXPECT_THROW((void)removeGroup(main, 1), SqlError);
     EXPECT_EQ(groups(), originalGroups);

@@ -6,7 +6,14 @@
 
 #include <QTime>
 
+#include <sqlite3.h>
+
 namespace lorvan::test {
+
+void letTriggersRun(Connection& connection)
+{
+    sqlite3_db_config(connection.handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 1, nullptr);
+}
 
 KeyRing& testKeys()
 {

@@ -51,6 +51,9 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// Lets the triggers that a test makes run on this connection, to have a step of a change refused.
+void letTriggersRun(Connection& connection);
+
 /// Keys derived once for the whole test process.
 [[nodiscard]] KeyRing& testKeys();
 
