@@ -4,7 +4,7 @@
 build_packages=(
     g++ cmake ninja-build pkg-config
     qt6-base-dev qt6-svg-dev
-    libsqlcipher-dev libssl-dev libarchive-dev libcups2-dev libxlsxwriter-dev zlib1g-dev
+    libsqlcipher-dev libssl-dev libarchive-dev libcups2-dev libxlsxwriter-dev
     libgtest-dev
     fonts-liberation fonts-noto-core
 )

@@ -1,5 +1,6 @@
 #include "reports/report_document.h"
 #include "reports/table_export.h"
+#include "reports/workbook_proof.h"
 #include "support/mount.h"
 #include "support/printing.h"
 
@@ -9,6 +10,8 @@
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 
+#include <archive.h>
+#include <archive_entry.h>
 #include <gtest/gtest.h>
 
 namespace lorvan::test {
@@ -40,6 +43,25 @@ QByteArray partOf(const QString& archive, const QString& part)
     unzip.start(QStringLiteral("unzip"), {QStringLiteral("-p"), archive, part});
     EXPECT_TRUE(unzip.waitForFinished() && unzip.exitCode() == 0) << part.toStdString();
     return unzip.readAllStandardOutput();
+}
+
+/// Stored, not compressed.
+void writeZip(const QString& path, const std::vector<std::pair<QByteArray, QByteArray>>& parts)
+{
+    archive* const zip = archive_write_new();
+    archive_write_set_format_zip(zip);
+    archive_write_zip_set_compression_store(zip);
+    archive_write_open_filename(zip, QFile::encodeName(path).constData());
+    for (const auto& [name, content] : parts) {
+        archive_entry* const entry = archive_entry_new();
+        archive_entry_set_pathname(entry, name.constData());
+        archive_entry_set_size(entry, content.size());
+        archive_entry_set_filetype(entry, AE_IFREG);
+        archive_write_header(zip, entry);
+        archive_write_data(zip, content.constData(), static_cast<std::size_t>(content.size()));
+        archive_entry_free(entry);
+    }
+    archive_write_free(zip);
 }
 
 /// The number formats of a workbook by the styles that its cells name.
@@ -203,6 +225,37 @@ TEST_F(TableExport, aWorkbookIsWholeOrThereIsNone)
     EXPECT_GT(refused, 0);
     qputenv("TMPDIR", temporary);
     Mount::undo(folder.path());
+}
+
+TEST(WorkbookProof, everyPartMustBeWhole)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("w.xlsx"));
+    const QByteArray sheet = "<worksheet><row></row><row></row></worksheet>";
+    const struct {
+        QByteArray types;
+        QByteArray sheet;
+        bool whole;
+    } cases[]{{"<Types/>", sheet, true}, {"", sheet, false}, {"<Types><Default/>", sheet, false},
+        {"<Types/>", sheet.chopped(3), false}, {"<Types/>", QByteArray(sheet).replace("<row></row><", "<"), false}};
+    for (const auto& each : cases) {
+        writeZip(path, {{"[Content_Types].xml", each.types}, {"xl/worksheets/sheet1.xml", each.sheet}});
+        if (each.whole)
+            EXPECT_NO_THROW(proveWorkbook(path, {2}));
+        else
+            EXPECT_THROW(proveWorkbook(path, {2}), TableExportError)
+                << each.types.toStdString() << each.sheet.toStdString();
+    }
+    writeZip(path, {{"[Content_Types].xml", "<Types/>"}});
+    EXPECT_THROW(proveWorkbook(path, {2}), TableExportError) << "no sheet";
+    writeZip(path, {{"[Content_Types].xml", "<Types/>"}, {"xl/worksheets/sheet1.xml", sheet}});
+    QByteArray bytes = contentOf(path);
+    bytes[bytes.indexOf("<Types/>") + 1] = 't';
+    QFile(path).remove();
+    QFile damaged(path);
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly) && damaged.write(bytes) == bytes.size());
+    damaged.close();
+    EXPECT_THROW(proveWorkbook(path, {2}), TableExportError) << "another checksum";
 }
 
 TEST_F(TableExport, moreRowsThanASheetHolds)
