@@ -1,29 +1,28 @@
 #include "app/book_archive.h"
 
-#include "app/book_files.h"
 #include "app/copy_writing.h"
 #include "app/steady_copy.h"
 
-#include <QDateTime>
-#include <QFile>
 #include <QFileInfo>
 
 #include <archive.h>
 #include <archive_entry.h>
 
+#include <exception>
 #include <memory>
 
 namespace lorvan {
 namespace {
 
-constexpr qsizetype blockSize = 1 << 20;
+constexpr qint64 blockSize = 1 << 20;
 constexpr int ownerOnly = 0600;
 
 using GoesOn = std::function<bool()>;
 
-struct Free {
-    void operator()(archive_entry* entry) const { archive_entry_free(entry); }
-};
+QStringList members()
+{
+    return {QStringLiteral("lorvan.mdb"), QStringLiteral("mapcodes.mdb")};
+}
 
 void continueOrGiveUp(const GoesOn& goesOn)
 {
@@ -31,22 +30,61 @@ void continueOrGiveUp(const GoesOn& goesOn)
         throw GivenUp();
 }
 
-class Packer {
-public:
-    Packer(int descriptor, const QString& path)
-        : m_archive(archive_write_new())
-        , m_path(path)
+/// The file that the library reads or writes through its callbacks. No exception may pass the library: it is kept here
+/// until the library has returned.
+struct ArchiveFile {
+    explicit ArchiveFile(File& archive)
+        : file(archive)
     {
-        check(archive_write_set_format_pax_restricted(m_archive.get()));
-        check(archive_write_open_fd(m_archive.get(), descriptor));
     }
 
-    void add(const QString& original, const GoesOn& goesOn)
+    static la_ssize_t read(archive* handle, void* self, const void** bytes)
     {
-        QFile file(original);
-        if (!file.open(QIODevice::ReadOnly))
-            throw BookCopyFailed(original, file.errorString());
-        writeHeader(QFileInfo(file));
+        auto& own = *static_cast<ArchiveFile*>(self);
+        try {
+            own.block = own.file.read(blockSize);
+            *bytes = own.block.constData();
+            return own.block.size();
+        } catch (const FileError& error) {
+            archive_set_error(handle, error.number(), "%s", error.reason().toUtf8().constData());
+            own.failure = std::current_exception();
+            return -1;
+        }
+    }
+
+    static la_ssize_t write(archive* handle, void* self, const void* bytes, std::size_t size)
+    {
+        auto& own = *static_cast<ArchiveFile*>(self);
+        try {
+            own.file.write(static_cast<const char*>(bytes), static_cast<qint64>(size));
+            return static_cast<la_ssize_t>(size);
+        } catch (const FileError& error) {
+            archive_set_error(handle, error.number(), "%s", error.reason().toUtf8().constData());
+            own.failure = std::current_exception();
+            return -1;
+        }
+    }
+
+    File& file;
+    QByteArray block = {};
+    std::exception_ptr failure = {};
+};
+
+class Packer {
+public:
+    explicit Packer(File& archive)
+        : m_file(archive)
+        , m_archive(archive_write_new())
+    {
+        check(archive_write_set_format_pax_restricted(m_archive.get()));
+        check(archive_write_set_bytes_in_last_block(m_archive.get(), 1)); // nothing after the tar's own end
+        check(archive_write_open(m_archive.get(), &m_file, nullptr, ArchiveFile::write, nullptr));
+    }
+
+    void add(const Folder& copy, const QString& name, const GoesOn& goesOn)
+    {
+        File file = copy.open(name, Folder::Opening::Read);
+        writeHeader(name, file.status());
         for (QByteArray block = file.read(blockSize); !block.isEmpty(); block = file.read(blockSize)) {
             continueOrGiveUp(goesOn);
             if (archive_write_data(m_archive.get(), block.constData(), static_cast<std::size_t>(block.size()))
@@ -60,16 +98,17 @@ public:
 private:
     struct Free {
         void operator()(archive* handle) const { archive_write_free(handle); }
+        void operator()(archive_entry* entry) const { archive_entry_free(entry); }
     };
 
-    void writeHeader(const QFileInfo& file)
+    void writeHeader(const QString& name, const struct stat& file)
     {
-        const std::unique_ptr<archive_entry, lorvan::Free> entry(archive_entry_new());
-        archive_entry_set_pathname(entry.get(), file.fileName().toUtf8().constData());
-        archive_entry_set_size(entry.get(), file.size());
+        const std::unique_ptr<archive_entry, Free> entry(archive_entry_new());
+        archive_entry_set_pathname(entry.get(), name.toUtf8().constData());
+        archive_entry_set_size(entry.get(), file.st_size);
         archive_entry_set_filetype(entry.get(), AE_IFREG);
         archive_entry_set_perm(entry.get(), ownerOnly);
-        archive_entry_set_mtime(entry.get(), file.lastModified().toSecsSinceEpoch(), 0);
+        archive_entry_set_mtime(entry.get(), file.st_mtime, 0);
         check(archive_write_header(m_archive.get(), entry.get()));
     }
 
@@ -81,24 +120,24 @@ private:
 
     [[noreturn]] void fail() const
     {
-        throw BookCopyFailed(m_path, QString::fromUtf8(archive_error_string(m_archive.get())));
+        if (m_file.failure)
+            std::rethrow_exception(m_file.failure);
+        throw BookCopyFailed(m_file.file.path(), QString::fromUtf8(archive_error_string(m_archive.get())));
     }
 
+    ArchiveFile m_file; ///< Used until the archive is freed.
     std::unique_ptr<archive, Free> m_archive;
-    QString m_path;
 };
 
 class Unpacker {
 public:
-    explicit Unpacker(const QString& path)
-        : m_archive(archive_read_new())
-        , m_path(path)
+    explicit Unpacker(File& archive)
+        : m_file(archive)
+        , m_archive(archive_read_new())
     {
-        if (!QFileInfo(path).isFile())
-            throw BackupUnusable(path, QStringLiteral("δεν υπάρχει τέτοιο αρχείο."));
         archive_read_support_filter_none(m_archive.get());
         archive_read_support_format_tar(m_archive.get());
-        if (archive_read_open_filename(m_archive.get(), QFile::encodeName(path).constData(), blockSize) != ARCHIVE_OK)
+        if (archive_read_open(m_archive.get(), &m_file, nullptr, ArchiveFile::read, nullptr) != ARCHIVE_OK)
             fail();
     }
 
@@ -112,47 +151,72 @@ public:
             fail();
         const char* const name = archive_entry_pathname(m_entry);
         const bool isPlainFile = archive_entry_filetype(m_entry) == AE_IFREG && !archive_entry_hardlink(m_entry);
-        if (!name || !isPlainFile)
-            throw BackupUnusable(m_path, QStringLiteral("περιέχει κάτι που δεν είναι αρχείο βιβλίου."));
+        if (!name || *name == '\0' || !isPlainFile)
+            refuse(QStringLiteral("περιέχει κάτι που δεν είναι αρχείο βιβλίου."));
+        if (archive_entry_sparse_count(m_entry) > 0)
+            refuseHole();
         return QString::fromUtf8(name);
     }
 
-    void unpackTo(const QString& target, const GoesOn& goesOn)
+    void unpackTo(const Folder& folder, const QString& name, const GoesOn& goesOn)
     {
-        QFile file(target);
-        if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-            throw BookCopyFailed(target, file.errorString());
-        QByteArray block(blockSize, Qt::Uninitialized);
+        refuseWithoutRoom(folder, archive_entry_size(m_entry));
+        File file = folder.open(name, Folder::Opening::MakeNew, FileAccess::Owner);
+        const void* bytes = nullptr;
+        std::size_t size = 0;
+        la_int64_t place = 0;
+        qint64 done = 0;
         for (;;) {
             continueOrGiveUp(goesOn);
-            const auto length = archive_read_data(m_archive.get(), block.data(), static_cast<std::size_t>(blockSize));
-            if (length < 0)
+            const int code = archive_read_data_block(m_archive.get(), &bytes, &size, &place);
+            if (code != ARCHIVE_OK && code != ARCHIVE_EOF)
                 fail();
-            if (length == 0)
+            if (code == ARCHIVE_EOF)
                 break;
-            writeAll(file, block.constData(), length);
+            if (place != done)
+                refuseHole();
+            file.write(static_cast<const char*>(bytes), static_cast<qint64>(size));
+            done += static_cast<qint64>(size);
         }
-        if (file.size() != archive_entry_size(m_entry))
-            throw BackupUnusable(m_path, QStringLiteral("είναι κομμένο."));
-        closeConfirmed(file);
+        if (done != archive_entry_size(m_entry))
+            refuse(QStringLiteral("είναι κομμένο."));
+        file.sync();
     }
+
+    [[noreturn]] void refuse(const QString& reason) const { throw BackupUnusable(m_file.file.path(), reason); }
 
 private:
     struct Free {
         void operator()(archive* handle) const { archive_read_free(handle); }
     };
 
-    [[noreturn]] void fail() const
+    [[noreturn]] void refuseHole() const
     {
-        throw BackupUnusable(m_path,
-            QStringLiteral("δεν διαβάζεται ως αρχείο tar: %1")
-                .arg(QString::fromUtf8(archive_error_string(m_archive.get()))));
+        refuse(QStringLiteral("περιέχει αρχείο με κενά (sparse), που δεν γράφεται σε αντίγραφα."));
     }
 
+    [[noreturn]] void fail() const
+    {
+        refuse(QStringLiteral("δεν διαβάζεται ως αρχείο tar: %1")
+                   .arg(QString::fromUtf8(archive_error_string(m_archive.get()))));
+    }
+
+    ArchiveFile m_file; ///< Used until the archive is freed.
     std::unique_ptr<archive, Free> m_archive;
     archive_entry* m_entry = nullptr;
-    QString m_path;
 };
+
+File openArchive(const QString& path)
+{
+    const QFileInfo file(QFileInfo(path).canonicalFilePath());
+    if (!file.isFile())
+        throw BackupUnusable(path, QStringLiteral("δεν υπάρχει τέτοιο αρχείο."));
+    try {
+        return Folder(file.path()).open(file.fileName(), Folder::Opening::Read);
+    } catch (const FileError& error) {
+        throw BackupUnusable(path, error.reason());
+    }
+}
 
 } // namespace
 
@@ -161,26 +225,36 @@ BackupUnusable::BackupUnusable(const QString& path, const QString& reason)
 {
 }
 
-void packBook(const BookFiles& copy, int descriptor, const QString& path, const std::function<bool()>& goesOn)
+void packBook(const Folder& copy, File& archive, const std::function<bool()>& goesOn)
 {
-    Packer packer(descriptor, path);
-    packer.add(copy.mainDatabase(), goesOn);
-    packer.add(copy.auxiliaryDatabase(), goesOn);
-    packer.close();
+    asCopy([&] {
+        Packer packer(archive);
+        for (const QString& name : members())
+            packer.add(copy, name, goesOn);
+        packer.close();
+    });
 }
 
-void unpackBook(const QString& path, const BookFiles& copy, const std::function<bool()>& goesOn)
+void unpackBook(File& archive, const Folder& copy, const std::function<bool()>& goesOn)
 {
-    QStringList missing{copy.mainDatabase(), copy.auxiliaryDatabase()};
-    Unpacker unpacker(path);
-    for (QString name = unpacker.next(); !name.isEmpty(); name = unpacker.next()) {
-        const QString target = copy.dataFolder() + u'/' + name;
-        if (!missing.removeOne(target))
-            throw BackupUnusable(path, QStringLiteral("περιέχει ένα ξένο αρχείο, το «%1».").arg(name));
-        unpacker.unpackTo(target, goesOn);
-    }
-    if (!missing.isEmpty())
-        throw BackupUnusable(path, QStringLiteral("λείπει το %1.").arg(QFileInfo(missing.first()).fileName()));
+    asCopy([&] {
+        refuseWithoutRoom(copy, archive.size()); // without holes the members are no larger together
+        QStringList missing = members();
+        Unpacker unpacker(archive);
+        for (QString name = unpacker.next(); !name.isEmpty(); name = unpacker.next()) {
+            if (!missing.removeOne(name))
+                unpacker.refuse(QStringLiteral("περιέχει ένα ξένο αρχείο, το «%1».").arg(printableName(name)));
+            unpacker.unpackTo(copy, name, goesOn);
+        }
+        if (!missing.isEmpty())
+            unpacker.refuse(QStringLiteral("λείπει το %1.").arg(missing.first()));
+    });
+}
+
+void unpackBook(const QString& path, const Folder& copy, const std::function<bool()>& goesOn)
+{
+    File archive = openArchive(path);
+    unpackBook(archive, copy, goesOn);
 }
 
 } // namespace lorvan

@@ -3,114 +3,100 @@
 #include "app/book_archive.h"
 #include "app/book_files.h"
 #include "app/book_proof.h"
-#include "platform/durable_files.h"
-#include "platform/file_lock.h"
+#include "app/copy_writing.h"
+#include "app/work_folder.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <optional>
-#include <unistd.h>
 
 namespace lorvan {
 namespace {
 
-const QString partEnding = QStringLiteral(".part");
+const QString workPrefix = QStringLiteral(".lorvan-backup-");
+const QString archiveName = QStringLiteral("archive");
+const QString folderName = QStringLiteral("backup");
 
-QString stagingOf(const QString& path)
-{
-    const QFileInfo info(path);
-    return QStringLiteral("%1/.%2%3").arg(info.path(), info.fileName(), partEnding);
-}
-
-/// A backup in the making, locked: one that is not locked is what a killed program has left.
+/// A backup in the making, in a folder of its own beside its place.
 class UnfinishedBackup {
 public:
-    explicit UnfinishedBackup(const QString& path)
-        : m_path(path)
-        , m_part(path + partEnding)
-        , m_staging(stagingOf(path))
+    UnfinishedBackup(const Folder& target, const QString& name)
+        : m_target(target)
+        , m_name(name)
+        , m_work(target, workPrefix)
+        , m_archive(m_work.folder().open(archiveName, Folder::Opening::MakeNew, FileAccess::Owner))
     {
-        try {
-            m_lock.emplace(Folder(QFileInfo(m_part).path()), QFileInfo(m_part).fileName());
-        } catch (const LockRefused& refusal) {
-            throw BookCopyFailed(m_part, QString::fromUtf8(refusal.what()).section(QStringLiteral(": "), -1));
-        }
         emptyStaging();
     }
-    ~UnfinishedBackup()
-    {
-        QDir(m_staging).removeRecursively();
-        if (!m_isComplete)
-            QFile::remove(m_part);
-    }
-    UnfinishedBackup(const UnfinishedBackup&) = delete;
-    UnfinishedBackup& operator=(const UnfinishedBackup&) = delete;
 
-    [[nodiscard]] BookFiles staging() const { return BookFiles(m_staging); }
-
-    void emptyStaging()
-    {
-        QDir(m_staging).removeRecursively();
-        if (!QDir().mkdir(m_staging))
-            throw BookCopyFailed(m_staging, qt_error_string(errno));
-    }
+    [[nodiscard]] const Folder& staging() const { return *m_staging; }
 
     void pack(const std::function<bool()>& goesOn)
     {
-        if (::ftruncate(m_lock->file().descriptor(), 0) != 0)
-            throw BookCopyFailed(m_part, qt_error_string(errno));
-        packBook(staging(), m_lock->file().descriptor(), m_part, goesOn);
-        if (::fsync(m_lock->file().descriptor()) != 0)
-            throw BookCopyFailed(m_part, qt_error_string(errno));
+        packBook(staging(), m_archive, goesOn);
+        m_archive.sync();
     }
 
     void prove(KeyRing& keys, const std::function<bool()>& goesOn)
     {
         emptyStaging();
         try {
-            unpackBook(m_part, staging(), goesOn);
+            m_archive.seek(0);
+            unpackBook(m_archive, staging(), goesOn);
         } catch (const BackupUnusable& damaged) {
-            throw BookCopyFailed(m_part, QString::fromUtf8(damaged.what()));
+            throw BookCopyFailed(m_target.pathOf(m_name), QString::fromUtf8(damaged.what()));
         }
         try {
-            proveBook(staging(), keys, goesOn);
+            proveBook(BookFiles(staging().path()), keys, goesOn);
         } catch (const BookCopyFailed& damaged) {
-            throw BookCopyFailed(m_path,
+            throw BookCopyFailed(m_target.pathOf(m_name),
                 QStringLiteral(
                     "όσα αντιγράφηκαν δεν διαβάζονται σωστά, άρα βλάβη έχει μάλλον το ίδιο το βιβλίο. Τη δείχνει"
                     " η εντολή lorvan-data check.\n")
-                    + QString::fromUtf8(damaged.what()).remove(m_staging + u'/'));
+                    + QString::fromUtf8(damaged.what()).remove(staging().path() + u'/'));
         }
     }
 
+    /// A name that the disk does not confirm is taken back.
     void complete()
     {
-        QFile file(m_part);
-        if (!file.rename(m_path))
-            throw BookCopyFailed(m_path, file.errorString());
-        m_isComplete = true;
-        syncFolder(QFileInfo(m_path).path());
+        m_work.folder().rename(archiveName, m_target, m_name);
+        try {
+            m_work.remove();
+            m_target.sync();
+        } catch (const FileError&) {
+            m_target.remove(m_name);
+            throw;
+        }
     }
 
 private:
-    QString m_path;
-    QString m_part;
-    QString m_staging;
-    std::optional<FileLock> m_lock;
-    bool m_isComplete = false;
+    void emptyStaging()
+    {
+        const QString name = QStringLiteral("book");
+        m_work.folder().removeTree(name);
+        m_staging = m_work.folder().openOrMakeFolder(name);
+    }
+
+    const Folder& m_target;
+    QString m_name;
+    WorkFolder m_work;
+    File m_archive;
+    std::optional<Folder> m_staging;
 };
 
-void removeUnfinished(const QString& path)
+/// An archive with a folder beside it, as they were once made in the open: both may go when nobody holds the archive.
+void removeEarlierForm(const Folder& folder, const QString& part)
 {
     try {
-        const FileLock lock(
-            Folder(QFileInfo(path).path()), QFileInfo(path).fileName() + partEnding, FileLock::Missing::Refuse);
-        QDir(stagingOf(path)).removeRecursively();
-        QFile::remove(path + partEnding);
-    } catch (const LockRefused&) {
-        // Somebody is at work on it.
+        const FileLock lock(folder, part, FileLock::Missing::Refuse);
+        const QString staging = u'.' + part;
+        if (folder.kindOf(staging) == Folder::Kind::Folder)
+            folder.removeTree(staging);
+        folder.remove(part);
+    } catch (const std::exception&) {
+        // Somebody is at work on it, or it cannot be removed; it does no harm.
     }
 }
 
@@ -118,45 +104,75 @@ void removeUnfinished(const QString& path)
 
 QString backupFolder(const BookFiles& book)
 {
-    return book.dataFolder() + QStringLiteral("/backup");
+    return book.dataFolder() + u'/' + folderName;
 }
 
-QString backupPath(const BookFiles& book, BackupKind kind, QDateTime now)
+Folder openBackupFolder(const BookFiles& book)
 {
-    const QString pattern = backupFolder(book)
-        + (kind == BackupKind::Daily ? QStringLiteral("/lorvan-daily-%1.tar") : QStringLiteral("/lorvan-%1.tar"));
+    return asCopy([&] {
+        const Folder data(book.dataFolder());
+        const bool isNew = !data.exists(folderName);
+        Folder folder = data.openOrMakeFolder(folderName);
+        if (isNew)
+            data.sync();
+        return folder;
+    });
+}
+
+QString backupName(const Folder& folder, BackupKind kind, QDateTime now)
+{
+    const QString pattern =
+        kind == BackupKind::Daily ? QStringLiteral("lorvan-daily-%1.tar") : QStringLiteral("lorvan-%1.tar");
     for (;; now = now.addSecs(1)) {
-        const QString path = pattern.arg(now.toString(QStringLiteral("yyyy-MM-dd-HHmmss")));
-        if (!QFileInfo::exists(path))
-            return path;
+        const QString name = pattern.arg(now.toString(QStringLiteral("yyyy-MM-dd-HHmmss")));
+        if (!folder.exists(name))
+            return name;
     }
 }
 
-void removeUnfinishedBackups(const BookFiles& book)
+void removeUnfinishedBackups(const Folder& folder) noexcept
 {
-    const QDir folder(backupFolder(book));
-    const QStringList patterns{
-        QStringLiteral("lorvan-[0-9]*.tar") + partEnding, QStringLiteral("lorvan-daily-[0-9]*.tar") + partEnding};
-    for (const QString& name : folder.entryList(patterns, QDir::Files))
-        removeUnfinished(folder.filePath(name.chopped(partEnding.size())));
+    static const QRegularExpression earlierForm(QStringLiteral("\\Alorvan-(daily-)?[-0-9]+\\.tar\\.part\\z"));
+    try {
+        WorkFolder::removeAbandoned(folder, workPrefix);
+        for (const QString& name : folder.names()) {
+            if (earlierForm.match(name).hasMatch())
+                removeEarlierForm(folder, name);
+        }
+    } catch (const std::exception&) {
+        // They do no harm.
+    }
 }
 
-CopyReport makeBackup(const BookFiles& book, const QString& path, KeyRing& keys, const std::function<bool()>& goesOn)
+CopyReport makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys,
+    const std::function<bool()>& goesOn)
 {
-    if (QFileInfo::exists(path))
-        throw BookCopyFailed(path, QStringLiteral("υπάρχει ήδη."));
-    UnfinishedBackup backup(path);
+    if (folder.exists(name))
+        throw BookCopyFailed(folder.pathOf(name), QStringLiteral("υπάρχει ήδη."));
+    removeUnfinishedBackups(folder);
     try {
-        const CopyReport report = copyBook(book, backup.staging(), keys, goesOn);
-        backup.pack(goesOn);
-        backup.prove(keys, goesOn);
-        backup.complete();
-        return report;
+        return asCopy([&] {
+            UnfinishedBackup backup(folder, name);
+            const CopyReport report = copyBook(book, backup.staging(), keys, goesOn);
+            backup.pack(goesOn);
+            backup.prove(keys, goesOn);
+            backup.complete();
+            return report;
+        });
+    } catch (const LockRefused& refusal) {
+        throw BookCopyFailed(folder.pathOf(name), QString::fromUtf8(refusal.what()));
     } catch (const std::exception&) {
         if (goesOn && !goesOn())
             throw GivenUp(); // whatever it was that noticed it
         throw;
     }
+}
+
+CopyReport makeBackup(const BookFiles& book, const QString& path, KeyRing& keys, const std::function<bool()>& goesOn)
+{
+    const QFileInfo file(path);
+    const Folder folder = asCopy([&] { return Folder(file.absolutePath()); });
+    return makeBackup(book, folder, file.fileName(), keys, goesOn);
 }
 
 } // namespace lorvan

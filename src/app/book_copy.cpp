@@ -1,95 +1,104 @@
 #include "app/book_copy.h"
 
 #include "app/book_files.h"
+#include "app/copy_writing.h"
 #include "platform/connection.h"
-#include "platform/durable_files.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <utility>
 
 namespace lorvan {
 namespace {
 
+const QString mainName = QStringLiteral("lorvan.mdb");
+const QString auxiliaryName = QStringLiteral("mapcodes.mdb");
+const QString partEnding = QStringLiteral(".part");
+
 QString nameOfCopy(const QString& original, const QDateTime& at)
 {
-    const QFileInfo info(original);
-    return QStringLiteral("%1/%2-%3.%4")
-        .arg(info.path(), info.completeBaseName(), at.toString(QStringLiteral("yyyy-MM-dd-HHmmss")), info.suffix());
+    return QStringLiteral("%1-%2.mdb")
+        .arg(original.section(u'.', 0, 0), at.toString(QStringLiteral("yyyy-MM-dd-HHmmss")));
 }
 
-QDateTime firstFreeSecond(const BookFiles& files, QDateTime at)
+QDateTime firstFreeSecond(const Folder& folder, QDateTime at)
 {
-    while (QFileInfo::exists(nameOfCopy(files.mainDatabase(), at))
-        || QFileInfo::exists(nameOfCopy(files.auxiliaryDatabase(), at)))
+    while (folder.exists(nameOfCopy(mainName, at)) || folder.exists(nameOfCopy(auxiliaryName, at)))
         at = at.addSecs(1);
     return at;
 }
 
 /// Of copies that a crash cut short. Nobody else copies this book at the time.
-void removeRemains(const QString& original)
+void removeRemains(const Folder& folder)
 {
-    const QFileInfo info(original);
-    const QString parts = QStringLiteral("%1-[0-9]*.%2.part").arg(info.completeBaseName(), info.suffix());
-    QDir folder = info.dir();
-    for (const QString& name : folder.entryList({parts}, QDir::Files))
-        folder.remove(name);
+    static const QRegularExpression form(QStringLiteral("\\A(lorvan|mapcodes)-[-0-9]+\\.mdb\\.part\\z"));
+    for (const QString& name : folder.names()) {
+        if (form.match(name).hasMatch() && folder.isFile(name))
+            folder.remove(name);
+    }
 }
 
 } // namespace
 
-CopiedFile::CopiedFile(const QString& original, const QDateTime& at)
-    : m_original(original)
-    , m_path(nameOfCopy(original, at))
-    , m_current(m_path + QStringLiteral(".part"))
+CopiedFile::CopiedFile(const Folder& folder, const QString& original, const QDateTime& at)
+    : m_folder(folder)
+    , m_original(original)
+    , m_name(nameOfCopy(original, at))
+    , m_current(m_name + partEnding)
 {
 }
 
 CopiedFile::~CopiedFile()
 {
-    if (m_isOurs)
-        QFile::remove(m_current);
+    if (!m_isOurs)
+        return;
+    try {
+        m_folder.remove(m_current);
+        m_folder.sync();
+    } catch (const FileError&) {
+        // It is a whole copy, or has a name that the next one removes.
+    }
 }
 
 void CopiedFile::write(Connection& book, const QString& schema, KeyRing& keys)
 {
-    QFile file(m_current);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-        throw BookCopyFailed(m_current, file.errorString());
-    m_isOurs = true;
-    file.setPermissions(QFile::permissions(m_original));
-    book.readFile(schema, [&file](const QByteArray& block) {
-        writeAll(file, block.constData(), block.size());
-        return true;
+    asCopy([&] {
+        File file = m_folder.open(m_current, Folder::Opening::MakeNew);
+        m_isOurs = true;
+        if (const auto original = statusOf(m_folder, m_original))
+            file.takeAccessOf(*original);
+        book.readFile(schema, [&file](const QByteArray& block) {
+            file.write(block);
+            return true;
+        });
+        file.sync();
     });
-    closeConfirmed(file);
-    proveDatabase(m_current, keys);
+    proveDatabase(m_folder.pathOf(m_current), keys);
 }
 
 void CopiedFile::complete()
 {
-    QFile file(m_current);
-    if (!file.rename(m_path))
-        throw BookCopyFailed(m_path, file.errorString());
-    m_current = m_path;
+    asCopy([this] { m_folder.rename(m_current, m_folder, m_name); });
+    m_current = m_name;
 }
 
-BookCopy::BookCopy(const BookFiles& files, const QDateTime& at)
-    : m_main(files.mainDatabase(), at)
-    , m_auxiliary(files.auxiliaryDatabase(), at)
+BookCopy::BookCopy(Folder folder, const QDateTime& now)
+    : m_folder(std::move(folder))
+    , m_at(firstFreeSecond(m_folder, now))
+    , m_main(m_folder, mainName, m_at)
+    , m_auxiliary(m_folder, auxiliaryName, m_at)
 {
 }
 
 BookCopy::BookCopy(Connection& book, const BookFiles& files, KeyRing& keys, const QDateTime& now)
-    : BookCopy(files, firstFreeSecond(files, now))
+    : BookCopy(asCopy([&] { return Folder(files.dataFolder()); }), now)
 {
-    removeRemains(files.mainDatabase());
-    removeRemains(files.auxiliaryDatabase());
+    asCopy([this] { removeRemains(m_folder); });
     m_main.write(book, QStringLiteral("main"), keys);
     m_auxiliary.write(book, QStringLiteral("auxiliary"), keys);
     m_auxiliary.complete();
     m_main.complete();
-    syncFolder(files.dataFolder());
+    asCopy([this] { m_folder.sync(); });
 }
 
 void BookCopy::keep()

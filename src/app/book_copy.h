@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/book_proof.h"
+#include "platform/folder.h"
 
 #include <QDateTime>
 #include <QString>
@@ -14,21 +15,23 @@ class Connection;
 class CopiedFile {
 public:
     /// For a copy that will stand beside the original as name-2026-11-23-101530.ending.
-    CopiedFile(const QString& original, const QDateTime& at);
+    CopiedFile(const Folder& folder, const QString& original, const QDateTime& at);
     ~CopiedFile();
     CopiedFile(const CopiedFile&) = delete;
     CopiedFile& operator=(const CopiedFile&) = delete;
 
-    [[nodiscard]] const QString& path() const { return m_path; } ///< Its name once it is complete.
+    [[nodiscard]] QString path() const { return m_folder.pathOf(m_name); } ///< Once it is complete.
 
-    /// Writes the file of the database `schema`, has the disk confirm it, and reads all of it back.
+    /// Writes the file of the database `schema` for those who may read the original, has the disk confirm it, and reads
+    /// all of it back.
     void write(Connection& book, const QString& schema, KeyRing& keys);
     void complete();
     void keep() { m_isOurs = false; }
 
 private:
+    const Folder& m_folder;
     QString m_original;
-    QString m_path;
+    QString m_name;
     QString m_current;
     bool m_isOurs = false; ///< Made by this object, which removes it.
 };
@@ -44,14 +47,16 @@ public:
     /// copy stays behind then.
     BookCopy(Connection& book, const BookFiles& files, KeyRing& keys, const QDateTime& now);
 
-    [[nodiscard]] const QString& mainDatabase() const { return m_main.path(); }
-    [[nodiscard]] const QString& auxiliaryDatabase() const { return m_auxiliary.path(); }
+    [[nodiscard]] QString mainDatabase() const { return m_main.path(); }
+    [[nodiscard]] QString auxiliaryDatabase() const { return m_auxiliary.path(); }
 
     void keep();
 
 private:
-    BookCopy(const BookFiles& files, const QDateTime& at);
+    BookCopy(Folder folder, const QDateTime& now);
 
+    Folder m_folder;
+    QDateTime m_at;
     CopiedFile m_main;
     CopiedFile m_auxiliary;
 };

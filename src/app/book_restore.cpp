@@ -3,82 +3,89 @@
 #include "app/book_archive.h"
 #include "app/book_files.h"
 #include "app/book_proof.h"
+#include "app/copy_writing.h"
 #include "app/pending_restore.h"
-#include "platform/file_lock.h"
+#include "app/work_folder.h"
+#include "platform/durable_files.h"
 #include "platform/key_ring.h"
 
 #include <QDir>
-#include <QFileInfo>
 
-#include <sys/stat.h>
-#include <unistd.h>
+#include <array>
 
 namespace lorvan {
 namespace {
 
 /// The name, not the path, of a folder that is free.
-QString asideFor(const BookFiles& book, QDateTime now)
+QString asideFor(const Folder& data, QDateTime now)
 {
     for (;; now = now.addSecs(1)) {
         const QString name = QStringLiteral("replaced-") + now.toString(QStringLiteral("yyyy-MM-dd-HHmmss"));
-        if (!QFileInfo::exists(book.dataFolder() + u'/' + name))
+        if (!data.exists(name))
             return name;
     }
 }
 
 /// Who may read and write the old file may do so with the new one, as far as the system lets us.
-void takeOverAccess(const QString& old, const QString& staged)
+void takeOverAccess(const Folder& data, const Folder& staged, const QString& name)
 {
-    struct stat access { };
-    if (::stat(QFile::encodeName(old).constData(), &access) != 0)
-        return;
-    const QByteArray target = QFile::encodeName(staged);
-    [[maybe_unused]] const int owned = ::chown(target.constData(), access.st_uid, access.st_gid);
-    [[maybe_unused]] const int allowed = ::chmod(target.constData(), access.st_mode & 0777U);
+    File file = staged.open(name, Folder::Opening::Write);
+    if (const auto old = statusOf(data, name))
+        file.takeAccessOf(*old);
+    else
+        data.give(file, FileAccess::LikeFolder);
+    file.sync();
 }
+
+/// The folders that were made for the book, removed again unless they are kept.
+class MadeFolders {
+public:
+    explicit MadeFolders(const QString& path)
+        : m_paths(makeFolders(path, FileAccess::Owner))
+    {
+    }
+    ~MadeFolders()
+    {
+        for (const QString& path : m_paths)
+            QDir().rmdir(path);
+    }
+    MadeFolders(const MadeFolders&) = delete;
+    MadeFolders& operator=(const MadeFolders&) = delete;
+
+    void keep() { m_paths.clear(); }
+
+private:
+    QStringList m_paths;
+};
 
 } // namespace
 
-/// The hidden folder; what a killed restore has left there is removed.
 struct RestoredBook::Staging {
     explicit Staging(const BookFiles& target)
-        : book(target)
-        , staged(stagedBook(target))
-        , isNewFolder(!QFileInfo::exists(target.dataFolder()))
+        : made(target.dataFolder())
+        , book(target.dataFolder())
+        , data(book.dataFolder())
+        , work((removeUndecidedRestores(data), data), stagedPrefix())
+        , staged(work.folder().path())
     {
-        if (!QDir().mkpath(staged.dataFolder()))
-            throw RestoreFailed((staged.dataFolder() + QStringLiteral(": ") + qt_error_string(errno)).toStdString());
-        try {
-            lock.emplace(Folder(staged.dataFolder()), QStringLiteral("lock"));
-        } catch (const LockRefused& refusal) {
-            throw RestoreFailed(refusal.what());
-        }
-        QFile::remove(staged.mainDatabase());
-        QFile::remove(staged.auxiliaryDatabase());
     }
-    ~Staging()
-    {
-        if (isDecided)
-            return;
-        QDir(staged.dataFolder()).removeRecursively();
-        if (isNewFolder)
-            QDir().rmdir(book.dataFolder());
-    }
-    Staging(const Staging&) = delete;
-    Staging& operator=(const Staging&) = delete;
 
+    MadeFolders made;
     BookFiles book;
+    Folder data;
+    WorkFolder work;
     BookFiles staged;
-    bool isNewFolder;
-    std::optional<FileLock> lock;
-    bool isDecided = false;
 };
 
 RestoredBook::RestoredBook(const QString& backup, const BookFiles& book, const std::function<bool()>& goesOn)
-    : m_staging(std::make_unique<Staging>(book))
 {
     try {
-        unpackBook(backup, m_staging->staged, goesOn);
+        m_staging = std::make_unique<Staging>(book);
+        unpackBook(backup, m_staging->work.folder(), goesOn);
+    } catch (const FileError& failure) {
+        throw RestoreFailed(failure.what());
+    } catch (const LockRefused& failure) {
+        throw RestoreFailed(failure.what());
     } catch (const BookCopyFailed& failure) {
         throw RestoreFailed(failure.what());
     }
@@ -99,19 +106,26 @@ const BookFiles& RestoredBook::staged() const
 
 std::optional<QString> RestoredBook::replace(const QDateTime& now)
 {
-    const BookFiles& book = m_staging->book;
-    const QString aside = asideFor(book, now);
-    takeOverAccess(book.mainDatabase(), staged().mainDatabase());
-    takeOverAccess(book.auxiliaryDatabase(), staged().auxiliaryDatabase());
+    const Folder& data = m_staging->data;
+    QString aside;
     try {
-        decideRestore(book, aside);
+        aside = asideFor(data, now);
+        for (const auto& name : {QStringLiteral("lorvan.mdb"), QStringLiteral("mapcodes.mdb")})
+            takeOverAccess(data, m_staging->work.folder(), name);
+        m_staging->work.folder().sync();
+        data.sync();
+        decideRestore(data, m_staging->work.name(), aside);
     } catch (const std::runtime_error& failure) {
         throw RestoreFailed(failure.what());
     }
-    m_staging->isDecided = true;
-    finishRestore(book);
-    const QString folder = book.dataFolder() + u'/' + aside;
-    return QFileInfo::exists(folder) ? std::optional(folder) : std::nullopt;
+    m_staging->work.keep();
+    m_staging->made.keep();
+    finishRestore(m_staging->book);
+    try {
+        return data.exists(aside) ? std::optional(data.pathOf(aside)) : std::nullopt;
+    } catch (const FileError&) {
+        return data.pathOf(aside);
+    }
 }
 
 } // namespace lorvan

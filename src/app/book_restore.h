@@ -21,10 +21,10 @@ class RestoreFailed : public std::runtime_error {
 /// Without replace() it goes with the object.
 class RestoredBook {
 public:
-    /// Makes the data folder where it is missing. Throws BackupUnusable when the file is no backup, or a damaged one,
-    /// UnknownSchemaVersion, and RestoreFailed when the folder cannot be written or another restore is under way.
-    /// `goesOn` is asked for every megabyte unpacked and from time to time in the proof; when it says no, GivenUp or
-    /// BackupUnusable is thrown.
+    /// Makes the data folder where it is missing, for its owner alone. Throws BackupUnusable when the file is no
+    /// backup, or a damaged one, UnknownSchemaVersion, and RestoreFailed when the folder cannot be written. `goesOn` is
+    /// asked for every megabyte unpacked and from time to time in the proof; when it says no, GivenUp or BackupUnusable
+    /// is thrown.
     RestoredBook(const QString& backup, const BookFiles& book, const std::function<bool()>& goesOn = {});
     ~RestoredBook();
     RestoredBook(const RestoredBook&) = delete;
@@ -33,10 +33,10 @@ public:
     /// For those who want to look at it.
     [[nodiscard]] const BookFiles& staged() const;
 
-    /// Puts it in its place, and what was there aside. The usage marker is free then; whoever calls holds it, if there
-    /// is one. Killed on the way, there is either the old book or, from the next start of a program on, the new one.
-    /// Returns the folder where the old files are, if there were any. Throws RestoreFailed when nothing is decided yet,
-    /// RestoreUnfinished afterwards.
+    /// Puts it in its place, and what was there aside. The new files take the access that the old ones have. The usage
+    /// marker is free then; whoever calls holds it, if there is one. Killed on the way, there is either the old book
+    /// or, from the next start of a program on, the new one. Returns the folder where the old files are, if there were
+    /// any. Throws RestoreFailed when nothing is decided yet, RestoreUnfinished afterwards.
     std::optional<QString> replace(const QDateTime& now);
 
 private:

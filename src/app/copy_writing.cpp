@@ -2,7 +2,9 @@
 
 #include <QFile>
 
-#include <unistd.h>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/statvfs.h>
 
 namespace lorvan {
 
@@ -11,21 +13,36 @@ BookCopyFailed::BookCopyFailed(const QString& path, const QString& reason)
 {
 }
 
-void writeAll(QFile& file, const char* bytes, qint64 size)
+BookCopyFailed::BookCopyFailed(const FileError& error)
+    : BookCopyFailed(error.path(), error.reason())
 {
-    for (qint64 done = 0; done < size;) {
-        const qint64 written = file.write(bytes + done, size - done);
-        if (written <= 0)
-            throw BookCopyFailed(file.fileName(), file.errorString());
-        done += written;
-    }
 }
 
-void closeConfirmed(QFile& file)
+std::optional<struct stat> statusOf(const Folder& folder, const QString& name)
 {
-    if (::fsync(file.handle()) != 0)
-        throw BookCopyFailed(file.fileName(), qt_error_string(errno));
-    file.close();
+    struct stat found { };
+    const int code = ::fstatat(folder.descriptor(), QFile::encodeName(name).constData(), &found, AT_SYMLINK_NOFOLLOW);
+    return code == 0 && S_ISREG(found.st_mode) ? std::optional(found) : std::nullopt;
+}
+
+void refuseWithoutRoom(const Folder& folder, qint64 bytes)
+{
+    struct statvfs disk { };
+    if (::fstatvfs(folder.descriptor(), &disk) != 0 || disk.f_blocks == 0)
+        return;
+    if (static_cast<quint64>(bytes) / disk.f_frsize >= disk.f_bavail && bytes > 0)
+        throw FileError(folder.path(), ENOSPC);
+}
+
+QString printableName(const QString& name)
+{
+    constexpr qsizetype most = 100;
+    QString shown;
+    for (const QChar character : name.first(std::min(most, name.size()))) {
+        const bool isPlain = character.isPrint() || character.isSurrogate();
+        shown += isPlain ? QString(character) : QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QChar(u'0'));
+    }
+    return name.size() > most ? shown + u'…' : shown;
 }
 
 } // namespace lorvan

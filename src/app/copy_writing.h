@@ -1,10 +1,14 @@
 #pragma once
 
+#include "platform/file_error.h"
+#include "platform/folder.h"
+
 #include <QString>
 
+#include <optional>
 #include <stdexcept>
 
-class QFile;
+#include <sys/stat.h>
 
 namespace lorvan {
 
@@ -12,12 +16,26 @@ namespace lorvan {
 class BookCopyFailed : public std::runtime_error {
 public:
     BookCopyFailed(const QString& path, const QString& reason);
+    explicit BookCopyFailed(const FileError& error);
 };
 
-/// Writes the bytes where the file stands. Throws BookCopyFailed.
-void writeAll(QFile& file, const char* bytes, qint64 size);
+/// What `action` returns; a FileError in it becomes BookCopyFailed.
+template <typename Action> auto asCopy(const Action& action) -> decltype(action())
+{
+    try {
+        return action();
+    } catch (const FileError& error) {
+        throw BookCopyFailed(error);
+    }
+}
 
-/// Has the disk confirm the file and closes it. Throws BookCopyFailed.
-void closeConfirmed(QFile& file);
+/// Of a plain file, without opening it: closing a database would drop the locks that the process holds on it.
+[[nodiscard]] std::optional<struct stat> statusOf(const Folder& folder, const QString& name);
+
+/// Throws FileError (ENOSPC) where the disk has no room for so many bytes. One that does not tell is believed.
+void refuseWithoutRoom(const Folder& folder, qint64 bytes);
+
+/// A name from elsewhere on one line: control characters as \u and four hexadecimal digits, a long one cut.
+[[nodiscard]] QString printableName(const QString& name);
 
 } // namespace lorvan

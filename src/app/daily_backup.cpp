@@ -5,7 +5,6 @@
 #include "app/copy_writing.h"
 #include "app/failure_text.h"
 
-#include <QDir>
 #include <QTimer>
 
 #include <algorithm>
@@ -16,10 +15,23 @@ namespace {
 constexpr std::chrono::seconds afterTheClaim{1}; // when a start or a change of the page has been painted
 constexpr int secondsToNextAttempt = 15 * 60;
 
-void removeOutdated(QDir folder, QDate today)
+QStringList filesIn(const Folder& folder)
 {
-    for (const QString& name : outdatedBackups(folder.entryList(QDir::Files), today))
-        folder.remove(name); // one that cannot be removed does no harm
+    QStringList names = folder.names();
+    names.removeIf([&](const QString& name) { return !folder.isFile(name); });
+    return names;
+}
+
+/// One that cannot be removed does no harm.
+void removeOutdated(const Folder& folder, QDate today)
+{
+    try {
+        for (const QString& name : outdatedBackups(filesIn(folder), today))
+            folder.remove(name);
+        folder.sync();
+    } catch (const FileError&) {
+        // The next day's backup tries again.
+    }
 }
 
 } // namespace
@@ -27,18 +39,15 @@ void removeOutdated(QDir folder, QDate today)
 std::optional<QString> makeDailyBackup(
     const BookFiles& book, KeyRing& keys, const QDateTime& now, const std::function<bool()>& goesOn)
 {
-    const QDir folder(backupFolder(book));
-    const QStringList names = folder.entryList(QDir::Files);
+    const Folder folder = openBackupFolder(book);
+    const QStringList names = asCopy([&] { return filesIn(folder); });
     if (std::any_of(
             names.begin(), names.end(), [&](const QString& name) { return dayOfDailyBackup(name) == now.date(); }))
         return std::nullopt;
-    if (!folder.mkpath(QStringLiteral(".")))
-        throw BookCopyFailed(folder.path(), qt_error_string(errno));
-    removeUnfinishedBackups(book);
-    const QString path = backupPath(book, BackupKind::Daily, now);
-    makeBackup(book, path, keys, goesOn);
+    const QString name = backupName(folder, BackupKind::Daily, now);
+    makeBackup(book, folder, name, keys, goesOn);
     removeOutdated(folder, now.date());
-    return path;
+    return folder.pathOf(name);
 }
 
 DailyBackup::DailyBackup(const BookFiles& book, KeyRing& keys, Clock clock)

@@ -2,34 +2,32 @@
 
 #include "app/book_files.h"
 #include "app/usage_marker.h"
+#include "app/work_folder.h"
 #include "platform/connection.h"
-#include "platform/durable_files.h"
+#include "platform/file_error.h"
 #include "platform/file_lock.h"
 #include "platform/sql_error.h"
 #include "platform/transaction.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 
 #include <array>
-#include <cerrno>
-#include <cstdio>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace lorvan {
 namespace {
 
-const QByteArray firstLine = QByteArrayLiteral("Lorvan restore 1\n");
+const QByteArray firstLine = QByteArrayLiteral("Lorvan restore 2\n");
+const QByteArray earlierFirstLine = QByteArrayLiteral("Lorvan restore 1\n"); // one folder name, the same always
+const QString earlierStaged = QStringLiteral(".restore");
+const QString recordName = QStringLiteral("restore.pending");
+const QString markerName = QStringLiteral("lorvan.dat");
 constexpr std::chrono::seconds patience{20};
-
-QString recordOf(const BookFiles& book)
-{
-    return book.dataFolder() + QStringLiteral("/restore.pending");
-}
+/// The main database comes last: a folder that holds one is a book.
+const std::array databases{QStringLiteral("mapcodes.mdb"), QStringLiteral("lorvan.mdb")};
 
 [[noreturn]] void fail(const QString& path, const QString& reason)
 {
@@ -59,140 +57,174 @@ private:
     std::unique_ptr<Transaction> m_lock;
 };
 
-/// Over a network or not, never over a file that is there.
-void move(const QString& from, const QString& to)
+/// The names of the two folders that a decided restore works with.
+struct Record {
+    QString aside;
+    QString staged;
+};
+
+Record read(File& file)
 {
-    if (QFileInfo::exists(to))
-        fail(to, QStringLiteral("υπάρχει ήδη."));
-    if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
-        fail(from, qt_error_string(errno));
+    static const QRegularExpression asideForm(QStringLiteral("\\Areplaced-[-0-9]{1,40}\\z"));
+    constexpr qint64 longest = 200;
+    const QList<QByteArray> lines = file.read(longest).split('\n');
+    const Record record{QString::fromLatin1(lines.value(1)), QString::fromLatin1(lines.value(2))};
+    const bool isOurs = lines[0] + '\n' == firstLine && lines.size() == 4 && lines[3].isEmpty()
+        && WorkFolder::isName(record.staged, stagedPrefix());
+    const bool isEarlier = lines[0] + '\n' == earlierFirstLine && lines.size() == 3 && lines[2].isEmpty();
+    if (!(isOurs || isEarlier) || !asideForm.match(record.aside).hasMatch())
+        fail(file.path(), QStringLiteral("δεν είναι σημείωμα επαναφοράς."));
+    return isOurs ? record : Record{record.aside, earlierStaged};
 }
 
 class PendingRestore {
 public:
-    PendingRestore(const BookFiles& book, const QString& aside)
-        : m_book(book)
-        , m_staged(stagedBook(book))
-        , m_aside(book.dataFolder() + u'/' + aside)
+    PendingRestore(const Folder& data, Record record)
+        : m_data(data)
+        , m_record(std::move(record))
     {
+        if (m_data.kindOf(m_record.staged) != Folder::Kind::Nothing)
+            m_staged = m_data.openFolder(m_record.staged);
     }
 
     void finish() const
     {
+        m_data.sync(); // before anything moves, the decision stands on the disk
         putOldAside();
-        for (const auto& [old, staged] : m_pairs) {
-            if (QFileInfo::exists(staged))
-                move(staged, old);
+        for (const QString& name : databases) {
+            if (isStaged(name))
+                m_staged->rename(name, m_data, name);
         }
-        syncFolder(m_book.dataFolder());
+        if (m_staged)
+            m_staged->sync();
+        m_data.sync();
         freeMarker();
-        QDir(m_staged.dataFolder()).removeRecursively();
-        if (!QFile::remove(recordOf(m_book)))
-            fail(recordOf(m_book), qt_error_string(errno));
-        syncFolder(m_book.dataFolder());
+        m_data.removeTree(m_record.staged);
+        m_data.sync();
+        m_data.remove(recordName);
+        m_data.confirm();
     }
 
 private:
-    struct Pair {
-        QString old;
-        QString staged;
-    };
+    [[nodiscard]] bool isStaged(const QString& name) const { return m_staged && m_staged->isFile(name); }
 
     /// Only what the new file has not replaced yet is old. A journal goes first: it must never meet the new file.
     void putOldAside() const
     {
-        if (!QFileInfo::exists(m_staged.mainDatabase()))
+        if (!isStaged(databases.back()))
             return;
-        if (!QDir().mkpath(m_aside))
-            fail(m_aside, qt_error_string(errno));
+        const Folder aside = m_data.openOrMakeFolder(m_record.aside);
+        m_data.sync();
         std::vector<std::unique_ptr<ShutDatabase>> shut;
-        for (const auto& [old, staged] : m_pairs) {
-            if (QFileInfo::exists(staged) && QFileInfo::exists(old))
-                shut.push_back(std::make_unique<ShutDatabase>(old));
+        for (const QString& name : databases) {
+            if (isStaged(name) && m_data.isFile(name))
+                shut.push_back(std::make_unique<ShutDatabase>(m_data.pathOf(name)));
         }
         if (!shut.empty())
-            copyMarker();
-        for (const auto& [old, staged] : m_pairs) {
-            if (!QFileInfo::exists(staged))
-                continue;
-            for (const QString& path : {old + QStringLiteral("-journal"), old}) {
-                if (QFileInfo::exists(path))
-                    move(path, m_aside + u'/' + QFileInfo(path).fileName());
-            }
+            copyMarker(aside);
+        for (const QString& name : databases) {
+            if (isStaged(name))
+                moveAside(name, aside);
         }
-        syncFolder(m_aside);
-        syncFolder(m_book.dataFolder());
-        QDir(m_book.dataFolder()).rmdir(m_aside); // stays when there was anything to put there
+        aside.sync();
+        m_data.sync();
+        m_data.removeEmpty(m_record.aside); // stays when there was anything to put there
     }
 
-    /// The marker itself stays: it keeps the others out meanwhile.
-    void copyMarker() const
+    void moveAside(const QString& name, const Folder& aside) const
     {
-        const QString copy = m_aside + u'/' + QFileInfo(m_book.usageMarker()).fileName();
-        if (!BookFiles::exists(m_book.usageMarker()) || QFileInfo::exists(copy))
-            return;
-        if (!QFile::copy(m_book.usageMarker(), copy))
-            fail(copy, qt_error_string(errno));
-        UsageMarker::unlock(copy);
+        for (const QString& each : {name + QStringLiteral("-journal"), name}) {
+            if (m_data.exists(each))
+                m_data.rename(each, aside, each);
+        }
     }
 
+    /// The marker itself stays: it keeps the others out meanwhile. The copy is free.
+    void copyMarker(const Folder& aside) const
+    {
+        constexpr qint64 longest = 4096;
+        constexpr char isFree = '0';
+        if (!m_data.isFile(markerName) || aside.exists(markerName))
+            return;
+        QByteArray marker = m_data.open(markerName, Folder::Opening::Read).read(longest);
+        if (!marker.isEmpty())
+            marker[0] = isFree;
+        aside.replace(markerName, marker);
+    }
+
+    /// A link or the like in its place is none of ours.
     void freeMarker() const
     {
-        if (BookFiles::exists(m_book.usageMarker()))
-            UsageMarker::unlock(m_book.usageMarker());
+        if (m_data.kindOf(markerName) == Folder::Kind::Other)
+            m_data.remove(markerName);
+        if (m_data.isFile(markerName))
+            UsageMarker::unlock(m_data.pathOf(markerName));
         else
-            UsageMarker::create(m_book.usageMarker());
+            UsageMarker::create(m_data.pathOf(markerName));
     }
 
-    BookFiles m_book;
-    BookFiles m_staged;
-    QString m_aside;
-    /// The main database comes last: a folder that holds one is a book.
-    std::array<Pair, 2> m_pairs{Pair{m_book.auxiliaryDatabase(), m_staged.auxiliaryDatabase()},
-        Pair{m_book.mainDatabase(), m_staged.mainDatabase()}};
+    const Folder& m_data;
+    Record m_record;
+    std::optional<Folder> m_staged;
 };
 
-QString asideIn(const QString& record)
+/// Also where the system says that a name could not be given, and gave it nevertheless.
+bool isDecided(const Folder& data, const QByteArray& record)
 {
-    static const QRegularExpression form(QStringLiteral("\\Areplaced-[-0-9]+\\z"));
-    QFile file(record);
-    if (!file.open(QIODevice::ReadOnly))
-        fail(record, file.errorString());
-    const bool isOurs = file.readLine() == firstLine;
-    const QString aside = QString::fromUtf8(file.readLine()).trimmed();
-    if (!isOurs || !form.match(aside).hasMatch())
-        fail(record, QStringLiteral("δεν είναι σημείωμα επαναφοράς."));
-    return aside;
+    try {
+        return data.isFile(recordName) && data.open(recordName, Folder::Opening::Read).read(record.size()) == record;
+    } catch (const FileError&) {
+        return false;
+    }
 }
 
 } // namespace
 
-BookFiles stagedBook(const BookFiles& book)
+QString stagedPrefix()
 {
-    return BookFiles(book.dataFolder() + QStringLiteral("/.restore"));
+    return QStringLiteral(".restore-");
 }
 
-void decideRestore(const BookFiles& book, const QString& aside)
+void decideRestore(const Folder& data, const QString& staged, const QString& aside)
 {
-    syncFolder(stagedBook(book).dataFolder());
-    Folder(book.dataFolder()).replace(QFileInfo(recordOf(book)).fileName(), firstLine + aside.toUtf8() + '\n');
+    const QByteArray record = firstLine + aside.toUtf8() + '\n' + staged.toUtf8() + '\n';
+    if (data.exists(recordName))
+        throw FileError(data.pathOf(recordName), QStringLiteral("υπάρχει ήδη."));
+    try {
+        data.replace(recordName, record);
+    } catch (const FileError&) {
+        if (!isDecided(data, record))
+            throw;
+    }
 }
 
 void finishRestore(const BookFiles& book)
 {
-    const QString record = recordOf(book);
-    if (!QFileInfo::exists(record))
+    if (!QFileInfo::exists(book.dataFolder()))
         return;
     try {
-        const FileLock lock(
-            Folder(book.dataFolder()), QFileInfo(record).fileName(), FileLock::Missing::Refuse, patience);
-        PendingRestore(book, asideIn(record)).finish();
-    } catch (const LockRefused& refusal) {
-        if (QFileInfo::exists(record)) // otherwise somebody else has finished it meanwhile
-            throw RestoreUnfinished(refusal.what());
-    } catch (const MarkerError& error) {
-        throw RestoreUnfinished(error.what());
+        const Folder data(book.dataFolder());
+        if (!data.exists(recordName))
+            return;
+        try {
+            FileLock lock(data, recordName, FileLock::Missing::Refuse, patience);
+            PendingRestore(data, read(lock.file())).finish();
+        } catch (const LockRefused&) {
+            if (data.exists(recordName)) // otherwise somebody else has finished it meanwhile
+                throw;
+        }
+    } catch (const RestoreUnfinished&) {
+        throw;
+    } catch (const std::exception& failure) {
+        throw RestoreUnfinished(failure.what());
     }
+}
+
+void removeUndecidedRestores(const Folder& data) noexcept
+{
+    const auto isUndecided = [&data](const QString&) { return !data.exists(recordName); };
+    WorkFolder::removeAbandoned(data, stagedPrefix(), isUndecided);
+    WorkFolder::removeIfAbandoned(data, earlierStaged, isUndecided);
 }
 
 } // namespace lorvan

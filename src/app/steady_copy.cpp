@@ -6,8 +6,6 @@
 #include "platform/sql_error.h"
 #include "platform/transaction.h"
 
-#include <QFile>
-
 #include <openssl/evp.h>
 
 #include <algorithm>
@@ -35,12 +33,10 @@ Digest digestOf(const QByteArray& block)
 /// The copy of one database's file, brought in line with it as often as necessary.
 class FileCopy {
 public:
-    FileCopy(QString schema, const QString& target)
+    FileCopy(QString schema, const Folder& folder, const QString& name)
         : m_schema(std::move(schema))
-        , m_file(target)
+        , m_file(asCopy([&] { return folder.open(name, Folder::Opening::MakeNew, FileAccess::Owner); }))
     {
-        if (!m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-            throw BookCopyFailed(target, m_file.errorString());
     }
 
     /// Reads all of the database, and writes what differs from the last time. False when `goesOn` has cut it short.
@@ -60,9 +56,10 @@ public:
 
     void complete()
     {
-        if (!m_file.resize(m_size))
-            throw BookCopyFailed(m_file.fileName(), m_file.errorString());
-        closeConfirmed(m_file);
+        asCopy([this] {
+            m_file.truncate(m_size);
+            m_file.sync();
+        });
     }
 
 private:
@@ -73,14 +70,14 @@ private:
             m_digests.emplace_back(); // no digest of anything
         if (m_digests[number] != digest) {
             m_file.seek(m_size);
-            writeAll(m_file, block.constData(), block.size());
+            asCopy([&] { m_file.write(block); });
             m_digests[number] = digest;
         }
         m_size += block.size();
     }
 
     QString m_schema;
-    QFile m_file;
+    File m_file;
     std::vector<Digest> m_digests;
     qint64 m_size = 0;
 };
@@ -107,12 +104,12 @@ private:
 
 class SteadyCopy {
 public:
-    SteadyCopy(const BookFiles& book, const BookFiles& copy, KeyRing& keys, GoesOn goesOn, const CopyPatience& patience)
+    SteadyCopy(const BookFiles& book, const Folder& copy, KeyRing& keys, GoesOn goesOn, const CopyPatience& patience)
         : m_goesOn(std::move(goesOn))
         , m_patience(patience)
         , m_book(open(book, keys))
-        , m_main(QStringLiteral("main"), copy.mainDatabase())
-        , m_auxiliary(QStringLiteral("auxiliary"), copy.auxiliaryDatabase())
+        , m_main(QStringLiteral("main"), copy, QStringLiteral("lorvan.mdb"))
+        , m_auxiliary(QStringLiteral("auxiliary"), copy, QStringLiteral("mapcodes.mdb"))
     {
     }
 
@@ -131,17 +128,26 @@ private:
     /// only, and a busy writer leaves but moments.
     template <typename Action> auto untilUnlocked(const Action& action) const -> decltype(action())
     {
-        const auto deadline = Clock::now() + m_patience.all;
+        const auto since = Clock::now();
         for (;;) {
             continueOrGiveUp();
             try {
                 return action();
             } catch (const SqlError& error) {
-                if (error.kind() != SqlError::Kind::Busy || Clock::now() > deadline)
+                if (Clock::now() - since > patienceWith(error.kind()))
                     throw;
             }
             std::this_thread::sleep_for(betweenLocks);
         }
+    }
+
+    /// A journal that stands is a writer's who has just begun, or of one that was killed.
+    [[nodiscard]] Clock::duration patienceWith(SqlError::Kind trouble) const
+    {
+        if (trouble == SqlError::Kind::Busy)
+            return m_patience.all;
+        const bool isJournal = trouble == SqlError::Kind::JournalStands;
+        return isJournal ? Clock::duration(std::min(m_patience.all, m_patience.journal)) : Clock::duration(-1);
     }
 
     [[nodiscard]] Connection open(const BookFiles& book, KeyRing& keys) const
@@ -149,7 +155,7 @@ private:
         const FileKey key = keys.keyFor(book.mainDatabase());
         const FileKey auxiliaryKey = keys.keyFor(book.auxiliaryDatabase());
         Connection connection = untilUnlocked([&] {
-            return Connection::open(book.mainDatabase(), key, Connection::Access::ReadWrite, m_patience.firstLock);
+            return Connection::open(book.mainDatabase(), key, Connection::Access::ReadOnly, m_patience.firstLock);
         });
         untilUnlocked([&] { connection.attach(book.auxiliaryDatabase(), auxiliaryKey, QStringLiteral("auxiliary")); });
         return connection;
@@ -211,10 +217,18 @@ private:
 
 } // namespace
 
+CopyReport copyBook(const BookFiles& book, const Folder& copy, KeyRing& keys, const std::function<bool()>& goesOn,
+    const CopyPatience& patience)
+{
+    const CopyReport report = SteadyCopy(book, copy, keys, goesOn, patience).run();
+    asCopy([&] { copy.sync(); });
+    return report;
+}
+
 CopyReport copyBook(const BookFiles& book, const BookFiles& copy, KeyRing& keys, const std::function<bool()>& goesOn,
     const CopyPatience& patience)
 {
-    return SteadyCopy(book, copy, keys, goesOn, patience).run();
+    return copyBook(book, asCopy([&] { return Folder(copy.dataFolder()); }), keys, goesOn, patience);
 }
 
 } // namespace lorvan

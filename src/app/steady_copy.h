@@ -9,6 +9,7 @@
 namespace lorvan {
 
 class BookFiles;
+class Folder;
 class KeyRing;
 
 /// Somebody did not want the work to go on.
@@ -28,6 +29,7 @@ struct CopyPatience {
     int attempts = 6; ///< ...but the last time they are held to the end.
     std::chrono::milliseconds between{300}; ///< In which writers get their turn.
     std::chrono::seconds all{60}; ///< Without a lock that long, the copy fails.
+    std::chrono::seconds journal{10}; ///< The same where a journal stands, which a reader takes back for nobody.
 };
 
 /// What a copy took.
@@ -36,14 +38,17 @@ struct CopyReport {
     int attempts = 0;
 };
 
-/// Copies both databases of a book into the empty folder of `copy`, while programs go on reading and writing it. The
-/// copies are those of one moment, and confirmed by the disk.
+/// Copies both databases of a book into the empty folder `copy`, while programs go on reading and writing it. The
+/// copies are those of one moment, for their owner alone, and confirmed by the disk. The book is opened to be read
+/// alone.
 ///
 /// All is copied first without a lock, which yields anything. Then both files are locked against writers, all is read
 /// again, now from the system's memory, and what has changed is copied anew.
 ///
 /// `goesOn` is asked from time to time; when it says no, GivenUp is thrown. Throws SqlError when the book cannot be
 /// read, BookCopyFailed when the copies cannot be written; what was written stays.
+CopyReport copyBook(const BookFiles& book, const Folder& copy, KeyRing& keys, const std::function<bool()>& goesOn,
+    const CopyPatience& patience = {});
 CopyReport copyBook(const BookFiles& book, const BookFiles& copy, KeyRing& keys, const std::function<bool()>& goesOn,
     const CopyPatience& patience = {});
 

@@ -10,22 +10,17 @@
 #include "tools/progress_bar.h"
 #include "tools/refused.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 namespace lorvan {
 namespace {
 
-/// A folder that is missing is made for the usual name only.
-QString usualPath(const BookFiles& book, const QDateTime& now)
+Folder openParent(const QString& path)
 {
-    if (!QDir().mkpath(backupFolder(book)))
-        throw BookCopyFailed(backupFolder(book), qt_error_string(errno));
-    removeUnfinishedBackups(book);
-    return backupPath(book, BackupKind::ByHand, now);
+    return asCopy([&] { return Folder(QFileInfo(path).path()); });
 }
 
-void write(const BookFiles& book, const QString& path, const ToolContext& context)
+void write(const BookFiles& book, const Folder& folder, const QString& name, const ToolContext& context)
 {
     constexpr qint64 megabyte = 1 << 20;
     constexpr qint64 passes = 5; // two that copy, packing, unpacking and, roughly, the proof
@@ -36,7 +31,7 @@ void write(const BookFiles& book, const QString& path, const ToolContext& contex
     KeyRing keys(bookPassword());
     try {
         ProgressBar bar(context, QStringLiteral("Αντίγραφο"));
-        makeBackup(book, path, keys, [&] {
+        makeBackup(book, folder, name, keys, [&] {
             bar.show(++done, megabytes * passes);
             return !interruption.hasCome();
         });
@@ -58,9 +53,13 @@ ExitStatus backup(Arguments& arguments, const ToolContext& context)
     if (file && QFileInfo::exists(*file))
         throw Refused(QStringLiteral("Το %1 υπάρχει ήδη. Ένα αρχείο που υπάρχει δεν αντικαθίσταται.").arg(*file));
 
-    const QString path = file ? QFileInfo(*file).absoluteFilePath() : usualPath(book, context.clock.now());
-    write(book, path, context);
-    context.out << "Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε: " << path.toStdString() << '\n';
+    const QString path = file ? QFileInfo(*file).absoluteFilePath() : QString();
+    const Folder folder = file ? openParent(path) : openBackupFolder(book);
+    const QString name =
+        file ? QFileInfo(path).fileName() : backupName(folder, BackupKind::ByHand, context.clock.now());
+    write(book, folder, name, context);
+    context.out << "Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε: "
+                << (file ? path : folder.pathOf(name)).toStdString() << '\n';
     return ExitStatus::Done;
 }
 

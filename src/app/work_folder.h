@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/file_lock.h"
+#include "platform/folder.h"
+
+#include <functional>
+#include <optional>
+
+namespace lorvan {
+
+/// A hidden folder of this object's own, for its owner alone, under a name that nobody can guess. A file in it is
+/// locked as long as the object lives, so that one whose program was killed is told from one in use. It goes with the
+/// object, with all that is in it, unless it is kept.
+class WorkFolder {
+public:
+    /// The name is `prefix` and 16 hexadecimal digits. Throws FileError, LockRefused.
+    WorkFolder(const Folder& parent, const QString& prefix);
+    ~WorkFolder();
+    WorkFolder(const WorkFolder&) = delete;
+    WorkFolder& operator=(const WorkFolder&) = delete;
+
+    [[nodiscard]] const Folder& folder() const { return *m_folder; }
+    [[nodiscard]] QString name() const;
+
+    void keep() { m_isKept = true; }
+    /// Throws FileError.
+    void remove();
+
+    /// True for what can be the name of a work folder.
+    [[nodiscard]] static bool isName(const QString& name, const QString& prefix);
+    /// Removes those of killed programs, as far as the system lets us. `mayGo` is asked for each once it is locked.
+    static void removeAbandoned(const Folder& parent, const QString& prefix,
+        const std::function<bool(const QString& name)>& mayGo = {}) noexcept;
+    /// One folder, if nobody holds the lock in it.
+    static void removeIfAbandoned(
+        const Folder& parent, const QString& name, const std::function<bool(const QString& name)>& mayGo = {}) noexcept;
+
+private:
+    const Folder& m_parent;
+    std::optional<Folder> m_folder;
+    std::optional<FileLock> m_lock;
+    bool m_isKept = false;
+};
+
+} // namespace lorvan
