@@ -1,16 +1,14 @@
 #include "app/usage_marker.h"
 
+#include "app/claim_note.h"
+#include "platform/file_error.h"
+#include "platform/file_lock.h"
 #include "platform/windows1253.h"
 
 #include <QByteArray>
-#include <QFile>
+#include <QFileInfo>
 
-#include <cerrno>
 #include <chrono>
-#include <cstring>
-#include <fcntl.h>
-#include <thread>
-#include <unistd.h>
 #include <utility>
 
 namespace lorvan {
@@ -48,72 +46,67 @@ QString nameIn(const QByteArray& field)
     return name;
 }
 
-struct Descriptor {
-    int value;
-    ~Descriptor()
-    {
-        if (value >= 0)
-            ::close(value);
+/// Runs what may fail on the disk.
+template <typename Work> auto onMarker(const Work& work)
+{
+    try {
+        return work();
+    } catch (const FileError& error) {
+        throw MarkerError(error.what());
+    } catch (const LockRefused& refusal) {
+        throw MarkerError(refusal.what());
     }
-};
+}
 
-/// The marker file, open and locked against every other process for as long as the object lives.
-class LockedFile {
+MachineIdentity holderIn(const Record& record)
+{
+    return {nameIn(record.user), nameIn(record.computer)};
+}
+
+void removeNotes(const QStringList& names)
+{
+    for (const QString& name : names)
+        removeClaimNote(name);
+}
+
+} // namespace
+
+/// The marker file, open and locked against every other process for as long as the object lives. The operations throw
+/// FileError.
+class UsageMarker::LockedFile {
 public:
+    /// Throws FileError and LockRefused.
     explicit LockedFile(const QString& path)
-        : m_path(path)
-        , m_descriptor{::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)}
+        : m_folder(QFileInfo(path).path())
+        , m_lock(m_folder, QFileInfo(path).fileName(), FileLock::Missing::Make, lockTimeout, FileAccess::LikeFolder)
+        , m_isNew(m_lock.file().size() == 0)
     {
-        if (m_descriptor.value < 0)
-            fail("open");
-        lock();
     }
-    LockedFile(const LockedFile&) = delete;
-    LockedFile& operator=(const LockedFile&) = delete;
+
+    [[nodiscard]] MarkerPlace place() { return {m_folder.path(), m_lock.file().status().st_ino}; }
 
     /// A short or empty file yields a record of no known state.
-    [[nodiscard]] Record read() const
+    [[nodiscard]] Record read()
     {
-        QByteArray bytes(recordLength, ' ');
-        if (::pread(m_descriptor.value, bytes.data(), static_cast<std::size_t>(recordLength), 0) < 0)
-            fail("read");
+        m_lock.file().seek(0);
+        const QByteArray bytes = m_lock.file().read(recordLength).leftJustified(recordLength, ' ');
         return {bytes.front(), bytes.sliced(1, nameLength), bytes.sliced(1 + nameLength)};
     }
 
     void write(const Record& record)
     {
-        const QByteArray bytes = record.state + record.user + record.computer;
-        if (::pwrite(m_descriptor.value, bytes.constData(), static_cast<std::size_t>(recordLength), 0) != recordLength
-            || ::fdatasync(m_descriptor.value) != 0)
-            fail("write");
+        m_lock.file().seek(0);
+        m_lock.file().write(record.state + record.user + record.computer);
+        m_lock.file().sync();
+        if (std::exchange(m_isNew, false))
+            m_folder.sync();
     }
 
 private:
-    [[noreturn]] void fail(const char* operation) const
-    {
-        throw MarkerError(std::string(operation) + " " + m_path.toStdString() + ": " + std::strerror(errno));
-    }
-
-    /// The lock belongs to the open file, not to the process, so two instances in one process exclude each other too.
-    void lock()
-    {
-        struct flock whole { };
-        whole.l_type = F_WRLCK;
-        whole.l_whence = SEEK_SET;
-        const auto deadline = std::chrono::steady_clock::now() + lockTimeout;
-        while (::fcntl(m_descriptor.value, F_OFD_SETLK, &whole) != 0) {
-            const bool waiting = errno == EAGAIN || errno == EACCES || errno == EINTR;
-            if (!waiting || std::chrono::steady_clock::now() > deadline)
-                fail("lock");
-            std::this_thread::sleep_for(std::chrono::milliseconds(2));
-        }
-    }
-
-    QString m_path;
-    Descriptor m_descriptor;
+    Folder m_folder;
+    FileLock m_lock;
+    bool m_isNew;
 };
-
-} // namespace
 
 UsageMarker::UsageMarker(QString path, MachineIdentity self)
     : m_path(std::move(path))
@@ -129,30 +122,67 @@ bool UsageMarker::claim()
 
 std::optional<MachineIdentity> UsageMarker::guardChange()
 {
-    LockedFile file(m_path);
-    const Record record = file.read();
-    const Record own = recordOf(inUse, m_self);
-    if (record.state == isFree && !m_retired) {
-        file.write(own);
-        m_owns = true;
-    } else if (record.state == inUse && record != own) {
-        m_owns = false; // an unlock may have handed it on
+    return onMarker([this]() -> std::optional<MachineIdentity> {
+        LockedFile file(m_path);
+        const Record record = file.read();
+        const Record own = recordOf(inUse, m_self);
+        if (record.state == inUse && record != own)
+            lose(); // an unlock may have handed it on
+        if (!m_retired && (record.state == isFree || (m_owns && !m_isConfirmed)))
+            write(file);
+        if (record.state != inUse || m_owns)
+            return std::nullopt;
+        return holderIn(record);
+    });
+}
+
+/// Whatever fails, the marker ends as free, or as ours to release.
+void UsageMarker::write(LockedFile& file)
+{
+    if (m_note.isEmpty()) {
+        removeNotes(claimNotesFor(file.place()).ofTheDead); // the marker was free after them
+        m_note = leaveClaimNote(file.place()).value_or(QString());
     }
-    if (record.state != inUse || m_owns)
-        return std::nullopt;
-    return MachineIdentity{nameIn(record.user), nameIn(record.computer)};
+    m_owns = true;
+    m_isConfirmed = false;
+    try {
+        file.write(recordOf(inUse, m_self));
+        m_isConfirmed = true;
+    } catch (const FileError&) {
+        takeBack(file);
+        throw;
+    }
+}
+
+void UsageMarker::takeBack(LockedFile& file) noexcept
+{
+    try {
+        file.write(recordOf(isFree, m_self));
+        lose();
+    } catch (const FileError&) {
+        // Stays ours: the release tries again.
+    }
+}
+
+void UsageMarker::lose() noexcept
+{
+    m_owns = false;
+    if (!m_note.isEmpty())
+        removeClaimNote(std::exchange(m_note, {}));
 }
 
 void UsageMarker::release()
 {
     if (!m_owns)
         return;
-    LockedFile file(m_path);
-    const Record record = file.read();
-    const bool handedOn = record.state == inUse && record != recordOf(inUse, m_self);
-    if (!handedOn)
-        file.write(recordOf(isFree, m_self));
-    m_owns = false;
+    onMarker([this] {
+        LockedFile file(m_path);
+        const Record record = file.read();
+        const bool handedOn = record.state == inUse && record != recordOf(inUse, m_self);
+        if (!handedOn)
+            file.write(recordOf(isFree, m_self));
+    });
+    lose();
 }
 
 void UsageMarker::retire()
@@ -163,27 +193,50 @@ void UsageMarker::retire()
 
 std::optional<MachineIdentity> UsageMarker::heldByAnother()
 {
-    const Record record = LockedFile(m_path).read();
+    const Record record = onMarker([this] { return LockedFile(m_path).read(); });
     if (record.state != inUse)
         return std::nullopt;
     if (m_owns && record != recordOf(inUse, m_self))
-        m_owns = false;
+        lose();
     if (m_owns)
         return std::nullopt;
-    return MachineIdentity{nameIn(record.user), nameIn(record.computer)};
+    return holderIn(record);
+}
+
+bool UsageMarker::heal()
+{
+    return onMarker([this] {
+        LockedFile file(m_path);
+        const ClaimNotes notes = claimNotesFor(file.place());
+        const Record record = file.read();
+        const bool isOurs = record == recordOf(inUse, m_self);
+        if (!isOurs)
+            removeNotes(notes.ofTheDead);
+        if (!isOurs || notes.ofTheDead.isEmpty() || !notes.ofTheLiving.isEmpty())
+            return false;
+        const auto own = leaveClaimNote(file.place()); // for whoever finds it half done
+        if (!own)
+            return false;
+        file.write(recordOf(isFree, m_self));
+        removeNotes(notes.ofTheDead);
+        removeClaimNote(*own);
+        return true;
+    });
 }
 
 void UsageMarker::create(const QString& path)
 {
-    LockedFile(path).write(recordOf(isFree, {}));
+    onMarker([&] { LockedFile(path).write(recordOf(isFree, {})); });
 }
 
 void UsageMarker::unlock(const QString& path)
 {
-    LockedFile file(path);
-    Record record = file.read();
-    record.state = isFree;
-    file.write(record);
+    onMarker([&] {
+        LockedFile file(path);
+        Record record = file.read();
+        record.state = isFree;
+        file.write(record);
+    });
 }
 
 QString markerCaption(const std::optional<MachineIdentity>& holder)

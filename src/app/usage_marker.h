@@ -17,9 +17,13 @@ class MarkerError : public std::runtime_error {
 /// The usage marker lorvan.dat: which one of the computers that share the data folder changes the data. One record of
 /// 51 bytes in Windows-1253: state ("1" in use, "0" free), user and computer, 25 characters each, blanks behind.
 ///
-/// Every operation opens the file (a missing one is created empty), locks it for the whole of its read-modify-write
-/// and closes it again. A record whose state is neither "0" nor "1" is never claimed and refuses nobody. All operations
-/// throw MarkerError.
+/// Every operation opens the file (a missing one is created empty; a link is refused), locks it for the whole of its
+/// read-modify-write and closes it again. A record whose state is neither "0" nor "1" is never claimed and refuses
+/// nobody. All operations throw MarkerError.
+///
+/// A claim that fails leaves the marker free, or owned by this instance until a release succeeds. Each claim leaves a
+/// note (see claim_note.h) until the release, by which a later start takes back the marker of a program that was
+/// killed.
 class UsageMarker {
 public:
     UsageMarker(QString path, MachineIdentity self);
@@ -40,6 +44,10 @@ public:
     /// Before a change of data: claims a free marker, and returns the holder who forbids the change, if there is one.
     [[nodiscard]] std::optional<MachineIdentity> guardChange();
 
+    /// Takes back a marker that is in use by this user and computer, where a note of that claim names a process that
+    /// lives no more. True when it was; without a note the marker is left to the administrator.
+    bool heal();
+
     /// Makes a free marker without names for a new book.
     static void create(const QString& path);
 
@@ -49,9 +57,17 @@ public:
     [[nodiscard]] bool owns() const { return m_owns; }
 
 private:
+    class LockedFile;
+
+    void write(LockedFile& file);
+    void takeBack(LockedFile& file) noexcept;
+    void lose() noexcept;
+
     QString m_path;
     MachineIdentity m_self;
+    QString m_note; ///< Of the claim; empty where none could be left.
     bool m_owns = false;
+    bool m_isConfirmed = false; ///< The disk has the claim.
     bool m_retired = false;
 };
 

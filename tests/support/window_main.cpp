@@ -36,6 +36,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir configuration; // or a test would write the settings of whoever runs it
     qputenv("XDG_CONFIG_HOME", configuration.path().toUtf8());
+    qputenv("XDG_STATE_HOME", configuration.path().toUtf8());
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false); // as in the program
