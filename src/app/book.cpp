@@ -35,12 +35,36 @@ private:
     bool m_kept = false;
 };
 
+Connection opened(const QString& path, KeyRing& keys, Connection::Access access)
+{
+    return Connection::open(path, keys.keyFor(path), access);
+}
+
 } // namespace
+
+Book::Book(BookFiles files, KeyRing& keys, Connection::Access access)
+    : m_source(Source{std::move(files), &keys, access})
+    , m_main(opened(m_source->files.mainDatabase(), keys, access))
+    , m_auxiliary(opened(m_source->files.auxiliaryDatabase(), keys, access))
+{
+}
 
 Book::Book(Connection main, Connection auxiliary)
     : m_main(std::move(main))
     , m_auxiliary(std::move(auxiliary))
 {
+}
+
+void Book::setAccess(Connection::Access access)
+{
+    if (!m_source || m_source->access == access)
+        return;
+    Connection main = opened(m_source->files.mainDatabase(), *m_source->keys, access);
+    Connection auxiliary = opened(m_source->files.auxiliaryDatabase(), *m_source->keys, access);
+    refuseReplaced(); // the names still mean the files that were open
+    m_main = std::move(main);
+    m_auxiliary = std::move(auxiliary);
+    m_source->access = access;
 }
 
 void Book::refuseReplaced() const

@@ -4,6 +4,7 @@
 #include "platform/connection.h"
 #include "platform/key_ring.h"
 
+#include <optional>
 #include <stdexcept>
 
 namespace lorvan {
@@ -11,8 +12,16 @@ namespace lorvan {
 /// The two open databases of a book, for the life of the program's main window.
 class Book {
 public:
-    /// Opens both databases; the main one is expected to be at the current schema version. Throws SqlError.
+    /// Throws SqlError.
+    Book(BookFiles files, KeyRing& keys, Connection::Access access);
+
+    /// Keeps the access that the connections have.
     Book(Connection main, Connection auxiliary);
+
+    /// Opens both databases anew where they have another access; between two actions, as no statement may be alive.
+    /// References to the connections stay good. Throws SqlError, of kind Replaced where a name has come to mean another
+    /// file; the book then stays open as it was.
+    void setAccess(Connection::Access access);
 
     [[nodiscard]] Connection& main() { return m_main; }
     [[nodiscard]] Connection& auxiliary() { return m_auxiliary; }
@@ -21,6 +30,13 @@ public:
     void refuseReplaced() const;
 
 private:
+    struct Source {
+        BookFiles files;
+        KeyRing* keys;
+        Connection::Access access;
+    };
+
+    std::optional<Source> m_source;
     Connection m_main;
     Connection m_auxiliary;
 };

@@ -1,6 +1,8 @@
 #include "app/book_opening.h"
 
+#include "app/book_recovery.h"
 #include "app/book_schema.h"
+#include "app/lock_trust.h"
 
 namespace lorvan {
 namespace {
@@ -11,14 +13,14 @@ void refuseWhileHeld(UsageMarker& marker)
         throw UpgradeMustWait(markerRefusal(*holder).toStdString());
 }
 
-void upgradeIfNeeded(Connection& main, UsageMarker& marker, const std::function<OpeningBalance()>& askOpeningBalance)
+void upgradeIfNeeded(Book& book, UsageMarker& marker, const std::function<OpeningBalance()>& askOpeningBalance)
 {
-    if (!needsUpgrade(main))
+    if (!needsUpgrade(book.main()))
         return;
     refuseWhileHeld(marker);
     const OpeningBalance opening = askOpeningBalance();
     refuseWhileHeld(marker); // the question may have stood for hours
-    upgradeSchema(main, opening);
+    upgradeSchema(book.main(), opening);
 }
 
 } // namespace
@@ -26,18 +28,15 @@ void upgradeIfNeeded(Connection& main, UsageMarker& marker, const std::function<
 Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker,
     const std::function<OpeningBalance()>& askOpeningBalance)
 {
-    Connection main =
-        Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()), Connection::Access::ReadWrite);
-    Connection auxiliary = Connection::open(
-        files.auxiliaryDatabase(), keys.keyFor(files.auxiliaryDatabase()), Connection::Access::ReadWrite);
-    upgradeIfNeeded(main, marker, askOpeningBalance); // only now: a book that cannot be opened is not changed
-    if (!marker.heldByAnother()) {
-        if (!main.isReadOnly())
-            ensureMainIndexes(main);
-        if (!auxiliary.isReadOnly())
-            ensureAuxiliaryIndexes(auxiliary);
-    }
-    return {std::move(main), std::move(auxiliary)};
+    recoverBook(files, keys, marker);
+    const bool mayWrite = !marker.heldByAnother() && lockReachOf(files) != LockReach::Nobody;
+    Book book(files, keys, mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
+    upgradeIfNeeded(book, marker, askOpeningBalance); // only now: a book that cannot be opened is not changed
+    if (!book.main().isReadOnly())
+        ensureMainIndexes(book.main());
+    if (!book.auxiliary().isReadOnly())
+        ensureAuxiliaryIndexes(book.auxiliary());
+    return book;
 }
 
 } // namespace lorvan

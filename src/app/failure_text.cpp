@@ -1,8 +1,10 @@
 #include "app/failure_text.h"
 
 #include "app/book_archive.h"
+#include "app/book_files.h"
 #include "app/book_restore.h"
 #include "app/copy_writing.h"
+#include "app/lock_trust.h"
 #include "app/pending_restore.h"
 #include "app/schema_upgrade.h"
 #include "app/usage_marker.h"
@@ -10,6 +12,8 @@
 #include "platform/file_error.h"
 #include "platform/settings_store.h"
 #include "platform/sql_error.h"
+
+#include <QFileInfo>
 
 #include <cerrno>
 
@@ -48,13 +52,23 @@ QString databaseTrouble(SqlError::Kind kind)
     return QStringLiteral("Η βάση δεδομένων δεν δέχτηκε την ενέργεια.");
 }
 
+QString journalTrouble(const SqlError& error)
+{
+    const QString computer = error.file().isEmpty()
+        ? QString()
+        : UsageMarker::lastComputer(BookFiles(QFileInfo(error.file()).path()).usageMarker());
+    return computer.isEmpty()
+        ? databaseTrouble(error.kind())
+        : QStringLiteral("Ο υπολογιστής %1 διακόπηκε· τον ξεκλειδώνει ο διαχειριστής.").arg(computer);
+}
+
 QString plainText(const std::exception& failure)
 {
     if (dynamic_cast<const CommitUnknown*>(&failure))
         return QStringLiteral("Ο δίσκος δεν αποκρίνεται, και δεν είναι γνωστό αν η αλλαγή γράφτηκε. Ελέγξτε το πριν τη"
                               " δώσετε ξανά.");
     if (const auto* sql = dynamic_cast<const SqlError*>(&failure))
-        return databaseTrouble(sql->kind());
+        return sql->kind() == SqlError::Kind::JournalStands ? journalTrouble(*sql) : databaseTrouble(sql->kind());
     if (const auto* file = dynamic_cast<const FileError*>(&failure); file && file->number() == ENOSPC)
         return databaseTrouble(SqlError::Kind::DiskFull);
     if (dynamic_cast<const FileError*>(&failure))
@@ -70,6 +84,8 @@ QString plainText(const std::exception& failure)
                               " ξαναξεκινήσει το πρόγραμμα, αφού διορθωθεί η αιτία.");
     if (dynamic_cast<const CurrencyOverflow*>(&failure))
         return QStringLiteral("Το ποσό είναι μεγαλύτερο από όσο μπορεί να κρατήσει το ταμείο.");
+    if (dynamic_cast<const LocksUntrusted*>(&failure))
+        return QString::fromUtf8(failure.what());
     if (dynamic_cast<const MarkerError*>(&failure))
         return QStringLiteral("Το αρχείο χρήσης lorvan.dat δεν διαβάζεται ή δεν γράφεται.");
     if (dynamic_cast<const SettingsError*>(&failure))
@@ -86,7 +102,7 @@ QString failureText(const std::exception& failure)
 {
     const auto* const sql = dynamic_cast<const SqlError*>(&failure);
     const bool saysAll = (sql && sql->kind() == SqlError::Kind::Replaced)
-        || dynamic_cast<const CurrencyOverflow*>(&failure) || dynamic_cast<const UnknownSchemaVersion*>(&failure);
+        || dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const CurrencyOverflow*>(&failure) || dynamic_cast<const UnknownSchemaVersion*>(&failure);
     return saysAll ? plainText(failure)
                    : plainText(failure) + QStringLiteral("\n\n") + QString::fromUtf8(failure.what());
 }

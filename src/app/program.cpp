@@ -1,6 +1,8 @@
 #include "app/program.h"
 
 #include "app/book_opening.h"
+#include "app/book_recovery.h"
+#include "app/guarded_window.h"
 #include "app/start_failure_window.h"
 #include "cashbook/fr_ervthsh_update.h"
 #include "cashbook/kentrikh.h"
@@ -83,6 +85,10 @@ void Program::showSignIn()
     const BookFiles files(m_settings.dataFolder);
     m_keys.prepare(files.auxiliaryDatabase());
     m_keys.prepare(files.mainDatabase());
+    guarded(nullptr, [&] {
+        UsageMarker marker(files.usageMarker(), machineIdentity());
+        recoverBook(files, m_keys, marker);
+    });
     m_login = std::make_unique<Login>(files, m_keys, m_clock);
     connect(m_login.get(), &Login::signedIn, this, &Program::openMainWindow);
     connect(m_login.get(), &Login::abandoned, this, &Program::end);

@@ -58,6 +58,14 @@ template <typename Work> auto onMarker(const Work& work)
     }
 }
 
+/// A short or empty file yields a record of no known state.
+Record recordIn(File& file)
+{
+    file.seek(0);
+    const QByteArray bytes = file.read(recordLength).leftJustified(recordLength, ' ');
+    return {bytes.front(), bytes.sliced(1, nameLength), bytes.sliced(1 + nameLength)};
+}
+
 MachineIdentity holderIn(const Record& record)
 {
     return {nameIn(record.user), nameIn(record.computer)};
@@ -85,13 +93,7 @@ public:
 
     [[nodiscard]] MarkerPlace place() { return {m_folder.path(), m_lock.file().status().st_ino}; }
 
-    /// A short or empty file yields a record of no known state.
-    [[nodiscard]] Record read()
-    {
-        m_lock.file().seek(0);
-        const QByteArray bytes = m_lock.file().read(recordLength).leftJustified(recordLength, ' ');
-        return {bytes.front(), bytes.sliced(1, nameLength), bytes.sliced(1 + nameLength)};
-    }
+    [[nodiscard]] Record read() { return recordIn(m_lock.file()); }
 
     void write(const Record& record)
     {
@@ -222,6 +224,17 @@ bool UsageMarker::heal()
         removeClaimNote(*own);
         return true;
     });
+}
+
+QString UsageMarker::lastComputer(const QString& path)
+{
+    try {
+        const QFileInfo info(path);
+        File file = Folder(info.path()).open(info.fileName(), Folder::Opening::Read);
+        return holderIn(recordIn(file)).computer;
+    } catch (const FileError&) {
+        return {};
+    }
 }
 
 void UsageMarker::create(const QString& path)

@@ -48,6 +48,9 @@ public:
     /// lives no more. True when it was; without a note the marker is left to the administrator.
     bool heal();
 
+    /// The computer that claimed last, whether it holds the marker still; empty where that cannot be read. Does not lock.
+    [[nodiscard]] static QString lastComputer(const QString& path);
+
     /// Makes a free marker without names for a new book.
     static void create(const QString& path);
 

@@ -36,7 +36,8 @@ DayView CashBook::showDay(QDate day, DayRow row)
     {
         Transaction reading(main, Transaction::Mode::Read);
         DayView view = readDay(main, day);
-        if (row == DayRow::LeaveAlone || view.movements.empty() || cashDayHolds(main, day, view.figures))
+        if (row == DayRow::LeaveAlone || view.movements.empty() || main.isReadOnly()
+            || cashDayHolds(main, day, view.figures))
             return view;
     }
     Transaction writing(main);

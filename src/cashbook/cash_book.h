@@ -26,7 +26,7 @@ public:
     CashBook(Book& book, Rights rights);
 
     /// The day as it stands. With DayRow::Write the row of a day that has movements is brought in line with them, in
-    /// one transaction and only if it differs; later days are not shifted.
+    /// one transaction and only if it differs; later days are not shifted. A read-only book stays as it is.
     [[nodiscard]] DayView showDay(QDate day, DayRow row);
 
     /// For a day that was read with DayRow::LeaveAlone and shown: as DayRow::Write, at the cost of one look-up where

@@ -173,7 +173,7 @@ void Connection::proveReadable(const QString& path)
     try {
         (void)prepare("SELECT count(*) FROM sqlite_master").step();
     } catch (const SqlError& error) {
-        throw SqlError(error.code(), error.engineMessage(), path + QStringLiteral(": ") + error.statement());
+        throw SqlError(error.code(), error.engineMessage(), path + QStringLiteral(": ") + error.statement(), path);
     }
 }
 
@@ -221,7 +221,7 @@ void Connection::attach(const QString& path, const FileKey& key, const QString& 
     try {
         prepare("ATTACH ? AS ? KEY ?").bind(path, schema, QString::fromLatin1(key.engineText())).run();
     } catch (const SqlError& error) {
-        throw SqlError(error.code(), error.engineMessage(), path + QStringLiteral(": ") + error.statement());
+        throw SqlError(error.code(), error.engineMessage(), path + QStringLiteral(": ") + error.statement(), path);
     }
     m_schemas.push_back(schema.toUtf8());
     outlivePowerCuts(schema, path);

@@ -15,11 +15,12 @@ std::string described(int code, const QString& engineMessage, const QString& sta
 
 } // namespace
 
-SqlError::SqlError(int code, const QString& engineMessage, const QString& statement)
+SqlError::SqlError(int code, const QString& engineMessage, const QString& statement, const QString& file)
     : std::runtime_error(described(code, engineMessage, statement))
     , m_code(code)
     , m_engineMessage(engineMessage)
     , m_statement(statement)
+    , m_file(file)
 {
 }
 
@@ -30,7 +31,7 @@ SqlError SqlError::fromConnection(sqlite3* connection, int code, const QString& 
     const int extended = sqlite3_extended_errcode(connection);
     const bool matches = (extended & 0xFF) == (code & 0xFF);
     return {matches ? extended : code, QString::fromUtf8(matches ? sqlite3_errmsg(connection) : sqlite3_errstr(code)),
-        statement};
+        statement, QString::fromUtf8(sqlite3_db_filename(connection, "main"))};
 }
 
 SqlError::Kind SqlError::kind() const

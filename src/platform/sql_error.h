@@ -27,7 +27,7 @@ public:
         Other
     };
 
-    SqlError(int code, const QString& engineMessage, const QString& statement);
+    SqlError(int code, const QString& engineMessage, const QString& statement, const QString& file = {});
     /// Takes code and message from the connection at the moment of failure; a null connection gives the code's own
     /// text.
     static SqlError fromConnection(sqlite3* connection, int code, const QString& statement);
@@ -36,11 +36,13 @@ public:
     [[nodiscard]] Kind kind() const;
     [[nodiscard]] const QString& engineMessage() const { return m_engineMessage; }
     [[nodiscard]] const QString& statement() const { return m_statement; }
+    [[nodiscard]] const QString& file() const { return m_file; } ///< The main database's; empty where it is not known.
 
 private:
     int m_code;
     QString m_engineMessage;
     QString m_statement;
+    QString m_file;
 };
 
 /// The engine cannot say how a commit ended, and the book could not be read afterwards.

@@ -11,23 +11,33 @@ constexpr int stepsBetweenQuestions = 20'000; // of the engine's own; some ten m
 
 int answer(void* goesOn)
 {
-    return (*static_cast<std::function<bool()>*>(goesOn))() ? 0 : 1;
+    return (*static_cast<const std::function<bool()>*>(goesOn))() ? 0 : 1;
+}
+
+void ask(Connection& connection, const std::function<bool()>* goesOn)
+{
+    if (goesOn)
+        sqlite3_progress_handler(
+            connection.handle(), stepsBetweenQuestions, answer, const_cast<std::function<bool()>*>(goesOn));
+    else
+        sqlite3_progress_handler(connection.handle(), 0, nullptr, nullptr);
 }
 
 } // namespace
 
 StopCheck::StopCheck(Connection& connection, std::function<bool()> goesOn)
     : m_connection(connection)
-    , m_goesOn(std::move(goesOn))
+    , m_outer(connection.m_waiting->goesOn)
+    , m_goesOn([outer = m_outer, own = std::move(goesOn)] { return own() && (!outer || (*outer)()); })
 {
     m_connection.m_waiting->goesOn = &m_goesOn;
-    sqlite3_progress_handler(m_connection.handle(), stepsBetweenQuestions, answer, &m_goesOn);
+    ask(m_connection, &m_goesOn);
 }
 
 StopCheck::~StopCheck()
 {
-    m_connection.m_waiting->goesOn = nullptr;
-    sqlite3_progress_handler(m_connection.handle(), 0, nullptr, nullptr);
+    m_connection.m_waiting->goesOn = m_outer;
+    ask(m_connection, m_outer);
 }
 
 } // namespace lorvan

@@ -55,10 +55,12 @@ ExitStatus check(Arguments& arguments, const ToolContext& context)
     const QString folder = arguments.takeBookFolder();
     arguments.finish();
 
-    OpenedBook book(folder);
     std::optional<ClaimedMarker> marker;
-    if (wantsRepair)
-        marker.emplace(book.files());
+    if (wantsRepair) {
+        readyBook(BookFiles(folder));
+        marker.emplace(BookFiles(folder));
+    }
+    OpenedBook book(folder, wantsRepair ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
     BookCheck found = examine(book, context);
     if (wantsRepair && found.findings.anythingRepairable()) {
         printFindings(found.findings, context.out);

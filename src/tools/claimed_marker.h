@@ -1,8 +1,7 @@
 #pragma once
 
 #include "app/usage_marker.h"
-
-#include <memory>
+#include "tools/interruption.h"
 
 namespace lorvan {
 
@@ -10,10 +9,9 @@ class BookFiles;
 
 /// The usage marker of a book, claimed for a command that writes, for as long as the object lives.
 ///
-/// However the command ends, the marker is free afterwards: with an exception, and also by a signal that asks the
-/// process to end (SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE), which then ends it as usual; a signal that is ignored
-/// stays ignored. What a transaction has not committed by then is undone by the next opening of the book. One object
-/// at a time.
+/// However the command ends, the marker is free afterwards: with an exception, and also after a signal, which does not
+/// end the process meanwhile (see Interruption). What a killed program of this user left on this computer is taken back
+/// first (UsageMarker::heal()).
 class ClaimedMarker {
 public:
     /// Throws Refused, naming user and computer, when the marker is in use: by anybody, since a program of this very
@@ -25,10 +23,13 @@ public:
     ClaimedMarker& operator=(const ClaimedMarker&) = delete;
 
 private:
-    class SignalWatch;
+    void release() noexcept;
 
+    Interruption m_interruption; // outlives the claim
     UsageMarker m_marker;
-    std::unique_ptr<SignalWatch> m_watch;
 };
+
+/// True once after a marker could not be written free again: whoever tells how the command ended says so too.
+[[nodiscard]] bool takeMarkerLeftInUse() noexcept;
 
 } // namespace lorvan

@@ -37,13 +37,14 @@ void printDone(const CsvImportOutcome& outcome, std::ostream& out)
 
 CsvImportOutcome import(OpenedBook& book, const QString& folder, ClosedDays closedDays, const ToolContext& context)
 {
-    const ClaimedMarker marker(book.files());
     if (book.connection().isReadOnly())
         throw Refused(QStringLiteral("Το βιβλίο είναι μόνο για ανάγνωση. Δεν έγινε τίποτα."));
     ensureMainIndexes(book.connection());
     ProgressBar bar(context, QStringLiteral("Εισαγωγή"));
-    return importCsv(
-        book.connection(), folder, closedDays, [&bar](qint64 done, qint64 whole) { bar.show(done, whole); });
+    return importCsv(book.connection(), folder, closedDays, [&bar](qint64 done, qint64 whole) {
+        Interruption::check();
+        bar.show(done, whole);
+    });
 }
 
 ExitStatus importCsvFiles(Arguments& arguments, const ToolContext& context)
@@ -54,7 +55,9 @@ ExitStatus importCsvFiles(Arguments& arguments, const ToolContext& context)
     const QString folder = arguments.takeWord(QStringLiteral("ο φάκελος με τα αρχεία CSV"));
     arguments.finish();
 
-    OpenedBook book(bookFolder);
+    readyBook(BookFiles(bookFolder));
+    const ClaimedMarker marker{BookFiles(bookFolder)};
+    OpenedBook book(bookFolder, Connection::Access::ReadWrite);
     const CsvImportOutcome outcome = import(book, folder, closedDays, context);
     if (outcome.badLineCount == 0) {
         printDone(outcome, context.out);

@@ -2,10 +2,17 @@
 
 #include "tools/refused.h"
 
+#include <array>
+#include <csignal>
+
 namespace lorvan {
 namespace {
 
+constexpr std::array endingSignals{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE};
+
 volatile std::sig_atomic_t signalHasCome = 0;
+int living = 0;
+std::array<struct sigaction, endingSignals.size()> before{};
 
 void note(int)
 {
@@ -16,32 +23,33 @@ void note(int)
 
 Interruption::Interruption()
 {
+    if (living++ > 0)
+        return;
     signalHasCome = 0;
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        struct sigaction before { };
-        sigaction(signal, nullptr, &before);
-        if (before.sa_handler == SIG_IGN)
-            continue;
-        struct sigaction noting { };
-        noting.sa_handler = note;
-        sigemptyset(&noting.sa_mask);
-        sigaction(signal, &noting, nullptr);
-        m_before.push_back({signal, before});
+    struct sigaction noting { };
+    noting.sa_handler = note;
+    sigemptyset(&noting.sa_mask);
+    for (std::size_t i = 0; i < endingSignals.size(); ++i) {
+        sigaction(endingSignals[i], nullptr, &before[i]);
+        if (before[i].sa_handler != SIG_IGN)
+            sigaction(endingSignals[i], &noting, nullptr);
     }
 }
 
 Interruption::~Interruption()
 {
-    for (const Before& each : m_before)
-        sigaction(each.signal, &each.action, nullptr);
+    if (--living > 0)
+        return;
+    for (std::size_t i = 0; i < endingSignals.size(); ++i)
+        sigaction(endingSignals[i], &before[i], nullptr);
 }
 
-bool Interruption::hasCome() const
+bool Interruption::hasCome()
 {
     return signalHasCome != 0;
 }
 
-void Interruption::check() const
+void Interruption::check()
 {
     if (hasCome())
         throw Refused(QStringLiteral("Η εντολή διακόπηκε. Δεν άλλαξε τίποτα."));

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <csignal>
-#include <vector>
-
 namespace lorvan {
 
-/// While it lives, SIGINT, SIGTERM and SIGHUP do not end the process: a long command asks from time to time whether one
-/// came, and ends by itself, so that what it was making is cleared away. A signal that is ignored stays ignored.
-/// One object at a time.
+/// While one lives, a signal that asks the process to end (SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE) does not end it:
+/// a command asks from time to time whether one came, and ends by itself, so that what it was making is cleared away and
+/// what is being committed is finished. A signal that is ignored stays ignored. Several may live at once; the last one
+/// to go gives the signals back.
 class Interruption {
 public:
     Interruption();
@@ -15,16 +13,9 @@ public:
     Interruption(const Interruption&) = delete;
     Interruption& operator=(const Interruption&) = delete;
 
-    [[nodiscard]] bool hasCome() const;
+    [[nodiscard]] static bool hasCome();
     /// Throws Refused when a signal has come.
-    void check() const;
-
-private:
-    struct Before {
-        int signal;
-        struct sigaction action;
-    };
-    std::vector<Before> m_before;
+    static void check();
 };
 
 } // namespace lorvan

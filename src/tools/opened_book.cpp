@@ -1,7 +1,9 @@
 #include "tools/opened_book.h"
 
+#include "app/book_recovery.h"
 #include "app/pending_restore.h"
 #include "app/schema_upgrade.h"
+#include "app/usage_marker.h"
 #include "tools/refused.h"
 
 namespace lorvan {
@@ -19,21 +21,30 @@ void refuseIncompleteBook(const BookFiles& files)
                           .arg(files.dataFolder()));
 }
 
-OpenedBook::OpenedBook(const QString& folder)
+void readyBook(const BookFiles& files)
+{
+    finishRestore(files);
+    refuseIncompleteBook(files);
+    KeyRing keys(bookPassword());
+    UsageMarker marker(files.usageMarker(), machineIdentity());
+    recoverBook(files, keys, marker);
+}
+
+OpenedBook::OpenedBook(const QString& folder, Connection::Access access)
     : m_files(folder)
     , m_keys(bookPassword())
-    , m_connection(open())
+    , m_connection(open(access))
+    , m_stop(m_connection, [] { return !Interruption::hasCome(); })
 {
 }
 
-Connection OpenedBook::open()
+Connection OpenedBook::open(Connection::Access access)
 {
-    finishRestore(m_files);
-    refuseIncompleteBook(m_files);
+    readyBook(m_files);
     m_keys.prepare(m_files.auxiliaryDatabase());
     const FileKey mainKey = m_keys.keyFor(m_files.mainDatabase());
     const FileKey auxiliaryKey = m_keys.keyFor(m_files.auxiliaryDatabase());
-    Connection connection = Connection::open(m_files.mainDatabase(), mainKey, Connection::Access::ReadWrite);
+    Connection connection = Connection::open(m_files.mainDatabase(), mainKey, access);
     if (needsUpgrade(connection))
         throw Refused(QStringLiteral("Το βιβλίο στον φάκελο %1 είναι παλαιότερης έκδοσης. Ανοίξτε το μία φορά με το"
                                      " πρόγραμμα, για να αναβαθμιστεί.")

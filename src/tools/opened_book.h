@@ -3,35 +3,45 @@
 #include "app/book_files.h"
 #include "platform/connection.h"
 #include "platform/key_ring.h"
+#include "platform/stop_check.h"
+#include "tools/interruption.h"
 
 namespace lorvan {
 
 /// Throws Refused for a folder without a complete book and for a book in the older format.
 void refuseIncompleteBook(const BookFiles& files);
 
+/// Finishes a restore that was cut short, refuses as above, and takes back what a killed program left in the book (see
+/// recoverBook()). Throws RestoreUnfinished and MarkerError too.
+void readyBook(const BookFiles& files);
+
 /// An existing book, opened for a command: one connection with the main database and, attached to it as `auxiliary`,
 /// the other one; no table name occurs in both. Neither is upgraded or otherwise changed by that. Where the files may
 /// only be read, so may the connection (Connection::isReadOnly()).
 ///
 /// A command that only reads does so in one Transaction::Mode::Read, over both files: what it reads belongs together,
-/// whoever writes meanwhile. A writer's commit waits for its end, for five seconds at most.
+/// whoever writes meanwhile. A writer's commit waits for its end, for five seconds at most. A command that writes claims
+/// the marker after readyBook() and opens then. A signal stops what the connection computes or waits for, and does not
+/// end the process (see Interruption).
 class OpenedBook {
 public:
     /// Throws Refused for a folder without a complete book, for a book in the older format and for one of an older
     /// schema version; UnknownSchemaVersion; RestoreUnfinished; SqlError as Connection::open(), also on a read-only
     /// folder where a program that was killed left a journal.
-    explicit OpenedBook(const QString& folder);
+    explicit OpenedBook(const QString& folder, Connection::Access access = Connection::Access::ReadOnly);
 
     [[nodiscard]] const BookFiles& files() const { return m_files; }
     [[nodiscard]] KeyRing& keys() { return m_keys; } ///< Holds the keys of both files.
     [[nodiscard]] Connection& connection() { return m_connection; }
 
 private:
-    Connection open();
+    Connection open(Connection::Access access);
 
+    Interruption m_interruption;
     BookFiles m_files;
     KeyRing m_keys;
     Connection m_connection;
+    StopCheck m_stop;
 };
 
 } // namespace lorvan

@@ -2,6 +2,7 @@
 
 #include "app/book.h"
 #include "app/failure_text.h"
+#include "tools/claimed_marker.h"
 #include "tools/refused.h"
 
 #include <algorithm>
@@ -68,6 +69,15 @@ ExitStatus runCommand(const Command& command, const QStringList& words, const To
     return ExitStatus::Failed;
 }
 
+ExitStatus endingOf(ExitStatus status, const ToolContext& context)
+{
+    if (takeMarkerLeftInUse())
+        complain(context,
+            QStringLiteral("Το αρχείο χρήσης lorvan.dat δεν γράφτηκε και το βιβλίο έμεινε κλειδωμένο. Το ξεκλειδώνει ο"
+                           " διαχειριστής από το πρόγραμμα."));
+    return status;
+}
+
 } // namespace
 
 ExitStatus runTool(const QStringList& commandLine, const ToolContext& context)
@@ -76,7 +86,7 @@ ExitStatus runTool(const QStringList& commandLine, const ToolContext& context)
     const auto found =
         std::find_if(commands().begin(), commands().end(), [&](const Command& each) { return each.name == name; });
     if (found != commands().end() && !asksForHelp(commandLine))
-        return runCommand(*found, commandLine.mid(1), context);
+        return endingOf(runCommand(*found, commandLine.mid(1), context), context);
     if (found != commands().end()) {
         printHelp(*found, context.out);
         return ExitStatus::Done;

@@ -1,6 +1,8 @@
 #include "users/administration_row.h"
 
+#include "app/book_recovery.h"
 #include "app/guarded_window.h"
+#include "app/lock_trust.h"
 #include "app/usage_marker.h"
 #include "controls/command_button.h"
 #include "controls/path_label.h"
@@ -65,6 +67,8 @@ void AdministrationRow::unlock()
 {
     guarded(window(), [this] {
         UsageMarker::unlock(m_files.usageMarker());
+        UsageMarker marker(m_files.usageMarker(), machineIdentity());
+        recoverBook(m_files, m_keys, marker);
         showMessage(
             window(), QMessageBox::Warning, QStringLiteral("Ξεκλείδωμα βάσης"), QStringLiteral("Η βάση ξεκλείδωσε "));
     });
@@ -76,8 +80,7 @@ void AdministrationRow::closeDays()
             QStringLiteral("Να κλείσουν όλα τα ανοικτά ταμεία μέχρι σήμερα;"), DefaultAnswer::Yes))
         return;
     guarded(window(), [this] {
-        const QString path = m_files.auxiliaryDatabase();
-        Connection auxiliary = Connection::open(path, m_keys.keyFor(path), Connection::Access::ReadWrite);
+        Connection auxiliary = openUnguarded(m_files.auxiliaryDatabase(), m_keys);
         closeOpenDays(auxiliary, [this] {
             QCoreApplication::processEvents();
             return window()->isVisible();
@@ -93,6 +96,7 @@ void AdministrationRow::deleteData()
     const bool hadFocus = window()->focusWidget() == m_delete;
     m_delete->setEnabled(false);
     guarded(window(), [this] {
+        admitUnguarded(m_files);
         m_copyPath->setPath(deleteAllData(m_files, m_keys, m_clock.now()).mainDatabase);
         m_copyCaption->show();
     });

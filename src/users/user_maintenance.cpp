@@ -1,6 +1,7 @@
 #include "users/user_maintenance.h"
 
 #include "app/guarded_window.h"
+#include "app/lock_trust.h"
 #include "cashbook/entry_rules.h"
 #include "controls/check_field.h"
 #include "controls/command_button.h"
@@ -119,7 +120,7 @@ void UserMaintenance::fillList()
     m_users.clear();
     guarded(window(), [this] {
         const QString path = m_files.auxiliaryDatabase();
-        Connection auxiliary = Connection::open(path, m_keys.keyFor(path), Connection::Access::ReadWrite);
+        Connection auxiliary = Connection::open(path, m_keys.keyFor(path));
         m_users = listUsers(auxiliary);
     });
     std::vector<ListRow> rows;
@@ -168,8 +169,7 @@ bool UserMaintenance::refusedAsIncomplete()
 bool UserMaintenance::write(const std::function<void(Connection&)>& change)
 {
     const bool written = guarded(window(), [this, &change] {
-        const QString path = m_files.auxiliaryDatabase();
-        Connection auxiliary = Connection::open(path, m_keys.keyFor(path), Connection::Access::ReadWrite);
+        Connection auxiliary = openUnguarded(m_files.auxiliaryDatabase(), m_keys);
         change(auxiliary);
     });
     if (written)
