@@ -1,0 +1,230 @@
+#include "app/path_file.h"
+#include "app/usage_marker.h"
+#include "cashbook/cash_book.h"
+#include "cashbook/cash_closing.h"
+#include "codes/code_maintenance.h"
+#include "codes/group_maintenance.h"
+#include "durability/stored_state.h"
+#include "platform/settings_store.h"
+#include "support/temporary_book.h"
+#include "support/watched_disk.h"
+#include "tools/tool_run.h"
+#include "users/administration.h"
+#include "users/user_accounts.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <iostream>
+#include <random>
+
+// Power is cut between any two things that are done to the disk. What was told as done is there afterwards, whatever
+// the disk kept of the rest; what was under way is there wholly or not at all.
+//
+// LORVAN_POWER_CUTS=10000 makes so many cuts instead of 500.
+
+namespace lorvan::test {
+namespace {
+
+const QDate today(2024, 3, 15);
+
+int cutsOfAll()
+{
+    const int wanted = qEnvironmentVariableIntValue("LORVAN_POWER_CUTS");
+    return wanted > 0 ? wanted : 500;
+}
+
+/// What the disk shows of a change, read below a folder.
+using State = std::function<std::string(const QString& folder)>;
+using Step = std::function<void()>;
+
+class PowerCutTest : public testing::Test {
+protected:
+    PowerCutTest() { makeSmallBook(book); }
+
+    [[nodiscard]] QString in(const QString& name) const { return root + u'/' + name; }
+    static Connection openToWrite(const QString& path)
+    {
+        return Connection::open(path, testKeys().keyForCopy(path), Connection::Access::ReadWrite);
+    }
+
+    /// Takes the steps, and cuts them so often: a share of all cuts in hundredths.
+    void cutDuring(const std::vector<Step>& steps, const State& state, int share)
+    {
+        DiskLog log(root);
+        std::vector<Confirmed> confirmed{{0, state(root)}};
+        for (const Step& step : steps) {
+            {
+                const WatchedDisk watched(&log);
+                step();
+            }
+            confirmed.push_back({log.length(), state(root)});
+            ASSERT_TRUE(isWhole(confirmed.back().state)) << confirmed.back().state;
+            ASSERT_TRUE(confirmed.back().state != confirmed[confirmed.size() - 2].state) << "a step changes nothing";
+        }
+        cut(log, confirmed, state, std::max(1, cutsOfAll() * share / 100));
+    }
+
+    const QTemporaryDir temporary;
+    const QString root = temporary.filePath(QStringLiteral("disk"));
+    const QString book = root + QStringLiteral("/book");
+
+private:
+    struct Confirmed {
+        std::size_t at; ///< In the log.
+        std::string state;
+    };
+
+    static void cut(const DiskLog& log, const std::vector<Confirmed>& confirmed, const State& state, int count)
+    {
+        int lost = 0;
+        for (int i = 0; i < count; ++i) {
+            const DiskLog::Cut cut = cutNumber(i, log, confirmed);
+            const std::string failure = failureAfter(cut, log, confirmed, state);
+            if (!failure.empty() && ++lost <= 3)
+                ADD_FAILURE() << "cut " << i << " at " << cut.at << " of " << log.length() << ", " << cut.kept
+                              << " kept: " << failure;
+        }
+        std::cout << "power cuts: " << count << ", failed: " << lost << '\n';
+        EXPECT_EQ(lost, 0);
+    }
+
+    /// Every fourth comes right after something was confirmed.
+    static DiskLog::Cut cutNumber(int number, const DiskLog& log, const std::vector<Confirmed>& confirmed)
+    {
+        std::minstd_rand random(static_cast<unsigned>(number) * 7919 + 1);
+        DiskLog::Cut cut{random() % (log.length() + 1), static_cast<unsigned>(random()), 0};
+        if (number % 4 == 0)
+            cut.at = confirmed[random() % confirmed.size()].at;
+        constexpr std::array shares{0.0, 0.5, 0.9, 1.0, 0.2};
+        cut.kept = shares[random() % shares.size()];
+        return cut;
+    }
+
+    static std::string failureAfter(
+        const DiskLog::Cut& cut, const DiskLog& log, const std::vector<Confirmed>& confirmed, const State& state)
+    {
+        const QTemporaryDir disk;
+        log.materialise(cut, disk.path());
+        const std::string found = state(disk.path());
+        const auto next =
+            std::find_if(confirmed.begin(), confirmed.end(), [&](const Confirmed& step) { return step.at > cut.at; });
+        const auto done = next - 1;
+        if (found == done->state || (next != confirmed.end() && cut.at > done->at && found == next->state))
+            return {};
+        if (!isWhole(found))
+            return found;
+        const bool isKnown =
+            std::any_of(confirmed.begin(), confirmed.end(), [&](const Confirmed& step) { return step.state == found; });
+        return "step " + std::to_string(done - confirmed.begin()) + " was confirmed, found "
+            + (isKnown ? "another step's state" : "something else");
+    }
+};
+
+std::string bookBelow(const QString& folder)
+{
+    return storedBook(folder + QStringLiteral("/book"));
+}
+
+/// What the one file holds that has such a name.
+State fileBelow(const QString& name)
+{
+    return [name](const QString& folder) { return storedFile(folder + u'/' + name); };
+}
+
+} // namespace
+
+TEST_F(PowerCutTest, changesOfTheBook)
+{
+    const BookFiles files(book);
+    Connection main = openToWrite(files.mainDatabase());
+    Connection auxiliary = openToWrite(files.auxiliaryDatabase());
+    Book open(openToWrite(files.mainDatabase()), openToWrite(files.auxiliaryDatabase()));
+    CashBook cashBook(open, {});
+    const QString longText(3000, u'ω');
+    const qint64 code = listCodes(main, CodeSelection::All).front().row;
+    cutDuring({
+                  [&] { (void)cashBook.insert(incomeOf(today, cents(5))); },
+                  [&] { (void)cashBook.insert(expenseOf(today.addDays(-2), cents(7), longText)); },
+                  [&] { (void)cashBook.modify(3, incomeOf(today, cents(4), longText)); },
+                  [&] { closeDay(auxiliary, today.addDays(-2)); },
+                  [&] { (void)cashBook.remove(5); },
+                  [&] { addUser(auxiliary, QStringLiteral("Νίκος"), QStringLiteral("άλλος"), {}); },
+                  [&] {
+                      (void)modifyCode(main, code, {QStringLiteral("101"), QStringLiteral("Νέα"), {}}, 1);
+                  },
+                  [&] { (void)renameGroup(main, 1, QStringLiteral("Έσοδα")); },
+                  [&] { (void)cashBook.insert(expenseOf(today.addDays(1), cents(5))); },
+              },
+        bookBelow, 40);
+}
+
+TEST_F(PowerCutTest, deletionInBothFiles)
+{
+    cutDuring({[&] {
+        KeyRing keys(bookPassword());
+        (void)deleteAllData(BookFiles(book), keys, fixedClock().now());
+    }},
+        bookBelow, 14);
+}
+
+TEST_F(PowerCutTest, newBook)
+{
+    const QString user = QStringLiteral("|--user|Άννα");
+    QDir(book).removeRecursively();
+    cutDuring(
+        {[&] { EXPECT_EQ(runTool(today, QStringLiteral("create|") + book + user, user).status, ExitStatus::Done); }},
+        bookBelow, 10);
+}
+
+TEST_F(PowerCutTest, backupAndRestore)
+{
+    const QString backup = in(QStringLiteral("kept.tar"));
+    const auto state = [](const QString& folder) {
+        return bookBelow(folder) + storedFile(folder + QStringLiteral("/kept.tar"));
+    };
+    const auto done = [&](const QString& command) {
+        return [=] {
+            const ToolRun run = runTool(today, command);
+            EXPECT_EQ(run.status, ExitStatus::Done) << run.errors;
+        };
+    };
+    cutDuring({done(QStringLiteral("backup|%1|%2").arg(book, backup)),
+                  [&] {
+                      Book open(openToWrite(BookFiles(book).mainDatabase()),
+                          openToWrite(BookFiles(book).auxiliaryDatabase()));
+                      (void)CashBook(open, {}).insert(incomeOf(today, cents(1)));
+                  },
+                  done(QStringLiteral("restore|%1|%2|--replace").arg(backup, book))},
+        state, 16);
+}
+
+TEST_F(PowerCutTest, pathFile)
+{
+    const PathFile file(book);
+    cutDuring(
+        {[&] { EXPECT_TRUE(file.writeFolder(QStringLiteral("/one"))); },
+            [&] { EXPECT_TRUE(file.writeFolder(QStringLiteral("/another"))); }},
+        [](const QString& folder) { return storedFile(PathFile(folder + QStringLiteral("/book")).path()); }, 6);
+}
+
+TEST_F(PowerCutTest, settings)
+{
+    const SettingsStore store(in(QStringLiteral("Lorvan/Lorvan.ini")));
+    const auto step = [&](const QString& value) {
+        return [&store, value] { store.write({{QStringLiteral("Χρώματα"), QStringLiteral("θέμα"), value}}); };
+    };
+    cutDuring(
+        {step(QStringLiteral("1")), step(QStringLiteral("2"))}, fileBelow(QStringLiteral("Lorvan/Lorvan.ini")), 6);
+}
+
+TEST_F(PowerCutTest, usageMarker)
+{
+    UsageMarker marker(BookFiles(book).usageMarker(), {QStringLiteral("Άννα"), QStringLiteral("ταμείο")});
+    cutDuring({[&] { EXPECT_TRUE(marker.claim()); }, [&] { marker.release(); }, [&] { EXPECT_TRUE(marker.claim()); }},
+        fileBelow(QStringLiteral("book/lorvan.dat")), 8);
+}
+
+} // namespace lorvan::test

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+#include <string>
+
+namespace lorvan::test {
+
+/// All rows of a book's tables and its codes, opened as the program does it after a crash; what a check of it finds, or
+/// why it does not open, is a part of it. "no book" where there is none of its files.
+[[nodiscard]] std::string storedBook(const QString& folder);
+
+/// Whether what storedBook() says is a book in order, or none at all.
+[[nodiscard]] bool isWhole(const std::string& stored);
+
+/// A file's bytes; "none" where there is no such file.
+[[nodiscard]] std::string storedFile(const QString& path);
+
+/// Makes the target's content, hidden entries included, that of the source.
+void copyFolder(const QString& source, const QString& target);
+
+/// A free marker and a book of three days, ten movements, a closed day and a user.
+void makeSmallBook(const QString& folder);
+
+} // namespace lorvan::test
