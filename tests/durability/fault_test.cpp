@@ -1,1 +1,282 @@
+#include "cashbook/cash_book.h"
+#include "cashbook/cash_closing.h"
+#include "codes/code_maintenance.h"
+#include "codes/group_maintenance.h"
+#include "durability/stored_state.h"
+#include "platform/sql_error.h"
+#include "support/temporary_book.h"
+#include "support/watched_disk.h"
+#include "tools/tool_run.h"
+#include "users/administration.h"
+
+#include <QDir>
+#include <QFile>
+
 #include <gtest/gtest.h>
+
+#include <array>
+#include <cerrno>
+#include <functional>
+#include <iostream>
+
+// Every call to the disk may fail, once or from there on. Afterwards the book is the old or the new one, as the program
+// said.
+//
+// Beyond the first 60 calls only every seventh fails, and the last 20; LORVAN_ALL_FAULTS=1 has every one fail.
+
+namespace lorvan::test {
+namespace {
+
+const QDate today(2024, 3, 15);
+
+enum class Outcome { Done, NotDone, Unknown };
+
+struct Result {
+    Outcome outcome;
+    std::string said = {};
+};
+
+std::vector<int> failingCalls(int calls, int stride)
+{
+    const bool isEveryOne = qEnvironmentVariableIsSet("LORVAN_ALL_FAULTS");
+    std::vector<int> chosen;
+    for (int call = 1; call <= calls; ++call) {
+        if (isEveryOne || call <= 60 || call % stride == 0 || call > calls - 20)
+            chosen.push_back(call);
+    }
+    return chosen;
+}
+
+bool isGreek(const std::string& text)
+{
+    return text.find('\xCE') != std::string::npos || text.find('\xCF') != std::string::npos;
+}
+
+class FaultTest : public testing::Test {
+protected:
+    FaultTest() { makeSmallBook(original); }
+
+    using Run = std::function<Result(DiskFault& fault)>;
+    using State = std::function<std::string()>;
+
+    [[nodiscard]] QString in(const QString& name) const { return temporary.filePath(name); }
+
+    /// Has every call fail in turn while `run` works on a copy of the original book.
+    void failEach(const Run& run, const State& state, int stride = 7)
+    {
+        const auto fresh = [&] { copyFolder(original, book); };
+        fresh();
+        const std::string before = state();
+        DiskFault none;
+        fresh();
+        const Result undisturbed = run(none);
+        ASSERT_EQ(undisturbed.outcome, Outcome::Done) << undisturbed.said;
+        const std::string after = state();
+        ASSERT_TRUE(before != after);
+        int tried = 0;
+        int wrong = 0;
+        for (const int call : failingCalls(none.calls, stride)) {
+            for (const auto& [error, isLasting] : kinds) {
+                DiskFault fault{call, error, isLasting};
+                fresh();
+                const Result result = run(fault);
+                const std::string trouble = troubleIn(result, fault, before, after, state);
+                ++tried;
+                if (!trouble.empty() && ++wrong <= 5)
+                    ADD_FAILURE() << "call " << call << " of " << none.calls << " fails with " << error
+                                  << (isLasting ? " from there on: " : ": ") << trouble << '\n'
+                                  << result.said;
+            }
+        }
+        std::cout << "faults: " << tried << ", wrong: " << wrong << '\n';
+        EXPECT_EQ(wrong, 0);
+    }
+
+    struct Opened {
+        explicit Opened(const QString& folder)
+            : main(open(BookFiles(folder).mainDatabase()))
+            , auxiliary(open(BookFiles(folder).auxiliaryDatabase()))
+            , book(open(BookFiles(folder).mainDatabase()), open(BookFiles(folder).auxiliaryDatabase()))
+        {
+        }
+        static Connection open(const QString& path)
+        {
+            return Connection::open(path, testKeys().keyForCopy(path), Connection::Access::ReadWrite);
+        }
+        Connection main;
+        Connection auxiliary;
+        Book book;
+    };
+
+    /// A change of the open book, which is closed while the fault lasts.
+    void failEachCall(const std::function<void(Opened&)>& change)
+    {
+        const auto run = [&](DiskFault& fault) -> Result {
+            auto opened = std::make_unique<Opened>(book);
+            const WatchedDisk watched(nullptr, &fault);
+            const Result result = resultOf([&] { change(*opened); });
+            opened.reset();
+            return result;
+        };
+        failEach(run, [&] { return storedBook(book); });
+    }
+
+    /// A command line, which names the book's folder as %1.
+    void failEachCall(const QString& command, const State& state, int stride = 7)
+    {
+        const auto run = [&](DiskFault& fault) -> Result {
+            const WatchedDisk watched(nullptr, &fault);
+            const ToolRun done = runTool(today, command.arg(book), QStringLiteral("κωδικός"));
+            return {done.status == ExitStatus::Failed ? Outcome::NotDone : Outcome::Done, done.errors};
+        };
+        failEach(run, state, stride);
+    }
+
+    template <typename Change> static Result resultOf(Change change)
+    {
+        try {
+            change();
+            return {Outcome::Done};
+        } catch (const CommitUnknown& failure) {
+            return {Outcome::Unknown, failure.what()};
+        } catch (const std::exception& failure) {
+            return {Outcome::NotDone, failure.what()};
+        }
+    }
+
+    bool needsGreek = false; ///< A command tells what went wrong.
+    const QTemporaryDir temporary;
+    const QString original = temporary.filePath(QStringLiteral("original"));
+    const QString book = temporary.filePath(QStringLiteral("book"));
+
+private:
+    static constexpr std::array<std::pair<int, bool>, 4> kinds{
+        {{ENOSPC, false}, {EIO, false}, {ENOSPC, true}, {EIO, true}}};
+
+    std::string troubleIn(const Result& result, const DiskFault& fault, const std::string& before,
+        const std::string& after, const State& state) const
+    {
+        const std::string marker = storedFile(BookFiles(book).usageMarker());
+        const std::string found = state();
+        if (found != before && found != after)
+            return "neither the old nor the new book: " + found.substr(0, 200);
+        if (result.outcome == Outcome::Done && found != after)
+            return "told as done, and is not";
+        if (result.outcome == Outcome::NotDone && found != before)
+            return "told as not done, and is";
+        if (!fault.isLasting && marker != "none" && !marker.starts_with('0'))
+            return "the marker stays in use";
+        if (needsGreek && result.outcome == Outcome::NotDone && !isGreek(result.said))
+            return "no message in Greek";
+        return {};
+    }
+};
+
+class CommandFaultTest : public FaultTest {
+protected:
+    CommandFaultTest() { needsGreek = true; }
+
+    void change(const char* sql) const { Opened(original).main.execute(sql); }
+    [[nodiscard]] State theBook() const
+    {
+        return [this] { return storedBook(book); };
+    }
+};
+
+} // namespace
+
+TEST_F(FaultTest, insert)
+{
+    failEachCall([](Opened& open) { (void)CashBook(open.book, {}).insert(incomeOf(today, cents(5))); });
+}
+
+TEST_F(FaultTest, modify)
+{
+    const QString longText(3000, u'ω');
+    failEachCall([&](Opened& open) { (void)CashBook(open.book, {}).modify(3, incomeOf(today, cents(5), longText)); });
+}
+
+TEST_F(FaultTest, remove)
+{
+    failEachCall([](Opened& open) { (void)CashBook(open.book, {}).remove(3); });
+}
+
+TEST_F(FaultTest, closing)
+{
+    failEachCall([](Opened& open) { closeDay(open.auxiliary, today); });
+}
+
+TEST_F(FaultTest, changeOfACode)
+{
+    failEachCall([](Opened& open) {
+        const qint64 row = listCodes(open.main, CodeSelection::All).front().row;
+        (void)modifyCode(open.main, row, {QStringLiteral("101"), QStringLiteral("Νέα"), {}}, 0);
+    });
+}
+
+TEST_F(FaultTest, renamingAGroup)
+{
+    failEachCall([](Opened& open) { (void)renameGroup(open.main, 1, QStringLiteral("Έσοδα")); });
+}
+
+TEST_F(FaultTest, deletionOfAllData)
+{
+    const auto run = [&](DiskFault& fault) {
+        KeyRing keys(bookPassword());
+        const WatchedDisk watched(nullptr, &fault);
+        return resultOf([&] { (void)deleteAllData(BookFiles(book), keys, fixedClock().now()); });
+    };
+    failEach(run, [&] { return storedBook(book); });
+}
+
+TEST_F(CommandFaultTest, create)
+{
+    QDir(original).removeRecursively();
+    failEachCall(QStringLiteral("create|%1|--user|Άννα"), theBook());
+}
+
+TEST_F(CommandFaultTest, demo)
+{
+    QDir(original).removeRecursively();
+    failEachCall(QStringLiteral("demo|%1"), theBook(), 997);
+}
+
+TEST_F(CommandFaultTest, importCsv)
+{
+    QDir().mkdir(in(QStringLiteral("csv")));
+    QFile file(in(QStringLiteral("csv/kinhseis.csv")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("kvdikos,hmeromhnia,perigrafh,esoda,ejoda,L_tajeos,epitagh\n100,14/3/2024,a,\"5,00\",0,0,0\n");
+    file.close();
+    failEachCall(QStringLiteral("import-csv|%1|") + in(QStringLiteral("csv")), theBook());
+}
+
+TEST_F(CommandFaultTest, repair)
+{
+    change("UPDATE tameio SET esoda=esoda+100 WHERE hmeromhnia=20240314");
+    failEachCall(QStringLiteral("check|%1|--repair"), theBook());
+}
+
+TEST_F(CommandFaultTest, backup)
+{
+    const QString backup = QStringLiteral("/kept.tar");
+    const auto state = [&] {
+        const QString restored = in(QStringLiteral("restored"));
+        QDir(restored).removeRecursively();
+        if (!QFile::exists(book + backup))
+            return storedBook(book);
+        const ToolRun run = runTool(today, QStringLiteral("restore|%1|%2").arg(book + backup, restored));
+        return run.errors + (storedBook(restored) == storedBook(book) ? "same" : "another") + " in the backup";
+    };
+    failEachCall(QStringLiteral("backup|%1|") + book + backup, state);
+}
+
+TEST_F(CommandFaultTest, restore)
+{
+    const QString backup = in(QStringLiteral("kept.tar"));
+    ASSERT_EQ(runTool(today, QStringLiteral("backup|%1|%2").arg(original, backup)).status, ExitStatus::Done);
+    change("UPDATE kinhseis SET perigrafh='another'");
+    failEachCall(QStringLiteral("restore|") + backup + QStringLiteral("|%1|--replace"), theBook());
+}
+
+} // namespace lorvan::test

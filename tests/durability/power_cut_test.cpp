@@ -64,6 +64,7 @@ protected:
             ASSERT_TRUE(isWhole(confirmed.back().state)) << confirmed.back().state;
             ASSERT_TRUE(confirmed.back().state != confirmed[confirmed.size() - 2].state) << "a step changes nothing";
         }
+        ASSERT_TRUE(QDir().rename(root, temporary.filePath(QStringLiteral("before"))));
         cut(log, confirmed, state, std::max(1, cutsOfAll() * share / 100));
     }
 
@@ -77,7 +78,8 @@ private:
         std::string state;
     };
 
-    static void cut(const DiskLog& log, const std::vector<Confirmed>& confirmed, const State& state, int count)
+    /// In the same place: a journal of two files names the third that they share by its whole path.
+    void cut(const DiskLog& log, const std::vector<Confirmed>& confirmed, const State& state, int count) const
     {
         int lost = 0;
         for (int i = 0; i < count; ++i) {
@@ -103,12 +105,13 @@ private:
         return cut;
     }
 
-    static std::string failureAfter(
-        const DiskLog::Cut& cut, const DiskLog& log, const std::vector<Confirmed>& confirmed, const State& state)
+    std::string failureAfter(
+        const DiskLog::Cut& cut, const DiskLog& log, const std::vector<Confirmed>& confirmed, const State& state) const
     {
-        const QTemporaryDir disk;
-        log.materialise(cut, disk.path());
-        const std::string found = state(disk.path());
+        QDir(root).removeRecursively();
+        QDir().mkdir(root);
+        log.materialise(cut, root);
+        const std::string found = state(root);
         const auto next =
             std::find_if(confirmed.begin(), confirmed.end(), [&](const Confirmed& step) { return step.at > cut.at; });
         const auto done = next - 1;
