@@ -246,7 +246,7 @@ TEST_F(CommandFaultTest, importCsv)
     QDir().mkdir(in(QStringLiteral("csv")));
     QFile file(in(QStringLiteral("csv/kinhseis.csv")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("kvdikos,hmeromhnia,perigrafh,esoda,ejoda,L_tajeos,epitagh\n100,14/3/2024,a,\"5,00\",0,0,0\n");
+    file.write("kvdikos,hmeromhnia,perigrafh,esoda,ejoda\n100,2024-03-14,a,5.00,\n");
     file.close();
     failEachCall(QStringLiteral("import-csv|%1|") + in(QStringLiteral("csv")), theBook());
 }

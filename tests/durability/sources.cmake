@@ -10,3 +10,4 @@ list(APPEND LORVAN_DURABILITY_TESTS
     support/watched_disk.h
     tools/tool_run.cpp
     tools/tool_run.h)
+list(APPEND LORVAN_CORE_TESTS durability/real_disk_test.cpp)
