@@ -127,9 +127,17 @@ protected:
         const auto run = [&](DiskFault& fault) -> Result {
             const WatchedDisk watched(nullptr, &fault);
             const ToolRun done = runTool(today, command.arg(book), QStringLiteral("κωδικός"));
-            return {done.status == ExitStatus::Failed ? Outcome::NotDone : Outcome::Done, done.errors};
+            return {outcomeOf(done.status), done.errors};
         };
         failEach(run, state, stride);
+    }
+
+    /// What is found amiss may be what cannot be read: nothing is repaired then.
+    static Outcome outcomeOf(ExitStatus status)
+    {
+        if (status == ExitStatus::Found)
+            return Outcome::Unknown;
+        return status == ExitStatus::Done ? Outcome::Done : Outcome::NotDone;
     }
 
     template <typename Change> static Result resultOf(Change change)
