@@ -127,7 +127,8 @@ protected:
         const auto run = [&](DiskFault& fault) -> Result {
             const WatchedDisk watched(nullptr, &fault);
             const ToolRun done = runTool(today, command.arg(book), QStringLiteral("κωδικός"));
-            return {outcomeOf(done.status), done.errors};
+            const bool isUnknown = done.errors.find("δεν είναι γνωστό") != std::string::npos;
+            return {isUnknown ? Outcome::Unknown : outcomeOf(done.status), done.errors};
         };
         failEach(run, state, stride);
     }
