@@ -10,6 +10,7 @@
 #include <new>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace lorvan::test {
 namespace {
@@ -54,6 +55,15 @@ bool exists(int folder, const char* name)
 QByteArray bytesOf(const void* bytes, std::size_t size)
 {
     return {static_cast<const char*>(bytes), static_cast<qsizetype>(size)};
+}
+
+const char* beingOpened = nullptr; ///< A name that the engine is about to make.
+
+void noteOpened()
+{
+    struct stat found { };
+    if (const char* const name = std::exchange(beingOpened, nullptr); currentLog && name && ::lstat(name, &found) == 0)
+        currentLog->made(Place(AT_FDCWD, name).inode, Place(AT_FDCWD, name).name, {found.st_dev, found.st_ino});
 }
 
 class WatchedCalls : public FileCalls {
@@ -108,6 +118,7 @@ public:
     {
         if (strikes())
             return -1;
+        noteOpened(); // a journal's folder is synced while the journal is being opened
         if (currentLog)
             currentLog->synced(inodeAt(descriptor));
         return FileCalls::sync(descriptor);
@@ -191,7 +202,6 @@ int truncateFile(sqlite3_file* file, sqlite3_int64 size)
     return stock->pMethods->xTruncate(stock, size);
 }
 
-/// The first of a new journal syncs its folder too, which the program does itself: see engine_calls.h.
 int syncFile(sqlite3_file* file, int flags)
 {
     sqlite3_file* const stock = watched(file).stock;
@@ -221,8 +231,9 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
     std::memset(opened.stock, 0, static_cast<std::size_t>(stockFiles->szOsFile));
     if (strikes())
         return SQLITE_CANTOPEN;
-    const bool isNew = name && !exists(AT_FDCWD, name);
+    beingOpened = name && !exists(AT_FDCWD, name) ? name : nullptr;
     const int code = stockFiles->xOpen(stockFiles, name, opened.stock, flags, given);
+    noteOpened();
     if (code != SQLITE_OK)
         return code;
     opened.base.pMethods = &methods;
@@ -230,8 +241,6 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
     if (!name || ::lstat(name, &found) != 0)
         return code;
     opened.inode = {found.st_dev, found.st_ino};
-    if (currentLog && isNew)
-        currentLog->made(Place(AT_FDCWD, name).inode, Place(AT_FDCWD, name).name, opened.inode);
     return code;
 }
 
