@@ -1,7 +1,9 @@
 #include "app/book.h"
 
 #include "app/book_schema.h"
+#include "app/lock_trust.h"
 #include "app/usage_marker.h"
+#include "platform/sql_error.h"
 
 #include <QDir>
 #include <QFile>
@@ -42,8 +44,8 @@ Connection opened(const QString& path, KeyRing& keys, Connection::Access access)
 
 } // namespace
 
-Book::Book(BookFiles files, KeyRing& keys, Connection::Access access)
-    : m_source(Source{std::move(files), &keys, access})
+Book::Book(const BookFiles& files, KeyRing& keys, Connection::Access access)
+    : m_source(Source{files, &keys, access, lockReachOf(files)})
     , m_main(opened(m_source->files.mainDatabase(), keys, access))
     , m_auxiliary(opened(m_source->files.auxiliaryDatabase(), keys, access))
 {
@@ -57,14 +59,33 @@ Book::Book(Connection main, Connection auxiliary)
 
 void Book::setAccess(Connection::Access access)
 {
-    if (!m_source || m_source->access == access)
+    if (!m_source || m_source->access == access || isReplaced())
         return;
     Connection main = opened(m_source->files.mainDatabase(), *m_source->keys, access);
     Connection auxiliary = opened(m_source->files.auxiliaryDatabase(), *m_source->keys, access);
-    refuseReplaced(); // the names still mean the files that were open
+    if (isReplaced())
+        return; // the names mean other files than those that were open
     m_main = std::move(main);
     m_auxiliary = std::move(auxiliary);
     m_source->access = access;
+}
+
+void Book::read(const std::function<void()>& work)
+{
+    if (m_source && m_source->locks != LockReach::Everybody && m_main.isReadOnly())
+        readSteadily(m_main, m_source->files.mainDatabase(), work);
+    else
+        work();
+}
+
+bool Book::isReplaced() const
+{
+    try {
+        refuseReplaced();
+        return false;
+    } catch (const SqlError&) {
+        return true;
+    }
 }
 
 void Book::refuseReplaced() const

@@ -3,7 +3,9 @@
 #include "app/book_files.h"
 #include "platform/connection.h"
 #include "platform/key_ring.h"
+#include "platform/lock_reach.h"
 
+#include <functional>
 #include <optional>
 #include <stdexcept>
 
@@ -13,15 +15,18 @@ namespace lorvan {
 class Book {
 public:
     /// Throws SqlError.
-    Book(BookFiles files, KeyRing& keys, Connection::Access access);
+    Book(const BookFiles& files, KeyRing& keys, Connection::Access access);
 
     /// Keeps the access that the connections have.
     Book(Connection main, Connection auxiliary);
 
     /// Opens both databases anew where they have another access; between two actions, as no statement may be alive.
-    /// References to the connections stay good. Throws SqlError, of kind Replaced where a name has come to mean another
-    /// file; the book then stays open as it was.
+    /// References to the connections stay good. A book that was replaced meanwhile stays as it is: see
+    /// refuseReplaced(). Throws SqlError; the book then stays open as it was.
     void setAccess(Connection::Access access);
+
+    /// Reads the main database: see readSteadily() where locks are not to be trusted and this book is read-only.
+    void read(const std::function<void()>& work);
 
     [[nodiscard]] Connection& main() { return m_main; }
     [[nodiscard]] Connection& auxiliary() { return m_auxiliary; }
@@ -30,10 +35,13 @@ public:
     void refuseReplaced() const;
 
 private:
+    [[nodiscard]] bool isReplaced() const;
+
     struct Source {
         BookFiles files;
         KeyRing* keys;
         Connection::Access access;
+        LockReach locks;
     };
 
     std::optional<Source> m_source;

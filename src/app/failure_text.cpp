@@ -102,7 +102,8 @@ QString failureText(const std::exception& failure)
 {
     const auto* const sql = dynamic_cast<const SqlError*>(&failure);
     const bool saysAll = (sql && sql->kind() == SqlError::Kind::Replaced)
-        || dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const CurrencyOverflow*>(&failure) || dynamic_cast<const UnknownSchemaVersion*>(&failure);
+        || dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const CurrencyOverflow*>(&failure)
+        || dynamic_cast<const UnknownSchemaVersion*>(&failure);
     return saysAll ? plainText(failure)
                    : plainText(failure) + QStringLiteral("\n\n") + QString::fromUtf8(failure.what());
 }

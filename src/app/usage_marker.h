@@ -48,7 +48,8 @@ public:
     /// lives no more. True when it was; without a note the marker is left to the administrator.
     bool heal();
 
-    /// The computer that claimed last, whether it holds the marker still; empty where that cannot be read. Does not lock.
+    /// The computer that claimed last, whether it holds the marker still; empty where that cannot be read. Does not
+    /// lock.
     [[nodiscard]] static QString lastComputer(const QString& path);
 
     /// Makes a free marker without names for a new book.

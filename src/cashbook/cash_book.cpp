@@ -33,15 +33,18 @@ CashBook::CashBook(Book& book, Rights rights)
 DayView CashBook::showDay(QDate day, DayRow row)
 {
     Connection& main = m_book.main();
-    {
+    DayView view;
+    bool isRight = false;
+    m_book.read([&] {
         Transaction reading(main, Transaction::Mode::Read);
-        DayView view = readDay(main, day);
-        if (row == DayRow::LeaveAlone || view.movements.empty() || main.isReadOnly()
-            || cashDayHolds(main, day, view.figures))
-            return view;
-    }
+        view = readDay(main, day);
+        isRight = row == DayRow::LeaveAlone || view.movements.empty() || main.isReadOnly()
+            || cashDayHolds(main, day, view.figures);
+    });
+    if (isRight)
+        return view;
     Transaction writing(main);
-    DayView view = readDay(main, day);
+    view = readDay(main, day);
     if (!view.movements.empty())
         writeCashDay(main, day, view.figures);
     writing.commit();

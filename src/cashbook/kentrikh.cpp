@@ -7,17 +7,19 @@
 #include "codes/code_catalogue.h"
 #include "codes/codes_page.h"
 #include "codes/omada_kvdikvn.h"
-#include "controls/backup_failure_line.h"
+#include "controls/notice_line.h"
 #include "controls/tab_band.h"
 #include "controls/totals_bar.h"
 #include "controls/window_placement.h"
 #include "platform/amount_text.h"
 #include "platform/busy_pointer.h"
+#include "platform/folder.h"
 #include "platform/message_window.h"
 #include "reports/printing_page.h"
 
 #include <QAbstractButton>
 #include <QCloseEvent>
+#include <QScopeGuard>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStackedWidget>
@@ -56,13 +58,15 @@ Kentrikh::Kentrikh(
     , m_rights(rights)
     , m_settings(std::move(settings))
     , m_clock(std::move(clock))
+    , m_locks(lockReachOf(BookFiles(m_settings.dataFolder)))
     , m_band(new TabBand(this))
     , m_pages(new QStackedWidget(this))
     , m_entryPage(new MovementEntryPage(m_book, m_marker, rights, m_clock, this))
     , m_codesPage(new CodesPage(m_book, this))
     , m_printingPage(new PrintingPage(m_clock, this))
     , m_totals(new TotalsBar(this))
-    , m_backupFailure(new BackupFailureLine(this))
+    , m_backupFailure(new NoticeLine(QStringLiteral("backupFailure"), this))
+    , m_diskNotice(new NoticeLine(QStringLiteral("diskNotice"), this))
     , m_reports(BookFiles(m_settings.dataFolder), keys)
     , m_backup(BookFiles(m_settings.dataFolder), keys, m_clock)
 {
@@ -94,6 +98,7 @@ void Kentrikh::layOut()
     rows->addWidget(m_band);
     rows->addWidget(m_pages, 1);
     rows->addWidget(m_totals);
+    rows->addWidget(m_diskNotice);
     rows->addWidget(m_backupFailure);
     setCentralWidget(central);
     setMinimumSize(leastSize.boundedTo(roomFor(this)));
@@ -139,17 +144,21 @@ void Kentrikh::connectPages()
         m_codesPage, &CodesPage::codesChanged, this, [this] { guarded(this, [this] { m_entryPage->refillCodes(); }); });
     connect(m_entryPage, &MovementEntryPage::figuresUnknown, this, [this] { m_totals->setFigures({}, {}, {}); });
     connect(m_band->tabs(), &QTabBar::currentChanged, this, &Kentrikh::selectTab);
-    connect(&m_backup, &DailyBackup::made, m_backupFailure, &BackupFailureLine::hide);
-    connect(&m_backup, &DailyBackup::failed, m_backupFailure, &BackupFailureLine::tell);
+    connect(&m_backup, &DailyBackup::made, m_backupFailure, &NoticeLine::hide);
+    connect(&m_backup, &DailyBackup::failed, m_backupFailure, [this](const QString& reason) {
+        m_backupFailure->tell(QStringLiteral("Το σημερινό αντίγραφο ασφαλείας δεν έγινε."), reason);
+    });
 }
 
 void Kentrikh::initialise()
 {
     m_entryPage->start();
     m_band->setVersion(QStringLiteral("Έκδοση  ") + programVersion());
-    m_marker.claim();
+    if (m_locks != LockReach::Nobody)
+        m_marker.claim();
     backUpIfHeld();
     refreshCaption();
+    tellLockTrouble();
     m_band->setHeading(m_settings.heading);
 }
 
@@ -175,6 +184,7 @@ void Kentrikh::dispatch(int command)
             groupsWanted = command == command::editGroups;
             act(command);
         });
+        tellUnconfirmed(this);
     }
     if (groupsWanted)
         editGroups(); // its buttons run actions of their own
@@ -204,9 +214,11 @@ bool Kentrikh::isOffered(int command) const
 
 bool Kentrikh::refusedByMarker(QWidget* asking)
 {
+    if (m_locks == LockReach::Nobody)
+        throw LocksUntrusted();
     const auto holder = m_marker.guardChange();
     backUpIfHeld();
-    setWindowTitle(markerCaption(holder));
+    follow(holder);
     if (holder)
         showMessage(asking, QMessageBox::Information, QStringLiteral("Αδύνατη η πρόσβαση"), markerRefusal(*holder));
     return holder.has_value();
@@ -228,7 +240,7 @@ void Kentrikh::act(int command)
         m_entryPage->closeCash();
         break;
     case command::insertCode:
-        m_codesPage->insertCode();
+        insertCode();
         break;
     case command::modifyCode:
         m_codesPage->modifyCode();
@@ -249,6 +261,16 @@ void Kentrikh::act(int command)
     }
 }
 
+/// The marker does not guard it.
+void Kentrikh::insertCode()
+{
+    if (!m_marker.owns())
+        admitUnguarded(BookFiles(m_settings.dataFolder));
+    m_book.setAccess(Connection::Access::ReadWrite);
+    const auto backToReading = qScopeGuard([this] { guarded(this, [this] { refreshCaption(); }); });
+    m_codesPage->insertCode();
+}
+
 void Kentrikh::editGroups()
 {
     guarded(this, [this] {
@@ -257,6 +279,23 @@ void Kentrikh::editGroups()
         groups.exec();
         m_codesPage->refreshGroups();
     });
+    tellUnconfirmed(this);
+}
+
+void Kentrikh::tellLockTrouble()
+{
+    if (m_locks == LockReach::Nobody)
+        m_diskNotice->tell(QStringLiteral("Το βιβλίο άνοιξε μόνο για ανάγνωση."),
+            QStringLiteral(
+                "Στον φάκελο των δεδομένων τα κλειδώματα δεν ισχύουν: δύο προγράμματα θα μπορούσαν να γράψουν"
+                " μαζί και να χαλάσουν το βιβλίο."));
+    else if (m_locks == LockReach::ThisComputer)
+        m_diskNotice->tell(
+            QStringLiteral("Προσοχή: τα κλειδώματα αυτού του φακέλου δεν ισχύουν για άλλους υπολογιστές."),
+            QStringLiteral("Να μην αλλάζει το βιβλίο από δύο υπολογιστές μαζί: το αρχείο χρήσης μόνο δεν αρκεί."));
+    else if (!Folder(m_settings.dataFolder).knowsSync())
+        m_diskNotice->tell(QStringLiteral("Ο δίσκος αυτού του φακέλου δεν επιβεβαιώνει ονόματα αρχείων."),
+            QStringLiteral("Μετά από μια διακοπή ρεύματος μπορεί να λείπει η τελευταία αλλαγή."));
 }
 
 void Kentrikh::printReport()
@@ -309,16 +348,29 @@ void Kentrikh::showTab(int tab)
 
 void Kentrikh::refreshCaption()
 {
-    setWindowTitle(markerCaption(m_marker.heldByAnother()));
+    follow(m_marker.heldByAnother());
+}
+
+/// Nothing may be written beside a holder, nor where locks keep nobody out.
+void Kentrikh::follow(const std::optional<MachineIdentity>& holder)
+{
+    setWindowTitle(markerCaption(holder));
+    const bool mayWrite = !holder && m_locks != LockReach::Nobody;
+    m_book.setAccess(mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
 }
 
 void Kentrikh::followMarker(int tab)
 {
-    if (tab == tab::printing)
+    if (tab == tab::printing) {
         m_marker.release();
-    else
+        m_book.setAccess(Connection::Access::ReadOnly);
+        return;
+    }
+    if (m_locks != LockReach::Nobody)
         m_marker.claim();
     backUpIfHeld();
+    if (!m_marker.owns())
+        refreshCaption(); // another may have been quicker
 }
 
 void Kentrikh::backUpIfHeld()
@@ -351,12 +403,8 @@ void Kentrikh::closeEvent(QCloseEvent* event)
 {
     m_reports.close();
     m_backup.retire();
-    try {
-        m_marker.retire();
-    } catch (const MarkerError&) {
-        // The program ends all the same; the administrator can unlock a marker that stays behind.
-    }
     m_closed = true;
+    guarded(this, [this] { m_marker.retire(); }); // the program ends all the same
     event->accept();
     Q_EMIT closed();
 }

@@ -3,6 +3,7 @@
 #include "app/book.h"
 #include "app/daily_backup.h"
 #include "app/data_folder_settings.h"
+#include "app/lock_trust.h"
 #include "app/usage_marker.h"
 #include "cashbook/cash_day.h"
 #include "platform/clock.h"
@@ -15,9 +16,9 @@ class QStackedWidget;
 
 namespace lorvan {
 
-class BackupFailureLine;
 class CodesPage;
 class MovementEntryPage;
+class NoticeLine;
 class PrintingPage;
 class TabBand;
 class TotalsBar;
@@ -54,6 +55,7 @@ private:
     void dispatch(int command);
     [[nodiscard]] bool isAdmitted(int command);
     void act(int command);
+    void insertCode();
     void editGroups();
     void printReport();
     /// Judges what was left and not judged yet. False when something was refused, or the program was ended meanwhile.
@@ -67,6 +69,9 @@ private:
     void keepTab();
     void showTab(int tab);
     void refreshCaption();
+    void follow(const std::optional<MachineIdentity>& holder);
+    /// Says in a line why the book's folder is not to be trusted in everything.
+    void tellLockTrouble();
     void followMarker(int tab);
     void backUpIfHeld();
     void fillPage(int tab, int earlierTab);
@@ -77,13 +82,15 @@ private:
     const Rights m_rights;
     const DataFolderSettings m_settings;
     const Clock m_clock;
+    const LockReach m_locks;
     TabBand* m_band;
     QStackedWidget* m_pages;
     MovementEntryPage* m_entryPage;
     CodesPage* m_codesPage;
     PrintingPage* m_printingPage;
     TotalsBar* m_totals;
-    BackupFailureLine* m_backupFailure;
+    NoticeLine* m_backupFailure;
+    NoticeLine* m_diskNotice;
     ReportDesk m_reports;
     DailyBackup m_backup;
     int m_tab = 0; ///< The tab whose page is shown.

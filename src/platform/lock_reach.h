@@ -14,8 +14,8 @@ enum class LockReach {
     Everybody
 };
 
-/// Tries it with two descriptors on an existing file of the folder, far behind its contents, and asks the system how the
-/// folder is mounted. A file that cannot be opened for writing, or locked at all, counts as Everybody.
+/// Tries it with two descriptors on an existing file of the folder, far behind its contents, and asks the system how
+/// the folder is mounted. A file that cannot be opened for writing, or locked at all, counts as Everybody.
 [[nodiscard]] LockReach lockReach(const Folder& folder, const QString& name);
 
 /// True where the mount that `path` (without links) lies on is known not to pass locks on. `mountInfo` is what

@@ -1,6 +1,7 @@
 #include "reports/report_building.h"
 
 #include "app/book_files.h"
+#include "app/lock_trust.h"
 #include "platform/connection.h"
 #include "platform/date_text.h"
 #include "platform/stop_check.h"
@@ -77,7 +78,11 @@ ReportDocument buildReport(
         return !progress || progress(built);
     };
     const StopCheck check(connection, [&rows, &progress] { return !progress || progress(rows); });
-    return routine(connection, request.inputs, counting);
+    if (lockReachOf(files) == LockReach::Everybody)
+        return routine(connection, request.inputs, counting);
+    ReportDocument document;
+    readSteadily(connection, path, [&] { document = routine(connection, request.inputs, counting); });
+    return document;
 }
 
 } // namespace lorvan

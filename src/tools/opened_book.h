@@ -20,9 +20,9 @@ void readyBook(const BookFiles& files);
 /// only be read, so may the connection (Connection::isReadOnly()).
 ///
 /// A command that only reads does so in one Transaction::Mode::Read, over both files: what it reads belongs together,
-/// whoever writes meanwhile. A writer's commit waits for its end, for five seconds at most. A command that writes claims
-/// the marker after readyBook() and opens then. A signal stops what the connection computes or waits for, and does not
-/// end the process (see Interruption).
+/// whoever writes meanwhile. A writer's commit waits for its end, for five seconds at most. A command that writes
+/// claims the marker after readyBook() and opens then. A signal stops what the connection computes or waits for, and
+/// does not end the process (see Interruption).
 class OpenedBook {
 public:
     /// Throws Refused for a folder without a complete book, for a book in the older format and for one of an older

@@ -249,6 +249,8 @@ void Login::dispatch(int command)
     default:
         break;
     }
+    if (command != SignIn && command != End)
+        tellUnconfirmed(this);
 }
 
 void Login::setSize(Size size)

@@ -172,7 +172,7 @@ TEST(BookCheck, findsEachDamageAndTheRepairSetsRightWhatHasOneAnswer)
     for (const auto& [what, damage, findings, repaired] : cases) {
         const TemporaryBook folder;
         folder.execute(soundBook);
-        OpenedBook book(folder.folder());
+        OpenedBook book(folder.folder(), Connection::Access::ReadWrite);
         Connection& connection = book.connection();
         connection.execute(damage);
         EXPECT_EQ(countsOf(checkOf(connection)), findings) << what;
@@ -254,7 +254,7 @@ TEST(BookRepair, afterRandomDamageOfTheDaysEqualsTheModel)
 {
     for (unsigned seed = 0; seed < 40; ++seed) {
         const TemporaryBook folder;
-        OpenedBook book(folder.folder());
+        OpenedBook book(folder.folder(), Connection::Access::ReadWrite);
         Connection& connection = book.connection();
         RandomDamage random(connection, seed);
         const BookModel model(random.enter(40));
@@ -306,7 +306,7 @@ TEST(BookRepair, killedAtAnyMomentIsDoneWholeOrNotAtAll)
             worker.kill();
         }
         journals += QFile::exists(main + QStringLiteral("-journal"));
-        OpenedBook book(folder.folder());
+        OpenedBook book(folder.folder(), Connection::Access::ReadWrite);
         ASSERT_EQ(valueOf(book.connection(), "PRAGMA main.integrity_check"), QStringLiteral("ok"));
         const bool isDone = checkOf(book.connection()).findings.isInOrder();
         const QString old = valueOf(book.connection(), "SELECT count(*) FROM tameio WHERE ypoloipo=7");
@@ -336,7 +336,7 @@ TEST(BookRepair, aFullDiskChangesNothing)
     while (filler.write(QByteArray(1024, 'x')) == 1024) { }
     int refusals = 0;
     for (bool isDone = false; !isDone && filler.size() > 0; filler.resize(std::max<qint64>(filler.size() - 4096, 0))) {
-        OpenedBook book(disk);
+        OpenedBook book(disk, Connection::Access::ReadWrite);
         try {
             (void)repair(book);
             isDone = true;

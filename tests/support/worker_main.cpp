@@ -106,7 +106,7 @@ int deleteData(const BookFiles& files, WorkerLog& log)
 
 int repairDays(const BookFiles& files, WorkerLog& log)
 {
-    OpenedBook book(files.dataFolder());
+    OpenedBook book(files.dataFolder(), Connection::Access::ReadWrite);
     log.append("ready");
     (void)repairBook(book.connection(), files, book.keys(), fixedClock().now(), [](std::int64_t, std::int64_t) {});
     log.append("done");
@@ -117,7 +117,8 @@ int holdMarker(const BookFiles& files, WorkerLog& log)
 {
     const ClaimedMarker marker(files);
     log.append("claimed");
-    std::this_thread::sleep_for(std::chrono::seconds(30));
+    for (int tries = 0; tries < 3000 && !Interruption::hasCome(); ++tries)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
     return 0;
 }
 

@@ -1,4 +1,4 @@
-#include "controls/backup_failure_line.h"
+#include "controls/notice_line.h"
 
 #include <QPainter>
 
@@ -11,24 +11,24 @@ constexpr qreal smallType = 0.9;
 
 } // namespace
 
-BackupFailureLine::BackupFailureLine(QWidget* parent)
-    : ThemedLabel(QStringLiteral("Το σημερινό αντίγραφο ασφαλείας δεν έγινε."), ColourRole::Warning, smallType,
-        QFont::Normal, parent)
+NoticeLine::NoticeLine(const QString& objectName, QWidget* parent)
+    : ThemedLabel({}, ColourRole::Warning, smallType, QFont::Normal, parent)
 {
-    setObjectName(QStringLiteral("backupFailure"));
+    setObjectName(objectName);
     setContentsMargins(sideMargin, 0, sideMargin, below);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     hide();
 }
 
-void BackupFailureLine::tell(const QString& reason)
+void NoticeLine::tell(const QString& text, const QString& reason)
 {
+    setText(text);
     setToolTip(QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(reason.toHtmlEscaped()));
     setAccessibleDescription(reason);
     show();
 }
 
-void BackupFailureLine::paintEvent(QPaintEvent* event)
+void NoticeLine::paintEvent(QPaintEvent* event)
 {
     QPainter(this).fillRect(rect(), Theme::instance().colour(ColourRole::Band));
     ThemedLabel::paintEvent(event);
