@@ -4,6 +4,7 @@ list(APPEND LORVAN_CORE_TESTS
     app/book_restore_test.cpp
     app/book_schema_test.cpp
     app/book_opening_test.cpp
+    app/lock_trust_test.cpp
     app/marker_contention_test.cpp
     app/path_file_test.cpp
     app/schema_upgrade_test.cpp

@@ -1,3 +1,4 @@
+#include "platform/windows1253.h"
 #include "support/temporary_book.h"
 #include "support/worker_process.h"
 #include "tools/claimed_marker.h"
@@ -56,7 +57,8 @@ TEST(ClaimedMarker, shutsOutEverybodyWhileItLivesAndIsFreeAfterAnException)
 TEST(ClaimedMarker, refusesAMarkerThatIsInUseMissingOrInvalidAndLeavesItAlone)
 {
     const MachineIdentity self = machineIdentity();
-    const QByteArray own = '1' + self.user.toUtf8().leftJustified(25) + self.computer.toUtf8().leftJustified(25);
+    const QByteArray own =
+        '1' + toWindows1253(self.user).leftJustified(25) + toWindows1253(self.computer).leftJustified(25);
     const struct {
         QByteArray content;
         QString message;

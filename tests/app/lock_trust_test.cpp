@@ -1,0 +1,168 @@
+#include "app/book_opening.h"
+#include "app/failure_text.h"
+#include "app/lock_trust.h"
+#include "platform/file_calls.h"
+#include "platform/sql_error.h"
+#include "support/temporary_book.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <map>
+#include <sqlite3.h>
+#include <thread>
+
+namespace lorvan::test {
+namespace {
+
+/// Locks that everybody gets.
+class VainLocks : public FileCalls {
+public:
+    VainLocks() { replace(this); }
+    ~VainLocks() override { replace(nullptr); }
+    int lock(int, short, off_t, off_t) override { return 0; }
+};
+
+Book openBookOf(const TemporaryBook& book)
+{
+    UsageMarker marker(book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("A")});
+    return openBook(book.files(), testKeys(), marker, [] { return OpeningBalance{}; });
+}
+
+/// As a program leaves a book that is killed while it writes.
+void leaveJournal(const TemporaryBook& book)
+{
+    const QString names[] = {book.files().mainDatabase(), book.files().mainDatabase() + QStringLiteral("-journal")};
+    std::map<QString, QByteArray> left;
+    {
+        Connection killed = book.openMain();
+        killed.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<900)"
+                       " INSERT INTO tameio (hmeromhnia) SELECT 20240000+i FROM n;"
+                       "PRAGMA cache_size = 2; BEGIN; UPDATE tameio SET esoda = 1; DELETE FROM kvdikoi");
+        for (const QString& name : names) {
+            QFile file(name);
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+            left[name] = file.readAll();
+        }
+    }
+    for (const auto& [name, bytes] : left) {
+        QFile file(name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+}
+
+} // namespace
+
+TEST(LockTrust, knowsMountsThatKeepLocksToThemselves)
+{
+    const struct {
+        const char* line;
+        bool isLocal;
+    } cases[] = {
+        {"1 0 8:1 / /books rw - ext4 /dev/sda1 rw", false},
+        {"1 0 0:5 / /books rw shared:7 master:2 - nfs srv:/x rw,vers=3,local_lock=none", false},
+        {"1 0 0:5 / /books rw shared:7 - nfs srv:/x rw,vers=3,local_lock=all", true},
+        {"1 0 0:5 / /books rw - nfs4 srv:/x rw,local_lock=posix", true},
+        {"1 0 0:5 / /books rw - nfs srv:/x rw,nolock", true},
+        {"1 0 0:5 / /books rw - cifs //srv/x rw,nobrl", true},
+        {"1 0 0:5 / /books rw - cifs //srv/x rw", false},
+        {"1 0 0:5 / /books rw - fuse.sshfs me@srv: rw", true},
+        {"1 0 0:5 / /books rw - vboxsf x rw", true},
+        {"1 0 0:5 / /books rw - 9p x rw,version=9p2000.L", false},
+        {"1 0 0:5 / /books rw - 9p x rw,version=9p2000.u", true},
+        {"1 0 0:5 / /book rw - vboxsf x rw", false},
+        {"1 0 0:5 / /books/ta\\040meia rw - vboxsf x rw", true},
+        {"1 0 0:5 / /books rw - vboxsf x rw\n2 1 8:1 / /books/ta\\040meia rw - ext4 /dev/sda1 rw", false},
+        {"cut short", false},
+    };
+    for (const auto& [line, isLocal] : cases)
+        EXPECT_EQ(keepsLocksLocal(QByteArray("9 0 8:1 / / rw - ext4 x rw\n") + line, QStringLiteral("/books/ta meia")),
+            isLocal)
+            << line;
+}
+
+TEST(LockTrust, whereLocksKeepNobodyOutTheBookIsOnlyLookedAt)
+{
+    const TemporaryBook book;
+    EXPECT_EQ(lockReachOf(book.files()), LockReach::Everybody);
+    EXPECT_NO_THROW(admitUnguarded(book.files()));
+    const VainLocks locks;
+    EXPECT_EQ(lockReachOf(book.files()), LockReach::Nobody);
+    EXPECT_THROW(admitUnguarded(book.files()), LocksUntrusted);
+    EXPECT_TRUE(openBookOf(book).main().isReadOnly());
+}
+
+TEST(LockTrust, anUnguardedActionWaitsForAJournalToGo)
+{
+    const TemporaryBook book;
+    QFile journal(book.files().mainDatabase() + QStringLiteral("-journal"));
+    ASSERT_TRUE(journal.open(QIODevice::WriteOnly));
+    std::thread other([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        journal.remove();
+    });
+    EXPECT_NO_THROW(admitUnguarded(book.files()));
+    EXPECT_FALSE(QFile::exists(book.files().mainDatabase() + QStringLiteral("-journal")));
+    other.join();
+}
+
+TEST(LockTrust, whatChangesWhileItIsReadIsReadAgain)
+{
+    const TemporaryBook book;
+    Connection main = Connection::open(book.files().mainDatabase(), testKeys().keyFor(book.files().mainDatabase()));
+    QString seen;
+    int readings = 0;
+    readSteadily(main, book.files().mainDatabase(), [&] {
+        seen = valueOf(main, "SELECT count(*) FROM kvdikoi");
+        if (++readings == 1)
+            book.execute("DELETE FROM kvdikoi");
+        if (readings == 2)
+            throw SqlError(SQLITE_CORRUPT, QStringLiteral("half written"), {});
+    });
+    EXPECT_EQ(seen, QStringLiteral("0"));
+    EXPECT_EQ(readings, 3);
+}
+
+TEST(LockTrust, whatAKilledProgramLeftIsTakenBackUnlessAnotherHoldsTheMarker)
+{
+    const TemporaryBook book;
+    leaveJournal(book);
+    ASSERT_TRUE(Connection::hasJournal(book.files().mainDatabase()));
+    UsageMarker other(book.files().usageMarker(), {QStringLiteral("Νίκος"), QStringLiteral("PC7")});
+    ASSERT_TRUE(other.claim());
+    try {
+        (void)openBookOf(book);
+        ADD_FAILURE() << "opened";
+    } catch (const SqlError& error) {
+        EXPECT_EQ(error.kind(), SqlError::Kind::JournalStands);
+        EXPECT_TRUE(failureText(error).startsWith(
+            QStringLiteral("Ο υπολογιστής PC7 διακόπηκε· τον ξεκλειδώνει ο διαχειριστής.")));
+    }
+    EXPECT_TRUE(Connection::hasJournal(book.files().mainDatabase()));
+    UsageMarker::unlock(book.files().usageMarker());
+    Book opened = openBookOf(book);
+    EXPECT_FALSE(opened.main().isReadOnly());
+    EXPECT_FALSE(Connection::hasJournal(book.files().mainDatabase()));
+    EXPECT_EQ(valueOf(opened.main(), "SELECT count(*) FROM kvdikoi"), QStringLiteral("2"));
+}
+
+TEST(LockTrust, accessFollowsTheMarkerUnlessTheBookWasReplaced)
+{
+    const TemporaryBook book;
+    Book opened = openBookOf(book);
+    Connection& main = opened.main();
+    opened.setAccess(Connection::Access::ReadOnly);
+    EXPECT_TRUE(main.isReadOnly());
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), QStringLiteral("2"));
+    opened.setAccess(Connection::Access::ReadWrite);
+    EXPECT_FALSE(main.isReadOnly());
+    opened.setAccess(Connection::Access::ReadOnly);
+    ASSERT_TRUE(QFile::rename(book.files().mainDatabase(), book.path(QStringLiteral("aside"))));
+    ASSERT_TRUE(QFile::copy(book.path(QStringLiteral("aside")), book.files().mainDatabase()));
+    opened.setAccess(Connection::Access::ReadWrite);
+    EXPECT_TRUE(main.isReadOnly()) << "the new file is not what the window shows";
+}
+
+} // namespace lorvan::test
