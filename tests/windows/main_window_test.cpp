@@ -1,4 +1,5 @@
 #include "main_window_test.h"
+#include "app/book_opening.h"
 
 #include <QFile>
 #include <QTabBar>
@@ -34,7 +35,8 @@ void MainWindowTest::start(Rights rights, const Clock& clock)
     UsageMarker marker(book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("ταμείο")});
     DataFolderSettings settings;
     settings.dataFolder = book.folder();
-    m_window = std::make_unique<Kentrikh>(book.open(), std::move(marker), rights, settings, clock, testKeys());
+    Book opened = openBook(book.files(), testKeys(), marker, [] { return OpeningBalance{}; });
+    m_window = std::make_unique<Kentrikh>(std::move(opened), std::move(marker), rights, settings, clock, testKeys());
     m_user.emplace(*m_window);
     m_window->initialise();
     m_window->show();

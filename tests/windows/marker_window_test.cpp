@@ -1,10 +1,13 @@
 #include "main_window_test.h"
+#include "platform/file_calls.h"
 
 #include <QDir>
 #include <QFile>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
+
+#include <cerrno>
 
 namespace lorvan::test {
 namespace {
@@ -144,6 +147,47 @@ TEST_F(MarkerWindowTest, anUnusableMarkerStillTurnsThePageAndShowsTheDay)
     user().enter(date, QStringLiteral("15-3-2024"));
     user().press(Qt::Key_Tab);
     EXPECT_EQ(list().model()->rowCount(), 2);
+}
+
+TEST_F(MarkerWindowTest, aMarkerThatCannotBeFreedIsTold)
+{
+    class NoWrites : public FileCalls {
+    public:
+        NoWrites() { replace(this); }
+        ~NoWrites() override { replace(nullptr); }
+        ssize_t writeAt(int, const void*, std::size_t, off_t) override
+        {
+            errno = EIO;
+            return -1;
+        }
+    };
+    start();
+    const NoWrites calls;
+    boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("lorvan.dat"))));
+    EXPECT_TRUE(window().close());
+    EXPECT_TRUE(boxes.allSeen());
+}
+
+TEST_F(MarkerWindowTest, whereLocksKeepNobodyOutTheBookIsLookedAtAndALineSaysWhy)
+{
+    class VainLocks : public FileCalls {
+    public:
+        VainLocks() { replace(this); }
+        ~VainLocks() override { replace(nullptr); }
+        int lock(int, short, off_t, off_t) override { return 0; }
+    };
+    addMovement(incomeOf(today, cents(500)));
+    const VainLocks calls;
+    start();
+    EXPECT_EQ(markerState(), '0');
+    EXPECT_TRUE(user().find(QStringLiteral("diskNotice")).isVisible());
+    EXPECT_EQ(shownFigures(), QStringLiteral("5,00 | 0 | 5,00"));
+    typeMovement(QStringLiteral("100"), QStringLiteral("α"), QStringLiteral("5"));
+    boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("κλειδώματα"))));
+    user().click(user().command(insert));
+    EXPECT_TRUE(boxes.allSeen());
+    EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), QStringLiteral("1"));
+    window().close();
 }
 
 TEST_F(MarkerWindowTest, aTabIsNotLeftWithARefusedDate)
