@@ -37,7 +37,6 @@ BookFindings findingsIn(const BookFiles& staged, const ToolContext& context)
     }
 }
 
-/// A signal that comes while the marker is held ends the process at once, see ClaimedMarker.
 std::unique_ptr<RestoredBook> unpack(
     const QString& backup, const BookFiles& book, const Interruption& interruption, const ToolContext& context)
 {
