@@ -53,7 +53,7 @@ bool syncFolderOf(const QByteArray& file)
 /// confirmed here: the engine would do it with the first sync of the journal, and overlook that it failed.
 int openPlainFile(const char* path, int flags, int mode)
 {
-    if (std::strncmp(path, "/dev/", 5) == 0) // the engine's source of random numbers
+    if (std::strcmp(path, "/dev/urandom") == 0) // the engine's source of random numbers
         return ::open(path, flags | O_CLOEXEC, mode);
     const int descriptor = ::open(path, flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, mode);
     if (descriptor < 0)
