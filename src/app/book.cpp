@@ -3,9 +3,9 @@
 #include "app/book_schema.h"
 #include "app/lock_trust.h"
 #include "app/usage_marker.h"
+#include "platform/durable_files.h"
 #include "platform/sql_error.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <initializer_list>
@@ -100,8 +100,7 @@ void createBook(const BookFiles& files)
         if (QFile::exists(path))
             throw BookExists(path.toStdString());
     }
-    if (!QDir().mkpath(files.dataFolder()))
-        throw std::runtime_error("cannot make folder " + files.dataFolder().toStdString());
+    makeFolders(files.dataFolder(), FileAccess::Owner);
 
     Undo undo(files);
     Connection auxiliary = Connection::create(files.auxiliaryDatabase(), bookPassword());
@@ -110,6 +109,7 @@ void createBook(const BookFiles& files)
     // The main database comes last: a folder that holds one is a book.
     Connection main = Connection::create(files.mainDatabase(), bookPassword());
     createMainSchema(main);
+    syncFolder(files.dataFolder());
     undo.keep();
 }
 

@@ -10,6 +10,7 @@
 #include "app/usage_marker.h"
 #include "platform/currency.h"
 #include "platform/file_error.h"
+#include "platform/printable_text.h"
 #include "platform/settings_store.h"
 #include "platform/sql_error.h"
 
@@ -104,8 +105,9 @@ QString failureText(const std::exception& failure)
     const bool saysAll = (sql && sql->kind() == SqlError::Kind::Replaced)
         || dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const CurrencyOverflow*>(&failure)
         || dynamic_cast<const UnknownSchemaVersion*>(&failure);
-    return saysAll ? plainText(failure)
-                   : plainText(failure) + QStringLiteral("\n\n") + QString::fromUtf8(failure.what());
+    return saysAll
+        ? plainText(failure)
+        : plainText(failure) + QStringLiteral("\n\n") + printable(QString::fromUtf8(failure.what()), Breaks::Keep);
 }
 
 } // namespace lorvan

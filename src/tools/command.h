@@ -11,7 +11,7 @@ namespace lorvan {
 /// How a command ended; the numbers are the process's exit status.
 enum class ExitStatus {
     Done = 0,
-    Found = 1, ///< Done, and what was examined is not in order.
+    Found = 1, ///< Done, and what was examined is not in order, or the disk did not confirm it.
     Failed = 2, ///< Refused or failed; nothing was changed.
 };
 

@@ -21,6 +21,15 @@ char separatorOf(const QByteArray& beginning)
     return ',';
 }
 
+QString faultOfSize(std::size_t fields, qsizetype length)
+{
+    if (fields >= CsvReader::mostFields)
+        return QStringLiteral("η γραμμή έχει πάνω από %1 πεδία").arg(CsvReader::mostFields);
+    if (length > CsvReader::longestRow)
+        return QStringLiteral("η γραμμή είναι υπερβολικά μεγάλη");
+    return {};
+}
+
 } // namespace
 
 CsvReader::CsvReader(QIODevice& device)
@@ -124,9 +133,13 @@ bool CsvReader::read(CsvRow& row)
     row = {m_line, {}, {}};
     if (peek() == end)
         return false;
-    for (;;) {
+    for (qsizetype length = 0;;) {
         row.fault = readField(row.fields.emplace_back());
+        length += row.fields.back().bytes.size();
+        if (row.fault.isEmpty() && peek() == m_separator)
+            row.fault = faultOfSize(row.fields.size(), length);
         if (!row.fault.isEmpty()) {
+            row.fields.clear();
             skipLine();
             return true;
         }

@@ -28,6 +28,8 @@ class CsvReader {
 public:
     /// A field that is longer is taken for one whose quotes are never closed.
     static constexpr qsizetype longestField = 1 << 20;
+    static constexpr qsizetype longestRow = 16 << 20; ///< In all its fields; one more field may pass it.
+    static constexpr std::size_t mostFields = 1000;
 
     /// The device must be open.
     explicit CsvReader(QIODevice& device);

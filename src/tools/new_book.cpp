@@ -1,14 +1,16 @@
 #include "tools/new_book.h"
 
 #include "app/pending_restore.h"
+#include "platform/durable_files.h"
+#include "platform/file_error.h"
 #include "platform/key_ring.h"
 #include "tools/refused.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <array>
+#include <cerrno>
 #include <utility>
 
 namespace lorvan {
@@ -52,7 +54,7 @@ NewBook::NewBook(const QString& dataFolder)
 {
     refuseExistingBook(m_target);
     try {
-        makeFolders();
+        makeFolder();
         m_staging.emplace(m_target.dataFolder());
         const BookFiles staged = m_staging->files();
         createBook(staged);
@@ -70,15 +72,13 @@ NewBook::~NewBook()
         removeFolders();
 }
 
-void NewBook::makeFolders()
+void NewBook::makeFolder()
 {
-    QString folder = m_target.dataFolder();
-    while (!QFileInfo::exists(folder)) {
-        m_madeFolders += folder;
-        folder = QFileInfo(folder).path();
+    try {
+        m_madeFolders = makeFolders(m_target.dataFolder(), FileAccess::Owner);
+    } catch (const FileError& error) {
+        throw unwritable(m_target.dataFolder(), error.reason());
     }
-    if (!QDir().mkpath(m_target.dataFolder()))
-        throw unwritable(m_target.dataFolder(), QString());
 }
 
 void NewBook::removeFolders()
@@ -93,24 +93,31 @@ void NewBook::keep()
     m_book.reset();
     m_staging->noteMove();
     moveIntoPlace();
-    m_staging.reset();
     m_kept = true;
+    m_staging->dataFolder().confirm();
+    m_staging.reset();
 }
 
 void NewBook::moveIntoPlace()
 {
-    const auto from = pathsOf(m_staging->files());
-    const auto to = pathsOf(m_target);
-    for (std::size_t i = 0; i < to.size(); ++i) {
-        QFile file(from[i]);
-        if (file.rename(to[i]))
-            continue;
-        const bool taken = QFileInfo::exists(to[i]);
-        for (std::size_t moved = 0; moved < i; ++moved)
-            QFile::remove(to[moved]);
-        if (taken)
-            throw BookExists(to[i].toStdString());
-        throw unwritable(m_target.dataFolder(), file.errorString());
+    const Folder& from = m_staging->folder();
+    const Folder& to = m_staging->dataFolder();
+    QStringList moved;
+    try {
+        for (const QString& path : pathsOf(m_target)) {
+            const QString name = QFileInfo(path).fileName();
+            if (path == m_target.mainDatabase())
+                to.sync(); // never the main database without the others
+            to.give(from.open(name, Folder::Opening::Read), FileAccess::LikeFolder);
+            from.rename(name, to, name, Folder::Taken::Refuse);
+            moved += name;
+        }
+    } catch (const FileError& error) {
+        for (const QString& name : std::as_const(moved))
+            to.remove(name);
+        if (error.number() == EEXIST)
+            throw BookExists(error.path().toStdString());
+        throw unwritable(m_target.dataFolder(), error.reason());
     }
 }
 

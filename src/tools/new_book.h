@@ -28,11 +28,11 @@ public:
     [[nodiscard]] Book& book() { return *m_book; }
 
     /// Closes the book and moves its files into place. Throws like the constructor, also when another book has
-    /// appeared in the meantime.
+    /// appeared in the meantime. Names that the disk does not confirm are noted with noteUnconfirmed().
     void keep();
 
 private:
-    void makeFolders();
+    void makeFolder();
     void removeFolders();
     void moveIntoPlace();
 

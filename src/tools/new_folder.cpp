@@ -1,18 +1,11 @@
 #include "tools/new_folder.h"
 
-#include "platform/durable_files.h"
+#include "platform/file_error.h"
 #include "tools/refused.h"
+#include "tools/work_folder.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QSysInfo>
-
-#include <cerrno>
-#include <cstdio>
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace lorvan {
 namespace {
@@ -30,77 +23,66 @@ QString emptyPlace(const QString& place)
     return info.filePath();
 }
 
-/// The hidden name without the part that differs from one to the next.
 QString hiddenPrefix()
 {
-    return QStringLiteral(".lorvan-export-%1-").arg(QSysInfo::machineHostName());
+    return workFolderPrefix(QStringLiteral(".lorvan-export-"));
 }
 
-/// A descriptor that holds the lock; -1 when it cannot be had.
-int lockFolder(const QString& folder)
-{
-    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor == -1 || ::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
-        return descriptor;
-    ::close(descriptor);
-    return -1;
-}
-
-void removeRemainders(const QString& folder)
-{
-    const QStringList names = QDir(folder).entryList(
-        {hiddenPrefix() + QStringLiteral("??????")}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
-    for (const QString& name : names) {
-        const QString path = folder + u'/' + name;
-        const int lock = lockFolder(path);
-        if (lock == -1)
-            continue;
-        QDir(path).removeRecursively();
-        ::close(lock);
-    }
-}
-
-/// Throws Refused when the disk does not confirm a file.
-void confirmFiles(const QString& folder)
+Folder parentOf(const QString& place)
 {
     try {
-        for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files))
-            syncFile(file.filePath());
-    } catch (const std::runtime_error& failure) {
-        throw Refused(QString::fromUtf8(failure.what()));
+        Folder parent(QFileInfo(place).path());
+        removeWorkFolders(parent, hiddenPrefix());
+        return parent;
+    } catch (const FileError& error) {
+        throw Refused(QString::fromUtf8(error.what()));
     }
-    syncFolder(folder);
+}
+
+Folder workFolderIn(const Folder& parent)
+{
+    try {
+        return parent.makeWorkFolder(hiddenPrefix());
+    } catch (const FileError& error) {
+        throw Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(parent.path(), error.reason()));
+    }
+}
+
+void confirmFiles(const Folder& folder)
+{
+    for (const QString& name : folder.names())
+        folder.open(name, Folder::Opening::Write).sync();
+    folder.sync();
 }
 
 } // namespace
 
 NewFolder::NewFolder(const QString& place)
     : m_place(emptyPlace(place))
-    , m_staging(QFileInfo(m_place).path() + u'/' + hiddenPrefix() + QStringLiteral("XXXXXX"))
-    , m_lock(lockFolder(m_staging.path()))
+    , m_parent(parentOf(m_place))
+    , m_work(workFolderIn(m_parent))
 {
-    if (!m_staging.isValid())
-        throw Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2")
-                          .arg(QFileInfo(m_place).path(), m_staging.errorString()));
-    removeRemainders(QFileInfo(m_place).path());
+    (void)isLocked(m_work);
 }
 
 NewFolder::~NewFolder()
 {
-    if (m_staging.autoRemove())
-        m_staging.remove();
-    if (m_lock != -1)
-        ::close(m_lock);
+    if (!m_kept)
+        removeWorkFolder(m_parent, m_work);
 }
 
 void NewFolder::keep()
 {
-    confirmFiles(m_staging.path());
-    // In one step, and only over a folder that is empty still.
-    if (::rename(QFile::encodeName(m_staging.path()).constData(), QFile::encodeName(m_place).constData()) != 0)
-        throw Refused(QStringLiteral("Ο φάκελος %1 δεν παίρνει τη θέση του. %2").arg(m_place, qt_error_string(errno)));
-    m_staging.setAutoRemove(false);
-    syncFolder(QFileInfo(m_place).path());
+    try {
+        confirmFiles(m_work);
+        // In one step, and only over a folder that is empty still.
+        m_parent.rename(
+            QFileInfo(m_work.path()).fileName(), m_parent, QFileInfo(m_place).fileName(), Folder::Taken::Replace);
+    } catch (const FileError& error) {
+        throw Refused(QStringLiteral("Ο φάκελος %1 δεν παίρνει τη θέση του. %2").arg(m_place, error.reason()));
+    }
+    m_kept = true;
+    m_parent.confirm();
 }
 
 } // namespace lorvan

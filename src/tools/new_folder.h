@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/folder.h"
+
 #include <QString>
-#include <QTemporaryDir>
 
 namespace lorvan {
 
@@ -17,15 +18,17 @@ public:
     NewFolder(const NewFolder&) = delete;
     NewFolder& operator=(const NewFolder&) = delete;
 
-    [[nodiscard]] QString filePath(const QString& name) const { return m_staging.filePath(name); }
+    [[nodiscard]] QString filePath(const QString& name) const { return m_work.pathOf(name); }
 
-    /// Has the disk confirm all files and moves the folder into its place. Throws Refused.
+    /// Has the disk confirm all files and moves the folder into its place. Throws Refused; it is then not there. A name
+    /// that the disk does not confirm is noted with noteUnconfirmed().
     void keep();
 
 private:
     QString m_place;
-    QTemporaryDir m_staging;
-    int m_lock; ///< Held on the folder: it is in use.
+    Folder m_parent;
+    Folder m_work;
+    bool m_kept = false;
 };
 
 } // namespace lorvan

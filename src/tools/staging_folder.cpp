@@ -1,107 +1,90 @@
 #include "tools/staging_folder.h"
 
+#include "platform/file_error.h"
 #include "tools/refused.h"
+#include "tools/work_folder.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QSysInfo>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace lorvan {
 namespace {
 
 constexpr qint64 saltLength = 16; // the first bytes of an encrypted file, which no two files share
 
-/// The folder's name without the part that differs from one to the next.
+const QString noteName = QStringLiteral("moving");
+
 QString namePrefix()
 {
-    return QStringLiteral(".lorvan-%1-").arg(QSysInfo::machineHostName());
+    return workFolderPrefix(QStringLiteral(".lorvan-"));
 }
 
-QString notePath(const BookFiles& staged)
+QString nameOf(const QString& path)
 {
-    return staged.dataFolder() + QStringLiteral("/moving");
+    return QFileInfo(path).fileName();
 }
 
-QByteArray beginningOf(const QString& path)
+QByteArray beginningOf(const Folder& folder, const QString& name)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.read(saltLength) : QByteArray();
-}
-
-/// A file descriptor that holds the lock; -1 when it cannot be had.
-int lockFolder(const QString& folder)
-{
-    const int descriptor = open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor == -1 || flock(descriptor, LOCK_EX | LOCK_NB) == 0)
-        return descriptor;
-    close(descriptor);
-    return -1;
+    return folder.isFile(name) ? folder.open(name, Folder::Opening::Read).read(saltLength) : QByteArray();
 }
 
 /// True where the auxiliary database came out of the staging folder and the main one, which follows last, did not.
-bool wasKilledWhileMoving(const BookFiles& staged, const BookFiles& target)
+bool wasKilledWhileMoving(const Folder& staged, const Folder& target, const BookFiles& files)
 {
-    const QByteArray note = beginningOf(notePath(staged));
-    return note.size() == saltLength && BookFiles::exists(staged.mainDatabase())
-        && !BookFiles::exists(staged.auxiliaryDatabase()) && !QFileInfo::exists(target.mainDatabase())
-        && beginningOf(target.auxiliaryDatabase()) == note;
+    const QByteArray note = beginningOf(staged, noteName);
+    const QString main = nameOf(files.mainDatabase());
+    const QString auxiliary = nameOf(files.auxiliaryDatabase());
+    return note.size() == saltLength && staged.isFile(main) && !staged.exists(auxiliary) && !target.exists(main)
+        && beginningOf(target, auxiliary) == note;
 }
 
-void takeBackMove(const BookFiles& staged, const BookFiles& target)
+void takeBackMove(const Folder& staged, const Folder& target, const BookFiles& files)
 {
-    if (!BookFiles::exists(staged.usageMarker()))
-        QFile::remove(target.usageMarker());
-    QFile::remove(target.auxiliaryDatabase());
+    const QString marker = nameOf(files.usageMarker());
+    if (!staged.exists(marker))
+        target.remove(marker);
+    target.remove(nameOf(files.auxiliaryDatabase()));
+    target.sync();
 }
 
 } // namespace
 
 StagingFolder::StagingFolder(const QString& dataFolder)
-    : m_folder(dataFolder + u'/' + namePrefix() + QStringLiteral("XXXXXX"))
-{
-    if (!m_folder.isValid())
-        throw Refused(
-            QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(dataFolder, m_folder.errorString()));
-    m_lock = lockFolder(m_folder.path());
+try : m_dataFolder(dataFolder), m_folder(m_dataFolder.makeWorkFolder(namePrefix())) {
+    (void)isLocked(m_folder);
+} catch (const FileError& error) {
+    throw Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(dataFolder, error.reason()));
 }
 
 StagingFolder::~StagingFolder()
 {
-    m_folder.remove();
-    if (m_lock != -1)
-        close(m_lock);
+    removeWorkFolder(m_dataFolder, m_folder);
 }
 
 void StagingFolder::noteMove() const
 {
-    const QByteArray salt = beginningOf(files().auxiliaryDatabase());
-    QFile note(notePath(files()));
-    if (!note.open(QIODevice::WriteOnly) || note.write(salt) != salt.size() || !note.flush())
-        throw Refused(
-            QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(m_folder.path(), note.errorString()));
+    try {
+        for (const QString& name : m_folder.names())
+            m_folder.open(name, Folder::Opening::Write).sync();
+        File note = m_folder.open(noteName, Folder::Opening::MakeNew, FileAccess::Owner);
+        note.write(beginningOf(m_folder, nameOf(files().auxiliaryDatabase())));
+        note.sync();
+        m_folder.sync();
+        m_dataFolder.sync();
+    } catch (const FileError& error) {
+        throw Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(m_folder.path(), error.reason()));
+    }
 }
 
 void removeStagingRemainders(const BookFiles& files)
 {
-    const QDir folder(files.dataFolder());
-    const QStringList names =
-        folder.entryList({namePrefix() + QStringLiteral("??????")}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
-    for (const QString& name : names) {
-        const QString path = folder.filePath(name);
-        const int lock = lockFolder(path);
-        if (lock == -1)
-            continue;
-        const BookFiles staged(path);
-        if (wasKilledWhileMoving(staged, files))
-            takeBackMove(staged, files);
-        QDir(path).removeRecursively();
-        close(lock);
-    }
+    if (!QFileInfo(files.dataFolder()).isDir())
+        return;
+    const Folder target(files.dataFolder());
+    removeWorkFolders(target, namePrefix(), [&](const Folder& staged) {
+        if (wasKilledWhileMoving(staged, target, files))
+            takeBackMove(staged, target, files);
+    });
 }
 
 } // namespace lorvan

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "app/book_files.h"
-
-#include <QTemporaryDir>
+#include "platform/folder.h"
 
 namespace lorvan {
 
@@ -17,19 +16,22 @@ public:
     StagingFolder& operator=(const StagingFolder&) = delete;
 
     [[nodiscard]] BookFiles files() const { return BookFiles(m_folder.path()); }
+    [[nodiscard]] const Folder& folder() const { return m_folder; }
+    [[nodiscard]] const Folder& dataFolder() const { return m_dataFolder; }
 
     /// To be called before the first file is moved into the data folder: notes what tells the staged book from others,
-    /// so that the move can be taken back when the process is killed in its midst. Throws Refused.
+    /// so that the move can be taken back when the process is killed in its midst. The disk has then confirmed the
+    /// staged files and the note. Throws Refused.
     void noteMove() const;
 
 private:
-    QTemporaryDir m_folder;
-    int m_lock = -1;
+    Folder m_dataFolder;
+    Folder m_folder;
 };
 
 /// Removes the staging folders that killed processes of this computer left in a data folder, and the files which such a
 /// process had moved out already without reaching the main database, the last. What is in use, or not certainly such a
-/// remainder, stays.
+/// remainder, stays. Throws FileError.
 void removeStagingRemainders(const BookFiles& files);
 
 } // namespace lorvan

@@ -2,8 +2,11 @@
 
 #include "app/book.h"
 #include "app/failure_text.h"
+#include "platform/confirmation.h"
+#include "platform/sql_error.h"
 #include "tools/claimed_marker.h"
 #include "tools/refused.h"
+#include "tools/screen_filter.h"
 
 #include <algorithm>
 #include <vector>
@@ -29,7 +32,8 @@ void printOverview(std::ostream& out)
     for (const Command& command : commands())
         out << "  " << usageLine(command).toStdString() << "\n      " << command.summary.toStdString() << '\n';
     out << "\nlorvan-data ΕΝΤΟΛΗ --help: περισσότερα για μια εντολή.\n"
-           "Κωδικός εξόδου: 0 έγινε, 1 έγινε και βρέθηκαν λάθη, 2 δεν έγινε και δεν άλλαξε τίποτα.\n";
+           "Κωδικός εξόδου: 0 έγινε, 1 έγινε και βρέθηκαν λάθη, ή ο δίσκος δεν\n"
+           "το επιβεβαίωσε, 2 δεν έγινε και δεν άλλαξε τίποτα.\n";
 }
 
 void printHelp(const Command& command, std::ostream& out)
@@ -63,25 +67,37 @@ ExitStatus runCommand(const Command& command, const QStringList& words, const To
         complain(context,
             QStringLiteral("Υπάρχει ήδη το αρχείο %1. Ένα βιβλίο που υπάρχει δεν αντικαθίσταται.")
                 .arg(QString::fromUtf8(existing.what())));
+    } catch (const CommitUnknown& failure) {
+        complain(context, failureText(failure));
+        return ExitStatus::Found; // it may have been done
     } catch (const std::exception& failure) {
         complain(context, failureText(failure));
     }
     return ExitStatus::Failed;
 }
 
+/// A marker that stayed in use is told. What was done stands on a disk that may still lose it: that is told, and is not
+/// status 0.
 ExitStatus endingOf(ExitStatus status, const ToolContext& context)
 {
     if (takeMarkerLeftInUse())
         complain(context,
             QStringLiteral("Το αρχείο χρήσης lorvan.dat δεν γράφτηκε και το βιβλίο έμεινε κλειδωμένο. Το ξεκλειδώνει ο"
                            " διαχειριστής από το πρόγραμμα."));
-    return status;
+    if (!takeUnconfirmed() || status == ExitStatus::Failed)
+        return status;
+    complain(context,
+        QStringLiteral("Έγινε, αλλά ο δίσκος δεν επιβεβαίωσε ότι το έγραψε. Μια διακοπή ρεύματος μπορεί να το"
+                       " αναιρέσει: ελέγξτε τον δίσκο και το αποτέλεσμα."));
+    return ExitStatus::Found;
 }
 
 } // namespace
 
 ExitStatus runTool(const QStringList& commandLine, const ToolContext& context)
 {
+    const ScreenFilter out(context.out);
+    const ScreenFilter errors(context.errors);
     const QString name = commandLine.value(0);
     const auto found =
         std::find_if(commands().begin(), commands().end(), [&](const Command& each) { return each.name == name; });

@@ -57,6 +57,9 @@ TEST(CsvReader, dividesRowsAndTellsTheLineOfEach)
     for (const auto& [content, rows] : cases)
         EXPECT_EQ(read(content), rows) << content.toStdString();
     EXPECT_EQ(read("a\n\"" + QByteArray(3 * CsvReader::longestField, 'x') + "\"\n2\n"), "1:a 2! ");
+    EXPECT_EQ(read("a\n" + QByteArray(5'000'000, ',') + "\n2\n"), "1:a 2! 3:2 ");
+    const QByteArray wide = QByteArray(CsvReader::longestField / 2, 'x') + ',';
+    EXPECT_EQ(read("a\n" + wide.repeated(40) + "\n2\n"), "1:a 2! 3:2 ");
 }
 
 TEST(CsvValues, areExactBothWaysAndRefuseWhatCouldMeanTwoThings)

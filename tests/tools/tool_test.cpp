@@ -1,4 +1,5 @@
 #include "app/path_file.h"
+#include "platform/file_calls.h"
 #include "platform/windows1253.h"
 #include "support/temporary_book.h"
 #include "tools/tool_run.h"
@@ -9,6 +10,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <cerrno>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -142,6 +145,42 @@ TEST(PathCommand, putsTheFolderInFrontOfColourAndHeading)
     EXPECT_EQ(settings.backgroundColour, 12632256);
     EXPECT_EQ(settings.heading, QStringLiteral("Υποκατάστημα, Β"));
     EXPECT_EQ(contentOf(program.path()).size(), 1u);
+}
+
+TEST(Tool, noNameSteersTheTerminal)
+{
+    const ToolRun run = runTool(QDate(2024, 3, 20), QStringLiteral("check|/tmp/no\x1b[2J\u009b\u202e\x07\x7f\rx"));
+    EXPECT_EQ(run.status, ExitStatus::Failed);
+    for (const char* const each : {"\x1b", "\u009b", "\u202e", "\x07", "\x7f", "\r"})
+        EXPECT_EQ(run.errors.find(each), std::string::npos) << run.errors;
+    EXPECT_NE(run.errors.find("no\\x1b[2J\\x9b\\u{202e}\\x07\\x7f\\x0dx"), std::string::npos) << run.errors;
+}
+
+TEST(Tool, whatTheDiskDoesNotConfirmIsDoneAndToldAndNotStatusZero)
+{
+    class NoSyncAfterARename : public FileCalls {
+        int renameAt(int from, const char* name, int to, const char* newName, unsigned flags) override
+        {
+            m_failing = true;
+            return FileCalls::renameAt(from, name, to, newName, flags);
+        }
+        int sync(int descriptor) override
+        {
+            errno = EIO;
+            return m_failing ? -1 : FileCalls::sync(descriptor);
+        }
+        bool m_failing = false;
+    };
+    const TemporaryBook book;
+    const QTemporaryDir place;
+    NoSyncAfterARename failing;
+    FileCalls::replace(&failing);
+    const ToolRun run = runTool(
+        QDate(2024, 3, 20), QStringLiteral("export|%1|%2").arg(book.folder(), place.filePath(QStringLiteral("out"))));
+    FileCalls::replace(nullptr);
+    EXPECT_EQ(run.status, ExitStatus::Found);
+    EXPECT_NE(run.errors.find("δεν επιβεβαίωσε"), std::string::npos) << run.errors;
+    EXPECT_TRUE(QFile::exists(place.filePath(QStringLiteral("out/kinhseis.csv"))));
 }
 
 } // namespace lorvan::test

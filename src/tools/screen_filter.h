@@ -1,0 +1,33 @@
+#pragma once
+
+#include <ostream>
+#include <streambuf>
+#include <string>
+
+namespace lorvan {
+
+/// Stands before a stream that may end on a terminal: names of files and what a book holds must not steer it. Control
+/// characters come out as printable() shows them, but for line ends, tabs and what a progress bar needs: a carriage
+/// return, and the erasing of a line behind it.
+class ScreenFilter : public std::streambuf {
+public:
+    /// Takes the stream's place until the object goes.
+    explicit ScreenFilter(std::ostream& stream);
+    ~ScreenFilter() override;
+    ScreenFilter(const ScreenFilter&) = delete;
+    ScreenFilter& operator=(const ScreenFilter&) = delete;
+
+protected:
+    int_type overflow(int_type byte) override;
+    std::streamsize xsputn(const char* bytes, std::streamsize size) override;
+    int sync() override;
+
+private:
+    void pass();
+
+    std::ostream& m_stream;
+    std::streambuf* m_target;
+    std::string m_waiting; ///< Until a line ends or the stream is flushed.
+};
+
+} // namespace lorvan
