@@ -33,7 +33,7 @@ Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker,
     Book book(files, keys, mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
     upgradeIfNeeded(book, marker, askOpeningBalance); // only now: a book that cannot be opened is not changed
     if (!book.main().isReadOnly())
-        ensureMainIndexes(book.main());
+        ensureMainSchema(book.main());
     if (!book.auxiliary().isReadOnly())
         ensureAuxiliaryIndexes(book.auxiliary());
     return book;

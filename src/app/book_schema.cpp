@@ -46,6 +46,18 @@ CREATE TABLE omades (
 CREATE TABLE taytothta (ariumos INTEGER);
 )";
 
+/// What was imported from files: see csv_import.h.
+constexpr auto ownTables = R"(
+CREATE TABLE IF NOT EXISTS taken_imports (
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
+    digest TEXT,
+    at INTEGER,
+    groups INTEGER,
+    codes INTEGER,
+    movements INTEGER
+);
+)";
+
 constexpr auto auxiliaryTables = R"(
 CREATE TABLE klhsimotameioy (
     aa INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -139,12 +151,20 @@ void createTables(Connection& connection, std::string_view tables, const std::ve
         createIndex(connection, index);
 }
 
+bool hasTable(Connection& connection, const QString& name)
+{
+    return connection.prepare("SELECT 1 FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE")
+        .bind(name)
+        .step();
+}
+
 } // namespace
 
 void createMainSchema(Connection& connection)
 {
     Transaction transaction(connection);
     createTables(connection, mainTables, mainIndexes());
+    connection.execute(ownTables);
     connection.prepare("INSERT INTO taytothta (ariumos) VALUES (?)").bind(currentSchemaVersion).run();
     transaction.commit();
 }
@@ -156,8 +176,13 @@ void createAuxiliarySchema(Connection& connection)
     transaction.commit();
 }
 
-void ensureMainIndexes(Connection& connection)
+void ensureMainSchema(Connection& connection)
 {
+    if (!hasTable(connection, QStringLiteral("taken_imports"))) {
+        Transaction transaction(connection);
+        connection.execute(ownTables);
+        transaction.commit();
+    }
     ensureIndexes(connection, mainIndexes());
 }
 

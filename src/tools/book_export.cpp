@@ -126,15 +126,19 @@ public:
         , m_passwords(passwords)
         , m_progress(progress)
     {
-        for (const BookTable& table : bookTables())
+        for (const BookTable& table : bookTables()) {
+            if (!isThere(table))
+                continue;
+            m_tables.push_back(&table);
             m_rows += countRows(databaseOf(table), table);
+        }
         m_rows += countRows(m_main, bookTables().front());
     }
 
     void run()
     {
-        for (const BookTable& table : bookTables())
-            writeTable(table);
+        for (const BookTable* table : m_tables)
+            writeTable(*table);
         writeWorkbook();
     }
 
@@ -142,6 +146,14 @@ private:
     [[nodiscard]] Connection& databaseOf(const BookTable& table)
     {
         return table.database == BookTable::Database::Main ? m_main : m_auxiliary;
+    }
+    /// This program's own tables may be missing in a book made elsewhere.
+    [[nodiscard]] bool isThere(const BookTable& table)
+    {
+        return databaseOf(table)
+            .prepare("SELECT 1 FROM sqlite_master WHERE name=? OR ?1<>'taken_imports'")
+            .bind(QString::fromLatin1(table.name))
+            .step();
     }
     [[nodiscard]] std::vector<BookColumn> columnsOf(const BookTable& table) const;
     void writeTable(const BookTable& table);
@@ -157,6 +169,7 @@ private:
     const NewFolder& m_folder;
     Passwords m_passwords;
     const StepProgress& m_progress;
+    std::vector<const BookTable*> m_tables;
     qint64 m_rows = 0;
     qint64 m_done = 0;
 };

@@ -3,10 +3,12 @@
 #include "cashbook/movement_batch.h"
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
+#include "platform/clock.h"
 #include "platform/connection.h"
 #include "platform/date_text.h"
 #include "platform/transaction.h"
 #include "tools/csv_table.h"
+#include "tools/import_digest.h"
 #include "tools/refused.h"
 
 #include <QFileInfo>
@@ -35,14 +37,15 @@ public:
     Import(Connection& book, const QString& folder, ClosedDays closedDays, const StepProgress& progress);
 
     [[nodiscard]] CsvImportOutcome run();
+    [[nodiscard]] QString digest() const { return m_digest.text(); } ///< Of all that run() has read.
 
 private:
     using TakeRow = void (Import::*)(const CsvTable& row);
 
     void noteWhatIsThere();
     void readFile(const char* name, const std::vector<CsvColumn>& columns, TakeRow take);
-    void readRows(CsvTable& table, TakeRow take);
-    [[nodiscard]] bool takeNext(CsvTable& table, TakeRow take);
+    void readRows(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take);
+    [[nodiscard]] bool takeNext(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take);
     void noteBad(qint64 line, const QString& reason);
     void report(qint64 done) const;
 
@@ -68,6 +71,7 @@ private:
     std::set<QString> m_groupNamesBefore;
     std::set<QString> m_codeNamesBefore;
     std::set<qint32> m_badCodes; ///< Movements under them are not blamed as well.
+    ImportDigest m_digest;
     QString m_file;
     bool m_fileIsLost = false;
     qint64 m_bytesBefore = 0;
@@ -117,7 +121,7 @@ void Import::readFile(const char* name, const std::vector<CsvColumn>& columns, T
     CsvTable table(pathOf(name));
     try {
         table.readTitles(columns);
-        readRows(table, take);
+        readRows(table, columns, take);
     } catch (const BadRow& bad) {
         noteBad(std::max<qint64>(table.line(), 1), QString::fromUtf8(bad.what()));
         m_fileIsLost = true;
@@ -125,19 +129,21 @@ void Import::readFile(const char* name, const std::vector<CsvColumn>& columns, T
     m_bytesBefore += table.bytesRead();
 }
 
-void Import::readRows(CsvTable& table, TakeRow take)
+void Import::readRows(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take)
 {
-    for (qint64 row = 0; takeNext(table, take); ++row) {
+    for (qint64 row = 0; takeNext(table, columns, take); ++row) {
         if (row % rowsBetweenReports == 0)
             report(m_bytesBefore + table.bytesRead());
     }
 }
 
-bool Import::takeNext(CsvTable& table, TakeRow take)
+bool Import::takeNext(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take)
 {
     try {
         if (!table.next())
             return false;
+        if (m_file != QLatin1String(import_files::counters))
+            m_digest.add(m_file, table, columns);
         (this->*take)(table);
     } catch (const BadRow& bad) {
         if (bad.reach() == BadRow::Reach::File)
@@ -331,15 +337,47 @@ void refuseWithoutFiles(const QString& folder)
                       .arg(folder));
 }
 
+bool addsSomething(const CsvImportOutcome& outcome)
+{
+    return outcome.groups.added + outcome.codes.added + outcome.movements > 0;
+}
+
+void refuseTaken(Connection& book, const QString& digest)
+{
+    auto taken = book.prepare("SELECT at FROM taken_imports WHERE digest=? ORDER BY id");
+    taken.bind(digest);
+    if (!taken.step())
+        return;
+    const QDateTime at = QDateTime::fromMSecsSinceEpoch(taken.integer(0));
+    throw Refused(QStringLiteral("Το ίδιο περιεχόμενο έχει ήδη εισαχθεί στις %1. Με --again εισάγεται και δεύτερη φορά."
+                                 " Δεν προστέθηκε τίποτα.")
+                      .arg(at.toString(QStringLiteral("dd-MM-yyyy HH:mm"))));
+}
+
+void remember(Connection& book, const QString& digest, const CsvImportOutcome& outcome, const Clock& clock)
+{
+    book.prepare("INSERT INTO taken_imports (digest, at, groups, codes, movements) VALUES (?,?,?,?,?)")
+        .bind(digest, clock.now().toMSecsSinceEpoch(), outcome.groups.added, outcome.codes.added, outcome.movements)
+        .run();
+}
+
 } // namespace
 
-CsvImportOutcome importCsv(Connection& book, const QString& folder, ClosedDays closedDays, const StepProgress& progress)
+CsvImportOutcome importCsv(
+    Connection& book, const QString& folder, ImportChoices choices, const Clock& clock, const StepProgress& progress)
 {
     refuseWithoutFiles(folder);
     Transaction writing(book);
-    CsvImportOutcome outcome = Import(book, folder, closedDays, progress).run();
-    if (outcome.badLineCount == 0)
-        writing.commit();
+    Import import(book, folder, choices.closedDays, progress);
+    CsvImportOutcome outcome = import.run();
+    if (outcome.badLineCount != 0)
+        return outcome;
+    if (addsSomething(outcome)) {
+        if (choices.takenBefore == TakenBefore::Refuse)
+            refuseTaken(book, import.digest());
+        remember(book, import.digest(), outcome, clock);
+    }
+    writing.commit();
     return outcome;
 }
 

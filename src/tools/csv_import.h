@@ -8,6 +8,7 @@
 
 namespace lorvan {
 
+class Clock;
 class Connection;
 
 /// What an import takes and what it leaves, by file.
@@ -21,6 +22,14 @@ inline constexpr auto counters = "sqlite_sequence.csv";
 enum class ClosedDays {
     Refuse, ///< As typed by a user who may not change closed days.
     Accept
+};
+
+/// What becomes of rows that were imported once, as the digest in the book's table `taken_imports` tells.
+enum class TakenBefore { Refuse, Accept };
+
+struct ImportChoices {
+    ClosedDays closedDays = ClosedDays::Refuse;
+    TakenBefore takenBefore = TakenBefore::Refuse;
 };
 
 struct BadLine {
@@ -51,9 +60,10 @@ struct CsvImportOutcome {
 /// Groups and codes keep their numbers; one that is taken by something else is a bad line. Movements are added as if
 /// typed, in the order of the file within each day, under any code that the book or the file holds, with the group of
 /// that code.
-/// Throws Refused when no file is there or one cannot be read, SqlError, and CurrencyOverflow when a balance leaves its
-/// range; the book is then as it was.
-[[nodiscard]] CsvImportOutcome importCsv(
-    Connection& book, const QString& folder, ClosedDays closedDays, const StepProgress& progress = {});
+/// The book remembers what it took, unless that was nothing new.
+/// Throws Refused when no file is there or one cannot be read, or when all of it was taken before, SqlError, and
+/// CurrencyOverflow when a balance leaves its range; the book is then as it was.
+[[nodiscard]] CsvImportOutcome importCsv(Connection& book, const QString& folder, ImportChoices choices,
+    const Clock& clock, const StepProgress& progress = {});
 
 } // namespace lorvan

@@ -77,6 +77,15 @@ bool CsvTable::next()
     return true;
 }
 
+std::optional<QByteArray> CsvTable::field(const QByteArray& column) const
+{
+    const auto place = m_places.find(column);
+    if (place == m_places.end())
+        return std::nullopt;
+    const CsvField& found = m_row.fields[place->second];
+    return found.bytes.isEmpty() && !found.isQuoted ? std::nullopt : std::optional(found.bytes);
+}
+
 QByteArray CsvTable::bytes(const QByteArray& column) const
 {
     const auto place = m_places.find(column);

@@ -55,6 +55,8 @@ public:
     [[nodiscard]] qint64 bytesRead() const { return m_reader.bytesRead(); }
     [[nodiscard]] qint64 size() const { return m_file.size(); }
 
+    /// The field without its quotes; nothing where the column is missing or the field empty without quotes.
+    [[nodiscard]] std::optional<QByteArray> field(const QByteArray& column) const;
     [[nodiscard]] bool has(const QByteArray& column) const { return m_places.contains(column); }
     /// Empty for a field that is empty without quotes.
     [[nodiscard]] std::optional<QString> text(const QByteArray& column) const;

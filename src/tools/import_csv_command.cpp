@@ -31,17 +31,16 @@ void printDone(const CsvImportOutcome& outcome, std::ostream& out)
     printRows("Κωδικοί", outcome.codes, out);
     out << "Κινήσεις: προστέθηκαν " << outcome.movements << '\n';
     if (outcome.repeatedMovements > 0)
-        out << "Προσοχή: το βιβλίο είχε ήδη ίδιες κινήσεις με " << outcome.repeatedMovements
-            << " από αυτές. Ένα αρχείο που εισάγεται δύο φορές γράφεται δύο φορές.\n";
+        out << "Προσοχή: το βιβλίο είχε ήδη ίδιες κινήσεις με " << outcome.repeatedMovements << " από αυτές.\n";
 }
 
-CsvImportOutcome import(OpenedBook& book, const QString& folder, ClosedDays closedDays, const ToolContext& context)
+CsvImportOutcome import(OpenedBook& book, const QString& folder, ImportChoices choices, const ToolContext& context)
 {
     if (book.connection().isReadOnly())
         throw Refused(QStringLiteral("Το βιβλίο είναι μόνο για ανάγνωση. Δεν έγινε τίποτα."));
-    ensureMainIndexes(book.connection());
+    ensureMainSchema(book.connection());
     ProgressBar bar(context, QStringLiteral("Εισαγωγή"));
-    return importCsv(book.connection(), folder, closedDays, [&bar](qint64 done, qint64 whole) {
+    return importCsv(book.connection(), folder, choices, context.clock, [&bar](qint64 done, qint64 whole) {
         Interruption::check();
         bar.show(done, whole);
     });
@@ -49,8 +48,11 @@ CsvImportOutcome import(OpenedBook& book, const QString& folder, ClosedDays clos
 
 ExitStatus importCsvFiles(Arguments& arguments, const ToolContext& context)
 {
-    const ClosedDays closedDays =
-        arguments.takeFlag(QStringLiteral("--closed-days")) ? ClosedDays::Accept : ClosedDays::Refuse;
+    ImportChoices choices;
+    if (arguments.takeFlag(QStringLiteral("--closed-days")))
+        choices.closedDays = ClosedDays::Accept;
+    if (arguments.takeFlag(QStringLiteral("--again")))
+        choices.takenBefore = TakenBefore::Accept;
     const QString bookFolder = arguments.takeBookFolder();
     const QString folder = arguments.takeWord(QStringLiteral("ο φάκελος με τα αρχεία CSV"));
     arguments.finish();
@@ -58,7 +60,7 @@ ExitStatus importCsvFiles(Arguments& arguments, const ToolContext& context)
     readyBook(BookFiles(bookFolder));
     const ClaimedMarker marker{BookFiles(bookFolder)};
     OpenedBook book(bookFolder, Connection::Access::ReadWrite);
-    const CsvImportOutcome outcome = import(book, folder, closedDays, context);
+    const CsvImportOutcome outcome = import(book, folder, choices, context);
     if (outcome.badLineCount == 0) {
         printDone(outcome, context.out);
         return ExitStatus::Done;
@@ -71,14 +73,15 @@ ExitStatus importCsvFiles(Arguments& arguments, const ToolContext& context)
 
 Command importCsvCommand()
 {
-    return {QStringLiteral("import-csv"), QStringLiteral("ΦΑΚΕΛΟΣ ΦΑΚΕΛΟΣ_CSV [--closed-days]"),
+    return {QStringLiteral("import-csv"), QStringLiteral("ΦΑΚΕΛΟΣ ΦΑΚΕΛΟΣ_CSV [--closed-days] [--again]"),
         QStringLiteral("Προσθέτει ομάδες, κωδικούς και κινήσεις από αρχεία CSV."),
         QStringLiteral(
-            "\n  --closed-days   δέχεται και κινήσεις σε ημέρες που έχουν κλείσει\n\n"
+            "\n  --closed-days   δέχεται και κινήσεις σε ημέρες που έχουν κλείσει\n"
+            "  --again         εισάγει και δεύτερη φορά ό,τι το βιβλίο θυμάται ότι έχει πάρει\n\n"
             "Διαβάζει από τον ΦΑΚΕΛΟ_CSV όσα υπάρχουν από τα omades.csv, kvdikoi.csv και kinhseis.csv, όπως τα\n"
             "γράφει η εντολή export. Οι κινήσεις μπαίνουν σαν να πληκτρολογήθηκαν: αλλάζουν και τα υπόλοιπα των\n"
             "επόμενων ημερών. Αν έστω και μία γραμμή έχει λάθος, δεν προστέθηκε τίποτα και οι γραμμές με λάθη\n"
-            "αναφέρονται μία προς μία. Ένα αρχείο που εισάγεται δύο φορές γράφεται δύο φορές.\n"
+            "αναφέρονται μία προς μία. Το βιβλίο θυμάται τι πήρε: το ίδιο περιεχόμενο δεν μπαίνει δεύτερη φορά.\n"
             "Το βιβλίο δεν πρέπει να χρησιμοποιείται από το πρόγραμμα.\n"),
         importCsvFiles};
 }

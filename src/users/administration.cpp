@@ -50,6 +50,8 @@ CopiedBook deleteAllData(const BookFiles& files, KeyRing& keys, const QDateTime&
     BookCopy copy(book, files, keys, now);
     book.execute("DELETE FROM main.kinhseis; DELETE FROM main.kvdikoi; DELETE FROM main.omades;"
                  "DELETE FROM main.tameio; DELETE FROM auxiliary.klhsimotameioy");
+    if (book.prepare("SELECT 1 FROM main.sqlite_master WHERE type='table' AND name='taken_imports'").step())
+        book.execute("DELETE FROM main.taken_imports");
     copy.keep(); // should the commit fail halfway, the copy may be needed
     transaction.commit();
     return {copy.mainDatabase(), copy.auxiliaryDatabase()};

@@ -66,7 +66,7 @@ TEST(BookSchema, aForeignBookGetsTheIndexesItLacksAndKeepsItsOwn)
         "CREATE INDEX mine ON Tameio(Hmeromhnia);"
         "CREATE INDEX \"my \"\"own\"\"\" ON KINHSEIS(HMEROMHNIA, aa)");
     Connection main = book.openMain();
-    ensureMainIndexes(main);
+    ensureMainSchema(main);
     for (const char* query : indexedQueries)
         EXPECT_TRUE(usesIndex(main, query)) << query;
     EXPECT_EQ(valueOf(main, "SELECT count(*) FROM sqlite_master WHERE type='index' AND tbl_name LIKE 'kinhseis'"),
@@ -77,7 +77,7 @@ TEST(BookSchema, aForeignBookGetsTheIndexesItLacksAndKeepsItsOwn)
     Connection writer = book.openMain();
     const Transaction busy(writer);
     main.setBusyTimeout(std::chrono::milliseconds(0));
-    EXPECT_NO_THROW(ensureMainIndexes(main)) << "a complete book is only looked at";
+    EXPECT_NO_THROW(ensureMainSchema(main)) << "a complete book is only looked at";
 }
 
 TEST(BookSchema, aBookIsNeverMadeOverAnother)

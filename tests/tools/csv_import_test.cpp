@@ -51,7 +51,8 @@ QString contentOfTables(const TemporaryBook& book)
             "group_concat(quote(aa)||quote(kvdikos)||quote(perigrafh)||quote(omada)||quote(aa_omadas)||quote(lista)"
             "||quote(esodo)||quote(energos)) FROM (SELECT * FROM kvdikoi ORDER BY aa)",
             "SELECT group_concat(quote(aa)||quote(sxolia)||quote(perigrafh)) FROM (SELECT * FROM omades ORDER BY aa)",
-            "SELECT group_concat(name||seq) FROM (SELECT * FROM sqlite_sequence WHERE name<>'tameio' ORDER BY name)"})
+            "SELECT group_concat(name||seq) FROM (SELECT * FROM sqlite_sequence WHERE name NOT IN ('tameio', "
+            "'taken_imports') ORDER BY name)"})
         all += valueOf(main, sql) + u'\n';
     return all;
 }
@@ -97,8 +98,10 @@ TEST_F(CsvImportTest, givesAnEmptyBookWhatWasExported)
     ASSERT_EQ(imported.status, ExitStatus::Done) << imported.errors;
     EXPECT_TRUE(contentOfTables(other) == contentOfTables(book)); // too long to be printed
 
-    // Once more: codes and groups are there, movements are booked again, and that is said.
-    const ToolRun again = importFrom(other.folder(), in);
+    // Once more: codes and groups are there, movements are booked again where that is asked for, and that is said.
+    EXPECT_EQ(importFrom(other.folder(), in).status, ExitStatus::Failed);
+    EXPECT_TRUE(contentOfTables(other) == contentOfTables(book));
+    const ToolRun again = importFrom(other.folder(), in, QStringLiteral("|--again"));
     EXPECT_NE(again.out.find("ίδιες κινήσεις με 5"), std::string::npos) << again.out;
     Connection main = other.openMain();
     EXPECT_EQ(
@@ -193,6 +196,24 @@ TEST_F(CsvImportTest, namesEveryBadLineAndStoresNothing)
     EXPECT_NE(importFrom(book.folder(), in).errors.find("κανένα από τα αρχεία"), std::string::npos);
     write(in, QStringLiteral("kinhseis.csv"), QByteArray(titles) + "100,2024-03-14,α,1.00,,,\n");
     EXPECT_EQ(importFrom(book.folder(), in, QStringLiteral("|--closed-days")).status, ExitStatus::Done);
+}
+
+TEST_F(CsvImportTest, remembersWhatItTookInWhateverForm)
+{
+    const auto take = [&](const QByteArray& movements, const QString& options = {}) {
+        write(in, QStringLiteral("kinhseis.csv"), movements);
+        return importFrom(book.folder(), in, options);
+    };
+    const QByteArray names = "kvdikos,hmeromhnia,perigrafh,esoda,ejoda\n";
+    ASSERT_EQ(take(names + "100,2024-03-15,α,1.00,\n").status, ExitStatus::Done);
+    const ToolRun refused = take("perigrafh;kvdikos;\"hmeromhnia\";ejoda;esoda;epitagh\r\nα;100;2024-03-15;;1.00;\r\n");
+    EXPECT_EQ(refused.status, ExitStatus::Failed);
+    EXPECT_NE(refused.errors.find("έχει ήδη εισαχθεί στις 20-03-2024 12:00"), std::string::npos) << refused.errors;
+    EXPECT_EQ(take(names + "100,2024-03-15,α,1.01,\n").status, ExitStatus::Done) << "other content";
+    EXPECT_EQ(take(names + "100,2024-03-15,α,1.00,\n", QStringLiteral("|--again")).status, ExitStatus::Done);
+    Connection main = book.openMain();
+    EXPECT_EQ(valueOf(main, "SELECT group_concat(movements) FROM taken_imports"), QStringLiteral("1,1,1"));
+    EXPECT_EQ(valueOf(main, "SELECT count(DISTINCT digest) FROM taken_imports"), QStringLiteral("2"));
 }
 
 TEST_F(CsvImportTest, listsFiftyBadLinesAndBlamesABadCodeOnce)

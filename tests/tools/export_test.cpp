@@ -71,7 +71,7 @@ TEST_F(ExportTest, writesEveryTableInPlainFormsAndPasswordsOnlyWhenAsked)
     EXPECT_EQ(entriesOf(place.path()), QStringList(QStringLiteral("έξοδος")));
     EXPECT_EQ(entriesOf(out).join(u' '),
         QStringLiteral("codes.csv kinhseis.csv kinhseis.xlsx klhsimotameioy.csv kvdikoi.csv omades.csv"
-                       " sqlite_sequence.csv tameio.csv taytothta.csv"));
+                       " sqlite_sequence.csv taken_imports.csv tameio.csv taytothta.csv"));
     const auto file = [this](const char* name) { return contentOfFile(out + u'/' + QString::fromLatin1(name)); };
     EXPECT_EQ(file("kinhseis.csv").split('\n').at(1).left(41 + 9),
         QByteArray("1,100,2024-03-15,\"α,\"\"β\"\"\",1234.00,0.00,1,\"  100 ").left(41 + 9));
