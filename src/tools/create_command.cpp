@@ -1,5 +1,6 @@
 #include "tools/command.h"
 
+#include "tools/interruption.h"
 #include "tools/new_book.h"
 #include "tools/refused.h"
 #include "users/user_accounts.h"
@@ -37,9 +38,11 @@ ExitStatus create(Arguments& arguments, const ToolContext& context)
 
     refuseExistingBook(BookFiles(folder)); // before anything is asked
     const auto user = askFirstUser(userName, context);
+    const Interruption interruption;
     NewBook made(folder);
     if (user)
         addUser(made.book().auxiliary(), user->name, user->password, allRights);
+    interruption.check();
     made.keep();
 
     context.out << "Το νέο βιβλίο είναι έτοιμο στον φάκελο " << folder.toStdString() << '\n';

@@ -2,6 +2,7 @@
 
 #include "tools/demo_book.h"
 #include "tools/demo_shop.h"
+#include "tools/interruption.h"
 #include "tools/new_book.h"
 
 namespace lorvan {
@@ -34,8 +35,11 @@ void printUsers(std::ostream& out)
 
 void makeBook(const QString& folder, QDate today, std::uint64_t seed)
 {
+    const Interruption interruption;
     NewBook made(folder);
+    interruption.check();
     fillDemoBook(made.book(), today, seed);
+    interruption.check();
     made.keep();
 }
 
