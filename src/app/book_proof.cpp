@@ -1,6 +1,7 @@
 #include "app/book_proof.h"
 
 #include "app/book_files.h"
+#include "app/schema_guard.h"
 #include "app/schema_upgrade.h"
 #include "platform/connection.h"
 #include "platform/sql_error.h"
@@ -16,45 +17,39 @@ Connection openCopy(const QString& path, KeyRing& keys)
     return Connection::open(path, keys.keyForCopy(path), Connection::Access::ReadOnly);
 }
 
-/// An engine that prepares the query has found its tables and columns.
-void requireSchema(Connection& database, std::string_view query)
-{
-    (void)database.prepare(query);
-}
-
-} // namespace
-
-void proveDatabase(const QString& path, KeyRing& keys, const std::function<bool()>& goesOn)
+/// A book's database is judged by its schema before anything in it is read.
+void prove(const QString& path, KeyRing& keys, const std::function<bool()>& goesOn, std::optional<BookDatabase> kind)
 {
     try {
         Connection copy = openCopy(path, keys);
         std::optional<StopCheck> stop;
         if (goesOn)
             stop.emplace(copy, goesOn);
+        if (kind)
+            requirePlainSchema(copy, *kind);
         auto check = copy.prepare("PRAGMA quick_check(1)");
         if (!check.step() || check.text(0) != QLatin1String("ok"))
             throw BookCopyFailed(path, check.text(0));
+        if (kind == BookDatabase::Main)
+            (void)needsUpgrade(copy);
     } catch (const SqlError& error) {
         throw BookCopyFailed(path, error.engineMessage());
+    } catch (const ForeignObjects& foreign) {
+        throw BookCopyFailed(path, QString::fromUtf8(foreign.what()));
     }
+}
+
+} // namespace
+
+void proveDatabase(const QString& path, KeyRing& keys, const std::function<bool()>& goesOn)
+{
+    prove(path, keys, goesOn, std::nullopt);
 }
 
 void proveBook(const BookFiles& copy, KeyRing& keys, const std::function<bool()>& goesOn)
 {
-    proveDatabase(copy.auxiliaryDatabase(), keys, goesOn);
-    proveDatabase(copy.mainDatabase(), keys, goesOn);
-    try {
-        Connection auxiliary = openCopy(copy.auxiliaryDatabase(), keys);
-        requireSchema(auxiliary, "SELECT hmeraklhsimatos, uname FROM klhsimotameioy, codes");
-        Connection main = openCopy(copy.mainDatabase(), keys);
-        requireSchema(main,
-            "SELECT esoda, ejoda, ypoloipo, energos, omades.perigrafh FROM kinhseis, (SELECT ypoloipo FROM tameio), "
-            "kvdikoi,"
-            " omades");
-        (void)needsUpgrade(main);
-    } catch (const SqlError& error) {
-        throw BookCopyFailed(copy.dataFolder(), error.engineMessage());
-    }
+    prove(copy.auxiliaryDatabase(), keys, goesOn, BookDatabase::Auxiliary);
+    prove(copy.mainDatabase(), keys, goesOn, BookDatabase::Main);
 }
 
 } // namespace lorvan

@@ -15,7 +15,8 @@ class KeyRing;
 /// says no, the reading ends with a failure. Throws BookCopyFailed.
 void proveDatabase(const QString& path, KeyRing& keys, const std::function<bool()>& goesOn = {});
 
-/// The same for both databases of a copied book; their tables and schema version must be those of a book, too.
+/// The same for both databases of a copied book; their tables and schema version must be those of a book, too, with
+/// nothing in them that acts by itself (see schema_guard.h), which is looked at first.
 /// Throws BookCopyFailed, UnknownSchemaVersion.
 void proveBook(const BookFiles& copy, KeyRing& keys, const std::function<bool()>& goesOn = {});
 

@@ -6,6 +6,7 @@
 #include "app/copy_writing.h"
 #include "app/lock_trust.h"
 #include "app/pending_restore.h"
+#include "app/schema_guard.h"
 #include "app/schema_upgrade.h"
 #include "app/usage_marker.h"
 #include "platform/currency.h"
@@ -94,6 +95,8 @@ QString plainText(const std::exception& failure)
     if (const auto* unknown = dynamic_cast<const UnknownSchemaVersion*>(&failure))
         return QStringLiteral("Η έκδοση %1 της βάσης δεδομένων είναι άγνωστη σε αυτό το πρόγραμμα.")
             .arg(unknown->version());
+    if (dynamic_cast<const ForeignObjects*>(&failure))
+        return QString::fromUtf8(failure.what());
     return QStringLiteral("Η ενέργεια δεν ολοκληρώθηκε.");
 }
 
@@ -103,8 +106,8 @@ QString failureText(const std::exception& failure)
 {
     const auto* const sql = dynamic_cast<const SqlError*>(&failure);
     const bool saysAll = (sql && sql->kind() == SqlError::Kind::Replaced)
-        || dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const CurrencyOverflow*>(&failure)
-        || dynamic_cast<const UnknownSchemaVersion*>(&failure);
+        || dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const ForeignObjects*>(&failure)
+        || dynamic_cast<const CurrencyOverflow*>(&failure) || dynamic_cast<const UnknownSchemaVersion*>(&failure);
     return saysAll
         ? plainText(failure)
         : plainText(failure) + QStringLiteral("\n\n") + printable(QString::fromUtf8(failure.what()), Breaks::Keep);

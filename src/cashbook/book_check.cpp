@@ -1,5 +1,6 @@
 #include "cashbook/book_check.h"
 
+#include "app/schema_guard.h"
 #include "cashbook/record_audit.h"
 #include "platform/connection.h"
 #include "platform/date_text.h"
@@ -7,6 +8,10 @@
 #include "platform/stop_check.h"
 #include "platform/transaction.h"
 
+#include <QFile>
+#include <QFileInfo>
+
+#include <sys/stat.h>
 #include <utility>
 
 namespace lorvan {
@@ -143,6 +148,47 @@ void checkFile(BookFindings& findings, Connection& book, const char* sql, const 
     }
 }
 
+void addTexts(BookFindings& findings, FindingKind kind, const QStringList& texts)
+{
+    for (const QString& text : texts) {
+        Finding finding{kind};
+        finding.text = text;
+        findings.add(std::move(finding));
+    }
+}
+
+BookFindings checkSchemas(Connection& book)
+{
+    BookFindings findings;
+    for (const auto& [schema, database] :
+        {std::pair("main", BookDatabase::Main), {"auxiliary", BookDatabase::Auxiliary}}) {
+        const SchemaInspection found = inspectSchema(book, QLatin1String(schema), database);
+        addTexts(findings, FindingKind::SchemaUnreadable, found.unreadable);
+        addTexts(findings, FindingKind::ForeignObject, found.foreign);
+        addTexts(findings, FindingKind::OtherObject, found.others);
+    }
+    return findings;
+}
+
+/// A file in a folder that others may not enter is out of their reach.
+bool othersMayRead(const QString& path)
+{
+    struct stat file { };
+    struct stat folder { };
+    return ::lstat(QFile::encodeName(path).constData(), &file) == 0
+        && ::stat(QFile::encodeName(QFileInfo(path).path()).constData(), &folder) == 0 && (file.st_mode & S_IROTH) != 0
+        && (folder.st_mode & S_IXOTH) != 0;
+}
+
+void checkAccess(BookFindings& findings, Connection& book)
+{
+    auto files = book.prepare("PRAGMA database_list");
+    while (files.step()) {
+        if (const QString path = files.text(2); !path.isEmpty() && othersMayRead(path))
+            addTexts(findings, FindingKind::ReadableByOthers, {path});
+    }
+}
+
 std::int64_t estimatedMovements(Connection& book)
 {
     try {
@@ -156,6 +202,10 @@ std::int64_t estimatedMovements(Connection& book)
 
 BookFindings checkFiles(Connection& book, const CheckProgress& progress)
 {
+    BookFindings findings = checkSchemas(book);
+    checkAccess(findings, book);
+    if (findings.count(FindingKind::SchemaUnreadable) > 0)
+        return findings;
     // The engine says how far it is in steps of its own: so many calls for a row that has two indexes.
     constexpr std::int64_t rowsForACall = 2200;
     const std::int64_t whole = estimatedMovements(book);
@@ -164,7 +214,6 @@ BookFindings checkFiles(Connection& book, const CheckProgress& progress)
         progress(++calls * rowsForACall, whole);
         return true;
     });
-    BookFindings findings;
     checkFile(findings, book, "PRAGMA main.integrity_check", "lorvan.mdb");
     checkFile(findings, book, "PRAGMA auxiliary.integrity_check", "mapcodes.mdb");
     return findings;

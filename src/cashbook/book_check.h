@@ -27,8 +27,9 @@ struct BookCheck {
     BookTotals totals; ///< Sums of nothing when FindingKind::SumTooLarge was found.
 };
 
-/// The engine's integrity check of both files, which reads and authenticates every page in use. Throws SqlError when it
-/// cannot be carried out.
+/// What stands in both files beside the book's own tables, who may read them, and, where nothing forbids to read the
+/// tables, the engine's integrity check, which reads and authenticates every page in use. `book` has the auxiliary
+/// database attached as `auxiliary`. Throws SqlError when it cannot be carried out.
 [[nodiscard]] BookFindings checkFiles(Connection& book, const CheckProgress& progress);
 
 /// Everything in a book that can be held against something else, and its sums, from one read transaction: both files as

@@ -18,6 +18,8 @@ namespace lorvan {
 /// movements keep what they were saved with.
 enum class FindingKind {
     FileDamaged, ///< The engine's own integrity check complains. `text` is its complaint.
+    SchemaUnreadable, ///< A table of the book is none, or lacks something, or is read through an expression: `text`.
+    ForeignObject, ///< A trigger, a view or a virtual table beside the book's tables, named in `text`.
     VersionRows, ///< taytothta has several rows; which one counts is chance.
     SumTooLarge, ///< The sums of the movements leave the range of amounts: cash days cannot be checked.
     MovementWithoutDate, ///< It stands on no page and in no balance.
@@ -41,6 +43,8 @@ enum class FindingKind {
     CodeGroupName, ///< The copy of the group's name differs from the name.
     RepeatedClosedDay,
     RepeatedUser,
+    OtherObject, ///< A table, column or index of another program, named in `text`.
+    ReadableByOthers, ///< A database that every account of the machine may read; `text` is its path.
 };
 
 [[nodiscard]] bool isNotice(FindingKind kind);

@@ -1,5 +1,6 @@
 #include "tools/command.h"
 
+#include "app/schema_guard.h"
 #include "cashbook/book_check.h"
 #include "cashbook/book_repair.h"
 #include "tools/check_report.h"
@@ -16,23 +17,30 @@ template <typename Work> auto withProgress(const ToolContext& context, const QSt
     return work([&bar](std::int64_t done, std::int64_t whole) { bar.show(done, whole); });
 }
 
+bool isReadable(const BookFindings& findings)
+{
+    return findings.count(FindingKind::FileDamaged) == 0 && findings.count(FindingKind::SchemaUnreadable) == 0;
+}
+
 /// The engine's check of the files, and only where that finds nothing the check of what is in them.
 BookCheck examine(OpenedBook& book, const ToolContext& context)
 {
     BookCheck check;
     check.findings = withProgress(context, QStringLiteral("Έλεγχος αρχείων"),
         [&](const CheckProgress& progress) { return checkFiles(book.connection(), progress); });
-    if (!check.findings.isInOrder())
+    if (!isReadable(check.findings))
         return check;
-    return withProgress(context, QStringLiteral("Έλεγχος κινήσεων"),
+    BookCheck content = withProgress(context, QStringLiteral("Έλεγχος κινήσεων"),
         [&](const CheckProgress& progress) { return checkContent(book.connection(), progress); });
+    content.findings.merge(check.findings);
+    return content;
 }
 
 void print(const BookCheck& check, std::ostream& out)
 {
     printFindings(check.findings, out);
     out << '\n';
-    if (check.findings.count(FindingKind::FileDamaged) > 0)
+    if (!isReadable(check.findings))
         out << "Το περιεχόμενο δεν ελέγχθηκε. Επαναφέρετε το βιβλίο από ένα αντίγραφο ασφαλείας.\n";
     else
         printTotals(check, out);
@@ -49,12 +57,8 @@ void printRepair(const BookRepair& repair, std::ostream& out)
         << "Νέος έλεγχος\n\n";
 }
 
-ExitStatus check(Arguments& arguments, const ToolContext& context)
+ExitStatus checkBook(const QString& folder, bool wantsRepair, const ToolContext& context)
 {
-    const bool wantsRepair = arguments.takeFlag(QStringLiteral("--repair"));
-    const QString folder = arguments.takeBookFolder();
-    arguments.finish();
-
     std::optional<ClaimedMarker> marker;
     if (wantsRepair) {
         readyBook(BookFiles(folder));
@@ -72,6 +76,23 @@ ExitStatus check(Arguments& arguments, const ToolContext& context)
     }
     print(found, context.out);
     return found.findings.isInOrder() ? ExitStatus::Done : ExitStatus::Found;
+}
+
+ExitStatus check(Arguments& arguments, const ToolContext& context)
+{
+    const bool wantsRepair = arguments.takeFlag(QStringLiteral("--repair"));
+    const QString folder = arguments.takeBookFolder();
+    arguments.finish();
+    try {
+        return checkBook(folder, wantsRepair, context);
+    } catch (const ForeignObjects& foreign) {
+        BookCheck found;
+        Finding finding{FindingKind::SchemaUnreadable};
+        finding.text = QString::fromUtf8(foreign.what());
+        found.findings.add(std::move(finding));
+        print(found, context.out);
+        return ExitStatus::Found;
+    }
 }
 
 } // namespace

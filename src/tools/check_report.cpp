@@ -135,6 +135,8 @@ const Wording& wordingOf(FindingKind kind)
 {
     static const std::map<FindingKind, Wording> wordings{
         {FindingKind::FileDamaged, {QStringLiteral("Βλάβες στα αρχεία, με τα λόγια της μηχανής"), textLine}},
+        {FindingKind::SchemaUnreadable, {QStringLiteral("Πίνακες του βιβλίου που δεν είναι όπως πρέπει"), textLine}},
+        {FindingKind::ForeignObject, {QStringLiteral("Ξένα αντικείμενα στις βάσεις, που δρουν μόνα τους"), textLine}},
         {FindingKind::VersionRows, {QStringLiteral("Περισσότερες από μία εκδόσεις του βιβλίου"), textLine}},
         {FindingKind::SumTooLarge,
             {QStringLiteral("Τα ποσά ξεπερνούν όσα χωρά το ταμείο και οι ημέρες δεν ελέγχθηκαν"), noLine}},
@@ -160,6 +162,9 @@ const Wording& wordingOf(FindingKind kind)
         {FindingKind::CodeGroupName, {QStringLiteral("Κωδικοί με άλλο όνομα για την ομάδα τους"), codeGroupLine}},
         {FindingKind::RepeatedClosedDay, {QStringLiteral("Ημέρες κλεισμένες περισσότερες φορές"), closedDayLine}},
         {FindingKind::RepeatedUser, {QStringLiteral("Χρήστες με το ίδιο όνομα"), userLine}},
+        {FindingKind::OtherObject, {QStringLiteral("Αντικείμενα άλλου προγράμματος στις βάσεις"), textLine}},
+        {FindingKind::ReadableByOthers,
+            {QStringLiteral("Βάσεις που μπορεί να διαβάσει κάθε χρήστης του υπολογιστή"), textLine}},
     };
     return wordings.at(kind);
 }

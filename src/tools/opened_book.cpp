@@ -2,6 +2,7 @@
 
 #include "app/book_recovery.h"
 #include "app/pending_restore.h"
+#include "app/schema_guard.h"
 #include "app/schema_upgrade.h"
 #include "app/usage_marker.h"
 #include "tools/refused.h"
@@ -45,11 +46,13 @@ Connection OpenedBook::open(Connection::Access access)
     const FileKey mainKey = m_keys.keyFor(m_files.mainDatabase());
     const FileKey auxiliaryKey = m_keys.keyFor(m_files.auxiliaryDatabase());
     Connection connection = Connection::open(m_files.mainDatabase(), mainKey, access);
+    refuseForeignObjects(connection);
     if (needsUpgrade(connection))
         throw Refused(QStringLiteral("Το βιβλίο στον φάκελο %1 είναι παλαιότερης έκδοσης. Ανοίξτε το μία φορά με το"
                                      " πρόγραμμα, για να αναβαθμιστεί.")
                           .arg(m_files.dataFolder()));
     connection.attach(m_files.auxiliaryDatabase(), auxiliaryKey, QStringLiteral("auxiliary"));
+    refuseForeignObjects(connection);
     return connection;
 }
 

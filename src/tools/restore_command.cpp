@@ -2,7 +2,10 @@
 
 #include "app/book_files.h"
 #include "app/book_restore.h"
+#include "app/failure_text.h"
 #include "app/pending_restore.h"
+#include "platform/sql_error.h"
+#include "platform/stop_check.h"
 #include "tools/check_report.h"
 #include "tools/claimed_marker.h"
 #include "tools/interruption.h"
@@ -24,15 +27,21 @@ bool holdsBook(const BookFiles& book)
 }
 
 /// What is wrong in a book that opens. None for one of an older schema version, which is not looked into.
-BookFindings findingsIn(const BookFiles& staged, const ToolContext& context)
+BookFindings findingsIn(const BookFiles& staged, const Interruption& interruption, const ToolContext& context)
 {
     try {
         OpenedBook book(staged.dataFolder());
+        const StopCheck stop(book.connection(), [&] { return !interruption.hasCome(); });
         ProgressBar bar(context, QStringLiteral("Έλεγχος κινήσεων"));
-        return checkContent(book.connection(), [&bar](std::int64_t done, std::int64_t whole) {
+        return checkContent(book.connection(), [&](std::int64_t done, std::int64_t whole) {
+            interruption.check();
             bar.show(done, whole);
         }).findings;
+    } catch (const SqlError&) {
+        interruption.check();
+        throw;
     } catch (const Refused&) {
+        interruption.check();
         return {};
     }
 }
@@ -71,14 +80,20 @@ ExitStatus restore(Arguments& arguments, const ToolContext& context)
             QStringLiteral("Στον φάκελο %1 υπάρχει ήδη βιβλίο. Με το --replace μπαίνει στη θέση του το αντίγραφο,"
                            " και το παλιό φυλάσσεται σε υποφάκελο.")
                 .arg(book.dataFolder()));
-    const Interruption interruption;
     std::optional<ClaimedMarker> marker;
     if (BookFiles::exists(book.usageMarker())) // a book that has lost it is not refused
         marker.emplace(book);
+    const Interruption interruption; // after the marker, which would end the process in the middle of the exchange
     const auto restored = unpack(backup, book, interruption, context);
-    const BookFindings findings = findingsIn(restored->staged(), context);
+    const BookFindings findings = findingsIn(restored->staged(), interruption, context);
     interruption.check();
-    const auto aside = restored->replace(context.clock.now());
+    std::optional<QString> aside;
+    try {
+        aside = restored->replace(context.clock.now());
+    } catch (const RestoreUnfinished& unfinished) {
+        context.errors << "lorvan-data: " << failureText(unfinished).toStdString() << '\n';
+        return ExitStatus::Found;
+    }
     context.out << "Το βιβλίο επανήλθε στον φάκελο " << book.dataFolder().toStdString() << '\n';
     if (aside)
         context.out << "Τα αρχεία που ήταν εκεί φυλάσσονται στον φάκελο " << aside->toStdString() << '\n';

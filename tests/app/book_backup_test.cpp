@@ -36,7 +36,7 @@ QString valuesIn(const QString& backup, std::string_view main, std::string_view 
 {
     const QTemporaryDir folder;
     const BookFiles copy(folder.path());
-    unpackBook(backup, copy);
+    unpackBook(backup, Folder(folder.path()));
     Connection mainCopy = Connection::open(
         copy.mainDatabase(), testKeys().keyForCopy(copy.mainDatabase()), Connection::Access::ReadWrite);
     Connection auxiliaryCopy = Connection::open(

@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QThread>
 
 #include <gtest/gtest.h>
@@ -84,7 +85,15 @@ protected:
         file.write(bytes);
     }
 
+    /// The new book, as a restore puts it beside the old one.
+    void stage(const QString& name) const
+    {
+        ASSERT_TRUE(QDir(folder).mkdir(name));
+        unpackBook(backup, Folder(folder + u'/' + name));
+    }
+
     const TemporaryBook source;
+    const QString stagedName = QStringLiteral(".restore-0123456789abcdef");
     const QString backup = source.path(QStringLiteral("new.tar"));
     const QString folder = source.path(QStringLiteral("book"));
     const QString log = source.path(QStringLiteral("log"));
@@ -100,30 +109,35 @@ TEST_F(BookRestoreTest, isFinishedFromEachStepOnWhichItCanBeCutShort)
 {
     const QString asideName = QStringLiteral("replaced-2026-11-23-101530");
     const QString old = folder + u'/' + asideName;
-    const std::pair<QString, QString> steps[] = {
-        {files.auxiliaryDatabase() + QStringLiteral("-journal"), old + QStringLiteral("/mapcodes.mdb-journal")},
-        {files.auxiliaryDatabase(), old + QStringLiteral("/mapcodes.mdb")},
-        {files.mainDatabase(), old + QStringLiteral("/lorvan.mdb")},
-        {stagedBook(files).auxiliaryDatabase(), files.auxiliaryDatabase()},
-        {stagedBook(files).mainDatabase(), files.mainDatabase()},
-    };
-    for (std::size_t done = 0; done <= std::size(steps); ++done) {
-        layOut();
-        write(files.auxiliaryDatabase() + QStringLiteral("-journal"), "of a change that was not taken back");
-        ASSERT_TRUE(QDir().mkdir(stagedBook(files).dataFolder()));
-        unpackBook(backup, stagedBook(files));
-        decideRestore(files, asideName);
-        ASSERT_TRUE(QDir().mkdir(old));
-        for (std::size_t step = 0; step < done; ++step)
-            ASSERT_TRUE(QFile::rename(steps[step].first, steps[step].second)) << step;
-        finishRestore(files);
-        finishRestore(files);
-        EXPECT_EQ(bookIn(folder), theNew) << done;
-        EXPECT_EQ(bookIn(old), theOld) << done;
-        EXPECT_EQ(QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-            (QStringList{
-                QStringLiteral("lorvan.dat"), QStringLiteral("lorvan.mdb"), QStringLiteral("mapcodes.mdb"), asideName}))
-            << done;
+    for (const bool isEarlierForm : {false, true}) {
+        const BookFiles staged(folder + u'/' + (isEarlierForm ? QStringLiteral(".restore") : stagedName));
+        const std::pair<QString, QString> steps[] = {
+            {files.auxiliaryDatabase() + QStringLiteral("-journal"), old + QStringLiteral("/mapcodes.mdb-journal")},
+            {files.auxiliaryDatabase(), old + QStringLiteral("/mapcodes.mdb")},
+            {files.mainDatabase(), old + QStringLiteral("/lorvan.mdb")},
+            {staged.auxiliaryDatabase(), files.auxiliaryDatabase()},
+            {staged.mainDatabase(), files.mainDatabase()},
+        };
+        for (std::size_t done = 0; done <= std::size(steps); ++done) {
+            layOut();
+            write(files.auxiliaryDatabase() + QStringLiteral("-journal"), "of a change that was not taken back");
+            stage(QFileInfo(staged.dataFolder()).fileName());
+            if (isEarlierForm)
+                write(folder + QStringLiteral("/restore.pending"), "Lorvan restore 1\n" + asideName.toUtf8() + '\n');
+            else
+                decideRestore(Folder(folder), stagedName, asideName);
+            ASSERT_TRUE(QDir().mkdir(old));
+            for (std::size_t step = 0; step < done; ++step)
+                ASSERT_TRUE(QFile::rename(steps[step].first, steps[step].second)) << step;
+            finishRestore(files);
+            finishRestore(files);
+            EXPECT_EQ(bookIn(folder), theNew) << done;
+            EXPECT_EQ(bookIn(old), theOld) << done;
+            EXPECT_EQ(QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                (QStringList{QStringLiteral("lorvan.dat"), QStringLiteral("lorvan.mdb"), QStringLiteral("mapcodes.mdb"),
+                    asideName}))
+                << done;
+        }
     }
 }
 
@@ -132,11 +146,11 @@ TEST_F(BookRestoreTest, isNotDecidedOnADiskThatIsFull)
     layOut();
     if (!Mount::smallDisk(folder))
         GTEST_SKIP() << "SKIPPED: the system does not let a test mount a small disk";
-    QDir().mkdir(stagedBook(files).dataFolder());
     QFile filler(folder + QStringLiteral("/filler"));
     ASSERT_TRUE(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
     while (filler.write(QByteArray(4096, 'x')) > 0) { }
-    EXPECT_THROW(decideRestore(files, QStringLiteral("replaced-2026-11-23-101530")), std::runtime_error);
+    EXPECT_THROW(
+        decideRestore(Folder(folder), stagedName, QStringLiteral("replaced-2026-11-23-101530")), std::runtime_error);
     EXPECT_NO_THROW(finishRestore(files));
     filler.close();
     Mount::undo(folder);
@@ -146,15 +160,19 @@ TEST_F(BookRestoreTest, isFinishedByTheNextStartOrSaidThatItCannotBe)
 {
     const PathFile pathFile(source.folder());
     pathFile.writeFolder(folder);
-    ASSERT_TRUE(QDir().mkdir(stagedBook(files).dataFolder()));
-    unpackBook(backup, stagedBook(files));
-    write(folder + QStringLiteral("/restore.pending"), "Lorvan restore 1\n../elsewhere\n");
-    const StartDecision stopped = decideStart(source.folder());
-    EXPECT_EQ(stopped.outcome, StartOutcome::RestoreUnfinished);
-    EXPECT_TRUE(stopped.trouble.contains(QStringLiteral("restore.pending"))) << stopped.trouble.toStdString();
-    EXPECT_EQ(bookIn(folder), theOld);
-
-    decideRestore(files, QStringLiteral("replaced-1"));
+    stage(stagedName);
+    const QString record = folder + QStringLiteral("/restore.pending");
+    for (const QByteArray& foreign : {QByteArray("Lorvan restore 1\n../elsewhere\n"),
+             QByteArray("Lorvan restore 2\nreplaced-1\n../elsewhere\n"), QByteArray("Lorvan restore 2\nreplaced-1\n"),
+             "Lorvan restore 2\nreplaced-1/../1\n" + stagedName.toUtf8() + '\n'}) {
+        write(record, foreign);
+        const StartDecision stopped = decideStart(source.folder());
+        EXPECT_EQ(stopped.outcome, StartOutcome::RestoreUnfinished);
+        EXPECT_TRUE(stopped.trouble.contains(QStringLiteral("restore.pending"))) << stopped.trouble.toStdString();
+        EXPECT_EQ(bookIn(folder), theOld);
+    }
+    QFile::remove(record);
+    decideRestore(Folder(folder), stagedName, QStringLiteral("replaced-1"));
     EXPECT_EQ(decideStart(source.folder()).outcome, StartOutcome::SignIn);
     EXPECT_EQ(bookIn(folder), theNew);
 }

@@ -4,6 +4,7 @@
 #include "tools/tool_run.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
@@ -101,7 +102,8 @@ TEST_F(BackupCommandTest, anInterruptedBackupLeavesNothingBehind)
     process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/lorvan-data"),
         {QStringLiteral("backup"), book.folder(), path});
     QElapsedTimer waited;
-    for (waited.start(); !QFile::exists(path + QStringLiteral(".part")) && !waited.hasExpired(10'000);)
+    for (waited.start(); QDir(beside.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)
+         && !waited.hasExpired(10'000);)
         QThread::msleep(5);
     ::kill(static_cast<pid_t>(process.processId()), SIGINT);
     ASSERT_TRUE(process.waitForFinished());
