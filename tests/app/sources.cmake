@@ -2,6 +2,7 @@ list(APPEND LORVAN_CORE_TESTS
     app/backup_retention_test.cpp
     app/book_backup_test.cpp
     app/book_restore_test.cpp
+    app/hostile_folder_test.cpp
     app/book_schema_test.cpp
     app/book_opening_test.cpp
     app/lock_trust_test.cpp

@@ -93,6 +93,21 @@ TEST_F(BackupCommandTest, aDamagedBookIsNamedAsSuch)
     expectRefusal("backup|@|#/a.tar", "το ίδιο το βιβλίο. Τη δείχνει η εντολή lorvan-data check");
 }
 
+TEST_F(BackupCommandTest, aRestoreThatIsDecidedIsNotReportedAsRefused)
+{
+    ASSERT_EQ(run("backup|@|#/a.tar").status, ExitStatus::Done);
+    book.addMovementRow(incomeOf(someDay, cents(7)));
+    const QString marker = book.files().usageMarker();
+    ASSERT_TRUE(QFile::remove(marker) && QDir().mkdir(marker)); // cannot be made free
+    const ToolRun decided = run("restore|#/a.tar|@|--replace");
+    EXPECT_EQ(decided.status, ExitStatus::Found);
+    EXPECT_NE(decided.errors.find("Θα ολοκληρωθεί μόνη της"), std::string::npos) << decided.errors;
+    ASSERT_TRUE(QDir().rmdir(marker));
+    EXPECT_EQ(run("check|@").status, ExitStatus::Done);
+    EXPECT_EQ(movements(), QStringLiteral("0"));
+    EXPECT_FALSE(QFile::exists(book.path(QStringLiteral("restore.pending"))));
+}
+
 TEST_F(BackupCommandTest, anInterruptedBackupLeavesNothingBehind)
 {
     Connection writer = book.openMain();

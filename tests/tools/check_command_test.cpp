@@ -147,6 +147,39 @@ TEST(CheckCommand, findsADamagedPageAndDoesNotRepairThen)
     }
 }
 
+TEST(CheckCommand, namesWhatDoesNotBelongInABook)
+{
+    struct Case {
+        const char* sql;
+        ExitStatus status;
+        const char* said;
+        bool readsContent;
+    };
+    const Case cases[] = {{"CREATE TRIGGER thief AFTER INSERT ON kinhseis BEGIN DELETE FROM omades; END",
+                              ExitStatus::Found, "lorvan.mdb: έναυσμα (trigger) «thief»", true},
+        {"CREATE INDEX slow ON tameio(abs(esoda))", ExitStatus::Found, "ευρετήριο «slow» πάνω σε παράσταση", false},
+        {"ALTER TABLE taytothta RENAME TO t; CREATE VIEW taytothta AS WITH RECURSIVE n(i) AS (SELECT 4 UNION ALL SELECT"
+         " i+1 FROM n) SELECT i AS ariumos FROM n WHERE i<0",
+            ExitStatus::Found, "προβολή (view) «taytothta»", false},
+        {"CREATE TABLE notes(a)", ExitStatus::Done, "lorvan.mdb: πίνακας «notes»", true}};
+    for (const Case& each : cases) {
+        const TemporaryBook book;
+        book.execute(each.sql);
+        const ToolRun run = check(book.folder());
+        EXPECT_EQ(run.status, each.status) << run.out << run.errors;
+        EXPECT_NE(run.out.find(each.said), std::string::npos) << run.out;
+        EXPECT_EQ(totalsIn(run.out) != "none", each.readsContent) << run.out;
+    }
+    const TemporaryBook open;
+    QFile::setPermissions(open.folder(), QFile::permissions(open.folder()) | QFile::ReadOther | QFile::ExeOther);
+    QFile::setPermissions(open.files().mainDatabase(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+    const ToolRun run = check(open.folder());
+    EXPECT_EQ(run.status, ExitStatus::Done);
+    EXPECT_NE(run.out.find("κάθε χρήστης του υπολογιστή: 1\n  " + open.files().mainDatabase().toStdString()),
+        std::string::npos)
+        << run.out;
+}
+
 TEST(CheckReport, showsAmountsToTheirLastDigit)
 {
     const std::pair<std::int64_t, const char*> cases[] = {{0, "0,00"}, {-50, "-0,0050"}, {12'345'678, "1.234,5678"},
