@@ -76,27 +76,28 @@ TEST(HostileFolder, whatIsPlantedInItLeadsNobodyOutOfIt)
     const QString backup = source.path(QStringLiteral("a.tar"));
     makeBackup(source.files(), backup, testKeys(), always);
     const QString day = QStringLiteral("2026-11-23-090000");
-    for (const QString& name : {QStringLiteral("backup"), QStringLiteral("backup/.lorvan-1.tar.part"),
-             QStringLiteral("backup/lorvan-1.tar.part"), QStringLiteral("backup/lorvan-daily-%1.tar").arg(day),
-             QStringLiteral("backup/.lorvan-backup-0123456789abcdef"), QStringLiteral(".restore"),
-             QStringLiteral(".restore-0123456789abcdef"), QStringLiteral("restore.pending"),
-             QStringLiteral("replaced-") + day, QStringLiteral("lorvan-%1.mdb.part").arg(day),
-             QStringLiteral("lorvan.mdb-journal")}) {
+    const QStringList layouts[] = {{QStringLiteral("backup")}, {QStringLiteral("restore.pending")},
+        {QStringLiteral("backup/.lorvan-1.tar.part"), QStringLiteral("backup/lorvan-1.tar.part"),
+            QStringLiteral("backup/lorvan-daily-%1.tar").arg(day),
+            QStringLiteral("backup/.lorvan-backup-0123456789abcdef"), QStringLiteral(".restore"),
+            QStringLiteral(".restore-0123456789abcdef"), QStringLiteral("replaced-") + day,
+            QStringLiteral("lorvan-%1.mdb.part").arg(day)}};
+    for (const QStringList& names : layouts) {
         for (const char* const kind : {"link to a folder", "link to a file", "pipe", "folder"}) {
             const TemporaryBook book;
             const QTemporaryDir outside;
             write(outside.filePath(QStringLiteral("lorvan.mdb")), "precious");
             write(outside.filePath(QStringLiteral("lock")), "precious");
-            if (name.contains(u'/'))
+            if (names.size() > 1)
                 QDir().mkdir(book.path(QStringLiteral("backup")));
-            const QString path = book.path(name);
-            plant(kind, outside.path(), path);
+            for (const QString& name : names)
+                plant(kind, outside.path(), book.path(name));
             const auto before = contentOf(outside.path());
             (void)whyNot([&] { makeDailyBackup(book.files(), testKeys(), morning, always); });
             (void)whyNot([&] { finishRestore(book.files()); });
             (void)whyNot([&] { (void)deleteAllData(book.files(), testKeys(), morning); });
             (void)whyNot([&] { RestoredBook(backup, book.files()).replace(morning); });
-            EXPECT_EQ(contentOf(outside.path()), before) << name.toStdString() << ": " << kind;
+            EXPECT_EQ(contentOf(outside.path()), before) << names[0].toStdString() << ": " << kind;
         }
     }
 }
@@ -109,7 +110,7 @@ TEST(HostileFolder, anArchiveHoldsTwoPlainMembersAndNothingElse)
     };
     const Case cases[] = {{"tar cf a.tar lorvan.mdb mapcodes.mdb lorvan.dat", "ξένο αρχείο, το «lorvan.dat»"},
         {"tar cf a.tar lorvan.mdb", "λείπει το mapcodes.mdb"},
-        {"tar cf a.tar lorvan.mdb mapcodes.mdb lorvan.mdb", "ξένο αρχείο, το «lorvan.mdb»"},
+        {"tar cf a.tar lorvan.mdb mapcodes.mdb lorvan.mdb", "δεν είναι αρχείο βιβλίου"},
         {"truncate -s 64G lorvan.mdb; tar cSf a.tar lorvan.mdb mapcodes.mdb", "κενά (sparse)"},
         {"truncate -s 0 lorvan.mdb; truncate -s 64G lorvan.mdb; tar cSf a.tar mapcodes.mdb lorvan.mdb", "a.tar"},
         {"mv lorvan.mdb x; ln -s x lorvan.mdb; tar cf a.tar lorvan.mdb mapcodes.mdb", "δεν είναι αρχείο βιβλίου"},
@@ -117,7 +118,7 @@ TEST(HostileFolder, anArchiveHoldsTwoPlainMembersAndNothingElse)
             "δεν είναι αρχείο βιβλίου"},
         {"rm lorvan.mdb; mkfifo lorvan.mdb; tar cf a.tar lorvan.mdb mapcodes.mdb", "δεν είναι αρχείο βιβλίου"},
         {"touch $(printf 'a\\033[31m'); tar cf a.tar a*; ", "«a\\u001b[31m»"}, {"mkfifo a.tar", "δεν υπάρχει τέτοιο"},
-        {"tar cf b.tar lorvan.mdb mapcodes.mdb; head -c 20000 b.tar >a.tar", "a.tar"}};
+        {"tar cf b.tar lorvan.mdb mapcodes.mdb; head -c 9000 b.tar >a.tar", "a.tar"}};
     for (const Case& each : cases) {
         const TemporaryBook book;
         QProcess shell;
