@@ -200,7 +200,8 @@ void decideRestore(const Folder& data, const QString& staged, const QString& asi
 
 void finishRestore(const BookFiles& book)
 {
-    if (!QFileInfo::exists(book.dataFolder()))
+    const QFileInfo record(book.dataFolder() + u'/' + recordName);
+    if (!record.exists() && !record.isSymLink())
         return;
     try {
         const Folder data(book.dataFolder());
