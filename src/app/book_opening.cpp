@@ -3,6 +3,7 @@
 #include "app/book_recovery.h"
 #include "app/book_schema.h"
 #include "app/lock_trust.h"
+#include "app/schema_guard.h"
 
 namespace lorvan {
 namespace {
@@ -31,6 +32,8 @@ Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker,
     recoverBook(files, keys, marker);
     const bool mayWrite = !marker.heldByAnother() && lockReachOf(files) != LockReach::Nobody;
     Book book(files, keys, mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
+    refuseForeignObjects(book.main());
+    refuseForeignObjects(book.auxiliary());
     upgradeIfNeeded(book, marker, askOpeningBalance); // only now: a book that cannot be opened is not changed
     if (!book.main().isReadOnly())
         ensureMainSchema(book.main());
