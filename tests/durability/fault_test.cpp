@@ -128,17 +128,17 @@ protected:
             const WatchedDisk watched(nullptr, &fault);
             const ToolRun done = runTool(today, command.arg(book), QStringLiteral("κωδικός"));
             const bool isUnknown = done.errors.find("δεν είναι γνωστό") != std::string::npos;
-            return {isUnknown ? Outcome::Unknown : outcomeOf(done.status), done.errors};
+            return {isUnknown ? Outcome::Unknown : outcomeOf(command, done.status), done.errors};
         };
         failEach(run, state, stride);
     }
 
-    /// What is found amiss may be what cannot be read: nothing is repaired then.
-    static Outcome outcomeOf(ExitStatus status)
+    /// What a check finds amiss may be what cannot be read: nothing is repaired then.
+    static Outcome outcomeOf(const QString& command, ExitStatus status)
     {
-        if (status == ExitStatus::Found)
+        if (status == ExitStatus::Found && command.startsWith(QStringLiteral("check")))
             return Outcome::Unknown;
-        return status == ExitStatus::Done ? Outcome::Done : Outcome::NotDone;
+        return status == ExitStatus::Failed ? Outcome::NotDone : Outcome::Done;
     }
 
     template <typename Change> static Result resultOf(Change change)
