@@ -127,8 +127,11 @@ protected:
         const auto run = [&](DiskFault& fault) -> Result {
             const WatchedDisk watched(nullptr, &fault);
             const ToolRun done = runTool(today, command.arg(book), QStringLiteral("κωδικός"));
-            const bool isUnknown = done.errors.find("δεν είναι γνωστό") != std::string::npos;
-            return {isUnknown ? Outcome::Unknown : outcomeOf(command, done.status), done.errors};
+            // A backup that is whole but not confirmed is removed again, unless the disk refuses that too.
+            const bool mayStay = fault.isLasting && command.startsWith(QStringLiteral("backup"));
+            const bool isUnknown = mayStay || done.errors.find("δεν είναι γνωστό") != std::string::npos;
+            return {isUnknown && done.status != ExitStatus::Done ? Outcome::Unknown : outcomeOf(command, done.status),
+                done.errors};
         };
         failEach(run, state, stride);
     }

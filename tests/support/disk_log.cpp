@@ -95,6 +95,8 @@ struct DiskLog::Disk {
     {
         if (event.kind == Kind::Make) {
             names[event.node][event.bytes] = event.other;
+            if (event.made == Made::Folder)
+                names[event.other];
             return;
         }
         const auto node = names[event.node].extract(event.bytes);
@@ -174,11 +176,11 @@ void DiskLog::synced(Inode fileOrFolder)
     m_events.push_back({Kind::Sync, nodeOf(fileOrFolder)});
 }
 
-void DiskLog::made(Inode folder, QByteArray name, Inode node)
+void DiskLog::made(Inode folder, QByteArray name, Inode node, Made what)
 {
     m_nodes.erase(node);
     const int inner = nodeOf(node);
-    m_events.push_back({Kind::Make, nodeOf(folder), std::move(name), 0, inner});
+    m_events.push_back({Kind::Make, nodeOf(folder), std::move(name), 0, inner, {}, what});
 }
 
 void DiskLog::removed(Inode folder, QByteArray name)

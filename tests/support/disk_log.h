@@ -23,7 +23,8 @@ public:
     void written(Inode file, off_t offset, QByteArray bytes);
     void truncated(Inode file, off_t size);
     void synced(Inode fileOrFolder);
-    void made(Inode folder, QByteArray name, Inode node);
+    enum class Made : char { File, Folder };
+    void made(Inode folder, QByteArray name, Inode node, Made what = Made::File);
     void removed(Inode folder, QByteArray name);
     /// Durable with the sync of the folder that it moves to, and never half done.
     void renamed(Inode from, QByteArray name, Inode to, QByteArray newName);
@@ -48,6 +49,7 @@ private:
         off_t offset = 0; ///< Or the size.
         int other = 0; ///< The file that gets the name, the folder that it moves to.
         QByteArray newName = {};
+        Made made = Made::File;
     };
     struct Disk;
 

@@ -90,7 +90,8 @@ public:
         const int done = FileCalls::makeFolderAt(folder, name, mode);
         struct stat made { };
         if (currentLog && done == 0 && ::fstatat(folder, name, &made, 0) == 0)
-            currentLog->made(Place(folder, name).inode, Place(folder, name).name, {made.st_dev, made.st_ino});
+            currentLog->made(
+                Place(folder, name).inode, Place(folder, name).name, {made.st_dev, made.st_ino}, DiskLog::Made::Folder);
         return done;
     }
     ssize_t readAt(int descriptor, void* bytes, std::size_t size, off_t offset) override
