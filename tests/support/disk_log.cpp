@@ -99,9 +99,9 @@ struct DiskLog::Disk {
                 names[event.other];
             return;
         }
-        const auto node = names[event.node].extract(event.bytes);
-        if (event.kind == Kind::Rename && !node.empty())
-            names[event.other][event.newName] = node.mapped();
+        names[event.node].erase(event.bytes);
+        if (event.kind == Kind::Rename)
+            names[event.other][event.newName] = event.renamed;
     }
 
     void chooseSizes()
@@ -188,9 +188,10 @@ void DiskLog::removed(Inode folder, QByteArray name)
     m_events.push_back({Kind::Remove, nodeOf(folder), std::move(name)});
 }
 
-void DiskLog::renamed(Inode from, QByteArray name, Inode to, QByteArray newName)
+void DiskLog::renamed(Inode node, Inode from, QByteArray name, Inode to, QByteArray newName)
 {
-    m_events.push_back({Kind::Rename, nodeOf(from), std::move(name), 0, nodeOf(to), std::move(newName)});
+    m_events.push_back(
+        {Kind::Rename, nodeOf(from), std::move(name), 0, nodeOf(to), std::move(newName), Made::File, nodeOf(node)});
 }
 
 std::vector<bool> DiskLog::certainAt(std::size_t at) const

@@ -27,7 +27,7 @@ public:
     void made(Inode folder, QByteArray name, Inode node, Made what = Made::File);
     void removed(Inode folder, QByteArray name);
     /// Durable with the sync of the folder that it moves to, and never half done.
-    void renamed(Inode from, QByteArray name, Inode to, QByteArray newName);
+    void renamed(Inode node, Inode from, QByteArray name, Inode to, QByteArray newName);
 
     /// How many things were done.
     [[nodiscard]] std::size_t length() const { return m_events.size(); }
@@ -50,6 +50,7 @@ private:
         int other = 0; ///< The file that gets the name, the folder that it moves to.
         QByteArray newName = {};
         Made made = Made::File;
+        int renamed = 0;
     };
     struct Disk;
 

@@ -131,8 +131,9 @@ public:
         const int done = FileCalls::renameAt(from, name, to, newName, flags);
         const Place source(from, name);
         const Place target(to, newName);
-        if (currentLog && done == 0)
-            currentLog->renamed(source.inode, source.name, target.inode, target.name);
+        struct stat renamed { };
+        if (currentLog && done == 0 && ::fstatat(to, newName, &renamed, AT_SYMLINK_NOFOLLOW) == 0)
+            currentLog->renamed({renamed.st_dev, renamed.st_ino}, source.inode, source.name, target.inode, target.name);
         return done;
     }
     int removeAt(int folder, const char* name, int flags) override
