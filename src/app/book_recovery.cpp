@@ -3,6 +3,9 @@
 #include "app/book.h"
 #include "app/lock_trust.h"
 #include "app/usage_marker.h"
+#include "platform/transaction.h"
+
+#include <string>
 
 namespace lorvan {
 namespace {
@@ -12,10 +15,26 @@ bool hasJournal(const BookFiles& files)
     return Connection::hasJournal(files.mainDatabase()) || Connection::hasJournal(files.auxiliaryDatabase());
 }
 
+/// One in which nothing stood yet is not taken back by the opening, but would be in everybody's way: the next commit
+/// ends it.
+void endJournal(Connection& database, const QString& path)
+{
+    if (!Connection::hasJournal(path))
+        return;
+    Transaction writing(database);
+    auto stamp = database.prepare("PRAGMA user_version");
+    const qint64 unchanged = stamp.step() ? stamp.integer(0) : 0;
+    database.execute("PRAGMA user_version = " + std::to_string(unchanged));
+    stamp.reset();
+    writing.commit();
+}
+
 void takeBackChange(const BookFiles& files, KeyRing& keys)
 {
     try {
-        (void)Book(files, keys, Connection::Access::ReadWrite);
+        Book book(files, keys, Connection::Access::ReadWrite);
+        endJournal(book.main(), files.mainDatabase());
+        endJournal(book.auxiliary(), files.auxiliaryDatabase());
     } catch (const std::exception&) {
         // Stays as it is.
     }

@@ -1,6 +1,7 @@
 #include "tools/claimed_marker.h"
 
 #include "app/book_files.h"
+#include "app/lock_trust.h"
 #include "tools/refused.h"
 
 #include <atomic>
@@ -32,8 +33,11 @@ void claimFree(UsageMarker& marker, const BookFiles& files)
 ClaimedMarker::ClaimedMarker(const BookFiles& files)
     : m_marker(files.usageMarker(), machineIdentity())
 {
-    if (BookFiles::exists(files.usageMarker()))
+    if (BookFiles::exists(files.usageMarker())) {
+        if (lockReachOf(files) == LockReach::Nobody)
+            throw LocksUntrusted();
         (void)m_marker.heal();
+    }
     try {
         claimFree(m_marker, files);
     } catch (const std::exception&) {

@@ -16,7 +16,7 @@ class ClaimedMarker {
 public:
     /// Throws Refused, naming user and computer, when the marker is in use: by anybody, since a program of this very
     /// user on this very computer would be surprised no less. Refuses a missing and an invalid marker too. Throws
-    /// MarkerError when the file cannot be written.
+    /// MarkerError when the file cannot be written, LocksUntrusted where locks keep nobody out.
     explicit ClaimedMarker(const BookFiles& files);
     ~ClaimedMarker();
     ClaimedMarker(const ClaimedMarker&) = delete;
