@@ -285,7 +285,8 @@ void Kentrikh::editGroups()
 void Kentrikh::tellLockTrouble()
 {
     if (m_locks == LockReach::Nobody)
-        m_diskNotice->tell(QStringLiteral("Το βιβλίο άνοιξε μόνο για ανάγνωση."),
+        m_diskNotice->tell(
+            QStringLiteral("Το βιβλίο άνοιξε μόνο για ανάγνωση: στον φάκελό του τα κλειδώματα δεν ισχύουν."),
             QStringLiteral(
                 "Στον φάκελο των δεδομένων τα κλειδώματα δεν ισχύουν: δύο προγράμματα θα μπορούσαν να γράψουν"
                 " μαζί και να χαλάσουν το βιβλίο."));
@@ -293,7 +294,7 @@ void Kentrikh::tellLockTrouble()
         m_diskNotice->tell(
             QStringLiteral("Προσοχή: τα κλειδώματα αυτού του φακέλου δεν ισχύουν για άλλους υπολογιστές."),
             QStringLiteral("Να μην αλλάζει το βιβλίο από δύο υπολογιστές μαζί: το αρχείο χρήσης μόνο δεν αρκεί."));
-    else if (!Folder(m_settings.dataFolder).knowsSync())
+    else if (!m_book.main().isReadOnly() && !Folder(m_settings.dataFolder).knowsSync())
         m_diskNotice->tell(QStringLiteral("Ο δίσκος αυτού του φακέλου δεν επιβεβαιώνει ονόματα αρχείων."),
             QStringLiteral("Μετά από μια διακοπή ρεύματος μπορεί να λείπει η τελευταία αλλαγή."));
 }
