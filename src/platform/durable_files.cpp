@@ -40,12 +40,6 @@ void syncFolder(const QString& folder)
     Folder(folder).sync();
 }
 
-void syncFile(const QString& path)
-{
-    const QFileInfo info(path);
-    Folder(info.path()).open(info.fileName(), Folder::Opening::Write).sync();
-}
-
 void replaceFile(const QString& path, const QByteArray& content, FileAccess access)
 {
     const QFileInfo info = behindLinks(path);

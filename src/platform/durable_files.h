@@ -12,10 +12,6 @@ namespace lorvan {
 /// Has the disk confirm the names in a folder. A file system that knows no such thing counts as done.
 void syncFolder(const QString& folder);
 
-/// Has the disk confirm the contents of a file. Not for a database that the process has open: closing the file drops
-/// its locks.
-void syncFile(const QString& path);
-
 /// Writes a file beside its place, has the disk confirm it, and gives it the name; through a link, that of the file
 /// behind it. See Folder::replace(). A failure leaves the old file as it was.
 void replaceFile(const QString& path, const QByteArray& content, FileAccess access);
