@@ -2,6 +2,7 @@
 
 #include "cashbook/entry_rules.h"
 #include "controls/code_chooser.h"
+#include "controls/focus_rules.h"
 #include "platform/message_window.h"
 
 #include <algorithm>
@@ -92,6 +93,7 @@ const MovementCode* CodePicker::find(std::optional<qint32> code) const
 void CodePicker::say(const QString& text)
 {
     showMessage(m_chooser->window(), QMessageBox::Information, QStringLiteral("Προσοχη"), text);
+    goBackTo(*m_chooser);
 }
 
 } // namespace lorvan

@@ -144,6 +144,10 @@ void CodeChooser::keyPressEvent(QKeyEvent* event)
         Q_EMIT enterPressed();
         return;
     }
+    if (isAltTyping(*event)) {
+        event->ignore();
+        return;
+    }
     if (m_rowIsStale && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down))
         setCurrentRow(-1);
     QComboBox::keyPressEvent(event);

@@ -23,7 +23,7 @@ bool isEnter(const QKeyEvent& event)
 bool isTyping(const QKeyEvent& event)
 {
     const QString text = event.text();
-    return !text.isEmpty() && !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+    return !text.isEmpty() && !(event.modifiers() & Qt::ControlModifier)
         && std::all_of(text.begin(), text.end(), [](QChar c) { return c.isPrint() || c.isSurrogate(); });
 }
 
@@ -105,6 +105,10 @@ void EntryField::keyPressEvent(QKeyEvent* event)
     if (isEnter(*event)) {
         event->accept();
         focusNextPrevChild(true);
+        return;
+    }
+    if (isAltTyping(*event)) {
+        event->ignore();
         return;
     }
     if (!isTyping(*event)) {

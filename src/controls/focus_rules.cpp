@@ -1,10 +1,22 @@
 #include "controls/focus_rules.h"
 
+#include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 
 #include <iterator>
 
 namespace lorvan {
+namespace {
+
+/// The field's line of text; null where it has none.
+QLineEdit* lineOf(QWidget& field)
+{
+    auto* const chooser = qobject_cast<QComboBox*>(&field);
+    return chooser ? chooser->lineEdit() : qobject_cast<QLineEdit*>(&field);
+}
+
+} // namespace
 
 bool isRealFocusChange(Qt::FocusReason reason)
 {
@@ -14,8 +26,15 @@ bool isRealFocusChange(Qt::FocusReason reason)
 void goBackTo(QWidget& field)
 {
     field.setFocus(Qt::OtherFocusReason);
-    if (auto* const line = qobject_cast<QLineEdit*>(&field))
+    if (QLineEdit* const line = lineOf(field))
         line->selectAll(); // the window may not be active again yet, and then the focus alone does not select
+}
+
+bool isAltTyping(const QKeyEvent& event)
+{
+    const QString text = event.text();
+    return event.modifiers() & (Qt::AltModifier | Qt::MetaModifier) && !text.isEmpty()
+        && (text.front().isPrint() || text.front().isSurrogate());
 }
 
 void chainTabOrder(const QWidgetList& order)

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QKeyEvent;
 class QLineEdit;
 
 namespace lorvan {
@@ -10,8 +11,13 @@ namespace lorvan {
 /// windows take the focus and give it back.
 [[nodiscard]] bool isRealFocusChange(Qt::FocusReason reason);
 
-/// Takes the user back to a field whose text was refused, with all of it selected.
+/// Takes the user back to a field or chooser whose text was refused, with all of it selected, so that typing replaces
+/// it.
 void goBackTo(QWidget& field);
+
+/// Whether a key types a character with Alt or the logo key held down, which is a command of nobody's: fields drop it.
+/// The third level of a keyboard (AltGr) is no such modifier.
+[[nodiscard]] bool isAltTyping(const QKeyEvent& event);
 
 /// The Tab key goes from each of the widgets to the next.
 void chainTabOrder(const QWidgetList& order);

@@ -65,6 +65,8 @@ TEST_F(CodeChooserTest, theListPicksARowLeavesTheTextToTheOwnerAndIsNoLeaving)
 TEST_F(CodeChooserTest, leavingWithTheTextOfARowPicksNothing)
 {
     QTest::keyClicks(chooser, QStringLiteral("300"));
+    QTest::keyClick(chooser, 'a', Qt::AltModifier);
+    EXPECT_EQ(chooser->currentText(), QStringLiteral("300"));
     QTest::keyClick(chooser, Qt::Key_Tab);
     EXPECT_TRUE(other->hasFocus());
     EXPECT_EQ(picks.count(), 0);

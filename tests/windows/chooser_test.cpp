@@ -48,6 +48,7 @@ TEST_F(ChooserTest, enterSelectsACodeOrSaysWhyNot)
         EXPECT_EQ(user().field(income).text(), QString::fromUtf8(each.amountLeft)) << each.typed;
         EXPECT_EQ(user().focusName(), QStringLiteral("DBCombo1"));
         EXPECT_EQ(chooser().currentText(), QString::fromUtf8(each.typed)) << "what was typed stays";
+        EXPECT_EQ(chooser().lineEdit()->selectedText(), QString::fromUtf8(each.typed)) << "for typing to replace it";
         boxes.expect(noCodeGiven());
         user().click(user().command(insert));
     }
