@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <array>
 #include <vector>
 
 namespace lorvan {
@@ -19,14 +20,36 @@ inline constexpr int descriptionWidth = 22;
 inline constexpr int memorandumWidth = 15;
 inline constexpr int amountWidth = 11;
 inline constexpr int chequeWidth = 2;
-inline constexpr int codeStart = numberWidth + 1;
-inline constexpr int descriptionStart = codeStart + codeWidth + 1;
-inline constexpr int memorandumStart = descriptionStart + descriptionWidth;
-inline constexpr int incomeStart = memorandumStart + memorandumWidth;
-inline constexpr int expenseStart = incomeStart + amountWidth;
-inline constexpr int chequeStart = expenseStart + amountWidth;
-inline constexpr int length = chequeStart + chequeWidth;
+inline constexpr int length =
+    numberWidth + 1 + codeWidth + 1 + descriptionWidth + memorandumWidth + 2 * amountWidth + chequeWidth;
 } // namespace day_line
+
+/// The columns in which a movement is shown, left to right.
+enum class DayColumn : std::uint8_t { Number, Code, Description, Memorandum, Income, Expense, Cheque };
+inline constexpr std::size_t dayColumnCount = 7;
+
+/// A movement's own values as texts, one for each column.
+using DayCells = std::array<QString, dayColumnCount>;
+
+/// How much room the columns of a day need, in characters of equal width.
+class DayWidths {
+public:
+    /// Makes the columns of row number and amounts wide enough for that row, with a blank before each amount. None is
+    /// narrower than in the line.
+    void include(const DayCells& cells);
+
+    [[nodiscard]] int of(DayColumn column) const { return m_columns.at(static_cast<std::size_t>(column)); }
+    [[nodiscard]] int startOf(DayColumn column) const; ///< With a blank after row number and code each.
+    [[nodiscard]] int ofLine() const; ///< Of all columns, the description's as in the line.
+
+    /// What the longest description has beyond the line's column.
+    [[nodiscard]] int missingForDescription() const { return m_missing; }
+
+private:
+    std::array<int, dayColumnCount> m_columns{day_line::numberWidth, day_line::codeWidth, day_line::descriptionWidth,
+        day_line::memorandumWidth, day_line::amountWidth, day_line::amountWidth, day_line::chequeWidth};
+    int m_missing = 0;
+};
 
 /// One cash day as it is shown and printed: what was carried, its movements in the order of their entry, its figures.
 struct DayView {
@@ -46,6 +69,10 @@ struct DayView {
 /// A movement's line of fixed width; `number` is its place in the day, from 1. Amounts that are too long lose their
 /// beginning, descriptions their end.
 [[nodiscard]] QString movementLine(const MovementDraft& movement, int number);
+
+/// The same in columns, with row number, description and amounts whole and the code as in the line. A memorandum amount
+/// of zero is empty, and so is the mark of what is no cheque.
+[[nodiscard]] DayCells movementCells(const MovementDraft& movement, int number);
 
 /// The same movement with nothing cut: for a tooltip and for assistive tools.
 [[nodiscard]] QString movementSummary(const MovementDraft& movement, int number);

@@ -28,13 +28,14 @@ const QString attention = QStringLiteral("Προσοχή");
 
 DayLine lineOf(const Movement& movement, int number)
 {
-    return {movementLine(movement, number), movementSummary(movement, number), movement.key};
+    return {movementLine(movement, number), movementSummary(movement, number), movement.key,
+        movementCells(movement, number)};
 }
 
 std::vector<DayLine> linesOf(const DayView& view)
 {
     const QString carried = carriedLine(view.carried);
-    std::vector<DayLine> lines{{carried, carried, 0}};
+    std::vector<DayLine> lines{{carried, carried, 0, {}}};
     int number = 0;
     for (const Movement& movement : view.movements)
         lines.push_back(lineOf(movement, ++number));

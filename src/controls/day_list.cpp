@@ -1,6 +1,5 @@
 #include "controls/day_list.h"
 
-#include "cashbook/day_view.h"
 #include "controls/day_list_delegate.h"
 #include "controls/theme.h"
 
@@ -8,6 +7,7 @@
 #include <QScrollBar>
 #include <QStyle>
 
+#include <algorithm>
 #include <array>
 
 namespace lorvan {
@@ -21,6 +21,7 @@ constexpr int largestSpare = 40;
 constexpr int charactersForLargerFont = 80;
 constexpr std::array fontFactors{1.4, 1.3, 1.2};
 constexpr qreal leastFactor = 1.1;
+constexpr std::array factorsForLongAmounts{1.1, 1.0, 0.9};
 
 qreal advanceOf(const QFont& font)
 {
@@ -60,25 +61,33 @@ QVariant DayListModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleTextRole:
         return line.whole;
     default:
-        return {};
+        const auto column = static_cast<std::size_t>(role - DayListModel::role(DayColumn::Number));
+        return column < dayColumnCount ? line.cells.at(column) : QVariant();
     }
 }
 
-qreal DayLineLayout::left(int character) const
+qreal DayLineLayout::left(DayColumn column) const
 {
-    return inset + character * advance + (character >= day_line::memorandumStart ? spare : 0);
+    return inset + widths.startOf(column) * advance + (column > DayColumn::Description ? spare : 0);
+}
+
+qreal DayLineLayout::right(DayColumn column) const
+{
+    return left(column) + widths.of(column) * advance + (column == DayColumn::Description ? spare : 0);
 }
 
 qreal DayLineLayout::width() const
 {
-    return 2 * inset + day_line::length * advance + spare;
+    return right(DayColumn::Cheque) + inset;
 }
 
-DayLineLayout DayLineLayout::forWidth(int available, const QFont& font)
+DayLineLayout DayLineLayout::forWidth(int available, const QFont& font, const DayWidths& widths)
 {
     DayLineLayout layout;
     layout.advance = advanceOf(font);
-    layout.spare = std::clamp(available - layout.width(), 0.0, largestSpare * layout.advance);
+    layout.widths = widths;
+    const int wanted = std::max(largestSpare, widths.missingForDescription());
+    layout.spare = std::clamp(available - layout.width(), 0.0, wanted * layout.advance);
     return layout;
 }
 
@@ -93,14 +102,18 @@ DayList::DayList(QWidget* parent)
     connect(this, &QListView::clicked, this, &DayList::clickedLine);
     connect(this, &RecordList::opened, this,
         [this](const QModelIndex& index) { Q_EMIT openedLine(index.data(Qt::UserRole).toLongLong()); });
-    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &DayList::slicesChanged);
+    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &DayList::columnsChanged);
     connect(&Theme::instance(), &Theme::changed, this, &DayList::layOut);
     layOut();
 }
 
 void DayList::setLines(std::vector<DayLine> lines)
 {
+    m_widths = {};
+    for (const DayLine& line : lines)
+        m_widths.include(line.cells);
     m_model->setLines(std::move(lines));
+    layOut();
 }
 
 void DayList::selectLast()
@@ -117,7 +130,7 @@ int DayList::rowHeight() const
 
 int DayList::scrollWidth() const
 {
-    const DayLineLayout least = DayLineLayout::forWidth(0, font());
+    const DayLineLayout least = DayLineLayout::forWidth(0, font(), m_widths);
     return m_layout.spare > 0 ? 1 : qCeil(least.width());
 }
 
@@ -125,7 +138,7 @@ QSize DayList::sizeHint() const
 {
     const QFont font = Theme::instance().fixedFont(leastFactor);
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-    return {qCeil(DayLineLayout::forWidth(0, font).width()) + bar + 2 * frameWidth(),
+    return {qCeil(DayLineLayout::forWidth(0, font, {}).width()) + bar + 2 * frameWidth(),
         usualRows * rowHeightFor(font) + 2 * (margin + frameWidth())};
 }
 
@@ -141,8 +154,14 @@ QFont DayList::largestFont() const
     const QSize available = contentsRect().size() - QSize(bar, 2 * margin);
     for (const qreal factor : fontFactors) {
         const QFont font = Theme::instance().fixedFont(factor);
-        if (charactersForLargerFont * advanceOf(font) <= available.width()
+        const qreal line = DayLineLayout::forWidth(0, font, m_widths).width();
+        if (std::max(line, charactersForLargerFont * advanceOf(font)) <= available.width()
             && usualRows * rowHeightFor(font) <= available.height())
+            return font;
+    }
+    for (const qreal factor : factorsForLongAmounts) {
+        const QFont font = Theme::instance().fixedFont(factor);
+        if (DayLineLayout::forWidth(0, font, m_widths).width() <= available.width())
             return font;
     }
     return Theme::instance().fixedFont(leastFactor);
@@ -154,9 +173,9 @@ void DayList::layOut()
     if (font() != wanted)
         setFont(wanted);
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-    m_layout = DayLineLayout::forWidth(contentsRect().width() - bar, wanted);
+    m_layout = DayLineLayout::forWidth(contentsRect().width() - bar, wanted, m_widths);
     scheduleDelayedItemsLayout();
-    Q_EMIT slicesChanged();
+    Q_EMIT columnsChanged();
 }
 
 void DayList::resizeEvent(QResizeEvent* event)

@@ -1,6 +1,5 @@
 #include "controls/day_list_delegate.h"
 
-#include "cashbook/day_view.h"
 #include "controls/day_list.h"
 #include "controls/row_delegate.h"
 #include "controls/theme.h"
@@ -11,58 +10,67 @@
 namespace lorvan {
 namespace {
 
-using namespace day_line;
-
-/// Paints the slices of one row.
+/// Paints the columns of one row.
 class LinePainter {
 public:
-    LinePainter(QPainter& painter, const DayLineLayout& layout, const QStyleOptionViewItem& option, QString line)
+    LinePainter(
+        QPainter& painter, const DayLineLayout& layout, const QStyleOptionViewItem& option, const QModelIndex& index)
         : m_painter(painter)
         , m_layout(layout)
         , m_row(option.rect)
-        , m_line(std::move(line))
+        , m_index(index)
         , m_selected(option.state.testFlag(QStyle::State_Selected))
     {
     }
 
-    /// In the focused list every slice of the selected row has one colour.
+    /// In the focused list all of the selected row has one colour.
     void forceColour(const QColor& colour) { m_forced = colour; }
 
     void whole()
     {
         setBold();
-        draw(area(0, length), Qt::AlignLeft, m_line, ColourRole::Text);
+        draw(area(m_layout.left(DayColumn::Number), m_layout.width()), Qt::AlignLeft, m_index.data().toString(),
+            ColourRole::Text);
     }
 
-    void left(int start, int width, ColourRole role)
+    void right(DayColumn column, ColourRole role)
     {
-        draw(area(start, width), Qt::AlignLeft, m_line.mid(start, width), role);
+        draw(area(m_layout.left(column), m_layout.right(column)), Qt::AlignRight, cell(column), role);
     }
 
-    void right(int start, int width, ColourRole role)
-    {
-        draw(area(start, width), Qt::AlignRight, m_line.mid(start, width).trimmed(), role);
-    }
+    void amount(DayColumn column, ColourRole role) { right(column, cell(column) == u"0" ? zeroRole() : role); }
 
-    void amount(int start, ColourRole role)
+    /// Goes on over the room that an empty or short cell after it leaves.
+    void description()
     {
-        const bool isZero = m_line.mid(start, amountWidth).trimmed() == u"0";
-        right(start, amountWidth, isZero ? zeroRole() : role);
+        const QRectF room = area(m_layout.left(DayColumn::Description), endOfDescription());
+        const QString text =
+            QFontMetricsF(m_painter.font()).elidedText(cell(DayColumn::Description), Qt::ElideRight, room.width());
+        draw(room, Qt::AlignLeft, text, ColourRole::Text);
     }
 
     void cheque()
     {
         setBold();
-        left(chequeStart, chequeWidth, ColourRole::Accent);
+        right(DayColumn::Cheque, ColourRole::Accent);
     }
 
 private:
     [[nodiscard]] ColourRole zeroRole() const { return m_selected ? ColourRole::Muted : ColourRole::Faint; }
 
-    [[nodiscard]] QRectF area(int start, int width) const
+    [[nodiscard]] QString cell(DayColumn column) const { return m_index.data(DayListModel::role(column)).toString(); }
+
+    /// A character before the next text begins.
+    [[nodiscard]] qreal endOfDescription() const
     {
-        return {
-            m_row.left() + m_layout.left(start), qreal(m_row.top()), width * m_layout.advance, qreal(m_row.height())};
+        const bool hasMemorandum = !cell(DayColumn::Memorandum).isEmpty();
+        const DayColumn next = hasMemorandum ? DayColumn::Memorandum : DayColumn::Income;
+        return m_layout.right(next) - static_cast<qreal>(cell(next).size() + 1) * m_layout.advance;
+    }
+
+    [[nodiscard]] QRectF area(qreal left, qreal right) const
+    {
+        return {m_row.left() + left, qreal(m_row.top()), right - left, qreal(m_row.height())};
     }
 
     void setBold()
@@ -83,7 +91,7 @@ private:
     QPainter& m_painter;
     const DayLineLayout& m_layout;
     QRect m_row;
-    QString m_line;
+    QModelIndex m_index;
     QColor m_forced;
     bool m_selected;
 };
@@ -100,12 +108,12 @@ void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QM
 
 void paintMovement(LinePainter& line)
 {
-    line.right(0, numberWidth, ColourRole::Muted);
-    line.right(codeStart, codeWidth, ColourRole::Muted);
-    line.left(descriptionStart, descriptionWidth, ColourRole::Text);
-    line.right(memorandumStart, memorandumWidth, ColourRole::Muted);
-    line.amount(incomeStart, ColourRole::Income);
-    line.amount(expenseStart, ColourRole::Expense);
+    line.right(DayColumn::Number, ColourRole::Muted);
+    line.right(DayColumn::Code, ColourRole::Muted);
+    line.description();
+    line.right(DayColumn::Memorandum, ColourRole::Muted);
+    line.amount(DayColumn::Income, ColourRole::Income);
+    line.amount(DayColumn::Expense, ColourRole::Expense);
     line.cheque();
 }
 
@@ -121,7 +129,7 @@ void DayListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     paintGround(*painter, option, index, isBalance);
     const QColor colour = paintRowGround(*painter, option, index);
     painter->setFont(option.font);
-    LinePainter line(*painter, list->lineLayout(), option, index.data().toString());
+    LinePainter line(*painter, list->lineLayout(), option, index);
     if (option.state.testFlag(QStyle::State_Selected) && list->hasFocus())
         line.forceColour(colour);
     if (isBalance)

@@ -4,7 +4,7 @@
 
 namespace lorvan {
 
-/// Paints a day's lines in slices, each over its column.
+/// Paints a day's movements in columns, from their own values, and the balance line as one text.
 class DayListDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

@@ -1,6 +1,5 @@
 #include "controls/day_list_head.h"
 
-#include "cashbook/day_view.h"
 #include "controls/day_list.h"
 #include "controls/theme.h"
 
@@ -15,18 +14,17 @@ namespace {
 
 constexpr int gapToList = 4;
 
-struct Slice {
-    int start;
-    int width;
+struct Word {
+    DayColumn column;
     Qt::Alignment alignment;
 };
 
-constexpr std::array slices{
-    Slice{0, day_line::numberWidth, Qt::AlignRight},
-    Slice{day_line::codeStart, day_line::codeWidth, Qt::AlignRight},
-    Slice{day_line::descriptionStart, day_line::descriptionWidth, Qt::AlignLeft},
-    Slice{day_line::incomeStart, day_line::amountWidth, Qt::AlignRight},
-    Slice{day_line::expenseStart, day_line::amountWidth, Qt::AlignRight},
+constexpr std::array places{
+    Word{DayColumn::Number, Qt::AlignRight},
+    Word{DayColumn::Code, Qt::AlignRight},
+    Word{DayColumn::Description, Qt::AlignLeft},
+    Word{DayColumn::Income, Qt::AlignRight},
+    Word{DayColumn::Expense, Qt::AlignRight},
 };
 
 } // namespace
@@ -36,7 +34,7 @@ DayListHead::DayListHead(const QString& text, DayList& list, QWidget* parent)
     , m_list(list)
 {
     setTextFormat(Qt::PlainText);
-    connect(&list, &DayList::slicesChanged, this, &DayListHead::dress);
+    connect(&list, &DayList::columnsChanged, this, &DayListHead::dress);
     dress();
 }
 
@@ -57,11 +55,11 @@ QSize DayListHead::minimumSizeHint() const
     return sizeHint();
 }
 
-void DayListHead::paintOver(QPainter& painter, int start, int width, Qt::Alignment alignment, const QString& word) const
+void DayListHead::paintOver(QPainter& painter, DayColumn column, Qt::Alignment alignment, const QString& word) const
 {
     const DayLineLayout& layout = m_list.lineLayout();
-    const qreal left = m_list.frameWidth() + layout.left(start) - m_list.horizontalScrollBar()->value();
-    const QRectF area(left, 0, width * layout.advance, height() - gapToList);
+    const qreal shift = m_list.frameWidth() - m_list.horizontalScrollBar()->value();
+    const QRectF area(shift + layout.left(column), 0, layout.right(column) - layout.left(column), height() - gapToList);
     painter.drawText(area, int(alignment | Qt::AlignVCenter) | Qt::TextSingleLine | Qt::TextDontClip, word);
 }
 
@@ -70,16 +68,16 @@ void DayListHead::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setPen(Theme::instance().colour(ColourRole::PageMuted));
     const QStringList words = text().split(u' ', Qt::SkipEmptyParts);
-    const auto count = std::min(slices.size(), static_cast<std::size_t>(words.size()));
+    const auto count = std::min(places.size(), static_cast<std::size_t>(words.size()));
     for (std::size_t i = 0; i < count; ++i)
-        paintOver(painter, slices[i].start, slices[i].width, slices[i].alignment, words.at(static_cast<int>(i)));
+        paintOver(painter, places[i].column, places[i].alignment, words.at(static_cast<int>(i)));
 }
 
 void MemorandumHead::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setPen(Theme::instance().colour(ColourRole::PageMuted));
-    paintOver(painter, day_line::memorandumStart, day_line::memorandumWidth, Qt::AlignRight, text());
+    paintOver(painter, DayColumn::Memorandum, Qt::AlignRight, text());
 }
 
 QWidget* dayListHeading(DayListHead* head, MemorandumHead* memorandum)

@@ -1,13 +1,15 @@
 #pragma once
 
+#include "cashbook/day_view.h"
+
 #include <QLabel>
 
 namespace lorvan {
 
 class DayList;
 
-/// A heading over a day list. It keeps its text and paints each of its words over the slice that the word stands for
-/// in the text itself; headings of amounts are right-aligned with the amounts.
+/// A heading over a day list. It keeps its text and paints each of its words over the column that the word stands for;
+/// headings of amounts are right-aligned with the amounts.
 class DayListHead : public QLabel {
     Q_OBJECT
 
@@ -21,8 +23,8 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
 
-    /// Paints a word over the characters from `start` on, at the end of their slice or at its beginning.
-    void paintOver(QPainter& painter, int start, int width, Qt::Alignment alignment, const QString& word) const;
+    /// Paints a word over a column, at its end or at its beginning.
+    void paintOver(QPainter& painter, DayColumn column, Qt::Alignment alignment, const QString& word) const;
 
 private:
     void dress();

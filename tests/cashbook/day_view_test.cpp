@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace lorvan::test {
 
 TEST(DayLine, isRightToTheCharacter)
@@ -32,16 +34,34 @@ TEST(DayLine, isRightToTheCharacter)
         QStringLiteral("   20 ΔΕΗ                                            0  10.000,00 §"));
 }
 
-TEST(DayLine, theSummaryIsWholeWhereTheLineIsCut)
+TEST(DayLine, summaryAndColumnsAreWholeWhereTheLineIsCut)
 {
     const QString description = QString(10'000, u'δ') + QStringLiteral(" \"100%\"");
-    const MovementDraft movement{1234567, QDate(2024, 3, 15), description, cents(1'234'567'890), {}, {}, true};
-    const QString summary = movementSummary(movement, 1);
-    EXPECT_TRUE(summary.contains(description));
-    EXPECT_TRUE(summary.contains(QStringLiteral("1234567 ")));
-    EXPECT_TRUE(summary.contains(QStringLiteral("12.345.678,90")));
-    EXPECT_TRUE(summary.contains(QStringLiteral("Επιταγή")));
+    const Currency least = Currency::fromTenThousandths(std::numeric_limits<std::int64_t>::min());
+    const MovementDraft movement{1234567, QDate(2024, 3, 15), description, {}, least, least, true};
     EXPECT_EQ(movementLine(movement, 1).size(), 72);
+    EXPECT_EQ(movementSummary(movement, 10'000),
+        QStringLiteral("10000. 1234567 ") + description
+            + QStringLiteral("\nΈξοδα -922.337.203.685.477,58\nΛ τάξεως -922.337.203.685.477,58\nΕπιταγή"));
+    const DayCells cells = movementCells(movement, 10'000);
+    EXPECT_EQ(QStringList(cells.begin(), cells.end()).join(u'|'),
+        QStringLiteral("10000|34567|") + description
+            + QStringLiteral("|-922.337.203.685.477,58|0|-922.337.203.685.477,58|§"));
+}
+
+TEST(DayLine, onlyWhatIsLongerThanTheLinesColumnsWidensThem)
+{
+    const auto columns = [](qint64 units, int number) {
+        DayWidths widths;
+        widths.include(movementCells({1, {}, QString(40, u'δ'), cents(units), {}, {}, false}, number));
+        return QStringLiteral("%1 %2 %3 %4")
+            .arg(widths.startOf(DayColumn::Description))
+            .arg(widths.of(DayColumn::Income))
+            .arg(widths.ofLine())
+            .arg(widths.missingForDescription());
+    };
+    EXPECT_EQ(columns(99'999'999, 9999), QStringLiteral("11 11 72 18"));
+    EXPECT_EQ(columns(100'000'000, 10'000), QStringLiteral("12 13 75 18"));
 }
 
 TEST(DayLine, theCarriedBalanceNamesItsDay)

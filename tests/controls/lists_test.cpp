@@ -28,9 +28,9 @@ std::vector<ListRow> numberedRows(int count)
 
 std::vector<DayLine> movementLines(int count)
 {
-    std::vector<DayLine> lines{{QStringLiteral("Υπόλοιπο από την προηγούμενη 0"), {}, 0}};
+    std::vector<DayLine> lines{{QStringLiteral("Υπόλοιπο από την προηγούμενη 0"), {}, 0, {}}};
     for (int i = 1; i <= count; ++i)
-        lines.push_back({QString(day_line::length, u'x'), cutText, 100 + i});
+        lines.push_back({QString(day_line::length, u'x'), cutText, 100 + i, {}});
     return lines;
 }
 
@@ -212,7 +212,37 @@ TEST(DayList, growsItsFontWithTheWindowAndScrollsSidewaysInANarrowOne)
     EXPECT_EQ(fontAt(400, 268), small);
 }
 
-TEST(DayList, theHeadingStandsOverItsSlicesAlsoWhenScrolled)
+TEST(DayList, paintsWholeAmountsAndAsMuchOfTheDescriptionAsThereIsRoomFor)
+{
+    const DesktopFont font("Noto Sans", 10);
+    DayList list;
+    const QString description(150, u'M');
+    list.setLines({{{}, {}, 1, {u"1"_qs, u"1"_qs, description, {}, u"0"_qs, u"0"_qs, {}}},
+        {{}, {}, 2, {u"2"_qs, u"1"_qs, description, u"922.337.203.685.477,58"_qs, u"0"_qs, u"0"_qs, {}}}});
+    list.resize(1900, 900);
+    list.show();
+    const DayLineLayout& layout = list.lineLayout();
+    // The columns of the row that are without ink between the description and the next text.
+    const auto gapAfter = [&](int row, DayColumn next, int characters) {
+        const QRect line = list.visualRect(list.model()->index(row, 0));
+        const QImage image = list.viewport()->grab(line).toImage().convertToFormat(QImage::Format_Grayscale8);
+        const int end = qFloor(layout.right(next) - characters * layout.advance);
+        int ink = end - 1;
+        const auto hasInk = [&](int x) {
+            for (int y = 4; y < image.height() - 4; ++y)
+                if (qGray(image.pixel(x, y)) < 160)
+                    return true;
+            return false;
+        };
+        while (ink > 0 && !hasInk(ink))
+            --ink;
+        return (end - ink) / layout.advance;
+    };
+    EXPECT_NEAR(gapAfter(0, DayColumn::Income, 1), 1, 1) << "on over the empty memorandum column";
+    EXPECT_NEAR(gapAfter(1, DayColumn::Memorandum, 22), 1, 1);
+}
+
+TEST(DayList, theHeadingStandsOverItsColumnsAlsoWhenScrolled)
 {
     ShownForm form;
     auto* const list = new DayList;
@@ -227,8 +257,8 @@ TEST(DayList, theHeadingStandsOverItsSlicesAlsoWhenScrolled)
     list->horizontalScrollBar()->setValue(list->horizontalScrollBar()->maximum());
     ASSERT_GT(list->horizontalScrollBar()->value(), 0);
     const int shift = list->frameWidth() - list->horizontalScrollBar()->value();
-    EXPECT_NEAR(lastInkOf(*head), list->lineLayout().left(day_line::chequeStart) + shift, 3);
-    EXPECT_NEAR(lastInkOf(*memorandum), list->lineLayout().left(day_line::incomeStart) + shift, 3);
+    EXPECT_NEAR(lastInkOf(*head), list->lineLayout().right(DayColumn::Expense) + shift, 3);
+    EXPECT_NEAR(lastInkOf(*memorandum), list->lineLayout().right(DayColumn::Memorandum) + shift, 3);
 }
 
 } // namespace lorvan::test
