@@ -245,45 +245,51 @@ void Label3D::changeEvent(QEvent* event)
 
 bool Label3D::isOnFrontLayer(QPointF position) const
 {
-    return position.x() >= m_frontOffset.x() && position.y() >= m_frontOffset.y();
+    return QRectF(rect()).intersected(QRectF(rect()).translated(m_frontOffset)).contains(position);
+}
+
+void Label3D::pass(MouseSignal signal, const QMouseEvent& event, Qt::MouseButtons buttons)
+{
+    const QPointF at = event.position() - m_frontOffset;
+    Q_EMIT(this->*signal)
+    (buttonCode(buttons), shiftCode(event.modifiers()), static_cast<float>(at.x()), static_cast<float>(at.y()));
 }
 
 void Label3D::mousePressEvent(QMouseEvent* event)
 {
-    if (!isOnFrontLayer(event->position())) {
-        event->ignore();
-        return;
-    }
-    const QPointF at = event->position() - m_frontOffset;
-    Q_EMIT mouseDown(buttonCode(event->button()), shiftCode(event->modifiers()), static_cast<float>(at.x()),
-        static_cast<float>(at.y()));
+    m_held = isOnFrontLayer(event->position());
+    event->setAccepted(m_held);
+    if (m_held)
+        pass(&Label3D::mouseDown, *event, event->button());
 }
 
 void Label3D::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPointF at = event->position() - m_frontOffset;
-    Q_EMIT mouseMove(buttonCode(event->buttons()), shiftCode(event->modifiers()), static_cast<float>(at.x()),
-        static_cast<float>(at.y()));
+    const bool isOurs = event->buttons() == Qt::NoButton ? isOnFrontLayer(event->position()) : m_held;
+    event->setAccepted(isOurs);
+    if (isOurs)
+        pass(&Label3D::mouseMove, *event, event->buttons());
 }
 
 void Label3D::mouseReleaseEvent(QMouseEvent* event)
 {
-    const QPointF at = event->position() - m_frontOffset;
-    Q_EMIT mouseUp(buttonCode(event->button()), shiftCode(event->modifiers()), static_cast<float>(at.x()),
-        static_cast<float>(at.y()));
-    if (!m_doubleClicked && rect().contains(event->position().toPoint()))
+    event->setAccepted(m_held);
+    if (!m_held)
+        return;
+    m_held = event->buttons() != Qt::NoButton;
+    pass(&Label3D::mouseUp, *event, event->button());
+    if (!m_doubleClicked && isOnFrontLayer(event->position()))
         Q_EMIT click();
     m_doubleClicked = false;
 }
 
 void Label3D::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (!isOnFrontLayer(event->position())) {
-        event->ignore();
-        return;
-    }
-    m_doubleClicked = true;
-    Q_EMIT dblClick();
+    m_held = isOnFrontLayer(event->position());
+    m_doubleClicked = m_held;
+    event->setAccepted(m_held);
+    if (m_held)
+        Q_EMIT dblClick();
 }
 
 } // namespace lorvan

@@ -88,7 +88,7 @@ Q_SIGNALS:
     void click();
     void dblClick();
     /// `button` 1 left, 2 right, 4 middle; `shift` 1 Shift, 2 Ctrl, 4 Alt; positions in pixels of the front layer.
-    /// While the mouse moves, `button` is the sum of those held down.
+    /// While the mouse moves, `button` is the sum of those held down. What begins beside the front layer is not told.
     void mouseDown(qint16 button, qint16 shift, float x, float y);
     void mouseMove(qint16 button, qint16 shift, float x, float y);
     void mouseUp(qint16 button, qint16 shift, float x, float y);
@@ -102,7 +102,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    using MouseSignal = void (Label3D::*)(qint16 button, qint16 shift, float x, float y);
+
     void layOut();
+    void pass(MouseSignal signal, const QMouseEvent& event, Qt::MouseButtons buttons);
     void notify(const char* property);
     [[nodiscard]] qreal step() const;
     void paintBorder(QPainter& painter) const;
@@ -119,6 +122,7 @@ private:
     Border m_border = Border::None;
     quint8 m_phase = 0;
     bool m_elided = false;
+    bool m_held = false; ///< A button went down on the front layer: all that the mouse does until it is up is its.
     bool m_doubleClicked = false;
 };
 

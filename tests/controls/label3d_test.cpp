@@ -83,6 +83,9 @@ TEST(Label3D, passesTheMouseOfItsFrontLayerOn)
     QObject::connect(&label, &Label3D::mouseDown, &label, [&](qint16 button, qint16 shift, float x, float y) {
         events += QStringLiteral("down %1 %2 %3 %4").arg(button).arg(shift).arg(double(x)).arg(double(y));
     });
+    QObject::connect(&label, &Label3D::mouseMove, &label, [&](qint16 button, qint16, float x, float y) {
+        events += QStringLiteral("move %1 %2 %3").arg(button).arg(double(x)).arg(double(y));
+    });
     QObject::connect(&label, &Label3D::mouseUp, &label, [&] { events += QStringLiteral("up"); });
     QObject::connect(&label, &Label3D::click, &label, [&] { events += QStringLiteral("click"); });
     QObject::connect(&label, &Label3D::dblClick, &label, [&] { events += QStringLiteral("double"); });
@@ -95,8 +98,21 @@ TEST(Label3D, passesTheMouseOfItsFrontLayerOn)
     QTest::mouseRelease(&label, Qt::LeftButton, {}, {11, 6});
     EXPECT_EQ(events.join(u','), QStringLiteral("down 1 0 10 5,up,click,double,up"));
     events.clear();
-    QTest::mousePress(&label, Qt::LeftButton, {}, {0, 6}); // beside the front layer
+    const auto move = [&label](QPoint to, Qt::MouseButtons held) {
+        QMouseEvent event(QEvent::MouseMove, to, label.mapToGlobal(to), Qt::NoButton, held, {});
+        QCoreApplication::sendEvent(&label, &event);
+    };
+    const QPoint beside(0, 6); // the front layer
+    QTest::mousePress(&label, Qt::LeftButton, {}, beside);
+    move({11, 6}, Qt::LeftButton);
+    QTest::mouseRelease(&label, Qt::LeftButton, {}, {11, 6});
+    move(beside, {});
     EXPECT_EQ(events.join(u','), QString());
+    move({11, 6}, {});
+    QTest::mousePress(&label, Qt::LeftButton, {}, {11, 6});
+    move(beside, Qt::LeftButton);
+    QTest::mouseRelease(&label, Qt::LeftButton, {}, beside);
+    EXPECT_EQ(events.join(u','), QStringLiteral("move 0 10 5,down 1 0 10 5,move 1 -1 5,up"));
 }
 
 } // namespace lorvan::test
