@@ -287,7 +287,7 @@ void Login::signInAsTyped()
     }
     showMessage(this, QMessageBox::Information, QStringLiteral("Εισαγωγή Ονόματος / κωδικού"),
         QStringLiteral("Εχετε δώσει λάθος Ονομα ή κωδικό "));
-    m_fields[Name]->setFocus(Qt::OtherFocusReason);
+    goBackTo(*m_fields[Name]);
 }
 
 void Login::closeEvent(QCloseEvent* event)

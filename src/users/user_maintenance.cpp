@@ -163,6 +163,7 @@ bool UserMaintenance::refusedAsIncomplete()
         return false;
     showMessage(window(), QMessageBox::Information, QStringLiteral("Προσοχή"),
         QStringLiteral("Δεν έχετε δώσει το Ονομα του χρήστη ή το κωδικό του"));
+    goBackTo(isComplete(m_name->text(), QStringLiteral("-")) ? *m_password : *m_name);
     return true;
 }
 

@@ -51,13 +51,15 @@ TEST_F(MaintenanceTest, refusesAnAccountWithoutNameOrPassword)
 {
     startAsAdministrator();
     const auto before = users();
-    for (const auto& [name, password] :
-        {std::pair("", "κωδικός"), std::pair("  ", "κωδικός"), std::pair("όνομα", " ")}) {
+    for (const auto& [name, password, missing] :
+        {std::tuple("", "κωδικός", Name), std::tuple("  ", "κωδικός", Name), std::tuple("όνομα", " ", Password)}) {
         user().enter(Name, QString::fromUtf8(name));
         user().enter(Password, QString::fromUtf8(password));
         boxes.expect(information(
             QStringLiteral("Προσοχή"), QStringLiteral("Δεν έχετε δώσει το Ονομα του χρήστη ή το κωδικό του")));
         user().click(user().command(Add));
+        EXPECT_EQ(user().focusName(), QStringLiteral("Text1(%1)").arg(missing));
+        EXPECT_EQ(user().field(missing).selectedText(), user().field(missing).text());
     }
     EXPECT_EQ(users(), before);
 }

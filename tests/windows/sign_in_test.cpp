@@ -102,6 +102,7 @@ TEST_F(SignInTest, aWrongNameOrPasswordIsRefusedAsOftenAsItIsTyped)
         EXPECT_EQ(user.field(0).text(), QString::fromUtf8(each.name));
         EXPECT_EQ(user.field(1).text(), QString::fromUtf8(each.password));
         EXPECT_EQ(user.focusName(), QStringLiteral("Text1(0)"));
+        EXPECT_EQ(user.field(0).selectedText(), QString::fromUtf8(each.name)) << "typing replaces it";
     }
     EXPECT_EQ(user.field(1).echoMode(), QLineEdit::Password);
     EXPECT_EQ(shownWindow(mainWindow), nullptr);
