@@ -3,6 +3,8 @@
 #include "platform/busy_pointer.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 
@@ -10,6 +12,8 @@
 
 namespace lorvan {
 namespace {
+
+constexpr int roomBesideTitle = 8; // times the height of the type
 
 QString withLineBreaks(QString text)
 {
@@ -53,12 +57,28 @@ int run(QMessageBox& box)
     return box.exec();
 }
 
-QMessageBox::StandardButton ask(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text,
-    QMessageBox::StandardButtons buttons, QMessageBox::StandardButton defaultButton)
+/// The toolkit leaves too little room for a title bar's bold type, icon and buttons.
+void makeRoomForTitle(QMessageBox& box)
 {
-    QMessageBox box(icon, title, withLineBreaks(text), buttons, parent);
-    box.setTextFormat(Qt::PlainText);
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
+    const int beside = roomBesideTitle * metrics.height();
+    auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid)
+        grid->addItem(new QSpacerItem(metrics.horizontalAdvance(box.windowTitle()) + beside, 0), grid->rowCount(), 0, 1,
+            grid->columnCount());
+}
+
+/// The box itself takes the text format for its main text alone.
+QMessageBox::StandardButton ask(QMessageBox& box, const QString& details, QMessageBox::StandardButton defaultButton)
+{
+    box.setInformativeText(withLineBreaks(details));
+    const auto labels = box.findChildren<QLabel*>();
+    for (QLabel* const label : labels)
+        label->setTextFormat(Qt::PlainText);
     box.setDefaultButton(defaultButton);
+    makeRoomForTitle(box);
     return static_cast<QMessageBox::StandardButton>(run(box));
 }
 
@@ -68,24 +88,23 @@ void showMessage(
     QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text, const QString& details)
 {
     QMessageBox box(icon, title, withLineBreaks(text), QMessageBox::Ok, parent);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(withLineBreaks(details));
-    const auto labels = box.findChildren<QLabel*>();
-    for (QLabel* const label : labels)
-        label->setTextFormat(Qt::PlainText); // the box takes the format for its main text alone
-    run(box);
+    ask(box, details, QMessageBox::Ok);
 }
 
-bool askOkCancel(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text)
+bool askOkCancel(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text,
+    const QString& details, DefaultAnswer defaultAnswer)
 {
-    return ask(parent, icon, title, text, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok) == QMessageBox::Ok;
+    QMessageBox box(icon, title, withLineBreaks(text), QMessageBox::Ok | QMessageBox::Cancel, parent);
+    const auto defaultButton = defaultAnswer == DefaultAnswer::Yes ? QMessageBox::Ok : QMessageBox::Cancel;
+    return ask(box, details, defaultButton) == QMessageBox::Ok;
 }
 
 bool askYesNo(
     QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text, DefaultAnswer defaultAnswer)
 {
     const auto defaultButton = defaultAnswer == DefaultAnswer::Yes ? QMessageBox::Yes : QMessageBox::No;
-    return ask(parent, icon, title, text, QMessageBox::Yes | QMessageBox::No, defaultButton) == QMessageBox::Yes;
+    QMessageBox box(icon, title, withLineBreaks(text), QMessageBox::Yes | QMessageBox::No, parent);
+    return ask(box, {}, defaultButton) == QMessageBox::Yes;
 }
 
 } // namespace lorvan

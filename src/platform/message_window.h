@@ -12,10 +12,11 @@ namespace lorvan {
 void showMessage(
     QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text, const QString& details = {});
 
-/// Asks with OK and Cancel, OK being the default; true only for OK.
-[[nodiscard]] bool askOkCancel(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text);
-
 enum class DefaultAnswer { Yes, No };
+
+/// Asks with OK and Cancel; true only for OK. `details` appears below the text in small print, where given.
+[[nodiscard]] bool askOkCancel(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text,
+    const QString& details = {}, DefaultAnswer defaultAnswer = DefaultAnswer::Yes);
 
 /// Asks with Yes and No; true only for Yes.
 [[nodiscard]] bool askYesNo(

@@ -26,4 +26,18 @@ TEST(MessageWindow, aKeyThatIsStillHeldAnswersNothing)
     EXPECT_TRUE(outlived);
 }
 
+TEST(MessageWindow, isWideEnoughForItsTitle)
+{
+    const QString title = QStringLiteral("Ένας τίτλος που είναι πολύ μακρύτερος από το κείμενο");
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    int width = 0;
+    QTimer::singleShot(0, qApp, [&width] {
+        width = QApplication::activeModalWidget()->width();
+        QApplication::activeModalWidget()->close();
+    });
+    showMessage(nullptr, QMessageBox::Information, title, QStringLiteral("α"));
+    EXPECT_GE(width, QFontMetrics(bold).horizontalAdvance(title) + 100);
+}
+
 } // namespace lorvan::test
