@@ -226,6 +226,23 @@ bool UsageMarker::heal()
     });
 }
 
+std::optional<MarkerHolder> UsageMarker::look(const QString& path)
+{
+    return onMarker([&]() -> std::optional<MarkerHolder> {
+        const QFileInfo info(path);
+        File file = Folder(info.path()).open(info.fileName(), Folder::Opening::Read);
+        const Record record = recordIn(file);
+        if (record.state != inUse)
+            return std::nullopt;
+        return MarkerHolder{holderIn(record), QDateTime::fromSecsSinceEpoch(file.status().st_mtim.tv_sec)};
+    });
+}
+
+bool UsageMarker::isOwn(const MarkerHolder& seen) const
+{
+    return m_owns && recordOf(inUse, seen.identity) == recordOf(inUse, m_self);
+}
+
 QString UsageMarker::lastComputer(const QString& path)
 {
     try {

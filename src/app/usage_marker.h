@@ -2,6 +2,7 @@
 
 #include "platform/machine_identity.h"
 
+#include <QDateTime>
 #include <QString>
 
 #include <optional>
@@ -12,6 +13,12 @@ namespace lorvan {
 /// The marker file cannot be opened, locked, read or written. what() names the file and the system's reason.
 class MarkerError : public std::runtime_error {
     using std::runtime_error::runtime_error;
+};
+
+/// Who holds a marker, and since when: the time of its file, as the computer says that keeps the file.
+struct MarkerHolder {
+    MachineIdentity identity;
+    QDateTime since;
 };
 
 /// The usage marker lorvan.dat: which one of the computers that share the data folder changes the data. One record of
@@ -51,6 +58,13 @@ public:
     /// The computer that claimed last, whether it holds the marker still; empty where that cannot be read. Does not
     /// lock.
     [[nodiscard]] static QString lastComputer(const QString& path);
+
+    /// Who holds the marker just now, this program or another; empty when nobody does. Does not lock, and may be called
+    /// on any thread. What it says of a program that is writing the marker at that moment may be wrong.
+    [[nodiscard]] static std::optional<MarkerHolder> look(const QString& path);
+
+    /// True when such a look shows the claim of this instance.
+    [[nodiscard]] bool isOwn(const MarkerHolder& seen) const;
 
     /// Makes a free marker without names for a new book.
     static void create(const QString& path);

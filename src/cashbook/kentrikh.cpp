@@ -13,7 +13,6 @@
 #include "controls/window_placement.h"
 #include "platform/amount_text.h"
 #include "platform/busy_pointer.h"
-#include "platform/folder.h"
 #include "platform/message_window.h"
 #include "reports/printing_page.h"
 
@@ -65,8 +64,7 @@ Kentrikh::Kentrikh(
     , m_codesPage(new CodesPage(m_book, this))
     , m_printingPage(new PrintingPage(m_clock, this))
     , m_totals(new TotalsBar(this))
-    , m_backupFailure(new NoticeLine(QStringLiteral("backupFailure"), this))
-    , m_diskNotice(new NoticeLine(QStringLiteral("diskNotice"), this))
+    , m_notices(m_settings.dataFolder, m_marker, m_clock, this)
     , m_reports(BookFiles(m_settings.dataFolder), keys)
     , m_backup(BookFiles(m_settings.dataFolder), keys, m_clock)
 {
@@ -96,10 +94,9 @@ void Kentrikh::layOut()
     rows->setContentsMargins({});
     rows->setSpacing(0);
     rows->addWidget(m_band);
+    rows->addWidget(m_notices.line());
     rows->addWidget(m_pages, 1);
     rows->addWidget(m_totals);
-    rows->addWidget(m_diskNotice);
-    rows->addWidget(m_backupFailure);
     setCentralWidget(central);
     setMinimumSize(leastSize.boundedTo(roomFor(this)));
     sizeWithin(this, firstSize);
@@ -144,10 +141,7 @@ void Kentrikh::connectPages()
         m_codesPage, &CodesPage::codesChanged, this, [this] { guarded(this, [this] { m_entryPage->refillCodes(); }); });
     connect(m_entryPage, &MovementEntryPage::figuresUnknown, this, [this] { m_totals->setFigures({}, {}, {}); });
     connect(m_band->tabs(), &QTabBar::currentChanged, this, &Kentrikh::selectTab);
-    connect(&m_backup, &DailyBackup::made, m_backupFailure, &NoticeLine::hide);
-    connect(&m_backup, &DailyBackup::failed, m_backupFailure, [this](const QString& reason) {
-        m_backupFailure->tell(QStringLiteral("Το σημερινό αντίγραφο ασφαλείας δεν έγινε."), reason);
-    });
+    m_notices.followBackup(m_backup);
 }
 
 void Kentrikh::initialise()
@@ -158,7 +152,7 @@ void Kentrikh::initialise()
         m_marker.claim();
     backUpIfHeld();
     refreshCaption();
-    tellLockTrouble();
+    m_notices.tellLocks(m_locks, m_book.main().isReadOnly());
     m_band->setHeading(m_settings.heading);
 }
 
@@ -175,6 +169,7 @@ void Kentrikh::dispatch(int command)
 {
     if (BusyPointer::isShown())
         return;
+    m_notices.actionBegins();
     bool groupsWanted = false;
     {
         const BusyPointer busy;
@@ -282,23 +277,6 @@ void Kentrikh::editGroups()
     tellUnconfirmed(this);
 }
 
-void Kentrikh::tellLockTrouble()
-{
-    if (m_locks == LockReach::Nobody)
-        m_diskNotice->tell(
-            QStringLiteral("Το βιβλίο άνοιξε μόνο για ανάγνωση: στον φάκελό του τα κλειδώματα δεν ισχύουν."),
-            QStringLiteral(
-                "Στον φάκελο των δεδομένων τα κλειδώματα δεν ισχύουν: δύο προγράμματα θα μπορούσαν να γράψουν"
-                " μαζί και να χαλάσουν το βιβλίο."));
-    else if (m_locks == LockReach::ThisComputer)
-        m_diskNotice->tell(
-            QStringLiteral("Προσοχή: τα κλειδώματα αυτού του φακέλου δεν ισχύουν για άλλους υπολογιστές."),
-            QStringLiteral("Να μην αλλάζει το βιβλίο από δύο υπολογιστές μαζί: το αρχείο χρήσης μόνο δεν αρκεί."));
-    else if (!m_book.main().isReadOnly() && !Folder(m_settings.dataFolder).knowsSync())
-        m_diskNotice->tell(QStringLiteral("Ο δίσκος αυτού του φακέλου δεν επιβεβαιώνει ονόματα αρχείων."),
-            QStringLiteral("Μετά από μια διακοπή ρεύματος μπορεί να λείπει η τελευταία αλλαγή."));
-}
-
 void Kentrikh::printReport()
 {
     auto request = m_printingPage->request();
@@ -322,6 +300,7 @@ void Kentrikh::selectTab(int tab)
         keepTab(); // what was refused stays in sight
         return;
     }
+    m_notices.actionBegins();
     guarded(this, [this] { refreshCaption(); });
     if (tab != tab::exit && !guarded(this, [this] { m_book.refuseReplaced(); }))
         keepTab();
@@ -358,6 +337,7 @@ void Kentrikh::follow(const std::optional<MachineIdentity>& holder)
     setWindowTitle(markerCaption(holder));
     const bool mayWrite = !holder && m_locks != LockReach::Nobody;
     m_book.setAccess(mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
+    m_notices.followMarker(holder.has_value());
 }
 
 void Kentrikh::followMarker(int tab)
@@ -404,6 +384,7 @@ void Kentrikh::closeEvent(QCloseEvent* event)
 {
     m_reports.close();
     m_backup.retire();
+    m_notices.retire();
     m_closed = true;
     guarded(this, [this] { m_marker.retire(); }); // the program ends all the same
     event->accept();

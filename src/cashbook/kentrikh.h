@@ -6,6 +6,7 @@
 #include "app/lock_trust.h"
 #include "app/usage_marker.h"
 #include "cashbook/cash_day.h"
+#include "cashbook/main_notices.h"
 #include "platform/clock.h"
 #include "reports/report_desk.h"
 #include "users/sign_in.h"
@@ -18,7 +19,6 @@ namespace lorvan {
 
 class CodesPage;
 class MovementEntryPage;
-class NoticeLine;
 class PrintingPage;
 class TabBand;
 class TotalsBar;
@@ -70,8 +70,6 @@ private:
     void showTab(int tab);
     void refreshCaption();
     void follow(const std::optional<MachineIdentity>& holder);
-    /// Says in a line why the book's folder is not to be trusted in everything.
-    void tellLockTrouble();
     void followMarker(int tab);
     void backUpIfHeld();
     void fillPage(int tab, int earlierTab);
@@ -89,8 +87,7 @@ private:
     CodesPage* m_codesPage;
     PrintingPage* m_printingPage;
     TotalsBar* m_totals;
-    NoticeLine* m_backupFailure;
-    NoticeLine* m_diskNotice;
+    MainNotices m_notices;
     ReportDesk m_reports;
     DailyBackup m_backup;
     int m_tab = 0; ///< The tab whose page is shown.

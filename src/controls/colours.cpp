@@ -62,6 +62,7 @@ LightAndDark coloursOf(ColourRole role)
     case ColourRole::Expense:
         return {0xA8261C, 0xFF9B91};
     case ColourRole::Warning:
+    case ColourRole::PageWarning:
         return {0x8A5A00, 0xF0B95A};
     case ColourRole::Plate:
         return {0x0D1115, 0x0A0D10};

@@ -1,37 +1,58 @@
 #include "controls/notice_line.h"
 
-#include <QPainter>
+#include <QAccessible>
+
+#include <algorithm>
 
 namespace lorvan {
 namespace {
 
-constexpr int sideMargin = 12; // that of the figures above
-constexpr int below = 5;
+constexpr int sideMargin = 12; // that of the page below
+constexpr int above = 3;
 constexpr qreal smallType = 0.9;
+
+QString toolTipFor(const QString& reason)
+{
+    if (reason.isEmpty())
+        return {};
+    return QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(reason.toHtmlEscaped());
+}
 
 } // namespace
 
 NoticeLine::NoticeLine(const QString& objectName, QWidget* parent)
-    : ThemedLabel({}, ColourRole::Warning, smallType, QFont::Normal, parent)
+    : ThemedLabel({}, ColourRole::Text, smallType, QFont::DemiBold, parent)
 {
     setObjectName(objectName);
-    setContentsMargins(sideMargin, 0, sideMargin, below);
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    hide();
+    setContentsMargins(sideMargin, above, sideMargin, 0);
+    setWordWrap(true);
+    QSizePolicy lines(QSizePolicy::Ignored, QSizePolicy::Minimum);
+    lines.setHeightForWidth(true);
+    setSizePolicy(lines);
 }
 
-void NoticeLine::tell(const QString& text, const QString& reason)
+void NoticeLine::tell(const QString& text, const QString& reason, ColourRole role)
 {
+    if (text == this->text() && reason == accessibleDescription())
+        return;
+    setRole(role);
     setText(text);
-    setToolTip(QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(reason.toHtmlEscaped()));
+    setToolTip(toolTipFor(reason));
     setAccessibleDescription(reason);
-    show();
+    if (text.isEmpty())
+        return;
+    QAccessibleEvent announced(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&announced);
 }
 
-void NoticeLine::paintEvent(QPaintEvent* event)
+int NoticeLine::heightForWidth(int width) const
 {
-    QPainter(this).fillRect(rect(), Theme::instance().colour(ColourRole::Band));
-    ThemedLabel::paintEvent(event);
+    return std::max(sizeHint().height(), ThemedLabel::heightForWidth(width));
+}
+
+QSize NoticeLine::sizeHint() const
+{
+    return {0, above + fontMetrics().lineSpacing()};
 }
 
 } // namespace lorvan

@@ -4,18 +4,20 @@
 
 namespace lorvan {
 
-/// A line below the day's figures that warns of something, a backup that was not made for example; its tool tip says
-/// why. Hidden until then, and it asks for nothing.
+/// A line of small print on the ground of a page; its tool tip says why. It keeps its place while it is empty, so that
+/// nothing below it moves when it comes and goes, and takes a second line only where the window is too narrow for one.
 class NoticeLine : public ThemedLabel {
     Q_OBJECT
 
 public:
     explicit NoticeLine(const QString& objectName, QWidget* parent = nullptr);
 
-    void tell(const QString& text, const QString& reason);
+    /// Empty texts say nothing.
+    void tell(const QString& text, const QString& reason, ColourRole role);
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
+    [[nodiscard]] int heightForWidth(int width) const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 };
 
 } // namespace lorvan

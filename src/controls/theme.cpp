@@ -29,7 +29,7 @@ constexpr qreal readable = 4.5; // contrast of text that is meant to be read
 bool isPageRole(ColourRole role)
 {
     return role == ColourRole::PageText || role == ColourRole::PageMuted || role == ColourRole::PageOffText
-        || role == ColourRole::PageLine || role == ColourRole::PageAccent;
+        || role == ColourRole::PageLine || role == ColourRole::PageAccent || role == ColourRole::PageWarning;
 }
 
 bool hasEqualDigits(const QFont& font)
@@ -111,8 +111,9 @@ QColor Theme::pageCompanion(ColourRole role) const
     const bool lightIsBetter = contrast(lightColour(ColourRole::PageText), *m_pageColour)
         >= contrast(darkColour(ColourRole::PageText), *m_pageColour);
     const auto& column = lightIsBetter ? lightColour : darkColour;
-    const bool mutedIsTooFaint = role == ColourRole::PageMuted && contrast(column(role), *m_pageColour) < readable;
-    return column(mutedIsTooFaint ? ColourRole::PageText : role);
+    const bool isText = role == ColourRole::PageMuted || role == ColourRole::PageWarning;
+    const bool isTooFaint = isText && contrast(column(role), *m_pageColour) < readable;
+    return column(isTooFaint ? ColourRole::PageText : role);
 }
 
 QColor Theme::colour(ColourRole role) const

@@ -44,6 +44,7 @@ enum class ColourRole {
     PageOffText,
     PageLine,
     PageAccent,
+    PageWarning,
 };
 
 /// Colours, fonts and style of every window. The light theme is our own; with a dark system palette the grounds, texts

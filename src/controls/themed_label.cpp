@@ -12,6 +12,8 @@ ColourRole onPage(ColourRole role)
         return ColourRole::PageText;
     case ColourRole::Muted:
         return ColourRole::PageMuted;
+    case ColourRole::Warning:
+        return ColourRole::PageWarning;
     default:
         return role;
     }

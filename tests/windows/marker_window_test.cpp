@@ -19,6 +19,7 @@ protected:
     static QString heldText() { return QStringLiteral("Η βάση χρησιμοποιήτε από τον (την) Ελένη στον Η/Υ γραφείο"); }
     static QString heldCaption() { return QStringLiteral("Lorvan  -  ") + heldText(); }
 
+    [[nodiscard]] QString notice() const { return user().text(QStringLiteral("notices")); }
     [[nodiscard]] int selectedTab() const { return user().find<QTabBar>(QStringLiteral("Tab1")).currentIndex(); }
     [[nodiscard]] char markerState() const { return markerBytes().front(); }
 };
@@ -91,6 +92,24 @@ TEST_F(MarkerWindowTest, aChangeClaimsAMarkerThatHasBecomeFree)
     EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), QStringLiteral("1"));
     EXPECT_EQ(window().windowTitle(), QStringLiteral("Lorvan"));
     EXPECT_FALSE(other.claim());
+}
+
+TEST_F(MarkerWindowTest, theHolderComesIntoTheLineAndGoesByItself)
+{
+    constexpr int patience = 10'000;
+    const auto isTold = [this] { return notice().contains(QStringLiteral("Ελένη στον υπολογιστή γραφείο")); };
+    start();
+    EXPECT_EQ(notice(), QString());
+    selectTab(Printing);
+    UsageMarker other = otherComputer();
+    ASSERT_TRUE(other.claim());
+    EXPECT_TRUE(QTest::qWaitFor(isTold, patience));
+    EXPECT_EQ(window().windowTitle(), QStringLiteral("Lorvan")) << "until the next tab";
+    other.release();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return notice().isEmpty(); }, patience));
+    ASSERT_TRUE(other.claim());
+    selectTab(CashBook);
+    EXPECT_TRUE(isTold()) << "at once";
 }
 
 TEST_F(MarkerWindowTest, cancelledExitGoesBackAndRunsNothingAgain)
@@ -180,7 +199,7 @@ TEST_F(MarkerWindowTest, whereLocksKeepNobodyOutTheBookIsLookedAtAndALineSaysWhy
     const VainLocks calls;
     start();
     EXPECT_EQ(markerState(), '0');
-    EXPECT_TRUE(user().find(QStringLiteral("diskNotice")).isVisible());
+    EXPECT_TRUE(notice().contains(QStringLiteral("μόνο για ανάγνωση"))) << notice().toStdString();
     EXPECT_EQ(shownFigures(), QStringLiteral("5,00 | 0 | 5,00"));
     typeMovement(QStringLiteral("100"), QStringLiteral("α"), QStringLiteral("5"));
     boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("κλειδώματα"))));
