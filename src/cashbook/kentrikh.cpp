@@ -141,6 +141,7 @@ void Kentrikh::connectPages()
         m_codesPage, &CodesPage::codesChanged, this, [this] { guarded(this, [this] { m_entryPage->refillCodes(); }); });
     connect(m_entryPage, &MovementEntryPage::figuresUnknown, this, [this] { m_totals->setFigures({}, {}, {}); });
     connect(m_band->tabs(), &QTabBar::currentChanged, this, &Kentrikh::selectTab);
+    connect(m_entryPage, &MovementEntryPage::dayClosed, &m_notices, &MainNotices::dayClosed);
     m_notices.followBackup(m_backup);
 }
 

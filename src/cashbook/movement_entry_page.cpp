@@ -315,10 +315,17 @@ void MovementEntryPage::closeCash()
             QStringLiteral("Ο χρήστης δεν έχει το δικαίωμα να κλίνει το ταμείο"));
     } else if (!day.isValid()) {
         explain(Refusal::DateIsInvalid, RefusedOperation::Change);
-    } else if (askOkCancel(window(), QMessageBox::Question, QStringLiteral("Κλείσιμο ταμείου"),
-                   QStringLiteral("Να κλείσω το ταμείο;"))) {
-        closeDay(m_book.auxiliary(), day);
+    } else if (askToClose(day) && closeDay(m_book.auxiliary(), day)) {
+        Q_EMIT dayClosed(day);
     }
+}
+
+bool MovementEntryPage::askToClose(QDate day)
+{
+    const CashDayFigures figures = m_cashBook.showDay(day, DayRow::LeaveAlone).figures;
+    return askOkCancel(window(), QMessageBox::Question, QStringLiteral("Κλείσιμο ταμείου"),
+        QStringLiteral("Να κλείσω το ταμείο;"),
+        closingText(day, figures, openDaysBefore(m_book.main(), m_book.auxiliary(), day)), DefaultAnswer::No);
 }
 
 // The list

@@ -53,6 +53,7 @@ Q_SIGNALS:
     void commandPressed(int index);
     void figuresChanged(const lorvan::CashDayFigures& figures);
     void figuresUnknown(); ///< The day could not be read.
+    void dayClosed(QDate day); ///< It was open until now.
 
 private:
     enum class ClosedDay { Refused, ShownAnyway };
@@ -89,6 +90,7 @@ private:
     bool change(RefusedOperation operation, const std::function<ChangeOutcome()>& run);
     void explain(Refusal refusal, RefusedOperation operation);
     void clearEntry();
+    [[nodiscard]] bool askToClose(QDate day);
 
     void lineClicked();
     void lineOpened(qint64 key);

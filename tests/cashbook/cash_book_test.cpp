@@ -172,8 +172,8 @@ TEST_F(CashBookTest, refusesInTheOrderOfTheChecksAndWritesNothing)
 TEST_F(CashBookTest, aClosedDayIsClosedToThoseWithoutTheRight)
 {
     const qint64 key = inserted(incomeOf(monday, cents(5)));
-    closeDay(open.auxiliary(), monday);
-    closeDay(open.auxiliary(), monday);
+    EXPECT_TRUE(closeDay(open.auxiliary(), monday));
+    EXPECT_FALSE(closeDay(open.auxiliary(), monday));
     EXPECT_EQ(valueOf(open.auxiliary(), "SELECT count(*) FROM klhsimotameioy"), QStringLiteral("1"));
     EXPECT_TRUE(cashBook.isDayClosed(monday));
     EXPECT_FALSE(cashBook.isDayClosed(friday));
@@ -192,6 +192,26 @@ TEST_F(CashBookTest, aClosedDayIsClosedToThoseWithoutTheRight)
     (void)made(allowed.modify(key, incomeOf(monday, cents(2))));
     (void)made(allowed.remove(key));
     EXPECT_EQ(days(), (CashDayLines{"20240311 1 0 1"}));
+}
+
+TEST_F(CashBookTest, daysThatWereForgottenAreCounted)
+{
+    for (const QDate day : {monday, wednesday, friday})
+        (void)inserted(incomeOf(day, cents(5)));
+    const auto before = [this](QDate day) { return openDaysBefore(open.main(), open.auxiliary(), day); };
+    EXPECT_EQ(before(monday), OpenDays{});
+    EXPECT_EQ(before(friday), (OpenDays{2, monday}));
+    closeDay(open.auxiliary(), monday.addDays(-9)); // a day without movements
+    closeDay(open.auxiliary(), monday);
+    EXPECT_EQ(before(friday), (OpenDays{1, wednesday}));
+    EXPECT_EQ(before(friday.addDays(1)), (OpenDays{2, wednesday}));
+    closeDay(open.auxiliary(), wednesday);
+    EXPECT_EQ(before(friday), OpenDays{});
+    for (const int count : {0, 1, 7}) {
+        const QString text = closingText(friday, {cents(500), {}, cents(123456)}, {count, monday});
+        EXPECT_TRUE(text.contains(QStringLiteral("1.234,56"))) << text.toStdString();
+        EXPECT_EQ(text.contains(QStringLiteral("11-03-2024")), count > 0) << text.toStdString();
+    }
 }
 
 TEST_F(CashBookTest, aSumBeyondTheRangeIsRefusedAndNothingIsKept)

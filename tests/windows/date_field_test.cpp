@@ -134,15 +134,20 @@ TEST_F(DateFieldTest, aClosedDayIsRefusedAndAnOpenOneAdmitted)
 
 TEST_F(DateFieldTest, closingAsksWritesOneRowAndShowsAtTheNextLook)
 {
+    const QString notices = QStringLiteral("notices");
+    addCashDay(yesterday, cents(100));
     start({false, true, false});
-    boxes.expect(closeQuestion(QMessageBox::Cancel));
+    boxes.expect(
+        byKey(withDetails(closeQuestion(QMessageBox::Cancel), QStringLiteral("η 14-03-2024")), Qt::Key_Return));
     user().click(user().command(closeCash));
     EXPECT_EQ(closedDays(), QString());
-    for (int time = 0; time < 2; ++time) {
+    EXPECT_EQ(user().text(notices), QString());
+    for (const QString& told : {QStringLiteral("Η ημέρα 15-03-2024 έκλεισε"), QString()}) {
         boxes.expect(closeQuestion(QMessageBox::Ok));
         user().click(user().command(closeCash));
         EXPECT_EQ(closedDays(), QStringLiteral("20240315"));
         EXPECT_EQ(state(), QStringLiteral("Ταμείο ανοικτό"));
+        EXPECT_EQ(user().text(notices), told) << "of a day that was open";
     }
     boxes.expect(dayIsClosed());
     leaveDate(QStringLiteral("15-03-2024"));
