@@ -1,8 +1,10 @@
 #include "app/book_schema.h"
 
+#include "cashbook/opening_balance.h"
 #include "platform/connection.h"
 #include "platform/transaction.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace lorvan {
@@ -47,7 +49,7 @@ CREATE TABLE taytothta (ariumos INTEGER);
 )";
 
 /// What was imported from files: see csv_import.h.
-constexpr auto ownTables = R"(
+constexpr auto ownTablesSql = R"(
 CREATE TABLE IF NOT EXISTS taken_imports (
     id INTEGER PRIMARY KEY AUTOINCREMENT,
     digest TEXT,
@@ -56,6 +58,7 @@ CREATE TABLE IF NOT EXISTS taken_imports (
     codes INTEGER,
     movements INTEGER
 );
+CREATE TABLE IF NOT EXISTS opening_difference (day INTEGER PRIMARY KEY, amount INTEGER);
 )";
 
 constexpr auto auxiliaryTables = R"(
@@ -151,6 +154,31 @@ void createTables(Connection& connection, std::string_view tables, const std::ve
         createIndex(connection, index);
 }
 
+bool lacksOwnTable(Connection& connection)
+{
+    return !std::all_of(
+        ownTables().begin(), ownTables().end(), [&](const QString& name) { return hasTable(connection, name); });
+}
+
+/// Another computer may have made them first.
+void ensureOwnTables(Connection& connection)
+{
+    Transaction transaction(connection);
+    const bool knowsDifferences = hasTable(connection, QLatin1String(openingDifferenceTable));
+    createOwnTables(connection);
+    if (!knowsDifferences)
+        adoptOpeningBalance(connection);
+    transaction.commit();
+}
+
+} // namespace
+
+const QStringList& ownTables()
+{
+    static const QStringList names{QStringLiteral("taken_imports"), QLatin1String(openingDifferenceTable)};
+    return names;
+}
+
 bool hasTable(Connection& connection, const QString& name)
 {
     return connection.prepare("SELECT 1 FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE")
@@ -158,13 +186,16 @@ bool hasTable(Connection& connection, const QString& name)
         .step();
 }
 
-} // namespace
+void createOwnTables(Connection& connection)
+{
+    connection.execute(ownTablesSql);
+}
 
 void createMainSchema(Connection& connection)
 {
     Transaction transaction(connection);
     createTables(connection, mainTables, mainIndexes());
-    connection.execute(ownTables);
+    createOwnTables(connection);
     connection.prepare("INSERT INTO taytothta (ariumos) VALUES (?)").bind(currentSchemaVersion).run();
     transaction.commit();
 }
@@ -178,11 +209,8 @@ void createAuxiliarySchema(Connection& connection)
 
 void ensureMainSchema(Connection& connection)
 {
-    if (!hasTable(connection, QStringLiteral("taken_imports"))) {
-        Transaction transaction(connection);
-        connection.execute(ownTables);
-        transaction.commit();
-    }
+    if (lacksOwnTable(connection))
+        ensureOwnTables(connection);
     ensureIndexes(connection, mainIndexes());
 }
 

@@ -22,15 +22,14 @@ Tables tablesFrom(const std::vector<std::pair<const char*, const char*>>& lines)
     return tables;
 }
 
-constexpr auto laterTable = "taken_imports"; ///< Made when a writable book is opened, so it may not be there yet.
-
 const Tables& tablesOf(BookDatabase database)
 {
     static const Tables main =
         tablesFrom({{"kinhseis", "aa kvdikos hmeromhnia perigrafh esoda ejoda aa_omada grammh epitagh L_tajeos"},
             {"tameio", "aa hmeromhnia esoda ejoda ypoloipo"},
             {"kvdikoi", "aa kvdikos perigrafh omada aa_omadas lista esodo energos"}, {"omades", "aa sxolia perigrafh"},
-            {"taytothta", "ariumos"}, {laterTable, "id digest at groups codes movements"}});
+            {"taytothta", "ariumos"}, {"taken_imports", "id digest at groups codes movements"},
+            {openingDifferenceTable, "day amount"}});
     static const Tables auxiliary =
         tablesFrom({{"klhsimotameioy", "aa hmeraklhsimatos"}, {"codes", "uname upass r_eggrafes r_klhsimo r_kvdikoi"}});
     return database == BookDatabase::Main ? main : auxiliary;
@@ -210,7 +209,7 @@ private:
         const bool isTable = std::any_of(m_objects.begin(), m_objects.end(), [&](const Object& object) {
             return object.kind == Kind::Table && object.name.compare(table, Qt::CaseInsensitive) == 0;
         });
-        if (!isTable && table == QLatin1String(laterTable))
+        if (!isTable && ownTables().contains(table))
             return;
         if (!isTable) {
             add(m_found.unreadable, QStringLiteral("λείπει ο πίνακας «%1»").arg(table));

@@ -1,6 +1,7 @@
 #include "app/schema_upgrade.h"
 
 #include "app/book_schema.h"
+#include "cashbook/opening_balance.h"
 #include "platform/connection.h"
 #include "platform/transaction.h"
 
@@ -67,7 +68,7 @@ void upgradeSchema(Connection& main, const OpeningBalance& opening)
         return;
     if (version < versionWithMemorandum)
         addMemorandumColumn(main);
-    main.prepare("UPDATE tameio SET ypoloipo=? WHERE hmeromhnia>=?").bind(opening.amount, opening.day).run();
+    setOpeningBalance(main, opening.day, opening.amount);
     const char* const record =
         recorded ? "UPDATE taytothta SET ariumos=?" : "INSERT INTO taytothta (ariumos) VALUES (?)";
     main.prepare(record).bind(currentSchemaVersion).run();

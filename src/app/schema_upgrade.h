@@ -20,7 +20,7 @@ private:
     std::int64_t m_version;
 };
 
-/// The cash that the user counted: the upgrade sets it as the balance of every cash day from `day` on.
+/// The cash that the user counted at the end of `day`: from it on, the upgrade has the balances follow from it.
 struct OpeningBalance {
     QDate day;
     Currency amount;
@@ -32,7 +32,8 @@ struct OpeningBalance {
 
 /// Brings the main database from no version, 1 or 2 to the current one, all steps in one transaction. The version is
 /// read again inside it: what another computer has done meanwhile is not done twice. A column that is there already is
-/// not added again. Throws UnknownSchemaVersion.
+/// not added again. Throws UnknownSchemaVersion, SqlError, and CurrencyOverflow when a balance leaves its range; the
+/// book is then as it was.
 void upgradeSchema(Connection& main, const OpeningBalance& opening);
 
 } // namespace lorvan

@@ -71,6 +71,19 @@ void addDay(BookFindings& findings, const AuditedDay& day)
         add(FindingKind::DayBalance, day.row->key, !day.row->balanceIsAmount);
 }
 
+void addOpening(BookFindings& findings, const CashDayAudit& days)
+{
+    Currency sum;
+    for (const auto& [day, difference] : days.differences) {
+        if (difference.isZero())
+            continue;
+        Finding finding{days.differencesAreKept ? FindingKind::OpeningBalance : FindingKind::OpeningNotKept};
+        finding.day = day;
+        finding.expected.closingBalance = sum += difference;
+        findings.add(std::move(finding));
+    }
+}
+
 BookFindings findingsOf(const CashAudit& audit)
 {
     BookFindings findings = audit.movements.findings;
@@ -81,12 +94,7 @@ BookFindings findingsOf(const CashAudit& audit)
     }
     for (const AuditedDay& day : audit.days->days)
         addDay(findings, day);
-    if (audit.days->opening) {
-        Finding finding{FindingKind::OpeningBalance};
-        finding.day = audit.days->opening->fromDay;
-        finding.expected.closingBalance = audit.days->opening->amount;
-        findings.add(std::move(finding));
-    }
+    addOpening(findings, *audit.days);
     return findings;
 }
 
@@ -235,7 +243,7 @@ CashAudit auditCash(Connection& book, const CheckProgress& progress)
     std::vector<CashDayRow> rows = readCashDays(book, audit.dayFindings);
     try {
         if (!audit.movements.sumTooLarge)
-            audit.days = auditCashDays(std::move(rows), audit.movements.sumsByDay);
+            audit.days = auditCashDays(std::move(rows), audit.movements.sumsByDay, openingDifferences(book));
     } catch (const CurrencyOverflow&) {
         audit.days.reset();
     }

@@ -17,6 +17,7 @@ bool isRepairable(FindingKind kind)
     case FindingKind::MissingDay:
     case FindingKind::DaySums:
     case FindingKind::DayBalance:
+    case FindingKind::OpeningNotKept:
         return true;
     default:
         return false;

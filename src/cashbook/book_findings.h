@@ -34,7 +34,8 @@ enum class FindingKind {
     CodeWithoutNumber,
     UserWithoutName, ///< Signs in with an empty name.
 
-    OpeningBalance, ///< The first of the days whose balances differ from the movements by one and the same amount.
+    OpeningBalance, ///< A day from which on the balances hold a kept opening difference beyond the movements.
+    OpeningNotKept, ///< The same, where only the balances show it: repairBook() keeps it.
     MovementNullAmount, ///< Reads as 0 everywhere.
     MovementUnknownCode, ///< By code: `key` is the code, `rows` its movements.
     MovementGroup, ///< By code, likewise: movements of another group than their code's.
@@ -61,8 +62,8 @@ struct Finding {
     CashDayFigures stored = {};
     bool isNoAmount =
         false; ///< What is stored is a text or a fraction, of which `stored` holds the number it reads as.
-    CashDayFigures expected =
-        {}; ///< What the movements say. Of an opening balance only the difference, as its balance.
+    CashDayFigures expected = {}; ///< What the movements say. Of an opening balance only by how much the balances go
+                                  ///< beyond the movements from the day on, as its balance.
     QString text = {};
 };
 

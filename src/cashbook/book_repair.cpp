@@ -83,6 +83,10 @@ BookRepair repairBook(
         return repair;
     for (const AuditedDay& day : audit.days->days)
         repairDay(book, day, repair);
+    if (!audit.days->differencesAreKept && !audit.days->differences.empty()) {
+        addOpeningDifferences(book, audit.days->differences);
+        repair.keptDifferences = static_cast<std::int64_t>(audit.days->differences.size());
+    }
     commit(transaction, copy);
     repair.mainCopy = copy.mainDatabase();
     repair.auxiliaryCopy = copy.auxiliaryDatabase();

@@ -1,5 +1,6 @@
 #include "cashbook/cash_day.h"
 
+#include "cashbook/opening_difference.h"
 #include "platform/connection.h"
 #include "platform/sql_error.h"
 #include "platform/sql_functions.h"
@@ -20,12 +21,17 @@ void shift(Statement& update)
 
 } // namespace
 
-CarriedBalance previousBalance(Connection& main, QDate day)
+CarriedBalance carriedBalance(Connection& main, QDate day)
 {
+    CarriedBalance carried;
     auto row =
         main.prepare("SELECT hmeromhnia, ypoloipo FROM tameio WHERE hmeromhnia<? ORDER BY hmeromhnia DESC LIMIT 1");
     row.bind(day);
-    return row.step() ? CarriedBalance{row.date(0), row.currency(1)} : CarriedBalance{};
+    if (row.step())
+        carried = {row.date(0), row.currency(1)};
+    carried.difference = openingDifferenceBetween(main, carried.fromDay, day);
+    carried.balance += carried.difference;
+    return carried;
 }
 
 bool cashDayHolds(Connection& main, QDate day, const CashDayFigures& figures)

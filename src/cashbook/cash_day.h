@@ -17,14 +17,16 @@ struct CashDayFigures {
     friend bool operator==(const CashDayFigures&, const CashDayFigures&) = default;
 };
 
-/// The balance that a day starts from. The day is invalid and the balance zero when no earlier cash day exists.
+/// The balance that a day starts from. The day is invalid when no earlier cash day exists.
 struct CarriedBalance {
     QDate fromDay;
     Currency balance;
+    Currency difference = {}; ///< Of the opening, contained in the balance.
 };
 
-/// The closing balance of the latest cash day strictly before `day`: one index look-up.
-[[nodiscard]] CarriedBalance previousBalance(Connection& main, QDate day);
+/// The closing balance of the latest cash day strictly before `day`, zero where there is none, with the opening
+/// differences of the days after that one up to and including `day`: index look-ups. Throws CurrencyOverflow.
+[[nodiscard]] CarriedBalance carriedBalance(Connection& main, QDate day);
 
 /// Writes the day's row, making it if there is none. Returns false, writing nothing, when the row holds these figures
 /// already. Runs inside the caller's transaction.

@@ -21,7 +21,7 @@ std::optional<Currency> difference(Currency left, Currency right)
 /// A day that has a row, and how far its stored balance is from the sum of all movements up to it.
 struct StoredDay {
     AuditedDay* day;
-    Currency sum; ///< Of all movements up to the day.
+    Currency sum; ///< Of all movements and opening differences up to the day.
     Currency withoutRow; ///< Of the days without a row since the stored day before.
     std::optional<Currency> offset; ///< Nothing for a balance that is no amount, or too far away to be one.
 };
@@ -52,14 +52,17 @@ std::vector<AuditedDay> daysByDate(std::vector<CashDayRow> rows, const SumsByDay
 }
 
 /// Fills in the balances from zero on, and yields the days that have a row.
-std::vector<StoredDay> carryBalances(std::vector<AuditedDay>& days)
+std::vector<StoredDay> carryBalances(std::vector<AuditedDay>& days, const OpeningDifferences& differences)
 {
     std::vector<StoredDay> stored;
+    auto opening = differences.begin();
     Currency sum;
     Currency withoutRow;
     for (AuditedDay& day : days) {
         const Currency net = day.expected.income - day.expected.expense;
         sum += net;
+        for (; opening != differences.end() && opening->first <= day.day; ++opening)
+            sum += opening->second;
         day.expected.closingBalance = sum;
         if (!day.row) {
             withoutRow += net;
@@ -135,17 +138,30 @@ std::size_t firstWithSameBalance(const std::vector<StoredDay>& days, std::size_t
     return first;
 }
 
-std::optional<OpeningDifference> applyOpening(std::vector<AuditedDay>& days, const std::vector<StoredDay>& stored)
+void applyOpening(std::vector<AuditedDay>& days, const std::vector<StoredDay>& stored)
 {
     const Currency offset = finalOffset(stored);
     const std::size_t opening = firstWithOffset(stored, offset);
     if (opening == stored.size())
-        return std::nullopt;
+        return;
     for (std::size_t i = firstWithSameBalance(stored, opening); i < opening; ++i)
         stored[i].day->expected.closingBalance = stored[i].day->row->figures.closingBalance;
     for (auto day = days.begin() + (stored[opening].day - days.data()); day != days.end(); ++day)
         day->expected.closingBalance += offset;
-    return OpeningDifference{stored[opening].day->day, offset};
+}
+
+/// By what the balances as they should be go beyond the movements.
+OpeningDifferences differencesIn(const std::vector<AuditedDay>& days)
+{
+    OpeningDifferences differences;
+    Currency before;
+    for (const AuditedDay& day : days) {
+        const Currency carried = before + day.expected.income - day.expected.expense;
+        if (day.expected.closingBalance != carried)
+            differences[day.day] = day.expected.closingBalance - carried;
+        before = day.expected.closingBalance;
+    }
+    return differences;
 }
 
 void compare(AuditedDay& day)
@@ -160,12 +176,14 @@ void compare(AuditedDay& day)
 
 } // namespace
 
-CashDayAudit auditCashDays(std::vector<CashDayRow> rows, const SumsByDay& sums)
+CashDayAudit auditCashDays(std::vector<CashDayRow> rows, const SumsByDay& sums, const OpeningDifferences& kept)
 {
-    CashDayAudit audit;
-    audit.days = daysByDate(std::move(rows), sums);
-    const std::vector<StoredDay> stored = carryBalances(audit.days);
-    audit.opening = applyOpening(audit.days, stored);
+    CashDayAudit audit{daysByDate(std::move(rows), sums), kept, !kept.empty()};
+    const std::vector<StoredDay> stored = carryBalances(audit.days, kept);
+    if (!audit.differencesAreKept) {
+        applyOpening(audit.days, stored);
+        audit.differences = differencesIn(audit.days);
+    }
     std::for_each(audit.days.begin(), audit.days.end(), compare);
     return audit;
 }

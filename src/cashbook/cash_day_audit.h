@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cashbook/cash_day.h"
+#include "cashbook/opening_difference.h"
 
 #include <cstdint>
 #include <optional>
@@ -36,27 +37,24 @@ struct AuditedDay {
     bool balanceWrong = false;
 };
 
-/// Balances that differ from the movements by the same amount from a day on to the end of the book.
-struct OpeningDifference {
-    std::int64_t fromDay = 0;
-    Currency amount;
-};
-
 struct CashDayAudit {
     std::vector<AuditedDay> days; ///< In the order of their dates, one for each.
-    std::optional<OpeningDifference> opening;
+    OpeningDifferences differences; ///< Those kept in the book, or what its balances show of an opening.
+    bool differencesAreKept = false;
 };
 
-/// Holds the cash days against the movements. A day's balance should be the one before it plus the day's movements,
-/// from zero on, and from the day of an opening difference on that much more.
+/// Holds the cash days against the movements and the opening differences. A day's balance should be the one before it
+/// plus the day's movements, from zero on, and from the day of an opening difference on that much more.
 ///
-/// Which amount is the opening difference, the end of the book tells: what its last balances differ by. It is none
+/// Where none is `kept`, the end of the book tells whether there is one: what its last balances differ by. It is none
 /// where the stored sums of the day on which it begins, or days that have no row, account for it: then movements have
 /// been changed without their cash days, and later balances are to be shifted. Days from the opening day on that hold
-/// one and the same balance are as the upgrade to version 3 has left them and count as right.
+/// one and the same balance are as earlier releases' upgrade to version 3 has left them and count as right; each gets
+/// the difference by which it does.
 ///
 /// `rows` in any order. A date that is none gets no row where it has none. Throws CurrencyOverflow when what the
 /// movements add up to, or a balance as it should be, is no amount.
-[[nodiscard]] CashDayAudit auditCashDays(std::vector<CashDayRow> rows, const SumsByDay& sums);
+[[nodiscard]] CashDayAudit auditCashDays(
+    std::vector<CashDayRow> rows, const SumsByDay& sums, const OpeningDifferences& kept);
 
 } // namespace lorvan

@@ -51,7 +51,7 @@ int DayWidths::ofLine() const
 
 DayView readDay(Connection& main, QDate day)
 {
-    DayView view{day, previousBalance(main, day), movementsOf(main, day), {}};
+    DayView view{day, carriedBalance(main, day), movementsOf(main, day), {}};
     for (const Movement& movement : view.movements) {
         view.figures.income += movement.income;
         view.figures.expense += movement.expense;
@@ -62,8 +62,8 @@ DayView readDay(Connection& main, QDate day)
 
 QString carriedLine(const CarriedBalance& carried)
 {
-    if (carried.balance.isZero())
-        return QStringLiteral("Υπόλοιπο από την προηγούμενη 0");
+    if (carried.balance.isZero() || !carried.difference.isZero())
+        return QStringLiteral("Υπόλοιπο από την προηγούμενη ") + amountOrZeroText(carried.balance);
     return QStringLiteral("Υπόλοιπο για την ") + dateText(carried.fromDay) + QStringLiteral("    ")
         + amountText(carried.balance);
 }

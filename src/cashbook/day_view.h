@@ -62,8 +62,8 @@ struct DayView {
 /// Reads the day's movements by the date index and sums them exactly. Reads only. Throws CurrencyOverflow.
 [[nodiscard]] DayView readDay(Connection& main, QDate day);
 
-/// The first line of the list: the carried balance with its day, or "Υπόλοιπο από την προηγούμενη 0" for a balance of
-/// zero.
+/// The first line of the list: the carried balance with its day, or "Υπόλοιπο από την προηγούμενη " and the balance
+/// where that is zero or holds an opening difference.
 [[nodiscard]] QString carriedLine(const CarriedBalance& carried);
 
 /// A movement's line of fixed width; `number` is its place in the day, from 1. Amounts that are too long lose their

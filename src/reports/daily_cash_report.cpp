@@ -16,13 +16,13 @@ namespace {
 CarriedBalance carriedInto(Connection& main, QDate day)
 {
     const bool isCashDay = main.prepare("SELECT 1 FROM tameio WHERE hmeromhnia=? LIMIT 1").bind(day).step();
-    return isCashDay ? previousBalance(main, day) : CarriedBalance{};
+    return isCashDay ? carriedBalance(main, day) : CarriedBalance{};
 }
 
 QString carriedText(const CarriedBalance& carried)
 {
-    if (carried.balance.isZero())
-        return QStringLiteral("Υπόλοιπο από την προηγούμενη 0");
+    if (carried.balance.isZero() || !carried.difference.isZero())
+        return QStringLiteral("Υπόλοιπο από την προηγούμενη ") + amountOrZeroText(carried.balance);
     return QStringLiteral("Υπόλοιπο από την ") + dateText(carried.fromDay) + QStringLiteral("    ")
         + amountText(carried.balance);
 }

@@ -1,6 +1,7 @@
 #include "tools/book_export.h"
 
 #include "app/book_proof.h"
+#include "app/book_schema.h"
 #include "app/steady_copy.h"
 #include "cashbook/movement_store.h"
 #include "reports/movement_workbook.h"
@@ -150,10 +151,8 @@ private:
     /// This program's own tables may be missing in a book made elsewhere.
     [[nodiscard]] bool isThere(const BookTable& table)
     {
-        return databaseOf(table)
-            .prepare("SELECT 1 FROM sqlite_master WHERE name=? OR ?1<>'taken_imports'")
-            .bind(QString::fromLatin1(table.name))
-            .step();
+        const QString name = QString::fromLatin1(table.name);
+        return !ownTables().contains(name) || hasTable(m_main, name);
     }
     [[nodiscard]] std::vector<BookColumn> columnsOf(const BookTable& table) const;
     void writeTable(const BookTable& table);

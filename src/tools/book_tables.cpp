@@ -1,5 +1,7 @@
 #include "tools/book_tables.h"
 
+#include "app/book_schema.h"
+
 namespace lorvan {
 
 const std::vector<BookTable>& bookTables()
@@ -23,6 +25,7 @@ const std::vector<BookTable>& bookTables()
         {"taken_imports", Database::Main,
             {{"id", Kind::Whole}, {"digest", Kind::Text}, {"at", Kind::Whole}, {"groups", Kind::Whole},
                 {"codes", Kind::Whole}, {"movements", Kind::Whole}}},
+        {openingDifferenceTable, Database::Main, {{"day", Kind::Date}, {"amount", Kind::Amount}}},
         {"klhsimotameioy", Database::Auxiliary, {{"aa", Kind::Whole}, {"hmeraklhsimatos", Kind::Date}}},
         {"codes", Database::Auxiliary,
             {{"uname", Kind::Text}, {"upass", Kind::Password}, {"r_eggrafes", Kind::Flag}, {"r_klhsimo", Kind::Flag},

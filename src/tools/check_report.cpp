@@ -78,7 +78,7 @@ QString dayWithoutDateLine(const Finding& finding)
 QString openingLine(const Finding& finding)
 {
     const Currency amount = finding.expected.closingBalance;
-    return QStringLiteral("από %1 ως το τέλος τα υπόλοιπα έχουν %2 %3 από τις κινήσεις")
+    return QStringLiteral("από %1 τα υπόλοιπα έχουν %2 %3 από τις κινήσεις")
         .arg(dayText(finding.day), exactAmountText(amount).remove(u'-'),
             amount < Currency() ? QStringLiteral("λιγότερα") : QStringLiteral("παραπάνω"));
 }
@@ -153,6 +153,9 @@ const Wording& wordingOf(FindingKind kind)
         {FindingKind::CodeWithoutNumber, {QStringLiteral("Κωδικοί χωρίς αριθμό"), rowTextLine}},
         {FindingKind::UserWithoutName, {QStringLiteral("Χρήστες χωρίς όνομα"), rowTextLine}},
         {FindingKind::OpeningBalance, {QStringLiteral("Υπόλοιπο ανοίγματος"), openingLine}},
+        {FindingKind::OpeningNotKept,
+            {QStringLiteral("Υπόλοιπο ανοίγματος που φαίνεται μόνο στα υπόλοιπα (το --repair το καταχωρίζει)"),
+                openingLine}},
         {FindingKind::MovementNullAmount, {QStringLiteral("Κινήσεις με κενό ποσό, που διαβάζεται 0"), movementLine}},
         {FindingKind::MovementUnknownCode,
             {QStringLiteral("Κωδικοί κινήσεων που δεν υπάρχουν πια"), codeMovementsLine}},

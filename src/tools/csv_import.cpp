@@ -1,6 +1,9 @@
 #include "tools/csv_import.h"
 
+#include "cashbook/cash_closing.h"
+#include "cashbook/cash_day.h"
 #include "cashbook/movement_batch.h"
+#include "cashbook/opening_difference.h"
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
 #include "platform/clock.h"
@@ -27,6 +30,7 @@ const std::vector<CsvColumn> codeColumns{{"aa", Need::Optional}, {"kvdikos"}, {"
 const std::vector<CsvColumn> movementColumns{{"aa", Need::Ignored}, {"kvdikos"}, {"hmeromhnia"}, {"perigrafh"},
     {"esoda"}, {"ejoda"}, {"aa_omada", Need::Ignored}, {"grammh", Need::Ignored}, {"epitagh", Need::Optional},
     {"L_tajeos", Need::Optional}};
+const std::vector<CsvColumn> openingColumns{{"day"}, {"amount"}};
 const std::vector<CsvColumn> counterColumns{{"name"}, {"seq"}};
 
 constexpr qint64 rowsBetweenReports = 256;
@@ -52,12 +56,14 @@ private:
     void takeGroup(const CsvTable& row);
     void takeCode(const CsvTable& row);
     void takeMovement(const CsvTable& row);
+    void takeOpening(const CsvTable& row);
     void takeCounter(const CsvTable& row);
 
     [[nodiscard]] MovementCode codeIn(const CsvTable& row);
     void giveGroup(MovementCode& code, const CsvTable& row) const;
     [[nodiscard]] qint32 groupNamed(const QString& name) const;
     [[nodiscard]] std::optional<Refusal> enter(const MovementDraft& draft);
+    void enterOpening(QDate day, Currency amount);
 
     [[nodiscard]] QString pathOf(const char* name) const { return m_folder + u'/' + QString::fromLatin1(name); }
     [[nodiscard]] bool isAllGood() const { return m_outcome.badLineCount == 0; }
@@ -65,6 +71,7 @@ private:
     Connection& m_book;
     QString m_folder;
     const StepProgress& m_progress;
+    const ClosedDays m_closedDays;
     MovementBatch m_batch;
     CsvImportOutcome m_outcome;
     std::map<qint32, QString> m_groups; ///< Names by number.
@@ -82,6 +89,7 @@ Import::Import(Connection& book, const QString& folder, ClosedDays closedDays, c
     : m_book(book)
     , m_folder(folder)
     , m_progress(progress)
+    , m_closedDays(closedDays)
     , m_batch(book, book, {.modifyCash = closedDays == ClosedDays::Accept})
 {
     for (const char* const name : {import_files::groups, import_files::codes, import_files::movements})
@@ -94,6 +102,7 @@ CsvImportOutcome Import::run()
     readFile(import_files::groups, groupColumns, &Import::takeGroup);
     readFile(import_files::codes, codeColumns, &Import::takeCode);
     readFile(import_files::movements, movementColumns, &Import::takeMovement);
+    readFile(import_files::openingDifferences, openingColumns, &Import::takeOpening);
     readFile(import_files::counters, counterColumns, &Import::takeCounter);
     if (isAllGood()) {
         m_outcome.repeatedMovements = m_batch.settle(
@@ -137,12 +146,18 @@ void Import::readRows(CsvTable& table, const std::vector<CsvColumn>& columns, Ta
     }
 }
 
+/// What stands beside the rows that an import is remembered by: taken again, it changes nothing.
+bool isBesides(const QString& file)
+{
+    return file == QLatin1String(import_files::counters) || file == QLatin1String(import_files::openingDifferences);
+}
+
 bool Import::takeNext(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take)
 {
     try {
         if (!table.next())
             return false;
-        if (m_file != QLatin1String(import_files::counters))
+        if (!isBesides(m_file))
             m_digest.add(m_file, table, columns);
         (this->*take)(table);
     } catch (const BadRow& bad) {
@@ -257,12 +272,16 @@ void Import::takeCode(const CsvTable& row)
     m_badCodes.erase(code.code);
 }
 
+QString closedReason(QDate day)
+{
+    return QStringLiteral("η ημέρα %1 είναι κλεισμένη· με την επιλογή --closed-days γίνεται δεκτή").arg(dateText(day));
+}
+
 QString refusalReason(Refusal refusal, const MovementDraft& draft)
 {
     switch (refusal) {
     case Refusal::DayIsClosed:
-        return QStringLiteral("η ημέρα %1 είναι κλεισμένη· με την επιλογή --closed-days γίνεται δεκτή")
-            .arg(dateText(draft.day));
+        return closedReason(draft.day);
     case Refusal::CodeHasChanged:
     case Refusal::NoCode:
         return QStringLiteral("ο κωδικός %1 δεν υπάρχει ούτε στο βιβλίο ούτε στο kvdikoi.csv").arg(draft.code);
@@ -309,6 +328,35 @@ void Import::takeMovement(const CsvTable& row)
         ++m_outcome.movements;
     else if (*refusal != Refusal::CodeHasChanged || !m_badCodes.contains(draft.code))
         throw BadRow(refusalReason(*refusal, draft));
+}
+
+void Import::takeOpening(const CsvTable& row)
+{
+    const QDate day = row.date("day");
+    const Currency amount = row.amount("amount");
+    const auto present = openingDifferences(m_book);
+    if (const auto found = present.find(storedDate(day)); found != present.end()) {
+        if (found->second != amount)
+            throw BadRow(QStringLiteral("το βιβλίο έχει ήδη άλλη διαφορά ανοίγματος για την %1").arg(dateText(day)));
+        ++m_outcome.openingDifferences.present;
+        return;
+    }
+    if (m_closedDays == ClosedDays::Refuse && isClosed(m_book, day))
+        throw BadRow(closedReason(day));
+    if (isAllGood())
+        enterOpening(day, amount);
+    ++m_outcome.openingDifferences.added;
+}
+
+/// Before the days are settled: the movements' share of the balances comes on top.
+void Import::enterOpening(QDate day, Currency amount)
+{
+    try {
+        addOpeningDifferences(m_book, {{storedDate(day), amount}});
+        shiftLaterDays(m_book, day.addDays(-1), amount);
+    } catch (const CurrencyOverflow&) {
+        throw BadRow(QStringLiteral("amount: τα υπόλοιπα γίνονται μεγαλύτερα από όσο μπορεί να κρατήσει το ταμείο"));
+    }
 }
 
 /// A number that was given once is not given again, also where its group or code is there no more.

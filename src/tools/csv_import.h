@@ -16,6 +16,7 @@ namespace import_files {
 inline constexpr auto groups = "omades.csv";
 inline constexpr auto codes = "kvdikoi.csv";
 inline constexpr auto movements = "kinhseis.csv";
+inline constexpr auto openingDifferences = "opening_difference.csv";
 inline constexpr auto counters = "sqlite_sequence.csv";
 } // namespace import_files
 
@@ -48,6 +49,7 @@ struct CsvImportOutcome {
 
     ImportedRows groups;
     ImportedRows codes;
+    ImportedRows openingDifferences;
     qint64 movements = 0;
     qint64 repeatedMovements = 0; ///< Of these, those that equal one which the book held already.
     std::vector<BadLine> badLines; ///< The first ones, in the order of the files.
@@ -55,11 +57,13 @@ struct CsvImportOutcome {
 };
 
 /// Takes groups, codes and movements from the CSV files of a folder, in one transaction; each file may be missing, but
-/// not all three. `book` has the main database open and the auxiliary one attached.
+/// not all three; with them opening differences and counters. `book` has the main database open and the auxiliary one
+/// attached.
 ///
 /// Groups and codes keep their numbers; one that is taken by something else is a bad line. Movements are added as if
 /// typed, in the order of the file within each day, under any code that the book or the file holds, with the group of
 /// that code.
+/// An opening difference moves the balances from its day on; a day that has another one already is a bad line.
 /// The book remembers what it took, unless that was nothing new.
 /// Throws Refused when no file is there or one cannot be read, or when all of it was taken before, SqlError, and
 /// CurrencyOverflow when a balance leaves its range; the book is then as it was.

@@ -1,6 +1,7 @@
 #include "tools/legacy_store.h"
 
 #include "app/book.h"
+#include "cashbook/opening_balance.h"
 #include "platform/transaction.h"
 #include "tools/legacy_book.h"
 
@@ -76,6 +77,11 @@ void storeLegacyBook(const LegacyBook& legacy, Book& book, const std::function<v
 {
     Storing storing(legacy, advance);
     storing.store(book.main(), LegacyTable::File::Main);
+    {
+        Transaction transaction(book.main());
+        adoptOpeningBalance(book.main());
+        transaction.commit();
+    }
     storing.store(book.auxiliary(), LegacyTable::File::Auxiliary);
 }
 

@@ -1,6 +1,7 @@
 #include "users/administration.h"
 
 #include "app/book_copy.h"
+#include "app/book_schema.h"
 #include "platform/connection.h"
 #include "platform/transaction.h"
 
@@ -50,8 +51,10 @@ CopiedBook deleteAllData(const BookFiles& files, KeyRing& keys, const QDateTime&
     BookCopy copy(book, files, keys, now);
     book.execute("DELETE FROM main.kinhseis; DELETE FROM main.kvdikoi; DELETE FROM main.omades;"
                  "DELETE FROM main.tameio; DELETE FROM auxiliary.klhsimotameioy");
-    if (book.prepare("SELECT 1 FROM main.sqlite_master WHERE type='table' AND name='taken_imports'").step())
-        book.execute("DELETE FROM main.taken_imports");
+    for (const QString& table : ownTables()) {
+        if (hasTable(book, table))
+            book.execute(QStringLiteral("DELETE FROM main.%1").arg(table).toStdString());
+    }
     copy.keep(); // should the commit fail halfway, the copy may be needed
     transaction.commit();
     return {copy.mainDatabase(), copy.auxiliaryDatabase()};

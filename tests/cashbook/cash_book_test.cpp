@@ -53,37 +53,12 @@ TEST_F(CashBookTest, anInsertMovesEveryLaterDayAndNoEarlierOne)
     EXPECT_EQ(view.figures.closingBalance, cents(11'000));
 }
 
-TEST_F(CashBookTest, aModificationMovesLaterDaysByTheDifference)
-{
-    const qint64 income = inserted(incomeOf(monday, cents(5000)));
-    const qint64 expense = inserted(expenseOf(monday, cents(2000)));
-    (void)inserted(incomeOf(friday, cents(1)));
-    (void)made(cashBook.modify(income, incomeOf(monday, cents(8000))));
-    EXPECT_EQ(days(), (CashDayLines{"20240311 8000 2000 6000", "20240315 1 0 6001"}));
-    (void)made(cashBook.modify(expense, expenseOf(monday, cents(3000))));
-    EXPECT_EQ(days(), (CashDayLines{"20240311 8000 3000 5000", "20240315 1 0 5001"}));
-    (void)made(cashBook.modify(income, expenseOf(monday, cents(1000))));
-    EXPECT_EQ(days(), (CashDayLines{"20240311 0 4000 -4000", "20240315 1 0 -3999"}));
-    (void)made(cashBook.modify(income, incomeOf(monday, {})));
-    EXPECT_EQ(days(), (CashDayLines{"20240311 0 3000 -3000", "20240315 1 0 -2999"}));
-}
-
 TEST_F(CashBookTest, aMovementKeepsItsDayWhateverTheDraftSays)
 {
     const qint64 key = inserted(incomeOf(monday, cents(5000)));
     const DayView view = made(cashBook.modify(key, incomeOf(friday, cents(100))));
     EXPECT_EQ(view.day, monday);
     EXPECT_EQ(days(), (CashDayLines{"20240311 100 0 100"}));
-}
-
-TEST_F(CashBookTest, aDayThatLosesItsLastMovementKeepsItsRow)
-{
-    (void)inserted(incomeOf(monday, cents(700)));
-    const qint64 only = inserted(expenseOf(wednesday, cents(3000)));
-    (void)inserted(incomeOf(friday, cents(1)));
-    const DayView view = made(cashBook.remove(only));
-    EXPECT_TRUE(view.movements.empty());
-    EXPECT_EQ(days(), (CashDayLines{"20240311 700 0 700", "20240313 0 0 700", "20240315 1 0 701"}));
 }
 
 TEST_F(CashBookTest, showingADayRebuildsItsRowAndShiftsNothing)

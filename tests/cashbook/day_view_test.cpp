@@ -70,6 +70,8 @@ TEST(DayLine, theCarriedBalanceNamesItsDay)
         carriedLine({QDate(2005, 3, 2), cents(123'456)}), QStringLiteral("Υπόλοιπο για την 02-03-2005    1.234,56"));
     EXPECT_EQ(carriedLine({QDate(2005, 3, 2), cents(-50)}), QStringLiteral("Υπόλοιπο για την 02-03-2005    -0,50"));
     EXPECT_EQ(carriedLine({QDate(2005, 3, 2), {}}), QStringLiteral("Υπόλοιπο από την προηγούμενη 0"));
+    EXPECT_EQ(carriedLine({QDate(2005, 3, 2), cents(123'456), cents(1)}),
+        QStringLiteral("Υπόλοιπο από την προηγούμενη 1.234,56"));
     EXPECT_EQ(carriedLine({}), QStringLiteral("Υπόλοιπο από την προηγούμενη 0"));
 }
 

@@ -6,5 +6,6 @@ list(APPEND LORVAN_CORE_TESTS
     cashbook/failing_disk_test.cpp
     cashbook/kill_test.cpp
     cashbook/movement_batch_test.cpp
+    cashbook/opening_balance_test.cpp
     cashbook/opening_balance_rules_test.cpp
     cashbook/random_changes_test.cpp)

@@ -51,6 +51,10 @@ TEST(DailyCashReport, carriesNothingIntoADateThatIsNoCashDay)
         {"(20240314, -12505000), (20240315, 0)", QStringLiteral("14-03-2024    -1.250,50"), QStringLiteral("-1250,5")},
         {"(20240314, 100000000), (20240315, 0)", QStringLiteral("14-03-2024    10.000,00"), QStringLiteral("10000")},
         {"(20240314, 5), (20240315, 0)", QStringLiteral("14-03-2024    0,00"), QStringLiteral("0,0005")},
+        {"(20240311, 7), (20240315, 0); INSERT INTO opening_difference VALUES (20240311, 1), (20240313, 4999993)",
+            QStringLiteral("προηγούμενη 500,00"), QStringLiteral("500")},
+        {"(20240315, 0); INSERT INTO opening_difference VALUES (20240315, -5000000), (20240316, 1)",
+            QStringLiteral("προηγούμενη -500,00"), QStringLiteral("-500")},
     };
     for (const auto& [cashDays, carried, balance] : cases) {
         const TemporaryBook book;

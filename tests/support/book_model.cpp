@@ -46,6 +46,22 @@ void BookModel::apply(const ModelChange& change)
     }
 }
 
+void BookModel::count(int day, std::int64_t cents)
+{
+    m_differences.erase(m_differences.lower_bound(day), m_differences.end());
+    m_differences[day] = cents - balanceAtEndOf(day);
+}
+
+std::int64_t BookModel::balanceAtEndOf(int day) const
+{
+    std::int64_t balance = 0;
+    for (const auto& [key, movement] : m_movements)
+        balance += movement.day <= day ? movement.incomeCents - movement.expenseCents : 0;
+    for (const auto& [from, difference] : m_differences)
+        balance += from <= day ? difference : 0;
+    return balance;
+}
+
 std::vector<ModelMovement> BookModel::movements() const
 {
     std::vector<ModelMovement> all;
@@ -57,7 +73,6 @@ std::vector<ModelMovement> BookModel::movements() const
 CashDayLines BookModel::cashDays() const
 {
     CashDayLines lines;
-    std::int64_t balance = 0;
     for (const auto& [day, known] : m_days) {
         std::int64_t income = 0;
         std::int64_t expense = 0;
@@ -65,9 +80,8 @@ CashDayLines BookModel::cashDays() const
             income += movement.day == day ? movement.incomeCents : 0;
             expense += movement.day == day ? movement.expenseCents : 0;
         }
-        balance += income - expense;
         std::ostringstream line;
-        line << day << ' ' << income << ' ' << expense << ' ' << balance;
+        line << day << ' ' << income << ' ' << expense << ' ' << balanceAtEndOf(day);
         lines.push_back(line.str());
     }
     return lines;

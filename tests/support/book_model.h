@@ -12,7 +12,7 @@ class Connection;
 namespace lorvan::test {
 
 /// What the cash book should hold, worked out without any of its code: amounts are whole cents, days yyyymmdd, and
-/// every day is summed from scratch from all movements.
+/// every day is summed from scratch from all movements and opening differences.
 struct ModelMovement {
     std::int64_t key = 0;
     int day = 0;
@@ -39,12 +39,17 @@ public:
     /// An inserted movement gets the key after the greatest ever given.
     void apply(const ModelChange& change);
 
+    /// So much was counted at the end of the day: earlier answers for it and for later days no longer count.
+    void count(int day, std::int64_t cents);
+
     [[nodiscard]] std::vector<ModelMovement> movements() const;
     [[nodiscard]] CashDayLines cashDays() const;
+    [[nodiscard]] std::int64_t balanceAtEndOf(int day) const; ///< In cents, also of a day without a row.
 
 private:
     std::map<std::int64_t, ModelMovement> m_movements; // by key
     std::map<int, bool> m_days; // every day that ever had a movement keeps its row
+    std::map<int, std::int64_t> m_differences; // by day
     std::int64_t m_lastKey = 0;
 };
 

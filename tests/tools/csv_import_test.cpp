@@ -1,5 +1,7 @@
 #include "app/usage_marker.h"
 #include "cashbook/cash_book.h"
+#include "cashbook/opening_balance.h"
+#include "platform/transaction.h"
 #include "support/book_model.h"
 #include "support/mount.h"
 #include "support/temporary_book.h"
@@ -50,6 +52,7 @@ QString contentOfTables(const TemporaryBook& book)
             "SELECT "
             "group_concat(quote(aa)||quote(kvdikos)||quote(perigrafh)||quote(omada)||quote(aa_omadas)||quote(lista)"
             "||quote(esodo)||quote(energos)) FROM (SELECT * FROM kvdikoi ORDER BY aa)",
+            "SELECT group_concat(day||' '||amount) FROM opening_difference",
             "SELECT group_concat(quote(aa)||quote(sxolia)||quote(perigrafh)) FROM (SELECT * FROM omades ORDER BY aa)",
             "SELECT group_concat(name||seq) FROM (SELECT * FROM sqlite_sequence WHERE name NOT IN ('tameio', "
             "'taken_imports') ORDER BY name)"})
@@ -76,6 +79,9 @@ void fillAwkwardly(const TemporaryBook& temporary)
     exact.memorandum = Currency::fromTenThousandths(-12'340);
     exact.cheque = true;
     ASSERT_TRUE(std::holds_alternative<DayView>(cashBook.insert(exact)));
+    Transaction counting(book.main());
+    setOpeningBalance(book.main(), closed, cents(77'777));
+    counting.commit();
     ASSERT_TRUE(std::holds_alternative<DayView>(cashBook.insert(incomeOf(closed, Currency()))));
 }
 
@@ -98,12 +104,17 @@ TEST_F(CsvImportTest, givesAnEmptyBookWhatWasExported)
     ASSERT_EQ(imported.status, ExitStatus::Done) << imported.errors;
     EXPECT_TRUE(contentOfTables(other) == contentOfTables(book)); // too long to be printed
 
+    Connection main = other.openMain();
+    main.execute("UPDATE opening_difference SET amount=amount+1");
+    EXPECT_NE(importFrom(other.folder(), in, QStringLiteral("|--again")).errors.find("opening_difference.csv:2: το"),
+        std::string::npos);
+    main.execute("UPDATE opening_difference SET amount=amount-1");
+
     // Once more: codes and groups are there, movements are booked again where that is asked for, and that is said.
     EXPECT_EQ(importFrom(other.folder(), in).status, ExitStatus::Failed);
     EXPECT_TRUE(contentOfTables(other) == contentOfTables(book));
     const ToolRun again = importFrom(other.folder(), in, QStringLiteral("|--again"));
     EXPECT_NE(again.out.find("ίδιες κινήσεις με 5"), std::string::npos) << again.out;
-    Connection main = other.openMain();
     EXPECT_EQ(
         valueOf(main, "SELECT count(*)||','||(SELECT count(*) FROM kvdikoi) FROM kinhseis"), QStringLiteral("10,4"));
 }

@@ -64,19 +64,21 @@ TEST_F(ExportTest, writesEveryTableInPlainFormsAndPasswordsOnlyWhenAsked)
     enter(draft);
     book.addUser(QStringLiteral("ΑΝΝΑ"), QStringLiteral("μυστικό"));
     book.close(QDate(2024, 3, 15));
-    book.execute("INSERT INTO omades (perigrafh, sxolia) VALUES ('Λοιπά', '')");
+    book.execute("INSERT INTO omades (perigrafh, sxolia) VALUES ('Λοιπά', '');"
+                 "INSERT INTO opening_difference VALUES (20240316, -5000000)");
     const ToolRun run = exportTo(book, out);
     ASSERT_EQ(run.status, ExitStatus::Done) << run.errors;
 
     EXPECT_EQ(entriesOf(place.path()), QStringList(QStringLiteral("έξοδος")));
     EXPECT_EQ(entriesOf(out).join(u' '),
         QStringLiteral("codes.csv kinhseis.csv kinhseis.xlsx klhsimotameioy.csv kvdikoi.csv omades.csv"
-                       " sqlite_sequence.csv taken_imports.csv tameio.csv taytothta.csv"));
+                       " opening_difference.csv sqlite_sequence.csv taken_imports.csv tameio.csv taytothta.csv"));
     const auto file = [this](const char* name) { return contentOfFile(out + u'/' + QString::fromLatin1(name)); };
     EXPECT_EQ(file("kinhseis.csv").split('\n').at(1).left(41 + 9),
         QByteArray("1,100,2024-03-15,\"α,\"\"β\"\"\",1234.00,0.00,1,\"  100 ").left(41 + 9));
     EXPECT_TRUE(file("kinhseis.csv").endsWith("\",1,-0.0001\n"));
     EXPECT_EQ(file("tameio.csv"), "aa,hmeromhnia,esoda,ejoda,ypoloipo\n1,2024-03-15,1234.00,0.00,1234.00\n");
+    EXPECT_EQ(file("opening_difference.csv"), "day,amount\n2024-03-16,-500.00\n");
     EXPECT_EQ(file("omades.csv"), "aa,sxolia,perigrafh\n1,,Πωλήσεις\n2,\"\",Λοιπά\n");
     EXPECT_EQ(file("klhsimotameioy.csv"), "aa,hmeraklhsimatos\n1,2024-03-15\n");
     EXPECT_EQ(file("codes.csv"), "uname,r_eggrafes,r_klhsimo,r_kvdikoi\nΑΝΝΑ,0,0,0\n");

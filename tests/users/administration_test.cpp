@@ -43,7 +43,8 @@ protected:
         book.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<800)"
                      " INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda) SELECT 100, 20240301, 'κίνηση', i"
                      " FROM n; INSERT INTO tameio (hmeromhnia, esoda, ejoda, ypoloipo) VALUES (20240301, 1, 0, 1);"
-                     " INSERT INTO taken_imports (digest) VALUES ('once')");
+                     " INSERT INTO taken_imports (digest) VALUES ('once');"
+                     " INSERT INTO opening_difference VALUES (20240301, 5)");
         QDir().mkdir(disk);
     }
     ~DeletionTest() override { Mount::undo(disk); }
@@ -107,7 +108,9 @@ TEST_F(DeletionTest, copiesTheBookThenEmptiesItButForUsersAndVersion)
     const QByteArray auxiliary = bytesOf(book.files().auxiliaryDatabase());
     const CopiedBook copy = deleteAll(book.folder());
     EXPECT_EQ(sizes(book.files()), allGone);
-    EXPECT_EQ(valueIn(book.files().mainDatabase(), "SELECT count(*) FROM taken_imports"), QStringLiteral("0"));
+    EXPECT_EQ(valueIn(book.files().mainDatabase(),
+                  "SELECT (SELECT count(*) FROM taken_imports)||(SELECT count(*) FROM opening_difference)"),
+        QStringLiteral("00"));
     EXPECT_EQ(copy.mainDatabase, book.path(QStringLiteral("lorvan-2024-03-15-120000.mdb")));
     EXPECT_EQ(bytesOf(book.path(QStringLiteral("mapcodes-2024-03-15-120000.mdb"))), auxiliary);
 
