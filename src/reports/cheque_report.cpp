@@ -116,7 +116,7 @@ void addSums(ReportDocument& document, const std::vector<ChequeSum>& sums, const
     table.begin(1, rightAligned(u"α/α", 4) + QStringLiteral("|Ημερ/νια|Σύνολο LT"), QStringLiteral("|||"));
     for (const ChequeSum& sum : sums) {
         table.addRow({numberCell(table.nextNumber()), weekdayDateText(sum.day),
-            rightAligned(amountOrBlankText(sum.amounts.memorandum), sumWidth)});
+            amountOrBlankText(sum.amounts.memorandum).rightJustified(sumWidth)});
     }
 }
 

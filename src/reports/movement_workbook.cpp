@@ -1,5 +1,7 @@
 #include "reports/movement_workbook.h"
 
+#include "reports/report_cells.h"
+#include "reports/table_cells.h"
 #include "reports/table_export.h"
 #include "reports/workbook_proof.h"
 
@@ -19,6 +21,10 @@ struct SheetColumn {
 };
 
 enum Place { Key, Day, Code, Description, Income, Expense, Memorandum, Cheque };
+
+constexpr double longestAmount = 24;
+constexpr Currency wideAmount =
+    Currency::fromTenThousandths(1'000'000'000'000); ///< From here on wider than its column.
 
 constexpr std::array sheetColumns{
     SheetColumn{"Α/Α", 10},
@@ -60,6 +66,7 @@ MovementWorkbook::MovementWorkbook(const QString& path, unsigned rowsOfSheet)
         throw TableExportError(QString::fromUtf8(lxw_strerror(LXW_ERROR_CREATING_XLSX_FILE)));
     m_formats = {newFormat(m_workbook, nullptr), newFormat(m_workbook, "0"), newFormat(m_workbook, "dd/mm/yyyy"),
         nullptr, newFormat(m_workbook, "#,##0.00##")};
+    format_set_align(formatOf(Look::Amount), LXW_ALIGN_RIGHT); // also where it stands as a text
     format_set_bold(formatOf(Look::Titles));
     format_set_bottom(formatOf(Look::Titles), LXW_BORDER_THIN);
     beginSheet();
@@ -97,8 +104,19 @@ void MovementWorkbook::addNumber(int column, double number, Look look)
 
 void MovementWorkbook::addAmount(int column, Currency amount)
 {
-    if (!amount.isZero())
+    if (amount >= wideAmount || amount <= -wideAmount)
+        widen(column);
+    if (!fitsSpreadsheet(amount))
+        addText(column, plainAmountText(amount), Look::Amount);
+    else if (!amount.isZero())
         addNumber(column, static_cast<double>(amount.tenThousandths()) / Currency::unitsPerEuro, Look::Amount);
+}
+
+/// A number that is longer than its column would be shown as a row of hashes.
+void MovementWorkbook::widen(int column)
+{
+    const auto place = static_cast<lxw_col_t>(column);
+    check(worksheet_set_column(m_sheet, place, place, longestAmount, nullptr));
 }
 
 void MovementWorkbook::addDate(int column, QDate day)

@@ -13,9 +13,9 @@ struct lxw_worksheet;
 
 namespace lorvan {
 
-/// Writes movements as an XLSX workbook into a new file: amounts as numbers, days as dates, titles that stay in view.
-/// Where a sheet is full, the next one begins. Temporary files lie beside it. Until finish() there is no file, and
-/// without it there will be none.
+/// Writes movements as an XLSX workbook into a new file: amounts as numbers (as texts beyond fifteen digits), days as
+/// dates, titles that stay in view. Where a sheet is full, the next one begins. Temporary files lie beside it. Until
+/// finish() there is no file, and without it there will be none.
 class MovementWorkbook {
 public:
     static constexpr unsigned mostRows = 1'048'576; ///< Titles included, as many as the format allows.
@@ -37,6 +37,7 @@ private:
     void beginSheet();
     void addNumber(int column, double number, Look look);
     void addAmount(int column, Currency amount);
+    void widen(int column);
     void addDate(int column, QDate day);
     void addText(int column, const QString& text, Look look = Look::Text);
 

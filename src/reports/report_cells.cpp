@@ -1,6 +1,5 @@
 #include "reports/report_cells.h"
 
-#include "app/padding.h"
 #include "platform/amount_text.h"
 #include "platform/date_text.h"
 
@@ -25,7 +24,7 @@ QString withoutTrailing(QString text, QChar character)
 
 QString numberCell(int number)
 {
-    return rightAligned(QString::number(number), numberWidth);
+    return QString::number(number).rightJustified(numberWidth);
 }
 
 QString amountOrBlankText(Currency amount)

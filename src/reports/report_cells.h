@@ -10,7 +10,7 @@ namespace lorvan {
 /// A paragraph of its own that leaves an empty line; inside a paragraph it breaks the line.
 inline constexpr QStringView lineBreak = u"\r";
 
-/// A row's number right-aligned in four characters. From 10,000 on it loses its beginning.
+/// A row's number right-aligned in four characters; from 10,000 on it is longer.
 [[nodiscard]] QString numberCell(int number);
 
 /// The amount format, a blank for zero. (For "0" there is amountOrZeroText.)

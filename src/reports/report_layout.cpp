@@ -10,7 +10,8 @@ namespace {
 constexpr float cellPadding = 60; // left and right of a cell's text
 constexpr float rowPadding = 55; // above and below a row's lines, and each line of a paragraph, together
 constexpr double leastBody = 1440;
-constexpr float leastShare = 0.5F; // of its size, to which a long number is set smaller
+constexpr float leastShare =
+    0.4F; // of its size, to which a long number is set smaller: the longest amount fits all columns
 
 /// What two margins leave of a page's side, from where to where. Margins that leave less than an inch give way.
 std::pair<double, double> between(double length, int before, int after)
@@ -18,6 +19,13 @@ std::pair<double, double> between(double length, int before, int after)
     const double start = std::clamp<double>(before, 0, length - leastBody);
     const double end = std::clamp<double>(length - after, start + leastBody, length);
     return {start, end};
+}
+
+bool isNumber(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar character) {
+        return (character >= u'0' && character <= u'9') || character == u'.' || character == u',' || character == u'-';
+    });
 }
 
 QRectF bodyOf(const ReportPageSettings& page)
@@ -120,7 +128,8 @@ CellLines ReportLayout::cellLines(const GlyphFont& font, const ColumnBox& box, Q
 /// Half a point at a time, so that few fonts are made.
 const GlyphFont* ReportLayout::smallerFont(const GlyphFont& font, const ColumnBox& box, QStringView text) const
 {
-    if (box.alignment != ColumnAlignment::Right || font.fitsPlainly(text, box.width))
+    const bool mayShrink = box.alignment == ColumnAlignment::Right || isNumber(text);
+    if (!mayShrink || font.fitsPlainly(text, box.width))
         return nullptr;
     const bool isOneWord = std::all_of(text.begin(), text.end(),
         [&font](QChar character) { return font.glyph(character.unicode()).kind == ReportGlyph::Kind::Plain; });

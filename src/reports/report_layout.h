@@ -58,7 +58,8 @@ public:
     [[nodiscard]] const TableBoxes& boxes(const ReportItem& item) const;
 
     [[nodiscard]] TextLines paragraphLines(const ReportItem& paragraph) const;
-    /// A number that is too long for its right-aligned column is set smaller instead of being broken.
+    /// A number that is too long for its column is set smaller instead of being broken, and so is any other word in a
+    /// right-aligned column. Not smaller than two fifths of the font: what needs that is broken.
     [[nodiscard]] CellLines cellLines(const GlyphFont& font, const ColumnBox& box, QStringView text) const;
 
 private:

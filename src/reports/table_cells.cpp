@@ -8,6 +8,7 @@ namespace lorvan {
 namespace {
 
 constexpr qsizetype longestWhole = 15; ///< Digits that a spreadsheet keeps exactly.
+constexpr std::int64_t endOfWhole = 1'000'000'000'000'000;
 
 bool areDigits(QStringView text)
 {
@@ -60,6 +61,14 @@ TableCell readCell(QStringView text)
 }
 
 } // namespace
+
+bool fitsSpreadsheet(Currency amount)
+{
+    std::int64_t digits = amount.tenThousandths();
+    for (int decimal = 0; decimal < 4 && digits % 10 == 0; ++decimal)
+        digits /= 10;
+    return digits > -endOfWhole && digits < endOfWhole;
+}
 
 TableCells::TableCells(const ReportDocument& document)
 {

@@ -20,6 +20,9 @@ struct TableCell {
     QDate date;
 };
 
+/// A spreadsheet keeps fifteen digits of a number; an amount that has more must stand there as a text.
+[[nodiscard]] bool fitsSpreadsheet(Currency amount);
+
 /// Tells what the cells of a document are. Amounts (1.234,56) and dates are that wherever they stand; a whole number is
 /// one where its column is not left-aligned or holds nothing else, so that a description of digits stays a text. The
 /// document must outlive it.

@@ -82,13 +82,30 @@ void XlsxSink::setColumns(const ReportDocument& document)
         const ReportItem item = document.item(index);
         if (item.columns().empty())
             continue;
-        lxw_col_t column = 0;
         for (const ReportColumn& each : item.columns()) {
-            worksheet_set_column(m_sheet, column, column, std::max(each.width / twipsInCharacter, leastWidth), nullptr);
-            ++column;
+            m_widths.push_back(0);
+            setWidth(m_widths.size() - 1, std::max(each.width / twipsInCharacter, leastWidth));
         }
         return;
     }
+}
+
+void XlsxSink::setWidth(std::size_t column, double width)
+{
+    m_widths[column] = width;
+    const auto place = static_cast<lxw_col_t>(column);
+    check(worksheet_set_column(m_sheet, place, place, width, nullptr));
+}
+
+/// A number that is longer than its column would be shown as a row of hashes, a total's text cut.
+void XlsxSink::widenFor(int column, const TableCell& cell, const TableRowLook& look)
+{
+    const auto place = static_cast<std::size_t>(column);
+    const bool isText = cell.kind == TableCell::Kind::Text;
+    const bool mustBeSeen = isText ? look.isBold && look.kind == TableRowLook::Kind::Row : !cell.date.isValid();
+    const double needed = static_cast<double>(cell.text.size() + 1);
+    if (mustBeSeen && place < m_widths.size() && needed > m_widths[place])
+        setWidth(place, needed);
 }
 
 void XlsxSink::addRow(const std::vector<TableCell>& cells, const TableRowLook& look)
@@ -99,8 +116,10 @@ void XlsxSink::addRow(const std::vector<TableCell>& cells, const TableRowLook& l
     }
     int column = 0;
     for (const TableCell& cell : cells) {
-        if (cell.kind != TableCell::Kind::Empty)
+        if (cell.kind != TableCell::Kind::Empty) {
+            widenFor(column, cell, look);
             addCell(column, cell, formatFor(cell.kind, look));
+        }
         ++column;
     }
     if (look.kind == TableRowLook::Kind::Titles && !m_hasTitles) {
@@ -117,7 +136,7 @@ void XlsxSink::addCell(int column, const TableCell& cell, lxw_format* format)
     if (cell.date.isValid()) {
         lxw_datetime day{cell.date.year(), cell.date.month(), cell.date.day(), 0, 0, 0};
         check(worksheet_write_datetime(m_sheet, m_row, place, &day, format));
-    } else if (cell.kind == TableCell::Kind::Text) {
+    } else if (cell.kind == TableCell::Kind::Text || !fitsSpreadsheet(cell.number)) {
         check(worksheet_write_string(m_sheet, m_row, place, cell.text.left(longestText).toUtf8().constData(), format));
     } else {
         const double number = static_cast<double>(cell.number.tenThousandths()) / 10'000;
@@ -133,6 +152,8 @@ lxw_format* XlsxSink::formatFor(TableCell::Kind kind, const TableRowLook& look)
     format = workbook_add_format(m_workbook);
     if (const char* const number = numberFormat(kind))
         format_set_num_format(format, number);
+    if (kind == TableCell::Kind::Amount)
+        format_set_align(format, LXW_ALIGN_RIGHT); // also where it stands as a text
     if (look.isBold || look.kind == TableRowLook::Kind::Titles || look.kind == TableRowLook::Kind::Heading)
         format_set_bold(format);
     if (look.kind == TableRowLook::Kind::Heading)

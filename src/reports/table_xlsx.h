@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <tuple>
+#include <vector>
 
 struct lxw_format;
 struct lxw_workbook;
@@ -28,6 +29,8 @@ private:
 
     void setColumns(const ReportDocument& document);
     void addCell(int column, const TableCell& cell, lxw_format* format);
+    void setWidth(std::size_t column, double width);
+    void widenFor(int column, const TableCell& cell, const TableRowLook& look);
     [[nodiscard]] lxw_format* formatFor(TableCell::Kind kind, const TableRowLook& look);
 
     QString m_path;
@@ -35,6 +38,7 @@ private:
     lxw_worksheet* m_sheet;
     std::map<Look, lxw_format*> m_formats;
     unsigned m_row = 0;
+    std::vector<double> m_widths; ///< In characters.
     bool m_hasTitles = false;
 };
 

@@ -91,7 +91,7 @@ QStringList expectedSums(const std::vector<Cheque>& cheques)
         sums[{row.day, row.income, row.expense}] += row.memorandum;
     QStringList lines;
     for (const auto& [key, sum] : sums)
-        addLine(lines, {chequeDay(std::get<0>(key)), amount(sum, {}).rightJustified(11).right(11)});
+        addLine(lines, {chequeDay(std::get<0>(key)), amount(sum, {}).rightJustified(11)});
     return lines;
 }
 

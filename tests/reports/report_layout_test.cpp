@@ -192,15 +192,22 @@ TEST(ReportLayout, breaksLinesAtBlanksAndCarriageReturns)
 
 TEST(ReportLayout, alignsNumbersAndNeverBreaksThem)
 {
-    const Laid laid(tableOf(QStringLiteral("^800|>1250"),
-        {QStringLiteral("1|1,11"), QStringLiteral("2|98.765,43"), QStringLiteral("3|-123.456.789,00")}));
+    const QString longest = QStringLiteral("-922.337.203.685.477,58");
+    ReportDocument document = tableOf(QStringLiteral("^800|>1250|1500"),
+        {QStringLiteral("1|1,11"), QStringLiteral("2|98.765,43"), QStringLiteral("3|-123.456.789,00")});
+    document.SetFont({.size = 11, .bold = true});
+    document.AddTableRow(QStringLiteral("^800|>1250|1500"), QString(), QStringLiteral("1000000|%1|%1").arg(longest));
+    const Laid laid(document);
     for (const PlacedText& placed : laid.pages[0].texts()) {
-        if (placed.text.contains(u','))
+        if (placed.left > 350 + 800 + 1250)
+            EXPECT_LE(rightOf(placed), 350 + 800 + 1250 + 1500 - 60);
+        else if (placed.text.contains(u','))
             EXPECT_NEAR(rightOf(placed), 350 + 800 + 1250 - 60, 1) << placed.text.toString().toStdString();
         else
             EXPECT_NEAR((placed.left + rightOf(placed)) / 2, 350 + 400, 1);
     }
-    EXPECT_EQ(laid.allTexts(), QStringLiteral("Τίτλος 1 1,11 2 98.765,43 3 -123.456.789,00"));
+    EXPECT_EQ(
+        laid.allTexts(), QStringLiteral("Τίτλος 1 1,11 2 98.765,43 3 -123.456.789,00 1000000 %1 %1").arg(longest));
 }
 
 TEST(ReportLayout, scalesATableThatIsWiderThanTheText)

@@ -174,12 +174,12 @@ TEST(Reports, numberOnBeyondSixteenBitsAndCanBeGivenUp)
 {
     const TemporaryBook book;
     book.execute("WITH RECURSIVE rows(number) AS (SELECT 1 UNION ALL SELECT number+1 FROM rows WHERE number<40000)"
-                 " INSERT INTO tameio (hmeromhnia) SELECT 20240301 FROM rows");
+                 " INSERT INTO kinhseis (hmeromhnia) SELECT 20240301 FROM rows");
     Connection main = book.openMain();
     const ReportInputs inputs = period(QDate(2024, 3, 1), QDate(2024, 3, 1));
-    EXPECT_EQ(cashSummaryReport(main, inputs).cell(40'000, 0), QStringLiteral("40000"));
-    EXPECT_THROW((void)cashSummaryReport(main, inputs, [](int rows) { return rows < 2000; }), ReportCancelled);
-    EXPECT_NO_THROW(book.execute("DELETE FROM tameio")) << "nothing stays locked";
+    EXPECT_EQ(dailyCashReport(main, inputs).cell(40'000, 0), QStringLiteral("40000"));
+    EXPECT_THROW((void)dailyCashReport(main, inputs, [](int rows) { return rows < 2000; }), ReportCancelled);
+    EXPECT_NO_THROW(book.execute("DELETE FROM kinhseis")) << "nothing stays locked";
 }
 
 } // namespace lorvan::test

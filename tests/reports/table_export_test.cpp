@@ -146,6 +146,9 @@ TEST_F(TableExport, tellsNumbersAndDatesFromTexts)
         QString value;
     } cases[] = {
         {QStringLiteral("1.234.567,89"), QStringLiteral("#,##0.00"), QStringLiteral("1234567.89")},
+        {QStringLiteral("9.999.999.999.999,99"), QStringLiteral("#,##0.00"), QStringLiteral("9999999999999.99")},
+        {QStringLiteral("-922.337.203.685.477,58"), QStringLiteral("#,##0.00"),
+            QStringLiteral("-922.337.203.685.477,58")},
         {QStringLiteral("0,05"), QStringLiteral("#,##0.00"), QStringLiteral("0.05")},
         {QStringLiteral("007"), QStringLiteral("-"), QStringLiteral("007")},
         {QStringLiteral("1.5"), QStringLiteral("-"), QStringLiteral("1.5")},
@@ -162,6 +165,9 @@ TEST_F(TableExport, tellsNumbersAndDatesFromTexts)
         document.AddTable(QStringLiteral(">1000"), QString(), {each.text});
         ASSERT_TRUE(saveTable(document, path("t.xlsx"), TableFormat::Xlsx, {}));
         EXPECT_EQ(cellsOf(path("t.xlsx")), QStringLiteral("A1 %1 %2").arg(each.format, each.value));
+        const QByteArray sheet = partOf(path("t.xlsx"), QStringLiteral("xl/worksheets/sheet1.xml"));
+        const double width = sheet.mid(sheet.indexOf(" width=\"") + 8).split('"').first().toDouble();
+        EXPECT_TRUE(width > double(each.text.size()) || !each.format.startsWith(u'#')) << each.text.toStdString();
     }
 }
 
