@@ -5,6 +5,9 @@
 #include <QLabel>
 #include <QPainter>
 
+#include <algorithm>
+#include <limits>
+
 namespace lorvan {
 namespace {
 
@@ -17,7 +20,9 @@ constexpr int separatorInset = 12;
 constexpr qreal captionFactor = 0.9;
 constexpr qreal totalFactor = 1.45;
 constexpr qreal balanceFactor = 1.7;
-constexpr std::array steps{1.0, 0.85, 0.7};
+constexpr std::array steps{1.0, 0.85, 0.7, 0.55};
+
+const QString usualFigure = QStringLiteral("-000.000,00");
 
 void colourText(QLabel& label, ColourRole role)
 {
@@ -87,48 +92,55 @@ int TotalsBar::pairWidth(const Pair& pair, qreal step) const
         + figure.horizontalAdvance(pair.figure->text());
 }
 
-int TotalsBar::pairsWidth(qreal step) const
+/// A pair's share of the bar before what is left over is divided evenly.
+int TotalsBar::usualWidth(const Pair& pair) const
 {
-    int width = 0;
-    for (const Pair& pair : m_pairs)
-        width += pairWidth(pair, step);
-    return width;
+    const QFontMetrics caption(pair.caption->font());
+    return caption.horizontalAdvance(pair.caption->text().trimmed()) + captionGap
+        + QFontMetrics(figureFont(pair.factor)).horizontalAdvance(usualFigure);
+}
+
+/// The bar's width from which on each pair fits between its separators.
+int TotalsBar::widthFor(qreal step) const
+{
+    int usual = 0;
+    int beyond = std::numeric_limits<int>::min();
+    for (const Pair& pair : m_pairs) {
+        usual += usualWidth(pair);
+        beyond = std::max(beyond, pairWidth(pair, step) - usualWidth(pair));
+    }
+    return usual + static_cast<int>(m_pairs.size()) * beyond + 2 * sideMargin + 4 * leastGap;
 }
 
 QSize TotalsBar::sizeHint() const
 {
     const int height = QFontMetrics(figureFont(balanceFactor)).height() + captionGap;
-    return {pairsWidth(steps.front()) + 2 * sideMargin + 4 * leastGap, std::max(usualHeight, height)};
+    return {widthFor(steps.front()), std::max(usualHeight, height)};
 }
 
 QSize TotalsBar::minimumSizeHint() const
 {
-    return {pairsWidth(steps.back()) + 2 * sideMargin + 4 * leastGap, sizeHint().height()};
+    return {widthFor(steps.back()), sizeHint().height()};
 }
 
 qreal TotalsBar::largestStep() const
 {
-    for (const qreal step : steps) {
-        if (pairsWidth(step) + 2 * sideMargin + 4 * leastGap <= width())
-            return step;
-    }
-    return steps.back();
+    const auto fits = [this](qreal step) { return widthFor(step) <= width(); };
+    const auto found = std::find_if(steps.begin(), steps.end(), fits);
+    return found == steps.end() ? steps.back() : *found;
 }
 
 void TotalsBar::layOut()
 {
     const qreal step = largestStep();
-    const int gap = std::max(leastGap, (width() - 2 * sideMargin - pairsWidth(step)) / 4);
-    int left = sideMargin;
-    for (std::size_t i = 0; i < m_pairs.size(); ++i) {
-        if (i == m_pairs.size() - 1)
-            left = width() - sideMargin - pairWidth(m_pairs[i], step);
-        placePair(m_pairs[i], step, left);
-        left += pairWidth(m_pairs[i], step) + gap;
-        if (i < m_separators.size())
-            m_separators[i] = left;
-        left += gap;
-    }
+    const auto& [income, expense, balance] = m_pairs;
+    const int usual = usualWidth(income) + usualWidth(expense) + usualWidth(balance);
+    const int more = (width() - 2 * sideMargin - 4 * leastGap - usual) / static_cast<int>(m_pairs.size());
+    m_separators[0] = sideMargin + usualWidth(income) + more + leastGap;
+    m_separators[1] = m_separators[0] + leastGap + usualWidth(expense) + more + leastGap;
+    placePair(income, step, sideMargin);
+    placePair(expense, step, (m_separators[0] + m_separators[1] - pairWidth(expense, step)) / 2);
+    placePair(balance, step, width() - sideMargin - pairWidth(balance, step));
     update();
 }
 

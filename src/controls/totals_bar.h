@@ -9,7 +9,8 @@ class QLabel;
 namespace lorvan {
 
 /// The bar with the day's figures: six labels Bar1(1) to Bar1(6), caption and figure in turn. Figures are never cut:
-/// when the pairs do not fit, all figures become smaller together.
+/// when one does not fit beside its caption, all become smaller together. The separators stand where the bar's width
+/// puts them, whatever the figures.
 class TotalsBar : public QFrame {
     Q_OBJECT
 
@@ -36,7 +37,8 @@ private:
     void dress();
     void layOut();
     [[nodiscard]] int pairWidth(const Pair& pair, qreal step) const;
-    [[nodiscard]] int pairsWidth(qreal step) const;
+    [[nodiscard]] int usualWidth(const Pair& pair) const;
+    [[nodiscard]] int widthFor(qreal step) const;
     [[nodiscard]] qreal largestStep() const;
     void placePair(const Pair& pair, qreal step, int left) const;
 

@@ -2,6 +2,7 @@
 #include "controls/label3d.h"
 #include "controls/shown_form.h"
 #include "controls/tab_band.h"
+#include "controls/theme.h"
 #include "controls/totals_bar.h"
 
 #include <QLabel>
@@ -26,10 +27,23 @@ TEST(CommandButton, enterPressesItOnceWhileItIsHeldDown)
     EXPECT_EQ(clicks.count(), 3);
 }
 
-TEST(TotalsBar, figuresStepDownAndAreNeverCut)
+/// Where the lines between the pairs are painted.
+std::vector<int> separatorsOf(TotalsBar& bar)
 {
+    const QImage image = bar.grab().toImage();
+    const QRgb line = Theme::instance().colour(ColourRole::Edge).rgb();
+    std::vector<int> places;
+    for (int x = 0; x < image.width(); ++x)
+        if (image.pixel(x, 13) == line && image.pixel(x, image.height() - 14) == line)
+            places.push_back(x);
+    return places;
+}
+
+TEST(TotalsBar, figuresStepDownAndAreNeverCutBetweenStandingSeparators)
+{
+    std::vector<int> separators;
     const DesktopFont font("DejaVu Sans", 14);
-    for (const QString& figure : {QStringLiteral("5.626,22"), QStringLiteral("999.999.999.999,99")}) {
+    for (const QString& figure : {QStringLiteral("5.626,22"), QStringLiteral("922.337.203.685.477,58")}) {
         TotalsBar bar;
         bar.setFigures(figure, figure, u'-' + figure);
         bar.show();
@@ -44,6 +58,10 @@ TEST(TotalsBar, figuresStepDownAndAreNeverCut)
                 right = label->geometry().right();
             }
             EXPECT_LE(right, bar.width());
+            if (width == 1366 && separators.empty())
+                separators = separatorsOf(bar);
+            EXPECT_TRUE(width != 1366 || separatorsOf(bar) == separators) << figure.toStdString();
+            EXPECT_EQ(separators.size(), 2U);
         }
     }
 }
