@@ -31,31 +31,6 @@ std::optional<qint32> codeIn(const CodeBox& box)
     return isCode && !box.text.isEmpty() ? std::optional(code) : std::nullopt;
 }
 
-using Balances = std::array<Currency, std::tuple_size_v<AnalysisGroups>>;
-
-/// What each group holds.
-Balances balancesOf(Connection& main, const ReportInputs& inputs)
-{
-    std::vector<qint32> codes;
-    for (const AnalysisGroup& group : inputs.analysisGroups) {
-        for (const CodeBox& box : group.boxes) {
-            if (const auto code = codeIn(box))
-                codes.push_back(*code);
-        }
-    }
-    Balances balances;
-    if (codes.empty())
-        return balances;
-    auto sums = sumsByCode(main, QDate(), inputs.start, codes);
-    for (std::size_t i = 0; i < balances.size(); ++i) {
-        for (const CodeBox& box : inputs.analysisGroups[i].boxes) {
-            if (const auto code = codeIn(box))
-                balances[i] += sums[*code].income - sums[*code].expense;
-        }
-    }
-    return balances;
-}
-
 void addNoCashDay(ReportDocument& document, const ReportInputs& inputs)
 {
     document.Paragraph(QStringLiteral("Δεν υπάρχει ταμείο για την ημερομηνία ") + inputs.startText
@@ -88,7 +63,7 @@ private:
 };
 
 void addAnalysis(
-    ReportDocument& document, const ReportInputs& inputs, const CashDayFigures& day, const Balances& balances)
+    ReportDocument& document, const ReportInputs& inputs, const CashDayFigures& day, const AnalysisBalances& balances)
 {
     document.SetHeader(
         QStringLiteral("|Ανάλυση ταμείου της ") + inputs.startText + QStringLiteral("   ") + inputs.heading);
@@ -111,6 +86,34 @@ bool hasCashAnalysis(Connection& main, QDate day)
     return figuresOf(main, day).has_value();
 }
 
+std::vector<qint32> codesOf(const AnalysisGroup& group)
+{
+    std::vector<qint32> codes;
+    for (const CodeBox& box : group.boxes) {
+        if (const auto code = codeIn(box))
+            codes.push_back(*code);
+    }
+    return codes;
+}
+
+AnalysisBalances analysisBalances(Connection& main, const ReportInputs& inputs)
+{
+    std::vector<qint32> codes;
+    for (const AnalysisGroup& group : inputs.analysisGroups) {
+        const std::vector<qint32> more = codesOf(group);
+        codes.insert(codes.end(), more.begin(), more.end());
+    }
+    AnalysisBalances balances;
+    if (codes.empty())
+        return balances;
+    auto sums = sumsByCode(main, QDate(), inputs.start, codes);
+    for (std::size_t i = 0; i < balances.size(); ++i) {
+        for (const qint32 code : codesOf(inputs.analysisGroups[i]))
+            balances[i] += sums[code].income - sums[code].expense;
+    }
+    return balances;
+}
+
 ReportDocument cashAnalysisReport(Connection& main, const ReportInputs& inputs, const ReportProgress&)
 {
     const Transaction reading(main, Transaction::Mode::Read);
@@ -120,7 +123,7 @@ ReportDocument cashAnalysisReport(Connection& main, const ReportInputs& inputs, 
     document.StartDoc();
     document.SetFont({.size = 10});
     if (day)
-        addAnalysis(document, inputs, *day, balancesOf(main, inputs));
+        addAnalysis(document, inputs, *day, analysisBalances(main, inputs));
     else
         addNoCashDay(document, inputs);
     document.EndDoc();

@@ -5,6 +5,7 @@
 #include "controls/window_placement.h"
 #include "platform/busy_pointer.h"
 #include "platform/message_window.h"
+#include "reports/omission_strip.h"
 #include "reports/preview_area.h"
 #include "reports/preview_tools.h"
 #include "reports/printer_choice.h"
@@ -34,6 +35,7 @@ Ektypvsh::Ektypvsh(Printers& printers, ReportSaver& saver)
     , m_saver(saver)
     , m_actions(this)
     , m_tools(new PreviewTools(m_actions, this))
+    , m_omissions(new OmissionStrip(this))
     , m_area(new PreviewArea(this))
 {
     setObjectName(QStringLiteral("Ektypvsh"));
@@ -55,6 +57,7 @@ void Ektypvsh::layOut()
     rows->setContentsMargins({});
     rows->setSpacing(0);
     rows->addWidget(m_tools);
+    rows->addWidget(m_omissions);
     rows->addWidget(m_area, 1);
     setCentralWidget(central);
     sizeWithin(this, firstSize);
@@ -143,6 +146,11 @@ void Ektypvsh::open(ReportDocument document, const QString& titleText, const QSt
     m_search.setPages(m_area->view().pages().get());
     showPages();
     showPrinterState();
+}
+
+void Ektypvsh::tell(const std::vector<ReportOmission>& omissions)
+{
+    m_omissions->tell(omissions);
 }
 
 void Ektypvsh::unload()

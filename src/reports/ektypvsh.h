@@ -4,6 +4,7 @@
 #include "reports/page_search.h"
 #include "reports/preview_actions.h"
 #include "reports/report_document.h"
+#include "reports/report_omissions.h"
 
 #include <QMainWindow>
 
@@ -11,6 +12,7 @@
 
 namespace lorvan {
 
+class OmissionStrip;
 class PreviewArea;
 class PreviewTools;
 class Printers;
@@ -27,6 +29,9 @@ public:
 
     /// Takes the report, once. The title text comes from the list of reports; the file name is proposed for saving.
     void open(ReportDocument document, const QString& titleText, const QString& fileName);
+
+    /// Says above the pages what the report leaves out. It reaches neither paper nor files.
+    void tell(const std::vector<ReportOmission>& omissions);
 
     /// Gives up what is under way, lets go of the report and hides the window. Again, it does nothing.
     void unload();
@@ -62,6 +67,7 @@ private:
     const PreviewActions m_actions;
     BackgroundRun m_run;
     PreviewTools* m_tools;
+    OmissionStrip* m_omissions;
     PreviewArea* m_area;
     PageSearch m_search;
     QString m_titleText;

@@ -48,17 +48,6 @@ std::unordered_map<qint32, QString> codeLines(Connection& main)
     return lines;
 }
 
-Currency wholeEuros(Currency amount)
-{
-    constexpr std::int64_t half = Currency::unitsPerEuro / 2;
-    const std::lldiv_t euros = std::lldiv(amount.tenThousandths(), Currency::unitsPerEuro);
-    const bool isRoundedAway = std::llabs(euros.rem) > half || (std::llabs(euros.rem) == half && euros.quot % 2 != 0);
-    const Currency cut = amount - Currency::fromTenThousandths(euros.rem);
-    if (!isRoundedAway)
-        return cut;
-    return cut + Currency::fromTenThousandths(euros.rem < 0 ? -Currency::unitsPerEuro : Currency::unitsPerEuro);
-}
-
 QStringList detailedSumCells(const QString& label, const MovementSums& sums)
 {
     return {QString(), QString(), QString(), label, amountOrBlankText(sums.memorandum), amountOrBlankText(sums.income),
@@ -174,6 +163,17 @@ ReportDocument summaryReport(Connection& main, const ReportInputs& inputs, const
 }
 
 } // namespace
+
+Currency wholeEuros(Currency amount)
+{
+    constexpr std::int64_t half = Currency::unitsPerEuro / 2;
+    const std::lldiv_t euros = std::lldiv(amount.tenThousandths(), Currency::unitsPerEuro);
+    const bool isRoundedAway = std::llabs(euros.rem) > half || (std::llabs(euros.rem) == half && euros.quot % 2 != 0);
+    const Currency cut = amount - Currency::fromTenThousandths(euros.rem);
+    if (!isRoundedAway)
+        return cut;
+    return cut + Currency::fromTenThousandths(euros.rem < 0 ? -Currency::unitsPerEuro : Currency::unitsPerEuro);
+}
 
 ReportDocument movementsByCodeReport(Connection& main, const ReportInputs& inputs, const ReportProgress& progress)
 {

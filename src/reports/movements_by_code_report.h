@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/currency.h"
 #include "reports/report_document.h"
 #include "reports/report_inputs.h"
 #include "reports/report_progress.h"
@@ -7,6 +8,9 @@
 namespace lorvan {
 
 class Connection;
+
+/// How the detailed form prints a memorandum amount: to the nearest whole euro, half to even.
+[[nodiscard]] Currency wholeEuros(Currency amount);
 
 /// The movements of the period by code, of the chosen codes or of all.
 ///

@@ -50,6 +50,26 @@ QString databaseOf(Report report, const BookFiles& files)
     return report == Report::UnclosedDays ? files.auxiliaryDatabase() : files.mainDatabase();
 }
 
+using Reading = std::function<void(Connection& connection, const ReportProgress& counting)>;
+
+/// Over a connection of its own, twice where locks do not say whether somebody wrote meanwhile.
+void readForReport(const ReportRequest& request, const BookFiles& files, KeyRing& keys, const ReportProgress& progress,
+    const Reading& read)
+{
+    const QString path = databaseOf(request.report, files);
+    Connection connection = Connection::open(path, keys.keyFor(path));
+    int rows = 0;
+    const ReportProgress counting = [&rows, &progress](int built) {
+        rows = built;
+        return !progress || progress(built);
+    };
+    const StopCheck check(connection, [&rows, &progress] { return !progress || progress(rows); });
+    if (lockReachOf(files) == LockReach::Everybody)
+        read(connection, counting);
+    else
+        readSteadily(connection, path, [&] { read(connection, counting); });
+}
+
 } // namespace
 
 QString suggestedFileName(const ReportRequest& request)
@@ -67,22 +87,23 @@ QString suggestedFileName(const ReportRequest& request)
 ReportDocument buildReport(
     const ReportRequest& request, const BookFiles& files, KeyRing& keys, const ReportProgress& progress)
 {
-    const Routine routine = routineOf(request.report);
-    if (!routine)
-        return {};
-    const QString path = databaseOf(request.report, files);
-    Connection connection = Connection::open(path, keys.keyFor(path));
-    int rows = 0;
-    const ReportProgress counting = [&rows, &progress](int built) {
-        rows = built;
-        return !progress || progress(built);
-    };
-    const StopCheck check(connection, [&rows, &progress] { return !progress || progress(rows); });
-    if (lockReachOf(files) == LockReach::Everybody)
-        return routine(connection, request.inputs, counting);
     ReportDocument document;
-    readSteadily(connection, path, [&] { document = routine(connection, request.inputs, counting); });
+    const Routine routine = routineOf(request.report);
+    if (routine)
+        readForReport(request, files, keys, progress, [&](Connection& connection, const ReportProgress& counting) {
+            document = routine(connection, request.inputs, counting);
+        });
     return document;
+}
+
+std::vector<ReportOmission> findOmissions(
+    const ReportRequest& request, const BookFiles& files, KeyRing& keys, const ReportProgress& progress)
+{
+    std::vector<ReportOmission> omissions;
+    readForReport(request, files, keys, progress, [&](Connection& connection, const ReportProgress&) {
+        omissions = reportOmissions(connection, request.report, request.inputs);
+    });
+    return omissions;
 }
 
 } // namespace lorvan

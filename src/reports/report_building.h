@@ -3,6 +3,7 @@
 #include "reports/report_catalogue.h"
 #include "reports/report_document.h"
 #include "reports/report_inputs.h"
+#include "reports/report_omissions.h"
 #include "reports/report_progress.h"
 
 namespace lorvan {
@@ -26,6 +27,10 @@ struct ReportRequest {
 /// searches too, with the rows that there are by then; given up there, the report ends with an SqlError. Throws
 /// SqlError, CurrencyOverflow, ReportCancelled. An unknown report has no items.
 [[nodiscard]] ReportDocument buildReport(
+    const ReportRequest& request, const BookFiles& files, KeyRing& keys, const ReportProgress& progress);
+
+/// What the report does not tell, see reportOmissions(), found in the same way.
+[[nodiscard]] std::vector<ReportOmission> findOmissions(
     const ReportRequest& request, const BookFiles& files, KeyRing& keys, const ReportProgress& progress);
 
 } // namespace lorvan

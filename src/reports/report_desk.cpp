@@ -15,6 +15,7 @@ ReportDesk::~ReportDesk() = default;
 
 void ReportDesk::print(ReportRequest request, QWidget* window)
 {
+    m_omissions.cancel();
     m_frame.reset();
     auto frame = std::make_unique<Ektypvsh>(m_printers, m_saver);
     ReportDocument document;
@@ -23,6 +24,17 @@ void ReportDesk::print(ReportRequest request, QWidget* window)
     frame->open(std::move(document), request.title, suggestedFileName(request));
     m_frame = std::move(frame);
     m_frame->show();
+    findOmissions(request);
+}
+
+/// Beside the frame, so that its first page waits for nothing.
+void ReportDesk::findOmissions(const ReportRequest& request)
+{
+    m_omissions.start(
+        [this, request](const std::function<bool()>& goesOn) {
+            return lorvan::findOmissions(request, m_files, m_keys, [&goesOn](int) { return goesOn(); });
+        },
+        [this](const std::vector<ReportOmission>& omissions) { m_frame->tell(omissions); });
 }
 
 bool ReportDesk::build(const ReportRequest& request, QWidget* window, ReportDocument& document)
@@ -38,6 +50,7 @@ void ReportDesk::close()
 {
     m_isClosed = true;
     m_run.cancel();
+    m_omissions.cancel();
     if (m_frame)
         m_frame->unload();
 }

@@ -2,6 +2,7 @@
 
 #include "app/book_files.h"
 #include "reports/background_run.h"
+#include "reports/omission_search.h"
 #include "reports/printers.h"
 #include "reports/report_building.h"
 #include "reports/report_saver.h"
@@ -29,6 +30,7 @@ public:
     void close();
 
 private:
+    void findOmissions(const ReportRequest& request);
     [[nodiscard]] bool build(const ReportRequest& request, QWidget* window, ReportDocument& document);
 
     const BookFiles m_files;
@@ -37,6 +39,7 @@ private:
     ReportSaver m_saver;
     BackgroundRun m_run;
     std::unique_ptr<Ektypvsh> m_frame;
+    OmissionSearch m_omissions;
     bool m_isClosed = false;
 };
 

@@ -5,22 +5,8 @@
 #include "reports/report_cells.h"
 #include "reports/report_table.h"
 
-#include <set>
-
 namespace lorvan {
 namespace {
-
-std::set<QDate> closedDays(Connection& auxiliary)
-{
-    std::set<QDate> days;
-    auto rows = auxiliary.prepare("SELECT hmeraklhsimatos FROM klhsimotameioy ORDER BY hmeraklhsimatos");
-    while (rows.step()) {
-        const QDate day = rows.date(0);
-        if (day.isValid())
-            days.insert(days.end(), day);
-    }
-    return days;
-}
 
 /// Empty for a period within the closed days.
 QString outsideText(const std::set<QDate>& closed, const ReportInputs& inputs)
@@ -49,9 +35,21 @@ void addUnclosedDays(
 
 } // namespace
 
+std::set<QDate> closedCashDays(Connection& auxiliary)
+{
+    std::set<QDate> days;
+    auto rows = auxiliary.prepare("SELECT hmeraklhsimatos FROM klhsimotameioy ORDER BY hmeraklhsimatos");
+    while (rows.step()) {
+        const QDate day = rows.date(0);
+        if (day.isValid())
+            days.insert(days.end(), day);
+    }
+    return days;
+}
+
 ReportDocument unclosedDaysReport(Connection& auxiliary, const ReportInputs& inputs, const ReportProgress& progress)
 {
-    const std::set<QDate> closed = closedDays(auxiliary);
+    const std::set<QDate> closed = closedCashDays(auxiliary);
     ReportDocument document;
     document.StandardPageSetup();
     document.SetMargins({.left = QStringLiteral("2cm")});

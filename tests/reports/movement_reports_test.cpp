@@ -3,6 +3,7 @@
 #include "reports/group_card_report.h"
 #include "reports/movements_by_code_report.h"
 #include "reports/movements_by_group_report.h"
+#include "reports/report_omissions.h"
 #include "reports/report_text.h"
 #include "support/temporary_book.h"
 
@@ -135,6 +136,67 @@ TEST_F(MovementReports, cashAnalysis)
             "|Ανάλυση ταμείου της 1-3-24   Κεντρικό / 350 450 / Arial greek / <3500>1900>1900>1900 / bed2c8\n"
             "~\n=Περιγραφή|Εσοδα    |Εξοδα    |Υπόλοιπο    \nΣυνολικό ταμείο|3,00|0,00|10,00\n"
             "#Α|α|||-77,00\n#Β|||0,00\n#Γ|||0,00\n#Δ|||-154,00\n#*Μετρητά στο ταμείο|||241,00"));
+}
+
+namespace {
+
+/// Each omission as its text and, in brackets, its lines' beginnings and what is said of the count.
+QString toldOf(Connection& connection, Report report, const ReportInputs& inputs)
+{
+    QStringList told;
+    for (const ReportOmission& omission : reportOmissions(connection, report, inputs)) {
+        QStringList lines;
+        for (const QString& line : omission.lines)
+            lines += line.simplified();
+        EXPECT_EQ(omission.concerned, lines.size());
+        told += omission.text + QStringLiteral(" [") + lines.join(QStringLiteral("; ")) + u']';
+    }
+    return told.join(u'\n');
+}
+
+} // namespace
+
+TEST_F(MovementReports, tellWhatTheyLeaveOut)
+{
+    const QString deleted = QStringLiteral("\nΕκτός εκτύπωσης: 1 κίνηση (έσοδα 1,25, έξοδα 0, Λ τάξεως 0,50), γιατί η "
+                                           "ομάδα τους διαγράφηκε ή δεν έχει κωδικούς."
+                                           " [02-03-2024 3 1,25 0 0,50 χωρίς]");
+    inputs.cardColumns[1].groups = {2, 3};
+    EXPECT_EQ(toldOf(main, Report::MovementsByGroup, inputs),
+        QStringLiteral("Όμοιες κινήσεις μετρούν μία φορά. Εκτός εκτύπωσης: 1 κίνηση (έσοδα 1,00, έξοδα 0, Λ τάξεως "
+                       "2,50). [01-03-2024 40 1,00 0 2,50 α|β (2 φορές)]")
+            + deleted);
+    EXPECT_EQ(toldOf(main, Report::GroupCard, inputs),
+        QStringLiteral("Όμοιες κινήσεις μετρούν μία φορά. Εκτός εκτύπωσης: 2 κινήσεις (έσοδα 2,00, έξοδα 0). "
+                       "[01-03-2024 40 1,00 0 0 α|β (3 φορές)]")
+            + deleted);
+    EXPECT_EQ(toldOf(main, Report::MovementsByCode, inputs),
+        QStringLiteral("Ο Λ τάξεως τυπώνεται σε ακέραια ευρώ και στρογγυλεύτηκε σε 6 κινήσεις: το άθροισμα δεν "
+                       "αλλάζει. [09-03-2024 40 0 2.000,00 3,50 γ; 02-03-2024 3 1,25 0 0,50 χωρίς; "
+                       "01-03-2024 40 1,00 0 3,50 α|β; 01-03-2024 40 1,00 0 2,50 α|β; 01-03-2024 40 0 0 -2,50 δ; "
+                       "01-03-2024 40 1,00 0 2,50 α|β]"));
+    inputs.codes = {3};
+    EXPECT_TRUE(
+        toldOf(main, Report::MovementsByCode, inputs).contains(QStringLiteral("αθροίζεται 0,00 αντί για 0,50")));
+    inputs.codes = {};
+    inputs.form = ReportForm::Summary;
+    EXPECT_EQ(toldOf(main, Report::MovementsByCode, inputs),
+        QStringLiteral("Εκτός εκτύπωσης: 1 κίνηση (έσοδα 1,25, έξοδα 0, Λ τάξεως 0,50), γιατί ο κωδικός τους δεν "
+                       "υπάρχει πια. [02-03-2024 3 1,25 0 0,50 χωρίς]"));
+    inputs.groups = {2};
+    EXPECT_EQ(toldOf(main, Report::MovementsByGroup, inputs), QString());
+    main.execute("INSERT INTO tameio (hmeromhnia, ypoloipo) VALUES (20240301, 100000)");
+    inputs.analysisGroups[0].boxes[0] = codeBoxOf(QStringLiteral("9 γ"));
+    EXPECT_EQ(toldOf(main, Report::CashAnalysis, inputs), QString());
+    main.execute("UPDATE kinhseis SET ejoda=800000 WHERE kvdikos=9 AND hmeromhnia=20240229");
+    EXPECT_EQ(toldOf(main, Report::CashAnalysis, inputs),
+        QStringLiteral("Τα «Μετρητά στο ταμείο» ξεπερνούν το υπόλοιπο της ημέρας κατά 80,00, γιατί ομάδες έχουν "
+                       "περισσότερα έξοδα από έσοδα. [29-02-2024 9 0,00 80,00 0,00 πριν]"));
+    inputs.start = inputs.end.addDays(1);
+    EXPECT_EQ(toldOf(main, Report::MovementsByGroup, inputs),
+        QStringLiteral("Η αρχή της περιόδου, 01-04-2024, είναι μετά το τέλος της, 31-03-2024: δεν βρίσκεται τίποτα. "
+                       "[]"));
+    EXPECT_EQ(toldOf(main, Report::DailyCash, inputs), QString());
 }
 
 TEST(ReportChoices, areStoredAsTheyAreReadBack)

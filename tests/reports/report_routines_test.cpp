@@ -2,6 +2,7 @@
 #include "reports/cheque_report.h"
 #include "reports/code_list_report.h"
 #include "reports/daily_cash_report.h"
+#include "reports/report_omissions.h"
 #include "reports/report_text.h"
 #include "reports/unclosed_days_report.h"
 #include "support/temporary_book.h"
@@ -156,17 +157,24 @@ TEST(UnclosedDaysReport, listsTheDaysBetweenClosedOnes)
     const struct {
         int from, to;
         QString rest;
+        QStringList hidden; ///< days that the report says nothing of
     } cases[] = {
-        {0, 4, head + QStringLiteral("\n#(11)1|16-03-2024|Σάββατο\n(11)2|17-03-2024|Κυριακή")},
-        {0, 2, head},
-        {3, 3, head},
-        {4, 1, head},
-        {-1, 5, QStringLiteral(" / 0\nΤελευταία ημερομηνία ταμείου 18-03-2024")},
-        {-1, 4, QStringLiteral(" / 0\nΠρώτη ημερομηνία ταμείου 14-03-2024")},
+        {0, 4, head + QStringLiteral("\n#(11)1|16-03-2024|Σάββατο\n(11)2|17-03-2024|Κυριακή"), {}},
+        {0, 2, head, {QStringLiteral("16-03-2024  Σάββατο")}},
+        {3, 3, head, {QStringLiteral("17-03-2024  Κυριακή")}},
+        {4, 1, head, {}},
+        {-1, 5, QStringLiteral(" / 0\nΤελευταία ημερομηνία ταμείου 18-03-2024"),
+            {QStringLiteral("19-03-2024  Τρίτη"), QStringLiteral("17-03-2024  Κυριακή"),
+                QStringLiteral("16-03-2024  Σάββατο"), QStringLiteral("13-03-2024  Τετάρτη")}},
+        {-1, 1, QStringLiteral(" / 0\nΠρώτη ημερομηνία ταμείου 14-03-2024"), {QStringLiteral("13-03-2024  Τετάρτη")}},
     };
-    for (const auto& [from, to, rest] : cases) {
+    for (const auto& [from, to, rest, hidden] : cases) {
         const ReportInputs inputs = period(first.addDays(from), first.addDays(to));
         EXPECT_EQ(wholeOf(unclosedDaysReport(auxiliary, inputs)), frame + rest) << from << " to " << to;
+        QStringList told;
+        for (const ReportOmission& omission : reportOmissions(auxiliary, Report::UnclosedDays, inputs))
+            told += omission.lines;
+        EXPECT_EQ(told, hidden) << from << " to " << to;
     }
 }
 

@@ -104,6 +104,47 @@ TEST_F(PrintingPageTest, showsTheReportAndStaysUsable)
     EXPECT_EQ(shownFrame(), nullptr);
 }
 
+TEST_F(PrintingPageTest, printsTheChosenGroupAndListsWhatItLeavesOut)
+{
+    for (const char* const words : {"Όμοια", "Όμοια", "Άλλη"})
+        addMovement(incomeOf(today, cents(100), QString::fromUtf8(words)));
+    book.execute("UPDATE omades SET perigrafh='Έσοδα' WHERE aa=1;"
+                 "UPDATE kvdikoi SET aa_omadas=1, omada='Έσοδα' WHERE kvdikos=100;"
+                 "UPDATE kvdikoi SET aa_omadas=2, omada='Έξοδα' WHERE kvdikos=200;"
+                 "UPDATE kinhseis SET aa_omada=CASE perigrafh WHEN 'Άλλη' THEN 2 ELSE 1 END");
+    startPrinting();
+    user().clickRow(user().find<QListView>(QStringLiteral("List2(2)")), 0);
+    print(5);
+    ASSERT_NE(shownFrame(), nullptr);
+    const ReportDocument& document = documentOf(*shownFrame());
+    EXPECT_EQ(document.cell(1, 1) + document.cell(1, 4) + document.cell(3, 5), QStringLiteral("ΈσοδαΌμοια1,00"));
+    EXPECT_EQ(document.cell(2, 4), QStringLiteral("Υποσύνολο")) << "a row once, and no other group";
+
+    const Driver preview(*shownFrame());
+    QWidget& strip = preview.find(QStringLiteral("omissions"));
+    ASSERT_TRUE(QTest::qWaitFor([&strip] { return strip.isVisible(); }));
+    boxes.whenShown(QStringLiteral("omissionList"), [](QWidget& list) {
+        EXPECT_EQ(linesOf(Driver(list).find<QListView>(QStringLiteral("concerned"))).simplified(),
+            QStringLiteral("15-03-2024 100 1,00 0 0 Όμοια (2 φορές)"));
+        pressIn(list, {Qt::Key_Escape});
+    });
+    preview.goTo(preview.find(QStringLiteral("which")));
+    preview.press(Qt::Key_Return);
+    EXPECT_TRUE(shownFrame()->isVisible());
+}
+
+TEST_F(PrintingPageTest, printsTheDaysThatAreNotClosed)
+{
+    book.openAuxiliary().execute(
+        "INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (20240301), (20240313), (20240315)");
+    startPrinting();
+    user().enter(periodStart, QStringLiteral("12/3"));
+    print(9);
+    ASSERT_NE(shownFrame(), nullptr);
+    const ReportDocument& document = documentOf(*shownFrame());
+    EXPECT_EQ(document.cell(1, 1) + document.cell(2, 1) + document.cell(3, 1), QStringLiteral("12-03-202414-03-2024"));
+}
+
 TEST_F(ReportQuestions, detailedOrSummaryWithoutOneChosenFirst)
 {
     using Keys = std::vector<Qt::Key>;
