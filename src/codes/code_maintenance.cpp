@@ -46,7 +46,9 @@ std::variant<MovementCode, CodeRefusal> checkInsertion(Connection& main, const C
         return CodeRefusal::CodeExists;
     if (descriptionExists(main, description))
         return CodeRefusal::DescriptionExists;
-    const auto group = entry.group.isEmpty() ? std::optional(0) : groupNamed(main, entry.group.trimmed());
+    if (entry.group.trimmed().isEmpty())
+        return rowOf({entry.code, entry.description, {}, entry.income, entry.active}, *code, 0);
+    const auto group = groupNamed(main, entry.group.trimmed());
     if (!group)
         return CodeRefusal::UnknownGroup;
     return rowOf(entry, *code, *group);
@@ -58,6 +60,20 @@ void giveGroupToMovements(Connection& main, qint32 code, qint32 group)
     other.bind(code, group);
     if (other.step()) // a new description of a much used code rewrites no movement
         main.prepare("UPDATE kinhseis SET aa_omada=? WHERE kvdikos=?").bind(group, code).run();
+}
+
+template <typename... Values> qint64 count(Connection& main, std::string_view sql, const Values&... values)
+{
+    auto row = main.prepare(sql);
+    row.bind(values...);
+    return row.step() ? row.integer(0) : 0;
+}
+
+QString nameOfGroup(Connection& main, qint32 group)
+{
+    auto row = main.prepare("SELECT perigrafh FROM omades WHERE aa=?");
+    row.bind(group);
+    return row.step() ? row.text(0) : QString();
 }
 
 bool isUsed(Connection& main, qint32 code)
@@ -108,6 +124,27 @@ std::optional<CodeRefusal> modifyCode(Connection& main, qint64 row, const CodeEn
     giveGroupToMovements(main, code.code, code.group);
     writing.commit();
     return std::nullopt;
+}
+
+std::optional<ModificationEffects> effectsOfModification(
+    Connection& main, qint64 row, const CodeEntry& entry, qint32 group)
+{
+    const auto former = readCode(main, row);
+    const auto number = wholeNumber(entry.code);
+    if (!former || !number)
+        return std::nullopt;
+    const QString description = entry.description.trimmed();
+    ModificationEffects effects{former->code, *number};
+    effects.codeExists = count(main, "SELECT count(*) FROM kvdikoi WHERE kvdikos=? AND aa<>?", *number, row) > 0;
+    effects.descriptionExists = !description.isEmpty()
+        && count(main, "SELECT count(*) FROM kvdikoi WHERE perigrafh=? COLLATE greek AND aa<>?", description, row) > 0;
+    if (*number != former->code)
+        effects.keeping = count(main, "SELECT count(*) FROM kinhseis WHERE kvdikos=?", former->code);
+    effects.group = nameOfGroup(main, group);
+    effects.groupDiffers = effects.group.trimmed() != entry.group.trimmed();
+    effects.moving =
+        count(main, "SELECT count(*) FROM kinhseis WHERE kvdikos=? AND ifnull(aa_omada,0)<>?", *number, group);
+    return effects;
 }
 
 std::optional<CodeRefusal> checkRemoval(Connection& main, qint64 row)

@@ -93,7 +93,7 @@ void CodesPage::clearFields()
     for (const int index : {field::code, field::codeDescription, field::codeGroup})
         m_fields[index]->clear();
     m_income->setChecked(false);
-    m_group = 0;
+    setGroup(0);
 }
 
 void CodesPage::refill()
@@ -118,16 +118,21 @@ void CodesPage::refillGroups()
 
 void CodesPage::refreshGroups()
 {
-    const CodeGroup* const former = findGroup(m_groups, m_group);
-    const bool shown = former && m_fields[field::codeGroup]->text() == former->name;
-    const bool existed = former != nullptr;
     refillGroups();
     refill();
+    if (!m_groupName)
+        return;
     const CodeGroup* const now = findGroup(m_groups, m_group);
-    if (shown)
+    if (m_fields[field::codeGroup]->text() == *m_groupName)
         m_fields[field::codeGroup]->setText(nameOf(now));
-    if (existed && !now)
-        m_group = 0;
+    setGroup(now ? m_group : 0);
+}
+
+void CodesPage::setGroup(qint32 group)
+{
+    const CodeGroup* const listed = findGroup(m_groups, group);
+    m_group = group;
+    m_groupName = listed ? std::optional(listed->name) : std::nullopt;
 }
 
 void CodesPage::showCodesOfGroup(qint32 group)
@@ -169,7 +174,7 @@ bool CodesPage::show(qint64 row)
         m_fields[index]->setCursorPosition(0);
     m_income->setChecked(code->income);
     m_active->setChecked(code->active);
-    m_group = code->group;
+    setGroup(code->group);
     return true;
 }
 
@@ -186,7 +191,7 @@ void CodesPage::codeOpened(const QModelIndex& index)
 
 void CodesPage::groupClicked(const QModelIndex& index)
 {
-    m_group = index.data(Qt::UserRole).toInt();
+    setGroup(index.data(Qt::UserRole).toInt());
     showCodesOfGroup(m_group);
 }
 
@@ -207,14 +212,15 @@ CodeEntry CodesPage::typed() const
 
 void CodesPage::insertCode()
 {
-    refreshGroups(); // another computer may have edited them
     const auto outcome = lorvan::insertCode(m_book.main(), typed());
+    refillGroups(); // another computer may have edited them
     if (const auto* const refusal = std::get_if<CodeRefusal>(&outcome)) {
+        refill();
         explain(*refusal);
         return;
     }
     const auto& inserted = std::get<MovementCode>(outcome);
-    m_group = inserted.group;
+    setGroup(inserted.group);
     m_selected = inserted.row;
     changed();
     goBackTo(*m_fields[field::code]);
@@ -223,9 +229,10 @@ void CodesPage::insertCode()
 void CodesPage::modifyCode()
 {
     refreshGroups();
-    if (!m_selected
-        || !askOkCancel(window(), QMessageBox::Question, QStringLiteral("Μεταβολή στοιχείων"),
-            QStringLiteral("Να γίνει η μεταβολή των στοιχείων;")))
+    if (!m_selected)
+        return;
+    const auto effects = effectsOfModification(m_book.main(), *m_selected, typed(), m_group);
+    if (!askModification(window(), effects.value_or(ModificationEffects())))
         return;
     if (const auto refusal = lorvan::modifyCode(m_book.main(), *m_selected, typed(), m_group))
         explain(*refusal);
@@ -250,7 +257,7 @@ void CodesPage::removeCode()
     }
     const int place = m_lists[Codes]->currentIndex().row();
     m_selected.reset();
-    m_group = 0;
+    setGroup(0);
     setOffered(false);
     changed();
     const QAbstractItemModel& rows = *m_lists[Codes]->model();

@@ -59,6 +59,7 @@ private:
 
     void refill();
     void refillGroups();
+    void setGroup(qint32 group);
     void showCodesOfGroup(qint32 group);
     void selectCode(std::optional<qint64> row);
 
@@ -83,6 +84,7 @@ private:
     QCheckBox* m_active;
     std::vector<CodeGroup> m_groups;
     qint32 m_group = 0; ///< The current group number, which the next change of a code stores.
+    std::optional<QString> m_groupName; ///< Its name when it became current; nothing where it had none.
     qint32 m_listedGroup = 0; ///< The group whose codes are listed.
     std::optional<qint64> m_selected; ///< Row of the code that was clicked last.
     bool m_offered = false; ///< The selected code may be modified and removed.

@@ -49,7 +49,6 @@ TEST_F(CodeMaintenanceTest, anInsertionIsCheckedInOrderAndStoresNothingWhenRefus
         {" 0300 ", "ΠΑΛΙΟΣ", "ΑΛΛΗ", CodeRefusal::CodeExists},
         {"301", "  παλιος ", "ΑΛΛΗ", CodeRefusal::DescriptionExists},
         {"301", "ΝΕΟΣ", "ΑΛΛΗ", CodeRefusal::UnknownGroup},
-        {"301", "ΝΕΟΣ", " ", CodeRefusal::UnknownGroup},
         {"301", "ΝΕΟΣ", "' OR 1=1 --", CodeRefusal::UnknownGroup},
     };
     for (const Case& each : cases) {
@@ -65,7 +64,7 @@ TEST_F(CodeMaintenanceTest, anInsertedCodeIsTrimmedButItsLineAndGroupStandAsType
     const std::pair<CodeEntry, const char*> cases[] = {
         {{text(" 1234567"), text(" Ο'ΧΑΡΤΗΣ "), text(" έξοδα "), true, false},
             "1234567/Ο'ΧΑΡΤΗΣ/ έξοδα /7/34567  Ο'ΧΑΡΤΗΣ /-1/0"},
-        {{text("-2147483648"), text("ΧΩΡΙΣ"), {}, false, true}, "-2147483648/ΧΩΡΙΣ//0/83648 ΧΩΡΙΣ/0/-1"},
+        {{text("-2147483648"), text("ΧΩΡΙΣ"), text("  "), false, true}, "-2147483648/ΧΩΡΙΣ//0/83648 ΧΩΡΙΣ/0/-1"},
     };
     for (const auto& [entry, row] : cases) {
         const auto outcome = insertCode(main, entry);
@@ -97,6 +96,28 @@ TEST_F(CodeMaintenanceTest, aModificationStoresWhatStandsThereAndTakesTheMovemen
         EXPECT_EQ(modifyCode(main, row, {text(code), text("Χ"), {}}, 1), CodeRefusal::NoWholeNumber) << code;
     EXPECT_EQ(modifyCode(main, 4711, {text("200"), text("Χ"), {}}, 1), CodeRefusal::IsGone);
     EXPECT_EQ(groups(), QStringLiteral("100:7,100:7,200:9"));
+}
+
+TEST_F(CodeMaintenanceTest, tellsBeforehandWhatAModificationDoesBesides)
+{
+    book.addMovementRow(incomeOf({2024, 3, 14}, cents(100)));
+    book.addMovementRow(incomeOf({2024, 3, 15}, cents(200)));
+    book.addMovementRow(expenseOf({2024, 3, 15}, cents(300)));
+    const auto effects = [this](const char* code, const char* description, const char* groupName, qint32 group) {
+        const auto found =
+            effectsOfModification(main, rowOf(100), {text(code), text(description), text(groupName)}, group);
+        return !found ? QStringLiteral("none")
+                      : QStringLiteral("%1%2 keeping %3 moving %4 to %5%6")
+                            .arg(found->codeExists ? u"code " : u"", found->descriptionExists ? u"description" : u"")
+                            .arg(found->keeping)
+                            .arg(found->moving)
+                            .arg(found->group, found->groupDiffers ? u"!" : u"");
+    };
+    EXPECT_EQ(effects("100", "Λιανική", " ", 0), text(" keeping 0 moving 0 to "));
+    EXPECT_EQ(effects(" 100 ", " παλιοσ", "ΈΞΟΔΑ", 7), text("description keeping 0 moving 2 to ΈΞΟΔΑ"));
+    EXPECT_EQ(effects("200", "", "", 7), text("code  keeping 2 moving 1 to ΈΞΟΔΑ!"));
+    EXPECT_EQ(effects("5", "Νέα", "Άλλη", 0), text(" keeping 2 moving 0 to !"));
+    EXPECT_EQ(effects("1,5", "Νέα", "", 0), text("none"));
 }
 
 TEST_F(CodeMaintenanceTest, aCodeWithMovementsIsNotRemoved)

@@ -53,13 +53,10 @@ protected:
     {
         boxes.expect({icon, QStringLiteral("Προσοχή"), text});
     }
-    void expectQuestion(const QString& title, const QString& text, QMessageBox::StandardButton answer)
-    {
-        boxes.expect(okCancel(QMessageBox::Question, title, text, answer));
-    }
     void expectRemovalQuestion(QMessageBox::StandardButton answer)
     {
-        expectQuestion(QStringLiteral("Διαγραφή κωδικού"), QStringLiteral("Να γίνει η διαγραφή του κωδικού;"), answer);
+        boxes.expect(okCancel(QMessageBox::Question, QStringLiteral("Διαγραφή κωδικού"),
+            QStringLiteral("Να γίνει η διαγραφή του κωδικού;"), answer));
     }
 
     static inline const QString unchanged =
@@ -147,25 +144,30 @@ TEST_F(CodesPageTest, aModificationAsksAndStoresTheCurrentGroupNumberWithTheName
     EXPECT_EQ(fields(), QStringLiteral("100|Λιανική|Πωλήσεις|11|offered"))
         << "a click on a group changes its number alone";
     const auto ask = [this](QMessageBox::StandardButton answer) {
-        expectQuestion(
-            QStringLiteral("Μεταβολή στοιχείων"), QStringLiteral("Να γίνει η μεταβολή των στοιχείων;"), answer);
+        boxes.expect(modifyQuestion(answer));
         press(modifyCode);
     };
-    ask(QMessageBox::Cancel);
+    boxes.expect(withDetails(modifyQuestion(QMessageBox::Cancel),
+        QStringLiteral("Ο κωδικός και 1 κίνηση θα ανήκουν στην ομάδα «Άλλη», αν και το πεδίο γράφει άλλο.")));
+    press(modifyCode);
     EXPECT_EQ(codes(), unchanged);
     ask(QMessageBox::Ok);
     EXPECT_EQ(codes(), QStringLiteral("100 Λιανική Πωλήσεις 9; 200 Προμήθειες - 0; 300 Παλιός Έξοδα 'Α' 7"));
     EXPECT_EQ(stored("SELECT aa_omada FROM kinhseis"), QStringLiteral("9"));
 
     user().enter(code, QStringLiteral("200"));
+    user().enter(words, QStringLiteral("παλιός"));
+    boxes.expect(withDetails(modifyQuestion(QMessageBox::Cancel),
+        QStringLiteral("Υπάρχει ήδη άλλος κωδικός 200.\nΤην ίδια περιγραφή έχει ήδη άλλος κωδικός.\n"
+                       "Μένουν με τον παλιό αριθμό 100: 1 κίνηση.")));
+    press(modifyCode);
     user().enter(words, QStringLiteral("ΔΙΠΛΟΣ"));
     ask(QMessageBox::Ok);
     EXPECT_EQ(codes(), QStringLiteral("200 ΔΙΠΛΟΣ Πωλήσεις 9; 200 Προμήθειες - 0; 300 Παλιός Έξοδα 'Α' 7"));
     EXPECT_EQ(stored("SELECT kvdikos||'/'||aa_omada FROM kinhseis"), QStringLiteral("100/9"));
 
     user().enter(code, QStringLiteral("2Χ"));
-    expectQuestion(
-        QStringLiteral("Μεταβολή στοιχείων"), QStringLiteral("Να γίνει η μεταβολή των στοιχείων;"), QMessageBox::Ok);
+    boxes.expect(modifyQuestion(QMessageBox::Ok));
     expectRefusal(QStringLiteral("Ο κωδικός πρέπει να είναι ακέραιος αριθμός, από -2147483648 έως 2147483647"));
     press(modifyCode);
     EXPECT_EQ(user().field(code).text(), QStringLiteral("2Χ"));
@@ -222,8 +224,18 @@ TEST_F(CodesPageTest, afterTheGroupsWereEditedTheFieldsFollowTheGroupThatTheySho
     EXPECT_EQ(codes(), QStringLiteral("100 Λιανική Πωλήσεις 1; 200 Προμήθειες - 0; 300 Παλιός  0"));
 }
 
-TEST_F(CodesPageTest, aGroupThatAnotherComputerHasRenamedIsStoredUnderItsNewName)
+TEST_F(CodesPageTest, aGroupThatAnotherComputerHasRenamedRefusesAnInsertionAndIsFollowedByAModification)
 {
+    type(QStringLiteral("7"), QStringLiteral("ΝΕΟΣ"));
+    user().doubleClickRow(listAt(1), 2);
+    book.execute("UPDATE omades SET perigrafh='Ξένη' WHERE aa=9");
+    expectRefusal(
+        QStringLiteral("Δεν βρέθηκε η ομάδα στη λίστα με τις ομάδες, επιλέξτε  ξανά!"), QMessageBox::Critical);
+    press(insertCode);
+    EXPECT_EQ(fields(), QStringLiteral("7|ΝΕΟΣ|Άλλη|01|"));
+    EXPECT_EQ(linesOf(listAt(1)), QStringLiteral("Πωλήσεις\nΈξοδα 'Α'\nΞένη")) << "to choose again from";
+    EXPECT_EQ(codes(), unchanged);
+
     user().doubleClickRow(listAt(0), 2);
     book.execute("UPDATE omades SET perigrafh='Νέα' WHERE aa=7; UPDATE kvdikoi SET omada='Νέα' WHERE aa_omadas=7");
     boxes.expect(modifyQuestion(QMessageBox::Ok));
