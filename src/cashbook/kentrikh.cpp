@@ -161,7 +161,7 @@ void Kentrikh::showEvent(QShowEvent* event)
 {
     QMainWindow::showEvent(event);
     if (!event->spontaneous())
-        m_entryPage->focusChooser();
+        m_entryPage->focusEntry();
 }
 
 // Buttons
@@ -366,7 +366,7 @@ void Kentrikh::fillPage(int tab, int earlierTab)
     switch (tab) {
     case tab::cashBook:
         m_entryPage->refillCodes();
-        m_entryPage->focusChooser();
+        m_entryPage->focusEntry();
         break;
     case tab::codes:
         m_codesPage->start(m_rights.modifyCodes);

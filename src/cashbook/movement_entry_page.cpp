@@ -3,23 +3,17 @@
 #include "app/book.h"
 #include "app/guarded_window.h"
 #include "app/main_controls.h"
-#include "app/usage_marker.h"
 #include "cashbook/cash_closing.h"
 #include "cashbook/code_picker.h"
 #include "cashbook/entry_rules.h"
-#include "cashbook/weekday.h"
 #include "controls/code_chooser.h"
 #include "controls/command_button.h"
-#include "controls/date_check.h"
 #include "controls/day_list.h"
 #include "controls/entry_field.h"
-#include "controls/state_plate.h"
-#include "platform/busy_pointer.h"
 #include "platform/date_text.h"
 #include "platform/message_window.h"
 
 #include <QLabel>
-#include <QShortcut>
 
 namespace lorvan {
 namespace {
@@ -62,7 +56,7 @@ MovementEntryPage::MovementEntryPage(Book& book, UsageMarker& marker, Rights rig
     setTabOrders();
     connectControls();
     watchFields();
-    addReleaseKey();
+    addKeys();
     setLoaded(std::nullopt);
 }
 
@@ -81,7 +75,8 @@ void MovementEntryPage::connectControls()
 void MovementEntryPage::watchFields()
 {
     connect(m_date, &EntryField::left, this, [this] { m_checks.left(m_date); });
-    m_checks.add(m_date, [this] { return dateLeft(); });
+    m_checks.add(
+        m_date, [this] { return dateLeft(); }, [this] { m_date->setText(dateText(m_day)); });
     for (const int index : {field::income, field::expense, field::memorandum}) {
         EntryField* const amount = m_fields.field(index);
         connect(amount, &EntryField::left, this, [this, amount] { m_checks.left(amount); });
@@ -94,108 +89,23 @@ void MovementEntryPage::watchFields()
     });
 }
 
-void MovementEntryPage::start()
-{
-    const QDate today = m_clock.today();
-    m_date->setText(dateText(today));
-    m_fields.show({});
-    Q_EMIT figuresChanged({});
-    m_picker->clear();
-    refillCodes();
-    showDay(today, ClosedDay::ShownAnyway);
-    m_commands[command::insertMovement]->setVisible(!showClosedState(today) || m_rights.modifyCash);
-    m_commands[command::closeCash]->setVisible(m_rights.closeCash);
-}
-
 void MovementEntryPage::refillCodes()
 {
     m_picker->setCodes(listCodes(m_book.main(), CodeSelection::Active));
 }
 
-void MovementEntryPage::focusChooser()
+void MovementEntryPage::focusEntry()
 {
-    m_chooser->setFocus(Qt::OtherFocusReason);
-}
-
-// The shown day
-
-bool MovementEntryPage::dateLeft()
-{
-    const auto day = checkDate(*m_date, m_clock.today());
-    if (!day)
-        return false;
-    if (!guarded(window(), [this, &day] { showDay(*day, ClosedDay::Refused); })) {
-        m_list->setLines({}); // rather nothing than another day's movements and totals below this date
-        Q_EMIT figuresUnknown();
-    }
-    return true;
-}
-
-void MovementEntryPage::showDay(QDate day, ClosedDay closedDay)
-{
-    m_weekday->setText(entryWeekday(day));
-    const bool closed = showClosedState(day);
-    if (closed && closedDay == ClosedDay::Refused && !m_rights.modifyCash)
-        refuseDay();
+    if (m_chooser->isEnabled())
+        m_chooser->setFocus(Qt::OtherFocusReason);
     else
-        admitDay();
-    refresh(day);
-}
-
-void MovementEntryPage::refuseDay()
-{
-    explainClosedDay(window());
-    m_commands[command::insertMovement]->hide();
-    m_commands[command::closeCash]->hide();
-    m_chooser->setEnabled(false);
-    m_fields.setEnabled(false);
-}
-
-void MovementEntryPage::admitDay()
-{
-    m_commands[command::insertMovement]->show();
-    m_commands[command::closeCash]->show();
-    m_chooser->setEnabled(true);
-    m_fields.setEnabled(true);
-}
-
-bool MovementEntryPage::showClosedState(QDate day)
-{
-    const bool closed = day.isValid() && m_cashBook.isDayClosed(day);
-    if (closed)
-        m_state->showClosed();
-    else
-        m_state->showOpen();
-    return closed;
-}
-
-void MovementEntryPage::refresh(QDate day)
-{
-    // A day is shown first, and whatever keeps its row from being written, a locked or full disk, the marker, comes
-    // after.
-    const DayView view = m_cashBook.showDay(day, DayRow::LeaveAlone);
-    fill(view);
-    guarded(window(), [this, &view] {
-        if (!m_marker.heldByAnother())
-            m_cashBook.bringInLine(view);
-    });
+        putIntoDate();
 }
 
 void MovementEntryPage::showLines(const DayView& view)
 {
     m_list->setLines(linesOf(view));
     Q_EMIT figuresChanged(view.figures);
-}
-
-void MovementEntryPage::fill(const DayView& view)
-{
-    showLines(view);
-    if (view.movements.empty())
-        return;
-    m_fields.clearDescription();
-    m_fields.setAmounts({}, {});
-    m_list->selectLast();
-    focusChooser();
 }
 
 // The code
@@ -251,7 +161,7 @@ void MovementEntryPage::insertMovement()
         return;
     setLoaded(std::nullopt);
     clearEntry();
-    focusChooser();
+    focusEntry();
     m_fields.clearCheque();
 }
 
@@ -326,78 +236,6 @@ bool MovementEntryPage::askToClose(QDate day)
     return askOkCancel(window(), QMessageBox::Question, QStringLiteral("Κλείσιμο ταμείου"),
         QStringLiteral("Να κλείσω το ταμείο;"),
         closingText(day, figures, openDaysBefore(m_book.main(), m_book.auxiliary(), day)), DefaultAnswer::No);
-}
-
-// The list
-
-void MovementEntryPage::lineClicked()
-{
-    if (BusyPointer::isShown())
-        return;
-    if (!settle())
-        return;
-    guarded(window(), [this] { showClosedState(enteredDay()); });
-    release();
-}
-
-void MovementEntryPage::releaseChanged()
-{
-    m_list->clearSelection();
-    release();
-    focusChooser();
-}
-
-void MovementEntryPage::addReleaseKey()
-{
-    auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    escape->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(escape, &QShortcut::activated, this, [this] {
-        if (m_loaded && !BusyPointer::isShown())
-            releaseChanged();
-    });
-}
-
-void MovementEntryPage::release()
-{
-    setLoaded(std::nullopt);
-    clearEntry();
-    m_fields.clearMemorandum();
-    m_fields.clearCheque();
-}
-
-void MovementEntryPage::lineOpened(qint64 key)
-{
-    if (BusyPointer::isShown() || key == 0)
-        return;
-    guarded(window(), [this, key] {
-        const auto movement = m_cashBook.find(key);
-        showClosedState(enteredDay());
-        if (!movement)
-            explain(Refusal::MovementIsGone, RefusedOperation::Change);
-        else if (m_cashBook.mayChange(movement->day))
-            load(*movement);
-    });
-}
-
-void MovementEntryPage::load(const Movement& movement)
-{
-    const auto code = findCode(m_book.main(), movement.code, CodeSelection::All);
-    m_picker->show(code.value_or(MovementCode{movement.code, {}, {}, 0, false, false}));
-    m_fields.show(movement);
-    const bool income = !movement.income.isZero();
-    m_fields.enableAmount(income ? MovementFields::Kind::Income : MovementFields::Kind::Expense);
-    setLoaded(movement.key);
-    m_fields.field(income ? field::income : field::expense)->setFocus(Qt::OtherFocusReason);
-}
-
-void MovementEntryPage::setLoaded(std::optional<qint64> key)
-{
-    m_loaded = key;
-    using Look = CommandButton::Look;
-    for (const int index : {command::modifyMovement, command::removeMovement})
-        m_commands[index]->setVisible(key.has_value());
-    m_commands[command::insertMovement]->setLook(key ? Look::Outlined : Look::Solid);
-    m_date->setEnabled(!key);
 }
 
 } // namespace lorvan

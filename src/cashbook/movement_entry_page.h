@@ -37,7 +37,8 @@ public:
     void start();
     /// Reads the active codes anew for the chooser. Throws SqlError.
     void refillCodes();
-    void focusChooser();
+    /// To the chooser; to the date where nothing else can be typed into.
+    void focusEntry();
 
     /// Judges the fields that were left and not judged yet. False when one was refused.
     bool settle() { return m_checks.settle(); }
@@ -56,8 +57,6 @@ Q_SIGNALS:
     void dayClosed(QDate day); ///< It was open until now.
 
 private:
-    enum class ClosedDay { Refused, ShownAnyway };
-
     void createControls();
     void createCommands();
     CommandButton* addCommand(
@@ -71,13 +70,18 @@ private:
     void watchFields();
 
     bool dateLeft();
-    void showDay(QDate day, ClosedDay closedDay);
-    void refuseDay();
-    void admitDay();
-    void refresh(QDate day);
-    void showLines(const DayView& view);
-    void fill(const DayView& view);
+    void goToDay(QDate day);
+    /// Asks whether the shown day is closed and reads its rows; entry, focus and chosen line stay.
+    void lookAtDayAgain();
+    /// The user did not go there: leaving it untouched is no visit then.
+    void putIntoDate();
+    void bringBackDay();
+    bool judgeDay();
     bool showClosedState(QDate day);
+    [[nodiscard]] DayView readDay();
+    void fill(const DayView& view);
+    void showLines(const DayView& view);
+    void showLinesAgain(const DayView& view);
     /// The date field's day; invalid when it holds none.
     [[nodiscard]] QDate enteredDay() const;
 
@@ -97,7 +101,9 @@ private:
     void load(const Movement& movement);
     void release();
     void releaseChanged();
-    void addReleaseKey();
+    void addKeys();
+    /// Escape: the date that was typed and not shown yet, or the loaded movement.
+    void takeBack();
     void setLoaded(std::optional<qint64> key);
 
     Book& m_book;
@@ -115,6 +121,8 @@ private:
     CodeChooser* m_chooser = nullptr;
     CodePicker* m_picker = nullptr;
     DayList* m_list = nullptr;
+    QDate m_day; ///< The day that was shown last, or would be but for a failure.
+    bool m_putIntoDate = false;
     std::optional<qint64> m_loaded; ///< Key of the movement loaded for modification or deletion.
 };
 

@@ -142,6 +142,7 @@ void MovementFields::setEnabled(bool enabled)
 {
     m_enabled = enabled;
     m_fields[field::description]->setEnabled(enabled);
+    m_fields[field::memorandum]->setEnabled(enabled);
     m_cheque->setEnabled(enabled);
     enableAmount(m_kind);
 }

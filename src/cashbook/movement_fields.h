@@ -45,7 +45,7 @@ public:
 
     /// Chooses which of the two amount fields can be typed into.
     void enableAmount(Kind kind);
-    /// Off: nothing but the memorandum amount can be typed. On: everything but the other amount field.
+    /// Off: nothing can be typed. On: everything but the other amount field.
     void setEnabled(bool enabled);
 
 private:

@@ -30,6 +30,12 @@ void goBackTo(QWidget& field)
         line->selectAll(); // the window may not be active again yet, and then the focus alone does not select
 }
 
+QString textOf(QWidget& field)
+{
+    const QLineEdit* const line = lineOf(field);
+    return line ? line->text() : QString();
+}
+
 bool isAltTyping(const QKeyEvent& event)
 {
     const QString text = event.text();

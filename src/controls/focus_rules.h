@@ -15,6 +15,9 @@ namespace lorvan {
 /// it.
 void goBackTo(QWidget& field);
 
+/// What stands in a field or chooser.
+[[nodiscard]] QString textOf(QWidget& field);
+
 /// Whether a key types a character with Alt or the logo key held down, which is a command of nobody's: fields drop it.
 /// The third level of a keyboard (AltGr) is no such modifier.
 [[nodiscard]] bool isAltTyping(const QKeyEvent& event);

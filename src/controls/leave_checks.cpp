@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -18,14 +19,15 @@ LeaveChecks::LeaveChecks(QObject* parent)
     connect(qApp, &QApplication::focusChanged, this, &LeaveChecks::settleWhenQuiet);
 }
 
-void LeaveChecks::add(QWidget* field, Check check)
+void LeaveChecks::add(QWidget* field, Check check, std::function<void()> takeBack)
 {
-    m_checks[field] = std::move(check);
+    m_fields[field] = {std::move(check), std::move(takeBack), {}};
 }
 
 void LeaveChecks::left(QWidget* field)
 {
-    if (!m_settling)
+    const bool judgedAlready = std::exchange(m_judged, {}) == std::pair(field, textOf(*field));
+    if (!m_settling && !judgedAlready)
         m_waiting.push_back(field);
 }
 
@@ -40,12 +42,45 @@ void LeaveChecks::settleWhenQuiet()
         QTimer::singleShot(10ms, this, &LeaveChecks::settleWhenQuiet);
 }
 
+void LeaveChecks::forget(QWidget* field)
+{
+    m_waiting.erase(std::remove(m_waiting.begin(), m_waiting.end(), field), m_waiting.end());
+    m_fields.at(field).refused.reset();
+}
+
 bool LeaveChecks::leaveAll()
 {
-    QWidget* const focused = QApplication::focusWidget();
-    if (m_checks.count(focused) != 0)
+    QWidget* const focused = focusedField();
+    if (focused)
         left(focused);
-    return settle();
+    takeBackRefused();
+    if (!settle())
+        return false;
+    if (focused && focused == focusedField())
+        m_judged = {focused, textOf(*focused)}; // it loses the focus with its page
+    return true;
+}
+
+QWidget* LeaveChecks::focusedField() const
+{
+    for (const auto& [widget, field] : m_fields) {
+        if (widget->isVisible() && widget->window()->focusWidget() == widget)
+            return widget;
+    }
+    return nullptr;
+}
+
+void LeaveChecks::takeBackRefused()
+{
+    const auto fields = m_waiting;
+    for (QWidget* const waiting : fields) {
+        const Field& field = m_fields.at(waiting);
+        if (!field.refused || textOf(*waiting) != field.refused)
+            continue;
+        if (field.takeBack)
+            field.takeBack();
+        forget(waiting);
+    }
 }
 
 bool LeaveChecks::settle()
@@ -54,9 +89,12 @@ bool LeaveChecks::settle()
         return true;
     const QScopedValueRollback settling(m_settling, true);
     const auto fields = std::exchange(m_waiting, {});
-    for (QWidget* const field : fields) {
-        if (!m_checks.at(field)()) {
-            goBackTo(*field);
+    for (QWidget* const left : fields) {
+        Field& field = m_fields.at(left);
+        field.refused.reset();
+        if (!field.check()) {
+            field.refused = textOf(*left);
+            goBackTo(*left);
             return false;
         }
     }

@@ -4,6 +4,8 @@
 
 #include <functional>
 #include <map>
+#include <optional>
+#include <utility>
 #include <vector>
 
 class QWidget;
@@ -21,7 +23,8 @@ public:
 
     explicit LeaveChecks(QObject* parent);
 
-    void add(QWidget* field, Check check);
+    /// `takeBack` puts back what stood in the field before a refused text, where the field must not keep it.
+    void add(QWidget* field, Check check, std::function<void()> takeBack = {});
 
     /// To be called when the focus leaves the field; its check follows.
     void left(QWidget* field);
@@ -32,14 +35,28 @@ public:
     /// Forgets the checks that are waiting: what stands in the fields is about to be judged in another way.
     void drop() { m_waiting.clear(); }
 
-    /// As settle(), with the field that has the focus taken for left: its page is about to go.
+    /// Forgets that this field was left, and what was refused in it.
+    void forget(QWidget* field);
+
+    /// As settle(), with the field that has the focus taken for left: its page is about to go. What was refused before
+    /// and is still there keeps nobody on the page: it is taken back instead.
     bool leaveAll();
 
 private:
-    void settleWhenQuiet();
+    struct Field {
+        Check check;
+        std::function<void()> takeBack;
+        std::optional<QString> refused; ///< The text that was refused last, unless another has passed since.
+    };
 
-    std::map<QWidget*, Check> m_checks;
+    void settleWhenQuiet();
+    void takeBackRefused();
+    /// The field that has its window's focus, also while the window is not the active one; null where none has.
+    [[nodiscard]] QWidget* focusedField() const;
+
+    std::map<QWidget*, Field> m_fields;
     std::vector<QWidget*> m_waiting;
+    std::pair<QWidget*, QString> m_judged; ///< The field that had the focus at the last leaveAll(), and its text then.
     bool m_settling = false;
 };
 

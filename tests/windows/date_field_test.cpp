@@ -116,9 +116,10 @@ TEST_F(DateFieldTest, aClosedDayIsRefusedAndAnOpenOneAdmitted)
     EXPECT_EQ(state(), QStringLiteral("Ταμείο κλειστό"));
     EXPECT_FALSE(user().command(insert).isVisible() || user().command(closeCash).isVisible());
     EXPECT_FALSE(chooser().isEnabled() || user().find(QStringLiteral("Check1(0)")).isEnabled());
-    for (const int index : {description, income, expense})
+    for (const int index : {description, income, expense, memorandum})
         EXPECT_FALSE(user().field(index).isEnabled()) << index;
-    EXPECT_TRUE(user().field(memorandum).isEnabled() && user().field(date).isEnabled());
+    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(0)"));
+    EXPECT_EQ(user().field(date).selectedText(), QStringLiteral("14-03-2024"));
 
     leaveDate(QStringLiteral("13-03-2024"));
     EXPECT_EQ(state(), QStringLiteral("Ταμείο ανοικτό"));
@@ -130,6 +131,79 @@ TEST_F(DateFieldTest, aClosedDayIsRefusedAndAnOpenOneAdmitted)
     boxes.expect(stop(QStringLiteral("Προσοχή"), QStringLiteral("Ο χρήστης δεν έχει το δικαίωμα να κλίνει το ταμείο")));
     user().click(user().command(closeCash));
     EXPECT_EQ(closedDays(), QStringLiteral("20240314"));
+}
+
+TEST_F(DateFieldTest, aVisitWithTheSameDayReadsItsRowsAndLeavesTheEntryAlone)
+{
+    addMovement(incomeOf(today, cents(500), QStringLiteral("Α")));
+    start();
+    typeMovement(QStringLiteral("100"), QStringLiteral("β"), QStringLiteral("7"));
+    const QString typed = entry();
+    user().clickRow(list(), 1); // selects a line, clears the entry
+    typeMovement(QStringLiteral("100"), QStringLiteral("β"), QStringLiteral("7"));
+    ASSERT_EQ(entry(), typed);
+    int rows = list().model()->rowCount();
+    const auto visit = [&](const char* arrivesAt, const std::function<void()>& leave) {
+        addMovement(incomeOf(today, cents(100), QStringLiteral("ΑΛΛΟΥ")));
+        user().goTo(user().field(date));
+        leave();
+        ++rows;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return list().model()->rowCount() == rows; })) << arrivesAt;
+        EXPECT_EQ(user().focusName(), QString::fromUtf8(arrivesAt));
+        EXPECT_EQ(entry(), typed) << arrivesAt;
+        EXPECT_EQ(list().currentIndex().row(), 1) << arrivesAt;
+    };
+    visit("DBCombo1", [this] { user().press(Qt::Key_Return); });
+    visit("Tab1", [this] { user().press(Qt::Key_Backtab, Qt::ShiftModifier); });
+    visit("Text1(9)", [this] { user().click(user().field(memorandum)); });
+
+    book.close(today);
+    boxes.expect(dayIsClosed());
+    leaveDate(QStringLiteral("15/3"));
+    EXPECT_EQ(entry(), typed) << "to be read, not to be stored";
+    EXPECT_FALSE(chooser().isEnabled() || user().field(income).isEnabled() || user().command(insert).isVisible());
+}
+
+TEST_F(DateFieldTest, aRefusedDateLocksNothing)
+{
+    start();
+    const auto refuse = [this] {
+        boxes.expect(invalidDate());
+        leaveDate(QStringLiteral("32-1"));
+        EXPECT_TRUE(boxes.allSeen());
+    };
+    refuse();
+    user().press(Qt::Key_Escape);
+    EXPECT_EQ(user().field(date).text(), QStringLiteral("15-03-2024"));
+    user().press(Qt::Key_Tab);
+    EXPECT_EQ(user().focusName(), QStringLiteral("DBCombo1"));
+    refuse();
+    selectTab(1);
+    EXPECT_TRUE(user().find(QStringLiteral("Panel1(2)")).isVisible());
+    selectTab(0);
+    EXPECT_EQ(user().field(date).text(), QStringLiteral("15-03-2024"));
+}
+
+TEST_F(DateFieldTest, aStartOnAClosedDayLeadsToTheDateAlone)
+{
+    addMovement(incomeOf(today, cents(500)));
+    addMovement(incomeOf(yesterday, cents(300)));
+    book.close(today);
+    book.close(yesterday);
+    start();
+    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(0)"));
+    EXPECT_FALSE(chooser().isEnabled() || user().command(insert).isVisible());
+    for (const int index : {description, income, expense, memorandum})
+        EXPECT_FALSE(user().field(index).isEnabled()) << index;
+    selectTab(2); // nobody has gone to the date: no box
+    selectTab(0);
+
+    boxes.expect(dayIsClosed());
+    leaveDate(QStringLiteral("14-3"));
+    EXPECT_EQ(shownFigures(), QStringLiteral("3,00 | 0 | 3,00"));
+    EXPECT_EQ(user().field(date).selectedText(), QStringLiteral("14-03-2024"));
+    user().press(Qt::Key_Tab);
+    EXPECT_EQ(user().focusName(), QStringLiteral("List1")) << "one box is enough";
 }
 
 TEST_F(DateFieldTest, closingAsksWritesOneRowAndShowsAtTheNextLook)

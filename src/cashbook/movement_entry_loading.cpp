@@ -1,0 +1,92 @@
+#include "app/book.h"
+#include "app/guarded_window.h"
+#include "app/main_controls.h"
+#include "cashbook/code_picker.h"
+#include "cashbook/movement_entry_page.h"
+#include "controls/command_button.h"
+#include "controls/day_list.h"
+#include "controls/entry_field.h"
+#include "platform/busy_pointer.h"
+
+#include <QShortcut>
+
+namespace lorvan {
+
+void MovementEntryPage::lineClicked()
+{
+    if (BusyPointer::isShown())
+        return;
+    if (!settle())
+        return;
+    guarded(window(), [this] { showClosedState(enteredDay()); });
+    release();
+}
+
+void MovementEntryPage::releaseChanged()
+{
+    m_list->clearSelection();
+    release();
+    focusEntry();
+}
+
+void MovementEntryPage::addKeys()
+{
+    auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, this, &MovementEntryPage::takeBack);
+}
+
+void MovementEntryPage::takeBack()
+{
+    if (BusyPointer::isShown())
+        return;
+    if (m_date->hasFocus())
+        bringBackDay();
+    else if (m_loaded)
+        releaseChanged();
+}
+
+void MovementEntryPage::release()
+{
+    setLoaded(std::nullopt);
+    clearEntry();
+    m_fields.clearMemorandum();
+    m_fields.clearCheque();
+}
+
+void MovementEntryPage::lineOpened(qint64 key)
+{
+    if (BusyPointer::isShown() || key == 0)
+        return;
+    guarded(window(), [this, key] {
+        const auto movement = m_cashBook.find(key);
+        showClosedState(enteredDay());
+        if (!movement)
+            explain(Refusal::MovementIsGone, RefusedOperation::Change);
+        else if (m_cashBook.mayChange(movement->day))
+            load(*movement);
+    });
+}
+
+void MovementEntryPage::load(const Movement& movement)
+{
+    const auto code = findCode(m_book.main(), movement.code, CodeSelection::All);
+    m_picker->show(code.value_or(MovementCode{movement.code, {}, {}, 0, false, false}));
+    m_fields.show(movement);
+    const bool income = !movement.income.isZero();
+    m_fields.enableAmount(income ? MovementFields::Kind::Income : MovementFields::Kind::Expense);
+    setLoaded(movement.key);
+    m_fields.field(income ? field::income : field::expense)->setFocus(Qt::OtherFocusReason);
+}
+
+void MovementEntryPage::setLoaded(std::optional<qint64> key)
+{
+    m_loaded = key;
+    using Look = CommandButton::Look;
+    for (const int index : {command::modifyMovement, command::removeMovement})
+        m_commands[index]->setVisible(key.has_value());
+    m_commands[command::insertMovement]->setLook(key ? Look::Outlined : Look::Solid);
+    m_date->setEnabled(!key);
+}
+
+} // namespace lorvan
