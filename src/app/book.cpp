@@ -57,17 +57,26 @@ Book::Book(Connection main, Connection auxiliary)
 {
 }
 
-void Book::setAccess(Connection::Access access)
+bool Book::setAccess(Connection::Access access)
 {
     if (!m_source || m_source->access == access || isReplaced())
-        return;
+        return false;
     Connection main = opened(m_source->files.mainDatabase(), *m_source->keys, access);
     Connection auxiliary = opened(m_source->files.auxiliaryDatabase(), *m_source->keys, access);
     if (isReplaced())
-        return; // the names mean other files than those that were open
+        return false; // the names mean other files than those that were open
     m_main = std::move(main);
     m_auxiliary = std::move(auxiliary);
     m_source->access = access;
+    return true;
+}
+
+void Book::ensureSchema()
+{
+    if (!m_main.isReadOnly())
+        ensureMainSchema(m_main);
+    if (!m_auxiliary.isReadOnly())
+        ensureAuxiliaryIndexes(m_auxiliary);
 }
 
 void Book::read(const std::function<void()>& work)

@@ -22,8 +22,13 @@ public:
 
     /// Opens both databases anew where they have another access; between two actions, as no statement may be alive.
     /// References to the connections stay good. A book that was replaced meanwhile stays as it is: see
-    /// refuseReplaced(). Throws SqlError; the book then stays open as it was.
-    void setAccess(Connection::Access access);
+    /// refuseReplaced(). Returns true where the access has changed. Throws SqlError; the book then stays open as it
+    /// was.
+    bool setAccess(Connection::Access access);
+
+    /// Makes the tables and indexes that a writable database lacks, see ensureMainSchema(). For a book that no other
+    /// computer holds. Throws SqlError.
+    void ensureSchema();
 
     /// Reads the main database: see readSteadily() where locks are not to be trusted and this book is read-only.
     void read(const std::function<void()>& work);

@@ -1,7 +1,6 @@
 #include "app/book_opening.h"
 
 #include "app/book_recovery.h"
-#include "app/book_schema.h"
 #include "app/lock_trust.h"
 #include "app/schema_guard.h"
 
@@ -35,10 +34,7 @@ Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker,
     refuseForeignObjects(book.main());
     refuseForeignObjects(book.auxiliary());
     upgradeIfNeeded(book, marker, askOpeningBalance); // only now: a book that cannot be opened is not changed
-    if (!book.main().isReadOnly())
-        ensureMainSchema(book.main());
-    if (!book.auxiliary().isReadOnly())
-        ensureAuxiliaryIndexes(book.auxiliary());
+    book.ensureSchema();
     return book;
 }
 

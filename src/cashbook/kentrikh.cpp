@@ -337,8 +337,10 @@ void Kentrikh::follow(const std::optional<MachineIdentity>& holder)
 {
     setWindowTitle(markerCaption(holder));
     const bool mayWrite = !holder && m_locks != LockReach::Nobody;
-    m_book.setAccess(mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
+    const bool isNew = m_book.setAccess(mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
     m_notices.followMarker(holder.has_value());
+    if (isNew)
+        m_book.ensureSchema();
 }
 
 void Kentrikh::followMarker(int tab)
