@@ -54,11 +54,40 @@ QString takeField(QStringView& rest)
     return value;
 }
 
+QString quoted(const QString& value)
+{
+    return u'"' + QString(value).replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
 QString quotedWhereNeeded(const QString& value)
 {
-    if (!value.contains(u',') && !value.contains(u'"'))
-        return value;
-    return u'"' + QString(value).replace(u'"', QStringLiteral("\"\"")) + u'"';
+    static const QString special = QStringLiteral(",\"\r\n");
+    const bool hasSpecial =
+        std::any_of(value.begin(), value.end(), [&](const QChar each) { return special.contains(each); });
+    return hasSpecial || value.isEmpty() || value != value.trimmed() ? quoted(value) : value;
+}
+
+constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
+
+bool hasLetterBeyondAscii(const QString& text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar each) { return each.unicode() > 0x7F && each.isLetter(); });
+}
+
+QString decoded(const QByteArray& bytes)
+{
+    if (bytes.startsWith(utf8Mark))
+        return QString::fromUtf8(QByteArrayView(bytes).sliced(utf8Mark.size()));
+    if (const QString text = QString::fromUtf8(bytes); bytes.isValidUtf8() && hasLetterBeyondAscii(text))
+        return text;
+    return fromWindows1253(bytes);
+}
+
+/// In Windows-1253, but for what that does not hold or would read otherwise.
+QByteArray encoded(const QString& content)
+{
+    const QByteArray bytes = toWindows1253(content);
+    return decoded(bytes) == content ? bytes : utf8Mark.toByteArray() + content.toUtf8();
 }
 
 } // namespace
@@ -86,7 +115,7 @@ QStringList PathFile::fields() const
     QStringList values;
     if (!file.open(QIODevice::ReadOnly))
         return values;
-    const QString content = fromWindows1253(file.read(longestFile));
+    const QString content = decoded(file.read(longestFile));
     QStringView rest = content;
     while (!rest.isEmpty() && values.size() < FieldCount)
         values += takeField(rest);
@@ -102,32 +131,29 @@ DataFolderSettings PathFile::read() const
     const int colour = values.value(ColourField).trimmed().toInt(&isColour);
     if (isColour)
         settings.backgroundColour = colour;
-    const QString heading = values.value(HeadingField).trimmed();
-    if (!heading.isEmpty())
-        settings.heading = heading;
+    settings.heading = values.value(HeadingField, settings.heading);
     return settings;
 }
 
 bool PathFile::writeFolder(const QString& dataFolder) const
 {
-    return write(quotedWhereNeeded(dataFolder) + QStringLiteral("\r\n"));
+    return write(dataFolder, {});
 }
 
 bool PathFile::replaceFolder(const QString& dataFolder) const
 {
-    const QStringList values = fields();
-    QString content = quotedWhereNeeded(dataFolder) + QStringLiteral("\r\n");
-    for (qsizetype i = ColourField; i < values.size(); ++i)
-        content += quotedWhereNeeded(values[i]) + QStringLiteral("\r\n");
-    return write(content);
+    return write(dataFolder, fields().mid(ColourField));
 }
 
-bool PathFile::write(const QString& content) const
+bool PathFile::write(const QString& dataFolder, const QStringList& others) const
 {
-    if (!fitsWindows1253(content))
+    if (!fitsWindows1253(dataFolder))
         return false;
+    QString content = quotedWhereNeeded(dataFolder) + QStringLiteral("\r\n");
+    for (const QString& field : others)
+        content += quotedWhereNeeded(field) + QStringLiteral("\r\n");
     try {
-        replaceFile(path(), toWindows1253(content), FileAccess::Umask);
+        replaceFile(path(), encoded(content), FileAccess::Umask);
         return true;
     } catch (const FileError&) {
         return false;

@@ -7,14 +7,17 @@
 namespace lorvan {
 
 /// The path file DIADROMH.DAT beside the program: where the data folder is, and optionally the book's background colour
-/// and heading. Comma-separated fields on one line or several, in Windows-1253. Its name is matched without regard to
-/// letter case; a rewritten file keeps the name it has.
+/// and heading. Comma-separated fields on one line or several. A file with a mark of UTF-8, or one that is valid UTF-8
+/// with a letter beyond ASCII, is read as UTF-8, every other as Windows-1253, in which it is written unless that lacks
+/// a character of the heading. Its name is matched without regard to letter case; a rewritten file keeps the name it
+/// has.
 class PathFile {
 public:
     explicit PathFile(QString programFolder);
 
     /// A field that is missing or cannot be read keeps its default and does not hide the next one. The folder comes
-    /// without blanks around it.
+    /// without blanks around it, a quoted heading with those between its quotes; a heading that is there but empty is
+    /// empty.
     [[nodiscard]] DataFolderSettings read() const;
 
     /// Makes the file a single line: the folder alone. Returns false when it cannot be written, or when the folder has
@@ -29,7 +32,7 @@ public:
 
 private:
     [[nodiscard]] QStringList fields() const;
-    bool write(const QString& content) const;
+    bool write(const QString& dataFolder, const QStringList& others) const;
 
     QString m_programFolder;
 };

@@ -65,7 +65,8 @@ bool Program::announce(const StartDecision& decision)
         return false;
     case StartOutcome::DatabaseMissing:
         showMessage(nullptr, QMessageBox::Critical, QStringLiteral("Προσοχή στη διαδρομή"),
-            QStringLiteral("Τα αρχεία του προγράμματος δεν βρέθηκαν. Ορίστε τη διαδρομή ξανά."));
+            QStringLiteral("Τα αρχεία του προγράμματος δεν βρέθηκαν. Ορίστε τη διαδρομή ξανά."),
+            QStringLiteral("Φάκελος: %1").arg(m_settings.dataFolder));
         return false;
     case StartOutcome::RestoreUnfinished:
         showMessage(nullptr, QMessageBox::Critical, QStringLiteral("Προσοχή στη διαδρομή"), decision.trouble);

@@ -52,7 +52,11 @@ TEST_F(PathFileTest, readsUpToThreeFieldsEachByItself)
             QStringLiteral("Ταμείο \"Α\"")},
         {"/d\r\n65280\r\nΥποκατάστημα\r\n", QStringLiteral("/d"), 65280, QStringLiteral("Υποκατάστημα")},
         {"/d\n65280\nΒ", QStringLiteral("/d"), 65280, QStringLiteral("Β")},
-        {"/d, 65280 , Β , more", QStringLiteral("/d"), 65280, QStringLiteral("Β")},
+        {"/d, 65280 , Β , more", QStringLiteral("/d"), 65280, QStringLiteral("Β ")},
+        {"\" /d \",1,\" Β \"", QStringLiteral("/d"), 1, QStringLiteral(" Β ")},
+        {"/d,1,\"\"", QStringLiteral("/d"), 1, QString()},
+        {"/d,1,\r\n", QStringLiteral("/d"), 1, QString()},
+        {"/d,1,", QStringLiteral("/d"), 1, standardHeading},
         {"/d,-2147483633,Β", QStringLiteral("/d"), -2147483633, QStringLiteral("Β")},
         {"/d,blue,Β", QStringLiteral("/d"), standardColour, QStringLiteral("Β")},
         {"/d,2147483648,Β", QStringLiteral("/d"), standardColour, QStringLiteral("Β")},
@@ -84,6 +88,28 @@ TEST_F(PathFileTest, isRewrittenUnderTheNameItHas)
 
     ASSERT_TRUE(pathFile.writeFolder(QStringLiteral("/d")));
     EXPECT_EQ(read(odd), "/d\r\n");
+}
+
+TEST_F(PathFileTest, isReadAsUtf8WhereItShowsThatItIs)
+{
+    const struct {
+        QByteArray content;
+        QString path, heading;
+    } cases[] = {
+        {"/Ταμεία,1, Café ☕", QStringLiteral("/Ταμεία"), QStringLiteral("Café ☕")},
+        {"\xEF\xBB\xBF/d,1,\"\"", QStringLiteral("/d"), QString()},
+        {"\xEF\xBB\xBF/d,1,“α”", QStringLiteral("/d"), QStringLiteral("“α”")},
+        {"/d\r\n1\r\n\xD4\xE1\xEC\xE5\xDF\xEF\r\n", QStringLiteral("/d"), QStringLiteral("Ταμείο")},
+        {"/\xCD\xB8,1,\" \xC1\"", QStringLiteral("/ΝΈ"), QStringLiteral(" Α")}, // UTF-8, but no letter of it
+    };
+    for (const auto& [content, path, heading] : cases) {
+        write(name, content);
+        EXPECT_EQ(pathFile.read().dataFolder, path);
+        EXPECT_EQ(pathFile.read().heading, heading) << path.toStdString();
+        ASSERT_TRUE(pathFile.replaceFolder(QStringLiteral("/Νέα")));
+        EXPECT_EQ(pathFile.read().dataFolder, QStringLiteral("/Νέα")) << path.toStdString();
+        EXPECT_EQ(pathFile.read().heading, heading) << path.toStdString();
+    }
 }
 
 TEST_F(PathFileTest, aFolderThatTheCodePageLacksIsRefused)

@@ -89,8 +89,9 @@ TEST_F(ProgramStart, aMissingMainDatabaseIsReported)
 {
     ASSERT_TRUE(QFile::remove(book.files().mainDatabase()));
     const auto before = files();
-    boxes.expect(stop(QStringLiteral("Προσοχή στη διαδρομή"),
-        QStringLiteral("Τα αρχεία του προγράμματος δεν βρέθηκαν. Ορίστε τη διαδρομή ξανά.")));
+    boxes.expect(withDetails(stop(QStringLiteral("Προσοχή στη διαδρομή"),
+                                 QStringLiteral("Τα αρχεία του προγράμματος δεν βρέθηκαν. Ορίστε τη διαδρομή ξανά.")),
+        book.folder()));
     EXPECT_FALSE(start());
     EXPECT_EQ(files(), before);
 }
