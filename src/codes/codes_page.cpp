@@ -8,6 +8,7 @@
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/focus_rules.h"
+#include "controls/list_reader.h"
 #include "controls/plain_list.h"
 #include "platform/busy_pointer.h"
 #include "platform/message_window.h"
@@ -42,13 +43,15 @@ QString nameOf(const CodeGroup* group)
 CodesPage::CodesPage(Book& book, QWidget* parent)
     : QWidget(parent)
     , m_book(book)
+    , m_panel(new QWidget)
+    , m_reader(new ListReader(m_panel, this))
     , m_fields(QStringLiteral("Text1"))
     , m_commands(QStringLiteral("Command1"))
     , m_lists(QStringLiteral("DBList1"))
     , m_income(new CheckField(QStringLiteral("Είναι έσοδο;")))
     , m_active(new CheckField(QStringLiteral("Eνεργός")))
 {
-    setObjectName(QStringLiteral("Panel1(2)"));
+    m_panel->setObjectName(QStringLiteral("Panel1(2)"));
     layOut();
     connectLists();
     m_active->setChecked(true);
@@ -79,13 +82,13 @@ void CodesPage::connectLists()
 
 void CodesPage::start(bool mayModify)
 {
-    setEnabled(mayModify);
+    m_reader->setReading(!mayModify);
     clearFields();
     m_selected.reset();
     setOffered(false);
     refillGroups();
     refill();
-    m_fields[field::code]->setFocus(Qt::OtherFocusReason);
+    (mayModify ? static_cast<QWidget*>(m_fields[field::code]) : m_reader)->setFocus(Qt::OtherFocusReason);
 }
 
 void CodesPage::clearFields()

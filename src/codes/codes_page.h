@@ -18,10 +18,12 @@ namespace lorvan {
 class Book;
 class CommandButton;
 class EntryField;
+class ListReader;
 class PlainList;
 
-/// The codes page `Panel1(2)`: the codes of movements and the groups they belong to. A click on a code shows it, a
-/// double click offers to modify and remove it; a double click on a group puts the group into the fields.
+/// The codes page: on its panel `Panel1(2)` the codes of movements and the groups they belong to. A click on a code
+/// shows it, a double click offers to modify and remove it; a double click on a group puts the group into the fields.
+/// Who may not modify finds the panel disabled and can scroll through its lists.
 class CodesPage : public QWidget {
     Q_OBJECT
 
@@ -77,6 +79,8 @@ private:
     [[nodiscard]] EntryField* fieldToCorrect(CodeRefusal refusal) const;
 
     Book& m_book;
+    QWidget* m_panel;
+    ListReader* m_reader;
     ControlArray<EntryField> m_fields;
     ControlArray<CommandButton> m_commands;
     ControlArray<PlainList> m_lists;

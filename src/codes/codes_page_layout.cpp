@@ -5,6 +5,7 @@
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/focus_rules.h"
+#include "controls/list_reader.h"
 #include "controls/plain_list.h"
 #include "controls/themed_label.h"
 
@@ -23,7 +24,10 @@ constexpr int codeWidth = 84;
 
 void CodesPage::layOut()
 {
-    auto* const rows = new QVBoxLayout(this);
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
+    whole->addWidget(m_reader);
+    auto* const rows = new QVBoxLayout(m_panel);
     rows->setContentsMargins(marginSide, marginEnd, marginSide, marginEnd);
     rows->setSpacing(betweenControls);
     rows->addWidget(entryFrame());
@@ -33,6 +37,7 @@ void CodesPage::layOut()
     columns->addLayout(groupsColumn(), 9);
     columns->insertLayout(0, codesColumn(), 11);
     rows->addLayout(columns, 1);
+    m_reader->setLists({m_lists[Codes], m_lists[Groups], m_lists[CodesOfGroup]});
     setTabOrders();
 }
 

@@ -1,7 +1,11 @@
 #include "main_window_test.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QFocusFrame>
+#include <QScrollBar>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace lorvan::test {
 namespace {
@@ -269,15 +273,53 @@ TEST_F(CodesPageTest, theMarkerRefusesModificationAndRemovalButNotAnInsertion)
     EXPECT_EQ(codes(), QStringLiteral("5 ΝΕΟΣ  0; ") + unchanged);
 }
 
-TEST_F(CodesPageTest, withoutTheRightTheCodesAreSeenAndNothingCanBePressed)
+TEST_F(CodesPageTest, withoutTheRightTheListsAreReadAndNothingElseReacts)
 {
+    for (int number = 1000; number < 1060; ++number)
+        book.addCode(number, QString::number(number), false, number < 1030 ? 7 : 0);
     start(noRights);
     selectTab(1);
     EXPECT_FALSE(user().find(QStringLiteral("Panel1(2)")).isEnabled());
-    EXPECT_EQ(listAt(0).model()->rowCount(), 3);
+    const auto places = [this] {
+        QStringList values;
+        for (const int index : {0, 1, 2})
+            values += QString::number(listAt(index).verticalScrollBar()->value());
+        return values.join(u' ');
+    };
+    const auto read = [] { return QApplication::focusWidget()->accessibleName(); };
+    const int last = listAt(2).verticalScrollBar()->maximum();
+    ASSERT_GT(last, 9);
+    EXPECT_EQ(read(), listAt(0).accessibleName());
+    user().press(Qt::Key_Down);
+    EXPECT_EQ(places(), QStringLiteral("0 0 0"));
+    user().press(Qt::Key_PageDown, Qt::KeypadModifier);
+    EXPECT_EQ(places(), QStringLiteral("%1 0 0").arg(listAt(0).verticalScrollBar()->pageStep()));
+    user().press(Qt::Key_Home);
+    user().press(Qt::Key_Tab);
+    EXPECT_EQ(read(), listAt(1).accessibleName());
+    user().press(Qt::Key_Tab);
+    user().press(Qt::Key_End);
+    EXPECT_EQ(places(), QStringLiteral("0 0 %1").arg(last));
+    EXPECT_EQ(read(), listAt(2).accessibleName());
+    const auto frame = window().findChild<QFocusFrame*>();
+    EXPECT_TRUE(frame->isVisible() && frame->widget() == &listAt(2));
+    for (const int turned : {-60, -60, 40}) {
+        QWheelEvent event({9, 9}, listAt(0).viewport()->mapToGlobal(QPointF(9, 9)), {}, {0, turned}, {}, {},
+            Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&event); // else it goes no further than to the control
+        qApp->notify(listAt(0).viewport(), &event);
+    }
+    EXPECT_EQ(places(), QStringLiteral("2 0 %1").arg(last)) << "under the pointer";
+    user().press(Qt::Key_Tab);
+    EXPECT_EQ(user().focusName(), QStringLiteral("Tab1"));
+    EXPECT_FALSE(frame->isVisible());
+    user().press(Qt::Key_Backtab);
+    EXPECT_EQ(read(), listAt(2).accessibleName());
+
     user().doubleClickRow(listAt(0), 1);
     press(insertCode);
     EXPECT_EQ(fields(), QStringLiteral("|||01|"));
+    EXPECT_EQ(listAt(2).verticalScrollBar()->value(), last);
 }
 
 } // namespace lorvan::test

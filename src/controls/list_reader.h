@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QWidget>
+
+#include <vector>
+
+class QAbstractItemView;
+class QFocusFrame;
+
+namespace lorvan {
+
+/// Holds a page and, while that is disabled, lets its lists be read: the wheel scrolls the list under the pointer; Tab
+/// and Shift+Tab go from list to list, with a frame around the chosen one, and PgUp, PgDn, Home and End scroll it. Its
+/// accessible name is the chosen list's. An enabled page is left to itself.
+class ListReader : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Takes the page into its layout.
+    explicit ListReader(QWidget* page, QWidget* parent = nullptr);
+
+    /// The lists of the page, in the order in which Tab visits them; at least one.
+    void setLists(std::vector<QAbstractItemView*> lists);
+
+    /// Disables the page and makes its lists readable, or the other way round.
+    void setReading(bool reading);
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    void choose(std::size_t list);
+    [[nodiscard]] QAbstractItemView* listAt(QPoint position) const;
+
+    QWidget* m_page;
+    QFocusFrame* m_frame;
+    std::vector<QAbstractItemView*> m_lists;
+    std::size_t m_chosen = 0;
+    int m_turned = 0; ///< Eighths of a degree that the wheel was turned and that scrolled nothing yet.
+};
+
+} // namespace lorvan
