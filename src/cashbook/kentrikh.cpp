@@ -8,6 +8,7 @@
 #include "codes/codes_page.h"
 #include "codes/omada_kvdikvn.h"
 #include "controls/notice_line.h"
+#include "controls/remembered_size.h"
 #include "controls/tab_band.h"
 #include "controls/totals_bar.h"
 #include "controls/window_placement.h"
@@ -99,7 +100,7 @@ void Kentrikh::layOut()
     rows->addWidget(m_totals);
     setCentralWidget(central);
     setMinimumSize(leastSize.boundedTo(roomFor(this)));
-    sizeWithin(this, firstSize);
+    restoreSize(this, firstSize);
     centreOnWorkArea(this);
 }
 
@@ -385,6 +386,7 @@ void Kentrikh::fillPage(int tab, int earlierTab)
 
 void Kentrikh::closeEvent(QCloseEvent* event)
 {
+    rememberSize(this);
     m_reports.close();
     m_backup.retire();
     m_notices.retire();

@@ -1,8 +1,11 @@
+#include "controls/remembered_size.h"
 #include "controls/window_placement.h"
+#include "platform/settings_store.h"
 
 #include <gtest/gtest.h>
 
 #include <QRect>
+#include <QWidget>
 
 namespace lorvan::test {
 
@@ -28,6 +31,35 @@ TEST(WindowPlacement, aWindowThatGrewMovesOnlyAsFarAsItMust)
     };
     for (const auto& each : cases)
         EXPECT_EQ(keptIn(area, each.window), each.place) << each.window.x() << ' ' << each.window.y();
+}
+
+TEST(RememberedSize, isWhatTheUserLeftWithinTheScreen)
+{
+    const SettingsStore settings;
+    const struct {
+        const char* stored;
+        QSize size;
+        bool isMaximised;
+    } cases[] = {
+        {"", {500, 400}, false},
+        {"640 480", {640, 480}, false},
+        {"640 480 maximised", {640, 480}, true},
+        {"640", {500, 400}, false},
+        {"-640 480 maximised", {500, 400}, false},
+        {"99999 99999", {}, false},
+    };
+    for (const auto& each : cases) {
+        settings.write({{QStringLiteral("Windows"), QStringLiteral("form"), QString::fromUtf8(each.stored)}});
+        QWidget window;
+        window.setObjectName(QStringLiteral("form"));
+        restoreSize(&window, {500, 400});
+        EXPECT_EQ(window.size(), each.size.isValid() ? each.size : roomFor(&window)) << each.stored;
+        EXPECT_EQ(window.isMaximized(), each.isMaximised) << each.stored;
+        window.setWindowState(Qt::WindowNoState);
+        window.resize(530, 410);
+        rememberSize(&window);
+        EXPECT_EQ(settings.value(QStringLiteral("Windows"), QStringLiteral("form")), QStringLiteral("530 410"));
+    }
 }
 
 } // namespace lorvan::test
