@@ -17,6 +17,8 @@
 namespace lorvan {
 namespace {
 
+constexpr const char* activationToken = "XDG_ACTIVATION_TOKEN";
+
 /// 0x00BBGGRR, as the path file keeps a colour.
 QColor colourOf(std::int32_t stored)
 {
@@ -37,8 +39,11 @@ Program::~Program() = default;
 
 bool Program::start()
 {
-    if (!m_instance.isOnlyInstance())
+    if (!m_instance.isOnlyInstance()) {
+        m_instance.callOther(qgetenv(activationToken));
         return false;
+    }
+    m_instance.whenCalled([this](const QByteArray& token) { comeForward(token); });
     const StartDecision decision = decideStart(QFileInfo(m_programFile).absolutePath());
     m_settings = decision.settings;
     if (!announce(decision))
@@ -120,6 +125,23 @@ void Program::openMainWindow(const UserSession& session)
     }
     m_mainWindow->show();
     m_login.release()->deleteLater(); // its own signal is still being delivered
+}
+
+/// Asks as the desktop wishes to be asked; whether it lets the window through is its own decision.
+void Program::comeForward(const QByteArray& token)
+{
+    QWidget* window = QApplication::activeModalWidget();
+    if (!window)
+        window = m_mainWindow ? static_cast<QWidget*>(m_mainWindow.get()) : m_login.get();
+    if (!window)
+        return;
+    if (!token.isEmpty())
+        qputenv(activationToken, token); // the toolkit takes it from there
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->raise();
+    window->activateWindow();
+    QApplication::alert(window);
+    qunsetenv(activationToken);
 }
 
 void Program::end()

@@ -27,13 +27,14 @@ public:
     ~Program() override;
 
     /// Shows the sign-in window, or says why not. False when the process is to end; without a word where another
-    /// instance runs.
+    /// instance runs, which is asked to come forward.
     [[nodiscard]] bool start();
 
     /// Ends the program in good order, as closing the main window does.
     void end();
 
 private:
+    void comeForward(const QByteArray& token);
     bool announce(const StartDecision& decision);
     void showSignIn();
     void openMainWindow(const UserSession& session);

@@ -1,6 +1,12 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+
+#include <functional>
+#include <memory>
+
+class QSocketNotifier;
 
 namespace lorvan {
 
@@ -18,9 +24,20 @@ public:
     /// true.
     [[nodiscard]] bool isOnlyInstance();
 
+    /// Asks the running instance to show itself, and hands it the permission to do so that the desktop gave this start
+    /// (`activationToken`, may be empty). Waits for nothing: one that hangs, or is another user's, hears nothing.
+    void callOther(const QByteArray& activationToken) const;
+
+    /// Of the only instance: runs `answer` in the event loop whenever this user starts the program once more.
+    void whenCalled(std::function<void(const QByteArray& activationToken)> answer);
+
 private:
+    void receive() const;
+
     QString m_programFile;
     int m_socket = -1;
+    std::unique_ptr<QSocketNotifier> m_calls;
+    std::function<void(const QByteArray&)> m_answer;
 };
 
 } // namespace lorvan

@@ -3,6 +3,7 @@
 #include "platform/machine_identity.h"
 #include "support/temporary_book.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -27,10 +28,19 @@ TEST(InstanceGuard, oneProgramFileIsOneProgramWhateverItsName)
         InstanceGuard first(program);
         EXPECT_TRUE(first.isOnlyInstance());
         EXPECT_TRUE(first.isOnlyInstance());
+        QList<QByteArray> calls;
+        first.whenCalled([&calls](const QByteArray& token) { calls += token; });
+        InstanceGuard(link).callOther("let me");
+        InstanceGuard(link).callOther({});
+        InstanceGuard(programAt("copy")).callOther("not you");
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(calls, (QList<QByteArray>{"let me", ""}));
         EXPECT_FALSE(InstanceGuard(program).isOnlyInstance());
         EXPECT_FALSE(InstanceGuard(link).isOnlyInstance());
         EXPECT_TRUE(InstanceGuard(programAt("copy")).isOnlyInstance());
     }
+    InstanceGuard(program).callOther({}); // of nobody
     EXPECT_TRUE(InstanceGuard(program).isOnlyInstance());
 }
 

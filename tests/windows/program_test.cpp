@@ -108,11 +108,17 @@ TEST_F(ProgramStart, aBookInTheOldFormatIsToldHowToMove)
     EXPECT_EQ(files(), before);
 }
 
-TEST_F(ProgramStart, aSecondInstanceEndsInSilence)
+TEST_F(ProgramStart, aSecondInstanceEndsInSilenceAndBringsTheFirstForward)
 {
     startToSignIn();
+    loginWindow().showMinimized();
+    QWidget elsewhere;
+    elsewhere.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
     Program second(programFolder.filePath(QStringLiteral("lorvan")), fixedClock());
     EXPECT_FALSE(second.start());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&loginWindow()));
+    EXPECT_FALSE(loginWindow().isMinimized());
 }
 
 TEST_P(ProgramUpgradeFrom, asksOnceAndOpensTheBook)
