@@ -14,7 +14,7 @@
 namespace lorvan {
 namespace {
 
-const QString workPrefix = QStringLiteral(".lorvan-backup-");
+const QString workPurpose = QStringLiteral(".lorvan-backup-");
 const QString archiveName = QStringLiteral("archive");
 const QString folderName = QStringLiteral("backup");
 
@@ -24,7 +24,7 @@ public:
     UnfinishedBackup(const Folder& target, const QString& name)
         : m_target(target)
         , m_name(name)
-        , m_work(target, workPrefix)
+        , m_work(target, WorkFolder::prefixHere(workPurpose))
         , m_archive(m_work.folder().open(archiveName, Folder::Opening::MakeNew, FileAccess::Owner))
     {
         emptyStaging();
@@ -134,7 +134,8 @@ void removeUnfinishedBackups(const Folder& folder) noexcept
 {
     static const QRegularExpression earlierForm(QStringLiteral("\\Alorvan-(daily-)?[-0-9]+\\.tar\\.part\\z"));
     try {
-        WorkFolder::removeAbandoned(folder, workPrefix);
+        WorkFolder::removeAbandoned(folder, WorkFolder::prefixHere(workPurpose));
+        WorkFolder::removeAbandoned(folder, workPurpose); // as they were once named
         for (const QString& name : folder.names()) {
             if (earlierForm.match(name).hasMatch())
                 removeEarlierForm(folder, name);

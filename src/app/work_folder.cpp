@@ -4,6 +4,7 @@
 
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QSysInfo>
 
 namespace lorvan {
 namespace {
@@ -50,6 +51,23 @@ void WorkFolder::remove()
 {
     m_parent.removeTree(name());
     m_isKept = true;
+}
+
+void WorkFolder::keepAs(const QString& newName)
+{
+    m_parent.rename(name(), m_parent, newName, Folder::Taken::Replace);
+    m_isKept = true;
+    try {
+        m_folder->remove(QLatin1String(lockName)); // only now: without its lock it might be taken for abandoned
+    } catch (const FileError&) {
+        // An empty file more.
+    }
+    m_folder->confirm();
+}
+
+QString WorkFolder::prefixHere(const QString& purpose)
+{
+    return purpose + QSysInfo::machineHostName() + u'-';
 }
 
 bool WorkFolder::isName(const QString& name, const QString& prefix)

@@ -23,9 +23,14 @@ public:
     [[nodiscard]] QString name() const;
 
     void keep() { m_isKept = true; }
+    /// Gives it another name in its parent, that of an empty folder or a free one, and keeps it; the name is not yet
+    /// confirmed. Throws FileError; it is then where it was.
+    void keepAs(const QString& newName);
     /// Throws FileError.
     void remove();
 
+    /// For folders that only this computer may take for abandoned: `purpose`, the computer's name and "-".
+    [[nodiscard]] static QString prefixHere(const QString& purpose);
     /// True for what can be the name of a work folder.
     [[nodiscard]] static bool isName(const QString& name, const QString& prefix);
     /// Removes those of killed programs, as far as the system lets us. `mayGo` is asked for each once it is locked.

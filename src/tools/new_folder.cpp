@@ -2,7 +2,6 @@
 
 #include "platform/file_error.h"
 #include "tools/refused.h"
-#include "tools/work_folder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,27 +24,24 @@ QString emptyPlace(const QString& place)
 
 QString hiddenPrefix()
 {
-    return workFolderPrefix(QStringLiteral(".lorvan-export-"));
+    return WorkFolder::prefixHere(QStringLiteral(".lorvan-export-"));
 }
 
 Folder parentOf(const QString& place)
 {
     try {
         Folder parent(QFileInfo(place).path());
-        removeWorkFolders(parent, hiddenPrefix());
+        WorkFolder::removeAbandoned(parent, hiddenPrefix());
         return parent;
     } catch (const FileError& error) {
         throw Refused(QString::fromUtf8(error.what()));
     }
 }
 
-Folder workFolderIn(const Folder& parent)
+Refused unwritable(const QString& place, const QString& reason)
 {
-    try {
-        return parent.makeWorkFolder(hiddenPrefix());
-    } catch (const FileError& error) {
-        throw Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(parent.path(), error.reason()));
-    }
+    const QString parent = QFileInfo(QDir::cleanPath(QFileInfo(place).absoluteFilePath())).path();
+    return Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(parent, reason));
 }
 
 void confirmFiles(const Folder& folder)
@@ -58,30 +54,21 @@ void confirmFiles(const Folder& folder)
 } // namespace
 
 NewFolder::NewFolder(const QString& place)
-    : m_place(emptyPlace(place))
-    , m_parent(parentOf(m_place))
-    , m_work(workFolderIn(m_parent))
-{
-    (void)isLocked(m_work);
-}
-
-NewFolder::~NewFolder()
-{
-    if (!m_kept)
-        removeWorkFolder(m_parent, m_work);
+try : m_place(emptyPlace(place)), m_parent(parentOf(m_place)), m_work(m_parent, hiddenPrefix()) {
+} catch (const FileError& error) {
+    throw unwritable(place, error.reason());
+} catch (const LockRefused& error) {
+    throw unwritable(place, QString::fromUtf8(error.what()));
 }
 
 void NewFolder::keep()
 {
     try {
-        confirmFiles(m_work);
-        // In one step, and only over a folder that is empty still.
-        m_parent.rename(
-            QFileInfo(m_work.path()).fileName(), m_parent, QFileInfo(m_place).fileName(), Folder::Taken::Replace);
+        confirmFiles(m_work.folder());
+        m_work.keepAs(QFileInfo(m_place).fileName()); // in one step, and only over a folder that is empty still
     } catch (const FileError& error) {
         throw Refused(QStringLiteral("Ο φάκελος %1 δεν παίρνει τη θέση του. %2").arg(m_place, error.reason()));
     }
-    m_kept = true;
     m_parent.confirm();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/folder.h"
+#include "app/work_folder.h"
 
 #include <QString>
 
@@ -14,11 +14,10 @@ public:
     /// Throws Refused when something other than an empty folder is in the place already, or nothing can be written
     /// there.
     explicit NewFolder(const QString& place);
-    ~NewFolder();
     NewFolder(const NewFolder&) = delete;
     NewFolder& operator=(const NewFolder&) = delete;
 
-    [[nodiscard]] QString filePath(const QString& name) const { return m_work.pathOf(name); }
+    [[nodiscard]] QString filePath(const QString& name) const { return m_work.folder().pathOf(name); }
 
     /// Has the disk confirm all files and moves the folder into its place. Throws Refused; it is then not there. A name
     /// that the disk does not confirm is noted with noteUnconfirmed().
@@ -27,8 +26,7 @@ public:
 private:
     QString m_place;
     Folder m_parent;
-    Folder m_work;
-    bool m_kept = false;
+    WorkFolder m_work;
 };
 
 } // namespace lorvan

@@ -2,7 +2,6 @@
 
 #include "platform/file_error.h"
 #include "tools/refused.h"
-#include "tools/work_folder.h"
 
 #include <QFileInfo>
 
@@ -15,7 +14,7 @@ const QString noteName = QStringLiteral("moving");
 
 QString namePrefix()
 {
-    return workFolderPrefix(QStringLiteral(".lorvan-"));
+    return WorkFolder::prefixHere(QStringLiteral(".lorvan-"));
 }
 
 QString nameOf(const QString& path)
@@ -38,6 +37,11 @@ bool wasKilledWhileMoving(const Folder& staged, const Folder& target, const Book
         && beginningOf(target, auxiliary) == note;
 }
 
+Refused unwritable(const QString& folder, const QString& reason)
+{
+    return Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(folder, reason));
+}
+
 void takeBackMove(const Folder& staged, const Folder& target, const BookFiles& files)
 {
     const QString marker = nameOf(files.usageMarker());
@@ -50,29 +54,25 @@ void takeBackMove(const Folder& staged, const Folder& target, const BookFiles& f
 } // namespace
 
 StagingFolder::StagingFolder(const QString& dataFolder)
-try : m_dataFolder(dataFolder), m_folder(m_dataFolder.makeWorkFolder(namePrefix())) {
-    (void)isLocked(m_folder);
+try : m_dataFolder(dataFolder), m_work(m_dataFolder, namePrefix()) {
 } catch (const FileError& error) {
-    throw Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(dataFolder, error.reason()));
-}
-
-StagingFolder::~StagingFolder()
-{
-    removeWorkFolder(m_dataFolder, m_folder);
+    throw unwritable(dataFolder, error.reason());
+} catch (const LockRefused& error) {
+    throw unwritable(dataFolder, QString::fromUtf8(error.what()));
 }
 
 void StagingFolder::noteMove() const
 {
     try {
-        for (const QString& name : m_folder.names())
-            m_folder.open(name, Folder::Opening::Write).sync();
-        File note = m_folder.open(noteName, Folder::Opening::MakeNew, FileAccess::Owner);
-        note.write(beginningOf(m_folder, nameOf(files().auxiliaryDatabase())));
+        for (const QString& name : folder().names())
+            folder().open(name, Folder::Opening::Write).sync();
+        File note = folder().open(noteName, Folder::Opening::MakeNew, FileAccess::Owner);
+        note.write(beginningOf(folder(), nameOf(files().auxiliaryDatabase())));
         note.sync();
-        m_folder.sync();
+        folder().sync();
         m_dataFolder.sync();
     } catch (const FileError& error) {
-        throw Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(m_folder.path(), error.reason()));
+        throw unwritable(folder().path(), error.reason());
     }
 }
 
@@ -81,9 +81,11 @@ void removeStagingRemainders(const BookFiles& files)
     if (!QFileInfo(files.dataFolder()).isDir())
         return;
     const Folder target(files.dataFolder());
-    removeWorkFolders(target, namePrefix(), [&](const Folder& staged) {
+    WorkFolder::removeAbandoned(target, namePrefix(), [&](const QString& name) {
+        const Folder staged = target.openFolder(name);
         if (wasKilledWhileMoving(staged, target, files))
             takeBackMove(staged, target, files);
+        return true;
     });
 }
 

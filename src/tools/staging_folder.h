@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/book_files.h"
-#include "platform/folder.h"
+#include "app/work_folder.h"
 
 namespace lorvan {
 
@@ -11,12 +11,11 @@ class StagingFolder {
 public:
     /// Throws Refused when it cannot be made.
     explicit StagingFolder(const QString& dataFolder);
-    ~StagingFolder();
     StagingFolder(const StagingFolder&) = delete;
     StagingFolder& operator=(const StagingFolder&) = delete;
 
-    [[nodiscard]] BookFiles files() const { return BookFiles(m_folder.path()); }
-    [[nodiscard]] const Folder& folder() const { return m_folder; }
+    [[nodiscard]] BookFiles files() const { return BookFiles(folder().path()); }
+    [[nodiscard]] const Folder& folder() const { return m_work.folder(); }
     [[nodiscard]] const Folder& dataFolder() const { return m_dataFolder; }
 
     /// To be called before the first file is moved into the data folder: notes what tells the staged book from others,
@@ -26,12 +25,12 @@ public:
 
 private:
     Folder m_dataFolder;
-    Folder m_folder;
+    WorkFolder m_work;
 };
 
 /// Removes the staging folders that killed processes of this computer left in a data folder, and the files which such a
 /// process had moved out already without reaching the main database, the last. What is in use, or not certainly such a
-/// remainder, stays. Throws FileError.
+/// remainder, stays. Throws FileError where the data folder cannot be opened.
 void removeStagingRemainders(const BookFiles& files);
 
 } // namespace lorvan

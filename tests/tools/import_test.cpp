@@ -316,7 +316,8 @@ TEST_F(Import, takesBackAMoveThatAKilledProcessDidNotFinish)
         _exit(0);
     }
     ASSERT_EQ(waitpid(child, nullptr, 0), child);
-    ASSERT_EQ(contentOf(made().dataFolder()).size(), 5u) << "both files, the folder with the third, and the note";
+    ASSERT_EQ(contentOf(made().dataFolder()).size(), 6u)
+        << "both files, the folder with the third, its lock, and the note";
     EXPECT_EQ(runImport().status, ExitStatus::Done);
     EXPECT_EQ(contentOf(made().dataFolder()).size(), 3u);
 }
