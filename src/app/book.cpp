@@ -37,17 +37,12 @@ private:
     bool m_kept = false;
 };
 
-Connection opened(const QString& path, KeyRing& keys, Connection::Access access)
-{
-    return Connection::open(path, keys.keyFor(path), access);
-}
-
 } // namespace
 
 Book::Book(const BookFiles& files, KeyRing& keys, Connection::Access access)
-    : m_source(Source{files, &keys, access, lockReachOf(files)})
-    , m_main(opened(m_source->files.mainDatabase(), keys, access))
-    , m_auxiliary(opened(m_source->files.auxiliaryDatabase(), keys, access))
+    : m_source(Source{files, &keys, access})
+    , m_main(openBookFile(m_source->files.mainDatabase(), keys, access))
+    , m_auxiliary(openBookFile(m_source->files.auxiliaryDatabase(), keys, access))
 {
 }
 
@@ -61,8 +56,8 @@ bool Book::setAccess(Connection::Access access)
 {
     if (!m_source || m_source->access == access || isReplaced())
         return false;
-    Connection main = opened(m_source->files.mainDatabase(), *m_source->keys, access);
-    Connection auxiliary = opened(m_source->files.auxiliaryDatabase(), *m_source->keys, access);
+    Connection main = openBookFile(m_source->files.mainDatabase(), *m_source->keys, access);
+    Connection auxiliary = openBookFile(m_source->files.auxiliaryDatabase(), *m_source->keys, access);
     if (isReplaced())
         return false; // the names mean other files than those that were open
     m_main = std::move(main);
@@ -77,14 +72,6 @@ void Book::ensureSchema()
         ensureMainSchema(m_main);
     if (!m_auxiliary.isReadOnly())
         ensureAuxiliaryIndexes(m_auxiliary);
-}
-
-void Book::read(const std::function<void()>& work)
-{
-    if (m_source && m_source->locks != LockReach::Everybody && m_main.isReadOnly())
-        readSteadily(m_main, m_source->files.mainDatabase(), work);
-    else
-        work();
 }
 
 bool Book::isReplaced() const

@@ -3,9 +3,7 @@
 #include "app/book_files.h"
 #include "platform/connection.h"
 #include "platform/key_ring.h"
-#include "platform/lock_reach.h"
 
-#include <functional>
 #include <optional>
 #include <stdexcept>
 
@@ -30,9 +28,6 @@ public:
     /// computer holds. Throws SqlError.
     void ensureSchema();
 
-    /// Reads the main database: see readSteadily() where locks are not to be trusted and this book is read-only.
-    void read(const std::function<void()>& work);
-
     [[nodiscard]] Connection& main() { return m_main; }
     [[nodiscard]] Connection& auxiliary() { return m_auxiliary; }
 
@@ -46,7 +41,6 @@ private:
         BookFiles files;
         KeyRing* keys;
         Connection::Access access;
-        LockReach locks;
     };
 
     std::optional<Source> m_source;

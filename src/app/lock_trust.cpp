@@ -21,7 +21,6 @@ using std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds longestWait = 2 * Connection::usualPatience;
 constexpr std::chrono::milliseconds betweenAttempts{20};
-constexpr qsizetype comparedBytes = 1024;
 
 void waitForJournal(const QString& path)
 {
@@ -32,24 +31,6 @@ void waitForJournal(const QString& path)
         std::this_thread::sleep_for(betweenAttempts);
     }
 }
-
-/// What differs after a change by somebody else.
-struct FileState {
-    QByteArray start;
-    bool hasJournal = false;
-
-    static FileState of(Connection& connection, const QString& path)
-    {
-        FileState state;
-        connection.readFile(QStringLiteral("main"), [&state](const QByteArray& block) {
-            state.start = block.first(std::min(comparedBytes, block.size()));
-            return false;
-        });
-        state.hasJournal = Connection::hasJournal(path);
-        return state;
-    }
-    friend bool operator==(const FileState&, const FileState&) = default;
-};
 
 } // namespace
 
@@ -68,6 +49,12 @@ LockReach lockReachOf(const BookFiles& files)
     }
 }
 
+Connection openBookFile(const QString& path, KeyRing& keys, Connection::Access access)
+{
+    const LockReach locks = lockReachOf(BookFiles(QFileInfo(path).path()));
+    return Connection::open(path, keys.keyFor(path), access, Connection::usualPatience, locks);
+}
+
 void admitUnguarded(const BookFiles& files)
 {
     const LockReach reach = lockReachOf(files);
@@ -82,27 +69,7 @@ void admitUnguarded(const BookFiles& files)
 Connection openUnguarded(const QString& path, KeyRing& keys)
 {
     admitUnguarded(BookFiles(QFileInfo(path).path()));
-    return Connection::open(path, keys.keyFor(path), Connection::Access::ReadWrite);
-}
-
-void readSteadily(Connection& connection, const QString& path, const std::function<void()>& read)
-{
-    const auto deadline = steady_clock::now() + longestWait;
-    for (;;) {
-        const bool isLast = steady_clock::now() >= deadline;
-        try {
-            const FileState before = FileState::of(connection, path);
-            read();
-            if (!before.hasJournal && before == FileState::of(connection, path))
-                return;
-        } catch (const SqlError& error) {
-            if (isLast || error.kind() == SqlError::Kind::Interrupted)
-                throw;
-        }
-        if (isLast)
-            throw SqlError(SQLITE_BUSY, QStringLiteral("the file changes while it is read"), path, path);
-        std::this_thread::sleep_for(betweenAttempts);
-    }
+    return openBookFile(path, keys, Connection::Access::ReadWrite);
 }
 
 } // namespace lorvan

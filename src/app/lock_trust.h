@@ -3,7 +3,6 @@
 #include "platform/connection.h"
 #include "platform/lock_reach.h"
 
-#include <functional>
 #include <stdexcept>
 
 namespace lorvan {
@@ -14,6 +13,11 @@ class UsageMarker;
 
 /// Whom the locks on a book's files keep out, tried on its usage marker.
 [[nodiscard]] LockReach lockReachOf(const BookFiles& files);
+
+/// A database of a book. Where locks do not keep everybody out, it watches the file when it is opened for reading
+/// alone. Throws as Connection::open().
+[[nodiscard]] Connection openBookFile(
+    const QString& path, KeyRing& keys, Connection::Access access = Connection::Access::ReadOnly);
 
 /// A change is refused because no lock would keep others out. what() says so to the user.
 class LocksUntrusted : public std::runtime_error {
@@ -28,9 +32,5 @@ void admitUnguarded(const BookFiles& files);
 
 /// The connection for such an action. Throws the same, and as Connection::open().
 [[nodiscard]] Connection openUnguarded(const QString& path, KeyRing& keys);
-
-/// Reads where locks are not to be trusted: again, for up to ten seconds, as long as the database's first kilobyte or
-/// its journal changed meanwhile or the engine refused. Throws what the last reading threw, or SqlError of kind Busy.
-void readSteadily(Connection& connection, const QString& path, const std::function<void()>& read);
 
 } // namespace lorvan

@@ -2,6 +2,7 @@
 
 #include "app/book_files.h"
 #include "app/copy_writing.h"
+#include "app/lock_trust.h"
 #include "platform/connection.h"
 #include "platform/sql_error.h"
 #include "platform/transaction.h"
@@ -155,7 +156,8 @@ private:
         const FileKey key = keys.keyFor(book.mainDatabase());
         const FileKey auxiliaryKey = keys.keyFor(book.auxiliaryDatabase());
         Connection connection = untilUnlocked([&] {
-            return Connection::open(book.mainDatabase(), key, Connection::Access::ReadOnly, m_patience.firstLock);
+            return Connection::open(
+                book.mainDatabase(), key, Connection::Access::ReadOnly, m_patience.firstLock, lockReachOf(book));
         });
         untilUnlocked([&] { connection.attach(book.auxiliaryDatabase(), auxiliaryKey, QStringLiteral("auxiliary")); });
         return connection;
@@ -193,6 +195,7 @@ private:
             continueOrGiveUp();
             return toTheEnd || lock.age() < m_patience.locked;
         });
+        m_book.refuseDisturbed();
         m_report.longestLock =
             std::max(m_report.longestLock, std::chrono::duration_cast<std::chrono::microseconds>(lock.age()));
         return isWhole;

@@ -5,6 +5,7 @@
 #include "platform/connection.h"
 #include "platform/date_text.h"
 #include "platform/sql_error.h"
+#include "platform/steady_reading.h"
 #include "platform/stop_check.h"
 #include "platform/transaction.h"
 
@@ -229,10 +230,13 @@ BookFindings checkFiles(Connection& book, const CheckProgress& progress)
 
 BookCheck checkContent(Connection& book, const CheckProgress& progress)
 {
-    const Transaction transaction(book, Transaction::Mode::Read);
-    const CashAudit audit = auditCash(book, progress);
-    BookCheck check{findingsOf(audit), totalsOf(book, audit.movements.totals)};
-    check.findings.merge(auditRecords(book));
+    BookCheck check;
+    readSteadily(book, [&] {
+        const Transaction transaction(book, Transaction::Mode::Read);
+        const CashAudit audit = auditCash(book, progress);
+        check = {findingsOf(audit), totalsOf(book, audit.movements.totals)};
+        check.findings.merge(auditRecords(book));
+    });
     return check;
 }
 

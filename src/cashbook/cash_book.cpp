@@ -3,6 +3,7 @@
 #include "app/book.h"
 #include "cashbook/cash_closing.h"
 #include "cashbook/movement_store.h"
+#include "platform/steady_reading.h"
 #include "platform/transaction.h"
 
 namespace lorvan {
@@ -35,7 +36,7 @@ DayView CashBook::showDay(QDate day, DayRow row)
     Connection& main = m_book.main();
     DayView view;
     bool isRight = false;
-    m_book.read([&] {
+    readSteadily(main, [&] {
         Transaction reading(main, Transaction::Mode::Read);
         view = readDay(main, day);
         isRight = row == DayRow::LeaveAlone || view.movements.empty() || main.isReadOnly()

@@ -5,6 +5,7 @@
 #include "platform/folder.h"
 #include "platform/sql_error.h"
 #include "platform/sql_functions.h"
+#include "platform/steady_reading.h"
 
 #include <QFileInfo>
 
@@ -64,6 +65,7 @@ Connection& Connection::operator=(Connection&& other) noexcept
     m_idle.clear();
     m_handle = std::move(other.m_handle);
     m_waiting = std::move(other.m_waiting);
+    m_watch = std::move(other.m_watch);
     m_schemas = std::move(other.m_schemas);
     m_idle = std::move(other.m_idle);
     return *this;
@@ -93,12 +95,15 @@ Connection Connection::openHandle(
     return connection;
 }
 
-Connection Connection::open(const QString& path, const FileKey& key, Access access, std::chrono::milliseconds patience)
+Connection Connection::open(
+    const QString& path, const FileKey& key, Access access, std::chrono::milliseconds patience, LockReach locks)
 {
     if (QFileInfo(path).size() == 0 && QFileInfo::exists(path))
         throw SqlError(SQLITE_NOTADB, QStringLiteral("file is empty"), path);
     const int flags = access == Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     Connection connection = openHandle(path, key.engineText(), flags, patience);
+    if (locks != LockReach::Everybody && connection.isReadOnly())
+        connection.m_watch = std::make_unique<FileWatch>(connection.handle());
     connection.proveReadable(path);
     connection.outlivePowerCuts(QStringLiteral("main"), path);
     connection.execute(cacheOfSixtyFourMegabytes);
@@ -193,12 +198,24 @@ Statement Connection::prepare(std::string_view sql)
         idle->second.pop_back();
         return {*this, reused};
     }
-    sqlite3_stmt* prepared = nullptr;
+    if (!m_watch || isReading()) // what takes a disturbed reading back is prepared too
+        return {*this, prepared(sql).release()};
+    IdleStatement steady;
+    readSteadily(*this, [&] {
+        steady = prepared(sql); // the engine may have to read the schema
+        refuseDisturbed();
+    });
+    return {*this, steady.release()};
+}
+
+Connection::IdleStatement Connection::prepared(std::string_view sql) const
+{
+    sqlite3_stmt* made = nullptr;
     const int code = patiently(
-        [&] { return sqlite3_prepare_v2(handle(), sql.data(), static_cast<int>(sql.size()), &prepared, nullptr); });
+        [&] { return sqlite3_prepare_v2(handle(), sql.data(), static_cast<int>(sql.size()), &made, nullptr); });
     if (code != SQLITE_OK)
         throw SqlError::fromConnection(handle(), code, quoted(sql));
-    return {*this, prepared};
+    return IdleStatement(made);
 }
 
 void Connection::takeBack(sqlite3_stmt* handle) noexcept
@@ -218,12 +235,19 @@ void Connection::attach(const QString& path, const FileKey& key, const QString& 
     // ATTACH would silently create a missing file.
     if (QFileInfo(path).size() == 0)
         throw SqlError(SQLITE_CANTOPEN, QStringLiteral("unable to open database file"), path);
-    try {
+    const auto run = [&] {
         prepare("ATTACH ? AS ? KEY ?").bind(path, schema, QString::fromLatin1(key.engineText())).run();
+    };
+    try {
+        run();
     } catch (const SqlError& error) {
-        throw SqlError(error.code(), error.engineMessage(), path + QStringLiteral(": ") + error.statement(), path);
+        if (!m_watch)
+            throw SqlError(error.code(), error.engineMessage(), path + QStringLiteral(": ") + error.statement(), path);
+        run();
     }
     m_schemas.push_back(schema.toUtf8());
+    if (m_watch)
+        m_watch->add(schema.toUtf8());
     outlivePowerCuts(schema, path);
 }
 
@@ -273,6 +297,38 @@ bool Connection::isReadOnly() const
 bool Connection::inTransaction() const
 {
     return sqlite3_get_autocommit(handle()) == 0;
+}
+
+bool Connection::isReading() const
+{
+    if (inTransaction())
+        return true;
+    for (sqlite3_stmt* each = sqlite3_next_stmt(handle(), nullptr); each; each = sqlite3_next_stmt(handle(), each)) {
+        if (sqlite3_stmt_busy(each) != 0)
+            return true;
+    }
+    return false;
+}
+
+FileWatch::State Connection::beginReading()
+{
+    if (!m_watch)
+        return {};
+    const auto since = std::chrono::steady_clock::now();
+    while (!isReading() && !m_watch->note()) {
+        const QString path = QString::fromUtf8(sqlite3_db_filename(handle(), "main"));
+        if (!waitForJournal(since))
+            throw SqlError(SQLITE_READONLY_ROLLBACK, QStringLiteral("a rollback journal stands"), path, path);
+    }
+    return m_watch->noted();
+}
+
+void Connection::refuseDisturbed() const
+{
+    if (!m_watch || m_watch->isAsNoted())
+        return;
+    const QString path = QString::fromUtf8(sqlite3_db_filename(handle(), "main"));
+    throw SqlError(SQLITE_BUSY, QStringLiteral("the file changes while it is read"), path, path);
 }
 
 void Connection::setBusyTimeout(std::chrono::milliseconds timeout)

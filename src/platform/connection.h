@@ -1,7 +1,9 @@
 #pragma once
 
 #include "platform/file.h"
+#include "platform/file_watch.h"
 #include "platform/key_ring.h"
+#include "platform/lock_reach.h"
 #include "platform/statement.h"
 
 #include <QString>
@@ -25,6 +27,10 @@ namespace lorvan {
 /// triggers, which no book has, do not run. A commit outlives a power cut: a rollback journal, and a disk that has
 /// confirmed both the file and the journal's end. On a file system that cannot confirm names, the file alone. Another
 /// connection's lock is waited for up to five seconds.
+///
+/// A connection that only reads, and whose locks do not keep everybody out, watches the files instead: every row that a
+/// statement yields is of the state that its transaction, or without one the statement, began with. What another
+/// program changes meanwhile is read again (readSteadily()) or ends in an SqlError of kind Busy.
 class Connection {
 public:
     /// ReadOnly takes nothing back: where a program that was killed has left a journal, it waits twice as long as for a
@@ -36,9 +42,9 @@ public:
     /// Opens an existing plain file and proves key and header by reading the schema. Throws SqlError: CannotOpen for a
     /// missing file or a link, NotADatabase for a wrong key, a foreign or an empty file, Damaged for one that is cut
     /// short, InputOutput when the disk does not confirm the folder of a file that is to be written.
-    /// `patience` is how long this connection waits for another one's lock.
+    /// `patience` is how long this connection waits for another one's lock, `locks` whom one on the file keeps out.
     static Connection open(const QString& path, const FileKey& key, Access access = Access::ReadOnly,
-        std::chrono::milliseconds patience = usualPatience);
+        std::chrono::milliseconds patience = usualPatience, LockReach locks = LockReach::Everybody);
 
     /// Makes a new file keyed with the password. Throws SqlError (CannotOpen) when the path exists already, FileError
     /// when it cannot be made.
@@ -77,6 +83,17 @@ public:
     [[nodiscard]] int changedRows() const;
     [[nodiscard]] bool isReadOnly() const;
     [[nodiscard]] bool inTransaction() const;
+
+    /// What stands in for locks; null where these are trusted.
+    [[nodiscard]] FileWatch* watch() const { return m_watch.get(); }
+    /// True inside a transaction and while a statement runs.
+    [[nodiscard]] bool isReading() const;
+    /// Has the watch note the files, waiting up to twice a lock's patience while a journal stands; then throws SqlError
+    /// of kind JournalStands. Nothing happens where locks are trusted, or a reading has begun. Returns what is noted.
+    FileWatch::State beginReading();
+    /// Throws SqlError of kind Busy where somebody has changed the files since they were noted.
+    void refuseDisturbed() const;
+
     void setBusyTimeout(std::chrono::milliseconds timeout);
 
     [[nodiscard]] sqlite3* handle() const { return m_handle.get(); }
@@ -121,11 +138,13 @@ private:
         const QString& path, const QByteArray& engineKey, int flags, std::chrono::milliseconds patience);
 
     void takeBack(sqlite3_stmt* handle) noexcept;
+    [[nodiscard]] IdleStatement prepared(std::string_view sql) const;
     void proveReadable(const QString& path);
     void outlivePowerCuts(const QString& schema, const QString& path);
 
     std::unique_ptr<Waiting> m_waiting = std::make_unique<Waiting>(); // outlives m_handle
     std::unique_ptr<sqlite3, Close> m_handle;
+    std::unique_ptr<FileWatch> m_watch;
     std::vector<QByteArray> m_schemas{QByteArrayLiteral("main")};
     std::unordered_map<std::string, std::vector<IdleStatement>> m_idle; // destroyed before m_handle is closed
 };

@@ -8,6 +8,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 
 struct sqlite3_stmt;
@@ -70,13 +71,20 @@ public:
 
 private:
     friend class Connection;
+    /// Rows that are handed out once it is known that they belong together.
+    struct Ahead;
     Statement(Connection& connection, sqlite3_stmt* handle);
+
+    [[nodiscard]] bool stepEngine();
+    [[nodiscard]] bool stepAhead();
+    [[nodiscard]] std::unique_ptr<Ahead> fetch();
 
     void bindInteger(int parameter, std::int64_t value);
     void check(int code) const;
 
     Connection* m_connection;
     sqlite3_stmt* m_handle;
+    std::unique_ptr<Ahead> m_ahead;
 };
 
 } // namespace lorvan

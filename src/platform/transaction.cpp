@@ -31,6 +31,7 @@ Transaction::Transaction(Connection& connection, Mode mode)
     : m_connection(connection)
     , m_rowsBefore(connection.changedRows())
 {
+    (void)connection.beginReading();
     connection.prepare(beginning(mode)).run();
     if (mode == Mode::Read)
         return;

@@ -4,6 +4,7 @@
 #include "app/lock_trust.h"
 #include "platform/connection.h"
 #include "platform/date_text.h"
+#include "platform/steady_reading.h"
 #include "platform/stop_check.h"
 #include "reports/cash_analysis_report.h"
 #include "reports/cash_summary_report.h"
@@ -52,22 +53,19 @@ QString databaseOf(Report report, const BookFiles& files)
 
 using Reading = std::function<void(Connection& connection, const ReportProgress& counting)>;
 
-/// Over a connection of its own, twice where locks do not say whether somebody wrote meanwhile.
+/// Over a connection of its own, again where somebody wrote meanwhile and no lock kept them from it.
 void readForReport(const ReportRequest& request, const BookFiles& files, KeyRing& keys, const ReportProgress& progress,
     const Reading& read)
 {
     const QString path = databaseOf(request.report, files);
-    Connection connection = Connection::open(path, keys.keyFor(path));
+    Connection connection = openBookFile(path, keys);
     int rows = 0;
     const ReportProgress counting = [&rows, &progress](int built) {
         rows = built;
         return !progress || progress(built);
     };
     const StopCheck check(connection, [&rows, &progress] { return !progress || progress(rows); });
-    if (lockReachOf(files) == LockReach::Everybody)
-        read(connection, counting);
-    else
-        readSteadily(connection, path, [&] { read(connection, counting); });
+    readSteadily(connection, [&] { read(connection, counting); });
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "analysis/analysh_frm.h"
 #include "app/book_files.h"
+#include "app/lock_trust.h"
 #include "platform/busy_pointer.h"
 #include "platform/connection.h"
 #include "platform/message_window.h"
@@ -43,7 +44,7 @@ void askColumns(ReportRequest& request, QWidget* parent)
 void askGroups(ReportInputs& inputs, const BookFiles& files, KeyRing& keys, QWidget* parent)
 {
     const QString path = files.mainDatabase();
-    Connection main = Connection::open(path, keys.keyFor(path));
+    Connection main = openBookFile(path, keys);
     if (!hasCashAnalysis(main, inputs.start))
         return;
     AnalyshFRM screen(main, SettingsStore(), inputs.startText, parent);

@@ -1,6 +1,7 @@
 #include "tools/opened_book.h"
 
 #include "app/book_recovery.h"
+#include "app/lock_trust.h"
 #include "app/pending_restore.h"
 #include "app/schema_guard.h"
 #include "app/schema_upgrade.h"
@@ -45,7 +46,8 @@ Connection OpenedBook::open(Connection::Access access)
     m_keys.prepare(m_files.auxiliaryDatabase());
     const FileKey mainKey = m_keys.keyFor(m_files.mainDatabase());
     const FileKey auxiliaryKey = m_keys.keyFor(m_files.auxiliaryDatabase());
-    Connection connection = Connection::open(m_files.mainDatabase(), mainKey, access);
+    Connection connection =
+        Connection::open(m_files.mainDatabase(), mainKey, access, Connection::usualPatience, lockReachOf(m_files));
     refuseForeignObjects(connection);
     if (needsUpgrade(connection))
         throw Refused(QStringLiteral("Το βιβλίο στον φάκελο %1 είναι παλαιότερης έκδοσης. Ανοίξτε το μία φορά με το"

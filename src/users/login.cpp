@@ -1,6 +1,7 @@
 #include "users/login.h"
 
 #include "app/guarded_window.h"
+#include "app/lock_trust.h"
 #include "app/start_failure_window.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
@@ -275,7 +276,7 @@ void Login::signInAsTyped()
     setSize(Size::Compact);
     try {
         const QString users = m_files.auxiliaryDatabase();
-        Connection auxiliary = Connection::open(users, m_keys.keyFor(users));
+        Connection auxiliary = openBookFile(users, m_keys);
         if (const auto session = signIn(auxiliary, name, password)) {
             Q_EMIT signedIn(*session);
             return;

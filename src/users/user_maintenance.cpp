@@ -120,7 +120,7 @@ void UserMaintenance::fillList()
     m_users.clear();
     guarded(window(), [this] {
         const QString path = m_files.auxiliaryDatabase();
-        Connection auxiliary = Connection::open(path, m_keys.keyFor(path));
+        Connection auxiliary = openBookFile(path, m_keys);
         m_users = listUsers(auxiliary);
     });
     std::vector<ListRow> rows;

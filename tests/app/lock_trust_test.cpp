@@ -1,15 +1,19 @@
 #include "app/book_opening.h"
 #include "app/failure_text.h"
 #include "app/lock_trust.h"
-#include "platform/file_calls.h"
 #include "platform/sql_error.h"
+#include "platform/steady_reading.h"
 #include "support/temporary_book.h"
+#include "support/vain_locks.h"
+#include "support/worker_log.h"
+#include "support/worker_process.h"
 
 #include <QFile>
 
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <iostream>
 #include <map>
 #include <sqlite3.h>
 #include <sys/wait.h>
@@ -19,18 +23,23 @@
 namespace lorvan::test {
 namespace {
 
-/// Locks that everybody gets.
-class VainLocks : public FileCalls {
-public:
-    VainLocks() { replace(this); }
-    ~VainLocks() override { replace(nullptr); }
-    int lock(int, short, off_t, off_t) override { return 0; }
-};
-
 Book openBookOf(const TemporaryBook& book)
 {
     UsageMarker marker(book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("A")});
     return openBook(book.files(), testKeys(), marker, [] { return OpeningBalance{}; });
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void overwrite(const QString& path, const QByteArray& beginning)
+{
+    std::this_thread::sleep_for(std::chrono::milliseconds(10)); // the clock of file times is coarse
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.write(beginning) == beginning.size());
 }
 
 /// As a program leaves a book that is killed while it writes.
@@ -110,21 +119,70 @@ TEST(LockTrust, anUnguardedActionWaitsForAJournalToGo)
     other.join();
 }
 
+/// The same process changes the book meanwhile: between its connections, locks of the engine's own are in force.
 TEST(LockTrust, whatChangesWhileItIsReadIsReadAgain)
 {
     const TemporaryBook book;
-    Connection main = Connection::open(book.files().mainDatabase(), testKeys().keyFor(book.files().mainDatabase()));
-    QString seen;
-    int readings = 0;
-    readSteadily(main, book.files().mainDatabase(), [&] {
-        seen = valueOf(main, "SELECT count(*) FROM kvdikoi");
-        if (++readings == 1)
-            book.execute("DELETE FROM kvdikoi");
-        if (readings == 2)
+    const VainLocks locks;
+    Connection main = openBookFile(book.files().mainDatabase(), testKeys());
+    std::vector<QString> seen;
+    readSteadily(main, [&] {
+        if (seen.size() == 1)
+            book.execute("DELETE FROM kvdikoi"); // between two readings
+        seen.push_back(valueOf(main, "SELECT count(*) FROM kvdikoi"));
+        if (seen.size() == 1)
             throw SqlError(SQLITE_CORRUPT, QStringLiteral("half written"), {});
     });
-    EXPECT_EQ(seen, QStringLiteral("0"));
-    EXPECT_EQ(readings, 3);
+    EXPECT_EQ(seen, (std::vector<QString>{QStringLiteral("2"), QStringLiteral("0")}));
+
+    // A first page that was written before the others: what is read then must not be kept.
+    book.execute("INSERT INTO kvdikoi (kvdikos) VALUES (1)");
+    const QByteArray after = contentOf(book.files().mainDatabase());
+    book.execute("DELETE FROM kvdikoi");
+    overwrite(book.files().mainDatabase(), after.first(1024));
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), QStringLiteral("0"));
+    overwrite(book.files().mainDatabase(), after);
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), QStringLiteral("1"));
+
+    book.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<1000)"
+                 " INSERT INTO tameio (hmeromhnia) SELECT 20240000+i FROM n");
+    auto rows = main.prepare("SELECT hmeromhnia FROM tameio");
+    ASSERT_TRUE(rows.step());
+    overwrite(book.files().mainDatabase(), contentOf(book.files().mainDatabase()));
+    int read = 1;
+    EXPECT_THROW(
+        while (rows.step()) { ++read; }, SqlError)
+        << "rows of two states";
+    EXPECT_LT(read, 1000);
+}
+
+TEST(LockTrust, whereLocksDoNothingWriterAndReadersLeaveTheBookWhole)
+{
+    const TemporaryBook book;
+    book.addUser(QStringLiteral("Μαρία"), QStringLiteral("1"));
+    const QString log = book.path(QStringLiteral("log"));
+    const QString looked[] = {book.path(QStringLiteral("looked1")), book.path(QStringLiteral("looked2"))};
+    WorkerProcess writer({QStringLiteral("typing"), book.folder(), log, QStringLiteral("1800")});
+    ASSERT_TRUE(writer.waitForLog(log));
+    {
+        WorkerProcess first({QStringLiteral("looking"), book.folder(), looked[0], QStringLiteral("1200")});
+        WorkerProcess second({QStringLiteral("looking"), book.folder(), looked[1], QStringLiteral("1200")});
+        EXPECT_EQ(first.waitForExit(40), 0) << first.output().toStdString();
+        EXPECT_EQ(second.waitForExit(40), 0) << second.output().toStdString();
+    }
+    EXPECT_EQ(writer.waitForExit(40), 0) << writer.output().toStdString();
+    for (const QString& each : looked)
+        std::cout << "where locks do nothing: " << WorkerLog::read(each).at(0) << '\n';
+
+    BookModel model;
+    for (const std::string& line : WorkerLog::read(log)) {
+        if (line != "ready")
+            model.apply(changeIn(line));
+    }
+    Connection main = book.openMain();
+    EXPECT_EQ(valueOf(main, "PRAGMA integrity_check"), QStringLiteral("ok"));
+    EXPECT_EQ(storedMovements(main), model.movements());
+    EXPECT_EQ(storedCashDays(main), model.cashDays());
 }
 
 TEST(LockTrust, whatAKilledProgramLeftIsTakenBackUnlessAnotherHoldsTheMarker)

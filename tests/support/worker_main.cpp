@@ -9,30 +9,43 @@
 //   lorvan_test_worker claim   DIR LOG                 holds the marker as a command does, until it is ended
 //   lorvan_test_worker restore DIR LOG FILE            one restore of a backup over the book
 //   lorvan_test_worker pairs   DIR LOG COUNT           so many movements and closed days, four in each transaction
+//   lorvan_test_worker typing  DIR LOG MILLISECONDS    random changes where locks do nothing, with moments between them
+//   lorvan_test_worker looking DIR LOG MILLISECONDS    reads a book all that time in each of the ways, locks or not
 //   lorvan_test_worker marker  DIR LOG HOST ROUNDS     claims and releases the marker, changing the book now and then
 
 #include "app/book_restore.h"
+#include "app/lock_trust.h"
 #include "app/schema_upgrade.h"
+#include "app/steady_copy.h"
 #include "app/usage_marker.h"
+#include "cashbook/book_check.h"
 #include "cashbook/book_repair.h"
+#include "cashbook/movement_batch.h"
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
+#include "platform/date_text.h"
 #include "platform/machine_identity.h"
 #include "platform/transaction.h"
 #include "support/random_changes.h"
 #include "support/temporary_book.h"
+#include "support/vain_locks.h"
 #include "support/worker_log.h"
+#include "tools/check_report.h"
 #include "tools/claimed_marker.h"
 #include "tools/opened_book.h"
 #include "users/administration.h"
+#include "users/user_accounts.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
 
 #include <chrono>
 #include <cstdio>
 #include <fcntl.h>
 #include <random>
 #include <sched.h>
+#include <sstream>
 #include <sys/file.h>
 #include <thread>
 #include <unistd.h>
@@ -152,6 +165,138 @@ int changeBothFiles(const BookFiles& files, WorkerLog& log, int count)
     return 0;
 }
 
+/// So many days that a change rewrites pages for longer than a moment, and a reading takes as long.
+void fillDays(Book& book, WorkerLog& log)
+{
+    constexpr int days = 1200;
+    std::string lines;
+    MovementBatch batch(book.main(), book.auxiliary(), {});
+    Transaction writing(book.main());
+    for (int i = 0; i < days; ++i) {
+        const QDate day = QDate(2024, 3, 1).addDays(i);
+        (void)batch.add(incomeOf(day, cents(100)));
+        lines += changeLine({ModelChange::Kind::Insert, {0, storedDate(day), 100, 0}}) + '\n';
+    }
+    (void)batch.settle();
+    writing.commit();
+    log.append(lines + "ready");
+}
+
+/// Every change of the movements is in the log; users and groups change beside them.
+int typeForAWhile(const BookFiles& files, WorkerLog& log, int milliseconds)
+{
+    makeEngineLocksVain();
+    Book book = openBook(files);
+    CashBook cashBook(book, {});
+    fillDays(book, log);
+    RandomChanges changes(1);
+    QElapsedTimer timer;
+    timer.start();
+    for (int round = 0; timer.elapsed() < milliseconds; ++round) {
+        const ModelChange change = changes.next(storedMovements(book.main()));
+        if (!std::holds_alternative<DayView>(makeChange(cashBook, change)))
+            return 2;
+        log.append(changeLine(change));
+        (void)renameGroup(book.main(), 1, QStringLiteral("Ομάδα %1").arg(round));
+        addUser(book.auxiliary(), QString::number(round), QStringLiteral("x"), {});
+        const bool isBreak = round % 4 == 0;
+        std::this_thread::sleep_for(std::chrono::milliseconds(isBreak ? 60 : 1));
+    }
+    return 0;
+}
+
+/// One that only looks on, where locks do nothing. What it reads is counted, or what stood in its way; that the book
+/// changes, or is in use, may do so.
+class OnLooker {
+public:
+    explicit OnLooker(const BookFiles& files)
+        : m_files(files)
+        , m_book(files.dataFolder())
+        , m_main(openBookFile(files.mainDatabase(), testKeys()))
+    {
+    }
+
+    void look()
+    {
+        attempt([this] { require(checkFiles(m_book.connection(), {noProgress}), "files"); });
+        attempt([this] { require(checkContent(m_book.connection(), {noProgress}).findings, "content"); });
+        attempt([this] { require(listCodes(m_main, CodeSelection::All).size() == 2, "codes"); });
+        attempt([this] { require(listGroups(m_main).size() == 1, "groups"); });
+        attempt([this] { require(signedIn(), "sign-in"); });
+        attempt([this] { copy(); });
+    }
+
+    [[nodiscard]] std::string counts() const
+    {
+        return std::to_string(m_read) + " readings, " + std::to_string(m_refused) + " refused";
+    }
+
+private:
+    static void noProgress(std::int64_t, std::int64_t) { }
+
+    static void require(bool isRight, const char* what)
+    {
+        if (!isRight)
+            throw std::runtime_error(what);
+    }
+    static void require(const BookFindings& findings, const char* what)
+    {
+        std::ostringstream text;
+        printFindings(findings, text);
+        if (!findings.isInOrder())
+            throw std::runtime_error(what + (": " + text.str()));
+    }
+
+    void attempt(const std::function<void()>& read)
+    {
+        try {
+            read();
+            ++m_read;
+        } catch (const SqlError& error) {
+            if (error.kind() != SqlError::Kind::Busy && error.kind() != SqlError::Kind::JournalStands)
+                throw;
+            ++m_refused;
+        }
+    }
+
+    [[nodiscard]] bool signedIn()
+    {
+        Connection users = openBookFile(m_files.auxiliaryDatabase(), testKeys());
+        return signIn(users, QStringLiteral("Μαρία"), QStringLiteral("1")).has_value();
+    }
+
+    void copy()
+    {
+        const QTemporaryDir folder;
+        const BookFiles copied(folder.path());
+        (void)copyBook(m_files, copied, testKeys(), {});
+        Connection book = Connection::open(copied.mainDatabase(), testKeys().keyForCopy(copied.mainDatabase()));
+        book.attach(
+            copied.auxiliaryDatabase(), testKeys().keyForCopy(copied.auxiliaryDatabase()), QStringLiteral("auxiliary"));
+        require(checkFiles(book, {noProgress}), "files of the copy");
+        require(checkContent(book, {noProgress}).findings, "content of the copy");
+    }
+
+    BookFiles m_files;
+    OpenedBook m_book;
+    Connection m_main;
+    int m_read = 0;
+    int m_refused = 0;
+};
+
+int lookForAWhile(const BookFiles& files, WorkerLog& log, int milliseconds)
+{
+    makeEngineLocksVain();
+    const VainLocks locks;
+    OnLooker looker(files);
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds)
+        looker.look();
+    log.append(looker.counts());
+    return 0;
+}
+
 /// A name of its own for this computer, as the system gives it; else one that is only passed on.
 MachineIdentity identityAt(const QString& host)
 {
@@ -230,6 +375,10 @@ int run(const QStringList& arguments)
         return restore(files, log, arguments.value(4));
     if (task == QStringLiteral("pairs"))
         return changeBothFiles(files, log, arguments.value(4).toInt());
+    if (task == QStringLiteral("typing"))
+        return typeForAWhile(files, log, arguments.value(4).toInt());
+    if (task == QStringLiteral("looking"))
+        return lookForAWhile(files, log, arguments.value(4).toInt());
     if (task == QStringLiteral("marker"))
         return claimAndRelease(files, log, arguments.value(4), arguments.value(5).toInt());
     return 64;
