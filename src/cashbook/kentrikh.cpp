@@ -218,6 +218,8 @@ bool Kentrikh::refusedByMarker(QWidget* asking)
     follow(holder);
     if (holder)
         showMessage(asking, QMessageBox::Information, QStringLiteral("Αδύνατη η πρόσβαση"), markerRefusal(*holder));
+    else
+        m_book.setAccess(Connection::Access::ReadWrite); // also where the marker cannot be claimed and refuses nobody
     return holder.has_value();
 }
 
@@ -333,11 +335,12 @@ void Kentrikh::refreshCaption()
     follow(m_marker.heldByAnother());
 }
 
-/// Nothing may be written beside a holder, nor where locks keep nobody out.
+/// Nothing may be written beside a holder, nor where locks keep nobody out. Where they keep other computers in, one of
+/// these may write as soon as the marker is free.
 void Kentrikh::follow(const std::optional<MachineIdentity>& holder)
 {
     setWindowTitle(markerCaption(holder));
-    const bool mayWrite = !holder && m_locks != LockReach::Nobody;
+    const bool mayWrite = m_marker.owns() || (!holder && m_locks == LockReach::Everybody);
     const bool isNew = m_book.setAccess(mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
     m_notices.followMarker(holder.has_value());
     if (isNew)
@@ -354,8 +357,7 @@ void Kentrikh::followMarker(int tab)
     if (m_locks != LockReach::Nobody)
         m_marker.claim();
     backUpIfHeld();
-    if (!m_marker.owns())
-        refreshCaption(); // another may have been quicker
+    refreshCaption(); // another may have been quicker
 }
 
 void Kentrikh::backUpIfHeld()
