@@ -17,22 +17,36 @@ Connection openCopy(const QString& path, KeyRing& keys)
     return Connection::open(path, keys.keyForCopy(path), Connection::Access::ReadOnly);
 }
 
+bool isNoDamage(const SqlError& error)
+{
+    return error.kind() == SqlError::Kind::InputOutput || error.kind() == SqlError::Kind::Interrupted;
+}
+
+/// A page that the disk does not hand out looks like damage: then the file cannot be read whole either.
+void checkPages(Connection& copy, const QString& path)
+{
+    const StoppableReading stoppable;
+    auto check = copy.prepare("PRAGMA quick_check(1)");
+    if (check.step() && check.text(0) == QLatin1String("ok"))
+        return;
+    copy.readFile(QStringLiteral("main"), [](const QByteArray&) { return StopCheck::goesOn(); });
+    throw BookCopyFailed(path, check.text(0));
+}
+
 /// A book's database is judged by its schema before anything in it is read.
 void prove(const QString& path, KeyRing& keys, const std::function<bool()>& goesOn, std::optional<BookDatabase> kind)
 {
     try {
+        const StopCheck stop([&goesOn] { return !goesOn || goesOn(); });
         Connection copy = openCopy(path, keys);
-        std::optional<StopCheck> stop;
-        if (goesOn)
-            stop.emplace(copy, goesOn);
         if (kind)
             requirePlainSchema(copy, *kind);
-        auto check = copy.prepare("PRAGMA quick_check(1)");
-        if (!check.step() || check.text(0) != QLatin1String("ok"))
-            throw BookCopyFailed(path, check.text(0));
+        checkPages(copy, path);
         if (kind == BookDatabase::Main)
             (void)needsUpgrade(copy);
     } catch (const SqlError& error) {
+        if (isNoDamage(error))
+            throw;
         throw BookCopyFailed(path, error.engineMessage());
     } catch (const ForeignObjects& foreign) {
         throw BookCopyFailed(path, QString::fromUtf8(foreign.what()));

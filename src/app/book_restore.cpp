@@ -8,6 +8,7 @@
 #include "app/work_folder.h"
 #include "platform/durable_files.h"
 #include "platform/key_ring.h"
+#include "platform/stop_check.h"
 
 #include <QDir>
 
@@ -118,6 +119,7 @@ std::optional<QString> RestoredBook::replace(const QDateTime& now)
     } catch (const std::runtime_error& failure) {
         throw RestoreFailed(failure.what());
     }
+    const Undisturbed undisturbed;
     m_staging->work.keep();
     m_staging->made.keep();
     finishRestore(m_staging->book);

@@ -6,6 +6,7 @@
 #include "platform/folder.h"
 #include "platform/key_ring.h"
 #include "platform/sql_error.h"
+#include "platform/stop_check.h"
 
 #include <QFileInfo>
 
@@ -26,7 +27,7 @@ void waitForJournal(const QString& path)
 {
     const auto deadline = steady_clock::now() + longestWait;
     while (Connection::hasJournal(path)) {
-        if (steady_clock::now() >= deadline)
+        if (steady_clock::now() >= deadline || !StopCheck::goesOn())
             throw SqlError(SQLITE_READONLY_ROLLBACK, QStringLiteral("a rollback journal stands"), path, path);
         std::this_thread::sleep_for(betweenAttempts);
     }

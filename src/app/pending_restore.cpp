@@ -46,7 +46,7 @@ public:
                 Connection::open(path, m_keys.keyFor(path), Connection::Access::ReadWrite));
             m_lock = std::make_unique<Transaction>(*m_connection, Transaction::Mode::Exclusive);
         } catch (const SqlError& error) {
-            if (error.kind() == SqlError::Kind::Busy)
+            if (error.kind() == SqlError::Kind::Busy || error.kind() == SqlError::Kind::Interrupted)
                 fail(path, error.engineMessage());
         }
     }

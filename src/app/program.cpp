@@ -4,11 +4,13 @@
 #include "app/book_recovery.h"
 #include "app/guarded_window.h"
 #include "app/start_failure_window.h"
+#include "app/termination_signals.h"
 #include "cashbook/fr_ervthsh_update.h"
 #include "cashbook/kentrikh.h"
 #include "controls/theme.h"
 #include "platform/machine_identity.h"
 #include "platform/message_window.h"
+#include "platform/stop_check.h"
 #include "users/login.h"
 
 #include <QApplication>
@@ -23,6 +25,11 @@ constexpr const char* activationToken = "XDG_ACTIVATION_TOKEN";
 QColor colourOf(std::int32_t stored)
 {
     return QColor(stored & 0xFF, (stored >> 8) & 0xFF, (stored >> 16) & 0xFF);
+}
+
+bool isWanted()
+{
+    return !TerminationSignals::haveCome();
 }
 
 } // namespace
@@ -44,12 +51,13 @@ bool Program::start()
         return false;
     }
     m_instance.whenCalled([this](const QByteArray& token) { comeForward(token); });
+    const StopCheck stop(isWanted);
     const StartDecision decision = decideStart(QFileInfo(m_programFile).absolutePath());
     m_settings = decision.settings;
-    if (!announce(decision))
+    if (!isWanted() || !announce(decision))
         return false;
     showSignIn();
-    return true;
+    return isWanted();
 }
 
 bool Program::announce(const StartDecision& decision)
@@ -92,6 +100,7 @@ void Program::showSignIn()
     m_keys.prepare(files.auxiliaryDatabase());
     m_keys.prepare(files.mainDatabase());
     guarded(nullptr, [&] {
+        const StopCheck stop(isWanted);
         UsageMarker marker(files.usageMarker(), machineIdentity());
         recoverBook(files, m_keys, marker);
     });
@@ -104,6 +113,7 @@ void Program::showSignIn()
 void Program::openMainWindow(const UserSession& session)
 {
     m_login->hide();
+    const StopCheck stop(isWanted);
     try {
         const BookFiles files(m_settings.dataFolder);
         UsageMarker marker(files.usageMarker(), machineIdentity());
@@ -119,7 +129,8 @@ void Program::openMainWindow(const UserSession& session)
         end();
         return;
     } catch (const std::exception& failure) {
-        showStartFailure(failure);
+        if (isWanted())
+            showStartFailure(failure);
         end();
         return;
     }

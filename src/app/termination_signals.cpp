@@ -11,11 +11,13 @@ namespace lorvan {
 namespace {
 
 std::array<int, 2> wakeUp{-1, -1};
+volatile std::sig_atomic_t hasOneCome = 0;
 
 /// Runs inside the signal, where next to nothing is allowed but a write.
 void onSignal(int)
 {
     const char byte = 1;
+    hasOneCome = 1;
     [[maybe_unused]] const auto written = ::write(wakeUp[0], &byte, 1);
 }
 
@@ -36,6 +38,11 @@ TerminationSignals::TerminationSignals(QObject* parent)
     action.sa_handler = onSignal;
     for (const int number : {SIGTERM, SIGINT, SIGHUP})
         ::sigaction(number, &action, nullptr);
+}
+
+bool TerminationSignals::haveCome()
+{
+    return hasOneCome != 0;
 }
 
 } // namespace lorvan

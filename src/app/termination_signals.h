@@ -12,6 +12,9 @@ class TerminationSignals : public QObject {
 public:
     explicit TerminationSignals(QObject* parent = nullptr);
 
+    /// True as soon as one has come, before received().
+    [[nodiscard]] static bool haveCome();
+
 Q_SIGNALS:
     void received();
 };

@@ -3,6 +3,7 @@
 #include "app/claim_note.h"
 #include "platform/file_error.h"
 #include "platform/file_lock.h"
+#include "platform/stop_check.h"
 #include "platform/windows1253.h"
 
 #include <QByteArray>
@@ -177,6 +178,7 @@ void UsageMarker::release()
 {
     if (!m_owns)
         return;
+    const Undisturbed undisturbed;
     onMarker([this] {
         LockedFile file(m_path);
         const Record record = file.read();

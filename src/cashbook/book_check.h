@@ -29,7 +29,7 @@ struct BookCheck {
 
 /// What stands in both files beside the book's own tables, who may read them, and, where nothing forbids to read the
 /// tables, the engine's integrity check, which reads and authenticates every page in use. `book` has the auxiliary
-/// database attached as `auxiliary`. Throws SqlError when it cannot be carried out.
+/// database attached as `auxiliary`. Throws SqlError when it cannot be carried out, also where the disk does not read.
 [[nodiscard]] BookFindings checkFiles(Connection& book, const CheckProgress& progress);
 
 /// Everything in a book that can be held against something else, and its sums, from one read transaction: both files as

@@ -6,6 +6,7 @@
 #include "platform/sql_error.h"
 #include "platform/sql_functions.h"
 #include "platform/steady_reading.h"
+#include "platform/stop_check.h"
 
 #include <QFileInfo>
 
@@ -19,7 +20,13 @@ namespace lorvan {
 namespace {
 
 constexpr sqlite3_int64 oneMegabyte = 1 << 20;
+constexpr int stepsBetweenQuestions = 20'000; // of the engine's own; some ten milliseconds
 constexpr auto cacheOfSixtyFourMegabytes = "PRAGMA cache_size = -65536";
+
+int isToStop(void*)
+{
+    return StopCheck::goesOn() ? 0 : 1;
+}
 
 QString quoted(std::string_view sql)
 {
@@ -91,6 +98,7 @@ Connection Connection::openHandle(
     sqlite3_db_config(raw, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_busy_handler(raw, waitForLock, connection.m_waiting.get());
     connection.setBusyTimeout(patience);
+    sqlite3_progress_handler(raw, stepsBetweenQuestions, isToStop, nullptr);
     registerSqlFunctions(raw);
     return connection;
 }
@@ -151,7 +159,7 @@ int Connection::waitForLock(void* waiting, int attempts) noexcept
     const auto now = std::chrono::steady_clock::now();
     if (attempts == 0)
         wait.since = now;
-    if (now - wait.since >= wait.patience || (wait.goesOn && !(*wait.goesOn)()))
+    if (now - wait.since >= wait.patience || !StopCheck::goesOn())
         return 0;
     const auto pause = std::chrono::milliseconds(pauses[std::min<std::size_t>(static_cast<std::size_t>(attempts), 6)]);
     std::this_thread::sleep_for(std::min(pause, wait.patience));
@@ -166,8 +174,7 @@ bool Connection::isJournalStanding(int code) const
 bool Connection::waitForJournal(std::chrono::steady_clock::time_point since) const
 {
     constexpr std::chrono::milliseconds pause{10};
-    if (std::chrono::steady_clock::now() - since >= 2 * m_waiting->patience
-        || (m_waiting->goesOn && !(*m_waiting->goesOn)()))
+    if (std::chrono::steady_clock::now() - since >= 2 * m_waiting->patience || !StopCheck::goesOn())
         return false;
     std::this_thread::sleep_for(pause);
     return true;

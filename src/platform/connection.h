@@ -100,13 +100,11 @@ public:
 
 private:
     friend class Statement;
-    friend class StopCheck;
 
     /// How long somebody else is waited for. Stays where it is when the connection is moved.
     struct Waiting {
         std::chrono::milliseconds patience{usualPatience};
         std::chrono::steady_clock::time_point since{};
-        const std::function<bool()>* goesOn = nullptr;
     };
     static int waitForLock(void* waiting, int attempts) noexcept;
     /// True for the refusal that a journal is in the way.

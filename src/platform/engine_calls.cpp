@@ -1,6 +1,7 @@
 #include "platform/engine_calls.h"
 
 #include "platform/file_calls.h"
+#include "platform/stop_check.h"
 
 #include <QByteArray>
 
@@ -79,6 +80,17 @@ ssize_t followNoLink(const char*, char*, std::size_t)
     return -1;
 }
 
+/// In place of the calls that read. The engine's check of a file reads all of it in one step.
+template <auto Stock, typename... Rest>
+ssize_t readUnlessStopped(int descriptor, void* bytes, std::size_t size, Rest... rest)
+{
+    if (StoppableReading::isStopped()) {
+        errno = ECANCELED;
+        return -1;
+    }
+    return Stock(descriptor, bytes, size, rest...);
+}
+
 /// The engine syncs the descriptor that it gets. That of a file in memory answers that all is well...
 int confirmed()
 {
@@ -118,6 +130,9 @@ void installEngineCalls()
         sqlite3_vfs* const files = sqlite3_vfs_find("unix");
         install(files, "open", openPlainFile);
         install(files, "readlink", followNoLink);
+        install(files, "read", readUnlessStopped<::read>);
+        install(files, "pread", readUnlessStopped<::pread, off_t>);
+        install(files, "pread64", readUnlessStopped<::pread64, off64_t>);
         install(files, "openDirectory", syncedFolder);
     });
 }

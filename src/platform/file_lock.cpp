@@ -2,6 +2,7 @@
 
 #include "platform/file_calls.h"
 #include "platform/file_error.h"
+#include "platform/stop_check.h"
 
 #include <QFile>
 
@@ -42,7 +43,7 @@ void lock(const File& file, std::chrono::milliseconds patience)
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (FileCalls::current().lock(file.descriptor(), F_WRLCK, 0, 0) != 0) {
         const bool isHeld = errno == EAGAIN || errno == EACCES || errno == EINTR;
-        if (!isHeld || std::chrono::steady_clock::now() >= deadline)
+        if (!isHeld || std::chrono::steady_clock::now() >= deadline || !StopCheck::goesOn())
             throw refusal(file.path(), errno);
         std::this_thread::sleep_for(betweenAttempts);
     }

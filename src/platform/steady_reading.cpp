@@ -2,6 +2,7 @@
 
 #include "platform/connection.h"
 #include "platform/sql_error.h"
+#include "platform/stop_check.h"
 
 #include <chrono>
 #include <thread>
@@ -36,7 +37,8 @@ void readSteadily(Connection& connection, const std::function<void()>& read)
             read();
             return;
         } catch (const SqlError& error) {
-            if (steady_clock::now() >= deadline || !mayPass(error, isFirst, connection.watch()->isAs(before)))
+            if (steady_clock::now() >= deadline || !StopCheck::goesOn()
+                || !mayPass(error, isFirst, connection.watch()->isAs(before)))
                 throw;
         }
         std::this_thread::sleep_for(betweenAttempts);

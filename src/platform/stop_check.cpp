@@ -1,43 +1,58 @@
 #include "platform/stop_check.h"
 
-#include "platform/connection.h"
-
-#include <sqlite3.h>
+#include <utility>
 
 namespace lorvan {
 namespace {
 
-constexpr int stepsBetweenQuestions = 20'000; // of the engine's own; some ten milliseconds
-
-int answer(void* goesOn)
-{
-    return (*static_cast<const std::function<bool()>*>(goesOn))() ? 0 : 1;
-}
-
-void ask(Connection& connection, const std::function<bool()>* goesOn)
-{
-    if (goesOn)
-        sqlite3_progress_handler(
-            connection.handle(), stepsBetweenQuestions, answer, const_cast<std::function<bool()>*>(goesOn));
-    else
-        sqlite3_progress_handler(connection.handle(), 0, nullptr, nullptr);
-}
+thread_local const StopCheck* current = nullptr;
+thread_local int stoppableReadings = 0;
 
 } // namespace
 
-StopCheck::StopCheck(Connection& connection, std::function<bool()> goesOn)
-    : m_connection(connection)
-    , m_outer(connection.m_waiting->goesOn)
-    , m_goesOn([outer = m_outer, own = std::move(goesOn)] { return own() && (!outer || (*outer)()); })
+StopCheck::StopCheck(std::function<bool()> goesOn)
+    : m_goesOn(std::move(goesOn))
+    , m_outer(std::exchange(current, this))
 {
-    m_connection.m_waiting->goesOn = &m_goesOn;
-    ask(m_connection, &m_goesOn);
 }
 
 StopCheck::~StopCheck()
 {
-    m_connection.m_waiting->goesOn = m_outer;
-    ask(m_connection, m_outer);
+    current = m_outer;
+}
+
+bool StopCheck::goesOn()
+{
+    for (const StopCheck* each = current; each; each = each->m_outer) {
+        if (!each->m_goesOn())
+            return false;
+    }
+    return true;
+}
+
+Undisturbed::Undisturbed()
+    : m_outer(std::exchange(current, nullptr))
+{
+}
+
+Undisturbed::~Undisturbed()
+{
+    current = m_outer;
+}
+
+StoppableReading::StoppableReading()
+{
+    ++stoppableReadings;
+}
+
+StoppableReading::~StoppableReading()
+{
+    --stoppableReadings;
+}
+
+bool StoppableReading::isStopped()
+{
+    return stoppableReadings > 0 && !StopCheck::goesOn();
 }
 
 } // namespace lorvan

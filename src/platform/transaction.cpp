@@ -2,6 +2,7 @@
 
 #include "platform/confirmation.h"
 #include "platform/sql_error.h"
+#include "platform/stop_check.h"
 
 #include <QRandomGenerator>
 
@@ -76,6 +77,7 @@ void Transaction::commit()
 
 bool Transaction::isStored(qint32 stamp, const SqlError& failure) const
 {
+    const Undisturbed undisturbed;
     try {
         auto row = m_connection.prepare("PRAGMA main.user_version");
         return row.step() && row.number(0) == stamp;

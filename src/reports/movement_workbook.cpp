@@ -1,5 +1,6 @@
 #include "reports/movement_workbook.h"
 
+#include "platform/stop_check.h"
 #include "reports/report_cells.h"
 #include "reports/table_cells.h"
 #include "reports/table_export.h"
@@ -9,6 +10,11 @@
 #include <QFileInfo>
 
 #include <xlsxwriter.h>
+
+#include <chrono>
+#include <future>
+#include <thread>
+#include <utility>
 
 namespace lorvan {
 namespace {
@@ -49,6 +55,21 @@ lxw_format* newFormat(lxw_workbook* workbook, const char* number)
     if (number)
         format_set_num_format(format, number);
     return format;
+}
+
+/// The library takes seconds to pack a large workbook and asks nobody meanwhile: once a check says no, it is left to
+/// end by itself or with the process.
+lxw_error closeUnlessStopped(lxw_workbook* workbook)
+{
+    constexpr std::chrono::milliseconds betweenQuestions{20};
+    std::packaged_task<lxw_error()> closing([workbook] { return workbook_close(workbook); });
+    std::future<lxw_error> closed = closing.get_future();
+    std::thread(std::move(closing)).detach();
+    while (closed.wait_for(betweenQuestions) != std::future_status::ready) {
+        if (!StopCheck::goesOn())
+            throw TableExportError(QStringLiteral("Η ενέργεια διακόπηκε."));
+    }
+    return closed.get();
 }
 
 } // namespace
@@ -156,9 +177,7 @@ void MovementWorkbook::add(const Movement& movement)
 
 void MovementWorkbook::finish()
 {
-    lxw_workbook* const workbook = m_workbook;
-    m_workbook = nullptr;
-    check(workbook_close(workbook));
+    check(closeUnlessStopped(std::exchange(m_workbook, nullptr)));
     m_rows.push_back(m_row);
     proveWorkbook(m_path, m_rows);
 }

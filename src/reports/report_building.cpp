@@ -58,13 +58,13 @@ void readForReport(const ReportRequest& request, const BookFiles& files, KeyRing
     const Reading& read)
 {
     const QString path = databaseOf(request.report, files);
-    Connection connection = openBookFile(path, keys);
     int rows = 0;
     const ReportProgress counting = [&rows, &progress](int built) {
         rows = built;
         return !progress || progress(built);
     };
-    const StopCheck check(connection, [&rows, &progress] { return !progress || progress(rows); });
+    const StopCheck check([&rows, &progress] { return !progress || progress(rows); });
+    Connection connection = openBookFile(path, keys);
     readSteadily(connection, [&] { read(connection, counting); });
 }
 

@@ -1,5 +1,6 @@
 #include "reports/workbook_proof.h"
 
+#include "platform/stop_check.h"
 #include "reports/table_export.h"
 
 #include <QFile>
@@ -70,7 +71,7 @@ public:
     {
         QByteArray piece(readAtOnce, Qt::Uninitialized);
         const auto length = archive_read_data(m_archive.get(), piece.data(), readAtOnce);
-        if (length < 0)
+        if (length < 0 || !StopCheck::goesOn())
             throw incomplete();
         piece.truncate(length);
         return piece;

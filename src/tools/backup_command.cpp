@@ -27,17 +27,12 @@ void write(const BookFiles& book, const Folder& folder, const QString& name, con
     const qint64 megabytes =
         (QFileInfo(book.mainDatabase()).size() + QFileInfo(book.auxiliaryDatabase()).size()) / megabyte + 1;
     qint64 done = 0;
-    const Interruption interruption;
     KeyRing keys(bookPassword());
-    try {
-        ProgressBar bar(context, QStringLiteral("Αντίγραφο"));
-        makeBackup(book, folder, name, keys, [&] {
-            bar.show(++done, megabytes * passes);
-            return !interruption.hasCome();
-        });
-    } catch (const GivenUp&) {
-        interruption.check();
-    }
+    ProgressBar bar(context, QStringLiteral("Αντίγραφο"));
+    makeBackup(book, folder, name, keys, [&] {
+        bar.show(++done, megabytes * passes);
+        return !Interruption::hasCome();
+    });
 }
 
 ExitStatus backup(Arguments& arguments, const ToolContext& context)

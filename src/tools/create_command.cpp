@@ -38,11 +38,10 @@ ExitStatus create(Arguments& arguments, const ToolContext& context)
 
     refuseExistingBook(BookFiles(folder)); // before anything is asked
     const auto user = askFirstUser(userName, context);
-    const Interruption interruption;
     NewBook made(folder);
     if (user)
         addUser(made.book().auxiliary(), user->name, user->password, allRights);
-    interruption.check();
+    Interruption::check();
     made.keep();
 
     context.out << "Το νέο βιβλίο είναι έτοιμο στον φάκελο " << folder.toStdString() << '\n';

@@ -1,5 +1,6 @@
 #include "tools/csv_reader.h"
 
+#include "tools/interruption.h"
 #include "tools/refused.h"
 
 #include <QIODevice>
@@ -43,6 +44,7 @@ CsvReader::CsvReader(QIODevice& device)
 
 void CsvReader::fill()
 {
+    Interruption::check();
     m_buffer = m_device.read(readAtOnce);
     m_next = 0;
     m_bytesRead += m_buffer.size();

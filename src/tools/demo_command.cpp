@@ -35,11 +35,10 @@ void printUsers(std::ostream& out)
 
 void makeBook(const QString& folder, QDate today, std::uint64_t seed)
 {
-    const Interruption interruption;
     NewBook made(folder);
-    interruption.check();
+    Interruption::check();
     fillDemoBook(made.book(), today, seed);
-    interruption.check();
+    Interruption::check();
     made.keep();
 }
 

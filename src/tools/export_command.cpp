@@ -17,17 +17,16 @@ ExitStatus exportTables(Arguments& arguments, const ToolContext& context)
     const QString target = arguments.takeWord(QStringLiteral("ο φάκελος για τα αρχεία CSV"));
     arguments.finish();
 
-    const Interruption interruption;
     OpenedBook book(bookFolder);
     NewFolder folder(target);
     {
         ProgressBar bar(context, QStringLiteral("Εξαγωγή"));
         exportBook(book, folder, passwords, [&](qint64 done, qint64 whole) {
-            interruption.check();
+            Interruption::check();
             bar.show(done, whole);
         });
     }
-    interruption.check();
+    Interruption::check();
     folder.keep();
     context.out << "Το βιβλίο γράφτηκε σε αρχεία CSV και XLSX στον φάκελο " << target.toStdString() << '\n';
     return ExitStatus::Done;

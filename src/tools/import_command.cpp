@@ -68,22 +68,20 @@ LegacyBook readOlder(const LegacyFiles& files, JetDamage& damage)
 
 ImportReport importBook(const Folders& folders, const LegacyFiles& files, JetDamage& damage, const ToolContext& context)
 {
-    const Interruption interruption;
     const LegacyBook legacy = readOlder(files, damage);
-    interruption.check();
     NewBook made(folders.target);
     {
         ProgressBar progress(context, QStringLiteral("Μεταφορά"));
         const auto whole = static_cast<std::int64_t>(legacy.rowCount());
         storeLegacyBook(legacy, made.book(), [&](std::uint64_t stored) {
-            interruption.check();
+            Interruption::check();
             progress.show(static_cast<std::int64_t>(stored), whole);
         });
     }
     ImportReport report(legacy, made.book());
     if (!report.agrees())
         throw Refused(QStringLiteral("Το νέο βιβλίο δεν συμφωνεί με το παλιό. Δεν άλλαξε τίποτα."));
-    interruption.check();
+    Interruption::check();
     made.keep();
     return report;
 }

@@ -49,10 +49,15 @@ bool Interruption::hasCome()
     return signalHasCome != 0;
 }
 
+QString Interruption::message()
+{
+    return QStringLiteral("Η εντολή διακόπηκε. Δεν άλλαξε τίποτα.");
+}
+
 void Interruption::check()
 {
     if (hasCome())
-        throw Refused(QStringLiteral("Η εντολή διακόπηκε. Δεν άλλαξε τίποτα."));
+        throw Refused(message());
 }
 
 } // namespace lorvan

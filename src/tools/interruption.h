@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 namespace lorvan {
 
 /// While one lives, a signal that asks the process to end (SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE) does not end it:
@@ -14,7 +16,9 @@ public:
     Interruption& operator=(const Interruption&) = delete;
 
     [[nodiscard]] static bool hasCome();
-    /// Throws Refused when a signal has come.
+    /// What the user is told then.
+    [[nodiscard]] static QString message();
+    /// Throws Refused with the message when a signal has come.
     static void check();
 };
 

@@ -1,5 +1,7 @@
 #include "tools/jet_file.h"
 
+#include "tools/interruption.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -9,6 +11,7 @@ namespace lorvan {
 namespace {
 
 constexpr qint64 largestFile = qint64(2) << 30;
+constexpr qint64 readAtOnce = 16 << 20;
 
 constexpr qsizetype markOffset = 4;
 constexpr QByteArrayView mark("Standard Jet DB\0", 16);
@@ -40,7 +43,11 @@ QByteArray wholeContent(const QString& path)
     if (file.size() > largestFile)
         throw JetError(QStringLiteral("το αρχείο είναι μεγαλύτερο από 2 GiB"));
     const qint64 size = file.size();
-    QByteArray content = file.readAll();
+    QByteArray content;
+    while (!file.atEnd() && file.error() == QFileDevice::NoError) {
+        Interruption::check();
+        content += file.read(readAtOnce);
+    }
     if (content.size() != size)
         throw JetError(
             QStringLiteral("διαβάστηκαν %1 από τα %2 byte. %3").arg(content.size()).arg(size).arg(file.errorString()));

@@ -1,5 +1,6 @@
 #include "tools/jet_table.h"
 
+#include "tools/interruption.h"
 #include "tools/jet_data_page.h"
 #include "tools/jet_usage_map.h"
 
@@ -26,6 +27,7 @@ public:
     {
         findPages();
         for (std::uint32_t page = 0; page < m_file.pageCount(); ++page) {
+            Interruption::check();
             if (m_isMapped[page])
                 m_damage.attempt(at(page, {}), [&] { readPage(page); });
         }

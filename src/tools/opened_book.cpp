@@ -36,7 +36,6 @@ OpenedBook::OpenedBook(const QString& folder, Connection::Access access)
     : m_files(folder)
     , m_keys(bookPassword())
     , m_connection(open(access))
-    , m_stop(m_connection, [] { return !Interruption::hasCome(); })
 {
 }
 

@@ -3,8 +3,6 @@
 #include "app/book_files.h"
 #include "platform/connection.h"
 #include "platform/key_ring.h"
-#include "platform/stop_check.h"
-#include "tools/interruption.h"
 
 namespace lorvan {
 
@@ -21,8 +19,7 @@ void readyBook(const BookFiles& files);
 ///
 /// A command that only reads does so in one Transaction::Mode::Read, over both files: what it reads belongs together,
 /// whoever writes meanwhile. A writer's commit waits for its end, for five seconds at most. A command that writes
-/// claims the marker after readyBook() and opens then. A signal stops what the connection computes or waits for, and
-/// does not end the process (see Interruption).
+/// claims the marker after readyBook() and opens then.
 class OpenedBook {
 public:
     /// Throws Refused for a folder without a complete book, for a book in the older format and for one of an older
@@ -37,11 +34,9 @@ public:
 private:
     Connection open(Connection::Access access);
 
-    Interruption m_interruption;
     BookFiles m_files;
     KeyRing m_keys;
     Connection m_connection;
-    StopCheck m_stop;
 };
 
 } // namespace lorvan

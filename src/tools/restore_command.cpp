@@ -4,8 +4,6 @@
 #include "app/book_restore.h"
 #include "app/failure_text.h"
 #include "app/pending_restore.h"
-#include "platform/sql_error.h"
-#include "platform/stop_check.h"
 #include "tools/check_report.h"
 #include "tools/claimed_marker.h"
 #include "tools/interruption.h"
@@ -27,42 +25,31 @@ bool holdsBook(const BookFiles& book)
 }
 
 /// What is wrong in a book that opens. None for one of an older schema version, which is not looked into.
-BookFindings findingsIn(const BookFiles& staged, const Interruption& interruption, const ToolContext& context)
+BookFindings findingsIn(const BookFiles& staged, const ToolContext& context)
 {
     try {
         OpenedBook book(staged.dataFolder());
-        const StopCheck stop(book.connection(), [&] { return !interruption.hasCome(); });
         ProgressBar bar(context, QStringLiteral("Έλεγχος κινήσεων"));
         return checkContent(book.connection(), [&](std::int64_t done, std::int64_t whole) {
-            interruption.check();
             bar.show(done, whole);
         }).findings;
-    } catch (const SqlError&) {
-        interruption.check();
-        throw;
     } catch (const Refused&) {
-        interruption.check();
+        Interruption::check();
         return {};
     }
 }
 
-std::unique_ptr<RestoredBook> unpack(
-    const QString& backup, const BookFiles& book, const Interruption& interruption, const ToolContext& context)
+std::unique_ptr<RestoredBook> unpack(const QString& backup, const BookFiles& book, const ToolContext& context)
 {
     constexpr qint64 megabyte = 1 << 20;
     constexpr qint64 passes = 2; // unpacking and, roughly, the proof
     const QFileInfo file(backup);
     qint64 done = 0;
-    try {
-        ProgressBar bar(context, QStringLiteral("Έλεγχος αντιγράφου"));
-        return std::make_unique<RestoredBook>(file.absoluteFilePath(), book, [&] {
-            bar.show(++done, (file.size() / megabyte + 1) * passes);
-            return !interruption.hasCome();
-        });
-    } catch (const std::exception&) {
-        interruption.check();
-        throw;
-    }
+    ProgressBar bar(context, QStringLiteral("Έλεγχος αντιγράφου"));
+    return std::make_unique<RestoredBook>(file.absoluteFilePath(), book, [&] {
+        bar.show(++done, (file.size() / megabyte + 1) * passes);
+        return !Interruption::hasCome();
+    });
 }
 
 ExitStatus restore(Arguments& arguments, const ToolContext& context)
@@ -83,10 +70,9 @@ ExitStatus restore(Arguments& arguments, const ToolContext& context)
     std::optional<ClaimedMarker> marker;
     if (BookFiles::exists(book.usageMarker())) // a book that has lost it is not refused
         marker.emplace(book);
-    const Interruption interruption; // after the marker, which would end the process in the middle of the exchange
-    const auto restored = unpack(backup, book, interruption, context);
-    const BookFindings findings = findingsIn(restored->staged(), interruption, context);
-    interruption.check();
+    const auto restored = unpack(backup, book, context);
+    const BookFindings findings = findingsIn(restored->staged(), context);
+    Interruption::check();
     std::optional<QString> aside;
     try {
         aside = restored->replace(context.clock.now());

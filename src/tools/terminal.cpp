@@ -23,8 +23,10 @@ public:
     HiddenTyping()
     {
         tcgetattr(STDIN_FILENO, &s_before);
-        for (const int signal : endingSignals)
-            std::signal(signal, giveBackAndEnd);
+        struct sigaction ending { };
+        ending.sa_handler = giveBackAndEnd;
+        for (std::size_t i = 0; i < endingSignals.size(); ++i)
+            sigaction(endingSignals[i], &ending, &m_before[i]);
         termios hidden = s_before;
         hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
         hidden.c_lflag |= ECHONL;
@@ -33,8 +35,8 @@ public:
     ~HiddenTyping()
     {
         giveBack();
-        for (const int signal : endingSignals)
-            std::signal(signal, SIG_DFL);
+        for (std::size_t i = 0; i < endingSignals.size(); ++i)
+            sigaction(endingSignals[i], &m_before[i], nullptr);
     }
     HiddenTyping(const HiddenTyping&) = delete;
     HiddenTyping& operator=(const HiddenTyping&) = delete;
@@ -51,6 +53,7 @@ private:
     }
 
     static inline termios s_before{};
+    std::array<struct sigaction, endingSignals.size()> m_before{};
 };
 
 QString readLine()

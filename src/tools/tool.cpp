@@ -4,7 +4,9 @@
 #include "app/failure_text.h"
 #include "platform/confirmation.h"
 #include "platform/sql_error.h"
+#include "platform/stop_check.h"
 #include "tools/claimed_marker.h"
+#include "tools/interruption.h"
 #include "tools/refused.h"
 #include "tools/screen_filter.h"
 
@@ -53,25 +55,34 @@ void complain(const ToolContext& context, const QString& message)
     context.errors << "lorvan-data: " << message.toStdString() << '\n';
 }
 
+/// What failed once a signal had come, failed because of it.
+QString messageFor(const std::exception& failure)
+{
+    if (Interruption::hasCome())
+        return Interruption::message();
+    if (dynamic_cast<const Refused*>(&failure))
+        return QString::fromUtf8(failure.what());
+    if (dynamic_cast<const BookExists*>(&failure))
+        return QStringLiteral("Υπάρχει ήδη το αρχείο %1. Ένα βιβλίο που υπάρχει δεν αντικαθίσταται.")
+            .arg(QString::fromUtf8(failure.what()));
+    return failureText(failure);
+}
+
 ExitStatus runCommand(const Command& command, const QStringList& words, const ToolContext& context)
 {
+    const Interruption interruption;
+    const StopCheck stop([] { return !Interruption::hasCome(); });
     try {
         Arguments arguments(words);
         return command.run(arguments, context);
     } catch (const UsageError& error) {
         complain(context, QString::fromUtf8(error.what()));
         context.errors << "Χρήση: " << usageLine(command).toStdString() << '\n';
-    } catch (const Refused& refusal) {
-        complain(context, QString::fromUtf8(refusal.what()));
-    } catch (const BookExists& existing) {
-        complain(context,
-            QStringLiteral("Υπάρχει ήδη το αρχείο %1. Ένα βιβλίο που υπάρχει δεν αντικαθίσταται.")
-                .arg(QString::fromUtf8(existing.what())));
     } catch (const CommitUnknown& failure) {
         complain(context, failureText(failure));
         return ExitStatus::Found; // it may have been done
     } catch (const std::exception& failure) {
-        complain(context, failureText(failure));
+        complain(context, messageFor(failure));
     }
     return ExitStatus::Failed;
 }

@@ -1,18 +1,11 @@
 #include "app/usage_marker.h"
-#include "platform/transaction.h"
 #include "support/temporary_book.h"
 #include "tools/tool_run.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
-#include <QThread>
 
 #include <gtest/gtest.h>
-
-#include <csignal>
 
 namespace lorvan::test {
 namespace {
@@ -106,26 +99,6 @@ TEST_F(BackupCommandTest, aRestoreThatIsDecidedIsNotReportedAsRefused)
     EXPECT_EQ(run("check|@").status, ExitStatus::Done);
     EXPECT_EQ(movements(), QStringLiteral("0"));
     EXPECT_FALSE(QFile::exists(book.path(QStringLiteral("restore.pending"))));
-}
-
-TEST_F(BackupCommandTest, anInterruptedBackupLeavesNothingBehind)
-{
-    Connection writer = book.openMain();
-    const Transaction exclusive(writer, Transaction::Mode::Exclusive); // the backup waits
-    const QString path = beside.filePath(QStringLiteral("a.tar"));
-    QProcess process;
-    process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/lorvan-data"),
-        {QStringLiteral("backup"), book.folder(), path});
-    QElapsedTimer waited;
-    for (waited.start(); QDir(beside.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)
-         && !waited.hasExpired(10'000);)
-        QThread::msleep(5);
-    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
-    ASSERT_TRUE(process.waitForFinished());
-    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(process.exitCode(), 2);
-    EXPECT_TRUE(process.readAllStandardError().contains("διακόπηκε"));
-    EXPECT_TRUE(contentOf(beside.path()).empty());
 }
 
 } // namespace lorvan::test

@@ -12,6 +12,7 @@ list(APPEND LORVAN_CORE_TESTS
     ${CMAKE_CURRENT_LIST_DIR}/older_books.cpp
     ${CMAKE_CURRENT_LIST_DIR}/opened_book_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/progress_bar_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/stop_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/terminal_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/tool_run.cpp
     ${CMAKE_CURRENT_LIST_DIR}/tool_test.cpp
