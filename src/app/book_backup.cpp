@@ -58,17 +58,11 @@ public:
         }
     }
 
-    /// A name that the disk does not confirm is taken back.
+    /// From the name on the backup is there, whatever fails afterwards.
     void complete()
     {
         m_work.folder().rename(archiveName, m_target, m_name);
-        try {
-            m_work.remove();
-            m_target.sync();
-        } catch (const FileError&) {
-            m_target.remove(m_name);
-            throw;
-        }
+        m_target.confirm();
     }
 
 private:

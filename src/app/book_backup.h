@@ -30,8 +30,8 @@ void removeUnfinishedBackups(const Folder& folder) noexcept;
 
 /// Makes one file of both databases of a book, as they are at one moment, while programs go on using it (see
 /// copyBook()), and opens it again to prove that it can be restored. Until then it stands in a hidden folder beside its
-/// place. Only its owner may read it, and the disk has confirmed it at the end. Needs twice the book's size for the
-/// while.
+/// place. Only its owner may read it. That the disk did not confirm its name is noted with noteUnconfirmed(). Needs
+/// twice the book's size for the while.
 /// Throws BookCopyFailed, also when there is a file of that name, SqlError when the book cannot be read, GivenUp when
 /// `goesOn`, asked for every megabyte of each of the four passes and from time to time in the proof, says no; nothing
 /// stays behind then.

@@ -4,6 +4,7 @@
 #include "app/book_backup.h"
 #include "app/copy_writing.h"
 #include "app/failure_text.h"
+#include "app/pending_restore.h"
 
 #include <QTimer>
 
@@ -39,6 +40,7 @@ void removeOutdated(const Folder& folder, QDate today)
 std::optional<QString> makeDailyBackup(
     const BookFiles& book, KeyRing& keys, const QDateTime& now, const std::function<bool()>& goesOn)
 {
+    removeUndecidedRestores(asCopy([&] { return Folder(book.dataFolder()); }));
     const Folder folder = openBackupFolder(book);
     const QStringList names = asCopy([&] { return filesIn(folder); });
     if (std::any_of(

@@ -16,7 +16,8 @@ namespace lorvan {
 class KeyRing;
 
 /// Makes the backup of the day, if there is none yet, and removes those that have had their time (see
-/// backup_retention.h). Returns its path if it was made. Throws like makeBackup().
+/// backup_retention.h), as well as what killed restores left. Returns its path if it was made. Throws like
+/// makeBackup().
 std::optional<QString> makeDailyBackup(
     const BookFiles& book, KeyRing& keys, const QDateTime& now, const std::function<bool()>& goesOn);
 

@@ -34,9 +34,11 @@ QByteArray encoded(const QString& name)
     return QFile::encodeName(name);
 }
 
+constexpr int randomDigits = 16;
+
 QString randomName(const QString& prefix)
 {
-    return prefix + QStringLiteral("%1").arg(QRandomGenerator::system()->generate64(), 16, 16, QChar(u'0'));
+    return prefix + QStringLiteral("%1").arg(QRandomGenerator::system()->generate64(), randomDigits, 16, QChar(u'0'));
 }
 
 int flagsFor(Folder::Opening how)
@@ -257,11 +259,30 @@ void Folder::removeContents(int depth) const
         removeTree(name, depth + 1);
 }
 
+/// What was left by programs that were killed; whoever still writes one holds its lock.
+void Folder::removeParts(const QString& prefix) const noexcept
+{
+    try {
+        for (const QString& each : names()) {
+            if (!each.startsWith(prefix) || each.size() != prefix.size() + randomDigits || !isFile(each))
+                continue;
+            const File part = open(each, Opening::Write);
+            if (FileCalls::current().lock(part.descriptor(), F_WRLCK, 0, 0) == 0)
+                remove(each);
+        }
+    } catch (const FileError&) {
+        // The next one tries again.
+    }
+}
+
 void Folder::replace(const QString& name, const QByteArray& content, FileAccess access) const
 {
-    const QString part = randomName(QStringLiteral(".") + name + u'.');
+    const QString prefix = u'.' + name + u'.';
+    removeParts(prefix);
+    const QString part = randomName(prefix);
     try {
         File file = open(part, Opening::MakeNew, access);
+        (void)FileCalls::current().lock(file.descriptor(), F_WRLCK, 0, 0);
         struct stat replaced { };
         if (::fstatat(m_descriptor, encoded(name).constData(), &replaced, AT_SYMLINK_NOFOLLOW) == 0
             && S_ISREG(replaced.st_mode))

@@ -55,7 +55,8 @@ public:
 
     /// Writes a file beside its place, has the disk confirm it, and gives it the name. One that it replaces hands on
     /// its mode and group; a new one gets `access`. A failure leaves the old one. That the disk did not confirm the
-    /// name is no failure: see noteUnconfirmed().
+    /// name is no failure: see noteUnconfirmed(). What a replacement that was cut short left beside the place goes
+    /// first.
     void replace(const QString& name, const QByteArray& content, FileAccess access = FileAccess::LikeFolder) const;
 
     /// Gives a file of this folder, or one that will be moved here, that access.
@@ -73,6 +74,7 @@ private:
     [[nodiscard]] int openInside(const QString& name, int flags, mode_t mode = 0) const;
     [[noreturn]] void fail(const QString& name) const;
     void removeContents(int depth) const;
+    void removeParts(const QString& prefix) const noexcept;
     void removeTree(const QString& name, int depth) const;
 
     int m_descriptor = -1;

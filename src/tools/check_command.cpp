@@ -1,5 +1,6 @@
 #include "tools/command.h"
 
+#include "app/failure_text.h"
 #include "app/schema_guard.h"
 #include "cashbook/book_check.h"
 #include "cashbook/book_repair.h"
@@ -58,6 +59,18 @@ void printRepair(const BookRepair& repair, std::ostream& out)
         << "Νέος έλεγχος\n\n";
 }
 
+/// The repair is made, whatever comes of this.
+std::optional<BookCheck> examineAgain(OpenedBook& book, const ToolContext& context)
+{
+    try {
+        return examine(book, context);
+    } catch (const std::exception& failure) {
+        context.errors << "lorvan-data: Η διόρθωση έγινε, αλλά ο νέος έλεγχος δεν ολοκληρώθηκε. "
+                       << failureText(failure).toStdString() << '\n';
+        return std::nullopt;
+    }
+}
+
 ExitStatus checkBook(const QString& folder, bool wantsRepair, const ToolContext& context)
 {
     std::optional<ClaimedMarker> marker;
@@ -66,17 +79,19 @@ ExitStatus checkBook(const QString& folder, bool wantsRepair, const ToolContext&
         marker.emplace(BookFiles(folder));
     }
     OpenedBook book(folder, wantsRepair ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
-    BookCheck found = examine(book, context);
-    if (wantsRepair && found.findings.anythingRepairable()) {
-        printFindings(found.findings, context.out);
+    std::optional<BookCheck> found = examine(book, context);
+    if (wantsRepair && found->findings.anythingRepairable()) {
+        printFindings(found->findings, context.out);
         const BookRepair repair = withProgress(context, QStringLiteral("Διόρθωση"), [&](const CheckProgress& progress) {
             return repairBook(book.connection(), book.files(), book.keys(), context.clock.now(), progress);
         });
         printRepair(repair, context.out);
-        found = examine(book, context);
+        found = examineAgain(book, context);
     }
-    print(found, context.out);
-    return found.findings.isInOrder() ? ExitStatus::Done : ExitStatus::Found;
+    if (!found)
+        return ExitStatus::Found;
+    print(*found, context.out);
+    return found->findings.isInOrder() ? ExitStatus::Done : ExitStatus::Found;
 }
 
 ExitStatus check(Arguments& arguments, const ToolContext& context)

@@ -29,13 +29,9 @@ QString hiddenPrefix()
 
 Folder parentOf(const QString& place)
 {
-    try {
-        Folder parent(QFileInfo(place).path());
-        WorkFolder::removeAbandoned(parent, hiddenPrefix());
-        return parent;
-    } catch (const FileError& error) {
-        throw Refused(QString::fromUtf8(error.what()));
-    }
+    Folder parent(QFileInfo(place).path());
+    WorkFolder::removeAbandoned(parent, hiddenPrefix());
+    return parent;
 }
 
 Refused unwritable(const QString& place, const QString& reason)

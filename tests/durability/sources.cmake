@@ -8,6 +8,8 @@ list(APPEND LORVAN_DURABILITY_TESTS
     support/disk_log.h
     support/watched_disk.cpp
     support/watched_disk.h
+    tools/older_books.cpp
+    tools/older_books.h
     tools/tool_run.cpp
     tools/tool_run.h)
 list(APPEND LORVAN_CORE_TESTS durability/real_disk_test.cpp)

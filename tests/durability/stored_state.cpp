@@ -10,7 +10,7 @@
 #include "support/temporary_book.h"
 #include "users/user_accounts.h"
 
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 
 #include <sqlite3.h>
@@ -61,11 +61,6 @@ std::string findingsIn(Connection& book)
     return findings.isInOrder() ? std::string() : trouble + "findings\n";
 }
 
-Connection openToWrite(const QString& path)
-{
-    return Connection::open(path, testKeys().keyForCopy(path), Connection::Access::ReadWrite);
-}
-
 std::string openedBook(const BookFiles& files)
 {
     finishRestore(files);
@@ -83,6 +78,16 @@ std::string openedBook(const BookFiles& files)
 }
 
 } // namespace
+
+Connection openToWrite(const QString& path)
+{
+    return Connection::open(path, testKeys().keyForCopy(path), Connection::Access::ReadWrite);
+}
+
+Book openBookToWrite(const QString& folder)
+{
+    return {openToWrite(BookFiles(folder).mainDatabase()), openToWrite(BookFiles(folder).auxiliaryDatabase())};
+}
 
 std::string storedBook(const QString& folder)
 {
@@ -102,6 +107,18 @@ std::string storedFile(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "none";
+}
+
+std::string remaindersIn(const QString& folder)
+{
+    std::string all;
+    QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        const QFileInfo entry(entries.next());
+        if (entry.fileName().startsWith(u'.') || entry.fileName().endsWith(QStringLiteral(".part")))
+            all += ' ' + QDir(folder).relativeFilePath(entry.filePath()).toStdString();
+    }
+    return all;
 }
 
 void copyFolder(const QString& source, const QString& target)

@@ -1,10 +1,15 @@
 #pragma once
 
+#include "app/book.h"
+
 #include <QString>
 
 #include <string>
 
 namespace lorvan::test {
+
+[[nodiscard]] Connection openToWrite(const QString& path);
+[[nodiscard]] Book openBookToWrite(const QString& folder);
 
 /// All rows of a book's tables and its codes, opened as the program does it after a crash; what a check of it finds, or
 /// why it does not open, is a part of it. "no book" where there is none of its files.
@@ -15,6 +20,9 @@ namespace lorvan::test {
 
 /// A file's bytes; "none" where there is no such file.
 [[nodiscard]] std::string storedFile(const QString& path);
+
+/// What lies below a folder that no one who looks there should find: hidden work folders and parts of files.
+[[nodiscard]] std::string remaindersIn(const QString& folder);
 
 /// Makes the target's content, hidden entries included, that of the source.
 void copyFolder(const QString& source, const QString& target);
