@@ -4,6 +4,8 @@
 #include "app/lock_trust.h"
 #include "tools/refused.h"
 
+#include <QFileInfo>
+
 #include <atomic>
 
 namespace lorvan {
@@ -13,6 +15,11 @@ std::atomic<bool> isLeftInUse = false;
 
 void claimFree(UsageMarker& marker, const BookFiles& files)
 {
+    if (QFileInfo(files.usageMarker()).isSymLink())
+        throw Refused(QStringLiteral("Το αρχείο χρήσης %1 δεν είναι αρχείο αλλά σύνδεσμος προς άλλο αρχείο, και δεν"
+                                     " ακολουθείται. Σβήστε τον σύνδεσμο και ανοίξτε το βιβλίο με το πρόγραμμα. Δεν"
+                                     " έγινε τίποτα.")
+                          .arg(files.usageMarker()));
     if (!BookFiles::exists(files.usageMarker()))
         throw Refused(QStringLiteral("Λείπει το αρχείο χρήσης %1. Ανοίξτε το βιβλίο με το πρόγραμμα: ο διαχειριστής το"
                                      " επαναφέρει με το ξεκλείδωμα της βάσης. Δεν έγινε τίποτα.")

@@ -4,11 +4,7 @@
 #include "tools/claimed_marker.h"
 #include "tools/refused.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
-#include <QThread>
 
 #include <gtest/gtest.h>
 
@@ -83,30 +79,8 @@ TEST(ClaimedMarker, refusesAMarkerThatIsInUseMissingOrInvalidAndLeavesItAlone)
     QFile::remove(book.files().usageMarker());
     EXPECT_TRUE(refusalOf(book).contains(QStringLiteral("Λείπει")));
     EXPECT_EQ(markerOf(book), "none") << "a refusal makes no marker";
-}
-
-TEST(ClaimedMarker, isFreeWithinASecondOfASignalThatFindsTheCommandWaiting)
-{
-    const TemporaryBook book;
-    Connection writer = book.openMain();
-    writer.execute("BEGIN IMMEDIATE");
-    QFile csv(book.path(QStringLiteral("omades.csv")));
-    ASSERT_TRUE(csv.open(QIODevice::WriteOnly) && csv.write("aa,perigrafh\n7,x\n") > 0);
-    csv.close();
-    QProcess command;
-    command.start(QCoreApplication::applicationDirPath() + QStringLiteral("/lorvan-data"),
-        {QStringLiteral("import-csv"), book.folder(), book.folder()});
-    QElapsedTimer waited;
-    for (waited.start(); !markerOf(book).startsWith('1') && !waited.hasExpired(10'000);)
-        QThread::msleep(5);
-    QThread::msleep(500);
-    waited.restart();
-    ::kill(static_cast<pid_t>(command.processId()), SIGTERM);
-    ASSERT_TRUE(command.waitForFinished());
-    EXPECT_LT(waited.elapsed(), 1000);
-    EXPECT_EQ(command.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(command.exitCode(), 2) << command.readAllStandardError().toStdString();
-    EXPECT_TRUE(markerOf(book).startsWith('0'));
+    ASSERT_TRUE(QFile::link(book.path(QStringLiteral("nothing")), book.files().usageMarker()));
+    EXPECT_TRUE(refusalOf(book).contains(QStringLiteral("σύνδεσμος"))) << refusalOf(book).toStdString();
 }
 
 TEST(ClaimedMarker, isFreeAfterASignalThatAsksTheProcessToEnd)
