@@ -31,6 +31,7 @@ const char* const indexedQueries[] = {
     "SELECT * FROM kinhseis WHERE kvdikos=1",
     "SELECT * FROM tameio WHERE hmeromhnia<1 ORDER BY hmeromhnia DESC LIMIT 1",
     "SELECT * FROM kvdikoi WHERE kvdikos=1",
+    "SELECT amount FROM opening_difference WHERE day>1 AND day<=2",
 };
 
 } // namespace

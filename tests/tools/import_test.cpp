@@ -206,21 +206,36 @@ TEST_F(Import, tellsWhatItDoesNotTakeAndChangesNothing)
     }
 }
 
-TEST_F(Import, listsTheDaysThatTheMovementsContradictAndLeavesThemAsTheyWere)
+TEST_F(Import, leavesBalancesThatTheMovementsContradictAsTheyWere)
 {
-    copyOlder(QStringLiteral("v1"));
-    QByteArray content = fileContent(older(QStringLiteral("lorvan.mdb")));
-    const QByteArray balance = QByteArray::fromHex("8f526644f6e8b64314de0a44"); // behind 921.29 and 365.82: 555.47
-    ASSERT_EQ(content.count(balance), 1);
-    write(older(QStringLiteral("lorvan.mdb")),
-        content.replace(balance, QByteArray::fromHex("8f526644f6e8b64314de2344"))); // 655.47
-    const ToolRun run = runImport();
-    EXPECT_EQ(run.status, ExitStatus::Done) << run.errors;
-    for (const char* const part : {"δεν βγαίνει από τις κινήσεις: 1\n",
-             "01-02-1999: 921,29 / 365,82 / 655,47, από τις κινήσεις 921,29 / 365,82 / 555,47"})
-        EXPECT_NE(run.out.find(part), std::string::npos) << run.out;
-    Connection main = openDatabase(made().mainDatabase());
-    EXPECT_EQ(valueOf(main, "SELECT ypoloipo FROM tameio WHERE hmeromhnia=19990201"), QStringLiteral("6554700"));
+    const struct {
+        const char* book;
+        const char* row; ///< Income, expense and balance of a day.
+        const char* changed;
+        const char* said;
+        const char* query;
+        const char* answer;
+    } cases[] = {
+        {"v1", "8f526644f6e8b64314de0a44", "8f526644f6e8b64314de2344",
+            "κινήσεις: 1\n  (έσοδα / έξοδα / υπόλοιπο· μεταφέρθηκαν όπως ήταν)\n"
+            "  01-02-1999: 921,29 / 365,82 / 655,47, από τις κινήσεις 921,29 / 365,82 / 555,47\n",
+            "SELECT ypoloipo FROM tameio WHERE hmeromhnia=19990201", "6554700"},
+        {"v3", "cdccf744000000003d72d245", "cdccf744000000003d92d545", "κινήσεις: 0\n", // the last day of the book
+            "SELECT day || ' ' || amount FROM opening_difference", "20061229 1000000"},
+    };
+    for (const auto& [book, row, changed, said, query, answer] : cases) {
+        copyOlder(QString::fromLatin1(book));
+        QByteArray content = fileContent(older(QStringLiteral("lorvan.mdb")));
+        ASSERT_EQ(content.count(QByteArray::fromHex(row)), 1) << book;
+        content.replace(QByteArray::fromHex(row), QByteArray::fromHex(changed));
+        write(older(QStringLiteral("lorvan.mdb")), content);
+        const ToolRun run = runImport();
+        EXPECT_EQ(run.status, ExitStatus::Done) << run.errors;
+        EXPECT_NE(run.out.find(said), std::string::npos) << run.out;
+        Connection main = openDatabase(made().mainDatabase());
+        EXPECT_EQ(valueOf(main, query), QString::fromUtf8(answer)) << book;
+        QDir(made().dataFolder()).removeRecursively();
+    }
 }
 
 TEST_F(Import, findsFilesInCapitalsAndWarnsOfALockFile)
