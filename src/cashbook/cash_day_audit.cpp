@@ -127,14 +127,19 @@ std::size_t firstWithOffset(const std::vector<StoredDay>& days, Currency offset)
     return best;
 }
 
-/// Days before it that hold the very balance of the opening day, all of them without a carried one.
+/// Days before it that hold the very balance of the opening day, all of them without a carried one. Days between them
+/// may be carried from the day before: somebody has looked at them.
 std::size_t firstWithSameBalance(const std::vector<StoredDay>& days, std::size_t opening)
 {
-    std::size_t first = opening;
     const auto balance = [&](std::size_t i) { return days[i].day->row->figures.closingBalance; };
-    while (first > 0 && days[first - 1].offset && !days[first - 1].offset->isZero()
-        && balance(first - 1) == balance(opening))
-        --first;
+    const auto isCarried = [&](std::size_t i) { return i > 0 && days[i].offset == days[i - 1].offset; };
+    std::size_t first = opening;
+    for (std::size_t i = opening; i-- > 0 && days[i].offset && !days[i].offset->isZero();) {
+        if (balance(i) == balance(opening))
+            first = i;
+        else if (!isCarried(i))
+            break;
+    }
     return first;
 }
 

@@ -49,8 +49,8 @@ struct CashDayAudit {
 /// Where none is `kept`, the end of the book tells whether there is one: what its last balances differ by. It is none
 /// where the stored sums of the day on which it begins, or days that have no row, account for it: then movements have
 /// been changed without their cash days, and later balances are to be shifted. Days from the opening day on that hold
-/// one and the same balance are as earlier releases' upgrade to version 3 has left them and count as right; each gets
-/// the difference by which it does.
+/// one and the same balance are as earlier releases' upgrade to version 3 has left them and count as right, and so do
+/// those between them that a look has computed anew; each gets the difference by which it does.
 ///
 /// `rows` in any order. A date that is none gets no row where it has none. Throws CurrencyOverflow when what the
 /// movements add up to, or a balance as it should be, is no amount.
