@@ -61,15 +61,15 @@ void BandTabs::paintTab(QPainter& painter, int index) const
     const bool selected = index == currentIndex();
     const QRect tab = tabRect(index).adjusted(0, 0, -spaceBetween, 0);
     if (selected) {
-        painter.fillRect(tab, theme.colour(ColourRole::Line));
+        painter.fillRect(tab, theme.colour(ColourRole::PageLine));
         painter.fillRect(tab.adjusted(1, 0, -1, 0), theme.colour(ColourRole::Page));
-        painter.fillRect(tab.left(), tab.top(), tab.width(), markHeight, theme.colour(ColourRole::Accent));
+        painter.fillRect(tab.left(), tab.top(), tab.width(), markHeight, theme.colour(ColourRole::PageAccent));
     }
     const QRect icon(tab.left() + sidePadding, tab.center().y() - iconExtent / 2 + 1, iconExtent, iconExtent);
-    paintIcon(
-        painter, icon, tabData(index).toString(), theme.colour(selected ? ColourRole::PageAccent : ColourRole::Muted));
+    paintIcon(painter, icon, tabData(index).toString(),
+        theme.colour(selected ? ColourRole::PageAccent : ColourRole::PageMuted));
     painter.setFont(theme.font(1.0, selected ? QFont::DemiBold : QFont::Normal));
-    painter.setPen(theme.colour(selected ? ColourRole::PageText : ColourRole::Muted));
+    painter.setPen(theme.colour(selected ? ColourRole::PageText : ColourRole::PageMuted));
     painter.drawText(tab.adjusted(sidePadding + iconExtent + iconGap, 0, 0, 0),
         Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shownText(index));
     if (selected && hasFocus()) {

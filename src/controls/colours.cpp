@@ -58,8 +58,10 @@ LightAndDark coloursOf(ColourRole role)
     case ColourRole::BalanceRow:
         return {0xE8F0F7, 0x202B36};
     case ColourRole::Income:
+    case ColourRole::PageIncome:
         return {0x176B3A, 0x74D492};
     case ColourRole::Expense:
+    case ColourRole::PageExpense:
         return {0xA8261C, 0xFF9B91};
     case ColourRole::Warning:
     case ColourRole::PageWarning:

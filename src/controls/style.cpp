@@ -8,6 +8,7 @@
 #include <QAbstractScrollArea>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleFactory>
@@ -59,6 +60,11 @@ bool isFieldArea(const QWidget* widget)
     return qobject_cast<const QAbstractItemView*>(widget) || qobject_cast<const QTextEdit*>(widget);
 }
 
+bool isInMessageBox(const QWidget* widget)
+{
+    return widget && qobject_cast<const QMessageBox*>(widget->window());
+}
+
 bool isRightAligned(const QWidget* widget)
 {
     const auto* const field = qobject_cast<const QLineEdit*>(widget);
@@ -83,11 +89,14 @@ void Style::polish(QWidget* widget)
     QProxyStyle::polish(widget);
     if (qobject_cast<QLineEdit*>(widget) || qobject_cast<QAbstractScrollArea*>(widget))
         widget->setAttribute(Qt::WA_Hover, false); // nothing of theirs changes under the mouse
+    if (m_theme.hasPageColour() && isInMessageBox(widget))
+        widget->setPalette(m_theme.desktopPalette());
 }
 
 void Style::drawPrimitive(
     PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
 {
+    const Theme::DesktopColours ofBoxes(m_theme, isInMessageBox(widget));
     switch (element) {
     case PE_PanelLineEdit: {
         const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
@@ -126,6 +135,7 @@ void Style::drawPrimitive(
 void Style::drawControl(
     ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
 {
+    const Theme::DesktopColours ofBoxes(m_theme, isInMessageBox(widget));
     if (element == CE_PushButtonBevel) {
         const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
         if (!button || !button->features.testFlag(QStyleOptionButton::Flat))
@@ -140,6 +150,7 @@ void Style::drawControl(
 void Style::drawComplexControl(
     ComplexControl control, const QStyleOptionComplex* option, QPainter* painter, const QWidget* widget) const
 {
+    const Theme::DesktopColours ofBoxes(m_theme, isInMessageBox(widget));
     const auto* const combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
     if (control == CC_ComboBox && combo) {
         const QRect arrow = proxy()->subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget);
@@ -241,8 +252,13 @@ int Style::styleHint(
 QIcon Style::standardIcon(StandardPixmap pixmap, const QStyleOption* option, const QWidget* widget) const
 {
     const QString name = messageIconName(pixmap);
-    return name.isEmpty() ? QProxyStyle::standardIcon(pixmap, option, widget)
-                          : themedIcon(name, messageIconRole(pixmap));
+    if (name.isEmpty())
+        return QProxyStyle::standardIcon(pixmap, option, widget);
+    const QIcon icon = themedIcon(name, messageIconRole(pixmap));
+    if (!m_theme.hasPageColour() || !isInMessageBox(widget))
+        return icon;
+    const Theme::DesktopColours ofBoxes(m_theme, true); // those of this moment
+    return icon.pixmap({messageIconExtent, messageIconExtent}, widget->devicePixelRatioF());
 }
 
 QPixmap Style::standardPixmap(StandardPixmap pixmap, const QStyleOption* option, const QWidget* widget) const

@@ -26,9 +26,9 @@ QToolTip { background: @base; color: @text; border: 1px solid @edge; padding: 3p
 )";
 
 constexpr auto menus = R"(
-QMenuBar { background: @band; border-bottom: 1px solid @line; }
-QMenuBar::item { padding: 6px 10px; background: transparent; color: @text; }
-QMenuBar::item:selected { background: @hover; }
+QMenuBar { background: @band; border-bottom: 1px solid @pageline; }
+QMenuBar::item { padding: 6px 10px; background: transparent; color: @pagetext; }
+QMenuBar::item:selected { background: @hover; color: @text; }
 QMenu { background: @base; border: 1px solid @edge; padding: 4px 0; }
 QMenu::item { padding: 5px 28px 5px 28px; color: @text; }
 QMenu::item:selected { background: @highlight; color: @highlighttext; }

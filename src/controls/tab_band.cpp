@@ -69,10 +69,10 @@ void TabBand::dress()
     const Theme& theme = Theme::instance();
     const QColor behind = theme.isDark() ? Qt::black : Qt::white;
     m_heading->setFont(theme.font(headingFactor, QFont::Bold));
-    m_heading->setForeColor2(theme.colour(ColourRole::Text));
+    m_heading->setForeColor2(theme.colour(ColourRole::PageText));
     m_heading->setForeColor1(behind);
     m_version->setFont(theme.font(versionFactor));
-    m_version->setForeColor2(theme.colour(ColourRole::Muted));
+    m_version->setForeColor2(theme.colour(ColourRole::PageMuted));
     m_version->setForeColor1(behind);
     updateGeometry();
     layOut();
@@ -124,7 +124,7 @@ void TabBand::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const Theme& theme = Theme::instance();
     painter.fillRect(rect(), theme.colour(ColourRole::Band));
-    painter.fillRect(0, height() - 1, width(), 1, theme.colour(ColourRole::Line));
+    painter.fillRect(0, height() - 1, width(), 1, theme.colour(ColourRole::PageLine));
 }
 
 } // namespace lorvan

@@ -26,10 +26,20 @@ QPointer<Theme> installedTheme;
 constexpr int darkBelow = 128;
 constexpr qreal readable = 4.5; // contrast of text that is meant to be read
 
+bool isGround(ColourRole role)
+{
+    return role == ColourRole::Page || role == ColourRole::Band;
+}
+
 bool isPageRole(ColourRole role)
 {
-    return role == ColourRole::PageText || role == ColourRole::PageMuted || role == ColourRole::PageOffText
-        || role == ColourRole::PageLine || role == ColourRole::PageAccent || role == ColourRole::PageWarning;
+    return role >= ColourRole::PageText;
+}
+
+bool isToBeRead(ColourRole role)
+{
+    return role == ColourRole::PageMuted || role == ColourRole::PageWarning || role == ColourRole::PageIncome
+        || role == ColourRole::PageExpense;
 }
 
 bool hasEqualDigits(const QFont& font)
@@ -106,25 +116,40 @@ std::optional<QColor> Theme::systemColour(ColourRole role) const
     }
 }
 
+bool Theme::isPageLight() const
+{
+    return contrast(lightColour(ColourRole::PageText), *m_pageColour)
+        >= contrast(darkColour(ColourRole::PageText), *m_pageColour);
+}
+
+bool Theme::isDark() const
+{
+    return m_pageColour && !m_isPlain ? !isPageLight() : m_dark;
+}
+
 QColor Theme::pageCompanion(ColourRole role) const
 {
-    const bool lightIsBetter = contrast(lightColour(ColourRole::PageText), *m_pageColour)
-        >= contrast(darkColour(ColourRole::PageText), *m_pageColour);
-    const auto& column = lightIsBetter ? lightColour : darkColour;
-    const bool isText = role == ColourRole::PageMuted || role == ColourRole::PageWarning;
-    const bool isTooFaint = isText && contrast(column(role), *m_pageColour) < readable;
+    const auto& column = isPageLight() ? lightColour : darkColour;
+    const bool isTooFaint = isToBeRead(role) && contrast(column(role), *m_pageColour) < readable;
     return column(isTooFaint ? ColourRole::PageText : role);
 }
 
 QColor Theme::colour(ColourRole role) const
 {
-    if (m_pageColour && role == ColourRole::Page)
-        return *m_pageColour;
-    if (m_pageColour && isPageRole(role))
-        return pageCompanion(role);
+    if (m_pageColour && !m_isPlain) {
+        if (isGround(role))
+            return *m_pageColour;
+        return isPageRole(role) ? pageCompanion(role) : lightColour(role);
+    }
     if (!m_dark)
         return lightColour(role);
     return systemColour(role).value_or(darkColour(role));
+}
+
+QPalette Theme::desktopPalette()
+{
+    const DesktopColours plain(*this, true);
+    return palette();
 }
 
 QPalette Theme::palette() const

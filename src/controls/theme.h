@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QObject>
 #include <QPalette>
+#include <QScopedValueRollback>
 
 #include <optional>
 
@@ -11,8 +12,9 @@ class QApplication;
 
 namespace lorvan {
 
-/// What a colour is for. The Page… roles are the text and line colours on the ground of pages and dialogs; they differ
-/// from their plain counterparts only while a page colour of the book's own is set.
+/// What a colour is for. The Page… roles are the text and line colours on the ground of windows: of pages, dialogs, the
+/// tab band and the bar of totals. They differ from their plain counterparts only while the book has a colour of its
+/// own.
 enum class ColourRole {
     Band,
     Page,
@@ -39,12 +41,14 @@ enum class ColourRole {
     Warning,
     Plate,
     Ground, ///< Behind the paper of a preview.
-    PageText,
+    PageText, ///< From here on: on the ground of windows.
     PageMuted,
     PageOffText,
     PageLine,
     PageAccent,
     PageWarning,
+    PageIncome,
+    PageExpense,
 };
 
 /// Colours, fonts and style of every window. The light theme is our own; with a dark system palette the grounds, texts
@@ -61,11 +65,28 @@ public:
     static Theme& instance();
 
     [[nodiscard]] QColor colour(ColourRole role) const;
-    [[nodiscard]] bool isDark() const { return m_dark; }
+    [[nodiscard]] bool isDark() const; ///< The ground of windows is.
 
-    /// The book's own background. It replaces the page ground of panels and labels; the text on it comes from
-    /// whichever theme contrasts better. Fields and lists keep theirs. Empty goes back to the theme's.
+    /// The book's own background. It becomes the ground of every window; the text on it comes from whichever theme
+    /// contrasts better. Fields and lists are white, with dark text, also on a dark desktop. Empty goes back to the
+    /// theme's colours.
     void setPageColour(std::optional<QColor> colour);
+    [[nodiscard]] bool hasPageColour() const { return m_pageColour.has_value(); }
+
+    /// The palette of message boxes, which keep the desktop's colours.
+    [[nodiscard]] QPalette desktopPalette();
+
+    /// While it lives, and `isMeant`, colours are as if the book had none of its own.
+    class DesktopColours {
+    public:
+        DesktopColours(Theme& theme, bool isMeant)
+            : m_keptOff(theme.m_isPlain, theme.m_isPlain || isMeant)
+        {
+        }
+
+    private:
+        QScopedValueRollback<bool> m_keptOff;
+    };
 
     /// The desktop font at a factor of its size.
     [[nodiscard]] QFont font(qreal factor = 1.0, QFont::Weight weight = QFont::Normal) const;
@@ -94,6 +115,7 @@ private:
     [[nodiscard]] QPalette palette() const;
     [[nodiscard]] std::optional<QColor> systemColour(ColourRole role) const;
     [[nodiscard]] QColor pageCompanion(ColourRole role) const;
+    [[nodiscard]] bool isPageLight() const;
 
     QPalette m_system; ///< Colours come from here: the style's, unless somebody has set the application's.
     std::optional<QPalette> m_styled; ///< The style's.
@@ -101,6 +123,7 @@ private:
     QString m_figureFamily; ///< Empty where the desktop font's digits are of one width.
     std::optional<QColor> m_pageColour;
     bool m_dark = false;
+    bool m_isPlain = false; ///< The page colour is passed over.
     bool m_applying = false;
 };
 

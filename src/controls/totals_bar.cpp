@@ -74,11 +74,11 @@ void TotalsBar::dress()
 {
     for (const Pair& pair : m_pairs) {
         pair.caption->setFont(Theme::instance().font(captionFactor));
-        colourText(*pair.caption, ColourRole::Muted);
+        colourText(*pair.caption, ColourRole::PageMuted);
     }
-    colourText(*m_pairs[0].figure, ColourRole::Income);
-    colourText(*m_pairs[1].figure, ColourRole::Expense);
-    colourText(*m_pairs[2].figure, ColourRole::Text);
+    colourText(*m_pairs[0].figure, ColourRole::PageIncome);
+    colourText(*m_pairs[1].figure, ColourRole::PageExpense);
+    colourText(*m_pairs[2].figure, ColourRole::PageText);
     updateGeometry();
     layOut();
     update();
@@ -164,7 +164,7 @@ void TotalsBar::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const Theme& theme = Theme::instance();
     painter.fillRect(rect(), theme.colour(ColourRole::Band));
-    painter.fillRect(0, 0, width(), 1, theme.colour(ColourRole::Line));
+    painter.fillRect(0, 0, width(), 1, theme.colour(ColourRole::PageLine));
     for (const int left : m_separators)
         painter.fillRect(left, separatorInset, 1, height() - 2 * separatorInset, theme.colour(ColourRole::Edge));
 }

@@ -2,6 +2,7 @@
 #include "controls/theme.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -63,6 +64,30 @@ TEST(Theme, theBooksOwnColourChangesPagesAndTheTextOnThemAlone)
     }
     theme.setPageColour(std::nullopt);
     EXPECT_EQ(inPalette(QPalette::Window), page);
+}
+
+TEST(Theme, aColourOfItsOwnReachesEveryGroundAlsoOnADarkDesktopAndNoBox)
+{
+    Theme& theme = Theme::instance();
+    const QColor desktop(0x20, 0x21, 0x22);
+    QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30), desktop));
+    for (const QRgb own : {0x204060U, 0xFFFF80U}) {
+        theme.setPageColour(QColor(own));
+        for (const ColourRole ground : {ColourRole::Page, ColourRole::Band})
+            EXPECT_EQ(theme.colour(ground), QColor(own));
+        for (const ColourRole text : {ColourRole::PageText, ColourRole::PageMuted, ColourRole::PageWarning,
+                 ColourRole::PageIncome, ColourRole::PageExpense})
+            EXPECT_GE(contrast(theme.colour(text), QColor(own)), 4.5) << int(text);
+        EXPECT_EQ(inPalette(QPalette::Base), QColor(Qt::white));
+        EXPECT_EQ(inPalette(QPalette::Text), lightColour(ColourRole::Text));
+        QMessageBox box(QMessageBox::Question, {}, QStringLiteral("α"));
+        box.show();
+        EXPECT_EQ(box.palette().color(QPalette::Window), desktop);
+        const auto* const text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        EXPECT_GE(contrast(text->palette().color(QPalette::WindowText), desktop), 4.5);
+    }
+    theme.setPageColour(std::nullopt);
+    QApplication::setPalette(QPalette());
 }
 
 TEST(GreekTexts, buttonsOfBoxesSpeakGreek)
