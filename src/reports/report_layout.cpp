@@ -77,11 +77,7 @@ ItemSize ReportLayout::size(int index) const
 
 const GlyphFont& ReportLayout::font(const ReportItem& item) const
 {
-    if (!item.isTitles() || item.font().bold)
-        return m_fonts.get(item.font());
-    ReportFont bold = item.font();
-    bold.bold = true;
-    return m_fonts.get(bold);
+    return m_fonts.get(item.font());
 }
 
 const TableBoxes& ReportLayout::boxes(const ReportItem& item) const

@@ -52,7 +52,6 @@ public:
     [[nodiscard]] const QRectF& body() const { return m_body; }
 
     [[nodiscard]] ItemSize size(int item) const;
-    /// Titles are bold whatever their font says.
     [[nodiscard]] const GlyphFont& font(const ReportItem& item) const;
     [[nodiscard]] const GlyphFont& headerFont() const { return m_fonts.get(m_document.headerFont()); }
     [[nodiscard]] const TableBoxes& boxes(const ReportItem& item) const;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace lorvan {
@@ -98,10 +99,16 @@ TEST(ReportLayout, keepsTitlesWithTheirFirstRows)
         ReportDocument document;
         document.SetFooter(QString());
         document.Paragraph(QStringLiteral("γραμμή\r").repeated(paragraphs));
+        const bool isBold = paragraphs == 50;
+        document.SetFont({.bold = isBold});
         document.AddTable(QStringLiteral("2000"), QStringLiteral("Τίτλος"), QStringLiteral("1"));
         document.AddTableRow(QStringLiteral("2000"), QString(), QStringLiteral("2"));
         const Laid laid(document);
-        EXPECT_TRUE(laid.texts(titlesOnPage).contains(QStringLiteral("Τίτλος"))) << paragraphs;
+        const auto& texts = laid.pages[titlesOnPage].texts();
+        const auto title =
+            std::find_if(texts.begin(), texts.end(), [](const PlacedText& each) { return each.text == u"Τίτλος"; });
+        ASSERT_NE(title, texts.end()) << paragraphs;
+        EXPECT_EQ(title->font->font().bold(), isBold) << "in the font that was set";
         EXPECT_EQ(laid.allTexts().count(QStringLiteral("Τίτλος")), 1) << paragraphs;
     }
 }
