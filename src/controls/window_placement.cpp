@@ -1,5 +1,7 @@
 #include "controls/window_placement.h"
 
+#include "controls/opening_placement.h"
+
 #include <QScreen>
 #include <QWidget>
 
@@ -21,7 +23,9 @@ QPoint centredIn(const QRect& area, QSize window)
 
 void centreOnWorkArea(QWidget* window)
 {
-    window->move(centredIn(window->screen()->availableGeometry(), window->frameGeometry().size()));
+    OpeningPlacement& placement = OpeningPlacement::of(window);
+    placement.setCentred();
+    placement.again();
 }
 
 QPoint keptIn(const QRect& area, const QRect& window)
@@ -33,6 +37,8 @@ QPoint keptIn(const QRect& area, const QRect& window)
 
 void keepOnWorkArea(QWidget* window)
 {
+    if (window->isVisible())
+        OpeningPlacement::of(window).end();
     const QPoint wanted = keptIn(window->screen()->availableGeometry(), window->frameGeometry());
     if (wanted != window->frameGeometry().topLeft())
         window->move(wanted);
@@ -45,6 +51,7 @@ QSize roomFor(const QWidget* window)
 
 void sizeWithin(QWidget* window, QSize wanted)
 {
+    OpeningPlacement::of(window);
     window->resize(wanted.boundedTo(roomFor(window)));
 }
 

@@ -10,7 +10,7 @@ namespace lorvan {
 /// Top left corner at which a window's middle is the area's middle; outside the area when the window is the larger.
 [[nodiscard]] QPoint centredIn(const QRect& area, QSize window);
 
-/// Moves a window to the middle of its screen's work area.
+/// Puts a window into the middle of its screen's work area, now and when it opens, until the user moves it.
 void centreOnWorkArea(QWidget* window);
 
 /// Top left corner nearest to where a window stands at which all of it is inside the area; of a window larger than the
@@ -23,7 +23,7 @@ void keepOnWorkArea(QWidget* window);
 /// The largest size a window can have within the work area, its frame allowed for.
 [[nodiscard]] QSize roomFor(const QWidget* window);
 
-/// Gives a window its first size, no larger than its room.
+/// Gives a window its first size, no larger than its room, and has it open inside the work area.
 void sizeWithin(QWidget* window, QSize wanted);
 
 } // namespace lorvan

@@ -2,6 +2,8 @@
 
 #include "app/guarded_window.h"
 #include "controls/focus_rules.h"
+#include "controls/opening_placement.h"
+#include "controls/remembered_size.h"
 #include "controls/window_placement.h"
 #include "platform/busy_pointer.h"
 #include "platform/message_window.h"
@@ -24,7 +26,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr QSize firstSize{960, 680};
+constexpr QSize firstSize{1200, 760}; // a landscape page at its own size
 constexpr QPoint firstPlace{1, 0}; // ten twips
 constexpr auto patienceForPrinters = 200ms;
 
@@ -48,7 +50,11 @@ Ektypvsh::Ektypvsh(Printers& printers, ReportSaver& saver)
     m_printers.ask();
 }
 
-Ektypvsh::~Ektypvsh() = default;
+Ektypvsh::~Ektypvsh()
+{
+    if (isVisible())
+        rememberSize(this);
+}
 
 void Ektypvsh::layOut()
 {
@@ -60,8 +66,9 @@ void Ektypvsh::layOut()
     rows->addWidget(m_omissions);
     rows->addWidget(m_area, 1);
     setCentralWidget(central);
-    sizeWithin(this, firstSize);
+    restoreSize(this, firstSize);
     move(firstPlace);
+    OpeningPlacement::of(this).setCentred();
 
     QWidget* before = &m_area->view();
     for (QWidget* const next : m_tools->tabOrder()) {
@@ -150,7 +157,7 @@ void Ektypvsh::open(ReportDocument document, const QString& titleText, const QSt
 
 void Ektypvsh::tell(const std::vector<ReportOmission>& omissions)
 {
-    m_omissions->tell(omissions);
+    m_omissions->tell(omissions, &m_area->view());
 }
 
 void Ektypvsh::unload()
@@ -158,6 +165,8 @@ void Ektypvsh::unload()
     m_run.cancel();
     m_search.setPages(nullptr);
     m_area->view().setPages(nullptr);
+    if (isVisible())
+        rememberSize(this);
     hide();
 }
 
@@ -173,7 +182,6 @@ void Ektypvsh::showEvent(QShowEvent* event)
     if (event->spontaneous())
         return;
     m_area->view().setFocus(Qt::OtherFocusReason);
-    centreOnWorkArea(this); // already here, so that it is not seen to move
 }
 
 void Ektypvsh::changeEvent(QEvent* event)
@@ -185,7 +193,7 @@ void Ektypvsh::changeEvent(QEvent* event)
 
 void Ektypvsh::activate()
 {
-    centre();
+    centreOnWorkArea(this);
     m_printers.ask();
     if (!m_printers.isKnown() && !m_hasWaited) {
         QTimer::singleShot(patienceForPrinters, this, [this] {
@@ -194,16 +202,6 @@ void Ektypvsh::activate()
         });
     }
     showPrinterState();
-}
-
-/// A window that the user has put elsewhere stays there. Where it stands at its first activation is the window
-/// manager's doing.
-void Ektypvsh::centre()
-{
-    if (m_centred && pos() != *m_centred)
-        return;
-    centreOnWorkArea(this);
-    m_centred = pos();
 }
 
 void Ektypvsh::resizeEvent(QResizeEvent* event)

@@ -50,7 +50,6 @@ private:
     void connectSearch();
 
     void activate();
-    void centre();
     void showPrinterState();
 
     /// Does nothing while another action runs.
@@ -73,7 +72,6 @@ private:
     QString m_titleText;
     QString m_fileName;
     bool m_hasWaited = false; ///< Long enough for the printers' first answer.
-    std::optional<QPoint> m_centred; ///< Where the window was put; the user may have moved it since.
 };
 
 } // namespace lorvan

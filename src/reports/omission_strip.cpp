@@ -27,11 +27,11 @@ OmissionStrip::OmissionStrip(QWidget* parent)
     hide();
 }
 
-void OmissionStrip::tell(const std::vector<ReportOmission>& omissions)
+void OmissionStrip::tell(const std::vector<ReportOmission>& omissions, QWidget* before)
 {
     clear();
     for (const ReportOmission& omission : omissions)
-        add(omission);
+        before = add(omission, before);
     setVisible(!omissions.empty());
 }
 
@@ -41,7 +41,8 @@ void OmissionStrip::clear()
         delete row->widget();
 }
 
-void OmissionStrip::add(const ReportOmission& omission)
+/// The last one in the tab order.
+QWidget* OmissionStrip::add(const ReportOmission& omission, QWidget* before)
 {
     auto* const line = new QWidget(this);
     auto* const row = new QHBoxLayout(line);
@@ -51,7 +52,7 @@ void OmissionStrip::add(const ReportOmission& omission)
     row->addWidget(text, 1);
     m_rows->addWidget(line);
     if (omission.concerned == 0)
-        return;
+        return before;
     auto* const which = new CommandButton({}, QStringLiteral("Ποιες;"));
     which->setObjectName(QStringLiteral("which"));
     which->setLook(CommandButton::Look::Quiet);
@@ -59,6 +60,8 @@ void OmissionStrip::add(const ReportOmission& omission)
     which->setAccessibleDescription(omission.text);
     row->addWidget(which);
     connect(which, &CommandButton::clicked, this, [this, omission] { OmissionList(omission, window()).exec(); });
+    setTabOrder(before, which);
+    return which;
 }
 
 void OmissionStrip::paintEvent(QPaintEvent*)

@@ -16,14 +16,14 @@ class OmissionStrip : public QWidget {
 public:
     explicit OmissionStrip(QWidget* parent);
 
-    /// Replaces what was told before.
-    void tell(const std::vector<ReportOmission>& omissions);
+    /// Replaces what was told before. Its buttons come next after `before` in the tab order.
+    void tell(const std::vector<ReportOmission>& omissions, QWidget* before);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void add(const ReportOmission& omission);
+    QWidget* add(const ReportOmission& omission, QWidget* before);
     void clear();
 
     QVBoxLayout* m_rows;

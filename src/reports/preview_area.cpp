@@ -10,10 +10,9 @@ namespace {
 
 constexpr double twipsInPixel = 15;
 
-// In twips, as the window has always been laid out.
+// In twips, as the window has always been laid out. Menu and tool row take what its height loses.
 constexpr int corner = 100;
 constexpr int lessWidth = 300;
-constexpr int lessHeight = 900;
 
 int pixels(int twips)
 {
@@ -36,6 +35,7 @@ void PreviewArea::say(const QString& text)
 {
     m_line->setText(text);
     m_line->setToolTip(text);
+    layOut();
 }
 
 void PreviewArea::paintEvent(QPaintEvent* event)
@@ -45,10 +45,17 @@ void PreviewArea::paintEvent(QPaintEvent* event)
 
 void PreviewArea::resizeEvent(QResizeEvent*)
 {
-    const QSize room(std::max(width() - pixels(lessWidth), 0), std::max(height() - pixels(lessHeight), 0));
+    layOut();
+}
+
+/// The pages reach the lower edge, or the line below them while it says something.
+void PreviewArea::layOut()
+{
+    const int lineHeight = m_line->text().isEmpty() ? 0 : m_line->sizeHint().height() + pixels(corner);
+    const int less = pixels(corner) + lineHeight;
+    const QSize room(std::max(width() - pixels(lessWidth), 0), std::max(height() - less, 0));
     m_view->setGeometry(QRect(QPoint(pixels(corner), pixels(corner)), room));
-    const int below = m_view->geometry().bottom() + 1;
-    m_line->setGeometry(m_view->x() + pixels(corner), below, room.width(), std::max(height() - below, 0));
+    m_line->setGeometry(m_view->x() + pixels(corner), height() - lineHeight, room.width(), lineHeight);
 }
 
 } // namespace lorvan

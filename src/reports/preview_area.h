@@ -23,6 +23,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void layOut();
+
     PageView* m_view;
     ThemedLabel* m_line;
 };

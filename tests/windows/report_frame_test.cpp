@@ -1,3 +1,4 @@
+#include "controls/window_placement.h"
 #include "platform/busy_pointer.h"
 #include "printing_test.h"
 #include "reports/preview_tools.h"
@@ -6,6 +7,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
@@ -128,7 +130,7 @@ TEST_F(ReportFrame, aSlowPrintSystemIsNotWaitedFor)
     EXPECT_TRUE(becomes(onB));
 }
 
-TEST_F(ReportFrame, theChosenPrinterStaysForTheNextReport)
+TEST_F(ReportFrame, theNextReportHasTheChosenPrinterAndTheSizeLeft)
 {
     openComplete(1);
     boxes.whenShown(QStringLiteral("printerChoice"), [](QWidget& choice) {
@@ -140,7 +142,12 @@ TEST_F(ReportFrame, theChosenPrinterStaysForTheNextReport)
     });
     action("menu(1)").trigger();
     EXPECT_TRUE(becomes(QStringLiteral(" Ταμείο ημέρας  στον  Α")));
-    EXPECT_EQ(Ektypvsh(*printers, saver).windowTitle() + printers->currentName(), QStringLiteral("Α"));
+    frame->resize(700, 500);
+    frame->unload();
+    frame.emplace(*printers, saver);
+    frame->open(report(1), QStringLiteral(" Επιταγές"), {});
+    EXPECT_EQ(frame->windowTitle(), QStringLiteral(" Επιταγές  στον  Α"));
+    EXPECT_EQ(frame->size(), QSize(700, 500)) << "as the user left the one before";
 }
 
 TEST_F(ReportFrame, nothingIsDoneWhileAnotherActionRuns)
@@ -185,11 +192,11 @@ TEST_F(ReportFrame, aPageNumberIsTypedWhilePagesAreAdded)
 TEST_F(ReportFrame, laysThePagesOutInTheirPlaceAtAnySize)
 {
     openComplete(1);
-    for (const QSize size : {QSize(960, 680), QSize(1300, 900), QSize(1, 1)}) {
+    for (const QSize size : {QSize(1, 1), QSize(1300, 900), QSize(760, 680)}) {
         frame->resize(size);
         QApplication::processEvents();
         const QSize area = view().parentWidget()->size();
-        const QSize room = (area - QSize(20, 60)).expandedTo({0, 0});
+        const QSize room = (area - QSize(20, 7)).expandedTo({0, 0});
         EXPECT_EQ(view().geometry(), QRect(QPoint(7, 7), room)) << size.width();
     }
 }
@@ -246,6 +253,23 @@ TEST_F(ReportFrame, sizeChangesByKeysWheelAndFit)
     QApplication::processEvents();
     EXPECT_NE(percent(), before);
     EXPECT_EQ(view().horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(ReportFrame, standsInTheMiddleUntilTheUserMovesIt)
+{
+    open(report(1));
+    const auto isCentred = [this] {
+        const QRect area = frame->screen()->availableGeometry();
+        return frame->pos() == centredIn(area, frame->frameGeometry().size());
+    };
+    frame->move(3, 5); // as a window manager does that places late
+    EXPECT_TRUE(QTest::qWaitFor(isCentred)) << frame->y();
+    QTest::qWait(1200);
+    frame->move(3, 5);
+    QTest::qWait(200);
+    QEvent activation(QEvent::ActivationChange);
+    QApplication::sendEvent(&*frame, &activation);
+    EXPECT_EQ(frame->pos(), QPoint(3, 5));
 }
 
 TEST_F(ReportFrame, showsTheFirstPageBeforeTheLastIsLaidOut)
