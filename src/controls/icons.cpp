@@ -72,6 +72,8 @@ public:
 private:
     [[nodiscard]] QColor colour(QIcon::Mode mode) const
     {
+        if (mode == QIcon::Selected)
+            return Theme::instance().colour(ColourRole::HighlightText);
         return Theme::instance().colour(mode == QIcon::Disabled ? ColourRole::OffText : m_role);
     }
 

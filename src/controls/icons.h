@@ -10,7 +10,8 @@ namespace lorvan {
 /// One of our line icons by name: daybook, codes, print, exit, insert, modify, delete, closecash, unlock, groups,
 /// users, key, calendar, zoomin, zoomout, search, pages, width, pdf, table, first, prev, next, last, back, check,
 /// question, info, warning, stop, computer, folder, newfolder, file, up, list. Its colour is the role's at the time of
-/// painting, off text when disabled. An unknown name gives an empty icon.
+/// painting, off text when disabled, the highlight's text colour on a selected row. An unknown name gives an empty
+/// icon.
 [[nodiscard]] QIcon themedIcon(const QString& name, ColourRole role);
 
 /// Paints an icon into a rectangle in logical pixels, at the painter's own resolution.
