@@ -97,6 +97,7 @@ QLayout* PrintingPage::reportColumn()
     m_reports->setRows(reportRows());
     m_reports->setAccessibleName(QStringLiteral("Διαθέσιμες εκτυπώσεις"));
     auto* const heading = listHeading(m_reports->accessibleName());
+    heading->setObjectName(QStringLiteral("Label1"));
     heading->setMinimumHeight(ChoiceList::headHeight);
     column->addWidget(heading);
     column->addWidget(m_reports, 1);
