@@ -1,10 +1,13 @@
+#include "cashbook/cash_book.h"
 #include "platform/settings_store.h"
 #include "reports/cash_analysis_report.h"
+#include "reports/cash_summary_report.h"
 #include "reports/group_card_report.h"
 #include "reports/movements_by_code_report.h"
 #include "reports/movements_by_group_report.h"
 #include "reports/report_omissions.h"
 #include "reports/report_text.h"
+#include "support/book_model.h"
 #include "support/temporary_book.h"
 
 #include <gtest/gtest.h>
@@ -197,6 +200,35 @@ TEST_F(MovementReports, tellWhatTheyLeaveOut)
         QStringLiteral("Η αρχή της περιόδου, 01-04-2024, είναι μετά το τέλος της, 31-03-2024: δεν βρίσκεται τίποτα. "
                        "[]"));
     EXPECT_EQ(toldOf(main, Report::DailyCash, inputs), QString());
+}
+
+TEST(ReportsOnOneBook, agreeOnWhatCameInAndWentOut)
+{
+    TemporaryBook book;
+    book.execute("UPDATE kvdikoi SET aa_omadas=kvdikos/100, omada='Ο' || kvdikos");
+    Book open = book.open();
+    CashBook cashBook(open, {});
+    const QDate first(2024, 3, 1);
+    for (int i = 0; i < 40; ++i) {
+        const QDate day = first.addDays(i * 7 % 35);
+        const QString words = QStringLiteral("κίνηση %1").arg(i);
+        const auto draft = i % 3 == 0 ? expenseOf(day, cents(i * 137), words) : incomeOf(day, cents(i * 411), words);
+        EXPECT_TRUE(std::holds_alternative<DayView>(cashBook.insert(draft)));
+    }
+    ReportInputs inputs = march();
+    const auto totals = [](const ReportDocument& document, const QString& label, int column) {
+        for (const ReportItem& row : document.rows()) {
+            if (row.cells().contains(label))
+                return row.cells().mid(column, 2).join(u' ');
+        }
+        return QString();
+    };
+    const QString summary = totals(cashSummaryReport(open.main(), inputs), QStringLiteral("Σύνολα "), 1);
+    EXPECT_GT(summary.size(), 12);
+    EXPECT_EQ(totals(movementsByCodeReport(open.main(), inputs), QStringLiteral("Σύνολα"), 5), summary);
+    EXPECT_EQ(totals(movementsByGroupReport(open.main(), inputs), QStringLiteral("Σύνολα"), 5), summary);
+    inputs.form = ReportForm::Summary;
+    EXPECT_EQ(totals(movementsByCodeReport(open.main(), inputs), QStringLiteral("Σύνολα"), 3), summary);
 }
 
 TEST(ReportChoices, areStoredAsTheyAreReadBack)

@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -209,20 +208,6 @@ TEST_F(AnalysisWindowTest, failuresAreToldAndLoseNothing)
     book.execute("ALTER TABLE x RENAME TO kvdikoi");
     choose(0, QStringLiteral("100"));
     EXPECT_EQ(user->field(0).text(), QStringLiteral("100 Λιανική"));
-}
-
-TEST_F(AnalysisWindowTest, fiveThousandCodesOpenAtOnce)
-{
-    book.execute("BEGIN; WITH RECURSIVE n(i) AS (SELECT 1000 UNION ALL SELECT i+1 FROM n WHERE i<5999)"
-                 " INSERT INTO kvdikoi (kvdikos, perigrafh, aa_omadas, energos)"
-                 " SELECT i, 'Κωδικός με μεγάλη περιγραφή '||i, 0, -1 FROM n; COMMIT");
-    open();
-    QElapsedTimer time;
-    time.start();
-    user->click(chooser(0));
-    EXPECT_LT(time.elapsed(), 1000);
-    EXPECT_EQ(codes().count(), 5003);
-    pressInList(Qt::Key_Escape);
 }
 
 } // namespace lorvan::test
