@@ -65,6 +65,9 @@ void start(ReportDocument& document)
     document.SetFont({.name = QStringLiteral("arial greek"), .size = 10});
     document.SetPaperSize(ReportPaper::A4);
     document.SetOrientation(ReportOrientation::Landscape);
+    document.MouseScroll(true);
+    document.MouseZoom(true);
+    document.MousePage(true);
     document.StartDoc();
 }
 

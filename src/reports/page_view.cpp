@@ -7,7 +7,9 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include <algorithm>
 #include <array>
+#include <cstdlib>
 
 namespace lorvan {
 namespace {
@@ -23,6 +25,18 @@ constexpr double sameZoom = 0.005;
 const QColor markColour(255, 232, 110);
 const QColor foundColour(255, 176, 84);
 const QColor shadowColour(0, 0, 0, 60);
+
+QString mouseTip(const PreviewMouse& mouse)
+{
+    QStringList lines;
+    if (mouse.zooms)
+        lines += QStringLiteral("Διπλό κλικ: μεγέθυνση, με Shift σμίκρυνση");
+    if (mouse.turnsPages)
+        lines += QStringLiteral("Shift και ροδέλα, ή τα πλήκτρα πίσω και εμπρός: αλλαγή σελίδας");
+    if (mouse.scrolls)
+        lines += QStringLiteral("Σύρσιμο, και με πατημένη τη ροδέλα: κύλιση");
+    return lines.join(u'\n');
+}
 
 } // namespace
 
@@ -46,6 +60,7 @@ void PageView::setPages(std::shared_ptr<ReportPages> pages)
     m_current = 0;
     m_wantsLast = false;
     m_found.reset();
+    viewport()->setToolTip(mouseTip(mouse()));
     updateScrollBars();
     verticalScrollBar()->setValue(0);
     if (m_pages)
@@ -145,18 +160,25 @@ void PageView::setZoom(double zoom)
 
 void PageView::zoomIn()
 {
-    for (const double step : zoomSteps) {
-        if (step > m_zoom + sameZoom)
-            return setZoom(step);
-    }
+    m_fit = Fit::None;
+    stepZoom(1, viewport()->rect().center());
 }
 
 void PageView::zoomOut()
 {
-    for (auto step = zoomSteps.rbegin(); step != zoomSteps.rend(); ++step) {
-        if (*step < m_zoom - sameZoom)
-            return setZoom(*step);
-    }
+    m_fit = Fit::None;
+    stepZoom(-1, viewport()->rect().center());
+}
+
+/// To the next greater or smaller of the steps.
+void PageView::stepZoom(int steps, QPoint anchor)
+{
+    const auto next = std::upper_bound(zoomSteps.begin(), zoomSteps.end(), m_zoom + sameZoom);
+    const auto same = std::lower_bound(zoomSteps.begin(), zoomSteps.end(), m_zoom - sameZoom);
+    if (steps > 0 && next != zoomSteps.end())
+        changeZoom(*next, anchor);
+    if (steps < 0 && same != zoomSteps.begin())
+        changeZoom(*std::prev(same), anchor);
 }
 
 /// What is at the anchor, a point of the viewport, stays there.
@@ -222,26 +244,45 @@ void PageView::keyPressEvent(QKeyEvent* event)
     }
 }
 
+PreviewMouse PageView::mouse() const
+{
+    return m_pages ? m_pages->document().mouse() : PreviewMouse();
+}
+
 void PageView::wheelEvent(QWheelEvent* event)
 {
-    if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+    const bool zooms = event->modifiers().testFlag(Qt::ControlModifier);
+    if (!zooms && !(mouse().turnsPages && event->modifiers().testFlag(Qt::ShiftModifier))) {
         QAbstractScrollArea::wheelEvent(event);
         return;
     }
     event->accept();
     m_wheelTurn += event->angleDelta().y();
-    for (; m_wheelTurn >= wheelNotch; m_wheelTurn -= wheelNotch)
-        zoomIn();
-    for (; m_wheelTurn <= -wheelNotch; m_wheelTurn += wheelNotch)
-        zoomOut();
+    const int notches = m_wheelTurn / wheelNotch;
+    m_wheelTurn %= wheelNotch;
+    if (!zooms)
+        return goToPage(m_current - notches);
+    for (int notch = 0; notch < std::abs(notches); ++notch)
+        notches > 0 ? zoomIn() : zoomOut();
 }
 
 void PageView::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton)
+    const Qt::MouseButton button = event->button();
+    if (mouse().turnsPages && (button == Qt::BackButton || button == Qt::ForwardButton))
+        return goToPage(m_current + (button == Qt::BackButton ? -1 : 1));
+    if (button != Qt::LeftButton && !(mouse().scrolls && button == Qt::MiddleButton))
         return;
     m_dragged = event->position().toPoint();
     viewport()->setCursor(Qt::ClosedHandCursor);
+}
+
+void PageView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (!mouse().zooms || event->button() != Qt::LeftButton)
+        return mousePressEvent(event);
+    m_fit = Fit::None;
+    stepZoom(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1, event->position().toPoint());
 }
 
 void PageView::mouseMoveEvent(QMouseEvent* event)

@@ -14,7 +14,7 @@ namespace lorvan {
 /// The preview control `Tg`: a report's pages below each other, at any size. The first page is shown at once, the
 /// others are laid out while the window is idle. Only what is in sight is painted. Page Up and Down turn the pages,
 /// Home and End go to the first and the last one, arrows, blank, wheel and a drag scroll, the wheel with Ctrl changes
-/// the size. Pages count from 0.
+/// the size. A document may ask for more of the mouse (PreviewMouse). Pages count from 0.
 class PageView : public QAbstractScrollArea {
     Q_OBJECT
 
@@ -58,6 +58,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     struct Found {
@@ -68,12 +69,14 @@ private:
     void layOutMore();
     void updateScrollBars();
     void setCurrent(int page);
+    void stepZoom(int steps, QPoint anchor);
     void changeZoom(double zoom, QPoint anchor);
     void applyFit();
     void paintFrame();
     void paintPage(QPainter& painter, int page) const;
     void paintMarks(QPainter& painter, int page) const;
 
+    [[nodiscard]] PreviewMouse mouse() const;
     [[nodiscard]] PageStack stack() const;
     [[nodiscard]] QPoint contentOrigin() const; ///< Where the content's corner stands in the viewport.
     [[nodiscard]] QSize roomForPages() const;
@@ -85,7 +88,7 @@ private:
     bool m_wantsLast = false;
     double m_zoom = 1;
     Fit m_fit = Fit::None;
-    int m_wheelTurn = 0; ///< What of a notch was turned with Ctrl.
+    int m_wheelTurn = 0; ///< What of a notch was turned with Ctrl or Shift.
     std::optional<QPoint> m_dragged; ///< Where the mouse was last while it drags.
     SearchText m_sought{QStringView()};
     std::optional<Found> m_found;

@@ -10,6 +10,13 @@ namespace lorvan {
 
 class ReportItem;
 
+/// What the mouse does in a preview besides scrolling by dragging and changing the size with Ctrl and the wheel.
+struct PreviewMouse {
+    bool zooms = false;
+    bool turnsPages = false;
+    bool scrolls = false;
+};
+
 /// A report before it has pages: page settings, header, footer, and paragraphs, table titles and table rows in their
 /// order. A value: it reads no store, measures and paints nothing. The operations that write it carry the reports' own
 /// names.
@@ -37,6 +44,13 @@ public:
     void SetOrientation(ReportOrientation orientation) { m_page.orientation = orientation; }
     void SetPaperSize(ReportPaper paper) { m_page.paper = paper; }
 
+    /// A double click enlarges the preview there, with Shift it shrinks it.
+    void MouseZoom(bool isOn) { m_mouse.zooms = isOn; }
+    /// The wheel with Shift turns the preview's pages, and so do the mouse's buttons for back and forward.
+    void MousePage(bool isOn) { m_mouse.turnsPages = isOn; }
+    /// The pressed wheel drags the pages too.
+    void MouseScroll(bool isOn) { m_mouse.scrolls = isOn; }
+
     void SetFont(const FontChange& change);
     void SetTextColor(ReportColour colour);
     /// 0 none, 1 a line below, 2 above, 3 both, 9 a quiet line below; of the rows and titles added next.
@@ -59,6 +73,7 @@ public:
     [[nodiscard]] const QString& header() const { return m_header; }
     [[nodiscard]] const ReportFont& headerFont() const { return m_headerFont; }
     [[nodiscard]] const QString& footer() const { return m_footer; }
+    [[nodiscard]] const PreviewMouse& mouse() const { return m_mouse; }
     [[nodiscard]] bool isComplete() const { return m_isComplete; }
 
     /// Paragraphs, titles and rows together, in their order.
@@ -107,6 +122,8 @@ private:
     QString m_header;
     ReportFont m_headerFont;
     QString m_footer = QStringLiteral("Σελίδα %d");
+
+    PreviewMouse m_mouse;
 
     std::u16string m_text;
     std::vector<std::uint32_t> m_textEnds; ///< where each cell's text ends in m_text

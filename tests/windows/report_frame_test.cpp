@@ -255,6 +255,36 @@ TEST_F(ReportFrame, sizeChangesByKeysWheelAndFit)
     EXPECT_EQ(view().horizontalScrollBar()->maximum(), 0);
 }
 
+TEST_F(ReportFrame, theMouseDoesMoreWhereTheDocumentAsksForIt)
+{
+    const auto turn = [this](int notches) {
+        QWheelEvent wheel(QPointF(99, 99), view().mapToGlobal(QPointF(99, 99)), {}, QPoint(0, notches * 120), {},
+            Qt::ShiftModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(view().viewport(), &wheel);
+    };
+    for (const bool asks : {false, true}) {
+        ReportDocument document = report(4 * rowsOnAPage);
+        document.MouseZoom(asks);
+        document.MousePage(asks);
+        document.MouseScroll(asks);
+        open(std::move(document));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return view().pages()->isComplete(); }));
+        EXPECT_EQ(view().viewport()->toolTip().isEmpty(), !asks);
+        turn(-2);
+        EXPECT_EQ(view().currentPage(), asks ? 2 : 0);
+        QTest::mouseClick(view().viewport(), Qt::BackButton);
+        EXPECT_EQ(view().currentPage(), asks ? 1 : 0);
+        QTest::mouseDClick(view().viewport(), Qt::LeftButton);
+        EXPECT_EQ(user->text(QStringLiteral("zoom")), asks ? QStringLiteral("110 %") : QStringLiteral("100 %"));
+        view().setZoom(1);
+        const int before = view().verticalScrollBar()->value();
+        QTest::mousePress(view().viewport(), Qt::MiddleButton, {}, QPoint(99, 199));
+        QTest::mouseMove(view().viewport(), QPoint(99, 99));
+        QTest::mouseRelease(view().viewport(), Qt::MiddleButton, {}, QPoint(99, 99));
+        EXPECT_EQ(view().verticalScrollBar()->value() != before, asks);
+    }
+}
+
 TEST_F(ReportFrame, standsInTheMiddleUntilTheUserMovesIt)
 {
     open(report(1));
