@@ -1,6 +1,7 @@
 #include "reports/page_view.h"
 
 #include "controls/theme.h"
+#include "reports/page_view_accessible.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -46,6 +47,7 @@ PageView::PageView(QWidget* parent)
     setFrameShape(QFrame::Box);
     setLineWidth(frame);
     setFocusPolicy(Qt::StrongFocus);
+    installPageReading();
     setAccessibleName(QStringLiteral("Σελίδες της εκτύπωσης"));
     verticalScrollBar()->setSingleStep(lineStep);
     horizontalScrollBar()->setSingleStep(lineStep);
@@ -138,6 +140,7 @@ void PageView::setCurrent(int page)
         return;
     m_current = page;
     Q_EMIT currentPageChanged(page);
+    tellPageTurned(*this);
 }
 
 void PageView::scrollContentsBy(int, int)

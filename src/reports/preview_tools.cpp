@@ -141,7 +141,10 @@ void PreviewTools::addSearch()
                                         "προηγούμενο"));
     m_sought->setMinimumWidth(leastSearchWidth);
     m_sought->setMaximumWidth(searchWidth);
-    m_sought->addAction(themedIcon(QStringLiteral("search"), ColourRole::Muted), QLineEdit::LeadingPosition);
+    QAction* const lens =
+        m_sought->addAction(themedIcon(QStringLiteral("search"), ColourRole::Muted), QLineEdit::LeadingPosition);
+    lens->setText(QStringLiteral("Εύρεση"));
+    connect(lens, &QAction::triggered, this, &PreviewTools::goToSearch);
     m_sought->installEventFilter(this);
     connect(m_sought, &QLineEdit::textChanged, this, &PreviewTools::soughtChanged);
     m_row->addWidget(m_sought, 100);

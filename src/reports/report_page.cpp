@@ -151,6 +151,26 @@ void ReportPage::placePart(QStringView part, ColumnAlignment alignment, float wi
     }
 }
 
+QString ReportPage::text() const
+{
+    std::vector<const PlacedText*> lines;
+    for (const PlacedText& placed : m_texts)
+        lines.push_back(&placed);
+    const auto isHigher = [](const PlacedText* left, const PlacedText* right) {
+        return left->baseline < right->baseline;
+    };
+    std::stable_sort(lines.begin(), lines.end(), isHigher);
+    QString text;
+    const PlacedText* before = nullptr;
+    for (const PlacedText* const placed : lines) {
+        if (before)
+            text += isHigher(before, placed) ? u'\n' : u'\t';
+        text += placed->text;
+        before = placed;
+    }
+    return text;
+}
+
 std::vector<QRectF> ReportPage::find(const SearchText& wanted) const
 {
     std::vector<QRectF> areas;

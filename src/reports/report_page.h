@@ -49,6 +49,9 @@ public:
     [[nodiscard]] const std::vector<PlacedRule>& rules() const { return m_rules; }
     [[nodiscard]] const std::vector<PlacedText>& texts() const { return m_texts; }
 
+    /// What can be read there, a line of paper for each line; tabs between what stands side by side.
+    [[nodiscard]] QString text() const;
+
     /// The areas of all places where the text stands, in reading order; two for a place that is broken into two lines.
     [[nodiscard]] std::vector<QRectF> find(const SearchText& wanted) const;
 

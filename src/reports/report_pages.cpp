@@ -47,6 +47,11 @@ void ReportPages::paintPage(QPainter& painter, int page) const
         paintReportPage(painter, contentOf(page));
 }
 
+QString ReportPages::textOf(int page) const
+{
+    return page >= 0 && page < pageCount() ? contentOf(page).text() : QString();
+}
+
 std::vector<QRectF> ReportPages::find(const SearchText& wanted, int page) const
 {
     if (wanted.isEmpty() || page < 0 || page >= pageCount())

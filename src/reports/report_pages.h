@@ -42,6 +42,9 @@ public:
     /// painter's state is as before afterwards.
     void paintPage(QPainter& painter, int page) const;
 
+    /// What can be read on that page, see ReportPage::text(); empty beyond pageCount().
+    [[nodiscard]] QString textOf(int page) const;
+
     /// The areas in twips where the text stands on that page, header, titles and footer included, in reading order.
     [[nodiscard]] std::vector<QRectF> find(const SearchText& wanted, int page) const;
 

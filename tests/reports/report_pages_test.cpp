@@ -104,13 +104,28 @@ TEST(ReportPages, endRightAlignedNumbersOnOnePixel)
     EXPECT_NEAR(ends[0], ends[2], 1);
 }
 
-TEST(ReportPages, setTextsThatNeedShaping)
+TEST(ReportPages, setTextsThatNeedShapingAsWideAsTheirLetters)
 {
-    ReportDocument document;
-    document.SetFooter(QString());
-    document.Paragraph(u"α\u0301");
-    const QImage image = painted(document, 0.1);
-    EXPECT_GE(inked(image, image.rect()).second, 0);
+    const auto widthOf = [](QStringView text) {
+        ReportDocument document;
+        document.SetFooter(QString());
+        document.Paragraph(text);
+        const QImage image = painted(document, 0.1);
+        const auto [first, last] = inked(image, image.rect());
+        return last - first;
+    };
+    EXPECT_GT(widthOf(u"ααα"), 0);
+    EXPECT_NEAR(widthOf(u"α\u0301α\u0301α\u0301"), widthOf(u"ααα"), 1) << "an accent takes no room of its own";
+}
+
+TEST(ReportPages, readAsTextLineByLine)
+{
+    ReportPages pages(dailyCash(60));
+    ASSERT_TRUE(pages.layOut());
+    EXPECT_TRUE(pages.textOf(0).startsWith(
+        QStringLiteral("Τ α μ ε ί ο  Η μ έ ρ α ς\nα/α\tΚωδ.\tΠεριγραφή\tΕσοδα\tΕξοδα\n1\t100\tΠΩΛΗΣΕΙΣ ΛΙΑΝΙΚΗΣ")));
+    EXPECT_TRUE(pages.textOf(1).endsWith(QStringLiteral("Υπόλοιπο = 1,00\t1.111,10\t0\nΣελίδα 2")));
+    EXPECT_EQ(pages.textOf(2), QString());
 }
 
 TEST(ReportPages, areFoundInSlices)

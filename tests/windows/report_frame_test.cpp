@@ -5,6 +5,7 @@
 #include "reports/printers.h"
 #include "reports/report_saver.h"
 
+#include <QAccessible>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
@@ -283,6 +284,20 @@ TEST_F(ReportFrame, theMouseDoesMoreWhereTheDocumentAsksForIt)
         QTest::mouseRelease(view().viewport(), Qt::MiddleButton, {}, QPoint(99, 99));
         EXPECT_EQ(view().verticalScrollBar()->value() != before, asks);
     }
+}
+
+TEST_F(ReportFrame, readsThePageTurnedToAloud)
+{
+    openComplete(2 * rowsOnAPage);
+    QAccessibleInterface* const reading = QAccessible::queryAccessibleInterface(&view());
+    ASSERT_TRUE(reading && reading->textInterface());
+    EXPECT_TRUE(reading->text(QAccessible::Value).endsWith(QStringLiteral("Σελίδα 1")));
+    user->press(Qt::Key_End);
+    const QString all = reading->textInterface()->text(0, reading->textInterface()->characterCount());
+    EXPECT_TRUE(all.startsWith(QStringLiteral("α/α\tΠεριγραφή\n")) && all.endsWith(QStringLiteral("Σελίδα 2")));
+    auto* const lens = user->find(QStringLiteral("findText")).findChild<QAbstractButton*>();
+    ASSERT_NE(lens, nullptr);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(lens)->text(QAccessible::Name), QStringLiteral("Εύρεση"));
 }
 
 TEST_F(ReportFrame, standsInTheMiddleUntilTheUserMovesIt)
