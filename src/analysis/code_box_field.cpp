@@ -30,7 +30,8 @@ bool CodeBoxField::event(QEvent* event)
     const bool fits = fontMetrics().horizontalAdvance(text()) <= width() - besideText;
     if (event->type() != QEvent::ToolTip || fits)
         return QLineEdit::event(event);
-    showPlainToolTip(static_cast<QHelpEvent*>(event)->globalPos(), text(), this, rect());
+    const QString hint = toolTip().isEmpty() ? QString() : u'\n' + toolTip();
+    showPlainToolTip(static_cast<QHelpEvent*>(event)->globalPos(), text() + hint, this, rect());
     return true;
 }
 

@@ -7,7 +7,7 @@
 namespace lorvan {
 
 /// A field that shows the code of a box and takes no typing: Delete empties it, Enter goes on to the next control. A
-/// text that does not fit is shown as a tooltip.
+/// text that does not fit is shown above its tooltip.
 class CodeBoxField : public QLineEdit {
     Q_OBJECT
 

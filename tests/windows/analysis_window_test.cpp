@@ -7,8 +7,10 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QHelpEvent>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolTip>
 
 #include <optional>
 
@@ -87,6 +89,21 @@ TEST_F(AnalysisWindowTest, opensWithDefaultsOrWithWhatWasStored)
     open();
     EXPECT_EQ(shown(2), QStringLiteral("Τράπεζα & Σία|100 Λιανική/100 |100/"));
     EXPECT_EQ(frame(2).title(), QStringLiteral("Τράπεζα && Σία")) << "marks no key";
+}
+
+TEST_F(AnalysisWindowTest, aCutTextIsShownAboveTheHintHowToClearIt)
+{
+    const QString text = QStringLiteral("100 ") + QString(60, u'Λ');
+    settings.write({{QStringLiteral("AnakyshFRM"), QStringLiteral("0Kvd"), text}});
+    open();
+    for (const int box : {0, 1}) {
+        QHelpEvent event(QEvent::ToolTip, {}, user->field(box).mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&user->field(box), &event);
+        const QString hint = QStringLiteral("Πατήστε DELγια τη διαγραφή της ομάδας");
+        EXPECT_EQ(
+            QToolTip::text(), box == 0 ? Qt::convertFromPlainText(text + u'\n' + hint, Qt::WhiteSpaceNormal) : hint);
+        QToolTip::hideText();
+    }
 }
 
 TEST_F(AnalysisWindowTest, theListLiesOverItsBoxAndIsTypedThrough)
