@@ -3,7 +3,8 @@
 #include "controls/row_delegate.h"
 #include "controls/theme.h"
 
-#include <QEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
 #include <QStandardItemModel>
 
 #include <algorithm>
@@ -15,6 +16,7 @@ constexpr int heightOverFont = 5;
 constexpr int margin = 2;
 constexpr int leastRows = 3;
 constexpr int usualRows = 6;
+constexpr int charactersOfStep = 8;
 
 } // namespace
 
@@ -54,6 +56,15 @@ bool PlainList::selectData(qint64 key)
     return !found.isEmpty();
 }
 
+void PlainList::setScrollsSideways()
+{
+    m_scrollsSideways = true;
+    setUniformItemSizes(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setHorizontalScrollMode(ScrollPerPixel);
+    doItemsLayout();
+}
+
 void PlainList::setRowHeight(int pixels)
 {
     m_rowHeight = pixels;
@@ -73,6 +84,28 @@ QSize PlainList::sizeHint() const
 QSize PlainList::minimumSizeHint() const
 {
     return {80, leastRows * rowHeight() + 2 * (margin + frameWidth())};
+}
+
+void PlainList::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    const int place = horizontalScrollBar()->value();
+    RecordList::scrollTo(index, hint);
+    horizontalScrollBar()->setValue(place);
+}
+
+void PlainList::keyPressEvent(QKeyEvent* event)
+{
+    const bool isSideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
+    QScrollBar* const bar = horizontalScrollBar();
+    if (!m_scrollsSideways || !isSideways || (event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
+        const QModelIndex before = currentIndex();
+        RecordList::keyPressEvent(event);
+        if (currentIndex() != before)
+            bar->setValue(0);
+        return;
+    }
+    const int step = charactersOfStep * fontMetrics().averageCharWidth();
+    bar->setValue(bar->value() + (event->key() == Qt::Key_Left ? -step : step));
 }
 
 void PlainList::changeEvent(QEvent* event)

@@ -14,7 +14,8 @@ struct ListRow {
 };
 
 /// A list of single lines. The selected row is highlighted while the list has the focus and tinted, with a bar at its
-/// left, while it has not. Rows that do not fit end in an ellipsis and show their text as a tooltip.
+/// left, while it has not. Rows that do not fit end in an ellipsis and show their text as a tooltip; a list that
+/// scrolls sideways shows all of them, with the Left and Right keys too, and begins another row at its beginning.
 class PlainList : public RecordList {
     Q_OBJECT
 
@@ -29,11 +30,17 @@ public:
     /// Selects the first row with that data and brings it into sight. False, and nothing selected, where there is none.
     bool selectData(qint64 key);
 
+    void setScrollsSideways();
+    [[nodiscard]] bool scrollsSideways() const { return m_scrollsSideways; }
+
     void setRowHeight(int pixels); ///< Instead of the font's height and 5.
 
     [[nodiscard]] int rowHeight() const;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+
+    /// Brings a row into sight up or down; sideways the list stays where it is, so that a click moves nothing.
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
     /// Where a row's text begins; a list with ticks keeps a column free before it.
     [[nodiscard]] virtual int textInset() const { return 10; }
@@ -43,6 +50,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void dress();
@@ -50,6 +58,7 @@ private:
     QStandardItemModel* m_rows;
     Face m_face;
     int m_rowHeight = 0;
+    bool m_scrollsSideways = false;
 };
 
 } // namespace lorvan

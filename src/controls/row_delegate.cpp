@@ -9,6 +9,8 @@
 #include <QTextDocument>
 #include <QToolTip>
 
+#include <algorithm>
+
 namespace lorvan {
 namespace {
 
@@ -105,7 +107,9 @@ QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInde
     const PlainList* const list = listOf(option);
     const int inset = list ? list->textInset() : textInset;
     const int height = list ? list->rowHeight() : option.fontMetrics.height() + heightOverFont;
-    const int width = list ? inset : inset + option.fontMetrics.horizontalAdvance(index.data().toString()) + textInset;
+    const bool canElide = list && !list->scrollsSideways();
+    const int width =
+        canElide ? inset : inset + option.fontMetrics.horizontalAdvance(index.data().toString()) + textInset;
     return {width, height};
 }
 
@@ -115,7 +119,8 @@ bool RowDelegate::helpEvent(
     if (event->type() != QEvent::ToolTip || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString();
-    if (option.fontMetrics.horizontalAdvance(text) <= textRect(option).width())
+    const int shown = std::min(textRect(option).width(), view->viewport()->width() - textInset);
+    if (option.fontMetrics.horizontalAdvance(text) <= shown)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     showPlainToolTip(event->globalPos(), text.trimmed(), view->viewport(), option.rect);
     return true;

@@ -85,6 +85,7 @@ QVBoxLayout* EpiloghOmadvn::column(std::size_t column)
     list->setObjectName(QStringLiteral("List1(%1)").arg(column));
     list->setAccessibleName(headingOf(column).trimmed());
     list->setToolTip(toolTipOf(column));
+    list->setScrollsSideways();
     m_counts[column] = fieldCaption(QString());
     m_counts[column]->setObjectName(QStringLiteral("count(%1)").arg(column));
     connect(

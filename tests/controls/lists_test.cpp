@@ -142,6 +142,28 @@ TEST(TickList, clicksToggleAndShiftExtends)
     EXPECT_EQ(list->chosenData(), (std::vector<qint64>{20, 40, 50}));
 }
 
+TEST(TickList, longRowsAreReadByKeyboardWhereItScrollsSideways)
+{
+    ShownForm form;
+    auto* const list = form.add(new TickList);
+    list->setScrollsSideways();
+    list->setRows(numberedRows(6));
+    ASSERT_TRUE(form.show());
+    QScrollBar* const bar = list->horizontalScrollBar();
+    ASSERT_GT(bar->maximum(), 0);
+    EXPECT_GE(bar->maximum() + list->viewport()->width(), list->fontMetrics().horizontalAdvance(cutText));
+    for (int i = 0; bar->value() < bar->maximum() && i < 500; ++i)
+        QTest::keyClick(list, Qt::Key_Right);
+    EXPECT_EQ(bar->value(), bar->maximum());
+    EXPECT_EQ(toolTipOver(*list, 0), Qt::convertFromPlainText(cutText));
+    QTest::keyClick(list, Qt::Key_Left);
+    click(*list, 1);
+    EXPECT_LT(bar->value(), bar->maximum());
+    EXPECT_GT(bar->value(), 0) << "a click moves nothing";
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(bar->value(), 0) << "another row begins at its beginning";
+}
+
 TEST(ChoiceList, isSearchedAndChosenFromByTyping)
 {
     ShownForm form;
