@@ -50,9 +50,22 @@ void EntryField::setType(qreal factor, QFont::Weight weight)
     dress();
 }
 
+void EntryField::setQuiet(bool isQuiet)
+{
+    m_isQuiet = isQuiet;
+    setPalette({});
+    dress();
+}
+
 void EntryField::dress()
 {
     const Theme& theme = Theme::instance();
+    if (m_isQuiet) {
+        QPalette colours;
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+            colours.setColor(group, QPalette::Text, theme.colour(ColourRole::Muted));
+        setPalette(colours);
+    }
     if (m_figures)
         setFont(theme.figureFont(m_factor, m_weight));
     else if (!qFuzzyCompare(m_factor, 1.0) || m_weight != QFont::Normal)

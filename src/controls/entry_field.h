@@ -21,6 +21,10 @@ public:
     /// Font factor and weight where they differ from an ordinary field's.
     void setType(qreal factor, QFont::Weight weight);
 
+    /// The text is painted muted: for what does not count at the moment, though it can be edited.
+    void setQuiet(bool isQuiet);
+    [[nodiscard]] bool isQuiet() const { return m_isQuiet; }
+
 Q_SIGNALS:
     /// The user went to another field. Emitted while the focus moves: open a message box from a posted call only, or it
     /// swallows the mouse release that follows.
@@ -43,6 +47,7 @@ private:
     qreal m_factor = 1.0;
     QFont::Weight m_weight = QFont::Normal;
     bool m_figures = false;
+    bool m_isQuiet = false;
 };
 
 } // namespace lorvan

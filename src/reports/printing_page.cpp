@@ -11,6 +11,7 @@
 #include "platform/date_text.h"
 #include "platform/message_window.h"
 #include "reports/period_button.h"
+#include "reports/report_list.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -24,16 +25,8 @@ namespace {
 constexpr int marginSide = 12;
 constexpr int marginEnd = 10;
 constexpr int betweenColumns = 12;
-constexpr int reportRowHeight = 34;
 constexpr int dateWidth = 108;
-
-std::vector<ListRow> reportRows()
-{
-    std::vector<ListRow> rows;
-    for (const ReportEntry& entry : reportCatalogue())
-        rows.push_back({entry.text, static_cast<qint64>(entry.report)});
-    return rows;
-}
+constexpr qreal hintFactor = 0.9;
 
 std::vector<qint32> chosenNumbers(const ChoiceList& list)
 {
@@ -62,10 +55,11 @@ PrintingPage::PrintingPage(Clock clock, QWidget* parent)
     , m_clock(std::move(clock))
     , m_checks(this)
     , m_fields(QStringLiteral("Text1"))
-    , m_reports(new PlainList(PlainList::Face::FixedWidth, this))
+    , m_reports(new ReportList(this))
     , m_codes(new ChoiceList(PlainList::Face::FixedWidth, codeTexts(), this))
     , m_groups(new ChoiceList(PlainList::Face::Desktop, groupTexts(), this))
     , m_periods(new PeriodButton(m_clock, this))
+    , m_periodHint(new ThemedLabel({}, ColourRole::PageMuted, hintFactor))
     , m_print(new CommandButton(QStringLiteral("print"), QStringLiteral("Εκτύπωση"), this))
 {
     setObjectName(QStringLiteral("Panel1(3)"));
@@ -73,6 +67,7 @@ PrintingPage::PrintingPage(Clock clock, QWidget* parent)
     m_codes->setObjectNames(QStringLiteral("List2(1)"), 1);
     m_groups->setObjectNames(QStringLiteral("List2(2)"), 2);
     m_print->setObjectName(QStringLiteral("Command1(1)"));
+    m_periodHint->setObjectName(QStringLiteral("periodHint"));
 
     auto* const columns = new QHBoxLayout(this);
     columns->setContentsMargins(marginSide, marginEnd, marginSide, marginEnd);
@@ -83,6 +78,7 @@ PrintingPage::PrintingPage(Clock clock, QWidget* parent)
     const auto print = [this] { Q_EMIT commandPressed(command::printReport); };
     connect(m_print, &CommandButton::clicked, this, print);
     connect(m_reports, &PlainList::opened, this, print);
+    connect(m_reports->selectionModel(), &QItemSelectionModel::selectionChanged, this, &PrintingPage::showPeriodUse);
     connect(m_periods, &PeriodButton::chosen, this, [this](const NamedPeriod& period) {
         m_fields[field::periodStart]->setText(dateText(period.start));
         m_fields[field::periodEnd]->setText(dateText(period.end));
@@ -93,8 +89,6 @@ QLayout* PrintingPage::reportColumn()
 {
     auto* const column = new QVBoxLayout;
     column->setSpacing(4);
-    m_reports->setRowHeight(reportRowHeight);
-    m_reports->setRows(reportRows());
     m_reports->setAccessibleName(QStringLiteral("Διαθέσιμες εκτυπώσεις"));
     auto* const heading = listHeading(m_reports->accessibleName());
     heading->setObjectName(QStringLiteral("Label1"));
@@ -119,9 +113,13 @@ EntryField* PrintingPage::addDate(int index, const QString& name)
 QWidget* PrintingPage::periodFrame()
 {
     auto* const frame = new QGroupBox(QStringLiteral("Ημερομηνία εκτύπωσης"), this);
-    auto* const row = new QHBoxLayout(frame);
+    auto* const rows = new QVBoxLayout(frame);
+    rows->setSpacing(2);
+    rows->setContentsMargins(8, rows->contentsMargins().top(), 8, 4);
+    auto* const row = new QHBoxLayout;
     row->setSpacing(8);
-    row->setContentsMargins(8, row->contentsMargins().top(), 8, row->contentsMargins().bottom());
+    rows->addLayout(row);
+    rows->addWidget(m_periodHint);
     row->addWidget(addDate(field::periodStart, QStringLiteral("Από")));
     row->addWidget(new ThemedLabel(QStringLiteral("–"), ColourRole::PageText));
     row->addWidget(addDate(field::periodEnd, QStringLiteral("Έως")));
@@ -132,6 +130,20 @@ QWidget* PrintingPage::periodFrame()
     m_print->captionLabel()->setObjectName(QStringLiteral("Label2(%1)").arg(caption::printReport));
     row->addWidget(m_print);
     return frame;
+}
+
+/// A date that the chosen report ignores stays editable, and is judged like the other.
+void PrintingPage::showPeriodUse()
+{
+    const ReportEntry* const entry = chosenEntry();
+    const PeriodUse use = entry ? periodUse(entry->report) : PeriodUse();
+    const auto show = [this](int index, bool counts) {
+        m_fields[index]->setQuiet(!counts);
+        m_fields[index]->setAccessibleDescription(counts ? QString() : QStringLiteral("Δεν μετρά στην εκτύπωση αυτή"));
+    };
+    show(field::periodStart, use.start);
+    show(field::periodEnd, use.end);
+    m_periodHint->setText(periodHint(use));
 }
 
 QLayout* PrintingPage::choiceColumn()

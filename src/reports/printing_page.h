@@ -19,7 +19,8 @@ class ChoiceList;
 class CommandButton;
 class EntryField;
 class PeriodButton;
-class PlainList;
+class ReportList;
+class ThemedLabel;
 
 /// The printing page `Panel1(3)`: the choice of a report, its period, codes and groups.
 class PrintingPage : public QWidget {
@@ -44,6 +45,7 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] const ReportEntry* chosenEntry() const;
+    void showPeriodUse();
     [[nodiscard]] bool checkPeriod();
     [[nodiscard]] ReportInputs inputs() const;
     QLayout* reportColumn();
@@ -55,11 +57,12 @@ private:
     Clock m_clock;
     LeaveChecks m_checks;
     ControlArray<EntryField> m_fields;
-    PlainList* m_reports;
+    ReportList* m_reports;
     ChoiceList* m_codes;
     ChoiceList* m_groups;
     std::vector<CodeGroup> m_offeredGroups; ///< What m_groups shows.
     PeriodButton* m_periods;
+    ThemedLabel* m_periodHint;
     CommandButton* m_print;
 };
 

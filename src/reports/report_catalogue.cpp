@@ -7,6 +7,31 @@ QString ReportEntry::title() const
     return text.sliced(3);
 }
 
+PeriodUse periodUse(Report report)
+{
+    switch (report) {
+    case Report::DailyCash:
+        return {.start = false, .end = true};
+    case Report::CashAnalysis:
+        return {.start = true, .end = false};
+    case Report::CodeList:
+        return {.start = false, .end = false};
+    default:
+        return {};
+    }
+}
+
+QString periodHint(PeriodUse use)
+{
+    if (use.start && use.end)
+        return {};
+    if (use.start)
+        return QStringLiteral("Μετρά μόνο η πρώτη ημερομηνία.");
+    if (use.end)
+        return QStringLiteral("Μετρά μόνο η δεύτερη ημερομηνία.");
+    return QStringLiteral("Η περίοδος δεν μετρά.");
+}
+
 const std::vector<ReportEntry>& reportCatalogue()
 {
     static const std::vector<ReportEntry> entries{

@@ -28,6 +28,17 @@ struct ReportEntry {
     [[nodiscard]] QString title() const;
 };
 
+/// Which of the period's dates a report reads.
+struct PeriodUse {
+    bool start = true;
+    bool end = true;
+};
+
+[[nodiscard]] PeriodUse periodUse(Report report);
+
+/// Tells the user which date counts; empty where both do.
+[[nodiscard]] QString periodHint(PeriodUse use);
+
 /// The list of reports in its order.
 [[nodiscard]] const std::vector<ReportEntry>& reportCatalogue();
 

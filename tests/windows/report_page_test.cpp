@@ -1,6 +1,8 @@
+#include "controls/entry_field.h"
 #include "printing_test.h"
 #include "program_run.h"
 
+#include <QLabel>
 #include <QMenu>
 #include <QTabBar>
 #include <QTest>
@@ -61,6 +63,30 @@ TEST_F(PrintingPageTest, checksTheChoiceThenThePeriod)
         EXPECT_TRUE(boxes.allSeen());
         EXPECT_EQ(shownFrame(), nullptr);
     }
+}
+
+TEST_F(PrintingPageTest, digitsChooseAndWhatDoesNotCountIsQuiet)
+{
+    startPrinting();
+    const auto& hint = user().find<QLabel>(QStringLiteral("periodHint"));
+    const QString both = QString(), none = QStringLiteral("Η περίοδος δεν μετρά.");
+    const QString first = QStringLiteral("Μετρά μόνο η πρώτη ημερομηνία.");
+    const QString second = QStringLiteral("Μετρά μόνο η δεύτερη ημερομηνία.");
+    const QStringList hints{second, none, both, both, both, both, both, first, both};
+    for (int report = 1; report <= hints.size(); ++report) {
+        user().goTo(reports());
+        QTest::keyClick(&reports(), static_cast<Qt::Key>(Qt::Key_0 + report));
+        EXPECT_EQ(reports().selectionModel()->selectedIndexes().value(0).row(), report - 1);
+        EXPECT_EQ(hint.text(), hints[report - 1]) << report;
+        for (const int index : {periodStart, periodEnd}) {
+            const QString counting = index == periodStart ? first : second;
+            const auto& field = dynamic_cast<EntryField&>(user().field(index));
+            EXPECT_EQ(field.isQuiet(), hint.text() != both && hint.text() != counting) << report;
+            EXPECT_TRUE(field.isEnabled() && !field.isReadOnly());
+        }
+    }
+    user().press(Qt::Key_Return);
+    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(7)"));
 }
 
 TEST_F(PrintingPageTest, usualPeriodsAreChosenWithoutAMouse)
