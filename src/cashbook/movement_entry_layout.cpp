@@ -155,7 +155,7 @@ QLayout* MovementEntryPage::entryGrid()
     grid->addWidget(description, Fields, Description);
     for (const auto& [column, index] : {std::pair(Income, field::income), std::pair(Expense, field::expense),
              std::pair(Memorandum, field::memorandum)}) {
-        m_fields.field(index)->setFixedWidth(amountWidth);
+        m_fields.field(index)->setLeastWidth(amountWidth);
         grid->addWidget(m_fields.field(index), Fields, column);
     }
     grid->setRowMinimumHeight(Gap, betweenRows - grid->verticalSpacing());

@@ -70,6 +70,7 @@ void EntryField::dress()
         setFont(theme.figureFont(m_factor, m_weight));
     else if (!qFuzzyCompare(m_factor, 1.0) || m_weight != QFont::Normal)
         setFont(theme.font(m_factor, m_weight));
+    growWithText();
 }
 
 bool EntryField::event(QEvent* event)
@@ -82,11 +83,33 @@ bool EntryField::event(QEvent* event)
 
 bool EntryField::hidesText() const
 {
+    return echoMode() == Normal && widthOfText() > widthForText();
+}
+
+int EntryField::widthOfText() const
+{
+    return fontMetrics().horizontalAdvance(text());
+}
+
+int EntryField::widthForText() const
+{
     QStyleOptionFrame option;
     initStyleOption(&option);
     const QMargins inside = textMargins() + QMargins(2, 0, 2, 0);
-    const QRect shown = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).marginsRemoved(inside);
-    return echoMode() == Normal && fontMetrics().horizontalAdvance(text()) > shown.width();
+    return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).marginsRemoved(inside).width();
+}
+
+void EntryField::setLeastWidth(int pixels)
+{
+    m_leastWidth = pixels;
+    connect(this, &QLineEdit::textChanged, this, &EntryField::growWithText);
+    growWithText();
+}
+
+void EntryField::growWithText()
+{
+    if (m_leastWidth > 0)
+        setFixedWidth(std::clamp(width() - widthForText() + widthOfText() + 1, m_leastWidth, 3 * m_leastWidth));
 }
 
 void EntryField::focusInEvent(QFocusEvent* event)

@@ -21,6 +21,9 @@ public:
     /// Font factor and weight where they differ from an ordinary field's.
     void setType(qreal factor, QFont::Weight weight);
 
+    /// That wide, and wider while its text needs it: an amount is never cut.
+    void setLeastWidth(int pixels);
+
     /// The text is painted muted: for what does not count at the moment, though it can be edited.
     void setQuiet(bool isQuiet);
     [[nodiscard]] bool isQuiet() const { return m_isQuiet; }
@@ -40,12 +43,16 @@ protected:
 
 private:
     [[nodiscard]] bool hidesText() const;
+    [[nodiscard]] int widthOfText() const;
+    [[nodiscard]] int widthForText() const;
+    void growWithText();
     void dress();
 
     TypingRule m_rule;
     ClickSelection m_clickSelection;
     qreal m_factor = 1.0;
     QFont::Weight m_weight = QFont::Normal;
+    int m_leastWidth = 0; ///< 0: of any width.
     bool m_figures = false;
     bool m_isQuiet = false;
 };

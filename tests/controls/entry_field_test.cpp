@@ -100,4 +100,20 @@ TEST(EntryField, aClickIntoItSelectsAllAndTheNextOneSetsTheCursor)
     EXPECT_FALSE(field->hasSelectedText());
 }
 
+TEST(EntryField, anAmountFieldIsWideEnoughForTheLongestAmount)
+{
+    const DesktopFont font("Noto Sans", 10);
+    ShownForm form;
+    auto* const field = form.add(new EntryField(TypingRule::Amount));
+    field->setRightAligned();
+    field->setLeastWidth(104);
+    ASSERT_TRUE(form.show());
+    for (const char* const amount : {"999.999,00", "-922.337.203.685.477,58", "0"}) {
+        field->setText(QString::fromUtf8(amount));
+        const int text = field->fontMetrics().horizontalAdvance(field->text());
+        EXPECT_EQ(field->minimumWidth() > 104, text > 104) << amount;
+        EXPECT_GT(field->minimumWidth(), text) << amount;
+    }
+}
+
 } // namespace lorvan::test
