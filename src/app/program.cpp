@@ -160,7 +160,7 @@ void Program::end()
     if (m_login)
         m_login->hide(); // what is under way there looks whether it is still shown
     if (m_mainWindow && !m_mainWindow->isClosed())
-        m_mainWindow->close(); // comes back here when the marker is released
+        m_mainWindow->end(); // comes back here when the marker is released
     else
         QApplication::exit();
 }

@@ -1,5 +1,6 @@
 #include "cashbook/code_picker.h"
 
+#include "cashbook/entry_content.h"
 #include "cashbook/entry_rules.h"
 #include "controls/code_chooser.h"
 #include "controls/focus_rules.h"
@@ -40,6 +41,20 @@ void CodePicker::clear()
     m_selected = 0;
     m_income = false;
     m_chooser->showText({});
+}
+
+void CodePicker::takeContent(EntryContent& content) const
+{
+    content.chooser = m_chooser->currentText();
+    content.code = m_selected;
+    content.incomeCode = m_income;
+}
+
+void CodePicker::setContent(const EntryContent& content)
+{
+    m_selected = content.code;
+    m_income = content.incomeCode;
+    m_chooser->showText(content.chooser);
 }
 
 void CodePicker::settle()

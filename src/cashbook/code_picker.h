@@ -10,6 +10,7 @@
 namespace lorvan {
 
 class CodeChooser;
+struct EntryContent;
 
 /// The choice of a movement's code in `DBCombo1`: from the list of active codes, or by typing the number and Enter.
 class CodePicker : public QObject {
@@ -29,6 +30,11 @@ public:
     /// Selects a code without a signal, whether it is in the list or not: that of a loaded movement.
     void show(const MovementCode& code);
     void clear();
+
+    /// The chooser's text and the selected code.
+    void takeContent(EntryContent& content) const;
+    /// Puts them back, without a signal.
+    void setContent(const EntryContent& content);
 
     /// After the focus has left: the number of an existing code selects it, anything else is passed over in silence.
     void settle();

@@ -18,6 +18,7 @@
 #include "reports/printing_page.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QScopeGuard>
 #include <QScrollArea>
@@ -68,6 +69,8 @@ Kentrikh::Kentrikh(
     , m_notices(m_settings.dataFolder, m_marker, m_clock, this)
     , m_reports(BookFiles(m_settings.dataFolder), keys)
     , m_backup(BookFiles(m_settings.dataFolder), keys, m_clock)
+    , m_session(this)
+    , m_away(this, m_clock)
 {
     setObjectName(QStringLiteral("kentrikh"));
     layOut();
@@ -143,6 +146,7 @@ void Kentrikh::connectPages()
     connect(m_entryPage, &MovementEntryPage::figuresUnknown, this, [this] { m_totals->setFigures({}, {}, {}); });
     connect(m_band->tabs(), &QTabBar::currentChanged, this, &Kentrikh::selectTab);
     connect(m_entryPage, &MovementEntryPage::dayClosed, &m_notices, &MainNotices::dayClosed);
+    connect(&m_away, &AwayWatch::returned, this, &Kentrikh::lookAgain);
     m_notices.followBackup(m_backup);
 }
 
@@ -253,7 +257,7 @@ void Kentrikh::act(int command)
     case command::exitFromCashPage:
     case command::exitFromCodesPage:
         if (confirmExit())
-            close();
+            end();
         break;
     default:
         break;
@@ -293,7 +297,19 @@ void Kentrikh::printReport()
 bool Kentrikh::confirmExit()
 {
     return askOkCancel(this, QMessageBox::Question, QStringLiteral("Εξοδος από το πρόγραμμα"),
-        QStringLiteral("Να τερματιστεί το πρόγραμμα;"));
+        QStringLiteral("Να τερματιστεί το πρόγραμμα;"), unsavedEntryText(m_entryPage->unsaved()));
+}
+
+void Kentrikh::end()
+{
+    m_isEnding = true;
+    close();
+}
+
+void Kentrikh::askToEnd()
+{
+    if (!m_closed && !QApplication::activeModalWidget() && confirmExit())
+        end();
 }
 
 // Tabs
@@ -311,7 +327,7 @@ void Kentrikh::selectTab(int tab)
     else if (tab != tab::exit)
         showTab(tab);
     else if (confirmExit())
-        close();
+        end();
     else
         keepTab();
 }
@@ -347,6 +363,15 @@ void Kentrikh::follow(const std::optional<MachineIdentity>& holder)
         m_book.ensureSchema();
 }
 
+/// Another computer may have changed the shown day meanwhile.
+void Kentrikh::lookAgain()
+{
+    if (m_tab != tab::cashBook || m_closed || BusyPointer::isShown())
+        return;
+    guarded(this, [this] { refreshCaption(); });
+    m_entryPage->lookAgain();
+}
+
 void Kentrikh::followMarker(int tab)
 {
     if (tab == tab::printing) {
@@ -371,6 +396,7 @@ void Kentrikh::fillPage(int tab, int earlierTab)
     switch (tab) {
     case tab::cashBook:
         m_entryPage->refillCodes();
+        m_entryPage->lookAgain();
         m_entryPage->focusEntry();
         break;
     case tab::codes:
@@ -388,6 +414,11 @@ void Kentrikh::fillPage(int tab, int earlierTab)
 
 void Kentrikh::closeEvent(QCloseEvent* event)
 {
+    if (!m_isEnding && !m_session.isUnderWay() && m_entryPage->unsaved() != UnsavedEntry::None) {
+        event->ignore(); // a signal to end must find no window that is closing already
+        QMetaObject::invokeMethod(this, &Kentrikh::askToEnd, Qt::QueuedConnection);
+        return;
+    }
     rememberSize(this);
     m_reports.close();
     m_backup.retire();

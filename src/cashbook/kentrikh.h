@@ -4,9 +4,11 @@
 #include "app/daily_backup.h"
 #include "app/data_folder_settings.h"
 #include "app/lock_trust.h"
+#include "app/session_end.h"
 #include "app/usage_marker.h"
 #include "cashbook/cash_day.h"
 #include "cashbook/main_notices.h"
+#include "controls/away_watch.h"
 #include "platform/clock.h"
 #include "reports/report_desk.h"
 #include "users/sign_in.h"
@@ -38,6 +40,9 @@ public:
 
     /// True once the marker is released and the program is ending.
     [[nodiscard]] bool isClosed() const { return m_closed; }
+
+    /// Closes the window without a question, whatever was typed.
+    void end();
 
 Q_SIGNALS:
     void closed();
@@ -74,6 +79,8 @@ private:
     void backUpIfHeld();
     void fillPage(int tab, int earlierTab);
     [[nodiscard]] bool confirmExit();
+    void askToEnd();
+    void lookAgain();
 
     Book m_book;
     UsageMarker m_marker;
@@ -90,6 +97,9 @@ private:
     MainNotices m_notices;
     ReportDesk m_reports;
     DailyBackup m_backup;
+    SessionEnd m_session;
+    AwayWatch m_away;
+    bool m_isEnding = false; ///< Nothing more is asked.
     int m_tab = 0; ///< The tab whose page is shown.
     bool m_closed = false;
 };

@@ -42,7 +42,7 @@ bool MovementEntryPage::dateLeft()
     if (!day)
         return false;
     if (*day == m_day)
-        lookAtDayAgain();
+        lookAtDayAgain(true);
     else
         goToDay(*day);
     return true;
@@ -50,6 +50,7 @@ bool MovementEntryPage::dateLeft()
 
 void MovementEntryPage::goToDay(QDate day)
 {
+    forgetCleared();
     m_day = day;
     m_weekday->setText(entryWeekday(day));
     const bool shown = guarded(window(), [this] {
@@ -66,14 +67,31 @@ void MovementEntryPage::goToDay(QDate day)
     }
 }
 
-void MovementEntryPage::lookAtDayAgain()
+void MovementEntryPage::lookAtDayAgain(bool tellsKnownRefusal)
 {
-    guarded(window(), [this] {
+    guarded(window(), [this, tellsKnownRefusal] {
+        const bool wasRefused = m_isRefused;
         const bool refused = judgeDay();
         showLinesAgain(readDay());
-        if (refused)
+        if (refused && (tellsKnownRefusal || !wasRefused))
             explainClosedDay(window());
     });
+}
+
+void MovementEntryPage::lookAgain()
+{
+    guarded(window(), [this] {
+        if (isRefused(m_day) != m_isRefused)
+            lookAtDayAgain(false);
+        else
+            showLinesAgain(readDay());
+    });
+}
+
+bool MovementEntryPage::leaveAll()
+{
+    forgetCleared();
+    return m_checks.leaveAll();
 }
 
 void MovementEntryPage::putIntoDate()
@@ -89,10 +107,15 @@ void MovementEntryPage::bringBackDay()
     m_date->selectAll();
 }
 
+bool MovementEntryPage::isRefused(QDate day)
+{
+    return showClosedState(day) && !m_rights.modifyCash;
+}
+
 /// Asks anew whether the day is closed. True when the user may not change it: nothing can be typed then but a date.
 bool MovementEntryPage::judgeDay()
 {
-    const bool refused = showClosedState(m_day) && !m_rights.modifyCash;
+    const bool refused = m_isRefused = isRefused(m_day);
     m_commands[command::insertMovement]->setVisible(!refused);
     m_commands[command::closeCash]->setVisible(!refused);
     m_chooser->setEnabled(!refused);

@@ -66,6 +66,9 @@ void MovementEntryPage::createControls()
     m_list->setObjectName(QStringLiteral("List1"));
     m_list->setToolTip(QStringLiteral("Διπλό κλίκ για διόρθωση"));
     m_list->setAccessibleName(QStringLiteral("Κινήσεις της ημέρας"));
+    m_notBack = new ThemedLabel({}, ColourRole::Warning, 1.0, QFont::Normal, this);
+    m_notBack->setObjectName(QStringLiteral("entryNotBack"));
+    m_notBack->hide();
     createCommands();
 }
 
@@ -113,6 +116,7 @@ void MovementEntryPage::layOut()
     listBlock->setSpacing(4);
     listBlock->addWidget(dayListHeading(head, memorandum));
     listBlock->addWidget(m_list, 1);
+    listBlock->addWidget(m_notBack);
     rows->addLayout(listBlock, 1);
 }
 
@@ -177,10 +181,16 @@ QLayout* MovementEntryPage::commandRow()
 
 void MovementEntryPage::setTabOrders()
 {
-    chainTabOrder({m_date, m_chooser, m_fields.field(field::description), m_fields.field(field::income),
-        m_fields.field(field::expense), m_fields.field(field::memorandum), m_fields.cheque(),
-        m_commands[command::insertMovement], m_commands[command::modifyMovement], m_commands[command::removeMovement],
-        m_list, m_commands[command::closeCash], m_commands[command::exitFromCashPage]});
+    QWidgetList order{m_date, m_chooser, m_fields.field(field::description), m_fields.field(field::income),
+        m_fields.field(field::expense), m_fields.field(field::memorandum), m_fields.cheque()};
+    // Enter leads from the last field to what is done with the entry; a loaded movement is not inserted once more.
+    const QWidgetList changes{m_commands[command::modifyMovement], m_commands[command::removeMovement]};
+    if (m_loaded)
+        order << changes << m_commands[command::insertMovement];
+    else
+        order << m_commands[command::insertMovement] << changes;
+    order << m_list << m_commands[command::closeCash] << m_commands[command::exitFromCashPage];
+    chainTabOrder(order);
 }
 
 } // namespace lorvan

@@ -19,6 +19,7 @@ void MovementEntryPage::lineClicked()
     if (!settle())
         return;
     guarded(window(), [this] { showClosedState(enteredDay()); });
+    keepCleared();
     release();
 }
 
@@ -34,6 +35,9 @@ void MovementEntryPage::addKeys()
     auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     escape->setContext(Qt::WidgetWithChildrenShortcut);
     connect(escape, &QShortcut::activated, this, &MovementEntryPage::takeBack);
+    auto* const undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), this);
+    undo->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(undo, &QShortcut::activated, this, &MovementEntryPage::bringBackCleared);
 }
 
 void MovementEntryPage::takeBack()
@@ -42,8 +46,49 @@ void MovementEntryPage::takeBack()
         return;
     if (m_date->hasFocus())
         bringBackDay();
-    else if (m_loaded)
+    else if (m_loaded) {
+        keepCleared();
         releaseChanged();
+    }
+}
+
+void MovementEntryPage::keepCleared()
+{
+    forgetCleared();
+    const EntryContent typed = entry();
+    if (m_loaded)
+        m_cleared = {typed, m_loaded->movement};
+    else if (!typed.isBlank())
+        m_cleared = {typed, {}};
+}
+
+void MovementEntryPage::forgetCleared()
+{
+    m_cleared.reset();
+    m_notBack->hide();
+}
+
+void MovementEntryPage::bringBackCleared()
+{
+    if (!m_cleared || BusyPointer::isShown())
+        return;
+    guarded(window(), [this] {
+        const auto& loaded = m_cleared->loaded;
+        const auto stored = loaded ? m_cashBook.find(loaded->key) : std::nullopt;
+        const EntryReturn outcome = returnOf(*m_cleared, stored, !loaded || m_cashBook.mayChange(loaded->day));
+        const QString refusal = returnRefusalText(outcome);
+        m_notBack->setText(refusal);
+        m_notBack->setVisible(!refusal.isEmpty());
+        if (!refusal.isEmpty())
+            return;
+        const ClearedEntry cleared = *m_cleared;
+        if (cleared.loaded)
+            load(*cleared.loaded);
+        else
+            focusEntry();
+        setEntry(cleared.typed);
+        forgetCleared();
+    });
 }
 
 void MovementEntryPage::release()
@@ -75,18 +120,25 @@ void MovementEntryPage::load(const Movement& movement)
     m_fields.show(movement);
     const bool income = !movement.income.isZero();
     m_fields.enableAmount(income ? MovementFields::Kind::Income : MovementFields::Kind::Expense);
-    setLoaded(movement.key);
+    setLoaded(movement);
+    forgetCleared();
     m_fields.field(income ? field::income : field::expense)->setFocus(Qt::OtherFocusReason);
 }
 
-void MovementEntryPage::setLoaded(std::optional<qint64> key)
+void MovementEntryPage::setLoaded(const std::optional<Movement>& movement)
 {
-    m_loaded = key;
+    m_loaded.reset();
+    if (movement) {
+        m_memorandumStays = false;
+        m_loaded = {*movement, entry()};
+        markMemorandum();
+    }
     using Look = CommandButton::Look;
     for (const int index : {command::modifyMovement, command::removeMovement})
-        m_commands[index]->setVisible(key.has_value());
-    m_commands[command::insertMovement]->setLook(key ? Look::Outlined : Look::Solid);
-    m_date->setEnabled(!key);
+        m_commands[index]->setVisible(movement.has_value());
+    m_commands[command::insertMovement]->setLook(movement ? Look::Outlined : Look::Solid);
+    m_date->setEnabled(!movement);
+    setTabOrders();
 }
 
 } // namespace lorvan

@@ -53,7 +53,6 @@ MovementEntryPage::MovementEntryPage(Book& book, UsageMarker& marker, Rights rig
     setObjectName(QStringLiteral("Panel1(1)"));
     createControls();
     layOut();
-    setTabOrders();
     connectControls();
     watchFields();
     addKeys();
@@ -63,13 +62,27 @@ MovementEntryPage::MovementEntryPage(Book& book, UsageMarker& marker, Rights rig
 void MovementEntryPage::connectControls()
 {
     for (const auto& [index, button] : m_commands)
-        connect(button, &CommandButton::clicked, this, [this, index = index] { Q_EMIT commandPressed(index); });
+        connect(button, &CommandButton::clicked, this, [this, index = index] {
+            forgetCleared();
+            Q_EMIT commandPressed(index);
+        });
     connect(m_picker, &CodePicker::chosen, this, &MovementEntryPage::codeChosen);
     connect(m_picker, &CodePicker::entered, this, &MovementEntryPage::codeEntered);
     connect(m_picker, &CodePicker::unresolved, this, [this] { m_fields.enableAmount(selectedKind()); });
     connect(m_picker, &CodePicker::notUnderstood, this, [this] { m_fields.setAmounts({}, {}); });
     connect(m_list, &DayList::clickedLine, this, &MovementEntryPage::lineClicked);
     connect(m_list, &DayList::openedLine, this, &MovementEntryPage::lineOpened);
+    connect(m_date, &EntryField::textEdited, this, &MovementEntryPage::forgetCleared);
+    connect(m_chooser, &CodeChooser::typed, this, &MovementEntryPage::forgetCleared);
+    connect(m_picker, &CodePicker::chosen, this, &MovementEntryPage::forgetCleared);
+    connect(&m_fields, &MovementFields::typed, this, [this](int index) {
+        forgetCleared();
+        if (index == field::memorandum)
+            m_memorandumStays = false;
+        markMemorandum();
+    });
+    connect(&m_fields, &MovementFields::changed, this, &MovementEntryPage::markMemorandum);
+    connect(m_chooser->lineEdit(), &QLineEdit::textChanged, this, &MovementEntryPage::markMemorandum);
 }
 
 void MovementEntryPage::watchFields()
@@ -131,6 +144,32 @@ void MovementEntryPage::codeEntered()
 
 // Changes
 
+EntryContent MovementEntryPage::entry() const
+{
+    EntryContent content;
+    m_picker->takeContent(content);
+    m_fields.takeContent(content);
+    return content;
+}
+
+void MovementEntryPage::setEntry(const EntryContent& content)
+{
+    m_picker->setContent(content);
+    m_fields.setContent(content);
+}
+
+UnsavedEntry MovementEntryPage::unsaved() const
+{
+    return unsavedEntry(entry(), m_loaded ? std::optional(m_loaded->shown) : std::nullopt);
+}
+
+void MovementEntryPage::markMemorandum()
+{
+    const bool left = isMemorandumLeft(entry(), m_memorandumStays);
+    m_fields.field(field::memorandum)
+        ->setMark(left ? QStringLiteral("Το ποσό έμεινε εδώ και θα μπει στην επόμενη κίνηση") : QString());
+}
+
 QDate MovementEntryPage::enteredDay() const
 {
     return readDate(m_date->text(), m_clock.today()).value_or(QDate());
@@ -155,11 +194,13 @@ void MovementEntryPage::insertMovement()
     }
     if (m_loaded
         && !askOkCancel(window(), QMessageBox::Critical, attention,
-            QStringLiteral("Έχετε επιλέξει στοιχεία για μεταβολή ή διαγραφή.\rθέλετε να γίνει η εισαγωγή;")))
+            QStringLiteral("Έχετε επιλέξει στοιχεία για μεταβολή ή διαγραφή.\rθέλετε να γίνει η εισαγωγή;"), {},
+            DefaultAnswer::No))
         return;
     if (!change(RefusedOperation::Insert, [this, &draft] { return m_cashBook.insert(draft); }))
         return;
     setLoaded(std::nullopt);
+    m_memorandumStays = true;
     clearEntry();
     focusEntry();
     m_fields.clearCheque();
@@ -177,7 +218,7 @@ void MovementEntryPage::modifyMovement()
     if (!askOkCancel(window(), QMessageBox::Question, QStringLiteral("Μεταβολή στοιχείων"),
             QStringLiteral("Να γίνει η μεταβολή των στοιχείων;")))
         return;
-    if (change(RefusedOperation::Change, [this, &draft] { return m_cashBook.modify(*m_loaded, draft); }))
+    if (change(RefusedOperation::Change, [this, &draft] { return m_cashBook.modify(m_loaded->movement.key, draft); }))
         releaseChanged();
 }
 
@@ -187,7 +228,7 @@ void MovementEntryPage::removeMovement()
         || !askOkCancel(window(), QMessageBox::Question, QStringLiteral("Διαγραφή κίνησης"),
             QStringLiteral("Να γίνει η διαγραφή της κίνησης")))
         return;
-    if (change(RefusedOperation::Change, [this] { return m_cashBook.remove(*m_loaded); }))
+    if (change(RefusedOperation::Change, [this] { return m_cashBook.remove(m_loaded->movement.key); }))
         releaseChanged();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cashbook/cash_book.h"
+#include "cashbook/cleared_entry.h"
 #include "cashbook/movement_fields.h"
 #include "cashbook/refusal_window.h"
 #include "controls/control_array.h"
@@ -43,7 +44,14 @@ public:
     /// Judges the fields that were left and not judged yet. False when one was refused.
     bool settle() { return m_checks.settle(); }
     /// The same, with the field that has the focus judged too: the page is about to go.
-    bool leaveAll() { return m_checks.leaveAll(); }
+    bool leaveAll();
+
+    /// What would be lost if the program ended now.
+    [[nodiscard]] UnsavedEntry unsaved() const;
+
+    /// Reads the shown day again after a while in which another computer may have changed it; what is typed stays. The
+    /// box about a closed day is for one that was closed meanwhile.
+    void lookAgain();
 
     void insertMovement();
     void modifyMovement();
@@ -72,11 +80,12 @@ private:
     bool dateLeft();
     void goToDay(QDate day);
     /// Asks whether the shown day is closed and reads its rows; entry, focus and chosen line stay.
-    void lookAtDayAgain();
+    void lookAtDayAgain(bool tellsKnownRefusal);
     /// The user did not go there: leaving it untouched is no visit then.
     void putIntoDate();
     void bringBackDay();
     bool judgeDay();
+    [[nodiscard]] bool isRefused(QDate day);
     bool showClosedState(QDate day);
     [[nodiscard]] DayView readDay();
     void fill(const DayView& view);
@@ -100,11 +109,17 @@ private:
     void lineOpened(qint64 key);
     void load(const Movement& movement);
     void release();
+    [[nodiscard]] EntryContent entry() const;
+    void setEntry(const EntryContent& content);
+    void keepCleared();
+    void forgetCleared();
+    void bringBackCleared();
+    void markMemorandum();
     void releaseChanged();
     void addKeys();
     /// Escape: the date that was typed and not shown yet, or the loaded movement.
     void takeBack();
-    void setLoaded(std::optional<qint64> key);
+    void setLoaded(const std::optional<Movement>& movement);
 
     Book& m_book;
     UsageMarker& m_marker;
@@ -123,7 +138,16 @@ private:
     DayList* m_list = nullptr;
     QDate m_day; ///< The day that was shown last, or would be but for a failure.
     bool m_putIntoDate = false;
-    std::optional<qint64> m_loaded; ///< Key of the movement loaded for modification or deletion.
+    bool m_isRefused = false; ///< The shown day may not be changed by this user.
+    bool m_memorandumStays = false; ///< The amount was left by the last insertion.
+
+    struct Loaded {
+        Movement movement;
+        EntryContent shown; ///< What the fields held then.
+    };
+    std::optional<Loaded> m_loaded; ///< For modification or deletion.
+    std::optional<ClearedEntry> m_cleared; ///< Until the next key typed or the next action.
+    QLabel* m_notBack = nullptr; ///< Why a cleared entry does not come back.
 };
 
 } // namespace lorvan

@@ -28,8 +28,17 @@ MovementFields::MovementFields(QWidget* page)
     description->setAccessibleName(QStringLiteral("Περιγραφή"));
     for (const int index : {field::income, field::expense, field::memorandum})
         addAmount(page, index);
+    for (const int index : {field::description, field::income, field::expense, field::memorandum})
+        watch(index);
+    connect(m_cheque, &QCheckBox::clicked, this, [this] { Q_EMIT typed(-1); });
     m_cheque->setObjectName(QStringLiteral("Check1(0)"));
     m_cheque->setToolTip(QStringLiteral("Δίνχνει αν το ποσό προέρχετε από επιταφή"));
+}
+
+void MovementFields::watch(int index)
+{
+    connect(m_fields[index], &EntryField::textEdited, this, [this, index] { Q_EMIT typed(index); });
+    connect(m_fields[index], &EntryField::textChanged, this, &MovementFields::changed);
 }
 
 void MovementFields::addAmount(QWidget* page, int index)
@@ -92,6 +101,33 @@ bool MovementFields::read(MovementDraft& draft) const
     return true;
 }
 
+EntryContent::Amount MovementFields::contentOf(int index) const
+{
+    return {m_fields[index]->text(), m_exact.at(index)};
+}
+
+void MovementFields::takeContent(EntryContent& content) const
+{
+    content.incomeOpen = m_kind == Kind::Income;
+    content.description = m_fields[field::description]->text();
+    content.income = contentOf(field::income);
+    content.expense = contentOf(field::expense);
+    content.memorandum = contentOf(field::memorandum);
+    content.cheque = m_cheque->isChecked();
+}
+
+void MovementFields::setContent(const EntryContent& content)
+{
+    m_fields[field::description]->setText(content.description);
+    for (const auto& [index, amount] : {std::pair(field::income, content.income),
+             std::pair(field::expense, content.expense), std::pair(field::memorandum, content.memorandum)}) {
+        m_exact[index] = amount.exact;
+        m_fields[index]->setText(amount.text);
+    }
+    m_cheque->setChecked(content.cheque);
+    enableAmount(content.incomeOpen ? Kind::Income : Kind::Expense);
+}
+
 void MovementFields::show(const MovementDraft& movement)
 {
     m_fields[field::description]->setText(movement.description);
@@ -118,7 +154,7 @@ void MovementFields::moveAmountTo(Kind kind)
 
 void MovementFields::clearDescription()
 {
-    m_fields[field::description]->clear();
+    m_fields[field::description]->setText({}); // with nothing to take back in the field itself
 }
 
 void MovementFields::clearMemorandum()

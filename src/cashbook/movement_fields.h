@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cashbook/entry_content.h"
 #include "cashbook/movement.h"
 #include "controls/control_array.h"
 
@@ -35,6 +36,11 @@ public:
     /// Puts the fields' content into the draft. False, after a message, when an amount cannot be read.
     [[nodiscard]] bool read(MovementDraft& draft) const;
 
+    /// What stands in the fields, refused texts included; the code is not theirs.
+    void takeContent(EntryContent& content) const;
+    /// Puts it back exactly.
+    void setContent(const EntryContent& content);
+
     void show(const MovementDraft& movement);
     void setAmounts(Currency income, Currency expense);
     /// Moves the amount that stands in either field to the one of this kind; an amount that cannot be read stays.
@@ -48,9 +54,15 @@ public:
     /// Off: nothing can be typed. On: everything but the other amount field.
     void setEnabled(bool enabled);
 
+Q_SIGNALS:
+    void typed(int index); ///< Into the field of this index, `Text1(index)`; -1 for the cheque mark.
+    void changed(); ///< A text is another, by whatever.
+
 private:
     void addAmount(QWidget* page, int index);
+    void watch(int index);
     void setAmount(int index, Currency amount);
+    [[nodiscard]] EntryContent::Amount contentOf(int index) const;
     [[nodiscard]] std::optional<Currency> amount(int index) const;
     [[nodiscard]] bool sayIfRefused(int index) const;
 

@@ -112,6 +112,15 @@ void CodeChooser::noteActivated(int row)
     Q_EMIT picked(row);
 }
 
+bool CodeChooser::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && leavesUndo(*static_cast<QKeyEvent*>(event), *lineEdit())) {
+        event->ignore();
+        return true;
+    }
+    return QComboBox::event(event);
+}
+
 bool CodeChooser::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease)

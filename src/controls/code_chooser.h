@@ -33,6 +33,7 @@ Q_SIGNALS:
     void left(); ///< As EntryField::left().
 
 protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

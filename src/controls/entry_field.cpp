@@ -1,6 +1,7 @@
 #include "controls/entry_field.h"
 
 #include "controls/row_delegate.h"
+#include "controls/style_painting.h"
 #include "controls/theme.h"
 
 #include <QFocusEvent>
@@ -43,6 +44,14 @@ void EntryField::setRightAligned()
     dress();
 }
 
+void EntryField::setMark(const QString& reason)
+{
+    setProperty(markProperty, !reason.isEmpty());
+    setToolTip(reason);
+    setAccessibleDescription(reason);
+    update();
+}
+
 void EntryField::setType(qreal factor, QFont::Weight weight)
 {
     m_factor = factor;
@@ -75,6 +84,10 @@ void EntryField::dress()
 
 bool EntryField::event(QEvent* event)
 {
+    if (event->type() == QEvent::ShortcutOverride && leavesUndo(*static_cast<QKeyEvent*>(event), *this)) {
+        event->ignore();
+        return true;
+    }
     if (event->type() != QEvent::ToolTip || !hidesText())
         return QLineEdit::event(event);
     showPlainToolTip(static_cast<QHelpEvent*>(event)->globalPos(), text(), this, rect());

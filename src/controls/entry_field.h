@@ -18,6 +18,9 @@ public:
     /// For amounts: right-aligned, in figures of one width.
     void setRightAligned();
 
+    /// Draws the eye to a text that might be overlooked; the reason is its tool tip. An empty reason ends that.
+    void setMark(const QString& reason);
+
     /// Font factor and weight where they differ from an ordinary field's.
     void setType(qreal factor, QFont::Weight weight);
 

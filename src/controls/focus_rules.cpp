@@ -43,6 +43,11 @@ bool isAltTyping(const QKeyEvent& event)
         && (text.front().isPrint() || text.front().isSurrogate());
 }
 
+bool leavesUndo(const QKeyEvent& event, const QLineEdit& field)
+{
+    return event.matches(QKeySequence::Undo) && !field.isUndoAvailable();
+}
+
 void chainTabOrder(const QWidgetList& order)
 {
     for (auto each = order.cbegin(); std::next(each) != order.cend(); ++each)

@@ -22,6 +22,9 @@ void goBackTo(QWidget& field);
 /// The third level of a keyboard (AltGr) is no such modifier.
 [[nodiscard]] bool isAltTyping(const QKeyEvent& event);
 
+/// Whether a field passes the key for undoing on: it has no typing of its own to take back.
+[[nodiscard]] bool leavesUndo(const QKeyEvent& event, const QLineEdit& field);
+
 /// The Tab key goes from each of the widgets to the next.
 void chainTabOrder(const QWidgetList& order);
 

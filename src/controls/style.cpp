@@ -101,7 +101,7 @@ void Style::drawPrimitive(
     case PE_PanelLineEdit: {
         const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
         if (frame && frame->lineWidth > 0)
-            paintField(*painter, *option, m_theme);
+            paintField(*painter, *option, m_theme, widget && widget->property(markProperty).toBool());
         return;
     }
     case PE_FrameLineEdit:

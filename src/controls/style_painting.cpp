@@ -40,12 +40,14 @@ void paintIndicator(QPainter& painter, const QStyleOption& option, const Theme& 
 
 } // namespace
 
-void paintField(QPainter& painter, const QStyleOption& option, const Theme& theme)
+void paintField(QPainter& painter, const QStyleOption& option, const Theme& theme, bool marked)
 {
     const bool focused = isFocused(option);
-    const ColourRole border = focused ? ColourRole::Accent : isOff(option) ? ColourRole::Line : ColourRole::Edge;
-    paintPanel(
-        painter, option.rect, option.palette.color(QPalette::Base), theme.colour(border), focused ? focusWidth : 1);
+    ColourRole border = focused ? ColourRole::Accent : isOff(option) ? ColourRole::Line : ColourRole::Edge;
+    if (marked)
+        border = ColourRole::Warning;
+    paintPanel(painter, option.rect, option.palette.color(QPalette::Base), theme.colour(border),
+        focused || marked ? focusWidth : 1);
 }
 
 void paintButton(QPainter& painter, const QStyleOption& option, const Theme& theme)

@@ -9,10 +9,13 @@ class QWidget;
 
 namespace lorvan {
 
+/// The property of a field that is framed as if it warned of something.
+inline constexpr auto markProperty = "marked";
+
 /// What the style draws itself. State and rectangle come from the option, colours from the theme.
 
 /// Ground and border of a field; off, it keeps only a faint border.
-void paintField(QPainter& painter, const QStyleOption& option, const Theme& theme);
+void paintField(QPainter& painter, const QStyleOption& option, const Theme& theme, bool marked = false);
 
 void paintButton(QPainter& painter, const QStyleOption& option, const Theme& theme);
 void paintToolButton(QPainter& painter, const QStyleOption& option, const Theme& theme);

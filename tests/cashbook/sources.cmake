@@ -2,6 +2,7 @@ list(APPEND LORVAN_CORE_TESTS
     cashbook/book_check_test.cpp
     cashbook/cash_book_test.cpp
     cashbook/day_view_test.cpp
+    cashbook/entry_content_test.cpp
     cashbook/entry_rules_test.cpp
     cashbook/failing_disk_test.cpp
     cashbook/kill_test.cpp

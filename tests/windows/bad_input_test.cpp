@@ -92,14 +92,4 @@ TEST_F(BadInputTest, aRefusedAmountKeepsTheEntryWhenTheListIsClicked)
     EXPECT_EQ(user().field(income).selectedText(), QStringLiteral("1,2,3"));
 }
 
-TEST_F(BadInputTest, escapeReleasesALoadedMovement)
-{
-    addMovement(incomeOf(today, cents(500)));
-    start();
-    user().doubleClickRow(list(), 1);
-    user().press(Qt::Key_Escape);
-    EXPECT_EQ(entry(), QStringLiteral("0 | 0 | 0 |  | "));
-    EXPECT_TRUE(user().field(date).isEnabled());
-}
-
 } // namespace lorvan::test

@@ -91,7 +91,7 @@ TEST_F(ChangesTest, cancelKeepsTheLoadedMovementAndAllThatWasTyped)
     const QString typed = QStringLiteral("0 | 45,00 | 12,00 | ΆΛΛΟ | 200 Προμήθειες");
     boxes.expect(modifyQuestion(QMessageBox::Cancel));
     boxes.expect(removeQuestion(QMessageBox::Cancel));
-    boxes.expect(insertLoadedQuestion(QMessageBox::Cancel));
+    boxes.expect(byKey(insertLoadedQuestion(QMessageBox::Cancel), Qt::Key_Return));
     for (const int button : {modify, remove, insert}) {
         user().click(user().command(button));
         EXPECT_EQ(entry(), typed) << button;
@@ -103,9 +103,10 @@ TEST_F(ChangesTest, cancelKeepsTheLoadedMovementAndAllThatWasTyped)
 TEST_F(ChangesTest, aModificationRewritesTheDayAndMovesTheLaterOnes)
 {
     startLoaded();
-    user().enter(expense, QStringLiteral("45,25"));
+    user().type(QStringLiteral("45,25"));
     boxes.expect(modifyQuestion(QMessageBox::Ok));
-    user().click(user().command(modify));
+    for (int enter = 0; enter < 4; ++enter)
+        user().press(Qt::Key_Return);
     EXPECT_EQ(movements(), QStringLiteral("ΧΑΡΤΙ 0 4525; ΠΩΛΗΣΗ 5000 0"));
     EXPECT_EQ(cashDays(), (CashDayLines{"20240314 0 0 10000", "20240315 5000 4525 10475", "20240316 0 0 10475"}));
     EXPECT_EQ(shownFigures(), QStringLiteral("50,00 | 45,25 | 104,75"));
@@ -131,6 +132,43 @@ TEST_F(ChangesTest, deletingTheLastMovementLeavesADayOfZeroes)
     EXPECT_EQ(shownFigures(), QStringLiteral("0 | 0 | 100,00"));
     EXPECT_EQ(linesOf(list()), QStringLiteral("Υπόλοιπο για την 14-03-2024    100,00"));
     EXPECT_FALSE(isLoaded());
+}
+
+TEST_F(ChangesTest, aClearedEntryComesBackUntilTheNextKeyOrAction)
+{
+    const QString nothing = QStringLiteral("0 | 0 | 0 |  | ");
+    const auto undo = [this] { user().press(Qt::Key_Z, Qt::ControlModifier); };
+    start();
+    typeMovement(QStringLiteral("100"), QStringLiteral("νέα"), QStringLiteral("7"));
+    const QString typed = entry();
+    user().clickRow(list(), 2);
+    EXPECT_EQ(entry(), nothing);
+    undo();
+    EXPECT_EQ(entry(), typed);
+    EXPECT_TRUE(user().field(income).isEnabled());
+    user().clickRow(list(), 2);
+    user().goTo(user().field(memorandum));
+    user().type(QStringLiteral("1"));
+    undo();
+    undo();
+    EXPECT_EQ(entry(), nothing) << "the field's own typing went back, and the entry no longer comes";
+
+    user().doubleClickRow(list(), 1);
+    user().type(QStringLiteral("45"));
+    user().press(Qt::Key_Escape);
+    EXPECT_FALSE(isLoaded());
+    EXPECT_EQ(entry(), nothing);
+    undo();
+    EXPECT_TRUE(isLoaded());
+    EXPECT_EQ(entry(), QStringLiteral("0 | 45 | 12,00 | ΧΑΡΤΙ | 200 Προμήθειες"));
+
+    user().press(Qt::Key_Escape);
+    book.execute("UPDATE kinhseis SET ejoda=1 WHERE perigrafh='ΧΑΡΤΙ'");
+    undo();
+    EXPECT_FALSE(isLoaded());
+    EXPECT_TRUE(user().find(QStringLiteral("entryNotBack")).isVisible());
+    user().type(QStringLiteral("1"));
+    EXPECT_FALSE(user().find(QStringLiteral("entryNotBack")).isVisible());
 }
 
 TEST_F(ChangesTest, insertRefusesInItsOrderAndWritesNothing)

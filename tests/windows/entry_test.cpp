@@ -43,8 +43,13 @@ TEST_F(EntryTest, aMovementNeedsNoMouse)
                      "epitagh||'/'||L_tajeos FROM kinhseis"),
         QStringLiteral("100/20240315/ΠΏΛΗΣΗ ΆΛΦΑ/12505000/0/1/-1/70000"));
     EXPECT_EQ(entry(), QStringLiteral("0 | 0 | 7,00 |  | ")) << "the memorandum amount stays for the next movement";
+    EXPECT_TRUE(user().field(memorandum).property("marked").toBool());
     EXPECT_FALSE(user().find<QCheckBox>(QStringLiteral("Check1(0)")).isChecked());
     EXPECT_EQ(user().focusName(), QStringLiteral("DBCombo1"));
+    user().type(QStringLiteral("1"));
+    EXPECT_TRUE(user().field(memorandum).property("marked").toBool()) << "nobody has looked at it yet";
+    user().enter(memorandum, QStringLiteral("7"));
+    EXPECT_FALSE(user().field(memorandum).property("marked").toBool());
 }
 
 } // namespace lorvan::test

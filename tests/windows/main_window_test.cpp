@@ -31,7 +31,7 @@ MachineIdentity otherUser()
 void MainWindowTest::start(Rights rights, const Clock& clock)
 {
     if (m_window)
-        m_window->close();
+        m_window->end();
     UsageMarker marker(book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("ταμείο")});
     DataFolderSettings settings;
     settings.dataFolder = book.folder();

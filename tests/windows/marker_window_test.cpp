@@ -1,11 +1,13 @@
 #include "main_window_test.h"
 #include "platform/file_calls.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
+#include <QTimer>
 
 #include <cerrno>
 
@@ -135,6 +137,46 @@ TEST_F(MarkerWindowTest, cancelledExitGoesBackAndRunsNothingAgain)
     EXPECT_TRUE(user().find<QListView>(QStringLiteral("List2(1)")).selectionModel()->hasSelection());
 }
 
+TEST_F(MarkerWindowTest, anEntryThatWouldBeLostIsAskedAboutButForTheSessionsEnd)
+{
+    const ExpectedBox question =
+        withDetails(exitQuestion(QMessageBox::Cancel), QStringLiteral("Υπάρχει κίνηση που δεν έχει εισαχθεί."));
+    start();
+    typeMovement(QStringLiteral("100"), QStringLiteral("α"), QStringLiteral("5"));
+    const QString typed = entry();
+    boxes.expect(question);
+    EXPECT_FALSE(window().close());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return boxes.allSeen(); }));
+    boxes.expect(question);
+    selectTab(Exit);
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(entry(), typed);
+    QTimer::singleShot(0, qApp, [] {
+        QEvent sessionEnds(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &sessionEnds);
+    });
+    QApplication::exec();
+    EXPECT_FALSE(window().isVisible());
+    EXPECT_EQ(markerState(), '0');
+}
+
+TEST_F(MarkerWindowTest, aReturnFromPrintingShowsWhatAnotherHasWritten)
+{
+    addMovement(incomeOf(today, cents(500)));
+    start();
+    typeMovement(QStringLiteral("100"), QStringLiteral("α"), QStringLiteral("5"));
+    const QString typed = entry();
+    selectTab(Printing);
+    UsageMarker other = otherComputer();
+    ASSERT_TRUE(other.claim());
+    addMovement(incomeOf(today, cents(100)));
+    const CashDayLines before = cashDays();
+    selectTab(CashBook);
+    EXPECT_EQ(shownFigures(), QStringLiteral("6,00 | 0 | 6,00"));
+    EXPECT_EQ(entry(), typed);
+    EXPECT_EQ(cashDays(), before) << "the day's row is the other's business";
+}
+
 TEST_F(MarkerWindowTest, confirmedExitEndsOnceAndFreesTheMarker)
 {
     for (const bool fromTab : {true, false}) {
@@ -160,7 +202,7 @@ TEST_F(MarkerWindowTest, anUnusableMarkerStillTurnsThePageAndShowsTheDay)
         boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("lorvan.dat"))));
     selectTab(Codes);
     EXPECT_TRUE(user().find(QStringLiteral("Panel1(2)")).isVisible());
-    for (int box = 0; box < 3; ++box) // the same, and the day whose row is not written
+    for (int box = 0; box < 4; ++box) // the same, and twice the day whose row is not written
         boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("lorvan.dat"))));
     selectTab(CashBook);
     user().enter(date, QStringLiteral("15-3-2024"));
@@ -206,7 +248,7 @@ TEST_F(MarkerWindowTest, whereLocksKeepNobodyOutTheBookIsLookedAtAndALineSaysWhy
     user().click(user().command(insert));
     EXPECT_TRUE(boxes.allSeen());
     EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), QStringLiteral("1"));
-    window().close();
+    window().end();
 }
 
 TEST_F(MarkerWindowTest, aTabIsNotLeftWithARefusedDate)

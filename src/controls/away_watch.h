@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/away_time.h"
+#include "platform/clock.h"
+
+#include <QObject>
+
+class QWidget;
+
+namespace lorvan {
+
+/// Tells when the user comes back to a window that was not the active one for a minute or longer.
+class AwayWatch : public QObject {
+    Q_OBJECT
+
+public:
+    AwayWatch(QWidget* window, Clock clock);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    void returned(); ///< Emitted after the window has become the active one.
+
+private:
+    Clock m_clock;
+    AwayTime m_away;
+};
+
+} // namespace lorvan
