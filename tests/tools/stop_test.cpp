@@ -1,5 +1,9 @@
+#include "app/daily_backup.h"
+#include "app/steady_copy.h"
 #include "platform/file_lock.h"
+#include "platform/sql_error.h"
 #include "platform/transaction.h"
+#include "reports/report_building.h"
 #include "support/temporary_book.h"
 #include "tools/older_books.h"
 #include "tools/tool_run.h"
@@ -146,7 +150,7 @@ TEST_F(StopTest, whileACommandWaits)
     for (const auto& [what, make, lines] : cases) {
         SCOPED_TRACE(what);
         for (const char* line : lines)
-            stop(line, 400, make);
+            stop(line, 250, make);
     }
     stop("create|#/new|--user|x", 300); // waits for a password
 }
@@ -168,6 +172,20 @@ TEST_F(StopTest, whileACommandWorksOnALargeBook)
     for (const char* line : {"check|@", "check|@|--repair", "export|@|#/new", "import-csv|@|#/csv", "backup|@|#/b.tar",
              "restore|#/a.tar|@|--replace"})
         stop(line, 300);
+}
+
+TEST_F(StopTest, whileAWindowsWorkWaits)
+{
+    const Obstacle obstacle = shut(book.files().mainDatabase());
+    QElapsedTimer timer;
+    const auto goesOn = [&timer] { return timer.elapsed() < 300; };
+    ReportRequest request;
+    request.report = Report::CodeList;
+    timer.start();
+    EXPECT_THROW((void)buildReport(request, book.files(), testKeys(), [&](int) { return goesOn(); }), SqlError);
+    EXPECT_LT(timer.restart(), mostMilliseconds);
+    EXPECT_THROW((void)makeDailyBackup(book.files(), testKeys(), fixedClock().now(), goesOn), GivenUp);
+    EXPECT_LT(timer.elapsed(), mostMilliseconds);
 }
 
 } // namespace lorvan::test
