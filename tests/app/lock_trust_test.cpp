@@ -16,9 +16,7 @@
 #include <iostream>
 #include <map>
 #include <sqlite3.h>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 
 namespace lorvan::test {
 namespace {
@@ -206,22 +204,6 @@ TEST(LockTrust, whatAKilledProgramLeftIsTakenBackUnlessAnotherHoldsTheMarker)
     EXPECT_FALSE(opened.main().isReadOnly());
     EXPECT_FALSE(Connection::hasJournal(book.files().mainDatabase()));
     EXPECT_EQ(valueOf(opened.main(), "SELECT count(*) FROM kvdikoi"), QStringLiteral("2"));
-}
-
-TEST(LockTrust, theMarkerOfAKilledProgramIsTakenBackAtTheNextStart)
-{
-    const TemporaryBook book;
-    const pid_t child = ::fork();
-    if (child == 0) {
-        UsageMarker marker(book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("A")});
-        ::_exit(marker.claim() ? 0 : 1);
-    }
-    int status = -1;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ASSERT_EQ(status, 0);
-    EXPECT_FALSE(openBookOf(book).main().isReadOnly());
-    UsageMarker other(book.files().usageMarker(), {QStringLiteral("Νίκος"), QStringLiteral("PC7")});
-    EXPECT_TRUE(other.claim());
 }
 
 TEST(LockTrust, accessFollowsTheMarkerUnlessTheBookWasReplaced)
