@@ -7,7 +7,6 @@
 #include "app/startup.h"
 #include "cashbook/cash_book.h"
 #include "platform/sql_error.h"
-#include "support/mount.h"
 #include "support/temporary_book.h"
 #include "support/worker_process.h"
 #include "users/user_accounts.h"
@@ -139,21 +138,6 @@ TEST_F(BookRestoreTest, isFinishedFromEachStepOnWhichItCanBeCutShort)
                 << done;
         }
     }
-}
-
-TEST_F(BookRestoreTest, isNotDecidedOnADiskThatIsFull)
-{
-    layOut();
-    if (!Mount::smallDisk(folder))
-        GTEST_SKIP() << "SKIPPED: the system does not let a test mount a small disk";
-    QFile filler(folder + QStringLiteral("/filler"));
-    ASSERT_TRUE(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-    while (filler.write(QByteArray(4096, 'x')) > 0) { }
-    EXPECT_THROW(
-        decideRestore(Folder(folder), stagedName, QStringLiteral("replaced-2026-11-23-101530")), std::runtime_error);
-    EXPECT_NO_THROW(finishRestore(files));
-    filler.close();
-    Mount::undo(folder);
 }
 
 TEST_F(BookRestoreTest, isFinishedByTheNextStartOrSaidThatItCannotBe)

@@ -4,7 +4,6 @@
 #include "cashbook/movement_store.h"
 #include "platform/transaction.h"
 #include "support/book_model.h"
-#include "support/mount.h"
 #include "support/temporary_book.h"
 #include "support/worker_process.h"
 #include "tools/opened_book.h"
@@ -262,40 +261,6 @@ TEST(BookRepair, killedAtAnyMomentIsDoneWholeOrNotAtAll)
     }
     std::cout << "killed during repairs: done " << whole << " of " << rounds << ", journal left behind " << journals
               << '\n';
-}
-
-TEST(BookRepair, aFullDiskChangesNothing)
-{
-    const TemporaryBook folder;
-    folder.execute(soundBook);
-    folder.execute("DELETE FROM tameio");
-    const QString disk = folder.path(QStringLiteral("disk"));
-    QDir().mkdir(disk);
-    if (!Mount::smallDisk(disk))
-        GTEST_SKIP() << "SKIPPED: the system does not let a test mount a small disk";
-    for (const char* name : {"lorvan.mdb", "mapcodes.mdb", "lorvan.dat"})
-        ASSERT_TRUE(QFile::copy(folder.path(QString::fromUtf8(name)), disk + u'/' + QString::fromUtf8(name)));
-    QFile filler(disk + QStringLiteral("/filler"));
-    ASSERT_TRUE(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-    while (filler.write(QByteArray(1024, 'x')) == 1024) { }
-    int refusals = 0;
-    for (bool isDone = false; !isDone && filler.size() > 0; filler.resize(std::max<qint64>(filler.size() - 4096, 0))) {
-        OpenedBook book(disk, Connection::Access::ReadWrite);
-        try {
-            (void)repair(book);
-            isDone = true;
-        } catch (const std::runtime_error& failure) { // BookCopyFailed or SqlError
-            ++refusals;
-            EXPECT_EQ(QDir(disk).entryList(QDir::Files).size(), 4)
-                << failure.what() << QDir(disk).entryList(QDir::Files).join(u' ').toStdString();
-            EXPECT_EQ(countsOf(checkOf(book.connection()))[Kind::MissingDay], 4) << failure.what();
-        }
-        if (isDone) {
-            EXPECT_EQ(storedCashDays(book.connection()), soundDays);
-        }
-    }
-    EXPECT_GT(refusals, 2);
-    Mount::undo(disk);
 }
 
 } // namespace lorvan::test

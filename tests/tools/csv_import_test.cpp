@@ -3,7 +3,6 @@
 #include "cashbook/opening_balance.h"
 #include "platform/transaction.h"
 #include "support/book_model.h"
-#include "support/mount.h"
 #include "support/temporary_book.h"
 #include "tools/tool_run.h"
 
@@ -291,28 +290,6 @@ TEST_F(CsvImportTest, isKeptWholeOrNotAtAllWhenKilled)
         EXPECT_EQ(valueOf(main, "PRAGMA quick_check"), QStringLiteral("ok"));
     }
     std::cout << "killed imports: " << rounds << ", whole " << whole << ", journal left behind " << journals << '\n';
-}
-
-TEST_F(CsvImportTest, leavesTheBookAloneWhenTheDiskIsFull)
-{
-    const QString disk = book.path(QStringLiteral("disk"));
-    QDir().mkdir(disk);
-    if (!Mount::smallDisk(disk))
-        GTEST_SKIP() << "SKIPPED: the system does not let a test mount a small disk";
-    for (const char* const name : {"lorvan.mdb", "mapcodes.mdb", "lorvan.dat"})
-        ASSERT_TRUE(QFile::copy(book.path(QString::fromLatin1(name)), disk + u'/' + QString::fromLatin1(name)));
-    write(in, QStringLiteral("kinhseis.csv"), manyMovements(20'000));
-    const ToolRun run = importFrom(disk, in);
-    EXPECT_EQ(run.status, ExitStatus::Failed);
-    EXPECT_NE(run.errors.find("Ο δίσκος είναι γεμάτος"), std::string::npos) << run.errors;
-    {
-        Connection main = Connection::open(disk + QStringLiteral("/lorvan.mdb"),
-            testKeys().keyFor(disk + QStringLiteral("/lorvan.mdb")), Connection::Access::ReadWrite);
-        EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kinhseis"), QStringLiteral("0"));
-    }
-    QFile marker(disk + QStringLiteral("/lorvan.dat"));
-    EXPECT_TRUE(marker.open(QIODevice::ReadOnly) && marker.read(1) == "0");
-    Mount::undo(disk);
 }
 
 } // namespace lorvan::test

@@ -1,20 +1,14 @@
 #include "app/schema_upgrade.h"
-#include "support/mount.h"
 #include "support/temporary_book.h"
 #include "tools/older_books.h"
 #include "tools/staging_folder.h"
 #include "tools/tool_run.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
-#include <QThread>
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <set>
 
 #include <sys/wait.h>
@@ -75,39 +69,6 @@ protected:
 
     QTemporaryDir folder;
 };
-
-/// The import as a process of its own.
-class ImportProcess {
-public:
-    ImportProcess(const QString& from, const QString& to)
-    {
-        m_process.setProcessChannelMode(QProcess::MergedChannels);
-        m_process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/lorvan-data"),
-            {QStringLiteral("import"), from, to});
-        m_process.waitForStarted();
-    }
-
-    void killAfter(unsigned long microseconds)
-    {
-        QThread::usleep(microseconds);
-        m_process.kill();
-        m_process.waitForFinished();
-    }
-    [[nodiscard]] int exitCode()
-    {
-        m_process.waitForFinished();
-        return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
-    }
-
-private:
-    QProcess m_process;
-};
-
-int killRounds()
-{
-    const int wanted = qEnvironmentVariableIntValue("LORVAN_KILL_ROUNDS");
-    return wanted > 0 ? wanted : 10;
-}
 
 } // namespace
 
@@ -274,34 +235,6 @@ TEST_F(Import, salvagesWhatCanBeReadAndListsTheRest)
     EXPECT_EQ(valueOf(main, "SELECT ariumos FROM taytothta"), QStringLiteral("3"));
 }
 
-TEST_F(Import, killedAtAnyMomentLeavesNoBookOrTheWholeOne)
-{
-    QElapsedTimer timer;
-    timer.start();
-    ASSERT_EQ(ImportProcess(olderBook(QStringLiteral("v3")), made().dataFolder()).exitCode(), 0);
-    const auto duration = static_cast<unsigned long>(timer.nsecsElapsed() / 1000);
-    std::mt19937 random(3);
-    int whole = 0;
-    int remainders = 0;
-    for (int round = 0; round < killRounds(); ++round) {
-        QDir(made().dataFolder()).removeRecursively();
-        ImportProcess(olderBook(QStringLiteral("v3")), made().dataFolder()).killAfter(random() % duration);
-        remainders += !contentOf(made().dataFolder()).empty();
-        if (!BookFiles::exists(made().mainDatabase())) {
-            ASSERT_EQ(ImportProcess(olderBook(QStringLiteral("v3")), made().dataFolder()).exitCode(), 0);
-            EXPECT_EQ(contentOf(made().dataFolder()).size(), 3u);
-        } else {
-            ++whole;
-        }
-        Connection main = openDatabase(made().mainDatabase());
-        EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kinhseis"), QStringLiteral("5000"));
-        EXPECT_EQ(valueOf(main, "PRAGMA integrity_check"), QStringLiteral("ok"));
-        EXPECT_TRUE(BookFiles::exists(made().auxiliaryDatabase()));
-    }
-    std::cout << "killed imports: whole books " << whole << ", remainders " << remainders - whole << " of "
-              << killRounds() << '\n';
-}
-
 TEST_F(Import, takesBackAMoveThatAKilledProcessDidNotFinish)
 {
     copyOlder(QStringLiteral("v1"));
@@ -334,20 +267,6 @@ TEST_F(Import, keepsWhatIsNotCertainlyARemainder)
     EXPECT_EQ(runImport().status, ExitStatus::Failed);
     ASSERT_TRUE(QFile::remove(made().auxiliaryDatabase()));
     EXPECT_EQ(contentOf(made().dataFolder()), before);
-}
-
-TEST_F(Import, leavesNothingOnAFullDisk)
-{
-    QDir().mkpath(made().dataFolder());
-    if (!Mount::smallDisk(made().dataFolder()))
-        GTEST_SKIP() << "SKIPPED: the system does not let a test mount a small disk";
-    const ToolRun run =
-        runTool(someDay, QStringLiteral("import|%1|%2").arg(olderBook(QStringLiteral("v3")), made().dataFolder()));
-    const auto left = contentOf(made().dataFolder());
-    Mount::undo(made().dataFolder());
-    EXPECT_EQ(run.status, ExitStatus::Failed);
-    EXPECT_NE(run.errors.find("δίσκος είναι γεμάτος"), std::string::npos) << run.errors;
-    EXPECT_TRUE(left.empty());
 }
 
 } // namespace lorvan::test
