@@ -6,10 +6,21 @@
 #include <QRegularExpression>
 #include <QSysInfo>
 
+#include <sys/file.h>
+
 namespace lorvan {
 namespace {
 
 constexpr auto lockName = "lock";
+
+/// Earlier releases gave other names, and locked the folder itself.
+bool wasLeftByEarlierRelease(const Folder& parent, const QString& name, const QString& prefix)
+{
+    static const QRegularExpression ending(QStringLiteral("\\A[0-9A-Za-z]{6}\\z"));
+    return name.startsWith(prefix) && ending.match(name.mid(prefix.size())).hasMatch()
+        && parent.kindOf(name) == Folder::Kind::Folder
+        && ::flock(parent.openFolder(name).descriptor(), LOCK_EX | LOCK_NB) == 0;
+}
 
 } // namespace
 
@@ -95,7 +106,7 @@ void WorkFolder::removeAbandoned(
 {
     try {
         for (const QString& name : parent.names()) {
-            if (isName(name, prefix))
+            if (isName(name, prefix) || wasLeftByEarlierRelease(parent, name, prefix))
                 removeIfAbandoned(parent, name, mayGo);
         }
     } catch (const std::exception&) {

@@ -33,7 +33,8 @@ public:
     [[nodiscard]] static QString prefixHere(const QString& purpose);
     /// True for what can be the name of a work folder.
     [[nodiscard]] static bool isName(const QString& name, const QString& prefix);
-    /// Removes those of killed programs, as far as the system lets us. `mayGo` is asked for each once it is locked.
+    /// Removes those of killed programs, of earlier releases too, as far as the system lets us. `mayGo` is asked for
+    /// each once it is locked.
     static void removeAbandoned(const Folder& parent, const QString& prefix,
         const std::function<bool(const QString& name)>& mayGo = {}) noexcept;
     /// One folder, if nobody holds the lock in it.

@@ -1,3 +1,4 @@
+#include "app/work_folder.h"
 #include "cashbook/cash_book.h"
 #include "reports/movement_workbook.h"
 #include "support/mount.h"
@@ -9,6 +10,8 @@
 #include <QProcess>
 
 #include <gtest/gtest.h>
+
+#include <sys/file.h>
 
 namespace lorvan::test {
 namespace {
@@ -98,6 +101,17 @@ TEST_F(ExportTest, takesAnEmptyFolderAndNoOther)
         EXPECT_EQ(contentOf(out), before);
     }
     EXPECT_EQ(entriesOf(place.path()), QStringList(QStringLiteral("έξοδος")));
+}
+
+TEST_F(ExportTest, clearsAwayWhatAnEarlierReleaseLeft)
+{
+    const QString left = WorkFolder::prefixHere(QStringLiteral(".lorvan-export-"));
+    for (const char* name : {"aB3xY9", "inUse1", "0123456789abcdef"})
+        ASSERT_TRUE(QDir(place.path()).mkdir(left + QLatin1String(name)));
+    const Folder inUse(place.filePath(left + QStringLiteral("inUse1")));
+    ASSERT_EQ(::flock(inUse.descriptor(), LOCK_EX), 0);
+    ASSERT_EQ(exportTo(book, out).status, ExitStatus::Done);
+    EXPECT_EQ(entriesOf(place.path()), (QStringList{left + QStringLiteral("inUse1"), QStringLiteral("έξοδος")}));
 }
 
 TEST_F(ExportTest, showsTheLastCommitWhileAnotherWritesAndLeavesTheBookAlone)
