@@ -18,11 +18,10 @@
 #include "reports/printing_page.h"
 
 #include <QAbstractButton>
-#include <QApplication>
-#include <QCloseEvent>
 #include <QScopeGuard>
 #include <QScrollArea>
 #include <QShortcut>
+#include <QShowEvent>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -294,24 +293,6 @@ void Kentrikh::printReport()
     m_reports.print(std::move(*request), this);
 }
 
-bool Kentrikh::confirmExit()
-{
-    return askOkCancel(this, QMessageBox::Question, QStringLiteral("Εξοδος από το πρόγραμμα"),
-        QStringLiteral("Να τερματιστεί το πρόγραμμα;"), unsavedEntryText(m_entryPage->unsaved()));
-}
-
-void Kentrikh::end()
-{
-    m_isEnding = true;
-    close();
-}
-
-void Kentrikh::askToEnd()
-{
-    if (!m_closed && !QApplication::activeModalWidget() && confirmExit())
-        end();
-}
-
 // Tabs
 
 void Kentrikh::selectTab(int tab)
@@ -410,23 +391,6 @@ void Kentrikh::fillPage(int tab, int earlierTab)
     default:
         break;
     }
-}
-
-void Kentrikh::closeEvent(QCloseEvent* event)
-{
-    if (!m_isEnding && !m_session.isUnderWay() && m_entryPage->unsaved() != UnsavedEntry::None) {
-        event->ignore(); // a signal to end must find no window that is closing already
-        QMetaObject::invokeMethod(this, &Kentrikh::askToEnd, Qt::QueuedConnection);
-        return;
-    }
-    rememberSize(this);
-    m_reports.close();
-    m_backup.retire();
-    m_notices.retire();
-    m_closed = true;
-    guarded(this, [this] { m_marker.retire(); }); // the program ends all the same
-    event->accept();
-    Q_EMIT closed();
 }
 
 } // namespace lorvan
