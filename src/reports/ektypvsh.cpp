@@ -52,8 +52,7 @@ Ektypvsh::Ektypvsh(Printers& printers, ReportSaver& saver)
 
 Ektypvsh::~Ektypvsh()
 {
-    if (isVisible())
-        rememberSize(this);
+    keepSize();
 }
 
 void Ektypvsh::layOut()
@@ -165,9 +164,15 @@ void Ektypvsh::unload()
     m_run.cancel();
     m_search.setPages(nullptr);
     m_area->view().setPages(nullptr);
-    if (isVisible())
-        rememberSize(this);
+    keepSize();
     hide();
+}
+
+/// Where the user has changed it: what a small screen left of it is not for the next one.
+void Ektypvsh::keepSize()
+{
+    if (isVisible() && (size() != m_openedSize || isMaximized() != m_openedMaximised))
+        rememberSize(this);
 }
 
 void Ektypvsh::closeEvent(QCloseEvent* event)
@@ -181,6 +186,8 @@ void Ektypvsh::showEvent(QShowEvent* event)
     QMainWindow::showEvent(event);
     if (event->spontaneous())
         return;
+    m_openedSize = size();
+    m_openedMaximised = isMaximized();
     m_area->view().setFocus(Qt::OtherFocusReason);
 }
 

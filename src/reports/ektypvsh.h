@@ -50,6 +50,7 @@ private:
     void connectSearch();
 
     void activate();
+    void keepSize();
     void showPrinterState();
 
     /// Does nothing while another action runs.
@@ -71,6 +72,8 @@ private:
     PageSearch m_search;
     QString m_titleText;
     QString m_fileName;
+    QSize m_openedSize;
+    bool m_openedMaximised = false;
     bool m_hasWaited = false; ///< Long enough for the printers' first answer.
 };
 
