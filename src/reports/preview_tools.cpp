@@ -143,7 +143,8 @@ void PreviewTools::addSearch()
     m_sought->setMaximumWidth(searchWidth);
     QAction* const lens =
         m_sought->addAction(themedIcon(QStringLiteral("search"), ColourRole::Muted), QLineEdit::LeadingPosition);
-    lens->setText(QStringLiteral("Εύρεση"));
+    if (auto* const button = m_sought->findChild<QAbstractButton*>())
+        button->setAccessibleName(QStringLiteral("Εύρεση"));
     connect(lens, &QAction::triggered, this, &PreviewTools::goToSearch);
     m_sought->installEventFilter(this);
     connect(m_sought, &QLineEdit::textChanged, this, &PreviewTools::soughtChanged);
