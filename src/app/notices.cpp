@@ -48,7 +48,7 @@ Notice dayClosedNotice(QDate day)
 Notice heldNotice(const MarkerHolder& holder, const QDateTime& now)
 {
     return {
-        QStringLiteral("Στο βιβλίο δουλεύει ο χρήστης %1 στον υπολογιστή %2%3. Μπορείτε να βλέπετε και να εκτυπώνετε.")
+        QStringLiteral("Στο βιβλίο δουλεύει ο χρήστης %1 στον υπολογιστή %2%3. Μπορείτε να βλέπετε και να τυπώνετε.")
             .arg(holder.identity.user, holder.identity.computer, sinceText(holder.since, now)),
         QStringLiteral(
             "Αλλαγές κάνει ένας υπολογιστής κάθε φορά. Όταν ο άλλος τελειώσει, η γραμμή αυτή φεύγει μόνη της.")};

@@ -21,7 +21,7 @@ QString toolTipFor(const QString& reason)
 } // namespace
 
 NoticeLine::NoticeLine(const QString& objectName, QWidget* parent)
-    : ThemedLabel({}, ColourRole::Text, smallType, QFont::DemiBold, parent)
+    : ThemedLabel({}, ColourRole::Text, smallType, QFont::Normal, parent)
 {
     setObjectName(objectName);
     setContentsMargins(sideMargin, above, sideMargin, 0);

@@ -49,44 +49,30 @@ TEST(Theme, textIsReadableOnItsGround)
     }
 }
 
-TEST(Theme, theBooksOwnColourChangesPagesAndTheTextOnThemAlone)
+TEST(Theme, aColourOfItsOwnReachesEveryGroundOnAnyDesktopAndNoBox)
 {
     Theme& theme = Theme::instance();
-    const QColor base = inPalette(QPalette::Base);
-    const QColor fieldText = inPalette(QPalette::Text);
-    const QColor page = inPalette(QPalette::Window);
-    for (const QRgb own : {0x204060U, 0xFFFF80U, 0x000000U, 0xC0C0C0U}) {
-        theme.setPageColour(QColor(own));
-        EXPECT_EQ(inPalette(QPalette::Window), QColor(own));
-        EXPECT_GE(contrast(inPalette(QPalette::WindowText), QColor(own)), 4.5) << own;
-        EXPECT_EQ(inPalette(QPalette::Base), base);
-        EXPECT_EQ(inPalette(QPalette::Text), fieldText);
+    for (const QColor& desktop : {QColor(0xE0, 0xE0, 0xE0), QColor(0x20, 0x21, 0x22)}) {
+        QApplication::setPalette(QPalette(desktop.lighter(), desktop));
+        const QColor page = inPalette(QPalette::Window);
+        for (const QRgb own : {0x204060U, 0xFFFF80U, 0x000000U, 0xC0C0C0U}) {
+            theme.setPageColour(QColor(own));
+            EXPECT_EQ(inPalette(QPalette::Window), QColor(own));
+            EXPECT_EQ(theme.colour(ColourRole::Band), QColor(own));
+            for (const ColourRole text : {ColourRole::PageText, ColourRole::PageMuted, ColourRole::PageWarning,
+                     ColourRole::PageIncome, ColourRole::PageExpense})
+                EXPECT_GE(contrast(theme.colour(text), QColor(own)), 4.5) << int(text) << " on " << own;
+            EXPECT_EQ(inPalette(QPalette::Base), QColor(Qt::white));
+            EXPECT_EQ(inPalette(QPalette::Text), lightColour(ColourRole::Text));
+            QMessageBox box(QMessageBox::Question, {}, QStringLiteral("α"));
+            box.show();
+            EXPECT_EQ(box.palette().color(QPalette::Window), page);
+            const auto* const text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+            EXPECT_GE(contrast(text->palette().color(QPalette::WindowText), page), 4.5);
+        }
+        theme.setPageColour(std::nullopt);
+        EXPECT_EQ(inPalette(QPalette::Window), page);
     }
-    theme.setPageColour(std::nullopt);
-    EXPECT_EQ(inPalette(QPalette::Window), page);
-}
-
-TEST(Theme, aColourOfItsOwnReachesEveryGroundAlsoOnADarkDesktopAndNoBox)
-{
-    Theme& theme = Theme::instance();
-    const QColor desktop(0x20, 0x21, 0x22);
-    QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30), desktop));
-    for (const QRgb own : {0x204060U, 0xFFFF80U}) {
-        theme.setPageColour(QColor(own));
-        for (const ColourRole ground : {ColourRole::Page, ColourRole::Band})
-            EXPECT_EQ(theme.colour(ground), QColor(own));
-        for (const ColourRole text : {ColourRole::PageText, ColourRole::PageMuted, ColourRole::PageWarning,
-                 ColourRole::PageIncome, ColourRole::PageExpense})
-            EXPECT_GE(contrast(theme.colour(text), QColor(own)), 4.5) << int(text);
-        EXPECT_EQ(inPalette(QPalette::Base), QColor(Qt::white));
-        EXPECT_EQ(inPalette(QPalette::Text), lightColour(ColourRole::Text));
-        QMessageBox box(QMessageBox::Question, {}, QStringLiteral("α"));
-        box.show();
-        EXPECT_EQ(box.palette().color(QPalette::Window), desktop);
-        const auto* const text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-        EXPECT_GE(contrast(text->palette().color(QPalette::WindowText), desktop), 4.5);
-    }
-    theme.setPageColour(std::nullopt);
     QApplication::setPalette(QPalette());
 }
 
