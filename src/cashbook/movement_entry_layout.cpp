@@ -16,6 +16,7 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 
 #include <algorithm>
 
@@ -60,6 +61,7 @@ void MovementEntryPage::createControls()
     m_chooser = new CodeChooser(this);
     m_chooser->setObjectName(QStringLiteral("DBCombo1"));
     m_chooser->setAccessibleName(QStringLiteral("Κωδικός"));
+    m_chooser->lineEdit()->setAccessibleName(m_chooser->accessibleName());
     m_picker = new CodePicker(m_chooser);
 
     m_list = new DayList(this);

@@ -26,8 +26,9 @@ MovementFields::MovementFields(QWidget* page)
 {
     auto* const description = m_fields.add(field::description, new EntryField(TypingRule::Capitals, page));
     description->setAccessibleName(QStringLiteral("Περιγραφή"));
-    for (const int index : {field::income, field::expense, field::memorandum})
-        addAmount(page, index);
+    addAmount(page, field::income, QStringLiteral("Εσοδα"));
+    addAmount(page, field::expense, QStringLiteral("Εξοδα"));
+    addAmount(page, field::memorandum, QStringLiteral("Λ τάξεως"));
     for (const int index : {field::description, field::income, field::expense, field::memorandum})
         watch(index);
     connect(m_cheque, &QCheckBox::clicked, this, [this] { Q_EMIT typed(-1); });
@@ -41,9 +42,10 @@ void MovementFields::watch(int index)
     connect(m_fields[index], &EntryField::textChanged, this, &MovementFields::changed);
 }
 
-void MovementFields::addAmount(QWidget* page, int index)
+void MovementFields::addAmount(QWidget* page, int index, const QString& name)
 {
     auto* const amountField = m_fields.add(index, new EntryField(TypingRule::Amount, page));
+    amountField->setAccessibleName(name);
     amountField->setRightAligned();
     setAmount(index, {});
 }

@@ -59,7 +59,7 @@ Q_SIGNALS:
     void changed(); ///< A text is another, by whatever.
 
 private:
-    void addAmount(QWidget* page, int index);
+    void addAmount(QWidget* page, int index, const QString& name);
     void watch(int index);
     void setAmount(int index, Currency amount);
     [[nodiscard]] EntryContent::Amount contentOf(int index) const;

@@ -1,5 +1,7 @@
 #include "controls/label3d.h"
 
+#include "controls/accessible_role.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
@@ -65,6 +67,7 @@ Label3D::Label3D(QWidget* parent)
     : QWidget(parent)
 {
     setMinimumSize(leastExtent, leastExtent);
+    setAccessibleRole(staticMetaObject, QAccessible::StaticText);
     setAccessibleName(m_caption);
     setMouseTracking(true);
     layOut();

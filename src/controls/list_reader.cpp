@@ -1,5 +1,6 @@
 #include "controls/list_reader.h"
 
+#include "controls/accessible_role.h"
 #include "controls/shapes.h"
 #include "controls/theme.h"
 
@@ -58,6 +59,7 @@ ListReader::ListReader(QWidget* page, QWidget* parent)
     auto* const whole = new QVBoxLayout(this);
     whole->setContentsMargins({});
     whole->addWidget(page);
+    setAccessibleRole(staticMetaObject, QAccessible::List);
     setAccessibleDescription(QStringLiteral("Μόνο για ανάγνωση"));
 }
 
