@@ -20,6 +20,7 @@ list(APPEND LORVAN_WINDOW_TESTS
     ${CMAKE_CURRENT_LIST_DIR}/report_frame_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/report_saving_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/report_printing_test.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/captions_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/looks_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/groups_window_test.cpp
     ${CMAKE_CURRENT_LIST_DIR}/group_choice_test.cpp
