@@ -1,9 +1,11 @@
 #include "controls/entry_field.h"
 #include "printing_test.h"
 #include "program_run.h"
+#include "reports/report_pdf.h"
 
 #include <QLabel>
 #include <QMenu>
+#include <QProcess>
 #include <QTabBar>
 #include <QTest>
 
@@ -253,13 +255,26 @@ TEST_F(ReportQuestions, theAnalysisAsksOnlyOnACashDay)
     user().enter(periodStart, QStringLiteral("15-03-2024"));
     for (const bool stores : {true, false}) {
         boxes.whenShown(QStringLiteral("AnalyshFRM"), [stores](QWidget& screen) {
-            if (stores)
-                Driver(screen).click(Driver(screen).find(QStringLiteral("Command1")));
-            else
+            const Driver there(screen);
+            if (!stores) {
                 screen.close();
+                return;
+            }
+            there.click(there.find(QStringLiteral("Command2(0)")));
+            for (const auto& [key, text] :
+                {std::pair(Qt::Key_1, QStringLiteral("1")), std::pair(Qt::Key_Return, QString())})
+                QTest::sendKeyEvent(
+                    QTest::Click, QApplication::activePopupWidget()->windowHandle(), key, text, Qt::NoModifier);
+            there.click(there.find(QStringLiteral("Command1")));
         });
         print(8);
-        EXPECT_EQ(documentOf(*shownFrame()).cell(5, 3), QStringLiteral("1,00"));
+        EXPECT_EQ(documentOf(*shownFrame()).cell(1, 3), QStringLiteral("1,00")) << "the code that was chosen";
+        const QString paper = book.path(QStringLiteral("paper.pdf"));
+        ASSERT_EQ(savePdf(*viewOf(*shownFrame()).pages(), paper, [](int, int) { return true; }), PageOutcome::Done);
+        QProcess reader;
+        reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), paper, QStringLiteral("-")});
+        reader.waitForFinished();
+        EXPECT_TRUE(QString::fromUtf8(reader.readAll()).simplified().contains(QStringLiteral("Ομαδα 1 1,00 Ομαδα 2")));
     }
 }
 
