@@ -152,14 +152,4 @@ TEST_F(PathFileTest, decidesHowTheProgramStarts)
     }
 }
 
-TEST_F(PathFileTest, theFirstStartWritesTheProgramFolderAndTheSecondLooksThere)
-{
-    EXPECT_EQ(decideStart(folder.path()).outcome, StartOutcome::PathWritten);
-    EXPECT_EQ(read(QStringLiteral("DIADROMH.dat")), folder.path().toUtf8() + "\r\n");
-    EXPECT_EQ(decideStart(folder.path()).outcome, StartOutcome::DatabaseMissing);
-    write(QStringLiteral("lorvan.mdb"), "x");
-    EXPECT_EQ(decideStart(folder.path()).outcome, StartOutcome::SignIn);
-    EXPECT_EQ(files().size(), 2);
-}
-
 } // namespace lorvan

@@ -28,19 +28,12 @@ TEST(EntryField, typedCharactersPassTheFieldsRule)
         Qt::KeyboardModifiers modifiers = Qt::NoModifier;
     };
     for (const auto& [rule, keys, shown, modifiers] : {
-             Row{TypingRule::Date, "12.03/2005", "12-03-2005"},
-             Row{TypingRule::Date, "1a2 3,4:5", "12-3,45"},
-             Row{TypingRule::Amount, "1.234.5", "1,234,5"},
-             Row{TypingRule::Amount, "-7x", ",7,"},
+             Row{TypingRule::Date, "1a2.3", "12-3"},
              Row{TypingRule::Amount, "12.5", "12,5", Qt::KeypadModifier},
-             Row{TypingRule::Capitals, "άλφα beta ς", "ΆΛΦΑ BETA Σ"},
              Row{TypingRule::Capitals, "aα€", "", Qt::AltModifier},
              Row{TypingRule::Amount, "a5", "", Qt::AltModifier | Qt::ControlModifier},
              Row{TypingRule::Date, "1.", "", Qt::MetaModifier},
              Row{TypingRule::Capitals, "a€", "A€", Qt::GroupSwitchModifier},
-             Row{TypingRule::OpeningDate, "31.10", "31-10"},
-             Row{TypingRule::OpeningAmount, "-8412.36", "-8412,36"},
-             Row{TypingRule::Any, "α.b-1", "α.b-1"},
          }) {
         EntryField field(rule);
         type(field, QString::fromUtf8(keys), modifiers);

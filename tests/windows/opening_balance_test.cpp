@@ -63,9 +63,8 @@ struct RefusedCase {
 
 TEST_F(OpeningBalanceTest, fieldsMapWhatIsTyped)
 {
-    for (const TypedCase& each :
-        {TypedCase{"5.12.2005", "05-12-2005", "1500.50", "1500,50"}, TypedCase{"5α12/2005", "05-12-2005", "-3", "-3"},
-            TypedCase{"5 12,2005", "05-12-2005", "1α5", "1,5"}, TypedCase{"31/2/2005", "31-2-2005", "0", "0"}}) {
+    for (const TypedCase& each : {TypedCase{"5.12.2005", "05-12-2005", "1500.50", "1500,50"},
+             TypedCase{"31/2/2005", "31-2-2005", "-1α5", "-1,5"}}) {
         user.enter(Date, QString::fromUtf8(each.date));
         user.press(Qt::Key_Return);
         EXPECT_EQ(user.field(Date).text(), QString::fromUtf8(each.shownDate)) << each.date;
