@@ -213,16 +213,6 @@ TEST_F(UsageMarkerTest, anUnlockUnderTheOwnersFeetHandsItOn)
     EXPECT_EQ(read(), heldBySecond) << "the new owner keeps it";
 }
 
-TEST_F(UsageMarkerTest, anOwnerWhoLostItIsRefusedHisNextChange)
-{
-    UsageMarker::unlock(path);
-    ASSERT_TRUE(first.claim());
-    UsageMarker::unlock(path);
-    ASSERT_TRUE(second.claim());
-    EXPECT_TRUE(first.guardChange());
-    EXPECT_FALSE(first.owns());
-}
-
 TEST_F(UsageMarkerTest, anOwnerWhoReleasesBlindlyLeavesTheNewOwnerAlone)
 {
     UsageMarker::unlock(path);
