@@ -5,17 +5,12 @@
 #include "platform/transaction.h"
 #include "support/book_model.h"
 #include "support/temporary_book.h"
-#include "support/worker_process.h"
 #include "tools/opened_book.h"
 
 #include <QDir>
 #include <QFile>
-#include <QThread>
 
 #include <gtest/gtest.h>
-
-#include <iostream>
-#include <random>
 
 namespace lorvan::test {
 namespace {
@@ -207,60 +202,6 @@ TEST(BookCheck, findsEachDamageAndTheRepairSetsRightWhatHasOneAnswer)
         EXPECT_TRUE(findings.contains(Kind::SumTooLarge) || staysWhenShown(connection)) << what;
         EXPECT_EQ(everythingElse(connection), others) << what;
     }
-}
-
-namespace {
-
-/// 2,000 days of 10 movements, every tenth day without its row, every balance wrong but the last.
-void fillDamaged(const TemporaryBook& book)
-{
-    book.execute("WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i+1 FROM n WHERE i<19999)"
-                 " INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, L_tajeos)"
-                 " SELECT 100, 20000101+(i/280)%20*10000+(i/28)%10*100+i%28, 'κίνηση', 10000, 0, 0, 0 FROM n;"
-                 "INSERT INTO tameio (hmeromhnia, esoda, ejoda, ypoloipo)"
-                 " SELECT hmeromhnia, 0, 0, 7 FROM kinhseis WHERE hmeromhnia%10<>4 GROUP BY hmeromhnia;"
-                 "UPDATE tameio SET esoda=(SELECT sum(esoda) FROM kinhseis k WHERE k.hmeromhnia=tameio.hmeromhnia),"
-                 " ypoloipo=200000000 WHERE hmeromhnia=(SELECT max(hmeromhnia) FROM tameio)");
-}
-
-} // namespace
-
-TEST(BookRepair, killedAtAnyMomentIsDoneWholeOrNotAtAll)
-{
-    const int wanted = qEnvironmentVariableIntValue("LORVAN_KILL_ROUNDS");
-    const int rounds = wanted > 0 ? wanted : 10;
-    const TemporaryBook folder;
-    fillDamaged(folder);
-    const QString main = folder.files().mainDatabase();
-    const QString original = folder.path(QStringLiteral("original"));
-    const QString log = folder.path(QStringLiteral("log"));
-    ASSERT_TRUE(QFile::copy(main, original));
-    std::mt19937 random{11};
-    int whole = 0;
-    int journals = 0;
-    for (int round = 0; round < rounds; ++round) {
-        QFile::remove(log);
-        QFile::remove(main);
-        ASSERT_TRUE(QFile::copy(original, main));
-        {
-            WorkerProcess worker({QStringLiteral("repair"), folder.folder(), log});
-            ASSERT_TRUE(worker.waitForLog(log)) << worker.output().toStdString();
-            QThread::usleep(static_cast<unsigned>(random() % 90'000));
-            worker.kill();
-        }
-        journals += QFile::exists(main + QStringLiteral("-journal"));
-        OpenedBook book(folder.folder(), Connection::Access::ReadWrite);
-        ASSERT_EQ(valueOf(book.connection(), "PRAGMA main.integrity_check"), QStringLiteral("ok"));
-        const bool isDone = checkOf(book.connection()).findings.isInOrder();
-        const QString old = valueOf(book.connection(), "SELECT count(*) FROM tameio WHERE ypoloipo=7");
-        ASSERT_TRUE(isDone || old.toInt() > 1000) << "round " << round;
-        whole += isDone;
-        QDir copies(folder.folder(), QStringLiteral("*-2024-*"));
-        for (const QString& copy : copies.entryList())
-            copies.remove(copy);
-    }
-    std::cout << "killed during repairs: done " << whole << " of " << rounds << ", journal left behind " << journals
-              << '\n';
 }
 
 } // namespace lorvan::test

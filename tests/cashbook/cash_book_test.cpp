@@ -78,7 +78,6 @@ TEST_F(CashBookTest, showingADayRebuildsItsRowAndShiftsNothing)
 TEST_F(CashBookTest, aRowThatIsRightIsNotWrittenAgain)
 {
     (void)inserted(incomeOf(monday, cents(900)));
-    const QString counter = valueOf(open.main(), "PRAGMA data_version");
     Connection writer = book.openMain();
     const QString before = valueOf(writer, "PRAGMA data_version");
     (void)cashBook.showDay(monday, DayRow::Write);

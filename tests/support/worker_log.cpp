@@ -54,9 +54,4 @@ ModelChange changeIn(const std::string& line)
     return change;
 }
 
-OpeningBalance upgradeOpening()
-{
-    return {QDate(2024, 2, 1), Currency::fromTenThousandths(12'345'600)};
-}
-
 } // namespace lorvan::test

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/schema_upgrade.h"
 #include "support/book_model.h"
 
 #include <QString>
@@ -29,8 +28,5 @@ private:
 
 [[nodiscard]] std::string changeLine(const ModelChange& change);
 [[nodiscard]] ModelChange changeIn(const std::string& line);
-
-/// The answer that every upgrade of a test gives: 1.234,56 on 1 February 2024.
-[[nodiscard]] OpeningBalance upgradeOpening();
 
 } // namespace lorvan::test

@@ -2,10 +2,6 @@
 // one over the usage marker. What it is about to do, and has done, it appends to a log line by line.
 //
 //   lorvan_test_worker changes DIR LOG SEED            random changes of the book until it is killed
-//   lorvan_test_worker codes   DIR LOG SEED            random changes of codes and groups until it is killed
-//   lorvan_test_worker upgrade DIR LOG                 one schema upgrade
-//   lorvan_test_worker deletion DIR LOG                one deletion of all data
-//   lorvan_test_worker repair  DIR LOG                 one repair of the cash days
 //   lorvan_test_worker claim   DIR LOG                 holds the marker as a command does, until it is ended
 //   lorvan_test_worker restore DIR LOG FILE            one restore of a backup over the book
 //   lorvan_test_worker pairs   DIR LOG COUNT           so many movements and closed days, four in each transaction
@@ -15,13 +11,11 @@
 
 #include "app/book_restore.h"
 #include "app/lock_trust.h"
-#include "app/schema_upgrade.h"
 #include "app/steady_copy.h"
 #include "app/usage_marker.h"
 #include "cashbook/book_check.h"
-#include "cashbook/book_repair.h"
 #include "cashbook/movement_batch.h"
-#include "codes/code_maintenance.h"
+#include "codes/code_catalogue.h"
 #include "codes/group_maintenance.h"
 #include "platform/date_text.h"
 #include "platform/machine_identity.h"
@@ -33,7 +27,7 @@
 #include "tools/check_report.h"
 #include "tools/claimed_marker.h"
 #include "tools/opened_book.h"
-#include "users/administration.h"
+#include "users/sign_in.h"
 #include "users/user_accounts.h"
 
 #include <QCoreApplication>
@@ -43,7 +37,6 @@
 #include <chrono>
 #include <cstdio>
 #include <fcntl.h>
-#include <random>
 #include <sched.h>
 #include <sstream>
 #include <sys/file.h>
@@ -73,57 +66,6 @@ int changeUntilKilled(const BookFiles& files, WorkerLog& log, unsigned seed)
             return 1;
         log.append("done");
     }
-}
-
-/// Moves a code into a group, or renames or replaces the group.
-int changeCodesUntilKilled(const BookFiles& files, WorkerLog& log, unsigned seed)
-{
-    Book book = openBook(files);
-    Connection& main = book.main();
-    std::mt19937 random(seed);
-    const auto oneOf = [&random](const auto& list) { return list.at(random() % list.size()); };
-    log.append("ready");
-    for (int change = 0;; ++change) {
-        const CodeGroup group = oneOf(listGroups(main));
-        const MovementCode code = oneOf(listCodes(main, CodeSelection::All));
-        const QString name = QStringLiteral("Ομάδα %1/%2").arg(seed).arg(change);
-        const unsigned kind = random() % 4;
-        const bool done = kind == 0 ? !renameGroup(main, group.number, name)
-            : kind == 1
-            ? !removeGroup(main, group.number) && std::holds_alternative<CodeGroup>(lorvan::addGroup(main, name))
-            : !modifyCode(main, code.row, {QString::number(code.code), name, group.name}, group.number);
-        if (!done)
-            throw std::runtime_error("a change was refused");
-        log.append("done");
-    }
-}
-
-int upgrade(const BookFiles& files, WorkerLog& log)
-{
-    Book book = openBook(files);
-    log.append("ready");
-    upgradeSchema(book.main(), upgradeOpening());
-    log.append("done");
-    return 0;
-}
-
-int deleteData(const BookFiles& files, WorkerLog& log)
-{
-    (void)testKeys().keyFor(files.mainDatabase());
-    (void)testKeys().keyFor(files.auxiliaryDatabase());
-    log.append("ready");
-    (void)deleteAllData(files, testKeys(), fixedClock().now());
-    log.append("done");
-    return 0;
-}
-
-int repairDays(const BookFiles& files, WorkerLog& log)
-{
-    OpenedBook book(files.dataFolder(), Connection::Access::ReadWrite);
-    log.append("ready");
-    (void)repairBook(book.connection(), files, book.keys(), fixedClock().now(), [](std::int64_t, std::int64_t) {});
-    log.append("done");
-    return 0;
 }
 
 int holdMarker(const BookFiles& files, WorkerLog& log)
@@ -361,14 +303,6 @@ int run(const QStringList& arguments)
     WorkerLog log(arguments.value(3));
     if (task == QStringLiteral("changes"))
         return changeUntilKilled(files, log, arguments.value(4).toUInt());
-    if (task == QStringLiteral("codes"))
-        return changeCodesUntilKilled(files, log, arguments.value(4).toUInt());
-    if (task == QStringLiteral("upgrade"))
-        return upgrade(files, log);
-    if (task == QStringLiteral("deletion"))
-        return deleteData(files, log);
-    if (task == QStringLiteral("repair"))
-        return repairDays(files, log);
     if (task == QStringLiteral("claim"))
         return holdMarker(files, log);
     if (task == QStringLiteral("restore"))

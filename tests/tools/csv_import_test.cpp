@@ -6,16 +6,12 @@
 #include "support/temporary_book.h"
 #include "tools/tool_run.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QThread>
 
 #include <gtest/gtest.h>
 
-#include <iostream>
-#include <random>
+#include <algorithm>
 
 namespace lorvan::test {
 namespace {
@@ -249,47 +245,6 @@ TEST_F(CsvImportTest, refusesABookInUse)
     EXPECT_NE(importFrom(book.folder(), in).errors.find("ΑΝΝΑ"), std::string::npos);
     other.release();
     EXPECT_EQ(importFrom(book.folder(), in).status, ExitStatus::Done);
-}
-
-namespace {
-
-QByteArray manyMovements(int count)
-{
-    QByteArray lines(titles);
-    for (int i = 0; i < count; ++i)
-        lines += "100," + QDate(2024, 1, 1).addDays(i % 300).toString(Qt::ISODate).toLatin1() + ",κίνηση,1.00,,,\n";
-    return lines;
-}
-
-} // namespace
-
-TEST_F(CsvImportTest, isKeptWholeOrNotAtAllWhenKilled)
-{
-    constexpr int count = 20'000;
-    const int wanted = qEnvironmentVariableIntValue("LORVAN_KILL_ROUNDS");
-    write(in, QStringLiteral("kinhseis.csv"), manyMovements(count));
-    std::mt19937 random(3);
-    int whole = 0;
-    int journals = 0;
-    const int rounds = wanted > 0 ? wanted : 6;
-    for (int round = 0; round < rounds; ++round) {
-        QProcess process;
-        process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/lorvan-data"),
-            {QStringLiteral("import-csv"), book.folder(), in});
-        ASSERT_TRUE(process.waitForStarted());
-        QThread::msleep(50 + random() % 400);
-        process.kill();
-        process.waitForFinished();
-        journals += QFile::exists(book.files().mainDatabase() + QStringLiteral("-journal"));
-        UsageMarker::unlock(book.files().usageMarker());
-        Connection main = book.openMain();
-        const int stored = valueOf(main, "SELECT count(*) FROM kinhseis").toInt();
-        ASSERT_TRUE(stored == whole * count || stored == (whole + 1) * count) << stored;
-        whole = stored / count;
-        EXPECT_EQ(valueOf(main, "SELECT ifnull(sum(esoda),0)/10000 FROM tameio").toInt(), stored);
-        EXPECT_EQ(valueOf(main, "PRAGMA quick_check"), QStringLiteral("ok"));
-    }
-    std::cout << "killed imports: " << rounds << ", whole " << whole << ", journal left behind " << journals << '\n';
 }
 
 } // namespace lorvan::test
