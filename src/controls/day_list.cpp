@@ -152,11 +152,13 @@ QFont DayList::largestFont() const
 {
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
     const QSize available = contentsRect().size() - QSize(bar, 2 * margin);
+    // With the heading, which takes what the list gets: the choice must not depend on the font that is chosen.
+    const int height = available.height() + QFontMetrics(font()).height();
     for (const qreal factor : fontFactors) {
         const QFont font = Theme::instance().fixedFont(factor);
         const qreal line = DayLineLayout::forWidth(0, font, m_widths).width();
         if (std::max(line, charactersForLargerFont * advanceOf(font)) <= available.width()
-            && usualRows * rowHeightFor(font) <= available.height())
+            && usualRows * rowHeightFor(font) + QFontMetrics(font).height() <= height)
             return font;
     }
     for (const qreal factor : factorsForLongAmounts) {

@@ -68,6 +68,7 @@ PrintingPage::PrintingPage(Clock clock, QWidget* parent)
     m_groups->setObjectNames(QStringLiteral("List2(2)"), 2);
     m_print->setObjectName(QStringLiteral("Command1(1)"));
     m_periodHint->setObjectName(QStringLiteral("periodHint"));
+    m_periodHint->setWordWrap(true);
 
     auto* const columns = new QHBoxLayout(this);
     columns->setContentsMargins(marginSide, marginEnd, marginSide, marginEnd);

@@ -2,6 +2,7 @@
 #include "program_run.h"
 
 #include "cashbook/fr_ervthsh_update.h"
+#include "controls/opening_placement.h"
 #include "reports/ektypvsh.h"
 #include "reports/ervthsh.h"
 #include "reports/forma_tajinomhshs.h"
@@ -105,7 +106,7 @@ QString cutOffIn(const QWidget& window)
         const QRect inWindow(widget->mapTo(&window, QPoint()), widget->size());
         if (widget->width() < least.width() || widget->height() < least.height() || !window.rect().contains(inWindow))
             found += widget->objectName() + u' ' + text
-                + QStringLiteral(": %1 of %2 px").arg(widget->width()).arg(least.width());
+                + QStringLiteral(": %1 of %2 px, to %3").arg(widget->width()).arg(least.width()).arg(inWindow.right());
     }
     return found.join(u'\n');
 }
@@ -198,8 +199,10 @@ TEST_P(MainWindowLooks, everyPageIsGreekAndWhole)
     const ApplicationFont font(fontOf(GetParam()));
     addMovement(incomeOf(today, cents(123456789), QStringLiteral("Πώληση")));
     start(allRights);
-    if (GetParam() == Size::Large)
+    if (GetParam() == Size::Large) {
+        OpeningPlacement::of(&window()).end(); // this screen is smaller than those on which such fonts are used
         window().resize(1366, 740);
+    }
     user().doubleClickRow(list(), 1);
     expectReadable(window());
     selectTab(1);
@@ -256,14 +259,14 @@ INSTANTIATE_TEST_SUITE_P(Fonts, ProgramLooks, testing::Values(Size::Usual, Size:
 
 TEST_F(TabOrderTest, theCashPageReadsAsTheEyeDoes)
 {
-    constexpr const char* order = "Text1(0) DBCombo1 Text1(1) Text1(2) Text1(3) Text1(9) Check1(0) Command1(0) "
-                                  "Command1(2) Command1(3) List1 Command1(8) Command1(4)";
     addMovement(expenseOf(today, cents(100)));
     start(allRights);
     EXPECT_EQ(user().focusName(), QStringLiteral("DBCombo1"));
-    expectOrder(user(), order);
+    expectOrder(user(), "Text1(0) DBCombo1 Text1(1) Text1(2) Text1(3) Text1(9) Check1(0) Command1(0) List1 Command1(8)"
+                        " Command1(4)");
     user().doubleClickRow(list(), 1);
-    expectOrder(user(), order);
+    expectOrder(user(), "DBCombo1 Text1(1) Text1(3) Text1(9) Check1(0) Command1(2) Command1(3) Command1(0) List1"
+                        " Command1(8) Command1(4)");
 }
 
 TEST_F(TabOrderTest, theCodesPageReadsAsTheEyeDoes)
