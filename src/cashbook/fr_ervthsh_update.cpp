@@ -60,7 +60,7 @@ QGroupBox* FR_ErvthshUpdate::frame(const QString& title, int index, EntryField* 
     box->setObjectName(QStringLiteral("Frame1(%1)").arg(index));
     field->setObjectName(QStringLiteral("Text1(%1)").arg(index));
     field->setAccessibleName(title);
-    field->setFixedWidth(fieldWidth);
+    field->setLeastWidth(fieldWidth);
     auto* const row = new QHBoxLayout(box);
     row->addWidget(field, 0, Qt::AlignLeft);
     return box;

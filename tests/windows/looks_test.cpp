@@ -262,11 +262,13 @@ TEST_F(TabOrderTest, theCashPageReadsAsTheEyeDoes)
     addMovement(expenseOf(today, cents(100)));
     start(allRights);
     EXPECT_EQ(user().focusName(), QStringLiteral("DBCombo1"));
-    expectOrder(user(), "Text1(0) DBCombo1 Text1(1) Text1(2) Text1(3) Text1(9) Check1(0) Command1(0) List1 Command1(8)"
-                        " Command1(4)");
+    expectOrder(user(),
+        "Text1(0) DBCombo1 Text1(1) Text1(2) Text1(3) Text1(9) Check1(0) Command1(0) List1 Command1(8)"
+        " Command1(4)");
     user().doubleClickRow(list(), 1);
-    expectOrder(user(), "DBCombo1 Text1(1) Text1(3) Text1(9) Check1(0) Command1(2) Command1(3) Command1(0) List1"
-                        " Command1(8) Command1(4)");
+    expectOrder(user(),
+        "DBCombo1 Text1(1) Text1(3) Text1(9) Check1(0) Command1(2) Command1(3) Command1(0) List1"
+        " Command1(8) Command1(4)");
 }
 
 TEST_F(TabOrderTest, theCodesPageReadsAsTheEyeDoes)
