@@ -6,13 +6,13 @@
 #include "cashbook/opening_difference.h"
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
-#include "platform/clock.h"
 #include "platform/connection.h"
 #include "platform/date_text.h"
 #include "platform/transaction.h"
 #include "tools/csv_table.h"
 #include "tools/import_digest.h"
 #include "tools/refused.h"
+#include "tools/taken_imports.h"
 
 #include <QFileInfo>
 
@@ -390,25 +390,6 @@ bool addsSomething(const CsvImportOutcome& outcome)
     return outcome.groups.added + outcome.codes.added + outcome.movements > 0;
 }
 
-void refuseTaken(Connection& book, const QString& digest)
-{
-    auto taken = book.prepare("SELECT at FROM taken_imports WHERE digest=? ORDER BY id");
-    taken.bind(digest);
-    if (!taken.step())
-        return;
-    const QDateTime at = QDateTime::fromMSecsSinceEpoch(taken.integer(0));
-    throw Refused(QStringLiteral("Το ίδιο περιεχόμενο έχει ήδη εισαχθεί στις %1. Με --again εισάγεται και δεύτερη φορά."
-                                 " Δεν προστέθηκε τίποτα.")
-                      .arg(at.toString(QStringLiteral("dd-MM-yyyy HH:mm"))));
-}
-
-void remember(Connection& book, const QString& digest, const CsvImportOutcome& outcome, const Clock& clock)
-{
-    book.prepare("INSERT INTO taken_imports (digest, at, groups, codes, movements) VALUES (?,?,?,?,?)")
-        .bind(digest, clock.now().toMSecsSinceEpoch(), outcome.groups.added, outcome.codes.added, outcome.movements)
-        .run();
-}
-
 } // namespace
 
 CsvImportOutcome importCsv(
@@ -423,7 +404,7 @@ CsvImportOutcome importCsv(
     if (addsSomething(outcome)) {
         if (choices.takenBefore == TakenBefore::Refuse)
             refuseTaken(book, import.digest());
-        remember(book, import.digest(), outcome, clock);
+        rememberImport(book, import.digest(), outcome, clock);
     }
     writing.commit();
     return outcome;
