@@ -24,6 +24,7 @@ namespace lorvan {
 namespace {
 
 constexpr int pageMarginSide = 12;
+constexpr int pageMarginTop = 2; // below the line of notices
 constexpr int pageMarginEnd = 10;
 constexpr int betweenControls = 8;
 constexpr int betweenRows = 8;
@@ -110,7 +111,7 @@ void MovementEntryPage::layOut()
     auto* const memorandum = new MemorandumHead(QStringLiteral("Λ τάξεως"), *m_list, this);
 
     auto* const rows = new QVBoxLayout(this);
-    rows->setContentsMargins(pageMarginSide, pageMarginEnd, pageMarginSide, pageMarginEnd);
+    rows->setContentsMargins(pageMarginSide, pageMarginTop, pageMarginSide, pageMarginEnd);
     rows->setSpacing(betweenRows);
     rows->addLayout(dayRow());
     rows->addLayout(entryGrid());

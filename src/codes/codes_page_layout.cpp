@@ -16,6 +16,7 @@ namespace lorvan {
 namespace {
 
 constexpr int marginSide = 12;
+constexpr int marginTop = 2; // below the line of notices
 constexpr int marginEnd = 10;
 constexpr int betweenControls = 8;
 constexpr int codeWidth = 84;
@@ -28,7 +29,7 @@ void CodesPage::layOut()
     whole->setContentsMargins({});
     whole->addWidget(m_reader);
     auto* const rows = new QVBoxLayout(m_panel);
-    rows->setContentsMargins(marginSide, marginEnd, marginSide, marginEnd);
+    rows->setContentsMargins(marginSide, marginTop, marginSide, marginEnd);
     rows->setSpacing(betweenControls);
     rows->addWidget(entryFrame());
     rows->addLayout(commandRow());

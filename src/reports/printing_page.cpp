@@ -23,6 +23,7 @@ namespace lorvan {
 namespace {
 
 constexpr int marginSide = 12;
+constexpr int marginTop = 2; // below the line of notices
 constexpr int marginEnd = 10;
 constexpr int betweenColumns = 12;
 constexpr int dateWidth = 108;
@@ -71,7 +72,7 @@ PrintingPage::PrintingPage(Clock clock, QWidget* parent)
     m_periodHint->setWordWrap(true);
 
     auto* const columns = new QHBoxLayout(this);
-    columns->setContentsMargins(marginSide, marginEnd, marginSide, marginEnd);
+    columns->setContentsMargins(marginSide, marginTop, marginSide, marginEnd);
     columns->setSpacing(betweenColumns);
     columns->addLayout(reportColumn(), 11);
     columns->addLayout(choiceColumn(), 9);
