@@ -6,9 +6,10 @@
 namespace lorvan {
 namespace {
 
-bool isKept(Connection& main)
+/// Asked with each day that is shown, after its balance was read.
+bool isKept(const Connection& main)
 {
-    return hasTable(main, QLatin1String(openingDifferenceTable));
+    return main.knowsTable(openingDifferenceTable);
 }
 
 } // namespace
@@ -16,7 +17,7 @@ bool isKept(Connection& main)
 OpeningDifferences openingDifferences(Connection& main)
 {
     OpeningDifferences differences;
-    if (!isKept(main))
+    if (!hasTable(main, QLatin1String(openingDifferenceTable)))
         return differences;
     auto rows = main.prepare("SELECT day, amount FROM opening_difference");
     while (rows.step())

@@ -301,6 +301,12 @@ bool Connection::isReadOnly() const
     return sqlite3_db_readonly(handle(), "main") == 1;
 }
 
+bool Connection::knowsTable(const char* name) const
+{
+    return sqlite3_table_column_metadata(handle(), "main", name, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr)
+        == SQLITE_OK;
+}
+
 bool Connection::inTransaction() const
 {
     return sqlite3_get_autocommit(handle()) == 0;

@@ -82,6 +82,10 @@ public:
     /// How many rows this connection has added, changed and removed.
     [[nodiscard]] int changedRows() const;
     [[nodiscard]] bool isReadOnly() const;
+
+    /// True when the main database has a table of that name, in any letter case, as the statement before has found its
+    /// schema. Reads nothing.
+    [[nodiscard]] bool knowsTable(const char* name) const;
     [[nodiscard]] bool inTransaction() const;
 
     /// What stands in for locks; null where these are trusted.
