@@ -133,6 +133,7 @@ void MovementFields::setContent(const EntryContent& content)
 void MovementFields::show(const MovementDraft& movement)
 {
     m_fields[field::description]->setText(movement.description);
+    m_fields[field::description]->setCursorPosition(0); // a long one is seen from its beginning
     setAmounts(movement.income, movement.expense);
     setAmount(field::memorandum, movement.memorandum);
     m_cheque->setChecked(movement.cheque);

@@ -59,20 +59,22 @@ ListReader::ListReader(QWidget* page, QWidget* parent)
     auto* const whole = new QVBoxLayout(this);
     whole->setContentsMargins({});
     whole->addWidget(page);
-    setAccessibleRole(staticMetaObject, QAccessible::List);
-    setAccessibleDescription(QStringLiteral("Μόνο για ανάγνωση"));
 }
 
 void ListReader::setLists(std::vector<QAbstractItemView*> lists)
 {
     m_lists = std::move(lists);
-    choose(0);
+    m_chosen = 0;
 }
 
 void ListReader::setReading(bool reading)
 {
     m_page->setEnabled(!reading);
     setFocusPolicy(reading ? Qt::TabFocus : Qt::NoFocus);
+    if (reading)
+        setAccessibleRole(staticMetaObject, QAccessible::List);
+    setAccessibleDescription(reading ? QStringLiteral("Μόνο για ανάγνωση") : QString());
+    setAccessibleName(reading ? m_lists.at(m_chosen)->accessibleName() : QString());
 }
 
 void ListReader::choose(std::size_t list)

@@ -4,31 +4,50 @@
 #include "platform/date_text.h"
 #include "platform/statement.h"
 
+#include <algorithm>
+
 namespace lorvan {
 namespace {
 
+constexpr int betweenColumns = 2; // blanks at least
+constexpr int dateWidth = 10;
 constexpr int codeWidth = 8;
 constexpr int amountWidth = 15;
 
-QString column(const QString& text, int width)
+OmittedCells titles()
 {
-    return text.rightJustified(width);
+    return {QStringLiteral("Ημερ/νια"), QStringLiteral("Κωδ."), QStringLiteral("Έσοδα"), QStringLiteral("Έξοδα"),
+        QStringLiteral("Λ τάξεως"), QStringLiteral("Περιγραφή")};
 }
 
-QString titles()
-{
-    return QStringLiteral("Ημερ/νια  ") + column(QStringLiteral("Κωδ."), codeWidth)
-        + column(QStringLiteral("Έσοδα"), amountWidth) + column(QStringLiteral("Έξοδα"), amountWidth)
-        + column(QStringLiteral("Λ τάξεως"), amountWidth) + QStringLiteral("  Περιγραφή");
-}
-
-QString lineOf(const Statement& row, const MovementSums& amounts)
+OmittedCells cellsOf(const Statement& row, const MovementSums& amounts)
 {
     const int alike = row.number(6);
     const QString times = alike > 1 ? QStringLiteral("  (%1 φορές)").arg(alike) : QString();
-    return dateText(row.date(0)) + column(QString::number(row.number(1)), codeWidth)
-        + column(amountOrZeroText(amounts.income), amountWidth) + column(amountOrZeroText(amounts.expense), amountWidth)
-        + column(amountOrZeroText(amounts.memorandum), amountWidth) + u' ' + u' ' + row.text(2).simplified() + times;
+    return {dateText(row.date(0)), QString::number(row.number(1)), amountOrZeroText(amounts.income),
+        amountOrZeroText(amounts.expense), row.isNull(5) ? QString() : amountOrZeroText(amounts.memorandum),
+        row.text(2).simplified() + times};
+}
+
+/// Of the columns that end at the right, wide enough for the longest text in each.
+using ColumnWidths = std::array<qsizetype, std::tuple_size_v<OmittedCells> - 2>;
+
+ColumnWidths widthsFor(const std::vector<OmittedCells>& rows)
+{
+    ColumnWidths widths{codeWidth, amountWidth, amountWidth, amountWidth};
+    for (const OmittedCells& cells : rows) {
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            widths.at(i) = std::max(widths.at(i), cells.at(i + 1).size() + betweenColumns);
+    }
+    return widths;
+}
+
+QString lineOf(const OmittedCells& cells, const ColumnWidths& widths)
+{
+    QString line = cells.front().leftJustified(dateWidth);
+    for (std::size_t i = 0; i < widths.size(); ++i)
+        line += cells.at(i + 1).rightJustified(widths.at(i));
+    return line + QString(betweenColumns, u' ') + cells.back();
 }
 
 } // namespace
@@ -60,14 +79,18 @@ OmittedMovements listMovements(Statement& rows, CountOf count)
         for (int each = 0; each < missing; ++each)
             movements.sums += amounts;
         if (++movements.lines <= ReportOmission::mostListed)
-            movements.texts.append(lineOf(rows, amounts));
+            movements.rows.push_back(cellsOf(rows, amounts));
     }
     return movements;
 }
 
 ReportOmission omissionOf(const QString& text, const OmittedMovements& movements)
 {
-    return {text, titles(), movements.texts, movements.lines};
+    const ColumnWidths widths = widthsFor(movements.rows);
+    QStringList lines;
+    for (const OmittedCells& cells : movements.rows)
+        lines.append(lineOf(cells, widths));
+    return {text, lineOf(titles(), widths), lines, movements.lines};
 }
 
 QString movementsText(int count)

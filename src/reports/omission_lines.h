@@ -3,19 +3,25 @@
 #include "reports/code_sums.h"
 #include "reports/report_omissions.h"
 
+#include <array>
+#include <vector>
+
 namespace lorvan {
 
 class Statement;
 
-/// The columns that every statement behind listMovements() yields.
+/// The columns that every statement behind listMovements() yields. A memorandum of NULL is not shown.
 [[nodiscard]] std::string omittedColumns(std::string_view count = "1", std::string_view memorandum = "L_tajeos");
+
+/// Day, code, income, expense, memorandum and description, as texts.
+using OmittedCells = std::array<QString, 6>;
 
 /// Movements that a report leaves out, on their way into an omission.
 struct OmittedMovements {
     int lines = 0; ///< Rows of the statement.
     int missing = 0; ///< How many movements the report does not have.
     MovementSums sums; ///< Of these.
-    QStringList texts; ///< The first ReportOmission::mostListed lines.
+    std::vector<OmittedCells> rows; ///< The first ReportOmission::mostListed.
 
     /// "2 κινήσεις (έσοδα 10,00, έξοδα 0)"
     [[nodiscard]] QString summary() const;

@@ -38,7 +38,7 @@ QString leftOut(const OmittedMovements& movements, const QString& reason)
 void addEqualMovements(
     Omissions& omissions, Connection& main, const MovementChoice& choice, const std::string& compared)
 {
-    const std::string memorandum = compared.empty() ? "0" : "L_tajeos";
+    const std::string memorandum = compared.empty() ? "NULL" : "L_tajeos";
     auto rows =
         main.prepare(omittedColumns("count(*)", memorandum) + movementsFor(main, choice) + " AND ifnull(aa_omada, 0) IN"
             + groupsOfCodes + " GROUP BY +aa_omada, kvdikos, hmeromhnia, perigrafh, esoda, ejoda" + compared

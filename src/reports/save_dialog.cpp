@@ -100,6 +100,8 @@ void SaveDialog::dress()
         splitter->setSizes({placesWidth, firstSize.width() - placesWidth});
     if (auto* const files = findChild<QTreeView*>(QStringLiteral("treeView"))) {
         files->header()->setStretchLastSection(true);
+        files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        files->header()->setSectionResizeMode(0, QHeaderView::Interactive);
         files->header()->resizeSection(0, nameColumnWidth);
     }
 }
