@@ -7,6 +7,7 @@
 
 #include <archive.h>
 #include <archive_entry.h>
+#include <unistd.h>
 
 #include <exception>
 #include <memory>
@@ -184,16 +185,15 @@ public:
     }
 
     [[noreturn]] void refuse(const QString& reason) const { throw BackupUnusable(m_file.file.path(), reason); }
+    [[noreturn]] void refuseHole() const
+    {
+        refuse(QStringLiteral("περιέχει αρχείο με κενά (sparse), που δεν γράφεται σε αντίγραφα."));
+    }
 
 private:
     struct Free {
         void operator()(archive* handle) const { archive_read_free(handle); }
     };
-
-    [[noreturn]] void refuseHole() const
-    {
-        refuse(QStringLiteral("περιέχει αρχείο με κενά (sparse), που δεν γράφεται σε αντίγραφα."));
-    }
 
     [[noreturn]] void fail() const
     {
@@ -218,6 +218,14 @@ File openArchive(const QString& path)
     }
 }
 
+/// What reads as zeros but lies nowhere: a small file with holes would be unpacked into a large one. File systems that
+/// know no holes say that there are none.
+bool hasHoles(const File& archive)
+{
+    const off_t hole = ::lseek(archive.descriptor(), 0, SEEK_HOLE);
+    return hole >= 0 && hole < archive.size();
+}
+
 } // namespace
 
 BackupUnusable::BackupUnusable(const QString& path, const QString& reason)
@@ -238,9 +246,11 @@ void packBook(const Folder& copy, File& archive, const std::function<bool()>& go
 void unpackBook(File& archive, const Folder& copy, const std::function<bool()>& goesOn)
 {
     asCopy([&] {
-        refuseWithoutRoom(copy, archive.size()); // without holes the members are no larger together
         QStringList missing = members();
         Unpacker unpacker(archive);
+        if (hasHoles(archive))
+            unpacker.refuseHole();
+        refuseWithoutRoom(copy, archive.size()); // without holes the members are no larger together
         for (QString name = unpacker.next(); !name.isEmpty(); name = unpacker.next()) {
             if (!missing.removeOne(name))
                 unpacker.refuse(QStringLiteral("περιέχει ένα ξένο αρχείο, το «%1».").arg(printableName(name)));

@@ -109,13 +109,18 @@ QString PathFile::path() const
     return folder.filePath(QStringLiteral("DIADROMH.dat"));
 }
 
-QStringList PathFile::fields() const
+std::optional<QStringList> PathFile::fields() const
 {
     QFile file(path());
     QStringList values;
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.exists())
         return values;
-    const QString content = decoded(file.read(longestFile));
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return std::nullopt;
+    const QByteArray bytes = file.read(longestFile);
+    if (file.error() != QFileDevice::NoError)
+        return std::nullopt;
+    const QString content = decoded(bytes);
     QStringView rest = content;
     while (!rest.isEmpty() && values.size() < FieldCount)
         values += takeField(rest);
@@ -125,7 +130,7 @@ QStringList PathFile::fields() const
 DataFolderSettings PathFile::read() const
 {
     DataFolderSettings settings;
-    const QStringList values = fields();
+    const QStringList values = fields().value_or(QStringList());
     settings.dataFolder = values.value(FolderField).trimmed();
     bool isColour = false;
     const int colour = values.value(ColourField).trimmed().toInt(&isColour);
@@ -142,7 +147,8 @@ bool PathFile::writeFolder(const QString& dataFolder) const
 
 bool PathFile::replaceFolder(const QString& dataFolder) const
 {
-    return write(dataFolder, fields().mid(ColourField));
+    const auto present = fields();
+    return present && write(dataFolder, present->mid(ColourField));
 }
 
 bool PathFile::write(const QString& dataFolder, const QStringList& others) const

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace lorvan {
 
 /// The path file DIADROMH.DAT beside the program: where the data folder is, and optionally the book's background colour
@@ -25,13 +27,14 @@ public:
     bool writeFolder(const QString& dataFolder) const;
 
     /// Puts another folder in the first field and keeps the colour and the heading that stand there. Returns false as
-    /// writeFolder() does.
+    /// writeFolder() does, and when what stands there cannot be read.
     bool replaceFolder(const QString& dataFolder) const;
 
     [[nodiscard]] QString path() const;
 
 private:
-    [[nodiscard]] QStringList fields() const;
+    /// Empty where there is no file; nothing where it is there and cannot be read.
+    [[nodiscard]] std::optional<QStringList> fields() const;
     bool write(const QString& dataFolder, const QStringList& others) const;
 
     QString m_programFolder;

@@ -4,6 +4,8 @@
 #include "app/copy_writing.h"
 #include "platform/connection.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <map>
 #include <vector>
@@ -141,6 +143,30 @@ bool computes(Connection& connection, const QString& schema, const QString& inde
     return false;
 }
 
+/// Whether a table's statement has one of these words, in capitals, as a word of its own: not in a text, a quoted name
+/// or a comment. Read as the engine reads it.
+bool saysAny(const QString& sql, const QStringList& words)
+{
+    static const QRegularExpression pieces(
+        QStringLiteral(
+            "'(?:[^']|'')*'|\"(?:[^\"]|\"\")*\"|`(?:[^`]|``)*`|\\[[^\\]]*\\]|--[^\\n]*|/\\*.*?(?:\\*/|$)|(\\w+)"),
+        QRegularExpression::DotMatchesEverythingOption | QRegularExpression::UseUnicodePropertiesOption);
+    auto found = pieces.globalMatch(sql);
+    while (found.hasNext()) {
+        if (words.contains(found.next().captured(1).toUpper()))
+            return true;
+    }
+    return false;
+}
+
+/// What stands in a column that is not given when a row is added: a number or a text, nothing that is worked out.
+bool isLiteral(const QString& standard)
+{
+    static const QRegularExpression literal(QStringLiteral("^(?:|NULL|[-+]?[0-9]+(?:\\.[0-9]*)?|'(?:[^']|'')*')$"),
+        QRegularExpression::CaseInsensitiveOption);
+    return literal.match(standard.trimmed()).hasMatch();
+}
+
 class Inspector {
 public:
     Inspector(Connection& connection, const QString& schema, BookDatabase database)
@@ -204,17 +230,47 @@ private:
         return !row.step() || row.integer(0) < currentSchemaVersion;
     }
 
+    /// Rules of a table that swallow rows, replace others or work something out whenever a row is written.
+    void judgeRules(const Object& table)
+    {
+        const auto pragma = [&](const char* name) {
+            return QStringLiteral("PRAGMA %1.%2(%3)")
+                .arg(quoted(m_schema), QLatin1String(name), quoted(table.name))
+                .toStdString();
+        };
+        if (saysAny(table.sql, {QStringLiteral("WITHOUT")}))
+            add(m_found.unreadable, QStringLiteral("πίνακας «%1» χωρίς κλειδί γραμμής").arg(table.name));
+        if (saysAny(table.sql, {QStringLiteral("CHECK"), QStringLiteral("CONFLICT")}))
+            add(m_found.foreign, QStringLiteral("κανόνας στον πίνακα «%1» (CHECK ή ON CONFLICT)").arg(table.name));
+        auto columns = m_connection.prepare(pragma("table_info"));
+        while (columns.step()) {
+            if (!isLiteral(columns.text(4)))
+                add(m_found.foreign,
+                    QStringLiteral("τιμή που υπολογίζεται στη στήλη «%1» του πίνακα «%2»")
+                        .arg(printableName(columns.text(1)), table.name));
+        }
+        auto indexes = m_connection.prepare(pragma("index_list"));
+        while (indexes.step()) {
+            if (indexes.integer(4) != 0)
+                add(m_found.foreign,
+                    QStringLiteral("ευρετήριο «%1» με συνθήκη στον πίνακα «%2»")
+                        .arg(printableName(indexes.text(1)), table.name));
+        }
+    }
+
     void compare(const QString& table, const QStringList& columns)
     {
-        const bool isTable = std::any_of(m_objects.begin(), m_objects.end(), [&](const Object& object) {
-            return object.kind == Kind::Table && object.name.compare(table, Qt::CaseInsensitive) == 0;
+        const auto object = std::find_if(m_objects.begin(), m_objects.end(), [&](const Object& each) {
+            return each.kind == Kind::Table && each.name.compare(table, Qt::CaseInsensitive) == 0;
         });
+        const bool isTable = object != m_objects.end();
         if (!isTable && ownTables().contains(table))
             return;
         if (!isTable) {
             add(m_found.unreadable, QStringLiteral("λείπει ο πίνακας «%1»").arg(table));
             return;
         }
+        judgeRules(*object);
         const QStringList found = columnsOf(table);
         for (const QString& column : columns) {
             if (!found.contains(column, Qt::CaseInsensitive) && !mayLack(column))

@@ -164,11 +164,17 @@ void MovementEntryPage::showLinesAgain(const DayView& view)
     const int scrolled = m_list->verticalScrollBar()->value();
     showLines(view);
     m_list->doItemsLayout();
+    if (selected)
+        selectLine(key.toLongLong());
+    m_list->verticalScrollBar()->setValue(scrolled);
+}
+
+void MovementEntryPage::selectLine(qint64 key)
+{
     const QModelIndex first = m_list->model()->index(0, 0);
     const auto same = m_list->model()->match(first, Qt::UserRole, key, 1, Qt::MatchExactly);
-    if (selected && !same.isEmpty())
+    if (!same.isEmpty())
         m_list->setCurrentIndex(same.first());
-    m_list->verticalScrollBar()->setValue(scrolled);
 }
 
 } // namespace lorvan

@@ -79,13 +79,17 @@ void MovementEntryPage::bringBackCleared()
         const QString refusal = returnRefusalText(outcome);
         m_notBack->setText(refusal);
         m_notBack->setVisible(!refusal.isEmpty());
-        if (!refusal.isEmpty())
+        if (!refusal.isEmpty()) {
+            showLinesAgain(readDay());
             return;
+        }
         const ClearedEntry cleared = *m_cleared;
-        if (cleared.loaded)
+        if (cleared.loaded) {
+            selectLine(cleared.loaded->key);
             load(*cleared.loaded);
-        else
+        } else {
             focusEntry();
+        }
         setEntry(cleared.typed);
         forgetCleared();
     });

@@ -91,6 +91,8 @@ private:
     void fill(const DayView& view);
     void showLines(const DayView& view);
     void showLinesAgain(const DayView& view);
+    /// The movement's line, where the list has one.
+    void selectLine(qint64 key);
     /// The date field's day; invalid when it holds none.
     [[nodiscard]] QDate enteredDay() const;
 

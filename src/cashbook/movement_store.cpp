@@ -51,7 +51,7 @@ void forEachMovement(Connection& main, const std::function<void(const Movement&)
 
 void addMovement(Connection& main, const MovementDraft& movement, qint32 group)
 {
-    main.prepare("INSERT INTO kinhseis"
+    main.prepare("INSERT OR ABORT INTO kinhseis"
                  " (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, grammh, epitagh, L_tajeos)"
                  " VALUES (?,?,?,?,?,?,?,?,?)")
         .bind(movement.code, movement.day, movement.description.trimmed(), movement.income, movement.expense, group,

@@ -118,6 +118,7 @@ TEST(HostileFolder, anArchiveHoldsTwoPlainMembersAndNothingElse)
             "δεν είναι αρχείο βιβλίου"},
         {"rm lorvan.mdb; mkfifo lorvan.mdb; tar cf a.tar lorvan.mdb mapcodes.mdb", "δεν είναι αρχείο βιβλίου"},
         {"touch $(printf 'a\\033[31m'); tar cf a.tar a*; ", "«a\\u001b[31m»"}, {"mkfifo a.tar", "δεν υπάρχει τέτοιο"},
+        {"tar cf a.tar lorvan.mdb mapcodes.mdb; truncate -s 3G a.tar", "κενά (sparse)"},
         {"tar cf b.tar lorvan.mdb mapcodes.mdb; head -c 9000 b.tar >a.tar", "a.tar"}};
     for (const Case& each : cases) {
         const TemporaryBook book;
@@ -155,6 +156,24 @@ TEST(HostileFolder, whatActsByItselfInADatabaseIsNamedAndNotRestored)
         {"ALTER TABLE omades RENAME TO spare; CREATE VIRTUAL TABLE omades USING fts4(sxolia, perigrafh)",
             "εικονικός πίνακας (virtual table) «omades»", false},
         {"CREATE INDEX slow ON kinhseis(abs(esoda))", "ευρετήριο «slow» πάνω σε παράσταση", true},
+        {"CREATE INDEX slow ON kinhseis(esoda) WHERE hex(zeroblob(400000000))<>'0'",
+            "ευρετήριο «slow» με συνθήκη στον πίνακα «kinhseis»", true},
+        {"ALTER TABLE tameio RENAME TO spare; CREATE TABLE tameio (aa INTEGER PRIMARY KEY, hmeromhnia UNIQUE /* */ ON"
+         " Conflict IGNORE, esoda, ejoda, ypoloipo)",
+            "κανόνας στον πίνακα «tameio»", true},
+        {"ALTER TABLE omades RENAME TO spare; CREATE TABLE omades (aa INTEGER PRIMARY KEY, sxolia, perigrafh,"
+         " check(length(hex(zeroblob(400000000)))>0))",
+            "κανόνας στον πίνακα «omades»", true},
+        {"ALTER TABLE omades RENAME TO spare; CREATE TABLE omades (aa INTEGER PRIMARY KEY, sxolia DEFAULT 'ON "
+         "CONFLICT',"
+         " perigrafh, \"check\" -- CHECK\n)",
+            "", true},
+        {"ALTER TABLE omades RENAME TO spare; CREATE TABLE omades (aa INTEGER PRIMARY KEY, sxolia, perigrafh,"
+         " z DEFAULT (zeroblob(100000000)))",
+            "τιμή που υπολογίζεται στη στήλη «z» του πίνακα «omades»", true},
+        {"ALTER TABLE omades RENAME TO spare; CREATE TABLE omades (aa INTEGER PRIMARY KEY, sxolia, perigrafh) WITHOUT"
+         " ROWID",
+            "πίνακας «omades» χωρίς κλειδί γραμμής", true},
         {"DROP TABLE omades", "λείπει ο πίνακας «omades»", true},
         {"ALTER TABLE kvdikoi RENAME TO spare; CREATE TABLE kvdikoi (aa, kvdikos)", "λείπει η στήλη «energos»", true},
         {"ALTER TABLE omades ADD COLUMN colour; CREATE TABLE notes(a); CREATE INDEX mine ON tameio(esoda)", "", true}};

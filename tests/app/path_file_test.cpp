@@ -90,6 +90,14 @@ TEST_F(PathFileTest, isRewrittenUnderTheNameItHas)
     EXPECT_EQ(read(odd), "/d\r\n");
 }
 
+TEST_F(PathFileTest, whatCannotBeReadIsNotReplaced)
+{
+    const QString unreadable = folder.filePath(QStringLiteral("DIADROMH.DAT"));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/proc/self/mem"), unreadable));
+    EXPECT_FALSE(pathFile.replaceFolder(QStringLiteral("/d")));
+    EXPECT_TRUE(QFileInfo(unreadable).isSymLink());
+}
+
 TEST_F(PathFileTest, isReadAsUtf8WhereItShowsThatItIs)
 {
     const struct {

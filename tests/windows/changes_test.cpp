@@ -161,6 +161,7 @@ TEST_F(ChangesTest, aClearedEntryComesBackUntilTheNextKeyOrAction)
     undo();
     EXPECT_TRUE(isLoaded());
     EXPECT_EQ(entry(), QStringLiteral("0 | 45 | 12,00 | ΧΑΡΤΙ | 200 Προμήθειες"));
+    EXPECT_TRUE(list().selectionModel()->isSelected(list().model()->index(1, 0)));
 
     user().press(Qt::Key_Escape);
     book.execute("UPDATE kinhseis SET ejoda=1 WHERE perigrafh='ΧΑΡΤΙ'");
