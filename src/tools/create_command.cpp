@@ -40,7 +40,7 @@ ExitStatus create(Arguments& arguments, const ToolContext& context)
     const auto user = askFirstUser(userName, context);
     NewBook made(folder);
     if (user)
-        addUser(made.book().auxiliary(), user->name, user->password, allRights);
+        fillHidden([&] { addUser(made.book().auxiliary(), user->name, user->password, allRights); });
     Interruption::check();
     made.keep();
 

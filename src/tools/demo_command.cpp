@@ -37,7 +37,7 @@ void makeBook(const QString& folder, QDate today, std::uint64_t seed)
 {
     NewBook made(folder);
     Interruption::check();
-    fillDemoBook(made.book(), today, seed);
+    fillHidden([&] { fillDemoBook(made.book(), today, seed); });
     Interruption::check();
     made.keep();
 }

@@ -73,9 +73,11 @@ ImportReport importBook(const Folders& folders, const LegacyFiles& files, JetDam
     {
         ProgressBar progress(context, QStringLiteral("Μεταφορά"));
         const auto whole = static_cast<std::int64_t>(legacy.rowCount());
-        storeLegacyBook(legacy, made.book(), [&](std::uint64_t stored) {
-            Interruption::check();
-            progress.show(static_cast<std::int64_t>(stored), whole);
+        fillHidden([&] {
+            storeLegacyBook(legacy, made.book(), [&](std::uint64_t stored) {
+                Interruption::check();
+                progress.show(static_cast<std::int64_t>(stored), whole);
+            });
         });
     }
     ImportReport report(legacy, made.book());

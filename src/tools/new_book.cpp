@@ -4,6 +4,7 @@
 #include "platform/durable_files.h"
 #include "platform/file_error.h"
 #include "platform/key_ring.h"
+#include "platform/sql_error.h"
 #include "tools/refused.h"
 
 #include <QDir>
@@ -49,6 +50,15 @@ void refuseExistingBook(const BookFiles& files)
     }
 }
 
+void fillHidden(const std::function<void()>& fill)
+{
+    try {
+        fill();
+    } catch (const CommitUnknown& failure) {
+        throw SqlError(failure.code(), failure.engineMessage(), failure.statement());
+    }
+}
+
 NewBook::NewBook(const QString& dataFolder)
     : m_target(QFileInfo(dataFolder).absoluteFilePath())
 {
@@ -57,7 +67,7 @@ NewBook::NewBook(const QString& dataFolder)
         makeFolder();
         m_staging.emplace(m_target.dataFolder());
         const BookFiles staged = m_staging->files();
-        createBook(staged);
+        fillHidden([&] { createBook(staged); });
         m_book.emplace(openBook(staged));
     } catch (...) {
         removeFolders();

@@ -5,6 +5,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace lorvan {
@@ -12,6 +13,10 @@ namespace lorvan {
 /// Throws BookExists when one of a book's three files is there, RestoreUnfinished when a restore there cannot be
 /// brought to its end. What a killed process left there of a book in the making is removed before.
 void refuseExistingBook(const BookFiles& files);
+
+/// Fills a book that is not in its place yet. A commit of which nobody can say how it ended has made nothing then: it
+/// is thrown on as a plain SqlError.
+void fillHidden(const std::function<void()>& fill);
 
 /// A book in the making. It is filled in a hidden folder inside its data folder and appears there, complete, with
 /// keep(); until then, and when that fails, everything that was made is removed again, new folders included.
