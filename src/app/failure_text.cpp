@@ -54,11 +54,42 @@ QString databaseTrouble(SqlError::Kind kind)
     return QStringLiteral("Η βάση δεδομένων δεν δέχτηκε την ενέργεια.");
 }
 
+/// What has the name of a journal and cannot be one: the program makes plain files only. Empty where there is none.
+QString foreignJournal(const BookFiles& files)
+{
+    for (const QString& database : {files.mainDatabase(), files.auxiliaryDatabase()}) {
+        const QFileInfo journal(database + QStringLiteral("-journal"));
+        if (journal.isSymLink() || (journal.exists() && !journal.isFile()))
+            return journal.filePath();
+    }
+    return {};
+}
+
+QString holdingComputer(const BookFiles& files)
+{
+    try {
+        const auto holder = UsageMarker::look(files.usageMarker());
+        return holder ? holder->identity.computer : QString();
+    } catch (const MarkerError&) {
+        return {};
+    }
+}
+
 QString journalTrouble(const SqlError& error)
 {
-    const QString computer = error.file().isEmpty()
-        ? QString()
-        : UsageMarker::lastComputer(BookFiles(QFileInfo(error.file()).path()).usageMarker());
+    if (error.file().isEmpty())
+        return databaseTrouble(error.kind());
+    const BookFiles files(QFileInfo(error.file()).path());
+    if (const QString foreign = foreignJournal(files); !foreign.isEmpty())
+        return QStringLiteral(
+            "Το %1 δεν είναι αρχείο αλλά σύνδεσμος ή φάκελος. Δεν είναι του προγράμματος και εμποδίζει"
+            " το βιβλίο να ανοίξει. Μετακινήστε το αλλού.")
+            .arg(printable(foreign));
+    if (UsageMarker::isUnclaimed(files.usageMarker()))
+        return QStringLiteral("Μια αλλαγή έμεινε μισή δίπλα στο βιβλίο. Την παίρνει πίσω το επόμενο ξεκίνημα του"
+                              " προγράμματος, ή η εντολή lorvan-data check, από χρήστη που γράφει στον φάκελο των"
+                              " δεδομένων.");
+    const QString computer = holdingComputer(files);
     return computer.isEmpty()
         ? databaseTrouble(error.kind())
         : QStringLiteral("Ο υπολογιστής %1 διακόπηκε· τον ξεκλειδώνει ο διαχειριστής.").arg(computer);

@@ -245,14 +245,14 @@ bool UsageMarker::isOwn(const MarkerHolder& seen) const
     return m_owns && recordOf(inUse, seen.identity) == recordOf(inUse, m_self);
 }
 
-QString UsageMarker::lastComputer(const QString& path)
+bool UsageMarker::isUnclaimed(const QString& path)
 {
     try {
         const QFileInfo info(path);
         File file = Folder(info.path()).open(info.fileName(), Folder::Opening::Read);
-        return holderIn(recordIn(file)).computer;
+        return recordIn(file).state == isFree;
     } catch (const FileError&) {
-        return {};
+        return false;
     }
 }
 

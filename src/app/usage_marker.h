@@ -55,9 +55,8 @@ public:
     /// lives no more. True when it was; without a note the marker is left to the administrator.
     bool heal();
 
-    /// The computer that claimed last, whether it holds the marker still; empty where that cannot be read. Does not
-    /// lock.
-    [[nodiscard]] static QString lastComputer(const QString& path);
+    /// True where a valid marker says that nobody holds it; false also where it cannot be read. Does not lock.
+    [[nodiscard]] static bool isUnclaimed(const QString& path);
 
     /// Who holds the marker just now, this program or another; empty when nobody does. Does not lock, and may be called
     /// on any thread. What it says of a program that is writing the marker at that moment may be wrong.

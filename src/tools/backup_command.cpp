@@ -3,7 +3,6 @@
 #include "app/book_backup.h"
 #include "app/book_files.h"
 #include "app/copy_writing.h"
-#include "app/pending_restore.h"
 #include "platform/key_ring.h"
 #include "tools/interruption.h"
 #include "tools/opened_book.h"
@@ -41,8 +40,7 @@ ExitStatus backup(Arguments& arguments, const ToolContext& context)
     const auto file = arguments.takeOptionalWord();
     arguments.finish();
 
-    finishRestore(book);
-    refuseIncompleteBook(book);
+    readyBook(book);
     if (file && QFileInfo(*file).isDir())
         throw Refused(QStringLiteral("Το %1 είναι φάκελος. Δώστε το όνομα ενός αρχείου μέσα του.").arg(*file));
     if (file && QFileInfo::exists(*file))

@@ -8,6 +8,7 @@
 #include "support/worker_log.h"
 #include "support/worker_process.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -200,6 +201,12 @@ TEST(LockTrust, whatAKilledProgramLeftIsTakenBackUnlessAnotherHoldsTheMarker)
     }
     EXPECT_TRUE(Connection::hasJournal(book.files().mainDatabase()));
     UsageMarker::unlock(book.files().usageMarker());
+    const SqlError stands(SQLITE_READONLY_ROLLBACK, {}, {}, book.files().mainDatabase());
+    EXPECT_TRUE(failureText(stands).startsWith(QStringLiteral("Μια αλλαγή έμεινε μισή δίπλα στο βιβλίο.")));
+    const QString foreign = book.files().auxiliaryDatabase() + QStringLiteral("-journal");
+    ASSERT_TRUE(QDir().mkdir(foreign));
+    EXPECT_TRUE(failureText(stands).startsWith(QStringLiteral("Το %1 δεν είναι αρχείο").arg(foreign)));
+    ASSERT_TRUE(QDir().rmdir(foreign));
     Book opened = openBookOf(book);
     EXPECT_FALSE(opened.main().isReadOnly());
     EXPECT_FALSE(Connection::hasJournal(book.files().mainDatabase()));

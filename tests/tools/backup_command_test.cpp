@@ -43,7 +43,11 @@ protected:
 TEST_F(BackupCommandTest, aBackupIsNamedAndNeverReplaced)
 {
     EXPECT_EQ(run("backup|@").status, ExitStatus::Done);
+    QFile left(book.path(QStringLiteral("lorvan.mdb-journal"))); // of a program that was killed
+    ASSERT_TRUE(left.open(QIODevice::WriteOnly) && left.write(QByteArray(4096, 'x')) > 0);
+    left.close();
     EXPECT_EQ(run("backup|@").status, ExitStatus::Done);
+    EXPECT_FALSE(left.exists());
     EXPECT_TRUE(QFile::exists(book.path(QStringLiteral("backup/lorvan-2026-11-18-120000.tar"))));
     EXPECT_TRUE(QFile::exists(book.path(QStringLiteral("backup/lorvan-2026-11-18-120001.tar"))));
     EXPECT_EQ(run("backup|@|#/a.tar").status, ExitStatus::Done);
