@@ -22,6 +22,21 @@ bool wasLeftByEarlierRelease(const Folder& parent, const QString& name, const QS
         && ::flock(parent.openFolder(name).descriptor(), LOCK_EX | LOCK_NB) == 0;
 }
 
+/// Returns those that stay.
+QStringList removeAllBut(const QStringList& wanted, const Folder& folder)
+{
+    QStringList staying;
+    for (const QString& name : folder.names()) {
+        try {
+            if (!wanted.contains(name))
+                folder.removeTree(name);
+        } catch (const FileError&) {
+            staying += name;
+        }
+    }
+    return staying;
+}
+
 } // namespace
 
 /// Whoever clears up may take a folder for abandoned before its lock is there: then another one is made.
@@ -64,16 +79,21 @@ void WorkFolder::remove()
     m_isKept = true;
 }
 
-void WorkFolder::keepAs(const QString& newName)
+QStringList WorkFolder::keepAs(const QString& newName, const QStringList& wanted)
 {
+    const QString lock = QLatin1String(lockName); // stays until then: without it this might be taken for abandoned
+    (void)removeAllBut(wanted + QStringList(lock), *m_folder);
     m_parent.rename(name(), m_parent, newName, Folder::Taken::Replace);
     m_isKept = true;
+    m_lock.reset(); // some shares give a file that is removed while it is open a name of their own
+    QStringList staying;
     try {
-        m_folder->remove(QLatin1String(lockName)); // only now: without its lock it might be taken for abandoned
+        staying = removeAllBut(wanted, *m_folder);
     } catch (const FileError&) {
-        // An empty file more.
+        staying = {lock};
     }
     m_folder->confirm();
+    return staying;
 }
 
 QString WorkFolder::prefixHere(const QString& purpose)

@@ -23,9 +23,10 @@ public:
     [[nodiscard]] QString name() const;
 
     void keep() { m_isKept = true; }
-    /// Gives it another name in its parent, that of an empty folder or a free one, and keeps it; the name is not yet
-    /// confirmed. Throws FileError; it is then where it was.
-    void keepAs(const QString& newName);
+    /// Removes from it what is not `wanted`, gives it another name in its parent, that of an empty folder or a free
+    /// one, and keeps it; the name is not yet confirmed. Returns what is in it that could not be removed. Throws
+    /// FileError; it is then where it was.
+    [[nodiscard]] QStringList keepAs(const QString& newName, const QStringList& wanted);
     /// Throws FileError.
     void remove();
 

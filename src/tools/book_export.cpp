@@ -20,6 +20,12 @@ namespace {
 
 constexpr qint64 rowsBetweenReports = 256;
 constexpr qsizetype writtenAtOnce = 1 << 20;
+const QString workbookName = QStringLiteral("kinhseis.xlsx");
+
+QString nameOf(const BookTable& table)
+{
+    return QString::fromLatin1(table.name) + QStringLiteral(".csv");
+}
 
 /// A file that is written in large pieces. All operations throw Refused.
 class OutputFile {
@@ -136,11 +142,16 @@ public:
         m_rows += countRows(m_main, bookTables().front());
     }
 
-    void run()
+    /// Returns the names of the files.
+    QStringList run()
     {
-        for (const BookTable* table : m_tables)
+        QStringList files;
+        for (const BookTable* table : m_tables) {
+            files += nameOf(*table);
             writeTable(*table);
+        }
         writeWorkbook();
+        return files << workbookName;
     }
 
 private:
@@ -193,7 +204,7 @@ void Export::writeTable(const BookTable& table)
 {
     const std::vector<BookColumn> columns = columnsOf(table);
     const QByteArray names = joined(columns);
-    OutputFile file(m_folder.filePath(QString::fromLatin1(table.name) + QStringLiteral(".csv")));
+    OutputFile file(m_folder.filePath(nameOf(table)));
     file.write(names + '\n');
     auto rows =
         databaseOf(table).prepare(("SELECT " + names + " FROM " + table.name + " ORDER BY rowid").toStdString());
@@ -211,7 +222,7 @@ void Export::writeTable(const BookTable& table)
 
 void Export::writeWorkbook()
 {
-    const QString path = m_folder.filePath(QStringLiteral("kinhseis.xlsx"));
+    const QString path = m_folder.filePath(workbookName);
     try {
         MovementWorkbook workbook(path);
         forEachMovement(m_main, [&](const Movement& movement) {
@@ -226,10 +237,10 @@ void Export::writeWorkbook()
 
 } // namespace
 
-void exportBook(OpenedBook& book, const NewFolder& folder, Passwords passwords, const StepProgress& progress)
+QStringList exportBook(OpenedBook& book, const NewFolder& folder, Passwords passwords, const StepProgress& progress)
 {
     const BookState state(book, folder, progress);
-    Export(state, book.keys(), folder, passwords, progress).run();
+    return Export(state, book.keys(), folder, passwords, progress).run();
 }
 
 } // namespace lorvan

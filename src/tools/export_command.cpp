@@ -19,17 +19,22 @@ ExitStatus exportTables(Arguments& arguments, const ToolContext& context)
 
     OpenedBook book(bookFolder);
     NewFolder folder(target);
+    QStringList files;
     {
         ProgressBar bar(context, QStringLiteral("Εξαγωγή"));
-        exportBook(book, folder, passwords, [&](qint64 done, qint64 whole) {
+        files = exportBook(book, folder, passwords, [&](qint64 done, qint64 whole) {
             Interruption::check();
             bar.show(done, whole);
         });
     }
     Interruption::check();
-    folder.keep();
+    const QStringList staying = folder.keep(files);
     context.out << "Το βιβλίο γράφτηκε σε αρχεία CSV και XLSX στον φάκελο " << target.toStdString() << '\n';
-    return ExitStatus::Done;
+    if (staying.isEmpty())
+        return ExitStatus::Done;
+    context.errors << "lorvan-data: Στον φάκελο έμειναν και βοηθητικά αρχεία, που δεν σβήνονται: "
+                   << staying.join(QStringLiteral(", ")).toStdString() << ". Δεν είναι του βιβλίου· σβήστε τα.\n";
+    return ExitStatus::Found;
 }
 
 } // namespace

@@ -40,9 +40,9 @@ Refused unwritable(const QString& place, const QString& reason)
     return Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(parent, reason));
 }
 
-void confirmFiles(const Folder& folder)
+void confirmFiles(const Folder& folder, const QStringList& names)
 {
-    for (const QString& name : folder.names())
+    for (const QString& name : names)
         folder.open(name, Folder::Opening::Write).sync();
     folder.sync();
 }
@@ -57,15 +57,18 @@ try : m_place(emptyPlace(place)), m_parent(parentOf(m_place)), m_work(m_parent, 
     throw unwritable(place, QString::fromUtf8(error.what()));
 }
 
-void NewFolder::keep()
+QStringList NewFolder::keep(const QStringList& files)
 {
+    QStringList staying;
     try {
-        confirmFiles(m_work.folder());
-        m_work.keepAs(QFileInfo(m_place).fileName()); // in one step, and only over a folder that is empty still
+        confirmFiles(m_work.folder(), files);
+        // In one step, and only over a folder that is empty still.
+        staying = m_work.keepAs(QFileInfo(m_place).fileName(), files);
     } catch (const FileError& error) {
         throw Refused(QStringLiteral("Ο φάκελος %1 δεν παίρνει τη θέση του. %2").arg(m_place, error.reason()));
     }
     m_parent.confirm();
+    return staying;
 }
 
 } // namespace lorvan

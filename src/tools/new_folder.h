@@ -19,9 +19,10 @@ public:
 
     [[nodiscard]] QString filePath(const QString& name) const { return m_work.folder().pathOf(name); }
 
-    /// Has the disk confirm all files and moves the folder into its place. Throws Refused; it is then not there. A name
-    /// that the disk does not confirm is noted with noteUnconfirmed().
-    void keep();
+    /// Has the disk confirm the files of these names, removes all else and moves the folder into its place. Returns the
+    /// names of what could not be removed. Throws Refused; the folder is then not there. A name that the disk does not
+    /// confirm is noted with noteUnconfirmed().
+    [[nodiscard]] QStringList keep(const QStringList& files);
 
 private:
     QString m_place;

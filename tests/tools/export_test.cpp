@@ -1,5 +1,6 @@
 #include "app/work_folder.h"
 #include "cashbook/cash_book.h"
+#include "platform/file_calls.h"
 #include "reports/movement_workbook.h"
 #include "support/mount.h"
 #include "support/temporary_book.h"
@@ -11,7 +12,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <string_view>
 #include <sys/file.h>
+#include <tuple>
+#include <unistd.h>
 
 namespace lorvan::test {
 namespace {
@@ -56,6 +61,32 @@ protected:
     const QString out = place.filePath(QStringLiteral("έξοδος"));
 };
 
+/// A disk on which a stray file gets into the folder in the making, and which refuses so many removals.
+class Littered : public FileCalls {
+public:
+    explicit Littered(int refusals)
+        : m_refusals(refusals)
+    {
+        FileCalls::replace(this);
+    }
+    ~Littered() override { FileCalls::replace(nullptr); }
+
+private:
+    int openAt(int folder, const char* name, int flags, mode_t mode) override
+    {
+        if (name == std::string_view("lock"))
+            ::close(FileCalls::openAt(folder, "tmp.SS1234", O_WRONLY | O_CREAT, mode));
+        return FileCalls::openAt(folder, name, flags, mode);
+    }
+    int removeAt(int folder, const char* name, int flags) override
+    {
+        errno = EACCES;
+        return m_refusals-- > 0 ? -1 : FileCalls::removeAt(folder, name, flags);
+    }
+
+    int m_refusals;
+};
+
 } // namespace
 
 TEST_F(ExportTest, writesEveryTableInPlainFormsAndPasswordsOnlyWhenAsked)
@@ -91,7 +122,7 @@ TEST_F(ExportTest, writesEveryTableInPlainFormsAndPasswordsOnlyWhenAsked)
     EXPECT_TRUE(contentOfFile(second + QStringLiteral("/codes.csv")).contains("\nΑΝΝΑ,μυστικό,0"));
 }
 
-TEST_F(ExportTest, takesAnEmptyFolderAndNoOther)
+TEST_F(ExportTest, takesAnEmptyFolderAndNoOtherAndPutsNothingElseIntoIt)
 {
     QDir().mkdir(out);
     EXPECT_EQ(exportTo(book, out).status, ExitStatus::Done);
@@ -101,6 +132,16 @@ TEST_F(ExportTest, takesAnEmptyFolderAndNoOther)
         EXPECT_EQ(contentOf(out), before);
     }
     EXPECT_EQ(entriesOf(place.path()), QStringList(QStringLiteral("έξοδος")));
+
+    for (const auto& [refusals, status, left] : {std::tuple(0, ExitStatus::Done, ""),
+             std::tuple(1, ExitStatus::Done, ""), std::tuple(99, ExitStatus::Found, "lock, tmp.SS1234")}) {
+        const QString littered = place.filePath(QStringLiteral("with %1").arg(refusals));
+        const Littered disk(refusals);
+        const ToolRun run = exportTo(book, littered);
+        EXPECT_EQ(run.status, status) << refusals << run.errors;
+        EXPECT_NE(run.errors.find(left), std::string::npos) << run.errors;
+        EXPECT_EQ(entriesOf(littered).size(), entriesOf(out).size() + (*left ? 2 : 0)) << refusals;
+    }
 }
 
 TEST_F(ExportTest, clearsAwayWhatAnEarlierReleaseLeft)
