@@ -11,6 +11,7 @@
 #include "platform/busy_pointer.h"
 
 #include <QKeyEvent>
+#include <QScrollArea>
 
 #include <utility>
 
@@ -32,6 +33,7 @@ AnalyshFRM::AnalyshFRM(Connection& main, SettingsStore settings, const QString& 
     , m_frames(QStringLiteral("SSFrame1"))
     , m_boxes(QStringLiteral("Text1"))
     , m_choosers(QStringLiteral("Command2"))
+    , m_area(new QScrollArea)
     , m_codes(new CodeDropDown)
     , m_title(new TitleEditor)
     , m_save(new CommandButton(QStringLiteral("check"), QStringLiteral("Αποθήκευση και συνέχεια")))
@@ -152,10 +154,11 @@ void AnalyshFRM::takeTitle(const QString& title)
 
 void AnalyshFRM::placeOverlays()
 {
+    const QWidget* const page = m_area->widget();
     const QWidget* const box = m_boxes[m_chosenBox];
-    m_codes->setGeometry(QRect(box->mapTo(this, QPoint()), box->size()));
+    m_codes->setGeometry(QRect(box->mapTo(page, QPoint()), box->size()));
     const GroupFrame* const frame = m_frames[m_renamedGroup];
-    m_title->setGeometry(frame->titleStrip().translated(frame->mapTo(this, QPoint())));
+    m_title->setGeometry(frame->titleStrip().translated(frame->mapTo(page, QPoint())));
 }
 
 // Keys and size

@@ -9,6 +9,7 @@
 #include <vector>
 
 class QLayout;
+class QScrollArea;
 class QVBoxLayout;
 
 namespace lorvan {
@@ -61,6 +62,7 @@ private:
     ControlArray<GroupFrame> m_frames;
     ControlArray<CodeBoxField> m_boxes;
     ControlArray<CommandButton> m_choosers;
+    QScrollArea* m_area; ///< Scrolls where the screen is lower than the boxes.
     CodeDropDown* m_codes;
     TitleEditor* m_title;
     CommandButton* m_save;

@@ -11,6 +11,7 @@
 
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QScrollArea>
 
 namespace lorvan {
 namespace {
@@ -30,16 +31,20 @@ void AnalyshFRM::layOut()
     outer->setLayout(groupGrid());
     m_save->setObjectName(QStringLiteral("Command1"));
     m_save->setLook(CommandButton::Look::Solid);
+    m_area->setWidget(outer);
+    m_area->setWidgetResizable(true);
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setFocusPolicy(Qt::NoFocus);
     auto* const whole = new QVBoxLayout(this);
     whole->setContentsMargins(margin, margin - 4, margin, margin - 2);
     whole->setSpacing(betweenGroups);
-    whole->addWidget(outer, 1);
+    whole->addWidget(m_area, 1);
     whole->addWidget(m_save, 0, Qt::AlignRight);
 
     m_codes->setObjectName(QStringLiteral("Combo1"));
     m_title->setObjectName(QStringLiteral("Text2"));
     for (QWidget* const overlay : {static_cast<QWidget*>(m_codes), static_cast<QWidget*>(m_title)}) {
-        overlay->setParent(this);
+        overlay->setParent(outer);
         overlay->hide();
     }
     setTabOrders();
