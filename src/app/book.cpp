@@ -66,10 +66,10 @@ bool Book::setAccess(Connection::Access access)
     return true;
 }
 
-void Book::ensureSchema()
+void Book::ensureSchema(const OpeningSteps& steps)
 {
     if (!m_main.isReadOnly())
-        ensureMainSchema(m_main);
+        ensureMainSchema(m_main, steps);
     if (!m_auxiliary.isReadOnly())
         ensureAuxiliaryIndexes(m_auxiliary);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/book_files.h"
+#include "app/opening_steps.h"
 #include "platform/connection.h"
 #include "platform/key_ring.h"
 
@@ -26,7 +27,7 @@ public:
 
     /// Makes the tables and indexes that a writable database lacks, see ensureMainSchema(). For a book that no other
     /// computer holds. Throws SqlError.
-    void ensureSchema();
+    void ensureSchema(const OpeningSteps& steps);
 
     [[nodiscard]] Connection& main() { return m_main; }
     [[nodiscard]] Connection& auxiliary() { return m_auxiliary; }

@@ -2,6 +2,7 @@
 
 #include "app/copy_writing.h"
 #include "app/steady_copy.h"
+#include "platform/printable_text.h"
 
 #include <QFileInfo>
 
@@ -231,6 +232,11 @@ bool hasHoles(const File& archive)
 BackupUnusable::BackupUnusable(const QString& path, const QString& reason)
     : std::runtime_error(QStringLiteral("%1: %2").arg(path, reason).toStdString())
 {
+}
+
+QString BackupUnusable::plainText() const
+{
+    return QStringLiteral("Το αρχείο δεν είναι ακέραιο αντίγραφο ασφαλείας ενός βιβλίου.");
 }
 
 void packBook(const Folder& copy, File& archive, const std::function<bool()>& goesOn)

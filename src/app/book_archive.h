@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/failure_text.h"
 #include "platform/folder.h"
 
 #include <QString>
@@ -10,9 +11,10 @@
 namespace lorvan {
 
 /// The file is no backup, or not a whole one. what() names it and says in Greek what is wrong.
-class BackupUnusable : public std::runtime_error {
+class BackupUnusable : public std::runtime_error, public PlainlyToldFailure {
 public:
     BackupUnusable(const QString& path, const QString& reason);
+    [[nodiscard]] QString plainText() const override;
 };
 
 /// Writes both databases of a book that was copied into `copy` as a plain tar file into the empty `archive`. Throws

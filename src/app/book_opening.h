@@ -21,6 +21,6 @@ class UpgradeMustWait : public std::runtime_error {
 /// Throws SqlError, UnknownSchemaVersion, UpgradeMustWait, MarkerError, and whatever the question throws; the book is
 /// then as it was.
 [[nodiscard]] Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker,
-    const std::function<OpeningBalance()>& askOpeningBalance);
+    const std::function<OpeningBalance()>& askOpeningBalance, const OpeningSteps& steps);
 
 } // namespace lorvan

@@ -61,6 +61,11 @@ private:
 
 } // namespace
 
+QString RestoreFailed::plainText() const
+{
+    return QStringLiteral("Η επαναφορά δεν έγινε. Το βιβλίο έμεινε όπως ήταν.");
+}
+
 struct RestoredBook::Staging {
     explicit Staging(const BookFiles& target)
         : made(target.dataFolder())

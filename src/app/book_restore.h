@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/failure_text.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -13,8 +15,10 @@ namespace lorvan {
 class BookFiles;
 
 /// The backup could not be unpacked into the data folder. what() says why.
-class RestoreFailed : public std::runtime_error {
+class RestoreFailed : public std::runtime_error, public PlainlyToldFailure {
+public:
     using std::runtime_error::runtime_error;
+    [[nodiscard]] QString plainText() const override;
 };
 
 /// The book in a backup, unpacked and proven in a hidden folder inside the data folder, and not in its place yet.

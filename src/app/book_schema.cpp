@@ -1,6 +1,6 @@
 #include "app/book_schema.h"
 
-#include "cashbook/opening_balance.h"
+#include "app/opening_steps.h"
 #include "platform/connection.h"
 #include "platform/transaction.h"
 
@@ -161,13 +161,13 @@ bool lacksOwnTable(Connection& connection)
 }
 
 /// Another computer may have made them first.
-void ensureOwnTables(Connection& connection)
+void ensureOwnTables(Connection& connection, const OpeningSteps& steps)
 {
     Transaction transaction(connection);
     const bool knowsDifferences = hasTable(connection, QLatin1String(openingDifferenceTable));
     createOwnTables(connection);
     if (!knowsDifferences)
-        adoptOpeningBalance(connection);
+        steps.adopt(connection);
     transaction.commit();
 }
 
@@ -207,10 +207,10 @@ void createAuxiliarySchema(Connection& connection)
     transaction.commit();
 }
 
-void ensureMainSchema(Connection& connection)
+void ensureMainSchema(Connection& connection, const OpeningSteps& steps)
 {
     if (lacksOwnTable(connection))
-        ensureOwnTables(connection);
+        ensureOwnTables(connection, steps);
     ensureIndexes(connection, mainIndexes());
 }
 

@@ -5,6 +5,7 @@
 namespace lorvan {
 
 class Connection;
+struct OpeningSteps;
 
 inline constexpr int currentSchemaVersion = 3;
 
@@ -26,9 +27,9 @@ inline constexpr auto openingDifferenceTable = "opening_difference";
 void createOwnTables(Connection& connection);
 
 /// Makes the indexes that a book made elsewhere may lack, under whatever names it has its own, and the own tables, the
-/// opening balance kept as adoptOpeningBalance() finds it; an index counts as there when one begins with the wanted
+/// opening balance adopted; an index counts as there when one begins with the wanted
 /// column. Writes nothing, and begins no transaction, when all are there.
-void ensureMainSchema(Connection& connection);
+void ensureMainSchema(Connection& connection, const OpeningSteps& steps);
 void ensureAuxiliaryIndexes(Connection& connection);
 
 } // namespace lorvan

@@ -18,6 +18,11 @@ BookCopyFailed::BookCopyFailed(const FileError& error)
 {
 }
 
+QString BookCopyFailed::plainText() const
+{
+    return QStringLiteral("Το αντίγραφο ασφαλείας δεν γράφτηκε και η βάση έμεινε όπως ήταν.");
+}
+
 std::optional<struct stat> statusOf(const Folder& folder, const QString& name)
 {
     struct stat found { };
@@ -32,17 +37,6 @@ void refuseWithoutRoom(const Folder& folder, qint64 bytes)
         return;
     if (static_cast<quint64>(bytes) / disk.f_frsize >= disk.f_bavail && bytes > 0)
         throw FileError(folder.path(), ENOSPC);
-}
-
-QString printableName(const QString& name)
-{
-    constexpr qsizetype most = 100;
-    QString shown;
-    for (const QChar character : name.first(std::min(most, name.size()))) {
-        const bool isPlain = character.isPrint() || character.isSurrogate();
-        shown += isPlain ? QString(character) : QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QChar(u'0'));
-    }
-    return name.size() > most ? shown + u'…' : shown;
 }
 
 } // namespace lorvan

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/failure_text.h"
 #include "platform/file_error.h"
 #include "platform/folder.h"
 
@@ -13,10 +14,11 @@
 namespace lorvan {
 
 /// The copy of a book could not be written or does not open. what() names the file and the reason.
-class BookCopyFailed : public std::runtime_error {
+class BookCopyFailed : public std::runtime_error, public PlainlyToldFailure {
 public:
     BookCopyFailed(const QString& path, const QString& reason);
     explicit BookCopyFailed(const FileError& error);
+    [[nodiscard]] QString plainText() const override;
 };
 
 /// What `action` returns; a FileError in it becomes BookCopyFailed.
@@ -34,8 +36,5 @@ template <typename Action> auto asCopy(const Action& action) -> decltype(action(
 
 /// Throws FileError (ENOSPC) where the disk has no room for so many bytes. One that does not tell is believed.
 void refuseWithoutRoom(const Folder& folder, qint64 bytes);
-
-/// A name from elsewhere on one line: control characters as \u and four hexadecimal digits, a long one cut.
-[[nodiscard]] QString printableName(const QString& name);
 
 } // namespace lorvan

@@ -1,9 +1,6 @@
 #include "app/failure_text.h"
 
-#include "app/book_archive.h"
 #include "app/book_files.h"
-#include "app/book_restore.h"
-#include "app/copy_writing.h"
 #include "app/lock_trust.h"
 #include "app/pending_restore.h"
 #include "app/schema_guard.h"
@@ -106,12 +103,8 @@ QString plainText(const std::exception& failure)
         return databaseTrouble(SqlError::Kind::DiskFull);
     if (dynamic_cast<const FileError*>(&failure))
         return QStringLiteral("Ένα αρχείο δεν διαβάζεται ή δεν γράφεται.");
-    if (dynamic_cast<const BookCopyFailed*>(&failure))
-        return QStringLiteral("Το αντίγραφο ασφαλείας δεν γράφτηκε και η βάση έμεινε όπως ήταν.");
-    if (dynamic_cast<const BackupUnusable*>(&failure))
-        return QStringLiteral("Το αρχείο δεν είναι ακέραιο αντίγραφο ασφαλείας ενός βιβλίου.");
-    if (dynamic_cast<const RestoreFailed*>(&failure))
-        return QStringLiteral("Η επαναφορά δεν έγινε. Το βιβλίο έμεινε όπως ήταν.");
+    if (const auto* told = dynamic_cast<const PlainlyToldFailure*>(&failure))
+        return told->plainText();
     if (dynamic_cast<const RestoreUnfinished*>(&failure))
         return QStringLiteral("Η επαναφορά του βιβλίου άρχισε αλλά δεν ολοκληρώθηκε. Θα ολοκληρωθεί μόνη της μόλις"
                               " ξαναξεκινήσει το πρόγραμμα, αφού διορθωθεί η αιτία.");

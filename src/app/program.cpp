@@ -7,6 +7,7 @@
 #include "app/termination_signals.h"
 #include "cashbook/fr_ervthsh_update.h"
 #include "cashbook/kentrikh.h"
+#include "cashbook/opening_balance.h"
 #include "controls/theme.h"
 #include "platform/machine_identity.h"
 #include "platform/message_window.h"
@@ -118,7 +119,7 @@ void Program::openMainWindow(const UserSession& session)
         const BookFiles files(m_settings.dataFolder);
         UsageMarker marker(files.usageMarker(), machineIdentity());
         const auto ask = [this] { return askOpeningBalance(m_clock); };
-        Book book = openBook(files, m_keys, marker, ask);
+        Book book = openBook(files, m_keys, marker, ask, openingSteps());
         if (m_settings.hasOwnColour())
             Theme::instance().setPageColour(colourOf(m_settings.backgroundColour));
         m_mainWindow =

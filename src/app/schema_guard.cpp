@@ -1,8 +1,8 @@
 #include "app/schema_guard.h"
 
 #include "app/book_schema.h"
-#include "app/copy_writing.h"
 #include "platform/connection.h"
+#include "platform/printable_text.h"
 
 #include <QRegularExpression>
 

@@ -1,7 +1,6 @@
 #include "app/schema_upgrade.h"
 
 #include "app/book_schema.h"
-#include "cashbook/opening_balance.h"
 #include "platform/connection.h"
 #include "platform/transaction.h"
 
@@ -59,7 +58,7 @@ bool needsUpgrade(Connection& main)
     return knownVersion(recorded) != currentSchemaVersion;
 }
 
-void upgradeSchema(Connection& main, const OpeningBalance& opening)
+void upgradeSchema(Connection& main, const OpeningBalance& opening, const OpeningSteps& steps)
 {
     Transaction transaction(main);
     const auto recorded = recordedVersion(main);
@@ -68,7 +67,7 @@ void upgradeSchema(Connection& main, const OpeningBalance& opening)
         return;
     if (version < versionWithMemorandum)
         addMemorandumColumn(main);
-    setOpeningBalance(main, opening.day, opening.amount);
+    steps.set(main, opening);
     const char* const record =
         recorded ? "UPDATE taytothta SET ariumos=?" : "INSERT INTO taytothta (ariumos) VALUES (?)";
     main.prepare(record).bind(currentSchemaVersion).run();

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "platform/currency.h"
-
-#include <QDate>
+#include "app/opening_steps.h"
 
 #include <stdexcept>
 
@@ -20,12 +18,6 @@ private:
     std::int64_t m_version;
 };
 
-/// The cash that the user counted at the end of `day`: from it on, the upgrade has the balances follow from it.
-struct OpeningBalance {
-    QDate day;
-    Currency amount;
-};
-
 /// True when the main database has to be upgraded, which takes an opening balance. Reads only.
 /// Throws UnknownSchemaVersion.
 [[nodiscard]] bool needsUpgrade(Connection& main);
@@ -34,6 +26,6 @@ struct OpeningBalance {
 /// read again inside it: what another computer has done meanwhile is not done twice. A column that is there already is
 /// not added again. Throws UnknownSchemaVersion, SqlError, and CurrencyOverflow when a balance leaves its range; the
 /// book is then as it was.
-void upgradeSchema(Connection& main, const OpeningBalance& opening);
+void upgradeSchema(Connection& main, const OpeningBalance& opening, const OpeningSteps& steps);
 
 } // namespace lorvan

@@ -4,6 +4,7 @@
 #include "app/main_controls.h"
 #include "app/version.h"
 #include "cashbook/movement_entry_page.h"
+#include "cashbook/opening_balance.h"
 #include "codes/code_catalogue.h"
 #include "codes/codes_page.h"
 #include "codes/omada_kvdikvn.h"
@@ -341,7 +342,7 @@ void Kentrikh::follow(const std::optional<MachineIdentity>& holder)
     const bool isNew = m_book.setAccess(mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
     m_notices.followMarker(holder.has_value());
     if (isNew)
-        m_book.ensureSchema();
+        m_book.ensureSchema(openingSteps());
 }
 
 /// Another computer may have changed the shown day meanwhile.

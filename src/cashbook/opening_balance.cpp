@@ -105,4 +105,13 @@ void adoptOpeningBalance(Connection& main)
         addOpeningDifferences(main, audit.days->differences);
 }
 
+const OpeningSteps& openingSteps()
+{
+    static constexpr OpeningSteps steps{
+        [](Connection& main, const OpeningBalance& opening) { setOpeningBalance(main, opening.day, opening.amount); },
+        adoptOpeningBalance,
+    };
+    return steps;
+}
+
 } // namespace lorvan

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/opening_steps.h"
 #include "platform/currency.h"
 
 #include <QDate>
@@ -19,5 +20,8 @@ void setOpeningBalance(Connection& main, QDate day, Currency amount);
 /// changes; of a book of an older schema version nothing is kept. Reads the cash days, and all movements only where the
 /// balances are not carried from zero. Runs inside the caller's transaction. Throws SqlError.
 void adoptOpeningBalance(Connection& main);
+
+/// The two for those who make and upgrade the tables.
+[[nodiscard]] const OpeningSteps& openingSteps();
 
 } // namespace lorvan

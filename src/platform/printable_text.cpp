@@ -38,4 +38,15 @@ QString printable(const QString& text, Breaks breaks)
     return shown;
 }
 
+QString printableName(const QString& name)
+{
+    constexpr qsizetype most = 100;
+    QString shown;
+    for (const QChar character : name.first(std::min(most, name.size()))) {
+        const bool isPlain = character.isPrint() || character.isSurrogate();
+        shown += isPlain ? QString(character) : QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QChar(u'0'));
+    }
+    return name.size() > most ? shown + u'…' : shown;
+}
+
 } // namespace lorvan

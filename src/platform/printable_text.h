@@ -13,4 +13,8 @@ enum class Breaks {
 /// foreign name can then neither steer a terminal nor be read as another one.
 [[nodiscard]] QString printable(const QString& text, Breaks breaks = Breaks::Show);
 
+/// A name from elsewhere on one line: what is no printable character as \u and four hexadecimal digits, and cut behind
+/// a hundred characters.
+[[nodiscard]] QString printableName(const QString& name);
+
 } // namespace lorvan

@@ -1,6 +1,7 @@
 #include "tools/command.h"
 
 #include "app/book_schema.h"
+#include "cashbook/opening_balance.h"
 #include "tools/claimed_marker.h"
 #include "tools/csv_import.h"
 #include "tools/opened_book.h"
@@ -39,7 +40,7 @@ CsvImportOutcome import(OpenedBook& book, const QString& folder, ImportChoices c
 {
     if (book.connection().isReadOnly())
         throw Refused(QStringLiteral("Το βιβλίο είναι μόνο για ανάγνωση. Δεν έγινε τίποτα."));
-    ensureMainSchema(book.connection());
+    ensureMainSchema(book.connection(), openingSteps());
     ProgressBar bar(context, QStringLiteral("Εισαγωγή"));
     return importCsv(book.connection(), folder, choices, context.clock, [&bar](qint64 done, qint64 whole) {
         Interruption::check();

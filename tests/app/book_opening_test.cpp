@@ -1,5 +1,6 @@
 #include "app/book_opening.h"
 #include "app/schema_upgrade.h"
+#include "cashbook/opening_balance.h"
 #include "platform/sql_error.h"
 #include "support/temporary_book.h"
 
@@ -16,11 +17,14 @@ protected:
 
     Book open()
     {
-        return openBook(book.files(), testKeys(), marker, [this] {
-            ++questions;
-            onQuestion();
-            return OpeningBalance{QDate(2024, 1, 1), cents(1)};
-        });
+        return openBook(
+            book.files(), testKeys(), marker,
+            [this] {
+                ++questions;
+                onQuestion();
+                return OpeningBalance{QDate(2024, 1, 1), cents(1)};
+            },
+            openingSteps());
     }
 
     [[nodiscard]] bool isUpgraded() const
@@ -76,7 +80,7 @@ TEST_F(BookOpeningTest, missingIndexesWaitWhileAnotherComputerWorks)
     EXPECT_FALSE(hasDayIndex());
     other.release();
     ASSERT_TRUE(looking.setAccess(Connection::Access::ReadWrite));
-    looking.ensureSchema();
+    looking.ensureSchema(openingSteps());
     EXPECT_TRUE(hasDayIndex());
 }
 

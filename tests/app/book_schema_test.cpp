@@ -1,4 +1,5 @@
 #include "app/book_schema.h"
+#include "cashbook/opening_balance.h"
 #include "platform/transaction.h"
 #include "support/temporary_book.h"
 
@@ -67,7 +68,7 @@ TEST(BookSchema, aForeignBookGetsTheIndexesItLacksAndKeepsItsOwn)
         "CREATE INDEX mine ON Tameio(Hmeromhnia);"
         "CREATE INDEX \"my \"\"own\"\"\" ON KINHSEIS(HMEROMHNIA, aa)");
     Connection main = book.openMain();
-    ensureMainSchema(main);
+    ensureMainSchema(main, openingSteps());
     for (const char* query : indexedQueries)
         EXPECT_TRUE(usesIndex(main, query)) << query;
     EXPECT_EQ(valueOf(main, "SELECT count(*) FROM sqlite_master WHERE type='index' AND tbl_name LIKE 'kinhseis'"),
@@ -78,7 +79,7 @@ TEST(BookSchema, aForeignBookGetsTheIndexesItLacksAndKeepsItsOwn)
     Connection writer = book.openMain();
     const Transaction busy(writer);
     main.setBusyTimeout(std::chrono::milliseconds(0));
-    EXPECT_NO_THROW(ensureMainSchema(main)) << "a complete book is only looked at";
+    EXPECT_NO_THROW(ensureMainSchema(main, openingSteps())) << "a complete book is only looked at";
 }
 
 TEST(BookSchema, aBookIsNeverMadeOverAnother)

@@ -1,6 +1,7 @@
 #include "app/book_opening.h"
 #include "app/failure_text.h"
 #include "app/lock_trust.h"
+#include "cashbook/opening_balance.h"
 #include "platform/sql_error.h"
 #include "platform/steady_reading.h"
 #include "support/temporary_book.h"
@@ -25,7 +26,8 @@ namespace {
 Book openBookOf(const TemporaryBook& book)
 {
     UsageMarker marker(book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("A")});
-    return openBook(book.files(), testKeys(), marker, [] { return OpeningBalance{}; });
+    return openBook(
+        book.files(), testKeys(), marker, [] { return OpeningBalance{}; }, openingSteps());
 }
 
 QByteArray contentOf(const QString& path)

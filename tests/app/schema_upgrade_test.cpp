@@ -1,4 +1,5 @@
 #include "app/schema_upgrade.h"
+#include "cashbook/opening_balance.h"
 #include "platform/sql_error.h"
 #include "support/temporary_book.h"
 
@@ -55,10 +56,10 @@ TEST(SchemaUpgrade, bringsEachVersionToTheCurrentOneOnce)
         makeOld(book, version);
         Connection main = book.openMain();
         EXPECT_EQ(needsUpgrade(main), upgrades) << version;
-        upgradeSchema(main, counted);
+        upgradeSchema(main, counted, openingSteps());
         EXPECT_EQ(state(main), QString::fromUtf8(after)) << version;
         EXPECT_FALSE(needsUpgrade(main)) << version;
-        upgradeSchema(main, {QDate(2000, 1, 1), cents(1)});
+        upgradeSchema(main, {QDate(2000, 1, 1), cents(1)}, openingSteps());
         EXPECT_EQ(state(main), QString::fromUtf8(after)) << version << ": what another computer has done is done";
     }
 }
@@ -70,7 +71,7 @@ TEST(SchemaUpgrade, anUnknownVersionIsReportedAndNothingIsChanged)
         makeOld(book, version);
         Connection main = book.openMain();
         EXPECT_THROW((void)needsUpgrade(main), UnknownSchemaVersion) << version;
-        EXPECT_THROW(upgradeSchema(main, counted), UnknownSchemaVersion) << version;
+        EXPECT_THROW(upgradeSchema(main, counted, openingSteps()), UnknownSchemaVersion) << version;
         EXPECT_EQ(valueOf(main, "SELECT sum(ypoloipo) FROM tameio"), QStringLiteral("30004")) << version;
         EXPECT_FALSE(main.inTransaction());
     }
@@ -82,7 +83,7 @@ TEST(SchemaUpgrade, aColumnThatIsThereAlreadyIsNotAddedAgain)
     makeOld(book, "1");
     book.execute("ALTER TABLE kinhseis ADD COLUMN l_tajeos INTEGER");
     Connection main = book.openMain();
-    upgradeSchema(main, counted);
+    upgradeSchema(main, counted, openingSteps());
     EXPECT_EQ(state(main), QStringLiteral("3|0|10000,15005000,15005000,14975000|20051205 14994300"));
 }
 
@@ -93,7 +94,7 @@ TEST(SchemaUpgrade, aStepThatFailsUndoesTheStepsBeforeIt)
     book.execute("CREATE TRIGGER stop BEFORE INSERT ON taytothta BEGIN SELECT raise(ABORT, 'stopped'); END");
     Connection main = book.openMain();
     letTriggersRun(main);
-    EXPECT_THROW(upgradeSchema(main, counted), SqlError);
+    EXPECT_THROW(upgradeSchema(main, counted, openingSteps()), SqlError);
     EXPECT_THROW((void)main.prepare("SELECT L_tajeos FROM kinhseis"), SqlError);
     EXPECT_EQ(valueOf(main, "SELECT sum(ypoloipo) FROM tameio"), QStringLiteral("30004"));
 }

@@ -1,5 +1,6 @@
 #include "app/book_schema.h"
 #include "cashbook/cash_book.h"
+#include "cashbook/opening_balance.h"
 #include "support/book_model.h"
 #include "support/temporary_book.h"
 
@@ -47,7 +48,7 @@ TEST(OpeningBalance, ofAnEarlierReleaseIsKeptWhereNoOtherReasonIsPossible)
         folder.execute(std::string(earlierBook) + then);
         Book book = folder.open();
         const CashDayLines before = storedCashDays(book.main());
-        ensureMainSchema(book.main());
+        ensureMainSchema(book.main(), openingSteps());
         EXPECT_EQ(valueOf(book.main(), "SELECT coalesce(group_concat(day||' '||amount), '') FROM opening_difference"),
             QString::fromUtf8(differences))
             << what;
@@ -67,9 +68,9 @@ TEST(OpeningBalance, isLookedForOnceAndNotMissedWhereTheBookKeepsNone)
     Book book = folder.open();
     CashBook cashBook(book, {});
     EXPECT_EQ(cashBook.showDay(QDate(2024, 3, 15), DayRow::Write).carried.balance.tenThousandths(), 7000);
-    ensureMainSchema(book.main());
+    ensureMainSchema(book.main(), openingSteps());
     book.main().execute("UPDATE tameio SET ypoloipo=ypoloipo+500 WHERE hmeromhnia>20240311; DROP TABLE taken_imports");
-    ensureMainSchema(book.main());
+    ensureMainSchema(book.main(), openingSteps());
     EXPECT_EQ(valueOf(book.main(), "SELECT count(*) FROM opening_difference"), QStringLiteral("0"));
 }
 

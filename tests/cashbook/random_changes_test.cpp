@@ -2,6 +2,7 @@
 #include "cashbook/book_check.h"
 #include "cashbook/book_repair.h"
 #include "cashbook/cash_closing.h"
+#include "cashbook/opening_balance.h"
 #include "platform/date_text.h"
 #include "support/random_changes.h"
 #include "support/temporary_book.h"
@@ -83,7 +84,7 @@ private:
     {
         const OpeningBalance counted{someDay(), cents(m_random() % 100'000)};
         m_open.main().execute("UPDATE taytothta SET ariumos=2");
-        upgradeSchema(m_open.main(), counted);
+        upgradeSchema(m_open.main(), counted, openingSteps());
         m_model.count(storedDate(counted.day), counted.amount.tenThousandths() / 100);
         m_isCounted = true;
     }

@@ -1,5 +1,6 @@
 #include "main_window_test.h"
 #include "app/book_opening.h"
+#include "cashbook/opening_balance.h"
 
 #include <QFile>
 #include <QTabBar>
@@ -35,7 +36,8 @@ void MainWindowTest::start(Rights rights, const Clock& clock)
     UsageMarker marker(book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("ταμείο")});
     DataFolderSettings settings;
     settings.dataFolder = book.folder();
-    Book opened = openBook(book.files(), testKeys(), marker, [] { return OpeningBalance{}; });
+    Book opened = openBook(
+        book.files(), testKeys(), marker, [] { return OpeningBalance{}; }, openingSteps());
     m_window = std::make_unique<Kentrikh>(std::move(opened), std::move(marker), rights, settings, clock, testKeys());
     m_user.emplace(*m_window);
     m_window->initialise();
