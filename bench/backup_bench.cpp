@@ -4,10 +4,10 @@
 //
 // A thread commits a small change every few milliseconds, first alone and then while backups are made beside it.
 
-#include "app/book_backup.h"
-#include "app/book_files.h"
-#include "platform/connection.h"
-#include "platform/transaction.h"
+#include "backup/book_backup.h"
+#include "book/book_files.h"
+#include "platform/engine/connection.h"
+#include "platform/engine/transaction.h"
 
 #include <QCoreApplication>
 #include <QFile>

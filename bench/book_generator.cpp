@@ -1,9 +1,9 @@
 #include "book_generator.h"
 
-#include "app/book.h"
+#include "book/book.h"
 #include "codes/code_catalogue.h"
 #include "platform/date_text.h"
-#include "platform/transaction.h"
+#include "platform/engine/transaction.h"
 
 #include <QFile>
 

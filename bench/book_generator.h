@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/book_files.h"
+#include "book/book_files.h"
 
 #include <QDate>
 

@@ -2,7 +2,7 @@
 
 #include "bare_sql.h"
 #include "cashbook/book_check.h"
-#include "platform/connection.h"
+#include "platform/engine/connection.h"
 
 #include <memory>
 

@@ -3,7 +3,7 @@
 #include "bare_sql.h"
 #include "book_generator.h"
 #include "codes/code_maintenance.h"
-#include "platform/connection.h"
+#include "platform/engine/connection.h"
 
 #include <QFile>
 

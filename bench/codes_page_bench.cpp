@@ -1,9 +1,9 @@
 // From the click on the tab to the painted codes page, with 5,000 codes in 500 groups.
-#include "app/main_controls.h"
-#include "cashbook/kentrikh.h"
 #include "codes/code_catalogue.h"
-#include "controls/theme.h"
-#include "platform/transaction.h"
+#include "controls/main_controls.h"
+#include "look/theme.h"
+#include "main/kentrikh.h"
+#include "platform/engine/transaction.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

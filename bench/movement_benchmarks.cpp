@@ -1,7 +1,7 @@
 #include "benchmarks.h"
 
-#include "app/book.h"
 #include "bare_sql.h"
+#include "book/book.h"
 #include "book_generator.h"
 #include "cashbook/cash_book.h"
 #include "platform/date_text.h"

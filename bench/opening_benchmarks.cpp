@@ -1,7 +1,7 @@
 #include "benchmarks.h"
 
 #include "bare_sql.h"
-#include "platform/connection.h"
+#include "platform/engine/connection.h"
 
 #include <QFile>
 

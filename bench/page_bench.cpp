@@ -1,7 +1,7 @@
 // A report of many rows: how soon its first page is there, how long a turn of the page and the whole PDF take, and how
 // much memory it needs. The PDF stands beside the same cells drawn one by one in the same run.
-#include "reports/report_pages.h"
-#include "reports/report_pdf.h"
+#include "report_pages.h"
+#include "report_pdf.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>

@@ -2,8 +2,8 @@
 
 #include "bare_sql.h"
 #include "book_generator.h"
-#include "platform/connection.h"
 #include "platform/date_text.h"
+#include "platform/engine/connection.h"
 #include "reports/cash_analysis_report.h"
 #include "reports/cash_summary_report.h"
 #include "reports/cheque_report.h"

@@ -1,6 +1,6 @@
 // From the press of "sign in" to the day on screen, against one key derivation plus an empty window in the same run.
-#include "app/program.h"
-#include "controls/theme.h"
+#include "look/theme.h"
+#include "start/program.h"
 
 #include <QAbstractButton>
 #include <QApplication>

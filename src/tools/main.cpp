@@ -1,5 +1,5 @@
-#include "tools/terminal.h"
-#include "tools/tool.h"
+#include "support/terminal.h"
+#include "support/tool.h"
 
 #include <QCoreApplication>
 

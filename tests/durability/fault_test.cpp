@@ -3,10 +3,10 @@
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
 #include "durability/stored_state.h"
-#include "platform/sql_error.h"
+#include "platform/engine/sql_error.h"
 #include "support/temporary_book.h"
 #include "support/watched_disk.h"
-#include "tools/older_books.h"
+#include "tools/legacy/older_books.h"
 #include "tools/tool_run.h"
 #include "users/administration.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/book.h"
+#include "book/book.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "support/book_model.h"
 
-#include "platform/connection.h"
+#include "platform/engine/connection.h"
 
 #include <algorithm>
 #include <sstream>

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/book.h"
-#include "app/book_files.h"
+#include "book/book.h"
+#include "book/book_files.h"
 #include "cashbook/movement.h"
 #include "platform/clock.h"
-#include "platform/connection.h"
-#include "platform/key_ring.h"
+#include "platform/engine/connection.h"
+#include "platform/engine/key_ring.h"
 #include "support/printing.h"
 
 #include <QTemporaryDir>

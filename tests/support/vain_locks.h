@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/file_calls.h"
+#include "platform/files/file_calls.h"
 
 #include <sqlite3.h>
 

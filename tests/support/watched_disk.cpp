@@ -1,6 +1,6 @@
 #include "support/watched_disk.h"
 
-#include "platform/file_calls.h"
+#include "platform/files/file_calls.h"
 
 #include <sqlite3.h>
 

@@ -1,5 +1,5 @@
-#include "controls/theme.h"
-#include "platform/busy_pointer.h"
+#include "look/busy_pointer.h"
+#include "look/theme.h"
 
 #include <QApplication>
 #include <QEventLoop>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/tool.h"
+#include "support/tool.h"
 
 #include <QDate>
 

@@ -5,8 +5,8 @@
 //   marker      the state of the usage marker
 // Reads with plain statements and none of the cash book's own rules.
 
-#include "app/book_files.h"
-#include "platform/connection.h"
+#include "book/book_files.h"
+#include "platform/engine/connection.h"
 
 #include <QCoreApplication>
 #include <QFile>

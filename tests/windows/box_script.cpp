@@ -1,4 +1,4 @@
-#include "box_script.h"
+#include "windows/box_script.h"
 
 #include "support/printing.h"
 

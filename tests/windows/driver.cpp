@@ -1,4 +1,4 @@
-#include "driver.h"
+#include "windows/driver.h"
 
 #include <QAbstractItemModel>
 #include <QApplication>

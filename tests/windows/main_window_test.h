@@ -1,10 +1,10 @@
 #pragma once
 
-#include "box_script.h"
-#include "cashbook/kentrikh.h"
-#include "driver.h"
+#include "main/kentrikh.h"
 #include "support/book_model.h"
 #include "support/temporary_book.h"
+#include "windows/box_script.h"
+#include "windows/driver.h"
 
 #include <QComboBox>
 

@@ -1,4 +1,4 @@
-#include "program_run.h"
+#include "windows/program_run.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/program.h"
-#include "box_script.h"
-#include "driver.h"
+#include "start/program.h"
 #include "support/temporary_book.h"
+#include "windows/box_script.h"
+#include "windows/driver.h"
 
 #include <QTemporaryDir>
 

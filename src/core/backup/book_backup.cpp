@@ -1,0 +1,173 @@
+#include "backup/book_backup.h"
+
+#include "backup/book_archive.h"
+#include "backup/book_proof.h"
+#include "backup/copy_writing.h"
+#include "book/book_files.h"
+#include "book/work_folder.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <optional>
+
+namespace lorvan {
+namespace {
+
+const QString workPurpose = QStringLiteral(".lorvan-backup-");
+const QString archiveName = QStringLiteral("archive");
+const QString folderName = QStringLiteral("backup");
+
+/// A backup in the making, in a folder of its own beside its place.
+class UnfinishedBackup {
+public:
+    UnfinishedBackup(const Folder& target, const QString& name)
+        : m_target(target)
+        , m_name(name)
+        , m_work(target, WorkFolder::prefixHere(workPurpose))
+        , m_archive(m_work.folder().open(archiveName, Folder::Opening::MakeNew, FileAccess::Owner))
+    {
+        emptyStaging();
+    }
+
+    [[nodiscard]] const Folder& staging() const { return *m_staging; }
+
+    void pack(const std::function<bool()>& goesOn)
+    {
+        packBook(staging(), m_archive, goesOn);
+        m_archive.sync();
+    }
+
+    void prove(KeyRing& keys, const std::function<bool()>& goesOn)
+    {
+        emptyStaging();
+        try {
+            m_archive.seek(0);
+            unpackBook(m_archive, staging(), goesOn);
+        } catch (const BackupUnusable& damaged) {
+            throw BookCopyFailed(m_target.pathOf(m_name), QString::fromUtf8(damaged.what()));
+        }
+        try {
+            proveBook(BookFiles(staging().path()), keys, goesOn);
+        } catch (const BookCopyFailed& damaged) {
+            throw BookCopyFailed(m_target.pathOf(m_name),
+                QStringLiteral(
+                    "όσα αντιγράφηκαν δεν διαβάζονται σωστά, άρα βλάβη έχει μάλλον το ίδιο το βιβλίο. Τη δείχνει"
+                    " η εντολή lorvan-data check.\n")
+                    + QString::fromUtf8(damaged.what()).remove(staging().path() + u'/'));
+        }
+    }
+
+    /// From the name on the backup is there, whatever fails afterwards.
+    void complete()
+    {
+        m_work.folder().rename(archiveName, m_target, m_name);
+        m_target.confirm();
+    }
+
+private:
+    void emptyStaging()
+    {
+        const QString name = QStringLiteral("book");
+        m_work.folder().removeTree(name);
+        m_staging = m_work.folder().openOrMakeFolder(name);
+    }
+
+    const Folder& m_target;
+    QString m_name;
+    WorkFolder m_work;
+    File m_archive;
+    std::optional<Folder> m_staging;
+};
+
+/// An archive with a folder beside it, as they were once made in the open: both may go when nobody holds the archive.
+void removeEarlierForm(const Folder& folder, const QString& part)
+{
+    try {
+        const FileLock lock(folder, part, FileLock::Missing::Refuse);
+        const QString staging = u'.' + part;
+        if (folder.kindOf(staging) == Folder::Kind::Folder)
+            folder.removeTree(staging);
+        folder.remove(part);
+    } catch (const std::exception&) {
+        // Somebody is at work on it, or it cannot be removed; it does no harm.
+    }
+}
+
+} // namespace
+
+QString backupFolder(const BookFiles& book)
+{
+    return book.dataFolder() + u'/' + folderName;
+}
+
+Folder openBackupFolder(const BookFiles& book)
+{
+    return asCopy([&] {
+        const Folder data(book.dataFolder());
+        const bool isNew = !data.exists(folderName);
+        Folder folder = data.openOrMakeFolder(folderName);
+        if (isNew)
+            data.sync();
+        return folder;
+    });
+}
+
+QString backupName(const Folder& folder, BackupKind kind, QDateTime now)
+{
+    const QString pattern =
+        kind == BackupKind::Daily ? QStringLiteral("lorvan-daily-%1.tar") : QStringLiteral("lorvan-%1.tar");
+    for (;; now = now.addSecs(1)) {
+        const QString name = pattern.arg(now.toString(QStringLiteral("yyyy-MM-dd-HHmmss")));
+        if (!folder.exists(name))
+            return name;
+    }
+}
+
+void removeUnfinishedBackups(const Folder& folder) noexcept
+{
+    static const QRegularExpression earlierForm(QStringLiteral("\\Alorvan-(daily-)?[-0-9]+\\.tar\\.part\\z"));
+    try {
+        WorkFolder::removeAbandoned(folder, WorkFolder::prefixHere(workPurpose));
+        WorkFolder::removeAbandoned(folder, workPurpose); // as they were once named
+        for (const QString& name : folder.names()) {
+            if (earlierForm.match(name).hasMatch())
+                removeEarlierForm(folder, name);
+        }
+    } catch (const std::exception&) {
+        // They do no harm.
+    }
+}
+
+CopyReport makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys,
+    const std::function<bool()>& goesOn)
+{
+    if (folder.exists(name))
+        throw BookCopyFailed(folder.pathOf(name), QStringLiteral("υπάρχει ήδη."));
+    removeUnfinishedBackups(folder);
+    try {
+        return asCopy([&] {
+            UnfinishedBackup backup(folder, name);
+            const CopyReport report = copyBook(book, backup.staging(), keys, goesOn);
+            backup.pack(goesOn);
+            backup.prove(keys, goesOn);
+            backup.complete();
+            return report;
+        });
+    } catch (const LockRefused& refusal) {
+        throw BookCopyFailed(folder.pathOf(name), QString::fromUtf8(refusal.what()));
+    } catch (const std::exception&) {
+        if (goesOn && !goesOn())
+            throw GivenUp(); // whatever it was that noticed it
+        throw;
+    }
+}
+
+CopyReport makeBackup(const BookFiles& book, const QString& path, KeyRing& keys, const std::function<bool()>& goesOn)
+{
+    const QFileInfo file(path);
+    const Folder folder = asCopy([&] { return Folder(file.absolutePath()); });
+    return makeBackup(book, folder, file.fileName(), keys, goesOn);
+}
+
+} // namespace lorvan

@@ -1,0 +1,138 @@
+#include "backup/book_restore.h"
+
+#include "backup/book_archive.h"
+#include "backup/book_proof.h"
+#include "backup/copy_writing.h"
+#include "book/book_files.h"
+#include "book/pending_restore.h"
+#include "book/work_folder.h"
+#include "platform/engine/key_ring.h"
+#include "platform/files/durable_files.h"
+#include "platform/stop_check.h"
+
+#include <QDir>
+
+#include <array>
+
+namespace lorvan {
+namespace {
+
+/// The name, not the path, of a folder that is free.
+QString asideFor(const Folder& data, QDateTime now)
+{
+    for (;; now = now.addSecs(1)) {
+        const QString name = QStringLiteral("replaced-") + now.toString(QStringLiteral("yyyy-MM-dd-HHmmss"));
+        if (!data.exists(name))
+            return name;
+    }
+}
+
+/// Who may read and write the old file may do so with the new one, as far as the system lets us.
+void takeOverAccess(const Folder& data, const Folder& staged, const QString& name)
+{
+    File file = staged.open(name, Folder::Opening::Write);
+    if (const auto old = statusOf(data, name))
+        file.takeAccessOf(*old);
+    else
+        data.give(file, FileAccess::LikeFolder);
+    file.sync();
+}
+
+/// The folders that were made for the book, removed again unless they are kept.
+class MadeFolders {
+public:
+    explicit MadeFolders(const QString& path)
+        : m_paths(makeFolders(path, FileAccess::Owner))
+    {
+    }
+    ~MadeFolders()
+    {
+        for (const QString& path : m_paths)
+            QDir().rmdir(path);
+    }
+    MadeFolders(const MadeFolders&) = delete;
+    MadeFolders& operator=(const MadeFolders&) = delete;
+
+    void keep() { m_paths.clear(); }
+
+private:
+    QStringList m_paths;
+};
+
+} // namespace
+
+QString RestoreFailed::plainText() const
+{
+    return QStringLiteral("Η επαναφορά δεν έγινε. Το βιβλίο έμεινε όπως ήταν.");
+}
+
+struct RestoredBook::Staging {
+    explicit Staging(const BookFiles& target)
+        : made(target.dataFolder())
+        , book(target.dataFolder())
+        , data(book.dataFolder())
+        , work((removeUndecidedRestores(data), data), stagedPrefix())
+        , staged(work.folder().path())
+    {
+    }
+
+    MadeFolders made;
+    BookFiles book;
+    Folder data;
+    WorkFolder work;
+    BookFiles staged;
+};
+
+RestoredBook::RestoredBook(const QString& backup, const BookFiles& book, const std::function<bool()>& goesOn)
+{
+    try {
+        m_staging = std::make_unique<Staging>(book);
+        unpackBook(backup, m_staging->work.folder(), goesOn);
+    } catch (const FileError& failure) {
+        throw RestoreFailed(failure.what());
+    } catch (const LockRefused& failure) {
+        throw RestoreFailed(failure.what());
+    } catch (const BookCopyFailed& failure) {
+        throw RestoreFailed(failure.what());
+    }
+    try {
+        KeyRing keys(bookPassword());
+        proveBook(m_staging->staged, keys, goesOn);
+    } catch (const BookCopyFailed& failure) {
+        throw BackupUnusable(backup, QString::fromUtf8(failure.what()).remove(m_staging->staged.dataFolder() + u'/'));
+    }
+}
+
+RestoredBook::~RestoredBook() = default;
+
+const BookFiles& RestoredBook::staged() const
+{
+    return m_staging->staged;
+}
+
+std::optional<QString> RestoredBook::replace(const QDateTime& now)
+{
+    const Folder& data = m_staging->data;
+    QString aside;
+    try {
+        aside = asideFor(data, now);
+        for (const auto& name : {QStringLiteral("lorvan.mdb"), QStringLiteral("mapcodes.mdb")})
+            takeOverAccess(data, m_staging->work.folder(), name);
+        m_staging->work.folder().sync();
+        data.sync();
+        decideRestore(data, m_staging->work.name(), aside);
+    } catch (const std::runtime_error& failure) {
+        throw RestoreFailed(failure.what());
+    }
+    const Undisturbed undisturbed;
+    m_staging->work.keep();
+    m_staging->made.keep();
+    finishRestore(m_staging->book);
+    try {
+        return data.exists(aside) ? std::optional(data.pathOf(aside)) : std::nullopt;
+    } catch (const FileError&) {
+        return data.pathOf(aside);
+    }
+}
+
+} // namespace lorvan

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "book/failure_text.h"
+#include "platform/files/file_error.h"
+#include "platform/files/folder.h"
+
+#include <QString>
+
+#include <optional>
+#include <stdexcept>
+
+#include <sys/stat.h>
+
+namespace lorvan {
+
+/// The copy of a book could not be written or does not open. what() names the file and the reason.
+class BookCopyFailed : public std::runtime_error, public PlainlyToldFailure {
+public:
+    BookCopyFailed(const QString& path, const QString& reason);
+    explicit BookCopyFailed(const FileError& error);
+    [[nodiscard]] QString plainText() const override;
+};
+
+/// What `action` returns; a FileError in it becomes BookCopyFailed.
+template <typename Action> auto asCopy(const Action& action) -> decltype(action())
+{
+    try {
+        return action();
+    } catch (const FileError& error) {
+        throw BookCopyFailed(error);
+    }
+}
+
+/// Of a plain file, without opening it: closing a database would drop the locks that the process holds on it.
+[[nodiscard]] std::optional<struct stat> statusOf(const Folder& folder, const QString& name);
+
+/// Throws FileError (ENOSPC) where the disk has no room for so many bytes. One that does not tell is believed.
+void refuseWithoutRoom(const Folder& folder, qint64 bytes);
+
+} // namespace lorvan

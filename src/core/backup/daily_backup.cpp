@@ -1,0 +1,121 @@
+#include "backup/daily_backup.h"
+
+#include "backup/backup_retention.h"
+#include "backup/book_backup.h"
+#include "backup/copy_writing.h"
+#include "book/failure_text.h"
+#include "book/pending_restore.h"
+
+#include <QTimer>
+
+#include <algorithm>
+
+namespace lorvan {
+namespace {
+
+constexpr std::chrono::seconds afterTheClaim{1}; // when a start or a change of the page has been painted
+constexpr int secondsToNextAttempt = 15 * 60;
+
+QStringList filesIn(const Folder& folder)
+{
+    QStringList names = folder.names();
+    names.removeIf([&](const QString& name) { return !folder.isFile(name); });
+    return names;
+}
+
+/// One that cannot be removed does no harm.
+void removeOutdated(const Folder& folder, QDate today)
+{
+    try {
+        for (const QString& name : outdatedBackups(filesIn(folder), today))
+            folder.remove(name);
+        folder.sync();
+    } catch (const FileError&) {
+        // The next day's backup tries again.
+    }
+}
+
+} // namespace
+
+std::optional<QString> makeDailyBackup(
+    const BookFiles& book, KeyRing& keys, const QDateTime& now, const std::function<bool()>& goesOn)
+{
+    removeUndecidedRestores(asCopy([&] { return Folder(book.dataFolder()); }));
+    const Folder folder = openBackupFolder(book);
+    const QStringList names = asCopy([&] { return filesIn(folder); });
+    if (std::any_of(
+            names.begin(), names.end(), [&](const QString& name) { return dayOfDailyBackup(name) == now.date(); }))
+        return std::nullopt;
+    const QString name = backupName(folder, BackupKind::Daily, now);
+    makeBackup(book, folder, name, keys, goesOn);
+    removeOutdated(folder, now.date());
+    return folder.pathOf(name);
+}
+
+DailyBackup::DailyBackup(const BookFiles& book, KeyRing& keys, Clock clock)
+    : m_book(book)
+    , m_keys(keys)
+    , m_clock(std::move(clock))
+{
+}
+
+DailyBackup::~DailyBackup()
+{
+    retire();
+}
+
+void DailyBackup::markerHeld()
+{
+    const QDateTime now = m_clock.now();
+    if (m_isUnderWay || m_retired || m_doneOn == now.date() || (m_nextAttempt.isValid() && now < m_nextAttempt))
+        return;
+    m_isUnderWay = true;
+    QTimer::singleShot(afterTheClaim, this, &DailyBackup::start);
+}
+
+void DailyBackup::start()
+{
+    if (!m_retired)
+        m_thread = std::thread(&DailyBackup::run, this, m_clock.now());
+}
+
+/// On the other thread.
+void DailyBackup::run(const QDateTime& now)
+{
+    QString reason;
+    bool isMade = false;
+    try {
+        makeDailyBackup(m_book, m_keys, now, [this] { return !m_retired; });
+        isMade = true;
+    } catch (const GivenUp&) {
+        return;
+    } catch (const std::exception& failure) {
+        reason = failureText(failure);
+    }
+    QMetaObject::invokeMethod(
+        this, [this, isMade, reason] { end(isMade, reason); }, Qt::QueuedConnection);
+}
+
+void DailyBackup::end(bool isMade, const QString& reason)
+{
+    if (m_retired)
+        return;
+    m_thread.join();
+    m_isUnderWay = false;
+    if (isMade) {
+        m_doneOn = m_clock.today();
+        Q_EMIT made();
+    } else {
+        m_nextAttempt = m_clock.now().addSecs(secondsToNextAttempt);
+        Q_EMIT failed(reason);
+    }
+}
+
+void DailyBackup::retire()
+{
+    m_retired = true;
+    if (m_thread.joinable())
+        m_thread.join();
+}
+
+} // namespace lorvan

@@ -1,0 +1,72 @@
+#include "book/book_recovery.h"
+
+#include "book/book.h"
+#include "book/lock_trust.h"
+#include "book/usage_marker.h"
+#include "platform/engine/transaction.h"
+
+#include <string>
+
+namespace lorvan {
+namespace {
+
+bool hasJournal(const BookFiles& files)
+{
+    return Connection::hasJournal(files.mainDatabase()) || Connection::hasJournal(files.auxiliaryDatabase());
+}
+
+/// One in which nothing stood yet is not taken back by the opening, but would be in everybody's way: the next commit
+/// ends it.
+void endJournal(Connection& database, const QString& path)
+{
+    if (!Connection::hasJournal(path))
+        return;
+    Transaction writing(database);
+    auto stamp = database.prepare("PRAGMA user_version");
+    const qint64 unchanged = stamp.step() ? stamp.integer(0) : 0;
+    database.execute("PRAGMA user_version = " + std::to_string(unchanged));
+    stamp.reset();
+    writing.commit();
+}
+
+void takeBackChange(const BookFiles& files, KeyRing& keys)
+{
+    try {
+        Book book(files, keys, Connection::Access::ReadWrite);
+        endJournal(book.main(), files.mainDatabase());
+        endJournal(book.auxiliary(), files.auxiliaryDatabase());
+    } catch (const std::exception&) {
+        // Stays as it is.
+    }
+}
+
+bool isClaimed(UsageMarker& marker)
+{
+    try {
+        return marker.claim();
+    } catch (const MarkerError&) {
+        return false;
+    }
+}
+
+} // namespace
+
+void recoverBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker)
+{
+    if (!BookFiles::exists(files.usageMarker()))
+        return;
+    try {
+        (void)marker.heal();
+    } catch (const MarkerError&) {
+        // Left to the administrator.
+    }
+    if (!hasJournal(files) || lockReachOf(files) == LockReach::Nobody)
+        return;
+    const bool isHolder = marker.owns();
+    if (isClaimed(marker))
+        takeBackChange(files, keys);
+    if (!isHolder)
+        marker.release();
+}
+
+} // namespace lorvan

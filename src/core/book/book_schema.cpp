@@ -1,0 +1,222 @@
+#include "book/book_schema.h"
+
+#include "book/opening_steps.h"
+#include "platform/engine/connection.h"
+#include "platform/engine/transaction.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace lorvan {
+namespace {
+
+constexpr auto mainTables = R"(
+CREATE TABLE kinhseis (
+    aa INTEGER PRIMARY KEY AUTOINCREMENT,
+    kvdikos INTEGER,
+    hmeromhnia INTEGER,
+    perigrafh TEXT,
+    esoda INTEGER,
+    ejoda INTEGER,
+    aa_omada INTEGER,
+    grammh TEXT,
+    epitagh INTEGER,
+    L_tajeos INTEGER
+);
+CREATE TABLE tameio (
+    aa INTEGER PRIMARY KEY AUTOINCREMENT,
+    hmeromhnia INTEGER,
+    esoda INTEGER,
+    ejoda INTEGER,
+    ypoloipo INTEGER
+);
+CREATE TABLE kvdikoi (
+    aa INTEGER PRIMARY KEY AUTOINCREMENT,
+    kvdikos INTEGER,
+    perigrafh TEXT,
+    omada TEXT,
+    aa_omadas INTEGER,
+    lista TEXT,
+    esodo INTEGER,
+    energos INTEGER
+);
+CREATE TABLE omades (
+    aa INTEGER PRIMARY KEY AUTOINCREMENT,
+    sxolia TEXT,
+    perigrafh TEXT
+);
+CREATE TABLE taytothta (ariumos INTEGER);
+)";
+
+/// What was imported from files: see csv_import.h.
+constexpr auto ownTablesSql = R"(
+CREATE TABLE IF NOT EXISTS taken_imports (
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
+    digest TEXT,
+    at INTEGER,
+    groups INTEGER,
+    codes INTEGER,
+    movements INTEGER
+);
+CREATE TABLE IF NOT EXISTS opening_difference (day INTEGER PRIMARY KEY, amount INTEGER);
+)";
+
+constexpr auto auxiliaryTables = R"(
+CREATE TABLE klhsimotameioy (
+    aa INTEGER PRIMARY KEY AUTOINCREMENT,
+    hmeraklhsimatos INTEGER
+);
+CREATE TABLE codes (
+    uname TEXT,
+    upass TEXT,
+    r_eggrafes INTEGER,
+    r_klhsimo INTEGER,
+    r_kvdikoi INTEGER
+);
+)";
+
+struct Index {
+    QString table;
+    QString column;
+    QString carried = {}; ///< Columns behind it that spare a sum the reading of the rows.
+};
+
+const std::vector<Index>& mainIndexes()
+{
+    static const std::vector<Index> indexes{
+        {QStringLiteral("kinhseis"), QStringLiteral("hmeromhnia")},
+        {QStringLiteral("kinhseis"), QStringLiteral("kvdikos"), QStringLiteral(", hmeromhnia, esoda, ejoda, L_tajeos")},
+        {QStringLiteral("tameio"), QStringLiteral("hmeromhnia")},
+        {QStringLiteral("kvdikoi"), QStringLiteral("kvdikos")},
+    };
+    return indexes;
+}
+
+const std::vector<Index>& auxiliaryIndexes()
+{
+    static const std::vector<Index> indexes{{QStringLiteral("klhsimotameioy"), QStringLiteral("hmeraklhsimatos")}};
+    return indexes;
+}
+
+/// The names of a table's indexes. The table names are constants of this file.
+std::vector<QString> indexNames(Connection& connection, const QString& table)
+{
+    std::vector<QString> names;
+    auto list = connection.prepare("SELECT name FROM sqlite_master WHERE type='index' AND tbl_name=? COLLATE NOCASE");
+    list.bind(table);
+    while (list.step())
+        names.push_back(list.text(0));
+    return names;
+}
+
+QString firstColumn(Connection& connection, const QString& index)
+{
+    const QString quoted = QString(index).replace(u'"', QStringLiteral("\"\""));
+    auto info = connection.prepare(QStringLiteral("PRAGMA index_info(\"%1\")").arg(quoted).toStdString());
+    return info.step() ? info.text(2) : QString();
+}
+
+bool isThere(Connection& connection, const Index& wanted)
+{
+    for (const QString& name : indexNames(connection, wanted.table)) {
+        if (firstColumn(connection, name).compare(wanted.column, Qt::CaseInsensitive) == 0)
+            return true;
+    }
+    return false;
+}
+
+void createIndex(Connection& connection, const Index& index)
+{
+    connection.execute(QStringLiteral("CREATE INDEX IF NOT EXISTS lorvan_%1_%2 ON %1(%2%3)")
+                           .arg(index.table, index.column, index.carried)
+                           .toStdString());
+}
+
+void ensureIndexes(Connection& connection, const std::vector<Index>& wanted)
+{
+    std::vector<Index> missing;
+    for (const Index& index : wanted) {
+        if (!isThere(connection, index))
+            missing.push_back(index);
+    }
+    if (missing.empty())
+        return;
+    Transaction transaction(connection);
+    for (const Index& index : missing)
+        createIndex(connection, index);
+    transaction.commit();
+}
+
+void createTables(Connection& connection, std::string_view tables, const std::vector<Index>& indexes)
+{
+    connection.execute(tables);
+    for (const Index& index : indexes)
+        createIndex(connection, index);
+}
+
+bool lacksOwnTable(Connection& connection)
+{
+    return !std::all_of(
+        ownTables().begin(), ownTables().end(), [&](const QString& name) { return hasTable(connection, name); });
+}
+
+/// Another computer may have made them first.
+void ensureOwnTables(Connection& connection, const OpeningSteps& steps)
+{
+    Transaction transaction(connection);
+    const bool knowsDifferences = hasTable(connection, QLatin1String(openingDifferenceTable));
+    createOwnTables(connection);
+    if (!knowsDifferences)
+        steps.adopt(connection);
+    transaction.commit();
+}
+
+} // namespace
+
+const QStringList& ownTables()
+{
+    static const QStringList names{QStringLiteral("taken_imports"), QLatin1String(openingDifferenceTable)};
+    return names;
+}
+
+bool hasTable(Connection& connection, const QString& name)
+{
+    return connection.prepare("SELECT 1 FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE")
+        .bind(name)
+        .step();
+}
+
+void createOwnTables(Connection& connection)
+{
+    connection.execute(ownTablesSql);
+}
+
+void createMainSchema(Connection& connection)
+{
+    Transaction transaction(connection);
+    createTables(connection, mainTables, mainIndexes());
+    createOwnTables(connection);
+    connection.prepare("INSERT INTO taytothta (ariumos) VALUES (?)").bind(currentSchemaVersion).run();
+    transaction.commit();
+}
+
+void createAuxiliarySchema(Connection& connection)
+{
+    Transaction transaction(connection);
+    createTables(connection, auxiliaryTables, auxiliaryIndexes());
+    transaction.commit();
+}
+
+void ensureMainSchema(Connection& connection, const OpeningSteps& steps)
+{
+    if (lacksOwnTable(connection))
+        ensureOwnTables(connection, steps);
+    ensureIndexes(connection, mainIndexes());
+}
+
+void ensureAuxiliaryIndexes(Connection& connection)
+{
+    ensureIndexes(connection, auxiliaryIndexes());
+}
+
+} // namespace lorvan

@@ -1,0 +1,80 @@
+#include "book/notices.h"
+
+#include "book/usage_marker.h"
+#include "platform/date_text.h"
+
+#include <QStringList>
+
+namespace lorvan {
+namespace {
+
+QString countText(std::size_t others)
+{
+    return others == 1 ? QStringLiteral("  (και 1 ακόμη)") : QStringLiteral("  (και %1 ακόμη)").arg(others);
+}
+
+/// " από τις 10:35", with the day before it where that is another; empty for a time unknown or still to come.
+QString sinceText(const QDateTime& since, const QDateTime& now)
+{
+    if (!since.isValid() || since > now)
+        return {};
+    const QString time = since.time().toString(QStringLiteral("HH:mm"));
+    return since.date() == now.date() ? QStringLiteral(" από τις ") + time
+                                      : QStringLiteral(" από ") + dateText(since.date()) + u' ' + time;
+}
+
+} // namespace
+
+Notice NoticeBoard::shown() const
+{
+    if (m_notices.empty())
+        return {};
+    Notice first = m_notices.begin()->second;
+    if (m_notices.size() == 1)
+        return first;
+    first.text += countText(m_notices.size() - 1);
+    QStringList all;
+    for (const auto& [kind, notice] : m_notices)
+        all += notice.reason.isEmpty() ? notice.text : notice.text + u'\n' + notice.reason;
+    first.reason = all.join(QStringLiteral("\n\n"));
+    return first;
+}
+
+Notice dayClosedNotice(QDate day)
+{
+    return {QStringLiteral("Η ημέρα %1 έκλεισε").arg(dateText(day)), {}, false};
+}
+
+Notice heldNotice(const MarkerHolder& holder, const QDateTime& now)
+{
+    return {
+        QStringLiteral("Στο βιβλίο δουλεύει ο χρήστης %1 στον υπολογιστή %2%3. Μπορείτε να βλέπετε και να τυπώνετε.")
+            .arg(holder.identity.user, holder.identity.computer, sinceText(holder.since, now)),
+        QStringLiteral(
+            "Αλλαγές κάνει ένας υπολογιστής κάθε φορά. Όταν ο άλλος τελειώσει, η γραμμή αυτή φεύγει μόνη της.")};
+}
+
+Notice readOnlyNotice()
+{
+    return {QStringLiteral("Το βιβλίο άνοιξε μόνο για ανάγνωση: στον φάκελό του τα κλειδώματα δεν ισχύουν."),
+        QStringLiteral("Στον φάκελο των δεδομένων τα κλειδώματα δεν ισχύουν: δύο προγράμματα θα μπορούσαν να γράψουν"
+                       " μαζί και να χαλάσουν το βιβλίο.")};
+}
+
+std::optional<Notice> weakDiskNotice(LockReach locks, bool knowsSync)
+{
+    if (locks == LockReach::ThisComputer)
+        return Notice{QStringLiteral("Προσοχή: τα κλειδώματα αυτού του φακέλου δεν ισχύουν για άλλους υπολογιστές."),
+            QStringLiteral("Να μην αλλάζει το βιβλίο από δύο υπολογιστές μαζί: το αρχείο χρήσης μόνο δεν αρκεί.")};
+    if (!knowsSync)
+        return Notice{QStringLiteral("Ο δίσκος αυτού του φακέλου δεν επιβεβαιώνει ονόματα αρχείων."),
+            QStringLiteral("Μετά από μια διακοπή ρεύματος μπορεί να λείπει η τελευταία αλλαγή.")};
+    return std::nullopt;
+}
+
+Notice backupFailedNotice(const QString& reason)
+{
+    return {QStringLiteral("Το σημερινό αντίγραφο ασφαλείας δεν έγινε."), reason};
+}
+
+} // namespace lorvan

@@ -1,0 +1,10 @@
+#include "book/version.h"
+
+namespace lorvan {
+
+QString programVersion()
+{
+    return QStringLiteral(LORVAN_VERSION);
+}
+
+} // namespace lorvan

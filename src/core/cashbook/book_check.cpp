@@ -1,0 +1,274 @@
+#include "cashbook/book_check.h"
+
+#include "book/schema_guard.h"
+#include "cashbook/record_audit.h"
+#include "platform/date_text.h"
+#include "platform/engine/connection.h"
+#include "platform/engine/sql_error.h"
+#include "platform/engine/steady_reading.h"
+#include "platform/engine/transaction.h"
+#include "platform/stop_check.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+#include <sys/stat.h>
+#include <utility>
+
+namespace lorvan {
+namespace {
+
+bool isAmount(const Statement& row, int column)
+{
+    const auto type = row.storedType(column);
+    return type == Statement::StoredType::Integer || type == Statement::StoredType::Null;
+}
+
+/// The rows whose date is a whole number, and a finding for each without a date.
+std::vector<CashDayRow> readCashDays(Connection& book, BookFindings& findings)
+{
+    std::vector<CashDayRow> days;
+    auto rows = book.prepare("SELECT aa, hmeromhnia, esoda, ejoda, ypoloipo FROM tameio NOT INDEXED");
+    while (rows.step()) {
+        const bool isNumber = rows.storedType(1) == Statement::StoredType::Integer;
+        const bool sumsAreAmounts = isAmount(rows, 2) && isAmount(rows, 3);
+        const bool balanceIsAmount = isAmount(rows, 4);
+        const CashDayRow day{rows.integer(0), rows.integer(1), {rows.currency(2), rows.currency(3), rows.currency(4)},
+            sumsAreAmounts, balanceIsAmount};
+        if (isNumber)
+            days.push_back(day);
+        if (isNumber && dateFromStored(day.day).isValid())
+            continue;
+        Finding finding{FindingKind::DayWithoutDate};
+        finding.key = day.key;
+        finding.day = day.day;
+        finding.stored = day.figures;
+        findings.add(std::move(finding));
+    }
+    return days;
+}
+
+void addDay(BookFindings& findings, const AuditedDay& day)
+{
+    const auto add = [&](FindingKind kind, std::int64_t key, bool isNoAmount = false) {
+        Finding finding{kind};
+        finding.key = key;
+        finding.day = day.day;
+        finding.rows = static_cast<std::int64_t>(day.repeatedKeys.size()) + 1;
+        finding.stored = day.row ? day.row->figures : CashDayFigures{};
+        finding.isNoAmount = isNoAmount;
+        finding.expected = day.expected;
+        findings.add(std::move(finding));
+    };
+    if (!day.row) {
+        add(FindingKind::MissingDay, 0);
+        return;
+    }
+    if (!day.repeatedKeys.empty())
+        add(FindingKind::RepeatedDay, day.row->key);
+    if (day.sumsWrong)
+        add(FindingKind::DaySums, day.row->key, !day.row->sumsAreAmounts);
+    if (day.balanceWrong)
+        add(FindingKind::DayBalance, day.row->key, !day.row->balanceIsAmount);
+}
+
+void addOpening(BookFindings& findings, const CashDayAudit& days)
+{
+    Currency sum;
+    for (const auto& [day, difference] : days.differences) {
+        if (difference.isZero())
+            continue;
+        Finding finding{days.differencesAreKept ? FindingKind::OpeningBalance : FindingKind::OpeningNotKept};
+        finding.day = day;
+        finding.expected.closingBalance = sum += difference;
+        findings.add(std::move(finding));
+    }
+}
+
+BookFindings findingsOf(const CashAudit& audit)
+{
+    BookFindings findings = audit.movements.findings;
+    findings.merge(audit.dayFindings);
+    if (!audit.days) {
+        findings.add({FindingKind::SumTooLarge});
+        return findings;
+    }
+    for (const AuditedDay& day : audit.days->days)
+        addDay(findings, day);
+    addOpening(findings, *audit.days);
+    return findings;
+}
+
+std::int64_t rowsOf(Connection& book, const char* sql)
+{
+    auto row = book.prepare(sql);
+    return row.step() ? row.integer(0) : 0;
+}
+
+BookTotals totalsOf(Connection& book, const MovementTotals& movements)
+{
+    BookTotals totals;
+    totals.movements = movements;
+    totals.cashDays = rowsOf(book, "SELECT count(*) FROM tameio");
+    totals.codes = rowsOf(book, "SELECT count(*) FROM kvdikoi");
+    totals.groups = rowsOf(book, "SELECT count(*) FROM omades");
+    totals.closedDays = rowsOf(book, "SELECT count(*) FROM klhsimotameioy");
+    totals.users = rowsOf(book, "SELECT count(*) FROM codes");
+    totals.firstDay = rowsOf(book, "SELECT min(hmeromhnia) FROM tameio");
+    auto last = book.prepare("SELECT hmeromhnia, ypoloipo FROM tameio WHERE typeof(hmeromhnia)='integer'"
+                             " ORDER BY hmeromhnia DESC, aa DESC LIMIT 1");
+    if (last.step()) {
+        totals.lastDay = last.integer(0);
+        totals.lastBalance = last.currency(1);
+    }
+    return totals;
+}
+
+/// True for what the engine says of a file that is there and does not read as it should.
+bool tellsOfDamage(const SqlError& error)
+{
+    switch (error.kind()) {
+    case SqlError::Kind::Damaged:
+    case SqlError::Kind::NotADatabase:
+    case SqlError::Kind::Other: // a page that is not authentic, met by the check itself
+        return true;
+    default:
+        return false;
+    }
+}
+
+QStringList complaintsAbout(Connection& book, const QString& schema)
+{
+    const std::string sql = "PRAGMA " + schema.toStdString() + ".integrity_check";
+    QStringList complaints;
+    try {
+        const StoppableReading stoppable;
+        auto lines = book.prepare(sql);
+        while (lines.step()) {
+            if (lines.text(0) != QLatin1String("ok"))
+                complaints += lines.text(0).trimmed();
+        }
+    } catch (const SqlError& error) {
+        if (!tellsOfDamage(error))
+            throw;
+        complaints += error.engineMessage();
+    }
+    if (!StopCheck::goesOn())
+        throw SqlError(SQLITE_INTERRUPT, QStringLiteral("interrupted"), QString::fromStdString(sql));
+    return complaints;
+}
+
+void addTexts(BookFindings& findings, FindingKind kind, const QStringList& texts)
+{
+    for (const QString& text : texts) {
+        Finding finding{kind};
+        finding.text = text;
+        findings.add(std::move(finding));
+    }
+}
+
+/// The engine tells a page that the disk does not hand out as damage too. So a file that it complains of is read whole,
+/// which throws then, and checked again.
+void checkFile(BookFindings& findings, Connection& book, const QString& schema, const QString& name)
+{
+    QStringList complaints = complaintsAbout(book, schema);
+    if (!complaints.isEmpty()) {
+        book.readFile(schema, [](const QByteArray&) { return StopCheck::goesOn(); });
+        complaints = complaintsAbout(book, schema);
+    }
+    for (QString& complaint : complaints)
+        complaint.prepend(name + QStringLiteral(": "));
+    addTexts(findings, FindingKind::FileDamaged, complaints);
+}
+
+BookFindings checkSchemas(Connection& book)
+{
+    BookFindings findings;
+    for (const auto& [schema, database] :
+        {std::pair("main", BookDatabase::Main), {"auxiliary", BookDatabase::Auxiliary}}) {
+        const SchemaInspection found = inspectSchema(book, QLatin1String(schema), database);
+        addTexts(findings, FindingKind::SchemaUnreadable, found.unreadable);
+        addTexts(findings, FindingKind::ForeignObject, found.foreign);
+        addTexts(findings, FindingKind::OtherObject, found.others);
+    }
+    return findings;
+}
+
+/// A file in a folder that others may not enter is out of their reach.
+bool othersMayRead(const QString& path)
+{
+    struct stat file { };
+    struct stat folder { };
+    return ::lstat(QFile::encodeName(path).constData(), &file) == 0
+        && ::stat(QFile::encodeName(QFileInfo(path).path()).constData(), &folder) == 0 && (file.st_mode & S_IROTH) != 0
+        && (folder.st_mode & S_IXOTH) != 0;
+}
+
+void checkAccess(BookFindings& findings, Connection& book)
+{
+    auto files = book.prepare("PRAGMA database_list");
+    while (files.step()) {
+        if (const QString path = files.text(2); !path.isEmpty() && othersMayRead(path))
+            addTexts(findings, FindingKind::ReadableByOthers, {path});
+    }
+}
+
+std::int64_t estimatedMovements(Connection& book)
+{
+    try {
+        return rowsOf(book, "SELECT max(aa) FROM kinhseis");
+    } catch (const SqlError&) {
+        return 0; // the check will say what is wrong
+    }
+}
+
+} // namespace
+
+BookFindings checkFiles(Connection& book, const CheckProgress& progress)
+{
+    BookFindings findings = checkSchemas(book);
+    checkAccess(findings, book);
+    if (findings.count(FindingKind::SchemaUnreadable) > 0)
+        return findings;
+    // The engine says how far it is in steps of its own: so many calls for a row that has two indexes.
+    constexpr std::int64_t rowsForACall = 2200;
+    const std::int64_t whole = estimatedMovements(book);
+    std::int64_t calls = 0;
+    const StopCheck reporting([&] {
+        progress(++calls * rowsForACall, whole);
+        return true;
+    });
+    checkFile(findings, book, QStringLiteral("main"), QStringLiteral("lorvan.mdb"));
+    checkFile(findings, book, QStringLiteral("auxiliary"), QStringLiteral("mapcodes.mdb"));
+    return findings;
+}
+
+BookCheck checkContent(Connection& book, const CheckProgress& progress)
+{
+    BookCheck check;
+    readSteadily(book, [&] {
+        const Transaction transaction(book, Transaction::Mode::Read);
+        const CashAudit audit = auditCash(book, progress);
+        check = {findingsOf(audit), totalsOf(book, audit.movements.totals)};
+        check.findings.merge(auditRecords(book));
+    });
+    return check;
+}
+
+CashAudit auditCash(Connection& book, const CheckProgress& progress)
+{
+    CashAudit audit;
+    audit.movements = auditMovements(book, progress);
+    std::vector<CashDayRow> rows = readCashDays(book, audit.dayFindings);
+    try {
+        if (!audit.movements.sumTooLarge)
+            audit.days = auditCashDays(std::move(rows), audit.movements.sumsByDay, openingDifferences(book));
+    } catch (const CurrencyOverflow&) {
+        audit.days.reset();
+    }
+    return audit;
+}
+
+} // namespace lorvan

@@ -1,0 +1,96 @@
+#include "cashbook/book_repair.h"
+
+#include "backup/book_copy.h"
+#include "cashbook/book_check.h"
+#include "platform/engine/connection.h"
+#include "platform/engine/sql_error.h"
+#include "platform/engine/transaction.h"
+
+namespace lorvan {
+namespace {
+
+void removeRows(Connection& book, const std::vector<std::int64_t>& keys)
+{
+    auto removal = book.prepare("DELETE FROM tameio WHERE aa=?");
+    for (const std::int64_t key : keys)
+        removal.bind(key).run();
+}
+
+void addRow(Connection& book, const AuditedDay& day)
+{
+    book.prepare("INSERT INTO tameio (hmeromhnia, esoda, ejoda, ypoloipo) VALUES (?,?,?,?)")
+        .bind(day.day, day.expected.income, day.expected.expense, day.expected.closingBalance)
+        .run();
+}
+
+void correctRow(Connection& book, const AuditedDay& day)
+{
+    book.prepare("UPDATE tameio SET esoda=?, ejoda=?, ypoloipo=? WHERE aa=?")
+        .bind(day.expected.income, day.expected.expense, day.expected.closingBalance, day.row->key)
+        .run();
+}
+
+void repairDay(Connection& book, const AuditedDay& day, BookRepair& repair)
+{
+    if (!day.row) {
+        addRow(book, day);
+        ++repair.addedDays;
+        return;
+    }
+    if (!day.repeatedKeys.empty()) {
+        removeRows(book, day.repeatedKeys);
+        ++repair.mergedDays;
+        repair.removedRows += static_cast<std::int64_t>(day.repeatedKeys.size());
+    }
+    if (day.sumsWrong || day.balanceWrong) {
+        correctRow(book, day);
+        ++repair.correctedDays;
+    }
+}
+
+/// Takes the right to write the main database, and keeps others from writing the auxiliary one. It is not written, and
+/// a commit of both files would leave one more file behind where the disk is full.
+void shutOutWriters(Connection& book)
+{
+    book.execute("UPDATE main.tameio SET aa=aa WHERE 0");
+    (void)book.prepare("SELECT count(*) FROM auxiliary.codes").step();
+}
+
+/// The copy stays, except where the disk is full: the engine has undone everything then, and the room is needed.
+void commit(Transaction& transaction, BookCopy& copy)
+{
+    try {
+        transaction.commit();
+    } catch (const SqlError& error) {
+        if (error.kind() != SqlError::Kind::DiskFull)
+            copy.keep();
+        throw;
+    }
+    copy.keep();
+}
+
+} // namespace
+
+BookRepair repairBook(
+    Connection& book, const BookFiles& files, KeyRing& keys, const QDateTime& now, const CheckProgress& progress)
+{
+    BookRepair repair;
+    Transaction transaction(book, Transaction::Mode::Read);
+    shutOutWriters(book);
+    BookCopy copy(book, files, keys, now);
+    const CashAudit audit = auditCash(book, progress);
+    if (!audit.days)
+        return repair;
+    for (const AuditedDay& day : audit.days->days)
+        repairDay(book, day, repair);
+    if (!audit.days->differencesAreKept && !audit.days->differences.empty()) {
+        addOpeningDifferences(book, audit.days->differences);
+        repair.keptDifferences = static_cast<std::int64_t>(audit.days->differences.size());
+    }
+    commit(transaction, copy);
+    repair.mainCopy = copy.mainDatabase();
+    repair.auxiliaryCopy = copy.auxiliaryDatabase();
+    return repair;
+}
+
+} // namespace lorvan

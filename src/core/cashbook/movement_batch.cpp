@@ -1,0 +1,117 @@
+#include "cashbook/movement_batch.h"
+
+#include "cashbook/cash_closing.h"
+#include "cashbook/day_view.h"
+#include "cashbook/movement_store.h"
+#include "platform/engine/connection.h"
+
+#include <iterator>
+#include <set>
+#include <tuple>
+
+namespace lorvan {
+namespace {
+
+qint64 lastKey(Connection& main)
+{
+    auto row = main.prepare("SELECT max(aa) FROM kinhseis");
+    return row.step() ? row.integer(0) : 0;
+}
+
+auto contentOf(const MovementDraft& movement)
+{
+    return std::tuple(
+        movement.code, movement.description, movement.income, movement.expense, movement.memorandum, movement.cheque);
+}
+
+/// Of the day's movements, how many with a key after `lastKeyBefore` equal one up to it.
+qint64 countRepeated(const std::vector<Movement>& movements, qint64 lastKeyBefore)
+{
+    std::set<decltype(contentOf({}))> before;
+    qint64 repeated = 0;
+    for (const Movement& movement : movements) { // in the order of their keys
+        if (movement.key <= lastKeyBefore)
+            before.insert(contentOf(movement));
+        else if (!before.empty() && before.contains(contentOf(movement)))
+            ++repeated;
+    }
+    return repeated;
+}
+
+} // namespace
+
+MovementBatch::MovementBatch(Connection& main, Connection& auxiliary, Rights rights)
+    : m_main(main)
+    , m_auxiliary(auxiliary)
+    , m_rights(rights)
+    , m_lastKeyBefore(lastKey(main))
+{
+}
+
+bool MovementBatch::mayChange(QDate day)
+{
+    if (m_rights.modifyCash)
+        return true;
+    const auto [known, isNew] = m_mayChange.try_emplace(day, false);
+    if (isNew)
+        known->second = !isClosed(m_auxiliary, day);
+    return known->second;
+}
+
+std::variant<MovementCode, Refusal> MovementBatch::checked(const MovementDraft& draft)
+{
+    if (!mayChange(draft.day))
+        return Refusal::DayIsClosed;
+    return checkMovement(draft, [this](qint32 code) {
+        const auto [known, isNew] = m_codes.try_emplace(code);
+        if (isNew)
+            known->second = findCode(m_main, code, CodeSelection::All);
+        return known->second;
+    });
+}
+
+std::optional<Refusal> MovementBatch::check(const MovementDraft& draft)
+{
+    const auto outcome = checked(draft);
+    const auto* const refusal = std::get_if<Refusal>(&outcome);
+    return refusal ? std::optional(*refusal) : std::nullopt;
+}
+
+std::optional<Refusal> MovementBatch::add(const MovementDraft& draft)
+{
+    const auto outcome = checked(draft);
+    if (const auto* const refusal = std::get_if<Refusal>(&outcome))
+        return *refusal;
+    addMovement(m_main, draft, std::get<MovementCode>(outcome).group);
+    m_differences[draft.day] += draft.income - draft.expense;
+    return std::nullopt;
+}
+
+/// The days before it are right by now, so that the balance carried into it is.
+qint64 MovementBatch::settleDay(QDate day)
+{
+    const DayView view = readDay(m_main, day);
+    writeCashDay(m_main, day, view.figures);
+    return countRepeated(view.movements, m_lastKeyBefore);
+}
+
+qint64 MovementBatch::settle(const std::function<void(qint64, qint64)>& progress)
+{
+    qint64 repeated = 0;
+    qint64 settled = 0;
+    Currency moved;
+    for (auto each = m_differences.begin(); each != m_differences.end(); ++each) {
+        const auto& [day, difference] = *each;
+        repeated += settleDay(day);
+        moved += difference;
+        if (const auto next = std::next(each); next != m_differences.end())
+            shiftDaysBetween(m_main, day, next->first, moved);
+        else
+            shiftLaterDays(m_main, day, moved);
+        if (progress)
+            progress(++settled, static_cast<qint64>(m_differences.size()));
+    }
+    return repeated;
+}
+
+} // namespace lorvan

@@ -1,0 +1,76 @@
+#include "cashbook/movement_store.h"
+
+#include "cashbook/day_view.h"
+#include "platform/engine/connection.h"
+
+namespace lorvan {
+namespace {
+
+Movement movementIn(const Statement& row)
+{
+    Movement movement;
+    movement.key = row.integer(0);
+    movement.code = row.number(1);
+    movement.day = row.date(2);
+    movement.description = row.text(3);
+    movement.income = row.currency(4);
+    movement.expense = row.currency(5);
+    movement.cheque = row.boolean(6);
+    movement.memorandum = row.currency(7);
+    return movement;
+}
+
+} // namespace
+
+std::vector<Movement> movementsOf(Connection& main, QDate day)
+{
+    auto rows = main.prepare("SELECT aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
+                             " WHERE hmeromhnia=? ORDER BY aa");
+    rows.bind(day);
+    std::vector<Movement> movements;
+    while (rows.step())
+        movements.push_back(movementIn(rows));
+    return movements;
+}
+
+std::optional<Movement> findMovement(Connection& main, qint64 key)
+{
+    auto row = main.prepare("SELECT aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
+                            " WHERE aa=?");
+    row.bind(key);
+    return row.step() ? std::optional(movementIn(row)) : std::nullopt;
+}
+
+void forEachMovement(Connection& main, const std::function<void(const Movement&)>& take)
+{
+    auto rows = main.prepare("SELECT aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
+                             " ORDER BY aa");
+    while (rows.step())
+        take(movementIn(rows));
+}
+
+void addMovement(Connection& main, const MovementDraft& movement, qint32 group)
+{
+    main.prepare("INSERT OR ABORT INTO kinhseis"
+                 " (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, grammh, epitagh, L_tajeos)"
+                 " VALUES (?,?,?,?,?,?,?,?,?)")
+        .bind(movement.code, movement.day, movement.description.trimmed(), movement.income, movement.expense, group,
+            storedLine(movement), movement.cheque, movement.memorandum)
+        .run();
+}
+
+void overwriteMovement(Connection& main, qint64 key, const MovementDraft& movement, qint32 group)
+{
+    main.prepare("UPDATE kinhseis SET kvdikos=?, perigrafh=?, esoda=?, ejoda=?, aa_omada=?, grammh=?, epitagh=?,"
+                 " L_tajeos=? WHERE aa=?")
+        .bind(movement.code, movement.description.trimmed(), movement.income, movement.expense, group,
+            storedLine(movement), movement.cheque, movement.memorandum, key)
+        .run();
+}
+
+void removeMovement(Connection& main, qint64 key)
+{
+    main.prepare("DELETE FROM kinhseis WHERE aa=?").bind(key).run();
+}
+
+} // namespace lorvan

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "export/table_sink.h"
+
+namespace lorvan {
+
+/// Writes a table as text, see TableFormat::Csv. The device must be open.
+class CsvSink : public TableSink {
+public:
+    explicit CsvSink(QIODevice& device);
+
+    void addRow(const std::vector<TableCell>& cells, const TableRowLook& look) override;
+    void finish() override { }
+
+private:
+    void write(const QByteArray& bytes);
+
+    QIODevice& m_device;
+};
+
+} // namespace lorvan

@@ -1,0 +1,89 @@
+#include "platform/engine/transaction.h"
+
+#include "platform/confirmation.h"
+#include "platform/engine/sql_error.h"
+#include "platform/stop_check.h"
+
+#include <QRandomGenerator>
+
+#include <limits>
+#include <string>
+
+namespace lorvan {
+
+namespace {
+
+std::string_view beginning(Transaction::Mode mode)
+{
+    switch (mode) {
+    case Transaction::Mode::Read:
+        return "BEGIN";
+    case Transaction::Mode::Write:
+        break;
+    case Transaction::Mode::Exclusive:
+        return "BEGIN EXCLUSIVE";
+    }
+    return "BEGIN IMMEDIATE";
+}
+
+} // namespace
+
+Transaction::Transaction(Connection& connection, Mode mode)
+    : m_connection(connection)
+    , m_rowsBefore(connection.changedRows())
+{
+    (void)connection.beginReading();
+    connection.prepare(beginning(mode)).run();
+    if (mode == Mode::Read)
+        return;
+    try {
+        connection.refuseReplaced(); // only now: whoever replaces a file shuts writers out until it is done
+    } catch (const SqlError&) {
+        connection.prepare("ROLLBACK").run();
+        throw;
+    }
+}
+
+Transaction::~Transaction()
+{
+    // After commit(), or once the engine has rolled back by itself (disk full), nothing is left to undo.
+    if (!m_connection.inTransaction())
+        return;
+    try {
+        m_connection.prepare("ROLLBACK").run();
+    } catch (const SqlError&) {
+        // Closing the connection rolls back what the engine could not undo now.
+    }
+}
+
+/// A number of its own marks the book with each change, which is found there afterwards or not. It stands on the page
+/// that every commit writes anyway.
+void Transaction::commit()
+{
+    if (m_connection.changedRows() == m_rowsBefore) {
+        m_connection.prepare("COMMIT").run();
+        return;
+    }
+    const qint32 stamp = QRandomGenerator::global()->bounded(1, std::numeric_limits<qint32>::max());
+    m_connection.execute("PRAGMA main.user_version = " + std::to_string(stamp));
+    try {
+        m_connection.prepare("COMMIT").run();
+    } catch (const SqlError& failure) {
+        if (m_connection.inTransaction() || !isStored(stamp, failure))
+            throw;
+        noteUnconfirmed();
+    }
+}
+
+bool Transaction::isStored(qint32 stamp, const SqlError& failure) const
+{
+    const Undisturbed undisturbed;
+    try {
+        auto row = m_connection.prepare("PRAGMA main.user_version");
+        return row.step() && row.number(0) == stamp;
+    } catch (const SqlError&) {
+        throw CommitUnknown(failure.code(), failure.engineMessage(), failure.statement());
+    }
+}
+
+} // namespace lorvan

@@ -1,0 +1,187 @@
+#include "report_page.h"
+
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace lorvan {
+
+namespace {
+
+constexpr int quietBorder = 9;
+constexpr float headerDistance = 135; // between page header and body, body and page footer
+
+/// Where a line starts that is `width` long.
+float alignedLeft(ColumnAlignment alignment, float left, float boxWidth, float width)
+{
+    switch (alignment) {
+    case ColumnAlignment::Centre:
+        return left + (boxWidth - width) / 2;
+    case ColumnAlignment::Right:
+        return left + boxWidth - width;
+    case ColumnAlignment::Left:
+        break;
+    }
+    return left;
+}
+
+/// How far from the start of its line a character stands.
+float offsetOf(const PlacedText& placed, qsizetype character)
+{
+    if (placed.isPlain)
+        return placed.font->plainWidth(placed.text.first(character));
+    QTextLayout layout(placed.text.toString(), placed.font->font());
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    return static_cast<float>(line.cursorToX(static_cast<int>(character)));
+}
+
+/// What of the characters `start` to `end` of its cell stands on this line; empty if nothing does.
+QRectF areaOf(const PlacedText& placed, qsizetype start, qsizetype end)
+{
+    const qsizetype lineStart = placed.text.data() - placed.whole.data();
+    const qsizetype from = std::max<qsizetype>(start - lineStart, 0);
+    const qsizetype to = std::min(end - lineStart, placed.text.size());
+    if (from >= to)
+        return {};
+    const float left = offsetOf(placed, from);
+    const float right = offsetOf(placed, to);
+    return QRectF(placed.left + left, placed.baseline - placed.font->ascent(), right - left, placed.font->lineHeight())
+        .normalized();
+}
+
+} // namespace
+
+ReportPage::ReportPage(const ReportLayout& layout, const std::vector<FlowBlock>& blocks, int number)
+    : m_layout(layout)
+    , m_clip(layout.body().left(), 0, layout.body().width(), layout.pageSize().height())
+{
+    const ReportDocument& document = layout.document();
+    const float bodyTop = static_cast<float>(layout.body().top());
+    placeThreeParts(m_header, document.header(), bodyTop - headerDistance);
+    for (const FlowBlock& block : blocks) {
+        const ReportItem item = document.item(block.item);
+        if (item.isParagraph())
+            placeParagraph(item, block, bodyTop + block.top);
+        else
+            placeRow(item, block, bodyTop + block.top);
+    }
+    QString footer = document.footer();
+    footer.replace(QStringLiteral("%d"), QString::number(number));
+    const float footerTop = static_cast<float>(layout.body().bottom()) + headerDistance;
+    placeThreeParts(m_footer, footer, footerTop + layout.headerFont().lineHeight());
+}
+
+void ReportPage::placeParagraph(const ReportItem& item, const FlowBlock& block, float top)
+{
+    const GlyphFont& font = m_layout.font(item);
+    const TextLines lines = m_layout.paragraphLines(item);
+    float baseline = top + (block.size.lineHeight - font.lineHeight()) / 2 + font.ascent();
+    for (int index = block.firstLine; index < block.firstLine + block.lines; ++index) {
+        const TextLine& line = lines[index];
+        m_texts.push_back({&font, item.textColour(), item.text().sliced(line.start, line.length), item.text(),
+            line.isPlain, static_cast<float>(m_layout.body().left()), baseline});
+        baseline += block.size.lineHeight;
+    }
+}
+
+void ReportPage::placeRow(const ReportItem& item, const FlowBlock& block, float top)
+{
+    const TableBoxes& boxes = m_layout.boxes(item);
+    const float bodyLeft = static_cast<float>(m_layout.body().left());
+    const GlyphFont& font = m_layout.font(item);
+    placeGround(item, top, top + block.size.heightOf(block.lines), boxes.width);
+
+    const int cells = std::min(item.cellCount(), static_cast<int>(boxes.columns.size()));
+    for (int cell = 0; cell < cells; ++cell) {
+        const ColumnBox& box = boxes.columns[static_cast<std::size_t>(cell)];
+        const QStringView text = item.cell(cell);
+        const CellLines inCell = m_layout.cellLines(font, box, text);
+        const qsizetype end = std::min<qsizetype>(block.firstLine + block.lines, inCell.lines.size());
+        float baseline = top + block.size.padding / 2 + font.ascent();
+        for (qsizetype index = block.firstLine; index < end; ++index, baseline += font.lineHeight()) {
+            const TextLine& line = inCell.lines[index];
+            m_texts.push_back({inCell.font, item.textColour(), text.sliced(line.start, line.length), text, line.isPlain,
+                alignedLeft(box.alignment, bodyLeft + box.left, box.width, line.width), baseline});
+        }
+    }
+}
+
+void ReportPage::placeGround(const ReportItem& item, float top, float bottom, float width)
+{
+    const float left = static_cast<float>(m_layout.body().left());
+    if (item.shade() != noShade)
+        m_shades.push_back({QRectF(left, top, width, bottom - top), item.shade()});
+    if (item.border() == quietBorder)
+        m_rules.push_back({left, left + width, bottom, PlacedRule::Look::Quiet});
+    if (item.border() == 2 || item.border() == 3)
+        m_rules.push_back({left, left + width, top, PlacedRule::Look::Strong});
+    if (item.border() == 1 || item.border() == 3)
+        m_rules.push_back({left, left + width, bottom, PlacedRule::Look::Strong});
+}
+
+/// The parts share the line; one alone has all of it. What needs more lines grows upwards.
+void ReportPage::placeThreeParts(std::array<QString, 3>& parts, const QString& text, float bottom)
+{
+    const ThreeParts split = splitIntoThree(text);
+    parts = {split.left, split.centre, split.right};
+    const auto used = std::count_if(parts.begin(), parts.end(), [](const QString& part) { return !part.isEmpty(); });
+    if (used == 0)
+        return;
+    const float width = static_cast<float>(m_layout.body().width()) / static_cast<float>(used);
+    placePart(parts[0], ColumnAlignment::Left, width, bottom);
+    placePart(parts[1], ColumnAlignment::Centre, width, bottom);
+    placePart(parts[2], ColumnAlignment::Right, width, bottom);
+}
+
+void ReportPage::placePart(QStringView part, ColumnAlignment alignment, float width, float bottom)
+{
+    if (part.isEmpty())
+        return;
+    const GlyphFont& font = m_layout.headerFont();
+    const TextLines lines = breakIntoLines(font, part, width);
+    const float height = static_cast<float>(lines.size()) * font.lineHeight();
+    float baseline = std::max(bottom - height, 0.F) + font.ascent();
+    for (const TextLine& line : lines) {
+        const float left = alignedLeft(alignment, static_cast<float>(m_layout.body().left()),
+            static_cast<float>(m_layout.body().width()), line.width);
+        m_texts.push_back({&font, 0, part.sliced(line.start, line.length), part, line.isPlain, left, baseline});
+        baseline += font.lineHeight();
+    }
+}
+
+QString ReportPage::text() const
+{
+    std::vector<const PlacedText*> lines;
+    for (const PlacedText& placed : m_texts)
+        lines.push_back(&placed);
+    const auto isHigher = [](const PlacedText* left, const PlacedText* right) {
+        return left->baseline < right->baseline;
+    };
+    std::stable_sort(lines.begin(), lines.end(), isHigher);
+    QString text;
+    const PlacedText* before = nullptr;
+    for (const PlacedText* const placed : lines) {
+        if (before)
+            text += isHigher(before, placed) ? u'\n' : u'\t';
+        text += placed->text;
+        before = placed;
+    }
+    return text;
+}
+
+std::vector<QRectF> ReportPage::find(const SearchText& wanted) const
+{
+    std::vector<QRectF> areas;
+    for (const PlacedText& placed : m_texts) {
+        for (qsizetype at = wanted.indexIn(placed.whole); at >= 0; at = wanted.indexIn(placed.whole, at + 1)) {
+            const QRectF area = areaOf(placed, at, at + wanted.length());
+            if (!area.isEmpty())
+                areas.push_back(area);
+        }
+    }
+    return areas;
+}
+
+} // namespace lorvan

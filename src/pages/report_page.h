@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/search_text.h"
+#include "report_flow.h"
+
+#include <QRectF>
+
+#include <array>
+#include <vector>
+
+namespace lorvan {
+
+/// One line of text where it stands on a page, in twips.
+struct PlacedText {
+    const GlyphFont* font = nullptr;
+    ReportColour colour = 0;
+    QStringView text; ///< the line
+    QStringView whole; ///< the cell or paragraph that it is a line of
+    bool isPlain = true;
+    float left = 0;
+    float baseline = 0;
+};
+
+struct PlacedShade {
+    QRectF area;
+    ReportColour colour = noShade;
+};
+
+/// A horizontal line of a table's border.
+struct PlacedRule {
+    enum class Look { Strong, Quiet };
+
+    float left = 0;
+    float right = 0;
+    float y = 0;
+    Look look = Look::Strong;
+};
+
+/// Everything that is to be seen on one page, from the page's top left corner, in twips. Holds views of the document's
+/// texts.
+class ReportPage {
+public:
+    /// `number` counts from 1.
+    ReportPage(const ReportLayout& layout, const std::vector<FlowBlock>& blocks, int number);
+
+    /// Nothing is painted left or right of it.
+    [[nodiscard]] const QRectF& clip() const { return m_clip; }
+    [[nodiscard]] const std::vector<PlacedShade>& shades() const { return m_shades; }
+    [[nodiscard]] const std::vector<PlacedRule>& rules() const { return m_rules; }
+    [[nodiscard]] const std::vector<PlacedText>& texts() const { return m_texts; }
+
+    /// What can be read there, a line of paper for each line; tabs between what stands side by side.
+    [[nodiscard]] QString text() const;
+
+    /// The areas of all places where the text stands, in reading order; two for a place that is broken into two lines.
+    [[nodiscard]] std::vector<QRectF> find(const SearchText& wanted) const;
+
+private:
+    void placeParagraph(const ReportItem& item, const FlowBlock& block, float top);
+    void placeRow(const ReportItem& item, const FlowBlock& block, float top);
+    void placeGround(const ReportItem& item, float top, float bottom, float width);
+    void placeThreeParts(std::array<QString, 3>& parts, const QString& text, float bottom);
+    void placePart(QStringView part, ColumnAlignment alignment, float width, float bottom);
+
+    const ReportLayout& m_layout;
+    QRectF m_clip;
+    std::array<QString, 3> m_header;
+    std::array<QString, 3> m_footer;
+    std::vector<PlacedShade> m_shades;
+    std::vector<PlacedRule> m_rules;
+    std::vector<PlacedText> m_texts;
+};
+
+} // namespace lorvan

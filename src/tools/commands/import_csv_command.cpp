@@ -1,0 +1,92 @@
+#include "support/command.h"
+
+#include "book/book_schema.h"
+#include "cashbook/opening_balance.h"
+#include "csv/csv_import.h"
+#include "support/claimed_marker.h"
+#include "support/opened_book.h"
+#include "support/progress_bar.h"
+#include "support/refused.h"
+
+namespace lorvan {
+namespace {
+
+void printBadLines(const CsvImportOutcome& outcome, std::ostream& errors)
+{
+    for (const BadLine& bad : outcome.badLines)
+        errors << bad.file.toStdString() << ':' << bad.line << ": " << bad.reason.toStdString() << '\n';
+    const qint64 others = outcome.badLineCount - static_cast<qint64>(outcome.badLines.size());
+    if (others > 0)
+        errors << "… και άλλες " << others << '\n';
+}
+
+void printRows(const char* what, const ImportedRows& rows, std::ostream& out)
+{
+    if (rows.added + rows.present > 0)
+        out << what << ": προστέθηκαν " << rows.added << ", υπήρχαν ήδη ίδιες εγγραφές " << rows.present << '\n';
+}
+
+void printDone(const CsvImportOutcome& outcome, std::ostream& out)
+{
+    printRows("Ομάδες", outcome.groups, out);
+    printRows("Κωδικοί", outcome.codes, out);
+    printRows("Υπόλοιπα ανοίγματος", outcome.openingDifferences, out);
+    out << "Κινήσεις: προστέθηκαν " << outcome.movements << '\n';
+    if (outcome.repeatedMovements > 0)
+        out << "Προσοχή: το βιβλίο είχε ήδη ίδιες κινήσεις με " << outcome.repeatedMovements << " από αυτές.\n";
+}
+
+CsvImportOutcome import(OpenedBook& book, const QString& folder, ImportChoices choices, const ToolContext& context)
+{
+    if (book.connection().isReadOnly())
+        throw Refused(QStringLiteral("Το βιβλίο είναι μόνο για ανάγνωση. Δεν έγινε τίποτα."));
+    ensureMainSchema(book.connection(), openingSteps());
+    ProgressBar bar(context, QStringLiteral("Εισαγωγή"));
+    return importCsv(book.connection(), folder, choices, context.clock, [&bar](qint64 done, qint64 whole) {
+        Interruption::check();
+        bar.show(done, whole);
+    });
+}
+
+ExitStatus importCsvFiles(Arguments& arguments, const ToolContext& context)
+{
+    ImportChoices choices;
+    if (arguments.takeFlag(QStringLiteral("--closed-days")))
+        choices.closedDays = ClosedDays::Accept;
+    if (arguments.takeFlag(QStringLiteral("--again")))
+        choices.takenBefore = TakenBefore::Accept;
+    const QString bookFolder = arguments.takeBookFolder();
+    const QString folder = arguments.takeWord(QStringLiteral("ο φάκελος με τα αρχεία CSV"));
+    arguments.finish();
+
+    readyBook(BookFiles(bookFolder));
+    const ClaimedMarker marker{BookFiles(bookFolder)};
+    OpenedBook book(bookFolder, Connection::Access::ReadWrite);
+    const CsvImportOutcome outcome = import(book, folder, choices, context);
+    if (outcome.badLineCount == 0) {
+        printDone(outcome, context.out);
+        return ExitStatus::Done;
+    }
+    printBadLines(outcome, context.errors);
+    throw Refused(QStringLiteral("Γραμμές με λάθη: %1. Δεν προστέθηκε τίποτα.").arg(outcome.badLineCount));
+}
+
+} // namespace
+
+Command importCsvCommand()
+{
+    return {QStringLiteral("import-csv"), QStringLiteral("ΦΑΚΕΛΟΣ ΦΑΚΕΛΟΣ_CSV [--closed-days] [--again]"),
+        QStringLiteral("Προσθέτει ομάδες, κωδικούς και κινήσεις από αρχεία CSV."),
+        QStringLiteral(
+            "\n  --closed-days   δέχεται και κινήσεις σε ημέρες που έχουν κλείσει\n"
+            "  --again         εισάγει και δεύτερη φορά ό,τι το βιβλίο θυμάται ότι έχει πάρει\n\n"
+            "Διαβάζει από τον ΦΑΚΕΛΟ_CSV όσα υπάρχουν από τα omades.csv, kvdikoi.csv και kinhseis.csv, όπως τα\n"
+            "γράφει η εντολή export, και μαζί τους τα υπόλοιπα ανοίγματος του opening_difference.csv. Οι κινήσεις\n"
+            "μπαίνουν σαν να πληκτρολογήθηκαν: αλλάζουν και τα υπόλοιπα των επόμενων ημερών. Αν έστω και μία\n"
+            "γραμμή έχει λάθος, δεν προστέθηκε τίποτα και οι γραμμές με λάθη αναφέρονται μία προς μία. Το βιβλίο\n"
+            "θυμάται τι πήρε: το ίδιο περιεχόμενο δεν μπαίνει δεύτερη φορά.\n"
+            "Το βιβλίο δεν πρέπει να χρησιμοποιείται από το πρόγραμμα.\n"),
+        importCsvFiles};
+}
+
+} // namespace lorvan

@@ -1,0 +1,52 @@
+#include "support/command.h"
+
+#include "book/path_file.h"
+#include "platform/windows1253.h"
+#include "support/refused.h"
+
+#include <QFileInfo>
+
+namespace lorvan {
+namespace {
+
+/// The folder as the path file can hold it, or a refusal.
+QString recordable(const QString& given)
+{
+    const QFileInfo info(given);
+    if (!info.isDir())
+        throw Refused(QStringLiteral("Δεν υπάρχει φάκελος %1.").arg(info.absoluteFilePath()));
+    const QString folder = info.canonicalFilePath();
+    if (!fitsWindows1253(folder))
+        throw Refused(QStringLiteral("Η διαδρομή %1 έχει χαρακτήρες έξω από τα ελληνικά και τα λατινικά"
+                                     " (Windows-1253) και δεν χωρά στο αρχείο διαδρομής.")
+                          .arg(folder));
+    if (folder != folder.trimmed() || folder.contains(u'\n') || folder.contains(u'\r'))
+        throw Refused(QStringLiteral("Η διαδρομή %1 τελειώνει σε κενό ή έχει αλλαγή γραμμής και δεν χωρά στο"
+                                     " αρχείο διαδρομής.")
+                          .arg(folder));
+    return folder;
+}
+
+ExitStatus notePath(Arguments& arguments, const ToolContext& context)
+{
+    const QString folder = recordable(arguments.takeWord(QStringLiteral("ο φάκελος των δεδομένων")));
+    arguments.finish();
+    const PathFile file(context.programFolder);
+    if (!file.replaceFolder(folder))
+        throw Refused(QStringLiteral("Το αρχείο %1 δεν γράφεται.").arg(file.path()));
+    context.out << file.path().toStdString() << ": " << folder.toStdString() << '\n';
+    return ExitStatus::Done;
+}
+
+} // namespace
+
+Command pathCommand()
+{
+    return {QStringLiteral("path"), QStringLiteral("ΦΑΚΕΛΟΣ"),
+        QStringLiteral("Σημειώνει τον φάκελο δεδομένων που ανοίγει το πρόγραμμα."),
+        QStringLiteral("\nΓράφεται στο DIADROMH.DAT, δίπλα στο πρόγραμμα. Το χρώμα και ο τίτλος που υπάρχουν εκεί\n"
+                       "μένουν όπως είναι.\n"),
+        notePath};
+}
+
+} // namespace lorvan

@@ -1,0 +1,413 @@
+#include "csv/csv_import.h"
+
+#include "cashbook/cash_closing.h"
+#include "cashbook/cash_day.h"
+#include "cashbook/movement_batch.h"
+#include "cashbook/opening_difference.h"
+#include "codes/code_maintenance.h"
+#include "codes/group_maintenance.h"
+#include "csv/csv_table.h"
+#include "csv/import_digest.h"
+#include "csv/taken_imports.h"
+#include "platform/date_text.h"
+#include "platform/engine/connection.h"
+#include "platform/engine/transaction.h"
+#include "support/refused.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <set>
+
+namespace lorvan {
+namespace {
+
+using Need = CsvColumn::Need;
+
+const std::vector<CsvColumn> groupColumns{{"aa"}, {"sxolia", Need::Optional}, {"perigrafh"}};
+const std::vector<CsvColumn> codeColumns{{"aa", Need::Optional}, {"kvdikos"}, {"perigrafh"}, {"omada", Need::Optional},
+    {"aa_omadas", Need::Optional}, {"lista", Need::Ignored}, {"esodo"}, {"energos", Need::Optional}};
+const std::vector<CsvColumn> movementColumns{{"aa", Need::Ignored}, {"kvdikos"}, {"hmeromhnia"}, {"perigrafh"},
+    {"esoda"}, {"ejoda"}, {"aa_omada", Need::Ignored}, {"grammh", Need::Ignored}, {"epitagh", Need::Optional},
+    {"L_tajeos", Need::Optional}};
+const std::vector<CsvColumn> openingColumns{{"day"}, {"amount"}};
+const std::vector<CsvColumn> counterColumns{{"name"}, {"seq"}};
+
+constexpr qint64 rowsBetweenReports = 256;
+constexpr qint64 settlingShare = 4; ///< Settling the days is taken for a fourth of reading the files.
+
+class Import {
+public:
+    Import(Connection& book, const QString& folder, ClosedDays closedDays, const StepProgress& progress);
+
+    [[nodiscard]] CsvImportOutcome run();
+    [[nodiscard]] QString digest() const { return m_digest.text(); } ///< Of all that run() has read.
+
+private:
+    using TakeRow = void (Import::*)(const CsvTable& row);
+
+    void noteWhatIsThere();
+    void readFile(const char* name, const std::vector<CsvColumn>& columns, TakeRow take);
+    void readRows(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take);
+    [[nodiscard]] bool takeNext(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take);
+    void noteBad(qint64 line, const QString& reason);
+    void report(qint64 done) const;
+
+    void takeGroup(const CsvTable& row);
+    void takeCode(const CsvTable& row);
+    void takeMovement(const CsvTable& row);
+    void takeOpening(const CsvTable& row);
+    void takeCounter(const CsvTable& row);
+
+    [[nodiscard]] MovementCode codeIn(const CsvTable& row);
+    void giveGroup(MovementCode& code, const CsvTable& row) const;
+    [[nodiscard]] qint32 groupNamed(const QString& name) const;
+    [[nodiscard]] std::optional<Refusal> enter(const MovementDraft& draft);
+    void enterOpening(QDate day, Currency amount);
+
+    [[nodiscard]] QString pathOf(const char* name) const { return m_folder + u'/' + QString::fromLatin1(name); }
+    [[nodiscard]] bool isAllGood() const { return m_outcome.badLineCount == 0; }
+
+    Connection& m_book;
+    QString m_folder;
+    const StepProgress& m_progress;
+    const ClosedDays m_closedDays;
+    MovementBatch m_batch;
+    CsvImportOutcome m_outcome;
+    std::map<qint32, QString> m_groups; ///< Names by number.
+    std::set<QString> m_groupNamesBefore;
+    std::set<QString> m_codeNamesBefore;
+    std::set<qint32> m_badCodes; ///< Movements under them are not blamed as well.
+    ImportDigest m_digest;
+    QString m_file;
+    bool m_fileIsLost = false;
+    qint64 m_bytesBefore = 0;
+    qint64 m_bytesInAll = 0;
+};
+
+Import::Import(Connection& book, const QString& folder, ClosedDays closedDays, const StepProgress& progress)
+    : m_book(book)
+    , m_folder(folder)
+    , m_progress(progress)
+    , m_closedDays(closedDays)
+    , m_batch(book, book, {.modifyCash = closedDays == ClosedDays::Accept})
+{
+    for (const char* const name : {import_files::groups, import_files::codes, import_files::movements})
+        m_bytesInAll += QFileInfo(pathOf(name)).size();
+}
+
+CsvImportOutcome Import::run()
+{
+    noteWhatIsThere();
+    readFile(import_files::groups, groupColumns, &Import::takeGroup);
+    readFile(import_files::codes, codeColumns, &Import::takeCode);
+    readFile(import_files::movements, movementColumns, &Import::takeMovement);
+    readFile(import_files::openingDifferences, openingColumns, &Import::takeOpening);
+    readFile(import_files::counters, counterColumns, &Import::takeCounter);
+    if (isAllGood()) {
+        m_outcome.repeatedMovements = m_batch.settle(
+            [this](qint64 done, qint64 days) { report(m_bytesInAll + m_bytesInAll / settlingShare * done / days); });
+    }
+    return std::move(m_outcome);
+}
+
+void Import::noteWhatIsThere()
+{
+    for (const CodeGroup& group : listGroups(m_book)) {
+        m_groups[group.number] = group.name;
+        m_groupNamesBefore.insert(group.name.trimmed().toCaseFolded());
+    }
+    for (const MovementCode& code : listCodes(m_book, CodeSelection::All))
+        m_codeNamesBefore.insert(code.description.trimmed().toCaseFolded());
+}
+
+/// A file that cannot be understood hides what the next ones refer to: these are then not read.
+void Import::readFile(const char* name, const std::vector<CsvColumn>& columns, TakeRow take)
+{
+    if (m_fileIsLost || !QFileInfo::exists(pathOf(name)))
+        return;
+    m_file = QString::fromLatin1(name);
+    CsvTable table(pathOf(name));
+    try {
+        table.readTitles(columns);
+        readRows(table, columns, take);
+    } catch (const BadRow& bad) {
+        noteBad(std::max<qint64>(table.line(), 1), QString::fromUtf8(bad.what()));
+        m_fileIsLost = true;
+    }
+    m_bytesBefore += table.bytesRead();
+}
+
+void Import::readRows(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take)
+{
+    for (qint64 row = 0; takeNext(table, columns, take); ++row) {
+        if (row % rowsBetweenReports == 0)
+            report(m_bytesBefore + table.bytesRead());
+    }
+}
+
+/// What stands beside the rows that an import is remembered by: taken again, it changes nothing.
+bool isBesides(const QString& file)
+{
+    return file == QLatin1String(import_files::counters) || file == QLatin1String(import_files::openingDifferences);
+}
+
+bool Import::takeNext(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take)
+{
+    try {
+        if (!table.next())
+            return false;
+        if (!isBesides(m_file))
+            m_digest.add(m_file, table, columns);
+        (this->*take)(table);
+    } catch (const BadRow& bad) {
+        if (bad.reach() == BadRow::Reach::File)
+            throw;
+        noteBad(table.line(), QString::fromUtf8(bad.what()));
+    }
+    return true;
+}
+
+void Import::noteBad(qint64 line, const QString& reason)
+{
+    ++m_outcome.badLineCount;
+    if (m_outcome.badLines.size() < CsvImportOutcome::mostBadLines)
+        m_outcome.badLines.push_back({m_file, line, reason});
+}
+
+void Import::report(qint64 done) const
+{
+    if (m_progress)
+        m_progress(done, m_bytesInAll + m_bytesInAll / settlingShare);
+}
+
+void Import::takeGroup(const CsvTable& row)
+{
+    const CodeGroup group{row.number("aa"), row.text("perigrafh").value_or(QString()).trimmed()};
+    if (group.number <= 0)
+        throw BadRow(QStringLiteral("aa: οι αριθμοί των ομάδων αρχίζουν από το 1"));
+    if (!isGroupName(group.name))
+        throw BadRow(QStringLiteral("λείπει η ονομασία της ομάδας"));
+    const auto present = m_groups.find(group.number);
+    if (present != m_groups.end() && present->second.trimmed() != group.name)
+        throw BadRow(QStringLiteral("ο αριθμός %1 ανήκει στην ομάδα «%2»").arg(group.number).arg(present->second));
+    if (present != m_groups.end()) {
+        ++m_outcome.groups.present;
+        return;
+    }
+    if (m_groupNamesBefore.contains(group.name.toCaseFolded()))
+        throw BadRow(QStringLiteral("η ομάδα «%1» υπάρχει ήδη στο βιβλίο με άλλον αριθμό").arg(group.name));
+    storeGroup(m_book, group, row.text("sxolia"));
+    m_groups[group.number] = group.name;
+    ++m_outcome.groups.added;
+}
+
+qint32 Import::groupNamed(const QString& name) const
+{
+    const auto isIt = [&name](const auto& group) { return group.second.trimmed() == name; };
+    const auto found = std::find_if(m_groups.begin(), m_groups.end(), isIt);
+    if (found == m_groups.end())
+        throw BadRow(QStringLiteral("omada: δεν υπάρχει ομάδα «%1»").arg(name));
+    if (std::any_of(std::next(found), m_groups.end(), isIt))
+        throw BadRow(
+            QStringLiteral("omada: περισσότερες ομάδες ονομάζονται «%1»· γράψτε τον αριθμό στη στήλη aa_omadas")
+                .arg(name));
+    return found->first;
+}
+
+/// The number counts where there is one; the name is the code's own copy, which a book may hold otherwise.
+void Import::giveGroup(MovementCode& code, const CsvTable& row) const
+{
+    const QString name = row.text("omada").value_or(QString());
+    if (!row.has("aa_omadas")) {
+        code.group = name.trimmed().isEmpty() ? 0 : groupNamed(name.trimmed());
+        code.groupName = name;
+        return;
+    }
+    code.group = row.number("aa_omadas", 0);
+    const auto group = m_groups.find(code.group);
+    if (code.group != 0 && group == m_groups.end())
+        throw BadRow(QStringLiteral("aa_omadas: δεν υπάρχει ομάδα με αριθμό %1").arg(code.group));
+    if (row.has("omada"))
+        code.groupName = name;
+    else
+        code.groupName = group == m_groups.end() ? QStringLiteral("") : group->second;
+}
+
+MovementCode Import::codeIn(const CsvTable& row)
+{
+    MovementCode code;
+    code.code = row.number("kvdikos");
+    m_badCodes.insert(code.code); // until the row has been taken
+    code.description = row.text("perigrafh").value_or(QString()).trimmed();
+    if (code.description.isEmpty())
+        throw BadRow(QStringLiteral("λείπει η περιγραφή του κωδικού"));
+    code.listLine = codeListLine(QString::number(code.code), code.description);
+    giveGroup(code, row);
+    code.income = row.flag("esodo", false);
+    code.active = row.flag("energos", true);
+    code.row = row.longNumber("aa", 0);
+    return code;
+}
+
+bool isSame(const MovementCode& one, const MovementCode& other)
+{
+    return one.description.trimmed() == other.description && one.group == other.group && one.income == other.income
+        && one.active == other.active && one.groupName.trimmed() == other.groupName.trimmed();
+}
+
+void Import::takeCode(const CsvTable& row)
+{
+    const MovementCode code = codeIn(row);
+    const auto present = findCode(m_book, code.code, CodeSelection::All);
+    if (present && !isSame(*present, code))
+        throw BadRow(QStringLiteral("ο κωδικός %1 υπάρχει ήδη με άλλα στοιχεία («%2»)")
+                         .arg(code.code)
+                         .arg(present->description));
+    if (!present && m_codeNamesBefore.contains(code.description.toCaseFolded()))
+        throw BadRow(QStringLiteral("η περιγραφή «%1» υπάρχει ήδη στο βιβλίο σε άλλον κωδικό").arg(code.description));
+    if (!present)
+        storeCode(m_book, code);
+    ++(present ? m_outcome.codes.present : m_outcome.codes.added);
+    m_badCodes.erase(code.code);
+}
+
+QString closedReason(QDate day)
+{
+    return QStringLiteral("η ημέρα %1 είναι κλεισμένη· με την επιλογή --closed-days γίνεται δεκτή").arg(dateText(day));
+}
+
+QString refusalReason(Refusal refusal, const MovementDraft& draft)
+{
+    switch (refusal) {
+    case Refusal::DayIsClosed:
+        return closedReason(draft.day);
+    case Refusal::CodeHasChanged:
+    case Refusal::NoCode:
+        return QStringLiteral("ο κωδικός %1 δεν υπάρχει ούτε στο βιβλίο ούτε στο kvdikoi.csv").arg(draft.code);
+    case Refusal::NoDescription:
+        return QStringLiteral("λείπει η περιγραφή της κίνησης");
+    case Refusal::DateIsInvalid:
+    case Refusal::MovementIsGone:
+        break;
+    }
+    return QStringLiteral("η ημερομηνία δεν είναι σωστή");
+}
+
+MovementDraft movementIn(const CsvTable& row)
+{
+    MovementDraft draft;
+    draft.code = row.number("kvdikos");
+    draft.day = row.date("hmeromhnia");
+    draft.description = row.text("perigrafh").value_or(QString());
+    draft.income = row.amount("esoda");
+    draft.expense = row.amount("ejoda");
+    draft.memorandum = row.amount("L_tajeos");
+    draft.cheque = row.flag("epitagh", false);
+    if (!draft.income.isZero() && !draft.expense.isZero())
+        throw BadRow(QStringLiteral("έχει και έσοδα και έξοδα"));
+    return draft;
+}
+
+/// Nothing will be kept after a bad line: the rest is only looked through.
+std::optional<Refusal> Import::enter(const MovementDraft& draft)
+{
+    try {
+        return isAllGood() ? m_batch.add(draft) : m_batch.check(draft);
+    } catch (const CurrencyOverflow&) {
+        throw BadRow(QStringLiteral("τα ποσά της ημέρας %1 είναι μαζί μεγαλύτερα από όσο μπορεί να κρατήσει το ταμείο")
+                         .arg(dateText(draft.day)));
+    }
+}
+
+void Import::takeMovement(const CsvTable& row)
+{
+    const MovementDraft draft = movementIn(row);
+    const auto refusal = enter(draft);
+    if (!refusal)
+        ++m_outcome.movements;
+    else if (*refusal != Refusal::CodeHasChanged || !m_badCodes.contains(draft.code))
+        throw BadRow(refusalReason(*refusal, draft));
+}
+
+void Import::takeOpening(const CsvTable& row)
+{
+    const QDate day = row.date("day");
+    const Currency amount = row.amount("amount");
+    const auto present = openingDifferences(m_book);
+    if (const auto found = present.find(storedDate(day)); found != present.end()) {
+        if (found->second != amount)
+            throw BadRow(QStringLiteral("το βιβλίο έχει ήδη άλλη διαφορά ανοίγματος για την %1").arg(dateText(day)));
+        ++m_outcome.openingDifferences.present;
+        return;
+    }
+    if (m_closedDays == ClosedDays::Refuse && isClosed(m_book, day))
+        throw BadRow(closedReason(day));
+    if (isAllGood())
+        enterOpening(day, amount);
+    ++m_outcome.openingDifferences.added;
+}
+
+/// Before the days are settled: the movements' share of the balances comes on top.
+void Import::enterOpening(QDate day, Currency amount)
+{
+    try {
+        addOpeningDifferences(m_book, {{storedDate(day), amount}});
+        shiftLaterDays(m_book, day.addDays(-1), amount);
+    } catch (const CurrencyOverflow&) {
+        throw BadRow(QStringLiteral("amount: τα υπόλοιπα γίνονται μεγαλύτερα από όσο μπορεί να κρατήσει το ταμείο"));
+    }
+}
+
+/// A number that was given once is not given again, also where its group or code is there no more.
+void Import::takeCounter(const CsvTable& row)
+{
+    const QString table = row.text("name").value_or(QString());
+    const qint64 last = row.longNumber("seq", 0);
+    if (table != QLatin1String("omades") && table != QLatin1String("kvdikoi"))
+        return;
+    m_book
+        .prepare("INSERT INTO sqlite_sequence (name, seq) SELECT ?1, 0"
+                 " WHERE NOT EXISTS (SELECT 1 FROM sqlite_sequence WHERE name=?1)")
+        .bind(table)
+        .run();
+    m_book.prepare("UPDATE sqlite_sequence SET seq=?2 WHERE name=?1 AND seq<?2").bind(table, last).run();
+}
+
+void refuseWithoutFiles(const QString& folder)
+{
+    for (const char* const name : {import_files::groups, import_files::codes, import_files::movements}) {
+        if (QFileInfo(folder + u'/' + QString::fromLatin1(name)).isFile())
+            return;
+    }
+    throw Refused(QStringLiteral("Στον φάκελο %1 δεν υπάρχει κανένα από τα αρχεία omades.csv, kvdikoi.csv και"
+                                 " kinhseis.csv.")
+                      .arg(folder));
+}
+
+bool addsSomething(const CsvImportOutcome& outcome)
+{
+    return outcome.groups.added + outcome.codes.added + outcome.movements > 0;
+}
+
+} // namespace
+
+CsvImportOutcome importCsv(
+    Connection& book, const QString& folder, ImportChoices choices, const Clock& clock, const StepProgress& progress)
+{
+    refuseWithoutFiles(folder);
+    Transaction writing(book);
+    Import import(book, folder, choices.closedDays, progress);
+    CsvImportOutcome outcome = import.run();
+    if (outcome.badLineCount != 0)
+        return outcome;
+    if (addsSomething(outcome)) {
+        if (choices.takenBefore == TakenBefore::Refuse)
+            refuseTaken(book, import.digest());
+        rememberImport(book, import.digest(), outcome, clock);
+    }
+    writing.commit();
+    return outcome;
+}
+
+} // namespace lorvan

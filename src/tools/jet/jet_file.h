@@ -1,0 +1,43 @@
+#pragma once
+
+#include "jet/jet_bytes.h"
+#include "jet/jet_damage.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace lorvan {
+
+/// The pages of one Jet 4.0 file, held in memory: a sequence of 4,096 bytes each, of which the first says the kind.
+class JetFile {
+public:
+    static constexpr std::uint32_t pageSize = 4096;
+
+    enum class PageKind : std::uint8_t { Header = 0, Data = 1, Definition = 2, UsageMap = 5 };
+
+    /// Reads a file of up to 2 GiB whole; nothing is written, and no lock file made.
+    /// Throws JetError for what is not there, is no plain file or cannot be read, and like the constructor.
+    static JetFile load(const QString& path, JetDamage& damage);
+
+    /// Checks the header. Throws NotAJetFile, and JetError for other versions of the format, encrypted pages and a file
+    /// without a whole page. A last page that is cut short is damage, and left out.
+    JetFile(QString name, QByteArray content, JetDamage& damage);
+
+    [[nodiscard]] const QString& name() const { return m_name; }
+    [[nodiscard]] std::uint32_t pageCount() const { return m_pageCount; }
+
+    /// Throws JetError for a page past the end.
+    [[nodiscard]] JetBytes page(std::uint32_t number) const;
+    [[nodiscard]] bool isOfKind(std::uint32_t number, PageKind kind) const;
+    /// The page, of which another kind is an error.
+    [[nodiscard]] JetBytes pageOfKind(std::uint32_t number, PageKind kind) const;
+
+private:
+    void checkHeader() const;
+
+    QString m_name;
+    QByteArray m_content;
+    std::uint32_t m_pageCount = 0;
+};
+
+} // namespace lorvan

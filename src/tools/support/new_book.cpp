@@ -1,0 +1,134 @@
+#include "support/new_book.h"
+
+#include "book/pending_restore.h"
+#include "platform/engine/key_ring.h"
+#include "platform/engine/sql_error.h"
+#include "platform/files/durable_files.h"
+#include "platform/files/file_error.h"
+#include "support/refused.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <array>
+#include <cerrno>
+#include <utility>
+
+namespace lorvan {
+namespace {
+
+/// The main database comes last: a folder that holds one is a book.
+std::array<QString, 3> pathsOf(const BookFiles& files)
+{
+    return {files.auxiliaryDatabase(), files.usageMarker(), files.mainDatabase()};
+}
+
+Refused unwritable(const QString& folder, const QString& systemReason)
+{
+    return Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(folder, systemReason).trimmed());
+}
+
+Book openBook(const BookFiles& files)
+{
+    KeyRing keys(bookPassword());
+    const QString main = files.mainDatabase();
+    const QString auxiliary = files.auxiliaryDatabase();
+    keys.prepare(auxiliary);
+    return {Connection::open(main, keys.keyFor(main), Connection::Access::ReadWrite),
+        Connection::open(auxiliary, keys.keyFor(auxiliary), Connection::Access::ReadWrite)};
+}
+
+} // namespace
+
+void refuseExistingBook(const BookFiles& files)
+{
+    finishRestore(files);
+    removeStagingRemainders(files);
+    for (const QString& path : {files.mainDatabase(), files.auxiliaryDatabase(), files.usageMarker()}) {
+        if (QFileInfo::exists(path))
+            throw BookExists(path.toStdString());
+    }
+}
+
+void fillHidden(const std::function<void()>& fill)
+{
+    try {
+        fill();
+    } catch (const CommitUnknown& failure) {
+        throw SqlError(failure.code(), failure.engineMessage(), failure.statement());
+    }
+}
+
+NewBook::NewBook(const QString& dataFolder)
+    : m_target(QFileInfo(dataFolder).absoluteFilePath())
+{
+    refuseExistingBook(m_target);
+    try {
+        makeFolder();
+        m_staging.emplace(m_target.dataFolder());
+        const BookFiles staged = m_staging->files();
+        fillHidden([&] { createBook(staged); });
+        m_book.emplace(openBook(staged));
+    } catch (...) {
+        removeFolders();
+        throw;
+    }
+}
+
+NewBook::~NewBook()
+{
+    m_book.reset();
+    if (!m_kept)
+        removeFolders();
+}
+
+void NewBook::makeFolder()
+{
+    try {
+        m_madeFolders = makeFolders(m_target.dataFolder(), FileAccess::Owner);
+    } catch (const FileError& error) {
+        throw unwritable(m_target.dataFolder(), error.reason());
+    }
+}
+
+void NewBook::removeFolders()
+{
+    m_staging.reset();
+    for (const QString& folder : std::as_const(m_madeFolders))
+        QDir().rmdir(folder);
+}
+
+void NewBook::keep()
+{
+    m_book.reset();
+    m_staging->noteMove();
+    moveIntoPlace();
+    m_kept = true;
+    m_staging->dataFolder().confirm();
+    m_staging.reset();
+}
+
+void NewBook::moveIntoPlace()
+{
+    const Folder& from = m_staging->folder();
+    const Folder& to = m_staging->dataFolder();
+    QStringList moved;
+    try {
+        for (const QString& path : pathsOf(m_target)) {
+            const QString name = QFileInfo(path).fileName();
+            if (path == m_target.mainDatabase())
+                to.sync(); // never the main database without the others
+            to.give(from.open(name, Folder::Opening::Read), FileAccess::LikeFolder);
+            from.rename(name, to, name, Folder::Taken::Refuse);
+            moved += name;
+        }
+    } catch (const FileError& error) {
+        for (const QString& name : std::as_const(moved))
+            to.remove(name);
+        if (error.number() == EEXIST)
+            throw BookExists(error.path().toStdString());
+        throw unwritable(m_target.dataFolder(), error.reason());
+    }
+}
+
+} // namespace lorvan

@@ -1,0 +1,74 @@
+#include "support/new_folder.h"
+
+#include "platform/files/file_error.h"
+#include "support/refused.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace lorvan {
+namespace {
+
+QString emptyPlace(const QString& place)
+{
+    const QFileInfo info(QDir::cleanPath(QFileInfo(place).absoluteFilePath()));
+    if (info.isSymLink() || (info.exists() && !info.isDir()))
+        throw Refused(QStringLiteral("Το %1 υπάρχει ήδη και δεν είναι φάκελος.").arg(info.filePath()));
+    if (info.isDir()
+        && !QDir(info.filePath()).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System))
+        throw Refused(QStringLiteral("Ο φάκελος %1 δεν είναι κενός. Τίποτα δεν αντικαθίσταται.").arg(info.filePath()));
+    if (!QFileInfo(info.path()).isDir())
+        throw Refused(QStringLiteral("Δεν υπάρχει ο φάκελος %1.").arg(info.path()));
+    return info.filePath();
+}
+
+QString hiddenPrefix()
+{
+    return WorkFolder::prefixHere(QStringLiteral(".lorvan-export-"));
+}
+
+Folder parentOf(const QString& place)
+{
+    Folder parent(QFileInfo(place).path());
+    WorkFolder::removeAbandoned(parent, hiddenPrefix());
+    return parent;
+}
+
+Refused unwritable(const QString& place, const QString& reason)
+{
+    const QString parent = QFileInfo(QDir::cleanPath(QFileInfo(place).absoluteFilePath())).path();
+    return Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(parent, reason));
+}
+
+void confirmFiles(const Folder& folder, const QStringList& names)
+{
+    for (const QString& name : names)
+        folder.open(name, Folder::Opening::Write).sync();
+    folder.sync();
+}
+
+} // namespace
+
+NewFolder::NewFolder(const QString& place)
+try : m_place(emptyPlace(place)), m_parent(parentOf(m_place)), m_work(m_parent, hiddenPrefix()) {
+} catch (const FileError& error) {
+    throw unwritable(place, error.reason());
+} catch (const LockRefused& error) {
+    throw unwritable(place, QString::fromUtf8(error.what()));
+}
+
+QStringList NewFolder::keep(const QStringList& files)
+{
+    QStringList staying;
+    try {
+        confirmFiles(m_work.folder(), files);
+        // In one step, and only over a folder that is empty still.
+        staying = m_work.keepAs(QFileInfo(m_place).fileName(), files);
+    } catch (const FileError& error) {
+        throw Refused(QStringLiteral("Ο φάκελος %1 δεν παίρνει τη θέση του. %2").arg(m_place, error.reason()));
+    }
+    m_parent.confirm();
+    return staying;
+}
+
+} // namespace lorvan

@@ -1,0 +1,92 @@
+#include "support/staging_folder.h"
+
+#include "platform/files/file_error.h"
+#include "support/refused.h"
+
+#include <QFileInfo>
+
+namespace lorvan {
+namespace {
+
+constexpr qint64 saltLength = 16; // the first bytes of an encrypted file, which no two files share
+
+const QString noteName = QStringLiteral("moving");
+
+QString namePrefix()
+{
+    return WorkFolder::prefixHere(QStringLiteral(".lorvan-"));
+}
+
+QString nameOf(const QString& path)
+{
+    return QFileInfo(path).fileName();
+}
+
+QByteArray beginningOf(const Folder& folder, const QString& name)
+{
+    return folder.isFile(name) ? folder.open(name, Folder::Opening::Read).read(saltLength) : QByteArray();
+}
+
+/// True where the auxiliary database came out of the staging folder and the main one, which follows last, did not.
+bool wasKilledWhileMoving(const Folder& staged, const Folder& target, const BookFiles& files)
+{
+    const QByteArray note = beginningOf(staged, noteName);
+    const QString main = nameOf(files.mainDatabase());
+    const QString auxiliary = nameOf(files.auxiliaryDatabase());
+    return note.size() == saltLength && staged.isFile(main) && !staged.exists(auxiliary) && !target.exists(main)
+        && beginningOf(target, auxiliary) == note;
+}
+
+Refused unwritable(const QString& folder, const QString& reason)
+{
+    return Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(folder, reason));
+}
+
+void takeBackMove(const Folder& staged, const Folder& target, const BookFiles& files)
+{
+    const QString marker = nameOf(files.usageMarker());
+    if (!staged.exists(marker))
+        target.remove(marker);
+    target.remove(nameOf(files.auxiliaryDatabase()));
+    target.sync();
+}
+
+} // namespace
+
+StagingFolder::StagingFolder(const QString& dataFolder)
+try : m_dataFolder(dataFolder), m_work(m_dataFolder, namePrefix()) {
+} catch (const FileError& error) {
+    throw unwritable(dataFolder, error.reason());
+} catch (const LockRefused& error) {
+    throw unwritable(dataFolder, QString::fromUtf8(error.what()));
+}
+
+void StagingFolder::noteMove() const
+{
+    try {
+        for (const QString& name : folder().names())
+            folder().open(name, Folder::Opening::Write).sync();
+        File note = folder().open(noteName, Folder::Opening::MakeNew, FileAccess::Owner);
+        note.write(beginningOf(folder(), nameOf(files().auxiliaryDatabase())));
+        note.sync();
+        folder().sync();
+        m_dataFolder.sync();
+    } catch (const FileError& error) {
+        throw unwritable(folder().path(), error.reason());
+    }
+}
+
+void removeStagingRemainders(const BookFiles& files)
+{
+    if (!QFileInfo(files.dataFolder()).isDir())
+        return;
+    const Folder target(files.dataFolder());
+    WorkFolder::removeAbandoned(target, namePrefix(), [&](const QString& name) {
+        const Folder staged = target.openFolder(name);
+        if (wasKilledWhileMoving(staged, target, files))
+            takeBackMove(staged, target, files);
+        return true;
+    });
+}
+
+} // namespace lorvan

@@ -1,0 +1,180 @@
+#include "book/usage_marker.h"
+#include "cashbook/code_picker.h"
+#include "cashbook/day_list.h"
+#include "cashbook/movement_entry_page.h"
+#include "cashbook/weekday.h"
+#include "controls/code_chooser.h"
+#include "controls/command_button.h"
+#include "controls/date_check.h"
+#include "controls/entry_field.h"
+#include "controls/guarded_window.h"
+#include "controls/main_controls.h"
+#include "controls/state_plate.h"
+#include "platform/date_text.h"
+
+#include <QLabel>
+#include <QScrollBar>
+
+#include <utility>
+
+namespace lorvan {
+
+void MovementEntryPage::start()
+{
+    const QDate today = m_clock.today();
+    m_date->setText(dateText(today));
+    m_fields.show({});
+    Q_EMIT figuresChanged({});
+    m_picker->clear();
+    refillCodes();
+    m_day = today;
+    m_weekday->setText(entryWeekday(today));
+    judgeDay();
+    fill(readDay());
+    m_commands[command::closeCash]->setVisible(m_rights.closeCash);
+}
+
+bool MovementEntryPage::dateLeft()
+{
+    if (std::exchange(m_putIntoDate, false) && m_date->text() == dateText(m_day))
+        return true;
+    const auto day = checkDate(*m_date, m_clock.today());
+    if (!day)
+        return false;
+    if (*day == m_day)
+        lookAtDayAgain(true);
+    else
+        goToDay(*day);
+    return true;
+}
+
+void MovementEntryPage::goToDay(QDate day)
+{
+    forgetCleared();
+    m_day = day;
+    m_weekday->setText(entryWeekday(day));
+    const bool shown = guarded(window(), [this] {
+        const bool refused = judgeDay();
+        fill(readDay());
+        if (refused) {
+            explainClosedDay(window());
+            putIntoDate();
+        }
+    });
+    if (!shown) {
+        m_list->setLines({}); // rather nothing than another day's movements and totals below this date
+        Q_EMIT figuresUnknown();
+    }
+}
+
+void MovementEntryPage::lookAtDayAgain(bool tellsKnownRefusal)
+{
+    guarded(window(), [this, tellsKnownRefusal] {
+        const bool wasRefused = m_isRefused;
+        const bool refused = judgeDay();
+        showLinesAgain(readDay());
+        if (refused && (tellsKnownRefusal || !wasRefused))
+            explainClosedDay(window());
+    });
+}
+
+void MovementEntryPage::lookAgain()
+{
+    guarded(window(), [this] {
+        if (isRefused(m_day) != m_isRefused)
+            lookAtDayAgain(false);
+        else
+            showLinesAgain(readDay());
+    });
+}
+
+bool MovementEntryPage::leaveAll()
+{
+    forgetCleared();
+    return m_checks.leaveAll();
+}
+
+void MovementEntryPage::putIntoDate()
+{
+    goBackTo(*m_date);
+    m_putIntoDate = true;
+}
+
+void MovementEntryPage::bringBackDay()
+{
+    m_checks.forget(m_date);
+    m_date->setText(dateText(m_day));
+    m_date->selectAll();
+}
+
+bool MovementEntryPage::isRefused(QDate day)
+{
+    return showClosedState(day) && !m_rights.modifyCash;
+}
+
+/// Asks anew whether the day is closed. True when the user may not change it: nothing can be typed then but a date.
+bool MovementEntryPage::judgeDay()
+{
+    const bool refused = m_isRefused = isRefused(m_day);
+    m_commands[command::insertMovement]->setVisible(!refused);
+    m_commands[command::closeCash]->setVisible(!refused);
+    m_chooser->setEnabled(!refused);
+    m_fields.setEnabled(!refused);
+    return refused;
+}
+
+bool MovementEntryPage::showClosedState(QDate day)
+{
+    const bool closed = day.isValid() && m_cashBook.isDayClosed(day);
+    if (closed)
+        m_state->showClosed();
+    else
+        m_state->showOpen();
+    return closed;
+}
+
+/// Reads the shown day and brings its row in line. The day is what counts: whatever keeps its row from being written, a
+/// locked or full disk, the marker, is told, and the day is shown all the same.
+DayView MovementEntryPage::readDay()
+{
+    DayView view = m_cashBook.showDay(m_day, DayRow::LeaveAlone);
+    guarded(window(), [this, &view] {
+        if (!m_marker.heldByAnother())
+            m_cashBook.bringInLine(view);
+    });
+    return view;
+}
+
+void MovementEntryPage::fill(const DayView& view)
+{
+    showLines(view);
+    if (view.movements.empty())
+        return;
+    m_fields.clearDescription();
+    m_fields.setAmounts({}, {});
+    m_list->selectLast();
+    focusEntry();
+}
+
+void MovementEntryPage::showLinesAgain(const DayView& view)
+{
+    const QModelIndex current = m_list->currentIndex();
+    const bool selected = m_list->selectionModel()->isSelected(current);
+    const QVariant key = current.data(Qt::UserRole);
+    const int scrolled = m_list->verticalScrollBar()->value();
+    showLines(view);
+    m_list->doItemsLayout();
+    if (selected)
+        selectLine(key.toLongLong());
+    m_list->verticalScrollBar()->setValue(scrolled);
+}
+
+void MovementEntryPage::selectLine(qint64 key)
+{
+    const QModelIndex first = m_list->model()->index(0, 0);
+    const auto same = m_list->model()->match(first, Qt::UserRole, key, 1, Qt::MatchExactly);
+    if (!same.isEmpty())
+        m_list->setCurrentIndex(same.first());
+}
+
+} // namespace lorvan

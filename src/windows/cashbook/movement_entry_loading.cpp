@@ -1,0 +1,148 @@
+#include "book/book.h"
+#include "cashbook/code_picker.h"
+#include "cashbook/day_list.h"
+#include "cashbook/movement_entry_page.h"
+#include "controls/command_button.h"
+#include "controls/entry_field.h"
+#include "controls/guarded_window.h"
+#include "controls/main_controls.h"
+#include "look/busy_pointer.h"
+
+#include <QShortcut>
+
+namespace lorvan {
+
+void MovementEntryPage::lineClicked()
+{
+    if (BusyPointer::isShown())
+        return;
+    if (!settle())
+        return;
+    guarded(window(), [this] { showClosedState(enteredDay()); });
+    keepCleared();
+    release();
+}
+
+void MovementEntryPage::releaseChanged()
+{
+    m_list->clearSelection();
+    release();
+    focusEntry();
+}
+
+void MovementEntryPage::addKeys()
+{
+    auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, this, &MovementEntryPage::takeBack);
+    auto* const undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), this);
+    undo->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(undo, &QShortcut::activated, this, &MovementEntryPage::bringBackCleared);
+}
+
+void MovementEntryPage::takeBack()
+{
+    if (BusyPointer::isShown())
+        return;
+    if (m_date->hasFocus())
+        bringBackDay();
+    else if (m_loaded) {
+        keepCleared();
+        releaseChanged();
+    }
+}
+
+void MovementEntryPage::keepCleared()
+{
+    forgetCleared();
+    const EntryContent typed = entry();
+    if (m_loaded)
+        m_cleared = {typed, m_loaded->movement};
+    else if (!typed.isBlank())
+        m_cleared = {typed, {}};
+}
+
+void MovementEntryPage::forgetCleared()
+{
+    m_cleared.reset();
+    m_notBack->hide();
+}
+
+void MovementEntryPage::bringBackCleared()
+{
+    if (!m_cleared || BusyPointer::isShown())
+        return;
+    guarded(window(), [this] {
+        const auto& loaded = m_cleared->loaded;
+        const auto stored = loaded ? m_cashBook.find(loaded->key) : std::nullopt;
+        const EntryReturn outcome = returnOf(*m_cleared, stored, !loaded || m_cashBook.mayChange(loaded->day));
+        const QString refusal = returnRefusalText(outcome);
+        m_notBack->setText(refusal);
+        m_notBack->setVisible(!refusal.isEmpty());
+        if (!refusal.isEmpty()) {
+            showLinesAgain(readDay());
+            return;
+        }
+        const ClearedEntry cleared = *m_cleared;
+        if (cleared.loaded) {
+            selectLine(cleared.loaded->key);
+            load(*cleared.loaded);
+        } else {
+            focusEntry();
+        }
+        setEntry(cleared.typed);
+        forgetCleared();
+    });
+}
+
+void MovementEntryPage::release()
+{
+    setLoaded(std::nullopt);
+    clearEntry();
+    m_fields.clearMemorandum();
+    m_fields.clearCheque();
+}
+
+void MovementEntryPage::lineOpened(qint64 key)
+{
+    if (BusyPointer::isShown() || key == 0)
+        return;
+    guarded(window(), [this, key] {
+        const auto movement = m_cashBook.find(key);
+        showClosedState(enteredDay());
+        if (!movement)
+            explain(Refusal::MovementIsGone, RefusedOperation::Change);
+        else if (m_cashBook.mayChange(movement->day))
+            load(*movement);
+    });
+}
+
+void MovementEntryPage::load(const Movement& movement)
+{
+    const auto code = findCode(m_book.main(), movement.code, CodeSelection::All);
+    m_picker->show(code.value_or(MovementCode{movement.code, {}, {}, 0, false, false}));
+    m_fields.show(movement);
+    const bool income = !movement.income.isZero();
+    m_fields.enableAmount(income ? MovementFields::Kind::Income : MovementFields::Kind::Expense);
+    setLoaded(movement);
+    forgetCleared();
+    m_fields.field(income ? field::income : field::expense)->setFocus(Qt::OtherFocusReason);
+}
+
+void MovementEntryPage::setLoaded(const std::optional<Movement>& movement)
+{
+    m_loaded.reset();
+    if (movement) {
+        m_memorandumStays = false;
+        m_loaded = {*movement, entry()};
+        markMemorandum();
+    }
+    using Look = CommandButton::Look;
+    for (const int index : {command::modifyMovement, command::removeMovement})
+        m_commands[index]->setVisible(movement.has_value());
+    m_commands[command::insertMovement]->setLook(movement ? Look::Outlined : Look::Solid);
+    m_date->setEnabled(!movement);
+    setTabOrders();
+}
+
+} // namespace lorvan

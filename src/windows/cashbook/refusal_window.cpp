@@ -1,0 +1,44 @@
+#include "cashbook/refusal_window.h"
+
+#include "look/message_window.h"
+
+namespace lorvan {
+
+void explainRefusal(QWidget* parent, Refusal refusal, RefusedOperation operation)
+{
+    const QString attention = QStringLiteral("Προσοχή");
+    const auto inform = [parent](const QString& title, const QString& text) {
+        showMessage(parent, QMessageBox::Information, title, text);
+    };
+    switch (refusal) {
+    case Refusal::DayIsClosed:
+        if (operation == RefusedOperation::Insert)
+            inform(attention, QStringLiteral("Ο χρήστης δεν έχει το δικαίωμα της εισαγωγής"));
+        else
+            explainClosedDay(parent);
+        break;
+    case Refusal::DateIsInvalid:
+        inform(QStringLiteral("Λάθος στην ημερομηνία"), QStringLiteral("Η ημερομηνία δεν είναι σωστή"));
+        break;
+    case Refusal::NoCode:
+        inform(QStringLiteral("Λάθος κωδικός"), QStringLiteral("Δεν έχετε δώσει κωδικό κίνησης"));
+        break;
+    case Refusal::CodeHasChanged:
+        inform(QStringLiteral("Λάθος κωδικός"), QStringLiteral("Ο κωδικός έχει αλλάξει ενημερώστε ξανά!"));
+        break;
+    case Refusal::NoDescription:
+        inform(QStringLiteral("Λάθος στην περιγραφή"), QStringLiteral("Δεν υπάρχει περιγραφή της κίνησης"));
+        break;
+    case Refusal::MovementIsGone:
+        inform(attention, QStringLiteral("Η κίνηση δεν υπάρχει πια. Την έχει διαγράψει άλλος χρήστης."));
+        break;
+    }
+}
+
+void explainClosedDay(QWidget* parent)
+{
+    showMessage(parent, QMessageBox::Critical, QStringLiteral("Προσοχή"),
+        QStringLiteral("Το ταμείο έχει κλείσει και δεν έχετε δικαίωμα να το μεταβάλετε"));
+}
+
+} // namespace lorvan

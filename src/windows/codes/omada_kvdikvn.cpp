@@ -1,0 +1,283 @@
+#include "codes/omada_kvdikvn.h"
+
+#include "controls/command_button.h"
+#include "controls/entry_field.h"
+#include "controls/guarded_window.h"
+#include "controls/plain_list.h"
+#include "look/busy_pointer.h"
+#include "look/focus_rules.h"
+#include "look/message_window.h"
+#include "look/themed_label.h"
+#include "look/window_placement.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace lorvan {
+namespace {
+
+constexpr QSize firstSize{520, 380};
+constexpr int margin = 16;
+constexpr int betweenGroups = 12;
+constexpr int betweenControls = 8;
+
+} // namespace
+
+OmadaKvdikvn::OmadaKvdikvn(Connection& main, MayChange mayChange, QWidget* parent)
+    : QDialog(parent)
+    , m_main(main)
+    , m_mayChange(std::move(mayChange))
+    , m_list(new PlainList)
+    , m_name(new EntryField(TypingRule::Any))
+    , m_commands(QStringLiteral("Command1"))
+{
+    setObjectName(QStringLiteral("OmadaKvdikvn"));
+    setWindowTitle(QStringLiteral("Ομάδες κωδικών"));
+    setModal(true);
+    layOut();
+    connectControls();
+    setLoaded(std::nullopt);
+    refill();
+    m_name->setFocus(Qt::OtherFocusReason);
+}
+
+void OmadaKvdikvn::layOut()
+{
+    auto* const heading = listHeading(QStringLiteral("Διαθέσιμες ομάδες "));
+    m_list->setObjectName(QStringLiteral("DBList1"));
+    m_list->setAccessibleName(heading->text().trimmed());
+    m_list->setToolTip(QStringLiteral("Διπλό κλίκ για διόρθωση ή διαγραφή"));
+    auto* const caption = fieldCaption(QStringLiteral("Ονομασία ομάδας  "));
+    m_name->setObjectName(QStringLiteral("Text1"));
+    m_name->setAccessibleName(caption->text().trimmed());
+
+    auto* const panel = new QWidget(this);
+    panel->setObjectName(QStringLiteral("SSPanel1"));
+    auto* const rows = new QVBoxLayout(panel);
+    rows->setContentsMargins(margin, margin, margin, margin);
+    rows->setSpacing(0);
+    rows->addWidget(heading);
+    rows->addSpacing(4);
+    rows->addWidget(m_list, 1);
+    rows->addSpacing(betweenGroups);
+    rows->addWidget(caption);
+    rows->addSpacing(2);
+    rows->addWidget(m_name);
+    rows->addSpacing(betweenGroups);
+    rows->addLayout(commandRow());
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
+    whole->addWidget(panel);
+    chainTabOrder({m_name, m_commands[Add], m_commands[Rename], m_commands[Remove], m_commands[Exit], m_list});
+    sizeWithin(this, firstSize);
+}
+
+QLayout* OmadaKvdikvn::commandRow()
+{
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(betweenControls);
+    row->addWidget(addCommand(
+        Add, QStringLiteral("insert"), QStringLiteral("Εισαγωγή"), QStringLiteral("Εισαγωγή ομάδας στη λίστα")));
+    row->addWidget(addCommand(
+        Rename, QStringLiteral("modify"), QStringLiteral("Μεταβολή"), QStringLiteral("Μεταβολή της ονομασίας")));
+    row->addWidget(addCommand(
+        Remove, QStringLiteral("delete"), QStringLiteral("Διαγραφή"), QStringLiteral("Διαγραφή της ομάδας")));
+    row->addStretch(1);
+    row->addWidget(addCommand(
+        Exit, QStringLiteral("exit"), QStringLiteral("Εξοδος"), QStringLiteral("Επιστροφή πίσω στο κυρίως πρόγραμμα")));
+    m_commands[Rename]->setLook(CommandButton::Look::Solid);
+    m_commands[Remove]->setLook(CommandButton::Look::Danger);
+    m_commands[Exit]->setLook(CommandButton::Look::Quiet);
+    return row;
+}
+
+CommandButton* OmadaKvdikvn::addCommand(Command index, const QString& icon, const QString& caption, const QString& tip)
+{
+    auto* const button = m_commands.add(index, new CommandButton(icon, caption));
+    button->setToolTip(tip);
+    button->captionLabel()->setObjectName(QStringLiteral("Label2(%1)").arg(index));
+    QSizePolicy keepPlace = button->sizePolicy();
+    keepPlace.setRetainSizeWhenHidden(true);
+    button->setSizePolicy(keepPlace);
+    connect(button, &CommandButton::clicked, this, [this, index] { dispatch(index); });
+    return button;
+}
+
+void OmadaKvdikvn::connectControls()
+{
+    connect(m_list, &PlainList::clicked, this, [this] {
+        if (!BusyPointer::isShown())
+            release();
+    });
+    connect(m_list, &PlainList::opened, this, [this](const QModelIndex& group) {
+        if (!BusyPointer::isShown())
+            load(group);
+    });
+    connect(m_list, &PlainList::removalAsked, this, [this](const QModelIndex& group) {
+        if (m_loaded == group.data(Qt::UserRole).toInt())
+            dispatch(Remove);
+    });
+}
+
+void OmadaKvdikvn::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        focusNextChild();
+    else if (event->matches(QKeySequence::Cancel) && holdsUnstoredText())
+        m_name->setFocus(Qt::OtherFocusReason); // closing would lose it
+    else
+        QDialog::keyPressEvent(event);
+}
+
+bool OmadaKvdikvn::holdsUnstoredText() const
+{
+    return m_name->isModified() && isGroupName(m_name->text());
+}
+
+// Changes
+
+void OmadaKvdikvn::dispatch(Command command)
+{
+    if (BusyPointer::isShown())
+        return;
+    if (command == Exit) {
+        hide();
+        return;
+    }
+    const BusyPointer busy;
+    guarded(this, [this, command] {
+        if (m_mayChange(this))
+            act(command);
+    });
+}
+
+void OmadaKvdikvn::act(Command command)
+{
+    switch (command) {
+    case Add:
+        addGroup();
+        break;
+    case Rename:
+        renameGroup();
+        break;
+    case Remove:
+        removeGroup();
+        break;
+    case Exit:
+        break;
+    }
+}
+
+void OmadaKvdikvn::addGroup()
+{
+    const auto outcome = lorvan::addGroup(m_main, m_name->text());
+    if (const auto* const refusal = std::get_if<GroupRefusal>(&outcome)) {
+        explain(*refusal, Add);
+        return;
+    }
+    m_name->setModified(false);
+    refill();
+    const qint32 added = std::get<CodeGroup>(outcome).number;
+    m_list->selectData(added);
+    if (m_loaded)
+        setLoaded(added); // the buttons act on what is selected and shown
+    goBackTo(*m_name);
+}
+
+void OmadaKvdikvn::renameGroup()
+{
+    if (!isGroupName(m_name->text())) {
+        explain(GroupRefusal::NoName, Rename);
+        return;
+    }
+    if (!askOkCancel(this, QMessageBox::Question, QStringLiteral("Μεταβολή στοιχείων"),
+            QStringLiteral("Να γίνει η μεταβολή των στοιχείων;")))
+        return;
+    const qint32 group = *m_loaded;
+    if (const auto refusal = lorvan::renameGroup(m_main, group, m_name->text())) {
+        explain(*refusal, Rename);
+        return;
+    }
+    m_name->setModified(false);
+    refill();
+    m_list->selectData(group);
+    setLoaded(std::nullopt);
+    goBackTo(*m_name);
+}
+
+void OmadaKvdikvn::removeGroup()
+{
+    if (!askOkCancel(this, QMessageBox::Critical, QStringLiteral("Διαγραφή ομάδας"),
+            QStringLiteral("Να γίνει η διαγραφή της ομάδας;")))
+        return;
+    if (const auto refusal = lorvan::removeGroup(m_main, *m_loaded)) {
+        explain(*refusal, Remove);
+        return;
+    }
+    const int place = m_list->currentIndex().row();
+    const bool byKey = focusWidget() == m_list;
+    refill();
+    release();
+    const QAbstractItemModel& groups = *m_list->model();
+    m_list->selectRow(groups.index(std::min(place, groups.rowCount() - 1), 0));
+    if (!byKey)
+        goBackTo(*m_name);
+}
+
+void OmadaKvdikvn::explain(GroupRefusal refusal, Command refused)
+{
+    const auto inform = [this](const QString& text) {
+        showMessage(this, QMessageBox::Information, QStringLiteral("Προσοχή"), text);
+    };
+    switch (refusal) {
+    case GroupRefusal::NoName:
+        inform(refused == Add ? QStringLiteral("Δεν έχετε δώσει την ονομασία της ομάδας")
+                              : QStringLiteral("Δεν έχετε δώσει την περιγραφή της ομάδας"));
+        break;
+    case GroupRefusal::NameExists:
+        inform(QStringLiteral("Η περιγραφή υπάρχει ήδη καταχωρημένη"));
+        break;
+    case GroupRefusal::IsGone:
+        inform(QStringLiteral("Η ομάδα δεν υπάρχει πια. Την έχει διαγράψει άλλος χρήστης."));
+        setLoaded(std::nullopt);
+        refill();
+        break;
+    }
+    goBackTo(*m_name);
+}
+
+// What is shown
+
+void OmadaKvdikvn::refill()
+{
+    std::vector<ListRow> rows;
+    for (const CodeGroup& group : listGroups(m_main))
+        rows.push_back({group.name, group.number});
+    m_list->setRows(rows);
+}
+
+void OmadaKvdikvn::load(const QModelIndex& group)
+{
+    setLoaded(group.data(Qt::UserRole).toInt());
+    m_name->setText(group.data().toString());
+    m_name->setCursorPosition(0);
+}
+
+void OmadaKvdikvn::release()
+{
+    setLoaded(std::nullopt);
+    m_name->clear();
+}
+
+void OmadaKvdikvn::setLoaded(std::optional<qint32> group)
+{
+    m_loaded = group;
+    m_commands[Rename]->setVisible(group.has_value());
+    m_commands[Remove]->setVisible(group.has_value());
+    m_commands[Add]->setLook(group ? CommandButton::Look::Outlined : CommandButton::Look::Solid);
+}
+
+} // namespace lorvan

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "look/focus_rules.h"
+
+#include <QComboBox>
+#include <QStringList>
+
+namespace lorvan {
+
+/// An editable combo box whose text is its owner's business: choosing a row only reports it, the owner then shows what
+/// it likes. No completion, no new entries, no wheel while closed.
+class CodeChooser : public QComboBox {
+    Q_OBJECT
+
+public:
+    explicit CodeChooser(QWidget* parent = nullptr);
+
+    /// Refills the list; the shown text stays, no row is current afterwards.
+    void setRows(const QStringList& rows);
+
+    /// Shows a text from its beginning; emits nothing and changes nothing else.
+    void showText(const QString& text);
+
+    /// Makes a row current, or none (-1), without touching the text; emits nothing.
+    void setCurrentRow(int row);
+
+    void showPopup() override;
+
+Q_SIGNALS:
+    void picked(int row); ///< By the list or the arrow keys. The shown text is still the one from before.
+    void enterPressed(); ///< Return or keypad Enter with the list closed; the key goes no further.
+    void typed(); ///< The user has edited the text.
+    void left(); ///< As EntryField::left().
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    void dress();
+    void noteActivated(int row);
+    void noteEdited(const QString& text);
+
+    QString m_shown;
+    ClickSelection m_clickSelection;
+    bool m_leaving = false;
+    bool m_rowIsStale = false;
+};
+
+} // namespace lorvan

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "look/theme.h"
+
+class QPainter;
+class QStyleOption;
+class QStyleOptionComboBox;
+class QWidget;
+
+namespace lorvan {
+
+/// The property of a field that is framed as if it warned of something.
+inline constexpr auto markProperty = "marked";
+
+/// What the style draws itself. State and rectangle come from the option, colours from the theme.
+
+/// Ground and border of a field; off, it keeps only a faint border.
+void paintField(QPainter& painter, const QStyleOption& option, const Theme& theme, bool marked = false);
+
+void paintButton(QPainter& painter, const QStyleOption& option, const Theme& theme);
+void paintToolButton(QPainter& painter, const QStyleOption& option, const Theme& theme);
+void paintCheckBox(QPainter& painter, const QStyleOption& option, const Theme& theme);
+void paintRadioButton(QPainter& painter, const QStyleOption& option, const Theme& theme);
+
+/// The frame of a list or a text; its ground shows in the narrow margins around the rows.
+void paintAreaFrame(QPainter& painter, const QStyleOption& option, const QWidget& view, const Theme& theme);
+
+/// `arrow` is the place of the arrow.
+void paintComboBox(QPainter& painter, const QStyleOptionComboBox& option, const QRect& arrow, const Theme& theme);
+
+} // namespace lorvan

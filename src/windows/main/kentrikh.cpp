@@ -1,0 +1,397 @@
+#include "main/kentrikh.h"
+
+#include "book/version.h"
+#include "cashbook/movement_entry_page.h"
+#include "cashbook/opening_balance.h"
+#include "codes/code_catalogue.h"
+#include "codes/codes_page.h"
+#include "codes/omada_kvdikvn.h"
+#include "controls/guarded_window.h"
+#include "controls/main_controls.h"
+#include "controls/notice_line.h"
+#include "look/busy_pointer.h"
+#include "look/message_window.h"
+#include "look/remembered_size.h"
+#include "look/window_placement.h"
+#include "main/tab_band.h"
+#include "main/totals_bar.h"
+#include "platform/amount_text.h"
+#include "printing/printing_page.h"
+
+#include <QAbstractButton>
+#include <QScopeGuard>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QShowEvent>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+namespace lorvan {
+namespace {
+
+constexpr QSize firstSize{788, 541};
+constexpr QSize leastSize{720, 500};
+
+/// Every action that changes data, but for the insertion of a code.
+bool isGuarded(int index)
+{
+    switch (index) {
+    case command::insertMovement:
+    case command::modifyMovement:
+    case command::removeMovement:
+    case command::modifyCode:
+    case command::removeCode:
+    case command::closeCash:
+    case command::editGroups:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+Kentrikh::Kentrikh(
+    Book book, UsageMarker marker, Rights rights, DataFolderSettings settings, Clock clock, KeyRing& keys)
+    : m_book(std::move(book))
+    , m_marker(std::move(marker))
+    , m_rights(rights)
+    , m_settings(std::move(settings))
+    , m_clock(std::move(clock))
+    , m_locks(lockReachOf(BookFiles(m_settings.dataFolder)))
+    , m_band(new TabBand(this))
+    , m_pages(new QStackedWidget(this))
+    , m_entryPage(new MovementEntryPage(m_book, m_marker, rights, m_clock, this))
+    , m_codesPage(new CodesPage(m_book, this))
+    , m_printingPage(new PrintingPage(m_clock, this))
+    , m_totals(new TotalsBar(this))
+    , m_notices(m_settings.dataFolder, m_marker, m_clock, this)
+    , m_reports(BookFiles(m_settings.dataFolder), keys)
+    , m_backup(BookFiles(m_settings.dataFolder), keys, m_clock)
+    , m_session(this)
+    , m_away(this, m_clock)
+{
+    setObjectName(QStringLiteral("kentrikh"));
+    layOut();
+    addTabKeys();
+    connectPages();
+}
+
+Kentrikh::~Kentrikh() = default;
+
+void Kentrikh::layOut()
+{
+    m_band->addTab(
+        QStringLiteral("daybook"), QStringLiteral("Ημερήσια κίνηση "), QStringLiteral("Εισαγωγή εσόδων και εξόδων"));
+    m_band->addTab(QStringLiteral("codes"), QStringLiteral("Κωδικοί κινήσεων "),
+        QStringLiteral("Εισαγωγή και μεταβολή κωδικών - ομάδων"));
+    m_band->addTab(
+        QStringLiteral("print"), QStringLiteral("Εκτυπώσεις "), QStringLiteral("Εκτύπωση ταμείου και καρτελών"));
+    m_band->addTab(QStringLiteral("exit"), QStringLiteral("Εξοδος "), QStringLiteral("Εξοδος από το πρόγραμμα"));
+
+    for (QWidget* const page : std::initializer_list<QWidget*>{m_entryPage, m_codesPage, m_printingPage})
+        m_pages->addWidget(scrolling(page));
+
+    auto* const central = new QWidget(this);
+    auto* const rows = new QVBoxLayout(central);
+    rows->setContentsMargins({});
+    rows->setSpacing(0);
+    rows->addWidget(m_band);
+    rows->addWidget(m_notices.line());
+    rows->addWidget(m_pages, 1);
+    rows->addWidget(m_totals);
+    setCentralWidget(central);
+    setMinimumSize(leastSize.boundedTo(roomFor(this)));
+    restoreSize(this, firstSize);
+    centreOnWorkArea(this);
+}
+
+QWidget* Kentrikh::scrolling(QWidget* page)
+{
+    auto* const area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(page);
+    return area;
+}
+
+void Kentrikh::addTabKeys()
+{
+    const auto turn = [this](int step) {
+        const int target = m_band->tabs()->currentIndex() + step;
+        if (target >= tab::cashBook && target < tab::exit)
+            m_band->tabs()->setCurrentIndex(target);
+    };
+    const auto add = [this, turn](Qt::Key key, int step) {
+        auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | key), this);
+        connect(shortcut, &QShortcut::activated, this, [turn, step] { turn(step); });
+    };
+    add(Qt::Key_PageUp, -1);
+    add(Qt::Key_PageDown, 1);
+}
+
+void Kentrikh::connectPages()
+{
+    connect(m_entryPage, &MovementEntryPage::commandPressed, this, &Kentrikh::dispatch);
+    connect(m_codesPage, &CodesPage::commandPressed, this, &Kentrikh::dispatch);
+    connect(m_printingPage, &PrintingPage::commandPressed, this, &Kentrikh::dispatch);
+    connect(m_entryPage, &MovementEntryPage::figuresChanged, this, [this](const CashDayFigures& figures) {
+        m_totals->setFigures(amountOrZeroText(figures.income), amountOrZeroText(figures.expense),
+            amountOrZeroText(figures.closingBalance));
+    });
+    connect(
+        m_codesPage, &CodesPage::codesChanged, this, [this] { guarded(this, [this] { m_entryPage->refillCodes(); }); });
+    connect(m_entryPage, &MovementEntryPage::figuresUnknown, this, [this] { m_totals->setFigures({}, {}, {}); });
+    connect(m_band->tabs(), &QTabBar::currentChanged, this, &Kentrikh::selectTab);
+    connect(m_entryPage, &MovementEntryPage::dayClosed, &m_notices, &MainNotices::dayClosed);
+    connect(&m_away, &AwayWatch::returned, this, &Kentrikh::lookAgain);
+    m_notices.followBackup(m_backup);
+}
+
+void Kentrikh::initialise()
+{
+    m_entryPage->start();
+    m_band->setVersion(QStringLiteral("Έκδοση  ") + programVersion());
+    if (m_locks != LockReach::Nobody)
+        m_marker.claim();
+    backUpIfHeld();
+    refreshCaption();
+    m_notices.tellLocks(m_locks, m_book.main().isReadOnly());
+    m_band->setHeading(m_settings.heading);
+}
+
+void Kentrikh::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (!event->spontaneous())
+        m_entryPage->focusEntry();
+}
+
+// Buttons
+
+void Kentrikh::dispatch(int command)
+{
+    if (BusyPointer::isShown())
+        return;
+    m_notices.actionBegins();
+    bool groupsWanted = false;
+    {
+        const BusyPointer busy;
+        guarded(this, [this, command, &groupsWanted] {
+            if (!isAdmitted(command))
+                return;
+            groupsWanted = command == command::editGroups;
+            act(command);
+        });
+        tellUnconfirmed(this);
+    }
+    if (groupsWanted)
+        editGroups(); // its buttons run actions of their own
+}
+
+bool Kentrikh::isAdmitted(int command)
+{
+    const bool leaving = command == command::exitFromCashPage || command == command::exitFromCodesPage;
+    if (!leaving)
+        m_book.refuseReplaced();
+    if (!leaving && !(settle(command) && isOffered(command)))
+        return false;
+    return !isGuarded(command) || !refusedByMarker(this);
+}
+
+bool Kentrikh::settle(int command)
+{
+    const bool judgesPeriodItself = command == command::printReport;
+    return m_entryPage->settle() && (judgesPeriodItself || m_printingPage->settle()) && !m_closed;
+}
+
+bool Kentrikh::isOffered(int command) const
+{
+    const auto* const button = findChild<QAbstractButton*>(QStringLiteral("Command1(%1)").arg(command));
+    return button && button->isVisible() && button->isEnabled();
+}
+
+bool Kentrikh::refusedByMarker(QWidget* asking)
+{
+    if (m_locks == LockReach::Nobody)
+        throw LocksUntrusted();
+    const auto holder = m_marker.guardChange();
+    backUpIfHeld();
+    follow(holder);
+    if (holder)
+        showMessage(asking, QMessageBox::Information, QStringLiteral("Αδύνατη η πρόσβαση"), markerRefusal(*holder));
+    else
+        m_book.setAccess(Connection::Access::ReadWrite); // also where the marker cannot be claimed and refuses nobody
+    return holder.has_value();
+}
+
+void Kentrikh::act(int command)
+{
+    switch (command) {
+    case command::insertMovement:
+        m_entryPage->insertMovement();
+        break;
+    case command::modifyMovement:
+        m_entryPage->modifyMovement();
+        break;
+    case command::removeMovement:
+        m_entryPage->removeMovement();
+        break;
+    case command::closeCash:
+        m_entryPage->closeCash();
+        break;
+    case command::insertCode:
+        insertCode();
+        break;
+    case command::modifyCode:
+        m_codesPage->modifyCode();
+        break;
+    case command::removeCode:
+        m_codesPage->removeCode();
+        break;
+    case command::printReport:
+        printReport();
+        break;
+    case command::exitFromCashPage:
+    case command::exitFromCodesPage:
+        if (confirmExit())
+            end();
+        break;
+    default:
+        break;
+    }
+}
+
+/// The marker does not guard it.
+void Kentrikh::insertCode()
+{
+    if (!m_marker.owns())
+        admitUnguarded(BookFiles(m_settings.dataFolder));
+    m_book.setAccess(Connection::Access::ReadWrite);
+    const auto backToReading = qScopeGuard([this] { guarded(this, [this] { refreshCaption(); }); });
+    m_codesPage->insertCode();
+}
+
+void Kentrikh::editGroups()
+{
+    guarded(this, [this] {
+        OmadaKvdikvn groups(
+            m_book.main(), [this](QWidget* asking) { return !refusedByMarker(asking); }, this);
+        groups.exec();
+        m_codesPage->refreshGroups();
+    });
+    tellUnconfirmed(this);
+}
+
+void Kentrikh::printReport()
+{
+    auto request = m_printingPage->request();
+    if (!request)
+        return;
+    request->inputs.heading = m_settings.heading;
+    m_reports.print(std::move(*request), this);
+}
+
+// Tabs
+
+void Kentrikh::selectTab(int tab)
+{
+    if (tab != tab::exit && !(m_entryPage->leaveAll() && m_printingPage->leaveAll() && !m_closed)) {
+        keepTab(); // what was refused stays in sight
+        return;
+    }
+    m_notices.actionBegins();
+    guarded(this, [this] { refreshCaption(); });
+    if (tab != tab::exit && !guarded(this, [this] { m_book.refuseReplaced(); }))
+        keepTab();
+    else if (tab != tab::exit)
+        showTab(tab);
+    else if (confirmExit())
+        end();
+    else
+        keepTab();
+}
+
+void Kentrikh::keepTab()
+{
+    const QSignalBlocker selectionAsItWas(m_band->tabs());
+    m_band->tabs()->setCurrentIndex(m_tab);
+}
+
+void Kentrikh::showTab(int tab)
+{
+    const int earlier = std::exchange(m_tab, tab);
+    m_pages->setCurrentIndex(tab);
+    guarded(this, [this, tab] { followMarker(tab); });
+    guarded(this, [this, tab, earlier] { fillPage(tab, earlier); });
+}
+
+void Kentrikh::refreshCaption()
+{
+    follow(m_marker.heldByAnother());
+}
+
+/// Nothing may be written beside a holder, nor where locks keep nobody out. Where they keep other computers in, one of
+/// these may write as soon as the marker is free.
+void Kentrikh::follow(const std::optional<MachineIdentity>& holder)
+{
+    setWindowTitle(markerCaption(holder));
+    const bool mayWrite = m_marker.owns() || (!holder && m_locks == LockReach::Everybody);
+    const bool isNew = m_book.setAccess(mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
+    m_notices.followMarker(holder.has_value());
+    if (isNew)
+        m_book.ensureSchema(openingSteps());
+}
+
+/// Another computer may have changed the shown day meanwhile.
+void Kentrikh::lookAgain()
+{
+    if (m_tab != tab::cashBook || m_closed || BusyPointer::isShown())
+        return;
+    guarded(this, [this] { refreshCaption(); });
+    m_entryPage->lookAgain();
+}
+
+void Kentrikh::followMarker(int tab)
+{
+    if (tab == tab::printing) {
+        m_marker.release();
+        m_book.setAccess(Connection::Access::ReadOnly);
+        return;
+    }
+    if (m_locks != LockReach::Nobody)
+        m_marker.claim();
+    backUpIfHeld();
+    refreshCaption(); // another may have been quicker
+}
+
+void Kentrikh::backUpIfHeld()
+{
+    if (m_marker.owns())
+        m_backup.markerHeld();
+}
+
+void Kentrikh::fillPage(int tab, int earlierTab)
+{
+    switch (tab) {
+    case tab::cashBook:
+        m_entryPage->refillCodes();
+        m_entryPage->lookAgain();
+        m_entryPage->focusEntry();
+        break;
+    case tab::codes:
+        m_codesPage->start(m_rights.modifyCodes);
+        break;
+    case tab::printing:
+        m_printingPage->fill(
+            listCodes(m_book.main(), earlierTab == tab::cashBook ? CodeSelection::Active : CodeSelection::All),
+            listGroups(m_book.main()));
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace lorvan

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "backup/daily_backup.h"
+#include "book/book.h"
+#include "book/data_folder_settings.h"
+#include "book/lock_trust.h"
+#include "book/usage_marker.h"
+#include "cashbook/cash_day.h"
+#include "controls/away_watch.h"
+#include "main/main_notices.h"
+#include "main/session_end.h"
+#include "platform/clock.h"
+#include "printing/report_desk.h"
+#include "users/sign_in.h"
+
+#include <QMainWindow>
+
+class QStackedWidget;
+
+namespace lorvan {
+
+class CodesPage;
+class MovementEntryPage;
+class PrintingPage;
+class TabBand;
+class TotalsBar;
+
+/// The main window: the cash book, the codes and the printing page behind four tabs, and the day's totals below.
+/// Owns the open book and the usage marker for the life of the process.
+class Kentrikh : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// The keys must outlive the window.
+    Kentrikh(Book book, UsageMarker marker, Rights rights, DataFolderSettings settings, Clock clock, KeyRing& keys);
+    ~Kentrikh() override;
+
+    /// Shows today, claims the usage marker and sets the caption. Throws what the core throws; the program then ends.
+    void initialise();
+
+    /// True once the marker is released and the program is ending.
+    [[nodiscard]] bool isClosed() const { return m_closed; }
+
+    /// Closes the window without a question, whatever was typed.
+    void end();
+
+Q_SIGNALS:
+    void closed();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void layOut();
+    QWidget* scrolling(QWidget* page);
+    void addTabKeys();
+    void connectPages();
+
+    void dispatch(int command);
+    [[nodiscard]] bool isAdmitted(int command);
+    void act(int command);
+    void insertCode();
+    void editGroups();
+    void printReport();
+    /// Judges what was left and not judged yet. False when something was refused, or the program was ended meanwhile.
+    [[nodiscard]] bool settle(int command);
+    /// False for a button that settling has hidden or disabled under the mouse.
+    [[nodiscard]] bool isOffered(int command) const;
+    /// Tells the user over the window that asks when another computer holds the marker.
+    [[nodiscard]] bool refusedByMarker(QWidget* asking);
+
+    void selectTab(int tab);
+    void keepTab();
+    void showTab(int tab);
+    void refreshCaption();
+    void follow(const std::optional<MachineIdentity>& holder);
+    void followMarker(int tab);
+    void backUpIfHeld();
+    void fillPage(int tab, int earlierTab);
+    [[nodiscard]] bool confirmExit();
+    void askToEnd();
+    void lookAgain();
+
+    Book m_book;
+    UsageMarker m_marker;
+    const Rights m_rights;
+    const DataFolderSettings m_settings;
+    const Clock m_clock;
+    const LockReach m_locks;
+    TabBand* m_band;
+    QStackedWidget* m_pages;
+    MovementEntryPage* m_entryPage;
+    CodesPage* m_codesPage;
+    PrintingPage* m_printingPage;
+    TotalsBar* m_totals;
+    MainNotices m_notices;
+    ReportDesk m_reports;
+    DailyBackup m_backup;
+    SessionEnd m_session;
+    AwayWatch m_away;
+    bool m_isEnding = false; ///< Nothing more is asked.
+    int m_tab = 0; ///< The tab whose page is shown.
+    bool m_closed = false;
+};
+
+} // namespace lorvan

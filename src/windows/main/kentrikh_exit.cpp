@@ -1,0 +1,47 @@
+#include "cashbook/movement_entry_page.h"
+#include "controls/guarded_window.h"
+#include "look/message_window.h"
+#include "look/remembered_size.h"
+#include "main/kentrikh.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+
+namespace lorvan {
+
+bool Kentrikh::confirmExit()
+{
+    return askOkCancel(this, QMessageBox::Question, QStringLiteral("Εξοδος από το πρόγραμμα"),
+        QStringLiteral("Να τερματιστεί το πρόγραμμα;"), unsavedEntryText(m_entryPage->unsaved()));
+}
+
+void Kentrikh::end()
+{
+    m_isEnding = true;
+    close();
+}
+
+void Kentrikh::askToEnd()
+{
+    if (!m_closed && !QApplication::activeModalWidget() && confirmExit())
+        end();
+}
+
+void Kentrikh::closeEvent(QCloseEvent* event)
+{
+    if (!m_isEnding && !m_session.isUnderWay() && m_entryPage->unsaved() != UnsavedEntry::None) {
+        event->ignore(); // a signal to end must find no window that is closing already
+        QMetaObject::invokeMethod(this, &Kentrikh::askToEnd, Qt::QueuedConnection);
+        return;
+    }
+    rememberSize(this);
+    m_reports.close();
+    m_backup.retire();
+    m_notices.retire();
+    m_closed = true;
+    guarded(this, [this] { m_marker.retire(); }); // the program ends all the same
+    event->accept();
+    Q_EMIT closed();
+}
+
+} // namespace lorvan

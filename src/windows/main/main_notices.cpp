@@ -1,0 +1,90 @@
+#include "main/main_notices.h"
+
+#include "backup/daily_backup.h"
+#include "book/book_files.h"
+#include "controls/notice_line.h"
+#include "platform/files/folder.h"
+
+#include <chrono>
+
+namespace lorvan {
+namespace {
+
+constexpr std::chrono::seconds closedStandsFor{10};
+
+} // namespace
+
+MainNotices::MainNotices(const QString& dataFolder, const UsageMarker& marker, Clock clock, QWidget* window)
+    : m_dataFolder(dataFolder)
+    , m_marker(marker)
+    , m_clock(std::move(clock))
+    , m_watch(BookFiles(dataFolder).usageMarker())
+    , m_line(new NoticeLine(QStringLiteral("notices"), window))
+{
+    m_closedStands.setSingleShot(true);
+    connect(&m_closedStands, &QTimer::timeout, this, &MainNotices::actionBegins);
+    connect(&m_watch, &MarkerWatch::seen, this, &MainNotices::tellHolder);
+}
+
+void MainNotices::tellLocks(LockReach locks, bool isReadOnly)
+{
+    if (locks == LockReach::Nobody)
+        put(NoticeKind::LocksKeepNobodyOut, readOnlyNotice());
+    else if (const auto weakness = weakDiskNotice(locks, isReadOnly || Folder(m_dataFolder).knowsSync()))
+        put(NoticeKind::DiskIsWeak, *weakness);
+}
+
+void MainNotices::followMarker(bool isHeldByAnother)
+{
+    if (m_isRetired)
+        return;
+    m_watch.start();
+    tellHolder(isHeldByAnother ? UsageMarker::look(BookFiles(m_dataFolder).usageMarker()) : std::nullopt);
+}
+
+void MainNotices::tellHolder(const std::optional<MarkerHolder>& seen)
+{
+    if (seen && !m_marker.isOwn(*seen))
+        put(NoticeKind::HeldByAnother, heldNotice(*seen, m_clock.now()));
+    else
+        remove(NoticeKind::HeldByAnother);
+}
+
+void MainNotices::retire()
+{
+    m_isRetired = true;
+    m_watch.stop();
+}
+
+void MainNotices::put(NoticeKind kind, const Notice& notice)
+{
+    m_board.put(kind, notice);
+    show();
+}
+
+void MainNotices::remove(NoticeKind kind)
+{
+    m_board.remove(kind);
+    show();
+}
+
+void MainNotices::followBackup(DailyBackup& backup)
+{
+    connect(&backup, &DailyBackup::made, this, [this] { remove(NoticeKind::BackupFailed); });
+    connect(&backup, &DailyBackup::failed, this,
+        [this](const QString& reason) { put(NoticeKind::BackupFailed, backupFailedNotice(reason)); });
+}
+
+void MainNotices::dayClosed(QDate day)
+{
+    put(NoticeKind::DayClosed, dayClosedNotice(day));
+    m_closedStands.start(closedStandsFor);
+}
+
+void MainNotices::show()
+{
+    const Notice notice = m_board.shown();
+    m_line->tell(notice.text, notice.reason, notice.isWarning ? ColourRole::Warning : ColourRole::Text);
+}
+
+} // namespace lorvan

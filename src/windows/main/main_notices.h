@@ -1,0 +1,58 @@
+#pragma once
+
+#include "book/marker_watch.h"
+#include "book/notices.h"
+#include "platform/clock.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace lorvan {
+
+class DailyBackup;
+class NoticeLine;
+
+/// The line below the main window's tabs: what there is to say of the book, as it comes and goes.
+class MainNotices : public QObject {
+    Q_OBJECT
+
+public:
+    /// The line belongs to the window; the marker must outlive the object.
+    MainNotices(const QString& dataFolder, const UsageMarker& marker, Clock clock, QWidget* window);
+
+    [[nodiscard]] NoticeLine* line() const { return m_line; }
+
+    /// Says why the book's folder is not to be trusted in everything.
+    void tellLocks(LockReach locks, bool isReadOnly);
+
+    /// Says who holds the book, as it is known now; from then on the marker is looked at every few seconds. Throws
+    /// MarkerError.
+    void followMarker(bool isHeldByAnother);
+
+    /// Says whether the day's backup was made.
+    void followBackup(DailyBackup& backup);
+
+    /// Stands for ten seconds, or until actionBegins().
+    void dayClosed(QDate day);
+    void actionBegins() { remove(NoticeKind::DayClosed); }
+
+    /// The marker is not looked at any more.
+    void retire();
+
+private:
+    void tellHolder(const std::optional<MarkerHolder>& seen);
+    void put(NoticeKind kind, const Notice& notice);
+    void remove(NoticeKind kind);
+    void show();
+
+    QString m_dataFolder;
+    const UsageMarker& m_marker;
+    Clock m_clock;
+    MarkerWatch m_watch;
+    NoticeLine* m_line;
+    NoticeBoard m_board;
+    QTimer m_closedStands;
+    bool m_isRetired = false;
+};
+
+} // namespace lorvan

@@ -1,0 +1,130 @@
+#include "main/tab_band.h"
+
+#include "controls/band_tabs.h"
+#include "controls/label3d.h"
+#include "look/theme.h"
+
+#include <QPainter>
+
+namespace lorvan {
+namespace {
+
+constexpr int tabsLeft = 8;
+constexpr int sideMargin = 12;
+constexpr int gapBeforeLabels = 12;
+constexpr int leastLabelWidth = 96;
+constexpr int spaceAboveTabs = 6;
+constexpr qreal headingFactor = 1.15;
+constexpr qreal versionFactor = 0.85;
+
+Label3D* bandLabel(int index, QWidget* parent)
+{
+    auto* const label = new Label3D(parent);
+    label->setObjectName(QStringLiteral("Label3D1(%1)").arg(index));
+    label->setBackColor(Qt::transparent);
+    label->setAlignment(Label3D::TextAlignment::Right);
+    label->setElided(true);
+    label->setCaption({});
+    return label;
+}
+
+} // namespace
+
+TabBand::TabBand(QWidget* parent)
+    : QFrame(parent)
+    , m_tabs(new BandTabs(this))
+    , m_heading(bandLabel(1, this))
+    , m_version(bandLabel(0, this))
+{
+    m_tabs->setObjectName(QStringLiteral("Tab1"));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    connect(&Theme::instance(), &Theme::changed, this, &TabBand::dress);
+    dress();
+}
+
+int TabBand::addTab(const QString& iconName, const QString& caption, const QString& toolTip)
+{
+    const int index = m_tabs->addTab(caption);
+    m_tabs->setTabData(index, iconName);
+    m_tabs->setTabToolTip(index, toolTip);
+    updateGeometry();
+    layOut();
+    return index;
+}
+
+void TabBand::setHeading(const QString& text)
+{
+    m_heading->setCaption(text);
+    layOut();
+}
+
+void TabBand::setVersion(const QString& text)
+{
+    m_version->setCaption(text);
+    layOut();
+}
+
+void TabBand::dress()
+{
+    const Theme& theme = Theme::instance();
+    const QColor behind = theme.isDark() ? Qt::black : Qt::white;
+    m_heading->setFont(theme.font(headingFactor, QFont::Bold));
+    m_heading->setForeColor2(theme.colour(ColourRole::PageText));
+    m_heading->setForeColor1(behind);
+    m_version->setFont(theme.font(versionFactor));
+    m_version->setForeColor2(theme.colour(ColourRole::PageMuted));
+    m_version->setForeColor1(behind);
+    updateGeometry();
+    layOut();
+    update();
+}
+
+QSize TabBand::sizeHint() const
+{
+    const int labels = std::max(m_heading->sizeHint().width(), m_version->sizeHint().width());
+    const QSize tabs = m_tabs->sizeHint();
+    const int labelHeight = m_heading->sizeHint().height() + m_version->sizeHint().height();
+    return {tabsLeft + tabs.width() + gapBeforeLabels + labels + sideMargin,
+        std::max(tabs.height() + spaceAboveTabs, labelHeight + spaceAboveTabs)};
+}
+
+QSize TabBand::minimumSizeHint() const
+{
+    return {
+        tabsLeft + m_tabs->sizeHint().width() + gapBeforeLabels + leastLabelWidth + sideMargin, sizeHint().height()};
+}
+
+void TabBand::layOut()
+{
+    const QSize tabs = m_tabs->sizeHint();
+    m_tabs->setGeometry(tabsLeft, height() - tabs.height(), tabs.width(), tabs.height());
+    const int together = m_heading->sizeHint().height() + m_version->sizeHint().height();
+    const int top = (height() - together) / 2;
+    placeLabel(*m_heading, top);
+    placeLabel(*m_version, top + m_heading->sizeHint().height());
+}
+
+void TabBand::placeLabel(Label3D& label, int top)
+{
+    const int available = width() - m_tabs->geometry().right() - 1 - gapBeforeLabels - sideMargin;
+    const QSize wanted = label.sizeHint();
+    const int labelWidth = std::min(wanted.width(), available);
+    label.setGeometry(width() - sideMargin - labelWidth, top, labelWidth, wanted.height());
+    label.setToolTip(labelWidth < wanted.width() ? label.caption().toHtmlEscaped() : QString());
+}
+
+void TabBand::resizeEvent(QResizeEvent* event)
+{
+    QFrame::resizeEvent(event);
+    layOut();
+}
+
+void TabBand::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const Theme& theme = Theme::instance();
+    painter.fillRect(rect(), theme.colour(ColourRole::Band));
+    painter.fillRect(0, height() - 1, width(), 1, theme.colour(ColourRole::PageLine));
+}
+
+} // namespace lorvan

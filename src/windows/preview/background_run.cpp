@@ -1,0 +1,67 @@
+#include "preview/background_run.h"
+
+#include "look/busy_pointer.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+#include <chrono>
+#include <exception>
+#include <thread>
+
+namespace lorvan {
+
+using namespace std::chrono_literals;
+
+bool BackgroundRun::run(QWidget* parent, const ProgressTexts& texts, const Work& work)
+{
+    m_cancelled = false;
+    m_ended = false;
+    m_done = 0;
+    m_all = 0;
+    bool isWhole = false;
+    std::exception_ptr failure;
+    QEventLoop loop;
+    std::thread worker([&] {
+        try {
+            isWhole = work([this](int done, int all) {
+                m_done = done;
+                m_all = all;
+                return !m_cancelled;
+            });
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        m_ended = true;
+        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+    wait(loop, parent, texts);
+    if (!m_ended)
+        cancel(); // the program is ending, which ends every loop
+    worker.join();
+    if (failure && !m_cancelled)
+        std::rethrow_exception(failure);
+    return isWhole && !m_cancelled;
+}
+
+void BackgroundRun::wait(QEventLoop& loop, QWidget* parent, const ProgressTexts& texts)
+{
+    QTimer::singleShot(500ms, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    if (m_ended)
+        return;
+    if (m_cancelled) {
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+        return;
+    }
+    const OrdinaryPointer pointer;
+    ProgressWindow window(texts, parent);
+    QTimer update;
+    QObject::connect(&window, &ProgressWindow::cancelled, &loop, [this] { cancel(); });
+    QObject::connect(&update, &QTimer::timeout, &window, [this, &window] { window.setProgress(m_done, m_all); });
+    update.start(50ms);
+    window.show();
+    loop.exec();
+}
+
+} // namespace lorvan

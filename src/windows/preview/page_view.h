@@ -1,0 +1,97 @@
+#pragma once
+
+#include "preview/page_stack.h"
+#include "report_pages.h"
+
+#include <QAbstractScrollArea>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+namespace lorvan {
+
+/// The preview control `Tg`: a report's pages below each other, at any size. The first page is shown at once, the
+/// others are laid out while the window is idle. Only what is in sight is painted. Page Up and Down turn the pages,
+/// Home and End go to the first and the last one, arrows, blank, wheel and a drag scroll, the wheel with Ctrl changes
+/// the size. A document may ask for more of the mouse (PreviewMouse). Pages count from 0.
+class PageView : public QAbstractScrollArea {
+    Q_OBJECT
+
+public:
+    enum class Fit { None, Width, Page };
+
+    explicit PageView(QWidget* parent = nullptr);
+
+    void setPages(std::shared_ptr<ReportPages> pages);
+    [[nodiscard]] const std::shared_ptr<ReportPages>& pages() const { return m_pages; } ///< Null before setPages().
+    [[nodiscard]] int pageCount() const; ///< Grows until the pages are complete.
+
+    /// The page turned to, or else the one that takes up most of the view.
+    [[nodiscard]] int currentPage() const { return m_current; }
+    void goToPage(int page); ///< The nearest there is.
+    void goToLastPage(); ///< Once it is known.
+
+    [[nodiscard]] double zoom() const { return m_zoom; } ///< 1 is the size of the paper.
+    void setZoom(double zoom);
+    void zoomIn();
+    void zoomOut();
+    void setFit(Fit fit); ///< Stays so in another size of the window, until the zoom is changed.
+
+    /// Marks every place of a text; an empty one marks nothing.
+    void setSought(const SearchText& sought);
+    /// Marks one place, in twips, before the others and brings it into sight.
+    void showFound(int page, const QRectF& area);
+
+Q_SIGNALS:
+    void pagesGrown();
+    void currentPageChanged(int page);
+    void zoomChanged(double zoom);
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    struct Found {
+        int page;
+        QRectF area;
+    };
+
+    void layOutMore();
+    void updateScrollBars();
+    void setCurrent(int page);
+    void stepZoom(int steps, QPoint anchor);
+    void changeZoom(double zoom, QPoint anchor);
+    void applyFit();
+    void paintFrame();
+    void paintPage(QPainter& painter, int page) const;
+    void paintMarks(QPainter& painter, int page) const;
+
+    [[nodiscard]] PreviewMouse mouse() const;
+    [[nodiscard]] PageStack stack() const;
+    [[nodiscard]] QPoint contentOrigin() const; ///< Where the content's corner stands in the viewport.
+    [[nodiscard]] QSize roomForPages() const;
+
+    std::shared_ptr<ReportPages> m_pages;
+    QTimer m_layOutMore;
+    int m_current = 0;
+    bool m_isTurning = false;
+    bool m_wantsLast = false;
+    double m_zoom = 1;
+    Fit m_fit = Fit::None;
+    int m_wheelTurn = 0; ///< What of a notch was turned with Ctrl or Shift.
+    std::optional<QPoint> m_dragged; ///< Where the mouse was last while it drags.
+    SearchText m_sought{QStringView()};
+    std::optional<Found> m_found;
+};
+
+} // namespace lorvan

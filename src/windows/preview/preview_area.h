@@ -1,0 +1,32 @@
+#pragma once
+
+#include "preview/page_view.h"
+
+namespace lorvan {
+
+class ThemedLabel;
+
+/// What lies below menu and tool row: the page view, and under it, on the same ground, one line that says what goes on.
+class PreviewArea : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PreviewArea(QWidget* parent);
+
+    [[nodiscard]] PageView& view() const { return *m_view; }
+
+    /// Stays until the next one.
+    void say(const QString& text);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void layOut();
+
+    PageView* m_view;
+    ThemedLabel* m_line;
+};
+
+} // namespace lorvan

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "preview/preview_actions.h"
+#include "report_pages.h"
+
+#include <QWidget>
+
+#include <vector>
+
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+
+namespace lorvan {
+
+class ActionButton;
+
+/// The tool row of the preview: printing, pages, size, saving, search and the way back. Short of width, the search
+/// shrinks, then captions go.
+class PreviewTools : public QWidget {
+    Q_OBJECT
+
+public:
+    using Direction = ReportPages::Direction;
+
+    PreviewTools(const PreviewActions& actions, QWidget* parent);
+
+    /// Pages count from 0. While more pages are being laid out their number is shown with a plus.
+    void setPages(int current, int count, bool isComplete);
+    void setZoom(double zoom);
+    void goToSearch(); ///< With all of its text selected.
+    void setSearchFailed(bool hasFailed); ///< The text is nowhere.
+
+    /// After the view itself.
+    [[nodiscard]] std::vector<QWidget*> tabOrder() const;
+
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    void pageEntered(int page);
+    void soughtChanged(const QString& text);
+    void findAsked(lorvan::ReportPages::Direction direction);
+    void left(); ///< Escape or Enter in a field: the user goes back to the pages.
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    ActionButton* add(QAction* action, const char* icon, const QString& caption = {});
+    void addSeparator();
+    void addPageNumber();
+    void addSearch();
+    void enterPage();
+    void measure();
+    void showCaptions(bool areShown);
+    void showCaptionsThatFit();
+    [[nodiscard]] int neededWidth() const;
+
+    QHBoxLayout* m_row;
+    QLineEdit* m_page;
+    QLabel* m_count;
+    QLabel* m_zoom;
+    QLineEdit* m_sought;
+    std::vector<std::vector<ActionButton*>> m_captioned; ///< Together they lose their captions, the first ones first.
+    std::vector<QWidget*> m_order;
+    int m_current = 0;
+    qsizetype m_digits = 0; ///< For which there is room in the page number.
+    int m_leastWidth = 0; ///< Without captions.
+};
+
+} // namespace lorvan

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "codes/cash_analysis_groups.h"
+#include "controls/control_array.h"
+#include "platform/files/settings_store.h"
+
+#include <QDialog>
+
+#include <vector>
+
+class QLayout;
+class QScrollArea;
+class QVBoxLayout;
+
+namespace lorvan {
+
+class CodeBoxField;
+class CodeDropDown;
+class CommandButton;
+class Connection;
+class GroupFrame;
+class TitleEditor;
+
+/// The screen before a day's cash analysis: titles and codes of the four groups that are not cash. Modal; its button
+/// stores them and hides it. Its frame hides it without storing. The analysis goes on with what it showed either way.
+class AnalyshFRM : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `main` must outlive the screen; its codes are read when the first of them is to be chosen. `day` is the analysed
+    /// day as typed. Throws SettingsError when the stored groups cannot be read.
+    AnalyshFRM(Connection& main, SettingsStore settings, const QString& day, QWidget* parent = nullptr);
+
+    /// What the screen shows, also after it is hidden. A title that is still being changed counts as changed.
+    [[nodiscard]] AnalysisGroups groups() const;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void layOut();
+    QLayout* groupGrid();
+    void fillFrame(int group);
+    void addBoxRow(int box, QVBoxLayout* column);
+    void setTabOrders();
+
+    void showGroups(const AnalysisGroups& groups);
+    void setGroupTitle(int group, const QString& title);
+
+    void chooseCode(int box);
+    bool fillCodes();
+    void takeCode(int row);
+    void closeCodes();
+    void renameGroup(int group);
+    void takeTitle(const QString& title);
+    void placeOverlays();
+    void save();
+
+    Connection& m_main;
+    const SettingsStore m_settings;
+    ControlArray<GroupFrame> m_frames;
+    ControlArray<CodeBoxField> m_boxes;
+    ControlArray<CommandButton> m_choosers;
+    QScrollArea* m_area; ///< Scrolls where the screen is lower than the boxes.
+    CodeDropDown* m_codes;
+    TitleEditor* m_title;
+    CommandButton* m_save;
+    std::vector<CodeBox> m_available; ///< Empty until a code is to be chosen.
+    int m_chosenBox = 0; ///< Whose code is being chosen.
+    int m_renamedGroup = 1; ///< Whose title is being changed.
+};
+
+} // namespace lorvan

@@ -1,0 +1,59 @@
+#include "printing/code_box_field.h"
+
+#include "controls/row_delegate.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+
+namespace lorvan {
+namespace {
+
+constexpr int besideText = 20; ///< What the field's frame and padding take.
+
+} // namespace
+
+CodeBoxField::CodeBoxField(QWidget* parent)
+    : QLineEdit(parent)
+{
+    setReadOnly(true);
+}
+
+void CodeBoxField::setBox(const CodeBox& box)
+{
+    m_box = box;
+    setText(box.text);
+    home(false);
+}
+
+bool CodeBoxField::event(QEvent* event)
+{
+    const bool fits = fontMetrics().horizontalAdvance(text()) <= width() - besideText;
+    if (event->type() != QEvent::ToolTip || fits)
+        return QLineEdit::event(event);
+    const QString hint = toolTip().isEmpty() ? QString() : u'\n' + toolTip();
+    showPlainToolTip(static_cast<QHelpEvent*>(event)->globalPos(), text() + hint, this, rect());
+    return true;
+}
+
+void CodeBoxField::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    deselect(); // nothing can be typed in its place
+}
+
+void CodeBoxField::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Delete:
+        setBox({});
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        focusNextPrevChild(true);
+        break;
+    default:
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+} // namespace lorvan

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "codes/code_catalogue.h"
+#include "codes/group_card_choice.h"
+#include "platform/files/settings_store.h"
+
+#include <QDialog>
+
+#include <array>
+
+class QLabel;
+class QVBoxLayout;
+
+namespace lorvan {
+
+class TickList;
+
+/// The choice of the groups for the three columns of the group card. Modal; however it is closed, it stores the choice.
+/// Where that fails the user is told, the window closes, and choice() still has it.
+class EpiloghOmadvn : public QDialog {
+    Q_OBJECT
+
+public:
+    /// The groups in the order of the main window's list. Chosen is what was stored, by its positions; where that
+    /// cannot be read the user is told and nothing is chosen.
+    EpiloghOmadvn(const std::vector<CodeGroup>& groups, SettingsStore settings, QWidget* parent = nullptr);
+
+    [[nodiscard]] CardChoice choice() const;
+
+    void done(int result) override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QVBoxLayout* column(std::size_t column);
+    void fill(const std::vector<CodeGroup>& groups);
+    void restore();
+    void showCount(std::size_t column);
+
+    const SettingsStore m_settings;
+    std::array<TickList*, cardColumns> m_lists{};
+    std::array<QLabel*, cardColumns> m_counts{};
+    bool m_isRestored = false;
+};
+
+} // namespace lorvan

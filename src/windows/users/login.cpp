@@ -1,0 +1,308 @@
+#include "users/login.h"
+
+#include "book/lock_trust.h"
+#include "controls/command_button.h"
+#include "controls/entry_field.h"
+#include "controls/guarded_window.h"
+#include "controls/path_label.h"
+#include "controls/plain_list.h"
+#include "look/busy_pointer.h"
+#include "look/focus_rules.h"
+#include "look/ground_frame.h"
+#include "look/icons.h"
+#include "look/message_window.h"
+#include "look/themed_label.h"
+#include "look/window_placement.h"
+#include "platform/engine/connection.h"
+#include "users/administration_row.h"
+#include "users/start_failure_window.h"
+#include "users/user_maintenance.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+
+#include <algorithm>
+
+namespace lorvan {
+namespace {
+
+enum Field { Name, Password };
+enum Command { SignIn, End, AddUser, ChangeUser, RemoveUser, Unlock, CloseDays, DeleteData };
+
+constexpr int windowWidth = 640;
+constexpr int compactHeight = 155;
+constexpr int enlargedHeight = 400;
+constexpr int margin = 16;
+constexpr int betweenControls = 8;
+constexpr int stripWidth = 172;
+constexpr int stripIcon = 48;
+constexpr int signInWidth = 124;
+
+ThemedLabel* labelFor(int index, const QString& text, QWidget* buddy)
+{
+    auto* const label = new ThemedLabel(text, ColourRole::PageText);
+    label->setObjectName(QStringLiteral("Label1(%1)").arg(index));
+    label->setBuddy(buddy);
+    return label;
+}
+
+/// In a larger font the caption may need more than that.
+void widenTo(int width, CommandButton* button)
+{
+    button->setMinimumWidth(std::max(width, button->sizeHint().width()));
+}
+
+} // namespace
+
+Login::Login(BookFiles files, KeyRing& keys, const Clock& clock)
+    : m_files(std::move(files))
+    , m_keys(keys)
+    , m_fields(QStringLiteral("Text1"))
+    , m_commands(QStringLiteral("Command1"))
+{
+    setObjectName(QStringLiteral("Login"));
+    setWindowTitle(QStringLiteral("Δώστε κωδικό πρόσβασης."));
+
+    auto* const top = new QHBoxLayout;
+    top->setSpacing(0);
+    top->addWidget(nameStrip());
+    top->addLayout(signInForm(), 1);
+
+    m_maintenance = maintenanceArea(clock);
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins({});
+    rows->setSpacing(0);
+    rows->addLayout(top);
+    rows->addWidget(m_maintenance, 1);
+    setTabOrders();
+
+    connectControls();
+    for (const int onlyForSelected : {ChangeUser, RemoveUser})
+        m_commands[onlyForSelected]->setEnabled(false);
+    setSize(Size::Compact);
+    centreOnWorkArea(this);
+    m_fields[Name]->setFocus(Qt::OtherFocusReason);
+}
+
+QWidget* Login::nameStrip()
+{
+    auto* const strip = new GroundFrame(ColourRole::Band, GroundFrame::Separator::Right, this);
+    strip->setFixedWidth(stripWidth);
+    strip->setMinimumHeight(compactHeight); // of the enlarged window too, so that nothing moves
+    auto* const rows = new QVBoxLayout(strip);
+    rows->setSpacing(betweenControls);
+    rows->addStretch(1);
+    rows->addWidget(new IconView(QStringLiteral("daybook"), ColourRole::Accent, stripIcon), 0, Qt::AlignHCenter);
+    rows->addWidget(
+        new ThemedLabel(QStringLiteral("Lorvan"), ColourRole::Text, 1.45, QFont::Bold), 0, Qt::AlignHCenter);
+    rows->addStretch(1);
+    return strip;
+}
+
+EntryField* Login::addField(int index, QWidget* parent, const QString& name, const QString& tip)
+{
+    auto* const field = m_fields.add(index, new EntryField(TypingRule::Any, parent));
+    field->setAccessibleName(name);
+    field->setToolTip(tip);
+    return field;
+}
+
+CommandButton* Login::addCommand(
+    int index, const QString& icon, const QString& caption, const QString& tip, QWidget* parent)
+{
+    auto* const button = m_commands.add(index, new CommandButton(icon, caption, parent));
+    button->setToolTip(tip);
+    return button;
+}
+
+QLayout* Login::signInForm()
+{
+    EntryField* const name = addField(Name, this, QStringLiteral("Χρήστης"), QStringLiteral("Το όνομα του χρήστη"));
+    EntryField* const password =
+        addField(Password, this, QStringLiteral("Κωδικός"), QStringLiteral("Ο κωδικός του χρήστη"));
+    password->setEchoMode(QLineEdit::Password);
+    CommandButton* const signIn = addCommand(SignIn, QStringLiteral("key"), QStringLiteral("Σύνδεση"),
+        QStringLiteral("Ελεγχος για σωστό Ονομα/κωδικό"), this);
+    signIn->setLook(CommandButton::Look::Solid);
+    CommandButton* const end = addCommand(
+        End, QStringLiteral("exit"), QStringLiteral("Εξοδος"), QStringLiteral("Τερματισμός του προγράμματος"), this);
+    end->setLook(CommandButton::Look::Quiet);
+    widenTo(signInWidth, signIn);
+    widenTo(signInWidth, end);
+
+    auto* const grid = new QGridLayout;
+    grid->setContentsMargins(20, 0, margin, 0);
+    grid->setHorizontalSpacing(10);
+    grid->setVerticalSpacing(10);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(0, 1);
+    grid->setRowStretch(3, 1);
+    grid->addWidget(labelFor(Name, QStringLiteral("Χρήστης"), name), 1, 0);
+    grid->addWidget(name, 1, 1);
+    grid->addWidget(signIn, 1, 2);
+    grid->addWidget(labelFor(Password, QStringLiteral("Κωδικός "), password), 2, 0);
+    grid->addWidget(password, 2, 1);
+    grid->addWidget(end, 2, 2);
+    return grid;
+}
+
+QWidget* Login::maintenanceArea(const Clock& clock)
+{
+    auto* const area = new GroundFrame(ColourRole::Page, GroundFrame::Separator::Top, this);
+    auto* const rows = new QVBoxLayout(area);
+    rows->setContentsMargins(margin, betweenControls, margin, 12);
+    rows->setSpacing(betweenControls);
+    m_users = new UserMaintenance(m_files, m_keys, area);
+    addUserCommands(m_users);
+    m_users->layOut({m_commands[AddUser], m_commands[ChangeUser], m_commands[RemoveUser]});
+    rows->addWidget(m_users, 1);
+    m_administration = new AdministrationRow(m_files, m_keys, clock, area);
+    addAdministrationCommands(m_administration);
+    m_administration->layOut({m_commands[Unlock], m_commands[CloseDays], m_commands[DeleteData]});
+    rows->addWidget(m_administration);
+    return area;
+}
+
+void Login::addUserCommands(QWidget* parent)
+{
+    addCommand(AddUser, QStringLiteral("insert"), QStringLiteral("Εισαγωγή"),
+        QStringLiteral("Εισάγει το νεο χρήστη στη βάση"), parent);
+    addCommand(ChangeUser, QStringLiteral("modify"), QStringLiteral("Μεταβολή"),
+        QStringLiteral("Μεταβολή στοιχείων του χρήστη"), parent);
+    addCommand(RemoveUser, QStringLiteral("delete"), QStringLiteral("Διαγραφή"),
+        QStringLiteral("Διαγράφει το χρήστη από τη βάση"), parent)
+        ->setLook(CommandButton::Look::Danger);
+    for (const int index : {AddUser, ChangeUser, RemoveUser})
+        widenTo(signInWidth, m_commands[index]);
+}
+
+void Login::addAdministrationCommands(QWidget* parent)
+{
+    addCommand(Unlock, QStringLiteral("unlock"), {}, QStringLiteral("Ξεκλείδωμα βάσης"), parent)
+        ->setAccessibleName(QStringLiteral("Ξεκλείδωμα βάσης"));
+    addCommand(CloseDays, QStringLiteral("closecash"), QStringLiteral("Ταμεία"),
+        QStringLiteral("Κλείσιμο ανοικτών ταμείων"), parent);
+    addCommand(DeleteData, QStringLiteral("delete"), QStringLiteral("Διαγραφή βάσης"),
+        QStringLiteral("Διαγραφή όλων των στοιχείων της βάσης"), parent)
+        ->setLook(CommandButton::Look::Danger);
+}
+
+void Login::setTabOrders()
+{
+    const auto& checks = m_users->checks();
+    chainTabOrder({m_fields[Name], m_fields[Password], m_commands[SignIn], m_commands[End], m_users->list(),
+        m_users->name(), m_users->password(), checks[0], checks[1], checks[2], m_commands[AddUser],
+        m_commands[ChangeUser], m_commands[RemoveUser], m_commands[Unlock], m_commands[CloseDays],
+        m_administration->copyPath(), m_commands[DeleteData]});
+}
+
+void Login::connectControls()
+{
+    for (const auto& [index, button] : m_commands)
+        connect(button, &CommandButton::clicked, this, [this, index = index] { dispatch(index); });
+    connect(m_users, &UserMaintenance::offered, this, [this](bool isOffered) {
+        const QWidget* const focused = focusWidget();
+        if (!isOffered && (focused == m_commands[ChangeUser] || focused == m_commands[RemoveUser]))
+            m_users->list()->setFocus(Qt::OtherFocusReason); // or it would go on to the button that unlocks
+        m_commands[ChangeUser]->setEnabled(isOffered);
+        m_commands[RemoveUser]->setEnabled(isOffered);
+    });
+    connect(m_users, &UserMaintenance::removalAsked, this, [this] { dispatch(RemoveUser); });
+    connect(m_users, &UserMaintenance::removed, this, [this] {
+        for (EntryField* const field : {m_fields[Name], m_fields[Password], m_users->name(), m_users->password()})
+            field->clear();
+    });
+}
+
+void Login::dispatch(int command)
+{
+    if (BusyPointer::isShown())
+        return;
+    const BusyPointer busy;
+    switch (command) {
+    case SignIn:
+        signInAsTyped();
+        break;
+    case End:
+        Q_EMIT abandoned();
+        break;
+    case AddUser:
+        m_users->addUser();
+        break;
+    case ChangeUser:
+        m_users->changeUser();
+        break;
+    case RemoveUser:
+        m_users->removeUser();
+        break;
+    case Unlock:
+        m_administration->unlock();
+        break;
+    case CloseDays:
+        m_administration->closeDays();
+        break;
+    case DeleteData:
+        m_administration->deleteData();
+        break;
+    default:
+        break;
+    }
+    if (command != SignIn && command != End)
+        tellUnconfirmed(this);
+}
+
+void Login::setSize(Size size)
+{
+    m_maintenance->setVisible(size == Size::Enlarged);
+    const int height = size == Size::Enlarged ? enlargedHeight : compactHeight;
+    setMinimumSize(0, 0);
+    layout()->activate();
+    sizeWithin(this, {windowWidth, height});
+    keepOnWorkArea(this);
+}
+
+void Login::signInAsTyped()
+{
+    const QString name = m_fields[Name]->text();
+    const QString password = m_fields[Password]->text();
+    if (isBuiltInAdministrator(name, password)) {
+        setSize(Size::Enlarged);
+        m_users->refill();
+        return;
+    }
+    setSize(Size::Compact);
+    try {
+        const QString users = m_files.auxiliaryDatabase();
+        Connection auxiliary = openBookFile(users, m_keys);
+        if (const auto session = signIn(auxiliary, name, password)) {
+            Q_EMIT signedIn(*session);
+            return;
+        }
+    } catch (const std::exception& failure) {
+        showStartFailure(failure);
+        Q_EMIT abandoned();
+        return;
+    }
+    showMessage(this, QMessageBox::Information, QStringLiteral("Εισαγωγή Ονόματος / κωδικού"),
+        QStringLiteral("Εχετε δώσει λάθος Ονομα ή κωδικό "));
+    goBackTo(*m_fields[Name]);
+}
+
+void Login::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    Q_EMIT abandoned();
+}
+
+void Login::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        focusNextPrevChild(true);
+    else
+        event->ignore(); // Escape would end the program
+}
+
+} // namespace lorvan

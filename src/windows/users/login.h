@@ -1,0 +1,65 @@
+#pragma once
+
+#include "book/book_files.h"
+#include "controls/control_array.h"
+#include "users/sign_in.h"
+
+#include <QDialog>
+
+class QLayout;
+
+namespace lorvan {
+
+class AdministrationRow;
+class Clock;
+class CommandButton;
+class EntryField;
+class KeyRing;
+class UserMaintenance;
+
+/// The sign-in window. The built-in administrator gets it enlarged by the maintenance area: the users, and the
+/// operations on the whole book.
+class Login : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `keys` must outlive the window.
+    Login(BookFiles files, KeyRing& keys, const Clock& clock);
+
+Q_SIGNALS:
+    void signedIn(const lorvan::UserSession& session);
+    void abandoned(); ///< Ended or closed, or the users could not be read: the program ends.
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    enum class Size { Compact, Enlarged };
+
+    QWidget* nameStrip();
+    QLayout* signInForm();
+    QWidget* maintenanceArea(const Clock& clock);
+    void addUserCommands(QWidget* parent);
+    void addAdministrationCommands(QWidget* parent);
+    EntryField* addField(int index, QWidget* parent, const QString& name, const QString& tip);
+    CommandButton* addCommand(
+        int index, const QString& icon, const QString& caption, const QString& tip, QWidget* parent);
+    void setTabOrders();
+
+    void connectControls();
+
+    void dispatch(int command);
+    void setSize(Size size);
+    void signInAsTyped();
+
+    BookFiles m_files;
+    KeyRing& m_keys;
+    ControlArray<EntryField> m_fields;
+    ControlArray<CommandButton> m_commands;
+    UserMaintenance* m_users = nullptr;
+    AdministrationRow* m_administration = nullptr;
+    QWidget* m_maintenance;
+};
+
+} // namespace lorvan

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "book/book_files.h"
+#include "users/user_accounts.h"
+
+#include <QGroupBox>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+class QCheckBox;
+class QLayout;
+
+namespace lorvan {
+
+class CommandButton;
+class EntryField;
+class KeyRing;
+class PlainList;
+
+/// The frame `SSFrame1` of the enlarged sign-in window, where the built-in administrator keeps the users. A click shows
+/// a user, a double click offers to change and delete it.
+class UserMaintenance : public QGroupBox {
+    Q_OBJECT
+
+public:
+    /// `keys` must outlive the frame.
+    UserMaintenance(BookFiles files, KeyRing& keys, QWidget* parent);
+
+    /// Reads the users anew, none of them offered or selected; a failure is told in a box and leaves the list empty.
+    void refill();
+
+    void addUser();
+    void changeUser();
+    void removeUser();
+
+    [[nodiscard]] PlainList* list() const { return m_list; }
+    [[nodiscard]] EntryField* name() const { return m_name; }
+    [[nodiscard]] EntryField* password() const { return m_password; }
+    /// In the order of the rights: change cash records, close the cash, change codes.
+    [[nodiscard]] const std::array<QCheckBox*, 3>& checks() const { return m_checks; }
+
+    /// Lays the frame out with the buttons that add, change and delete.
+    void layOut(const std::array<CommandButton*, 3>& commands);
+
+Q_SIGNALS:
+    /// A user is offered for change and deletion, or no longer.
+    void offered(bool isOffered);
+    void removed();
+    /// The Delete key on the user who is offered.
+    void removalAsked();
+
+private:
+    QLayout* fields();
+    void connectList();
+    void show(const QModelIndex& index);
+    void fillList();
+    void offer(std::optional<UserAccount> user);
+    [[nodiscard]] const UserAccount& userAt(const QModelIndex& index) const;
+    [[nodiscard]] UserAccount typed() const;
+    void tellThatUserIsGone();
+    [[nodiscard]] bool refusedAsIncomplete();
+    bool write(const std::function<void(Connection&)>& change);
+
+    BookFiles m_files;
+    KeyRing& m_keys;
+    std::vector<UserAccount> m_users;
+    std::optional<UserAccount> m_offered; ///< The user, as read, whom the buttons change and delete.
+    PlainList* m_list;
+    EntryField* m_name;
+    EntryField* m_password;
+    std::array<QCheckBox*, 3> m_checks{};
+};
+
+} // namespace lorvan

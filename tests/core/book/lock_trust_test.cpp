@@ -1,0 +1,235 @@
+#include "book/book_opening.h"
+#include "book/failure_text.h"
+#include "book/lock_trust.h"
+#include "cashbook/opening_balance.h"
+#include "platform/engine/sql_error.h"
+#include "platform/engine/steady_reading.h"
+#include "support/temporary_book.h"
+#include "support/vain_locks.h"
+#include "support/worker_log.h"
+#include "support/worker_process.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <iostream>
+#include <map>
+#include <sqlite3.h>
+#include <thread>
+
+namespace lorvan::test {
+namespace {
+
+Book openBookOf(const TemporaryBook& book)
+{
+    UsageMarker marker(book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("A")});
+    return openBook(
+        book.files(), testKeys(), marker, [] { return OpeningBalance{}; }, openingSteps());
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void overwrite(const QString& path, const QByteArray& beginning)
+{
+    std::this_thread::sleep_for(std::chrono::milliseconds(10)); // the clock of file times is coarse
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.write(beginning) == beginning.size());
+}
+
+/// As a program leaves a book that is killed while it writes.
+void leaveJournal(const TemporaryBook& book)
+{
+    const QString names[] = {book.files().mainDatabase(), book.files().mainDatabase() + QStringLiteral("-journal")};
+    std::map<QString, QByteArray> left;
+    {
+        Connection killed = book.openMain();
+        killed.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<900)"
+                       " INSERT INTO tameio (hmeromhnia) SELECT 20240000+i FROM n;"
+                       "PRAGMA cache_size = 2; BEGIN; UPDATE tameio SET esoda = 1; DELETE FROM kvdikoi");
+        for (const QString& name : names) {
+            QFile file(name);
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+            left[name] = file.readAll();
+        }
+    }
+    for (const auto& [name, bytes] : left) {
+        QFile file(name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+}
+
+} // namespace
+
+TEST(LockTrust, knowsMountsThatKeepLocksToThemselves)
+{
+    const struct {
+        const char* line;
+        bool isLocal;
+    } cases[] = {
+        {"1 0 8:1 / /books rw - ext4 /dev/sda1 rw", false},
+        {"1 0 0:5 / /books rw shared:7 master:2 - nfs srv:/x rw,vers=3,local_lock=none", false},
+        {"1 0 0:5 / /books rw shared:7 - nfs srv:/x rw,vers=3,local_lock=all", true},
+        {"1 0 0:5 / /books rw - nfs4 srv:/x rw,local_lock=posix", true},
+        {"1 0 0:5 / /books rw - nfs srv:/x rw,nolock", true},
+        {"1 0 0:5 / /books rw - cifs //srv/x rw,nobrl", true},
+        {"1 0 0:5 / /books rw - cifs //srv/x rw", false},
+        {"1 0 0:5 / /books rw - fuse.sshfs me@srv: rw", true},
+        {"1 0 0:5 / /books rw - vboxsf x rw", true},
+        {"1 0 0:5 / /books rw - 9p x rw,version=9p2000.L", false},
+        {"1 0 0:5 / /books rw - 9p x rw,version=9p2000.u", true},
+        {"1 0 0:5 / /book rw - vboxsf x rw", false},
+        {"1 0 0:5 / /books/ta\\040meia rw - vboxsf x rw", true},
+        {"1 0 0:5 / /books rw - vboxsf x rw\n2 1 8:1 / /books/ta\\040meia rw - ext4 /dev/sda1 rw", false},
+        {"cut short", false},
+    };
+    for (const auto& [line, isLocal] : cases)
+        EXPECT_EQ(keepsLocksLocal(QByteArray("9 0 8:1 / / rw - ext4 x rw\n") + line, QStringLiteral("/books/ta meia")),
+            isLocal)
+            << line;
+}
+
+TEST(LockTrust, whereLocksKeepNobodyOutTheBookIsOnlyLookedAt)
+{
+    const TemporaryBook book;
+    EXPECT_EQ(lockReachOf(book.files()), LockReach::Everybody);
+    EXPECT_NO_THROW(admitUnguarded(book.files()));
+    const VainLocks locks;
+    EXPECT_EQ(lockReachOf(book.files()), LockReach::Nobody);
+    EXPECT_THROW(admitUnguarded(book.files()), LocksUntrusted);
+    EXPECT_TRUE(openBookOf(book).main().isReadOnly());
+}
+
+TEST(LockTrust, anUnguardedActionWaitsForAJournalToGo)
+{
+    const TemporaryBook book;
+    QFile journal(book.files().mainDatabase() + QStringLiteral("-journal"));
+    ASSERT_TRUE(journal.open(QIODevice::WriteOnly));
+    std::thread other([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        journal.remove();
+    });
+    EXPECT_NO_THROW(admitUnguarded(book.files()));
+    EXPECT_FALSE(QFile::exists(book.files().mainDatabase() + QStringLiteral("-journal")));
+    other.join();
+}
+
+/// The same process changes the book meanwhile: between its connections, locks of the engine's own are in force.
+TEST(LockTrust, whatChangesWhileItIsReadIsReadAgain)
+{
+    const TemporaryBook book;
+    const VainLocks locks;
+    Connection main = openBookFile(book.files().mainDatabase(), testKeys());
+    std::vector<QString> seen;
+    readSteadily(main, [&] {
+        if (seen.size() == 1)
+            book.execute("DELETE FROM kvdikoi"); // between two readings
+        seen.push_back(valueOf(main, "SELECT count(*) FROM kvdikoi"));
+        if (seen.size() == 1)
+            throw SqlError(SQLITE_CORRUPT, QStringLiteral("half written"), {});
+    });
+    EXPECT_EQ(seen, (std::vector<QString>{QStringLiteral("2"), QStringLiteral("0")}));
+
+    // A first page that was written before the others: what is read then must not be kept.
+    book.execute("INSERT INTO kvdikoi (kvdikos) VALUES (1)");
+    const QByteArray after = contentOf(book.files().mainDatabase());
+    book.execute("DELETE FROM kvdikoi");
+    overwrite(book.files().mainDatabase(), after.first(1024));
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), QStringLiteral("0"));
+    overwrite(book.files().mainDatabase(), after);
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), QStringLiteral("1"));
+
+    book.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<1000)"
+                 " INSERT INTO tameio (hmeromhnia) SELECT 20240000+i FROM n");
+    auto rows = main.prepare("SELECT hmeromhnia FROM tameio");
+    ASSERT_TRUE(rows.step());
+    overwrite(book.files().mainDatabase(), contentOf(book.files().mainDatabase()));
+    int read = 1;
+    EXPECT_THROW(
+        while (rows.step()) { ++read; }, SqlError)
+        << "rows of two states";
+    EXPECT_LT(read, 1000);
+}
+
+TEST(LockTrust, whereLocksDoNothingWriterAndReadersLeaveTheBookWhole)
+{
+    const TemporaryBook book;
+    book.addUser(QStringLiteral("Μαρία"), QStringLiteral("1"));
+    const QString log = book.path(QStringLiteral("log"));
+    const QString looked[] = {book.path(QStringLiteral("looked1")), book.path(QStringLiteral("looked2"))};
+    WorkerProcess writer({QStringLiteral("typing"), book.folder(), log, QStringLiteral("1800")});
+    ASSERT_TRUE(writer.waitForLog(log));
+    {
+        WorkerProcess first({QStringLiteral("looking"), book.folder(), looked[0], QStringLiteral("1200")});
+        WorkerProcess second({QStringLiteral("looking"), book.folder(), looked[1], QStringLiteral("1200")});
+        EXPECT_EQ(first.waitForExit(40), 0) << first.output().toStdString();
+        EXPECT_EQ(second.waitForExit(40), 0) << second.output().toStdString();
+    }
+    EXPECT_EQ(writer.waitForExit(40), 0) << writer.output().toStdString();
+    for (const QString& each : looked)
+        std::cout << "where locks do nothing: " << WorkerLog::read(each).at(0) << '\n';
+
+    BookModel model;
+    for (const std::string& line : WorkerLog::read(log)) {
+        if (line != "ready")
+            model.apply(changeIn(line));
+    }
+    Connection main = book.openMain();
+    EXPECT_EQ(valueOf(main, "PRAGMA integrity_check"), QStringLiteral("ok"));
+    EXPECT_EQ(storedMovements(main), model.movements());
+    EXPECT_EQ(storedCashDays(main), model.cashDays());
+}
+
+TEST(LockTrust, whatAKilledProgramLeftIsTakenBackUnlessAnotherHoldsTheMarker)
+{
+    const TemporaryBook book;
+    leaveJournal(book);
+    ASSERT_TRUE(Connection::hasJournal(book.files().mainDatabase()));
+    UsageMarker other(book.files().usageMarker(), {QStringLiteral("Νίκος"), QStringLiteral("PC7")});
+    ASSERT_TRUE(other.claim());
+    try {
+        (void)openBookOf(book);
+        ADD_FAILURE() << "opened";
+    } catch (const SqlError& error) {
+        EXPECT_EQ(error.kind(), SqlError::Kind::JournalStands);
+        EXPECT_TRUE(failureText(error).startsWith(
+            QStringLiteral("Ο υπολογιστής PC7 διακόπηκε· τον ξεκλειδώνει ο διαχειριστής.")));
+    }
+    EXPECT_TRUE(Connection::hasJournal(book.files().mainDatabase()));
+    UsageMarker::unlock(book.files().usageMarker());
+    const SqlError stands(SQLITE_READONLY_ROLLBACK, {}, {}, book.files().mainDatabase());
+    EXPECT_TRUE(failureText(stands).startsWith(QStringLiteral("Μια αλλαγή έμεινε μισή δίπλα στο βιβλίο.")));
+    const QString foreign = book.files().auxiliaryDatabase() + QStringLiteral("-journal");
+    ASSERT_TRUE(QDir().mkdir(foreign));
+    EXPECT_TRUE(failureText(stands).startsWith(QStringLiteral("Το %1 δεν είναι αρχείο").arg(foreign)));
+    ASSERT_TRUE(QDir().rmdir(foreign));
+    Book opened = openBookOf(book);
+    EXPECT_FALSE(opened.main().isReadOnly());
+    EXPECT_FALSE(Connection::hasJournal(book.files().mainDatabase()));
+    EXPECT_EQ(valueOf(opened.main(), "SELECT count(*) FROM kvdikoi"), QStringLiteral("2"));
+}
+
+TEST(LockTrust, accessFollowsTheMarkerUnlessTheBookWasReplaced)
+{
+    const TemporaryBook book;
+    Book opened = openBookOf(book);
+    Connection& main = opened.main();
+    opened.setAccess(Connection::Access::ReadOnly);
+    EXPECT_TRUE(main.isReadOnly());
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), QStringLiteral("2"));
+    opened.setAccess(Connection::Access::ReadWrite);
+    EXPECT_FALSE(main.isReadOnly());
+    opened.setAccess(Connection::Access::ReadOnly);
+    ASSERT_TRUE(QFile::rename(book.files().mainDatabase(), book.path(QStringLiteral("aside"))));
+    ASSERT_TRUE(QFile::copy(book.path(QStringLiteral("aside")), book.files().mainDatabase()));
+    opened.setAccess(Connection::Access::ReadWrite);
+    EXPECT_TRUE(main.isReadOnly()) << "the new file is not what the window shows";
+}
+
+} // namespace lorvan::test

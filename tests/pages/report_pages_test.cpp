@@ -1,0 +1,224 @@
+#include "report_pages.h"
+#include "report_pdf.h"
+#include "support/mount.h"
+
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace lorvan {
+
+namespace {
+
+const QString format = QStringLiteral("^1100|^1000|<4000|>1500|>1500");
+
+ReportDocument dailyCash(int rows)
+{
+    ReportDocument document;
+    document.SetHeader(QStringLiteral("Τ α μ ε ί ο  Η μ έ ρ α ς"));
+    document.AddTable(format, QStringLiteral("α/α|Κωδ.|Περιγραφή|Εσοδα|Εξοδα"), QStringLiteral("||||"));
+    for (int row = 1; row <= rows; ++row)
+        document.AddTableRow(
+            format, QString(), {QString::number(row), u"100", u"ΠΩΛΗΣΕΙΣ ΛΙΑΝΙΚΗΣ", u"1.250,00", u"0"});
+    document.SetFont({.bold = true});
+    document.AddTableRow(format, QString(), {u"", u"", u"Υπόλοιπο = 1,00", u"1.111,10", u"0"});
+    return document;
+}
+
+QImage painted(const ReportDocument& document, double pixelsInTwip)
+{
+    const ReportPages pages(document);
+    QImage image((pages.pageSize() * pixelsInTwip).toSize(), QImage::Format_Grayscale8);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(pixelsInTwip, pixelsInTwip);
+    pages.paintPage(painter, 0);
+    return image;
+}
+
+/// The first and the last column of the area that holds anything but white.
+std::pair<int, int> inked(const QImage& image, QRect area)
+{
+    int first = area.right() + 1;
+    int last = -1;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            if (qGray(image.pixel(x, y)) > 200)
+                continue;
+            first = std::min(first, x);
+            last = std::max(last, x);
+        }
+    }
+    return {first, last};
+}
+
+QString outputOf(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+} // namespace
+
+TEST(ReportPages, paintNothingOutsideTheMargins)
+{
+    const struct {
+        const char* name;
+        QString format;
+        QString text;
+        double size;
+    } cases[] = {
+        {"a wide table", QStringLiteral("<9000|<9000"), QStringLiteral("Μια|Άλλη"), 10},
+        {"a long word", QStringLiteral("<11106"), QStringLiteral("Ω").repeated(300), 10},
+        {"columns too narrow for their letters", QStringLiteral("11100|<6"), QStringLiteral("|ΩΩΩ"), 10},
+        {"large letters", QStringLiteral("<11106"), QStringLiteral("ΩΩΩΩΩΩΩ"), 150},
+    };
+    for (const auto& [name, columns, text, size] : cases) {
+        ReportDocument document;
+        document.SetHeader(QStringLiteral("Τίτλος ").repeated(100) + u'|' + QStringLiteral("Ω").repeated(300));
+        document.SetFont({.size = size});
+        document.SetTableBorder(3);
+        document.AddTableRow(columns, QString(), text, 0, reportColour(100, 100, 100));
+        document.Paragraph(QString(text).remove(u'|').repeated(10));
+        const QImage image = painted(document, 0.1);
+        const auto [first, last] = inked(image, image.rect());
+        EXPECT_GE(first, 35 - 1) << name;
+        EXPECT_LE(last, 1190 - 45) << name;
+    }
+}
+
+TEST(ReportPages, endRightAlignedNumbersOnOnePixel)
+{
+    const QImage image = painted(dailyCash(3), 96.0 / 1440 * 2);
+    std::vector<int> ends;
+    for (int row = 2; row < 5; ++row)
+        ends.push_back(inked(image, QRect(1040, 114 + row * 38, 160, 34)).second);
+    ASSERT_GT(ends[0], 0);
+    EXPECT_NEAR(ends[0], ends[1], 1);
+    EXPECT_NEAR(ends[0], ends[2], 1);
+}
+
+TEST(ReportPages, setTextsThatNeedShapingAsWideAsTheirLetters)
+{
+    const auto widthOf = [](QStringView text) {
+        ReportDocument document;
+        document.SetFooter(QString());
+        document.Paragraph(text);
+        const QImage image = painted(document, 0.1);
+        const auto [first, last] = inked(image, image.rect());
+        return last - first;
+    };
+    EXPECT_GT(widthOf(u"ααα"), 0);
+    EXPECT_NEAR(widthOf(u"α\u0301α\u0301α\u0301"), widthOf(u"ααα"), 1) << "an accent takes no room of its own";
+}
+
+TEST(ReportPages, readAsTextLineByLine)
+{
+    ReportPages pages(dailyCash(60));
+    ASSERT_TRUE(pages.layOut());
+    EXPECT_TRUE(pages.textOf(0).startsWith(
+        QStringLiteral("Τ α μ ε ί ο  Η μ έ ρ α ς\nα/α\tΚωδ.\tΠεριγραφή\tΕσοδα\tΕξοδα\n1\t100\tΠΩΛΗΣΕΙΣ ΛΙΑΝΙΚΗΣ")));
+    EXPECT_TRUE(pages.textOf(1).endsWith(QStringLiteral("Υπόλοιπο = 1,00\t1.111,10\t0\nΣελίδα 2")));
+    EXPECT_EQ(pages.textOf(2), QString());
+}
+
+TEST(ReportPages, areFoundInSlices)
+{
+    const ReportDocument document = dailyCash(1000);
+    ReportPages slices(document);
+    EXPECT_EQ(slices.pageCount(), 1);
+    EXPECT_FALSE(slices.layOut(QDeadlineTimer(0)));
+    EXPECT_TRUE(slices.layOut());
+    EXPECT_EQ(slices.pageCount(), 20);
+}
+
+TEST(ReportPages, findTextAsGreeksTypeIt)
+{
+    using Direction = ReportPages::Direction;
+    ReportDocument document = dailyCash(95);
+    document.AddTableRow(QStringLiteral("<1300"), QString(), QStringLiteral("τέλος μιας αναφοράς"));
+    ReportPages pages(std::move(document));
+    const struct {
+        QStringView text;
+        std::optional<int> firstPage;
+        std::size_t areas;
+    } cases[] = {
+        {u"περιγραφη", 0, 1},
+        {u"πωλήσεις λιανικησ", 0, 51},
+        {u"ΥΠΟΛΟΙΠΟ", 1, 1},
+        {u"σελιδα 2", 1, 1},
+        {u"μιας αναφορας", 1, 2},
+        {u"δεν υπάρχει", {}, 0},
+        {u"", {}, 0},
+    };
+    for (const auto& [text, firstPage, areas] : cases) {
+        const SearchText wanted(text);
+        EXPECT_EQ(pages.pageWith(wanted, 0, Direction::Forward), firstPage) << text.toString().toStdString();
+        EXPECT_EQ(pages.find(wanted, firstPage.value_or(0)).size(), areas) << text.toString().toStdString();
+    }
+    EXPECT_EQ(pages.pageWith(SearchText(u"Κωδ."), 1, Direction::Backward), 1);
+    EXPECT_EQ(pages.pageWith(SearchText(u"ταμειο"), 1, Direction::Backward), std::nullopt);
+
+    const QRectF area = pages.find(SearchText(u"περιγρ"), 0).front();
+    EXPECT_NEAR(area.left(), 350 + 2100 + 60, 1);
+    EXPECT_NEAR(area.center().y(), 850 + 285 / 2, 10);
+}
+
+TEST(ReportPdf, holdsTextThatCanBeSearchedAndItsFonts)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("report.pdf"));
+    ReportPages pages(dailyCash(60));
+    ASSERT_EQ(savePdf(pages, path, {}), PageOutcome::Done);
+
+    const QString text = outputOf(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
+    EXPECT_EQ(text.count(QStringLiteral("ΠΩΛΗΣΕΙΣ ΛΙΑΝΙΚΗΣ")), 60);
+    EXPECT_EQ(text.count(QStringLiteral("Περιγραφή")), 2);
+    EXPECT_TRUE(text.contains(QStringLiteral("Υπόλοιπο = 1,00")));
+    EXPECT_TRUE(text.contains(QStringLiteral("Σελίδα 2")));
+    const QStringList fonts = outputOf(QStringLiteral("pdffonts"), {path}).trimmed().split(u'\n').sliced(2);
+    EXPECT_EQ(fonts.size(), 2);
+    for (const QString& font : fonts)
+        EXPECT_TRUE(font.contains(QStringLiteral("LiberationSans")) && font.contains(QStringLiteral("yes")));
+}
+
+TEST(ReportPdf, leavesAnEarlierFileWhereItCannotBeWhole)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("report.pdf"));
+    const auto content = [&path] {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    if (!test::Mount::smallDisk(folder.path()))
+        GTEST_SKIP() << "no disk can be mounted here that is full";
+    QFile earlier(path);
+    ASSERT_TRUE(earlier.open(QIODevice::WriteOnly) && earlier.write("earlier") == 7);
+    earlier.close();
+    QFile ballast(folder.filePath(QStringLiteral("ballast")));
+    ASSERT_TRUE(ballast.open(QIODevice::WriteOnly) && ballast.write(QByteArray(630 * 1024, ' ')) > 0);
+    ballast.close();
+
+    ReportPages pages(dailyCash(1000));
+    EXPECT_THROW((void)savePdf(pages, path, {}), PageOutputError);
+    EXPECT_EQ(content(), "earlier");
+
+    ballast.remove();
+    int calls = 0;
+    const auto cancelAtThree = [&calls](int done, int all) {
+        EXPECT_EQ(all, 20);
+        return calls = done, done < 3;
+    };
+    EXPECT_EQ(savePdf(pages, path, cancelAtThree), PageOutcome::Cancelled);
+    EXPECT_EQ(calls, 3);
+    EXPECT_EQ(content(), "earlier");
+    test::Mount::undo(folder.path());
+}
+
+} // namespace lorvan

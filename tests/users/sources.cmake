@@ -1,3 +1,0 @@
-list(APPEND LORVAN_CORE_TESTS
-    users/administration_test.cpp
-    users/sign_in_test.cpp)

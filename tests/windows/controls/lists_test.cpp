@@ -1,0 +1,286 @@
+#include "cashbook/day_list.h"
+#include "cashbook/day_view.h"
+#include "controls/choice_list.h"
+#include "controls/tick_list.h"
+#include "windows/shown_form.h"
+
+#include <QAbstractButton>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QToolTip>
+
+#include <gtest/gtest.h>
+
+namespace lorvan::test {
+namespace {
+
+const QString cutText = QStringLiteral("<b>περιγραφή</b>").repeated(30);
+
+std::vector<ListRow> numberedRows(int count)
+{
+    std::vector<ListRow> rows{{cutText, 10}};
+    for (int i = 2; i <= count; ++i)
+        rows.push_back({QStringLiteral("σειρά"), i * 10});
+    return rows;
+}
+
+std::vector<DayLine> movementLines(int count)
+{
+    std::vector<DayLine> lines{{QStringLiteral("Υπόλοιπο από την προηγούμενη 0"), {}, 0, {}}};
+    for (int i = 1; i <= count; ++i)
+        lines.push_back({QString(day_line::length, u'x'), cutText, 100 + i, {}});
+    return lines;
+}
+
+QPoint middleOf(const QListView& list, int row)
+{
+    return list.visualRect(list.model()->index(row, 0)).center();
+}
+
+void click(const QListView& list, int row, Qt::KeyboardModifiers keys = Qt::NoModifier)
+{
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, keys, middleOf(list, row));
+}
+
+/// A real double click: press, release, press again, release.
+void doubleClick(const QListView& list, int row)
+{
+    click(list, row);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, middleOf(list, row));
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, middleOf(list, row));
+}
+
+QString toolTipOver(const QListView& list, int row)
+{
+    const QPoint place = middleOf(list, row);
+    QHelpEvent event(QEvent::ToolTip, place, list.viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(list.viewport(), &event);
+    return QToolTip::text();
+}
+
+/// The last column of a heading in which something is written.
+int lastInkOf(QWidget& heading)
+{
+    const QImage image = heading.grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+    for (int x = image.width() - 1; x > 0; --x)
+        for (int y = 0; y < image.height(); ++y)
+            if (qGray(image.pixel(x, y)) < 160)
+                return x;
+    return -1;
+}
+
+} // namespace
+
+TEST(PlainList, aDoubleClickIsOneClickAndOneOpening)
+{
+    ShownForm form;
+    auto* const list = form.add(new PlainList);
+    list->setRows(numberedRows(5));
+    ASSERT_TRUE(form.show());
+    QStringList events;
+    QObject::connect(list, &PlainList::clicked, list, [&] { events += QStringLiteral("click"); });
+    QObject::connect(list, &PlainList::opened, list,
+        [&](const QModelIndex& index) { events += index.data(Qt::UserRole).toString(); });
+    doubleClick(*list, 2);
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_F2);
+    click(*list, 0);
+    EXPECT_EQ(events.join(u' '), QStringLiteral("click 30 click 40 click"));
+}
+
+TEST(DayList, aDoubleClickIsOneClickAndOneOpening)
+{
+    ShownForm form;
+    auto* const list = form.add(new DayList);
+    list->setLines(movementLines(3));
+    ASSERT_TRUE(form.show());
+    QSignalSpy clicks(list, &DayList::clickedLine);
+    QSignalSpy openings(list, &DayList::openedLine);
+    doubleClick(*list, 2);
+    EXPECT_EQ(clicks.count(), 1);
+    list->selectLast();
+    QTest::keyClick(list, Qt::Key_F2);
+    ASSERT_EQ(openings.count(), 2);
+    EXPECT_EQ(openings.first().at(0).toLongLong(), 102);
+    EXPECT_EQ(openings.last().at(0).toLongLong(), 103);
+}
+
+TEST(Lists, tellACutRowInFullAndAsPlainText)
+{
+    ShownForm form;
+    auto* const plain = form.add(new PlainList);
+    auto* const day = form.add(new DayList);
+    plain->setRows(numberedRows(2));
+    day->setLines(movementLines(2));
+    ASSERT_TRUE(form.show());
+    EXPECT_EQ(toolTipOver(*plain, 1), QString());
+    EXPECT_EQ(toolTipOver(*plain, 0), Qt::convertFromPlainText(cutText));
+    QToolTip::showText({}, QString());
+    EXPECT_EQ(toolTipOver(*day, 1), Qt::convertFromPlainText(cutText));
+}
+
+TEST(TickList, clicksToggleAndShiftExtends)
+{
+    ShownForm form;
+    auto* const list = form.add(new TickList);
+    list->setRows(numberedRows(6));
+    list->setMinimumHeight(250);
+    ASSERT_TRUE(form.show());
+    struct {
+        int row;
+        Qt::KeyboardModifier key;
+        std::vector<qint64> chosen;
+    } const clicks[] = {{4, Qt::NoModifier, {50}}, {1, Qt::NoModifier, {20, 50}}, {4, Qt::NoModifier, {20}},
+        {3, Qt::ControlModifier, {20, 40}}, {5, Qt::ShiftModifier, {20, 40, 50, 60}}};
+    for (const auto& [row, key, chosen] : clicks) {
+        click(*list, row, key);
+        EXPECT_EQ(list->chosenData(), chosen) << row;
+    }
+    QTest::keyClick(list, Qt::Key_Space);
+    EXPECT_EQ(list->chosenData(), (std::vector<qint64>{20, 40, 50}));
+}
+
+TEST(TickList, longRowsAreReadByKeyboardWhereItScrollsSideways)
+{
+    ShownForm form;
+    auto* const list = form.add(new TickList);
+    list->setScrollsSideways();
+    list->setRows(numberedRows(6));
+    ASSERT_TRUE(form.show());
+    QScrollBar* const bar = list->horizontalScrollBar();
+    ASSERT_GT(bar->maximum(), 0);
+    EXPECT_GE(bar->maximum() + list->viewport()->width(), list->fontMetrics().horizontalAdvance(cutText));
+    for (int i = 0; bar->value() < bar->maximum() && i < 500; ++i)
+        QTest::keyClick(list, Qt::Key_Right);
+    EXPECT_EQ(bar->value(), bar->maximum());
+    EXPECT_EQ(toolTipOver(*list, 0), Qt::convertFromPlainText(cutText));
+    QTest::keyClick(list, Qt::Key_Left);
+    click(*list, 1);
+    EXPECT_LT(bar->value(), bar->maximum());
+    EXPECT_GT(bar->value(), 0) << "a click moves nothing";
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(bar->value(), 0) << "another row begins at its beginning";
+}
+
+TEST(ChoiceList, isSearchedAndChosenFromByTyping)
+{
+    ShownForm form;
+    auto* const choice = form.add(new ChoiceList(PlainList::Face::Desktop,
+        {{}, QStringLiteral("none"), QStringLiteral("%1 of %2"), QStringLiteral("%1 from %2"), {}, {}}));
+    choice->setObjectNames(QStringLiteral("rows"), 1);
+    choice->setRows({{QStringLiteral("  100 ΠΩΛΗΣΕΙΣ"), 100}, {QStringLiteral("  110 Αγορές"), 110},
+        {QStringLiteral("  211 ΠΩΛΗΤΕΣ"), 211}, {QStringLiteral("  300 Αμοιβή πωλητών"), 300}});
+    ASSERT_TRUE(form.show());
+    auto* const field = choice->findChild<QWidget*>(QStringLiteral("findRow(1)"));
+    const auto* const count = choice->findChild<QLabel*>(QStringLiteral("chosenCount(1)"));
+    // What is typed, the keys after it, and what is chosen then.
+    struct {
+        const char16_t* typed;
+        std::vector<Qt::Key> keys;
+        std::vector<qint64> chosen;
+        const char* count;
+    } const steps[] = {
+        {u"πωλητ", {Qt::Key_Return}, {211}, "1 of 4"}, // accents and letter case do not count
+        {u"πωλ", {Qt::Key_Down, Qt::Key_Return}, {211, 300}, "2 from 4"},
+        {u"πωλ", {Qt::Key_Down, Qt::Key_Return}, {100, 211, 300}, "3 from 4"}, // round at the end
+        {u"11", {Qt::Key_Return}, {100, 110, 211, 300}, "4 from 4"}, // the beginning of a number before its middle
+        {u"xx", {Qt::Key_Return}, {100, 110, 211, 300}, "Δεν βρέθηκε: xx"},
+        {u"", {Qt::Key_Up, Qt::Key_Return}, {110, 211, 300}, "3 from 4"},
+    };
+    choice->list()->setFocus();
+    for (const auto& [typed, keys, chosen, text] : steps) {
+        if (*typed == u'\0')
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backspace);
+        for (const QChar c : QString::fromUtf16(typed))
+            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(c), {});
+        for (const Qt::Key key : keys)
+            QTest::keyClick(QApplication::focusWidget(), key);
+        EXPECT_EQ(choice->chosenData(), chosen) << text;
+        EXPECT_EQ(count->text(), QString::fromUtf8(text));
+        EXPECT_EQ(QApplication::focusWidget(), field);
+    }
+    const int width = choice->minimumSizeHint().width();
+    QTest::keyClicks(field, QString(200, u'x'));
+    EXPECT_TRUE(count->text().startsWith(QStringLiteral("Δεν βρέθηκε: xx")));
+    EXPECT_LE(choice->minimumSizeHint().width(), width);
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget(), choice->list());
+    choice->findChild<QAbstractButton*>(QStringLiteral("chooseNone(1)"))->click();
+    EXPECT_EQ(count->text(), QStringLiteral("none"));
+    choice->findChild<QAbstractButton*>(QStringLiteral("chooseAll(1)"))->click();
+    EXPECT_EQ(choice->chosenData().size(), 4);
+}
+
+TEST(DayList, growsItsFontWithTheWindowAndScrollsSidewaysInANarrowOne)
+{
+    const DesktopFont font("Noto Sans", 10);
+    DayList list;
+    list.setLines(movementLines(30));
+    list.show();
+    const auto fontAt = [&list](int width, int height) {
+        list.resize(width, height);
+        QTest::qWait(10);
+        const int reached = list.horizontalScrollBar()->maximum() + list.viewport()->width();
+        EXPECT_GE(reached, qFloor(list.lineLayout().width())) << width;
+        EXPECT_EQ(list.horizontalScrollBar()->maximum() > 0, width == 400) << width;
+        return list.font().pointSizeF();
+    };
+    const qreal small = fontAt(764, 268);
+    const qreal large = fontAt(1900, 900);
+    EXPECT_GT(large, small);
+    EXPECT_LT(fontAt(1900, 200), large) << "not high enough for thirteen of its rows";
+    EXPECT_EQ(fontAt(400, 268), small);
+}
+
+TEST(DayList, paintsWholeAmountsAndAsMuchOfTheDescriptionAsThereIsRoomFor)
+{
+    const DesktopFont font("Noto Sans", 10);
+    DayList list;
+    const QString description(150, u'M');
+    list.setLines({{{}, {}, 1, {u"1"_qs, u"1"_qs, description, {}, u"0"_qs, u"0"_qs, {}}},
+        {{}, {}, 2, {u"2"_qs, u"1"_qs, description, u"922.337.203.685.477,58"_qs, u"0"_qs, u"0"_qs, {}}}});
+    list.resize(1900, 900);
+    list.show();
+    const DayLineLayout& layout = list.lineLayout();
+    // The columns of the row that are without ink between the description and the next text.
+    const auto gapAfter = [&](int row, DayColumn next, int characters) {
+        const QRect line = list.visualRect(list.model()->index(row, 0));
+        const QImage image = list.viewport()->grab(line).toImage().convertToFormat(QImage::Format_Grayscale8);
+        const int end = qFloor(layout.right(next) - characters * layout.advance);
+        int ink = end - 1;
+        const auto hasInk = [&](int x) {
+            for (int y = 4; y < image.height() - 4; ++y)
+                if (qGray(image.pixel(x, y)) < 160)
+                    return true;
+            return false;
+        };
+        while (ink > 0 && !hasInk(ink))
+            --ink;
+        return (end - ink) / layout.advance;
+    };
+    EXPECT_NEAR(gapAfter(0, DayColumn::Income, 1), 1, 1) << "on over the empty memorandum column";
+    EXPECT_NEAR(gapAfter(1, DayColumn::Memorandum, 22), 1, 1);
+}
+
+TEST(DayList, theHeadingStandsOverItsColumnsAlsoWhenScrolled)
+{
+    ShownForm form;
+    auto* const list = new DayList;
+    const QString text = QStringLiteral("AA    Κωδ.   Περιγραφή                          Έσοδα         Εξοδα");
+    auto* const head = new DayListHead(text, *list);
+    auto* const memorandum = new MemorandumHead(QStringLiteral("Λ τάξεως"), *list);
+    form.add(dayListHeading(head, memorandum));
+    form.add(list);
+    list->setLines(movementLines(3));
+    form.window().resize(400, 300);
+    ASSERT_TRUE(form.show());
+    list->horizontalScrollBar()->setValue(list->horizontalScrollBar()->maximum());
+    ASSERT_GT(list->horizontalScrollBar()->value(), 0);
+    const int shift = list->frameWidth() - list->horizontalScrollBar()->value();
+    EXPECT_NEAR(lastInkOf(*head), list->lineLayout().right(DayColumn::Expense) + shift, 3);
+    EXPECT_NEAR(lastInkOf(*memorandum), list->lineLayout().right(DayColumn::Memorandum) + shift, 3);
+}
+
+} // namespace lorvan::test

@@ -1,0 +1,101 @@
+#include "windows/main_window_test.h"
+#include "windows/program_run.h"
+
+#include "book/version.h"
+#include "codes/omada_kvdikvn.h"
+#include "preview/ektypvsh.h"
+#include "preview/printer_choice.h"
+#include "preview/report_saver.h"
+#include "printing/analysh_frm.h"
+#include "printing/epilogh_omadvn.h"
+#include "printing/ervthsh.h"
+#include "printing/forma_tajinomhshs.h"
+#include "start/fr_ervthsh_update.h"
+
+#include <QAccessible>
+#include <QFile>
+#include <QTabBar>
+
+namespace lorvan::test {
+namespace {
+
+/// What a control shows as its caption; what is typed or listed is none.
+QString captionOf(const QWidget& control)
+{
+    for (const char* const property : {"text", "title", "caption"}) {
+        const QVariant value = control.property(property);
+        if (value.isValid() && !qobject_cast<const QLineEdit*>(&control))
+            return value.toString();
+    }
+    return {};
+}
+
+void addLine(QStringList& lines, const QString& name, const QString& caption, const QString& tip)
+{
+    if (!caption.isEmpty() || !tip.isEmpty())
+        lines += (name.isEmpty() ? QStringLiteral("-") : name) + QStringLiteral(": ") + caption
+            + (tip.isEmpty() ? QString() : QStringLiteral(" [") + tip + u']');
+}
+
+/// Title, captions, headings and tooltips of a window, control by control. Each text of a caption drawn by a label
+/// inside a button stands once.
+QString captionsIn(const QWidget& window)
+{
+    QStringList lines{window.objectName() + QStringLiteral(" = ") + window.windowTitle()};
+    for (const QWidget* const control : window.findChildren<QWidget*>()) {
+        if (control->objectName().startsWith(QStringLiteral("qt_")))
+            continue;
+        const auto* const tabs = qobject_cast<const QTabBar*>(control);
+        for (int tab = 0; tabs && tab < tabs->count(); ++tab)
+            addLine(lines, tabs->objectName(), tabs->tabText(tab), tabs->tabToolTip(tab));
+        addLine(lines, control->objectName(), captionOf(*control).replace(programVersion(), QStringLiteral("#")),
+            control->toolTip());
+    }
+    return lines.join(u'\n') + u'\n';
+}
+
+class Captions : public ProgramTest { };
+
+/// The table of what stands in every window, a control on each line.
+std::string expected()
+{
+    QFile table(QStringLiteral(QT_TESTCASE_SOURCEDIR "/windows/captions.txt"));
+    EXPECT_TRUE(table.open(QIODevice::ReadOnly));
+    return table.readAll().toStdString();
+}
+
+} // namespace
+
+TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
+{
+    startToSignIn();
+    QString found = captionsIn(loginWindow());
+    signInAsSofia();
+    const QWidget& cashBook = *shownWindow(QStringLiteral("kentrikh"));
+    found += captionsIn(cashBook);
+
+    Connection main = book.openMain();
+    const SettingsStore settings(book.path(QStringLiteral("Lorvan.ini")));
+    Printers printers([] { return std::vector<Printer>(); });
+    ReportSaver saver;
+    found += captionsIn(OmadaKvdikvn(main, [](QWidget*) { return true; }));
+    found += captionsIn(FR_ErvthshUpdate(fixedClock()));
+    found += captionsIn(AnalyshFRM(main, settings, QStringLiteral("1/3/2024")));
+    found += captionsIn(Ervthsh());
+    found += captionsIn(FormaTajinomhshs());
+    found += captionsIn(EpiloghOmadvn({}, settings));
+    found += captionsIn(Ektypvsh(printers, saver));
+    found += captionsIn(PrinterChoice(printers, nullptr));
+    EXPECT_EQ(found.toStdString(), expected());
+
+    for (const char* const label : {"Label3D1(0)", "Label3D1(1)", "Label3D1(3)"}) {
+        QWidget* const shown = cashBook.findChild<QWidget*>(QLatin1String(label));
+        const auto* const spoken = QAccessible::queryAccessibleInterface(shown);
+        EXPECT_EQ(spoken->role(), QAccessible::StaticText) << label;
+        EXPECT_EQ(spoken->text(QAccessible::Name), shown->property("caption").toString());
+    }
+    for (const QWidget* const field : cashBook.findChildren<QLineEdit*>())
+        EXPECT_FALSE(field->accessibleName().isEmpty()) << field->objectName().toStdString();
+}
+
+} // namespace lorvan::test
