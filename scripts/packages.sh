@@ -12,9 +12,9 @@ build_packages=(
 # To run the program on a display of its own and press its keys.
 tour_packages=(xvfb xdotool x11-xkb-utils imagemagick)
 
-# To run every test: the stock shell of the database engine, what counts as our formatting, a wider font, readers of PDF
-# and XLSX files, and a print server, of which the tests start one of their own.
-test_packages=("${tour_packages[@]}" sqlcipher clang-format util-linux fonts-dejavu-core poppler-utils unzip
+# To run every test: the stock shell of the database engine, what counts as our formatting, what reads the includes, a wider
+# font, readers of PDF and XLSX files, and a print server, of which the tests start one of their own.
+test_packages=("${tour_packages[@]}" sqlcipher clang-format python3 util-linux fonts-dejavu-core poppler-utils unzip
     cups-daemon cups-client)
 
 # install_missing PACKAGE...: asks apt for those that are not there, and leaves apt alone when all are.
