@@ -1,7 +1,7 @@
 #include "report_pdf.h"
 
 #include "platform/files/durable_files.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 #include "report_pages.h"
 
 #include <QBuffer>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "book/failure_text.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 #include "platform/files/folder.h"
 
 #include <QString>

@@ -1,7 +1,7 @@
 #include "book/claim_note.h"
 
 #include "platform/files/durable_files.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 #include "platform/files/folder.h"
 
 #include <QFile>

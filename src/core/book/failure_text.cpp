@@ -8,7 +8,7 @@
 #include "book/usage_marker.h"
 #include "platform/currency.h"
 #include "platform/engine/sql_error.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 #include "platform/files/settings_store.h"
 #include "platform/printable_text.h"
 

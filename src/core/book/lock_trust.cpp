@@ -4,7 +4,7 @@
 #include "book/usage_marker.h"
 #include "platform/engine/key_ring.h"
 #include "platform/engine/sql_error.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 #include "platform/files/folder.h"
 #include "platform/stop_check.h"
 

@@ -1,7 +1,7 @@
 #include "book/path_file.h"
 
 #include "platform/files/durable_files.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 #include "platform/windows1253.h"
 
 #include <QDir>

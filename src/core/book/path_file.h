@@ -1,12 +1,25 @@
 #pragma once
 
-#include "book/data_folder_settings.h"
-
 #include <QString>
 
+#include <cstdint>
 #include <optional>
 
 namespace lorvan {
+
+/// What the path file says. Filled at start-up and not changed afterwards.
+struct DataFolderSettings {
+    /// The system colour of button faces: not a colour of the book's own.
+    static constexpr std::int32_t systemButtonFace = static_cast<std::int32_t>(0x8000000Fu);
+    /// Below this a background colour is no colour of the book's own, and the window's own serves.
+    static constexpr std::int32_t firstOwnColour = 1000;
+
+    QString dataFolder; ///< Holds lorvan.mdb, mapcodes.mdb and lorvan.dat; without a trailing separator.
+    std::int32_t backgroundColour = systemButtonFace; ///< 0x00BBGGRR.
+    QString heading = QStringLiteral("Κεντρικό"); ///< The book's name in the main window and on reports.
+
+    [[nodiscard]] bool hasOwnColour() const { return backgroundColour >= firstOwnColour; }
+};
 
 /// The path file DIADROMH.DAT beside the program: where the data folder is, and optionally the book's background colour
 /// and heading. Comma-separated fields on one line or several. A file with a mark of UTF-8, or one that is valid UTF-8

@@ -6,7 +6,7 @@
 #include "platform/engine/connection.h"
 #include "platform/engine/sql_error.h"
 #include "platform/engine/transaction.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 #include "platform/files/file_lock.h"
 
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "book/data_folder_settings.h"
+#include "book/path_file.h"
 
 namespace lorvan {
 

@@ -1,7 +1,7 @@
 #include "book/usage_marker.h"
 
 #include "book/claim_note.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 #include "platform/files/file_lock.h"
 #include "platform/stop_check.h"
 #include "platform/windows1253.h"

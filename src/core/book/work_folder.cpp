@@ -1,6 +1,6 @@
 #include "book/work_folder.h"
 
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>

@@ -37,4 +37,7 @@ void storeCardChoice(const SettingsStore& settings, const CardChoice& choice);
 /// position is passed over. Throws SettingsError.
 [[nodiscard]] std::vector<int> storedCardPositions(const SettingsStore& settings, std::size_t column);
 
+/// The columns of a card for a choice that was just made, the same as once it is stored.
+[[nodiscard]] CardColumns cardColumnsOf(const CardChoice& choice);
+
 } // namespace lorvan

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "export/table_sink.h"
+#include "export/table_export.h"
 
 namespace lorvan {
 

@@ -3,7 +3,7 @@
 #include "export/table_csv.h"
 #include "export/table_xlsx.h"
 #include "platform/files/durable_files.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 
 #include <QBuffer>
 #include <QFile>

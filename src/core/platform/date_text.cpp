@@ -1,6 +1,7 @@
 #include "platform/date_text.h"
 
 #include <QList>
+#include <QStringList>
 
 #include <algorithm>
 
@@ -63,6 +64,13 @@ QDate dateFromStored(qint64 stored)
         return {};
     const int number = static_cast<int>(stored);
     return QDate(number / 10'000, number / 100 % 100, number % 100);
+}
+
+QString entryWeekday(QDate date)
+{
+    static const QStringList fromMonday{QStringLiteral("Δευτέρα"), QStringLiteral("Τρίτη"), QStringLiteral("Τετάρτη"),
+        QStringLiteral("Πέμπτη"), QStringLiteral("Παρασκευή"), QStringLiteral("Σαββάτο"), QStringLiteral("Κυριακή")};
+    return fromMonday.value(date.dayOfWeek() - 1);
 }
 
 } // namespace lorvan

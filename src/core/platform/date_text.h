@@ -21,4 +21,7 @@ namespace lorvan {
 /// The date of a stored yyyymmdd; an invalid date for a number that is none.
 [[nodiscard]] QDate dateFromStored(qint64 stored);
 
+/// The weekday's name as the entry page shows it; empty for an invalid date.
+[[nodiscard]] QString entryWeekday(QDate date);
+
 } // namespace lorvan

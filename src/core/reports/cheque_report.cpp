@@ -6,7 +6,7 @@
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/padding.h"
-#include "reports/period_movements.h"
+#include "reports/movement_choice.h"
 
 #include <string>
 

@@ -1,7 +1,6 @@
 #include "reports/movement_choice.h"
 
 #include "platform/engine/connection.h"
-#include "reports/period_movements.h"
 
 namespace lorvan {
 namespace {
@@ -59,6 +58,15 @@ std::string inNumbers(const std::vector<qint32>& numbers)
     for (const qint32 number : numbers)
         list.append(list.empty() ? "IN (" : ",").append(std::to_string(number));
     return list + ')';
+}
+
+std::string_view movementsTableFor(Connection& main, QDate start, QDate end)
+{
+    auto beyondAThird =
+        main.prepare("SELECT 1 FROM kinhseis WHERE hmeromhnia BETWEEN ? AND ?"
+                     " LIMIT 1 OFFSET ifnull(((SELECT max(aa) FROM kinhseis)-(SELECT min(aa) FROM kinhseis))/3, 0)");
+    beyondAThird.bind(start, end);
+    return beyondAThird.step() ? "kinhseis NOT INDEXED" : "kinhseis";
 }
 
 } // namespace lorvan

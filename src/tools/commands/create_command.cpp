@@ -2,7 +2,7 @@
 
 #include "support/interruption.h"
 #include "support/new_book.h"
-#include "support/refused.h"
+#include "support/work.h"
 #include "users/user_accounts.h"
 
 #include <optional>

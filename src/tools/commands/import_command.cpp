@@ -6,7 +6,7 @@
 #include "support/interruption.h"
 #include "support/new_book.h"
 #include "support/progress_bar.h"
-#include "support/refused.h"
+#include "support/work.h"
 
 #include <QFileInfo>
 

@@ -6,7 +6,7 @@
 #include "support/claimed_marker.h"
 #include "support/opened_book.h"
 #include "support/progress_bar.h"
-#include "support/refused.h"
+#include "support/work.h"
 
 namespace lorvan {
 namespace {

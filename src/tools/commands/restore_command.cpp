@@ -9,7 +9,7 @@
 #include "support/interruption.h"
 #include "support/opened_book.h"
 #include "support/progress_bar.h"
-#include "support/refused.h"
+#include "support/work.h"
 
 #include <QFileInfo>
 

@@ -10,7 +10,7 @@
 #include "export/table_export.h"
 #include "support/new_folder.h"
 #include "support/opened_book.h"
-#include "support/refused.h"
+#include "support/work.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/step_progress.h"
+#include "support/work.h"
 
 #include <QString>
 

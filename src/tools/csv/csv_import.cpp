@@ -12,7 +12,7 @@
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
-#include "support/refused.h"
+#include "support/work.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 #include "csv/csv_table.h"
 
-#include "support/refused.h"
+#include "support/work.h"
 
 #include <algorithm>
 

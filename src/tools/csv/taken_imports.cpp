@@ -3,7 +3,7 @@
 #include "csv/csv_import.h"
 #include "platform/clock.h"
 #include "platform/engine/connection.h"
-#include "support/refused.h"
+#include "support/work.h"
 
 #include <QDateTime>
 

@@ -2,7 +2,7 @@
 
 #include "book/book_files.h"
 #include "book/lock_trust.h"
-#include "support/refused.h"
+#include "support/work.h"
 
 #include <QFileInfo>
 

@@ -4,8 +4,8 @@
 #include "platform/engine/key_ring.h"
 #include "platform/engine/sql_error.h"
 #include "platform/files/durable_files.h"
-#include "platform/files/file_error.h"
-#include "support/refused.h"
+#include "platform/files/file.h"
+#include "support/work.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "support/new_folder.h"
 
-#include "platform/files/file_error.h"
-#include "support/refused.h"
+#include "platform/files/file.h"
+#include "support/work.h"
 
 #include <QDir>
 #include <QFileInfo>

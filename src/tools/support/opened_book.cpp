@@ -6,7 +6,7 @@
 #include "book/schema_guard.h"
 #include "book/schema_upgrade.h"
 #include "book/usage_marker.h"
-#include "support/refused.h"
+#include "support/work.h"
 
 namespace lorvan {
 

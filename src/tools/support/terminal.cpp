@@ -1,6 +1,6 @@
 #include "support/terminal.h"
 
-#include "support/refused.h"
+#include "support/work.h"
 
 #include <QStringDecoder>
 

@@ -7,8 +7,8 @@
 #include "platform/stop_check.h"
 #include "support/claimed_marker.h"
 #include "support/interruption.h"
-#include "support/refused.h"
 #include "support/screen_filter.h"
+#include "support/work.h"
 
 #include <algorithm>
 #include <vector>

@@ -2,7 +2,6 @@
 #include "cashbook/day_list.h"
 #include "cashbook/day_list_head.h"
 #include "cashbook/movement_entry_page.h"
-#include "cashbook/weekday.h"
 #include "controls/code_chooser.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
@@ -11,6 +10,7 @@
 #include "controls/state_plate.h"
 #include "look/focus_rules.h"
 #include "look/themed_label.h"
+#include "platform/date_text.h"
 #include "platform/entry_rules.h"
 
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #include "controls/band_tabs.h"
 
 #include "look/icons.h"
-#include "look/shapes.h"
+#include "look/style_painting.h"
 
 #include <QEvent>
 #include <QPainter>

@@ -1,8 +1,9 @@
 #include "controls/command_button.h"
 
 #include "look/icons.h"
-#include "look/shapes.h"
+#include "look/style_painting.h"
 
+#include <QAction>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -247,6 +248,24 @@ void CommandButton::paintEvent(QPaintEvent*)
     const int left = (width() - contentWidth()) / 2;
     if (!m_iconName.isEmpty())
         paintIcon(painter, QRect(left, (height() - iconExtent) / 2, iconExtent, iconExtent), m_iconName, textColour());
+}
+
+ActionButton::ActionButton(QAction* action, const QString& icon, const QString& caption)
+    : CommandButton(icon, caption)
+{
+    setObjectName(action->objectName());
+    setAccessibleName(action->text());
+    setAccessibleDescription(action->text()); // the caption becomes the name
+    setToolTip(action->toolTip());
+    setEnabled(action->isEnabled());
+    connect(this, &CommandButton::clicked, action, &QAction::trigger);
+    connect(action, &QAction::enabledChanged, this, &ActionButton::setEnabled);
+}
+
+void ActionButton::showCaption(bool isShown)
+{
+    captionLabel()->setVisible(isShown);
+    updateGeometry();
 }
 
 } // namespace lorvan

@@ -1,6 +1,9 @@
 #include "controls/leave_checks.h"
 
+#include "controls/entry_field.h"
 #include "look/focus_rules.h"
+#include "look/message_window.h"
+#include "platform/date_text.h"
 
 #include <QApplication>
 #include <QScopedValueRollback>
@@ -99,6 +102,17 @@ bool LeaveChecks::settle()
         }
     }
     return true;
+}
+
+std::optional<QDate> checkDate(EntryField& field, QDate today)
+{
+    const auto date = readDate(field.text(), today);
+    if (date)
+        field.setText(dateText(*date));
+    else
+        showMessage(field.window(), QMessageBox::Warning, QStringLiteral("Λάθος ημερομηνία"),
+            QStringLiteral("Η εισαγωγή της ημερομηνίας είναι λάθος"));
+    return date;
 }
 
 } // namespace lorvan

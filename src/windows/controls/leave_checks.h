@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QObject>
 
 #include <functional>
@@ -11,6 +12,8 @@
 class QWidget;
 
 namespace lorvan {
+
+class EntryField;
 
 /// Judges fields after the focus has left them. A check may open a message box, so it waits until the focus has settled
 /// and no mouse button is down: a box opened in between would swallow the release of the button that was pressed.
@@ -59,5 +62,9 @@ private:
     std::pair<QWidget*, QString> m_judged; ///< The field that had the focus at the last leaveAll(), and its text then.
     bool m_settling = false;
 };
+
+/// Judges a date field that was left: rewrites a valid date as "DD-MM-YYYY" and returns it. Anything else gets its
+/// message and stays as it is.
+[[nodiscard]] std::optional<QDate> checkDate(EntryField& field, QDate today);
 
 } // namespace lorvan

@@ -1,7 +1,7 @@
 #include "controls/list_reader.h"
 
 #include "look/accessible_role.h"
-#include "look/shapes.h"
+#include "look/style_painting.h"
 #include "look/theme.h"
 
 #include <QAbstractItemView>

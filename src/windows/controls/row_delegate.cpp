@@ -2,7 +2,7 @@
 
 #include "controls/plain_list.h"
 #include "look/icons.h"
-#include "look/shapes.h"
+#include "look/style_painting.h"
 
 #include <QHelpEvent>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #include "controls/state_plate.h"
 
 #include "controls/label3d.h"
-#include "look/shapes.h"
+#include "look/style_painting.h"
 #include "look/theme.h"
 
 #include <QPainter>

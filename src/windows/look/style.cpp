@@ -1,7 +1,6 @@
 #include "look/style.h"
 
 #include "look/icons.h"
-#include "look/shapes.h"
 #include "look/style_painting.h"
 
 #include <QAbstractItemView>

@@ -2,6 +2,9 @@
 
 #include "look/theme.h"
 
+#include <QColor>
+#include <QRectF>
+
 class QPainter;
 class QStyleOption;
 class QStyleOptionComboBox;
@@ -27,5 +30,12 @@ void paintAreaFrame(QPainter& painter, const QStyleOption& option, const QWidget
 
 /// `arrow` is the place of the arrow.
 void paintComboBox(QPainter& painter, const QStyleOptionComboBox& option, const QRect& arrow, const Theme& theme);
+
+inline constexpr qreal cornerRadius = 4;
+inline constexpr qreal focusWidth = 2;
+
+/// A rounded ground with a border of `width` lying wholly inside the rectangle.
+void paintPanel(QPainter& painter, const QRectF& rect, const QColor& ground, const QColor& border, qreal width,
+    qreal radius = cornerRadius);
 
 } // namespace lorvan

@@ -2,8 +2,8 @@
 
 #include "backup/daily_backup.h"
 #include "book/book.h"
-#include "book/data_folder_settings.h"
 #include "book/lock_trust.h"
+#include "book/path_file.h"
 #include "book/usage_marker.h"
 #include "cashbook/cash_day.h"
 #include "controls/away_watch.h"

@@ -1,9 +1,9 @@
 #include "preview/preview_tools.h"
 
+#include "controls/command_button.h"
 #include "look/icons.h"
 #include "look/theme.h"
 #include "look/themed_label.h"
-#include "preview/action_button.h"
 
 #include <QHBoxLayout>
 #include <QIntValidator>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QProgressBar>
 
 class QLabel;
 
@@ -38,6 +39,26 @@ private:
     QLabel* m_count;
     ProgressLine* m_bar;
     CommandButton* m_cancel;
+};
+
+/// A flat bar of progress. Where the end is not known, a part of it goes on with each step.
+class ProgressLine : public QProgressBar {
+    Q_OBJECT
+
+public:
+    explicit ProgressLine(QWidget* parent = nullptr);
+
+    void step(); ///< A sign of life where the end is not known.
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    [[nodiscard]] QRectF filled() const;
+
+    int m_steps = 0;
 };
 
 } // namespace lorvan

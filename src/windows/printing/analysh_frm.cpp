@@ -1,6 +1,5 @@
 #include "printing/analysh_frm.h"
 
-#include "codes/analysis_boxes.h"
 #include "codes/analysis_codes.h"
 #include "controls/command_button.h"
 #include "controls/guarded_window.h"

@@ -1,6 +1,6 @@
 #include "printing/analysh_frm.h"
 
-#include "codes/analysis_boxes.h"
+#include "codes/analysis_codes.h"
 #include "controls/command_button.h"
 #include "look/themed_label.h"
 #include "look/window_placement.h"

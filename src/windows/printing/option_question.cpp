@@ -1,7 +1,9 @@
 #include "printing/option_question.h"
 
 #include "controls/command_button.h"
+#include "look/window_placement.h"
 
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QRadioButton>
@@ -20,6 +22,11 @@ bool isArrow(const QEvent& event)
     const int key = static_cast<const QKeyEvent&>(event).key();
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right;
 }
+
+enum Option { Detailed, Summary };
+
+constexpr QSize sizeOfErvthsh{280, 164};
+constexpr QSize sizeOfFormaTajinomhshs{280, 226};
 
 } // namespace
 
@@ -70,6 +77,47 @@ void OptionQuestion::addBelow(QWidget* widget)
 {
     m_rows->addWidget(widget);
     setTabOrder(m_options.back(), widget);
+}
+
+Ervthsh::Ervthsh(QWidget* parent)
+    : OptionQuestion(QStringLiteral("Ερώτηση"), QStringLiteral("Επιλογή εκτύπωσης"),
+        {QStringLiteral("Αναλυτικά"), QStringLiteral("Συνοπτικά")}, parent)
+{
+    setObjectName(QStringLiteral("Ervthsh"));
+    sizeWithin(this, sizeOfErvthsh);
+}
+
+bool Ervthsh::isDetailedChosen() const
+{
+    return option(Detailed).isChecked();
+}
+
+bool Ervthsh::isSummaryChosen() const
+{
+    return option(Summary).isChecked();
+}
+
+FormaTajinomhshs::FormaTajinomhshs(QWidget* parent)
+    : OptionQuestion(QStringLiteral("Ταξινόμηση"), QStringLiteral("Επιλογή ταξινόμησης"),
+        {QStringLiteral("Κωδικός"), QStringLiteral("Περιγραφή"), QStringLiteral("Ομάδα")}, parent)
+    , m_activeOnly(new QCheckBox(QStringLiteral("Μόνο οι ενεργοί")))
+{
+    setObjectName(QStringLiteral("FormaTajinomhshs"));
+    m_activeOnly->setObjectName(QStringLiteral("Check1"));
+    addBelow(m_activeOnly);
+    for (const CodeSort sort : {CodeSort::Code, CodeSort::Description, CodeSort::Group}) {
+        connect(&option(static_cast<int>(sort)), &QRadioButton::toggled, this, [this, sort](bool isChosen) {
+            if (isChosen)
+                m_sort = sort;
+        });
+    }
+    option(static_cast<int>(CodeSort::Code)).setChecked(true);
+    sizeWithin(this, sizeOfFormaTajinomhshs);
+}
+
+CodeSelection FormaTajinomhshs::selection() const
+{
+    return m_activeOnly->isChecked() ? CodeSelection::Active : CodeSelection::All;
 }
 
 } // namespace lorvan

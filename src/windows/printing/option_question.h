@@ -1,9 +1,12 @@
 #pragma once
 
+#include "document/report_inputs.h"
+
 #include <QDialog>
 
 #include <vector>
 
+class QCheckBox;
 class QRadioButton;
 class QVBoxLayout;
 
@@ -28,6 +31,34 @@ protected:
 private:
     std::vector<QRadioButton*> m_options;
     QVBoxLayout* m_rows;
+};
+
+/// The question whether a report is wanted in detail or in summary. Neither is chosen at first. Leaving it in another
+/// way than by its button does the same.
+class Ervthsh : public OptionQuestion {
+    Q_OBJECT
+
+public:
+    explicit Ervthsh(QWidget* parent = nullptr);
+
+    [[nodiscard]] bool isDetailedChosen() const;
+    [[nodiscard]] bool isSummaryChosen() const;
+};
+
+/// The question how the list of codes is sorted and whether it holds the active ones alone. By code and with all of
+/// them at first. Leaving it in another way than by its button does the same.
+class FormaTajinomhshs : public OptionQuestion {
+    Q_OBJECT
+
+public:
+    explicit FormaTajinomhshs(QWidget* parent = nullptr);
+
+    [[nodiscard]] CodeSort sort() const { return m_sort; }
+    [[nodiscard]] CodeSelection selection() const;
+
+private:
+    CodeSort m_sort = CodeSort::Code;
+    QCheckBox* m_activeOnly;
 };
 
 } // namespace lorvan

@@ -2,8 +2,8 @@
 
 #include "controls/choice_list.h"
 #include "controls/command_button.h"
-#include "controls/date_check.h"
 #include "controls/entry_field.h"
+#include "controls/leave_checks.h"
 #include "controls/main_controls.h"
 #include "controls/tick_list.h"
 #include "look/focus_rules.h"

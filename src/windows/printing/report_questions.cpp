@@ -2,14 +2,13 @@
 
 #include "book/book_files.h"
 #include "book/lock_trust.h"
-#include "codes/card_columns.h"
+#include "codes/group_card_choice.h"
 #include "look/busy_pointer.h"
 #include "look/message_window.h"
 #include "platform/engine/connection.h"
 #include "printing/analysh_frm.h"
 #include "printing/epilogh_omadvn.h"
-#include "printing/ervthsh.h"
-#include "printing/forma_tajinomhshs.h"
+#include "printing/option_question.h"
 #include "reports/cash_analysis_report.h"
 
 namespace lorvan {

@@ -12,7 +12,6 @@
 #include "start/fr_ervthsh_update.h"
 #include "start/termination_signals.h"
 #include "users/login.h"
-#include "users/start_failure_window.h"
 
 #include <QApplication>
 #include <QFileInfo>

@@ -15,7 +15,6 @@
 #include "look/window_placement.h"
 #include "platform/engine/connection.h"
 #include "users/administration_row.h"
-#include "users/start_failure_window.h"
 #include "users/user_maintenance.h"
 
 #include <QCheckBox>

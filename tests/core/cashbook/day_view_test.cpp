@@ -1,5 +1,5 @@
 #include "cashbook/day_view.h"
-#include "cashbook/weekday.h"
+#include "platform/date_text.h"
 #include "support/temporary_book.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "platform/files/durable_files.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 #include "platform/files/folder.h"
 #include "support/printing.h"
 

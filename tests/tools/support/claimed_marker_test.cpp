@@ -1,7 +1,7 @@
 #include "platform/windows1253.h"
 #include "support/claimed_marker.h"
-#include "support/refused.h"
 #include "support/temporary_book.h"
+#include "support/work.h"
 #include "support/worker_process.h"
 
 #include <QFile>

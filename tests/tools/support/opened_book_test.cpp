@@ -1,7 +1,7 @@
 #include "support/mount.h"
 #include "support/opened_book.h"
-#include "support/refused.h"
 #include "support/temporary_book.h"
+#include "support/work.h"
 
 #include <QFile>
 

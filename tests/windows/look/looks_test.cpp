@@ -6,8 +6,7 @@
 #include "preview/printer_choice.h"
 #include "preview/report_saver.h"
 #include "preview/save_dialog.h"
-#include "printing/ervthsh.h"
-#include "printing/forma_tajinomhshs.h"
+#include "printing/option_question.h"
 #include "start/fr_ervthsh_update.h"
 
 #include <QApplication>

@@ -8,8 +8,7 @@
 #include "preview/report_saver.h"
 #include "printing/analysh_frm.h"
 #include "printing/epilogh_omadvn.h"
-#include "printing/ervthsh.h"
-#include "printing/forma_tajinomhshs.h"
+#include "printing/option_question.h"
 #include "start/fr_ervthsh_update.h"
 
 #include <QAccessible>

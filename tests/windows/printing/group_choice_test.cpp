@@ -1,4 +1,4 @@
-#include "codes/card_columns.h"
+#include "codes/group_card_choice.h"
 #include "printing/epilogh_omadvn.h"
 
 #include "windows/box_script.h"

@@ -4,7 +4,7 @@
 #include "platform/engine/sql_error.h"
 #include "platform/engine/sql_functions.h"
 #include "platform/engine/steady_reading.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 #include "platform/files/folder.h"
 #include "platform/stop_check.h"
 

@@ -1,6 +1,6 @@
 #include "platform/engine/key_ring.h"
 
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 #include "platform/files/folder.h"
 
 #include <QFile>

@@ -1,7 +1,6 @@
 #include "platform/files/file.h"
 
 #include "platform/files/file_calls.h"
-#include "platform/files/file_error.h"
 
 #include <cerrno>
 #include <unistd.h>
@@ -104,6 +103,19 @@ void File::takeAccessOf(const struct stat& replaced, FileAccess access)
     const mode_t kept = access == FileAccess::Owner ? 0770 : 0777;
     if (::fchmod(m_descriptor, replaced.st_mode & kept) != 0 && errno != EPERM && errno != ENOTSUP)
         fail();
+}
+
+FileError::FileError(const QString& path, int number)
+    : FileError(path, qt_error_string(number), number)
+{
+}
+
+FileError::FileError(const QString& path, const QString& reason, int number)
+    : std::runtime_error((path + QStringLiteral(": ") + reason).toStdString())
+    , m_path(path)
+    , m_reason(reason)
+    , m_number(number)
+{
 }
 
 } // namespace lorvan

@@ -1,7 +1,7 @@
 #include "platform/files/file_lock.h"
 
+#include "platform/files/file.h"
 #include "platform/files/file_calls.h"
-#include "platform/files/file_error.h"
 #include "platform/stop_check.h"
 
 #include <QFile>

@@ -1,8 +1,8 @@
 #include "platform/files/folder.h"
 
 #include "platform/confirmation.h"
+#include "platform/files/file.h"
 #include "platform/files/file_calls.h"
-#include "platform/files/file_error.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "platform/files/lock_reach.h"
 
+#include "platform/files/file.h"
 #include "platform/files/file_calls.h"
-#include "platform/files/file_error.h"
 #include "platform/files/folder.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "platform/files/settings_store.h"
 
 #include "platform/files/durable_files.h"
-#include "platform/files/file_error.h"
+#include "platform/files/file.h"
 
 #include <QFile>
 #include <QFileInfo>

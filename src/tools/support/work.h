@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <stdexcept>
 
 namespace lorvan {
@@ -14,5 +15,8 @@ public:
     {
     }
 };
+
+/// Told from time to time how much of the whole is done. It may throw, which ends the work.
+using StepProgress = std::function<void(qint64 done, qint64 whole)>;
 
 } // namespace lorvan
