@@ -4,16 +4,13 @@
 #include "support/temporary_book.h"
 
 namespace lorvan::test {
-namespace {
 
 MovementDraft draftOf(const ModelMovement& movement)
 {
     const bool income = movement.incomeCents != 0;
-    return {income ? TemporaryBook::incomeCode : TemporaryBook::expenseCode, dateFromStored(movement.day),
-        QStringLiteral("κίνηση"), cents(movement.incomeCents), cents(movement.expenseCents), {}, false};
+    return {income ? TemporaryBook::incomeCode : TemporaryBook::expenseCode, dateFromStored(movement.day), "κίνηση",
+        cents(movement.incomeCents), cents(movement.expenseCents), {}, false};
 }
-
-} // namespace
 
 RandomChanges::RandomChanges(unsigned seed)
     : m_random(seed)

@@ -22,6 +22,9 @@ private:
     std::mt19937 m_random;
 };
 
+/// What is typed to insert the movement.
+[[nodiscard]] MovementDraft draftOf(const ModelMovement& movement);
+
 /// Makes the change through the cash book's own operations.
 [[nodiscard]] ChangeOutcome makeChange(CashBook& cashBook, const ModelChange& change);
 

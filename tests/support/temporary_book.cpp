@@ -21,36 +21,37 @@ KeyRing& testKeys()
     return keys;
 }
 
+Connection openAt(const QString& path)
+{
+    return Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
+}
+
+Connection openBoth(const QString& folder)
+{
+    const QString main = BookFiles(folder).mainDatabase();
+    const QString other = BookFiles(folder).auxiliaryDatabase();
+    Connection both = Connection::open(main, testKeys().keyForCopy(main), Connection::Access::ReadWrite);
+    both.attach(other, testKeys().keyForCopy(other), "other");
+    return both;
+}
+
 TemporaryBook::TemporaryBook()
 {
     createBook(files());
-    addGroup(1, QStringLiteral("Πωλήσεις"));
-    addCode(incomeCode, QStringLiteral("Λιανική"), true, 1);
-    addCode(expenseCode, QStringLiteral("Προμήθειες"), false);
-}
-
-Connection TemporaryBook::openMain() const
-{
-    return Connection::open(
-        files().mainDatabase(), testKeys().keyFor(files().mainDatabase()), Connection::Access::ReadWrite);
-}
-
-Connection TemporaryBook::openAuxiliary() const
-{
-    return Connection::open(
-        files().auxiliaryDatabase(), testKeys().keyFor(files().auxiliaryDatabase()), Connection::Access::ReadWrite);
+    addGroup(1, "Πωλήσεις");
+    addCode(incomeCode, "Λιανική", true, 1);
+    addCode(expenseCode, "Προμήθειες", false);
 }
 
 void TemporaryBook::addGroup(qint32 number, const QString& name) const
 {
-    Connection main = openMain();
-    main.prepare("INSERT INTO omades (aa, perigrafh) VALUES (?,?)").bind(number, name).run();
+    openMain().prepare("INSERT INTO omades (aa, perigrafh) VALUES (?,?)").bind(number, name).run();
 }
 
 void TemporaryBook::addCode(qint32 code, const QString& description, bool income, qint32 group, bool active) const
 {
-    Connection main = openMain();
-    main.prepare("INSERT INTO kvdikoi (kvdikos, perigrafh, omada, aa_omadas, lista, esodo, energos)"
+    openMain()
+        .prepare("INSERT INTO kvdikoi (kvdikos, perigrafh, omada, aa_omadas, lista, esodo, energos)"
                  " VALUES (?,?,(SELECT perigrafh FROM omades WHERE aa=?),?,?,?,?)")
         .bind(code, description, group, group, codeListLine(QString::number(code), description), income, active)
         .run();
@@ -58,8 +59,8 @@ void TemporaryBook::addCode(qint32 code, const QString& description, bool income
 
 void TemporaryBook::addMovementRow(const MovementDraft& movement) const
 {
-    Connection main = openMain();
-    main.prepare("INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, epitagh, L_tajeos)"
+    openMain()
+        .prepare("INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, epitagh, L_tajeos)"
                  " VALUES (?,?,?,?,?,0,?,?)")
         .bind(movement.code, movement.day, movement.description, movement.income, movement.expense, movement.cheque,
             movement.memorandum)

@@ -19,6 +19,15 @@ namespace lorvan::test {
     return Currency::fromTenThousandths(count * 100);
 }
 
+/// Keys derived once for the whole test process.
+[[nodiscard]] KeyRing& testKeys();
+
+/// A database to be written, as another program would.
+[[nodiscard]] Connection openAt(const QString& path);
+
+/// Both databases of a book that nobody else has open, the auxiliary one as "other".
+[[nodiscard]] Connection openBoth(const QString& folder);
+
 /// A book of its own in a folder that goes with the object. Two codes are there from the start: incomeCode (in group 1)
 /// and expenseCode (without a group), both active.
 class TemporaryBook {
@@ -32,8 +41,8 @@ public:
     [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
     [[nodiscard]] BookFiles files() const { return BookFiles(folder()); }
 
-    [[nodiscard]] Connection openMain() const;
-    [[nodiscard]] Connection openAuxiliary() const;
+    [[nodiscard]] Connection openMain() const { return openAt(files().mainDatabase()); }
+    [[nodiscard]] Connection openAuxiliary() const { return openAt(files().auxiliaryDatabase()); }
     [[nodiscard]] Book open() const { return {openMain(), openAuxiliary()}; }
 
     /// Runs statements on the main database, as another program would.
@@ -53,9 +62,6 @@ private:
 
 /// Lets the triggers that a test makes run on this connection, to have a step of a change refused.
 void letTriggersRun(Connection& connection);
-
-/// Keys derived once for the whole test process.
-[[nodiscard]] KeyRing& testKeys();
 
 /// The first column of the first row, as text; empty when there is no row.
 [[nodiscard]] QString valueOf(Connection& connection, std::string_view sql);

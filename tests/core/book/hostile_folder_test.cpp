@@ -5,15 +5,12 @@
 #include "book/pending_restore.h"
 #include "book/schema_guard.h"
 #include "platform/engine/transaction.h"
+#include "support/files.h"
 #include "support/temporary_book.h"
 #include "tools/tool_run.h"
 #include "users/administration.h"
 
-#include <QDir>
-#include <QFile>
 #include <QProcess>
-
-#include <gtest/gtest.h>
 
 #include <sys/stat.h>
 
@@ -23,12 +20,6 @@ namespace {
 const QDateTime morning(QDate(2026, 11, 23), QTime(9, 0));
 const auto always = [] { return true; };
 
-void write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-}
-
 void plant(std::string_view kind, const QString& target, const QString& path)
 {
     if (kind == "pipe") {
@@ -37,35 +28,30 @@ void plant(std::string_view kind, const QString& target, const QString& path)
         ASSERT_TRUE(QDir().mkdir(path));
     } else {
         const bool isToFile = kind == "link to a file";
-        ASSERT_TRUE(QFile::link(isToFile ? target + QStringLiteral("/lorvan.mdb") : target, path));
+        ASSERT_TRUE(QFile::link(isToFile ? target + "/lorvan.mdb" : target, path));
     }
 }
 
-/// What somebody refuses or fails at may fail; it is what it leaves that counts.
-template <typename Action> std::string whyNot(const Action& action)
+/// The reason for which the archive is not restored, neither as a new book nor over another: both leave no trace.
+std::string refusalOf(const QString& archive)
 {
-    try {
-        action();
-    } catch (const std::exception& failure) {
-        return failure.what();
+    const TemporaryBook other;
+    const QString names = namesIn(other.folder());
+    const std::string said = failureOf([&] { RestoredBook(archive, BookFiles(other.path("new"))); });
+    if (!said.empty()) {
+        EXPECT_THROW(RestoredBook(archive, other.files()), BackupUnusable) << said;
     }
-    return {};
+    EXPECT_EQ(namesIn(other.folder()), names) << said;
+    return said;
 }
 
-/// The reason for which the book in `folder`, packed as it is, is not restored.
-std::string refusalOf(const QString& folder)
+/// The same for the book in `folder`, packed as it is.
+std::string refusalOfPacked(const QString& folder)
 {
     const QTemporaryDir place;
-    const Folder target(place.path());
-    File archive = target.open(QStringLiteral("a.tar"), Folder::Opening::MakeNew);
+    File archive = Folder(place.path()).open("a.tar", Folder::Opening::MakeNew);
     packBook(Folder(folder), archive, {});
-    return whyNot([&] { RestoredBook(archive.path(), BookFiles(place.filePath(QStringLiteral("new")))); });
-}
-
-mode_t modeOf(const QString& path)
-{
-    struct stat found { };
-    return ::lstat(QFile::encodeName(path).constData(), &found) == 0 ? found.st_mode & 07777U : 0;
+    return refusalOf(archive.path());
 }
 
 } // namespace
@@ -73,30 +59,28 @@ mode_t modeOf(const QString& path)
 TEST(HostileFolder, whatIsPlantedInItLeadsNobodyOutOfIt)
 {
     const TemporaryBook source;
-    const QString backup = source.path(QStringLiteral("a.tar"));
+    const QString backup = source.path("a.tar");
     makeBackup(source.files(), backup, testKeys(), always);
-    const QString day = QStringLiteral("2026-11-23-090000");
-    const QStringList layouts[] = {{QStringLiteral("backup")}, {QStringLiteral("restore.pending")},
-        {QStringLiteral("backup/.lorvan-1.tar.part"), QStringLiteral("backup/lorvan-1.tar.part"),
-            QStringLiteral("backup/lorvan-daily-%1.tar").arg(day),
-            QStringLiteral("backup/.lorvan-backup-0123456789abcdef"), QStringLiteral(".restore"),
-            QStringLiteral(".restore-0123456789abcdef"), QStringLiteral("replaced-") + day,
+    const QString day = "2026-11-23-090000";
+    const QStringList layouts[] = {{"backup"}, {"restore.pending"},
+        {"backup/.lorvan-1.tar.part", "backup/lorvan-1.tar.part", QStringLiteral("backup/lorvan-daily-%1.tar").arg(day),
+            "backup/.lorvan-backup-0123456789abcdef", ".restore", ".restore-0123456789abcdef", "replaced-" + day,
             QStringLiteral("lorvan-%1.mdb.part").arg(day)}};
     for (const QStringList& names : layouts) {
         for (const char* const kind : {"link to a folder", "link to a file", "pipe", "folder"}) {
             const TemporaryBook book;
             const QTemporaryDir outside;
-            write(outside.filePath(QStringLiteral("lorvan.mdb")), "precious");
-            write(outside.filePath(QStringLiteral("lock")), "precious");
+            writeFile(outside.filePath("lorvan.mdb"), "precious");
+            writeFile(outside.filePath("lock"), "precious");
             if (names.size() > 1)
-                QDir().mkdir(book.path(QStringLiteral("backup")));
+                QDir().mkdir(book.path("backup"));
             for (const QString& name : names)
                 plant(kind, outside.path(), book.path(name));
             const auto before = contentOf(outside.path());
-            (void)whyNot([&] { makeDailyBackup(book.files(), testKeys(), morning, always); });
-            (void)whyNot([&] { finishRestore(book.files()); });
-            (void)whyNot([&] { (void)deleteAllData(book.files(), testKeys(), morning); });
-            (void)whyNot([&] { RestoredBook(backup, book.files()).replace(morning); });
+            (void)failureOf([&] { makeDailyBackup(book.files(), testKeys(), morning, always); });
+            (void)failureOf([&] { finishRestore(book.files()); });
+            (void)failureOf([&] { (void)deleteAllData(book.files(), testKeys(), morning); });
+            (void)failureOf([&] { RestoredBook(backup, book.files()).replace(morning); });
             EXPECT_EQ(contentOf(outside.path()), before) << names[0].toStdString() << ": " << kind;
         }
     }
@@ -104,13 +88,12 @@ TEST(HostileFolder, whatIsPlantedInItLeadsNobodyOutOfIt)
 
 TEST(HostileFolder, anArchiveHoldsTwoPlainMembersAndNothingElse)
 {
-    struct Case {
-        const char* prepare;
-        const char* reason;
-    };
-    const Case cases[] = {{"tar cf a.tar lorvan.mdb mapcodes.mdb lorvan.dat", "ξένο αρχείο, το «lorvan.dat»"},
+    // What is done with the book and a whole backup of it, and the reason to refuse that.
+    const std::pair<const char*, const char*> cases[] = {
+        {"tar cf a.tar lorvan.mdb mapcodes.mdb lorvan.dat", "ξένο αρχείο, το «lorvan.dat»"},
         {"tar cf a.tar lorvan.mdb", "λείπει το mapcodes.mdb"},
         {"tar cf a.tar lorvan.mdb mapcodes.mdb lorvan.mdb", "δεν είναι αρχείο βιβλίου"},
+        {"tar cPf a.tar lorvan.mdb --transform s,lorvan,../lorvan, lorvan.mdb", "ξένο αρχείο"},
         {"truncate -s 64G lorvan.mdb; tar cSf a.tar lorvan.mdb mapcodes.mdb", "κενά (sparse)"},
         {"truncate -s 0 lorvan.mdb; truncate -s 64G lorvan.mdb; tar cSf a.tar mapcodes.mdb lorvan.mdb", "a.tar"},
         {"mv lorvan.mdb x; ln -s x lorvan.mdb; tar cf a.tar lorvan.mdb mapcodes.mdb", "δεν είναι αρχείο βιβλίου"},
@@ -118,20 +101,20 @@ TEST(HostileFolder, anArchiveHoldsTwoPlainMembersAndNothingElse)
             "δεν είναι αρχείο βιβλίου"},
         {"rm lorvan.mdb; mkfifo lorvan.mdb; tar cf a.tar lorvan.mdb mapcodes.mdb", "δεν είναι αρχείο βιβλίου"},
         {"touch $(printf 'a\\033[31m'); tar cf a.tar a*; ", "«a\\u001b[31m»"}, {"mkfifo a.tar", "δεν υπάρχει τέτοιο"},
-        {"tar cf a.tar lorvan.mdb mapcodes.mdb; truncate -s 3G a.tar", "κενά (sparse)"},
-        {"tar cf b.tar lorvan.mdb mapcodes.mdb; head -c 9000 b.tar >a.tar", "a.tar"}};
-    for (const Case& each : cases) {
+        {"cp whole.tar a.tar; truncate -s 3G a.tar", "κενά (sparse)"}, {": >a.tar", "a.tar"},
+        {"echo text >a.tar", "a.tar"}, {"head -c 300 whole.tar >a.tar", "a.tar"},
+        {"head -c 5000 whole.tar >a.tar", "a.tar"}, {"head -c 9000 whole.tar >a.tar", "a.tar"},
+        {"tail -c +513 whole.tar >a.tar", "a.tar"}, {"head -c 50000 /dev/zero >a.tar", "a.tar"},
+        {"cp whole.tar a.tar; printf '\\000\\377' | dd of=a.tar bs=1 seek=5000 conv=notrunc", "a.tar"}};
+    for (const auto& [prepare, reason] : cases) {
         const TemporaryBook book;
+        makeBackup(book.files(), book.path("whole.tar"), testKeys(), always);
         QProcess shell;
         shell.setWorkingDirectory(book.folder());
-        shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), QString::fromUtf8(each.prepare)});
+        shell.start("sh", {"-c", prepare});
         ASSERT_TRUE(shell.waitForFinished() && shell.exitCode() == 0) << shell.readAllStandardError().toStdString();
-        const QTemporaryDir place;
-        const std::string said = whyNot([&] {
-            RestoredBook(book.path(QStringLiteral("a.tar")), BookFiles(place.filePath(QStringLiteral("new"))));
-        });
-        EXPECT_NE(said.find(each.reason), std::string::npos) << each.prepare << ": " << said;
-        EXPECT_TRUE(QDir(place.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)) << each.prepare;
+        const std::string said = refusalOf(book.path("a.tar"));
+        EXPECT_NE(said.find(reason), std::string::npos) << prepare << ": " << said;
     }
 }
 
@@ -180,15 +163,15 @@ TEST(HostileFolder, whatActsByItselfInADatabaseIsNamedAndNotRestored)
     for (const Case& each : cases) {
         const TemporaryBook book;
         book.execute(each.sql);
-        const std::string said = refusalOf(book.folder());
+        const std::string said = refusalOfPacked(book.folder());
         EXPECT_NE(said.find(each.reason), std::string::npos) << said;
         EXPECT_EQ(said.empty(), std::string_view(each.reason).empty()) << said;
         Connection main = book.openMain();
-        EXPECT_EQ(whyNot([&] { refuseForeignObjects(main); }).empty(), each.opens) << each.sql;
+        EXPECT_EQ(failureOf([&] { refuseForeignObjects(main); }).empty(), each.opens) << each.sql;
     }
     const TemporaryBook older;
     older.makeVersionless();
-    EXPECT_EQ(refusalOf(older.folder()), "") << "it lacks the column of a later version";
+    EXPECT_EQ(refusalOfPacked(older.folder()), "") << "it lacks the column of a later version";
 }
 
 TEST(HostileFolder, copiesAreForThoseWhoMayReadTheBook)
@@ -203,9 +186,9 @@ TEST(HostileFolder, copiesAreForThoseWhoMayReadTheBook)
     RestoredBook(*made, book.files()).replace(morning);
     EXPECT_EQ(modeOf(book.files().mainDatabase()), 0640U);
     EXPECT_EQ(modeOf(deleteAllData(book.files(), testKeys(), morning).mainDatabase), 0640U);
-    const QString fresh = book.path(QStringLiteral("fresh"));
+    const QString fresh = book.path("fresh");
     RestoredBook(*made, BookFiles(fresh)).replace(morning);
-    EXPECT_EQ(modeOf(fresh + QStringLiteral("/mapcodes.mdb")), 0600U);
+    EXPECT_EQ(modeOf(fresh + "/mapcodes.mdb"), 0600U);
 }
 
 } // namespace lorvan::test

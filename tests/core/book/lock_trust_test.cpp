@@ -2,21 +2,14 @@
 #include "book/failure_text.h"
 #include "book/lock_trust.h"
 #include "cashbook/opening_balance.h"
-#include "platform/engine/sql_error.h"
 #include "platform/engine/steady_reading.h"
+#include "support/files.h"
 #include "support/temporary_book.h"
 #include "support/vain_locks.h"
 #include "support/worker_log.h"
 #include "support/worker_process.h"
 
-#include <QDir>
-#include <QFile>
-
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <iostream>
-#include <map>
+#include <future>
 #include <sqlite3.h>
 #include <thread>
 
@@ -25,15 +18,9 @@ namespace {
 
 Book openBookOf(const TemporaryBook& book)
 {
-    UsageMarker marker(book.files().usageMarker(), {QStringLiteral("Μαρία"), QStringLiteral("A")});
-    return openBook(
-        book.files(), testKeys(), marker, [] { return OpeningBalance{}; }, openingSteps());
-}
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    UsageMarker marker(book.files().usageMarker(), {"Μαρία", "A"});
+    const auto ask = [] { return OpeningBalance{}; };
+    return openBook(book.files(), testKeys(), marker, ask, openingSteps());
 }
 
 void overwrite(const QString& path, const QByteArray& beginning)
@@ -46,33 +33,21 @@ void overwrite(const QString& path, const QByteArray& beginning)
 /// As a program leaves a book that is killed while it writes.
 void leaveJournal(const TemporaryBook& book)
 {
-    const QString names[] = {book.files().mainDatabase(), book.files().mainDatabase() + QStringLiteral("-journal")};
-    std::map<QString, QByteArray> left;
-    {
+    const auto writeAndDie = [&book] {
         Connection killed = book.openMain();
         killed.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<900)"
                        " INSERT INTO tameio (hmeromhnia) SELECT 20240000+i FROM n;"
                        "PRAGMA cache_size = 2; BEGIN; UPDATE tameio SET esoda = 1; DELETE FROM kvdikoi");
-        for (const QString& name : names) {
-            QFile file(name);
-            ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
-            left[name] = file.readAll();
-        }
-    }
-    for (const auto& [name, bytes] : left) {
-        QFile file(name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
+        ::_exit(0);
+    };
+    EXPECT_EXIT(writeAndDie(), testing::ExitedWithCode(0), "");
 }
 
 } // namespace
 
 TEST(LockTrust, knowsMountsThatKeepLocksToThemselves)
 {
-    const struct {
-        const char* line;
-        bool isLocal;
-    } cases[] = {
+    const std::pair<const char*, bool> cases[] = {
         {"1 0 8:1 / /books rw - ext4 /dev/sda1 rw", false},
         {"1 0 0:5 / /books rw shared:7 master:2 - nfs srv:/x rw,vers=3,local_lock=none", false},
         {"1 0 0:5 / /books rw shared:7 - nfs srv:/x rw,vers=3,local_lock=all", true},
@@ -90,8 +65,7 @@ TEST(LockTrust, knowsMountsThatKeepLocksToThemselves)
         {"cut short", false},
     };
     for (const auto& [line, isLocal] : cases)
-        EXPECT_EQ(keepsLocksLocal(QByteArray("9 0 8:1 / / rw - ext4 x rw\n") + line, QStringLiteral("/books/ta meia")),
-            isLocal)
+        EXPECT_EQ(keepsLocksLocal(QByteArray("9 0 8:1 / / rw - ext4 x rw\n") + line, "/books/ta meia"), isLocal)
             << line;
 }
 
@@ -109,15 +83,14 @@ TEST(LockTrust, whereLocksKeepNobodyOutTheBookIsOnlyLookedAt)
 TEST(LockTrust, anUnguardedActionWaitsForAJournalToGo)
 {
     const TemporaryBook book;
-    QFile journal(book.files().mainDatabase() + QStringLiteral("-journal"));
+    QFile journal(book.files().mainDatabase() + "-journal");
     ASSERT_TRUE(journal.open(QIODevice::WriteOnly));
-    std::thread other([&] {
+    const auto other = std::async(std::launch::async, [&journal] {
         std::this_thread::sleep_for(std::chrono::milliseconds(200));
         journal.remove();
     });
     EXPECT_NO_THROW(admitUnguarded(book.files()));
-    EXPECT_FALSE(QFile::exists(book.files().mainDatabase() + QStringLiteral("-journal")));
-    other.join();
+    EXPECT_FALSE(journal.exists());
 }
 
 /// The same process changes the book meanwhile: between its connections, locks of the engine's own are in force.
@@ -132,24 +105,24 @@ TEST(LockTrust, whatChangesWhileItIsReadIsReadAgain)
             book.execute("DELETE FROM kvdikoi"); // between two readings
         seen.push_back(valueOf(main, "SELECT count(*) FROM kvdikoi"));
         if (seen.size() == 1)
-            throw SqlError(SQLITE_CORRUPT, QStringLiteral("half written"), {});
+            throw SqlError(SQLITE_CORRUPT, "half written", {});
     });
-    EXPECT_EQ(seen, (std::vector<QString>{QStringLiteral("2"), QStringLiteral("0")}));
+    EXPECT_EQ(seen, (std::vector<QString>{"2", "0"}));
 
     // A first page that was written before the others: what is read then must not be kept.
     book.execute("INSERT INTO kvdikoi (kvdikos) VALUES (1)");
-    const QByteArray after = contentOf(book.files().mainDatabase());
+    const QByteArray after = readFile(book.files().mainDatabase());
     book.execute("DELETE FROM kvdikoi");
     overwrite(book.files().mainDatabase(), after.first(1024));
-    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), QStringLiteral("0"));
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), "0");
     overwrite(book.files().mainDatabase(), after);
-    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), QStringLiteral("1"));
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), "1");
 
     book.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<1000)"
                  " INSERT INTO tameio (hmeromhnia) SELECT 20240000+i FROM n");
     auto rows = main.prepare("SELECT hmeromhnia FROM tameio");
     ASSERT_TRUE(rows.step());
-    overwrite(book.files().mainDatabase(), contentOf(book.files().mainDatabase()));
+    overwrite(book.files().mainDatabase(), readFile(book.files().mainDatabase()));
     int read = 1;
     EXPECT_THROW(
         while (rows.step()) { ++read; }, SqlError)
@@ -160,28 +133,22 @@ TEST(LockTrust, whatChangesWhileItIsReadIsReadAgain)
 TEST(LockTrust, whereLocksDoNothingWriterAndReadersLeaveTheBookWhole)
 {
     const TemporaryBook book;
-    book.addUser(QStringLiteral("Μαρία"), QStringLiteral("1"));
-    const QString log = book.path(QStringLiteral("log"));
-    const QString looked[] = {book.path(QStringLiteral("looked1")), book.path(QStringLiteral("looked2"))};
-    WorkerProcess writer({QStringLiteral("typing"), book.folder(), log, QStringLiteral("1800")});
+    book.addUser("Μαρία", "1");
+    const QString log = book.path("log");
+    WorkerProcess writer({"typing", book.folder(), log, "1800"});
     ASSERT_TRUE(writer.waitForLog(log));
-    {
-        WorkerProcess first({QStringLiteral("looking"), book.folder(), looked[0], QStringLiteral("1200")});
-        WorkerProcess second({QStringLiteral("looking"), book.folder(), looked[1], QStringLiteral("1200")});
-        EXPECT_EQ(first.waitForExit(40), 0) << first.output().toStdString();
-        EXPECT_EQ(second.waitForExit(40), 0) << second.output().toStdString();
-    }
+    WorkerProcess first({"looking", book.folder(), book.path("looked1"), "1200"});
+    WorkerProcess second({"looking", book.folder(), book.path("looked2"), "1200"});
+    EXPECT_EQ(first.waitForExit(40), 0) << first.output().toStdString();
+    EXPECT_EQ(second.waitForExit(40), 0) << second.output().toStdString();
     EXPECT_EQ(writer.waitForExit(40), 0) << writer.output().toStdString();
-    for (const QString& each : looked)
-        std::cout << "where locks do nothing: " << WorkerLog::read(each).at(0) << '\n';
-
     BookModel model;
     for (const std::string& line : WorkerLog::read(log)) {
         if (line != "ready")
             model.apply(changeIn(line));
     }
     Connection main = book.openMain();
-    EXPECT_EQ(valueOf(main, "PRAGMA integrity_check"), QStringLiteral("ok"));
+    EXPECT_EQ(valueOf(main, "PRAGMA integrity_check"), "ok");
     EXPECT_EQ(storedMovements(main), model.movements());
     EXPECT_EQ(storedCashDays(main), model.cashDays());
 }
@@ -191,28 +158,27 @@ TEST(LockTrust, whatAKilledProgramLeftIsTakenBackUnlessAnotherHoldsTheMarker)
     const TemporaryBook book;
     leaveJournal(book);
     ASSERT_TRUE(Connection::hasJournal(book.files().mainDatabase()));
-    UsageMarker other(book.files().usageMarker(), {QStringLiteral("Νίκος"), QStringLiteral("PC7")});
+    UsageMarker other(book.files().usageMarker(), {"Νίκος", "PC7"});
     ASSERT_TRUE(other.claim());
     try {
         (void)openBookOf(book);
         ADD_FAILURE() << "opened";
     } catch (const SqlError& error) {
         EXPECT_EQ(error.kind(), SqlError::Kind::JournalStands);
-        EXPECT_TRUE(failureText(error).startsWith(
-            QStringLiteral("Ο υπολογιστής PC7 διακόπηκε· τον ξεκλειδώνει ο διαχειριστής.")));
+        EXPECT_TRUE(failureText(error).startsWith("Ο υπολογιστής PC7 διακόπηκε· τον ξεκλειδώνει ο διαχειριστής."));
     }
     EXPECT_TRUE(Connection::hasJournal(book.files().mainDatabase()));
     UsageMarker::unlock(book.files().usageMarker());
     const SqlError stands(SQLITE_READONLY_ROLLBACK, {}, {}, book.files().mainDatabase());
-    EXPECT_TRUE(failureText(stands).startsWith(QStringLiteral("Μια αλλαγή έμεινε μισή δίπλα στο βιβλίο.")));
-    const QString foreign = book.files().auxiliaryDatabase() + QStringLiteral("-journal");
+    EXPECT_TRUE(failureText(stands).startsWith("Μια αλλαγή έμεινε μισή δίπλα στο βιβλίο."));
+    const QString foreign = book.files().auxiliaryDatabase() + "-journal";
     ASSERT_TRUE(QDir().mkdir(foreign));
     EXPECT_TRUE(failureText(stands).startsWith(QStringLiteral("Το %1 δεν είναι αρχείο").arg(foreign)));
     ASSERT_TRUE(QDir().rmdir(foreign));
     Book opened = openBookOf(book);
     EXPECT_FALSE(opened.main().isReadOnly());
     EXPECT_FALSE(Connection::hasJournal(book.files().mainDatabase()));
-    EXPECT_EQ(valueOf(opened.main(), "SELECT count(*) FROM kvdikoi"), QStringLiteral("2"));
+    EXPECT_EQ(valueOf(opened.main(), "SELECT count(*) FROM kvdikoi"), "2");
 }
 
 TEST(LockTrust, accessFollowsTheMarkerUnlessTheBookWasReplaced)
@@ -222,12 +188,12 @@ TEST(LockTrust, accessFollowsTheMarkerUnlessTheBookWasReplaced)
     Connection& main = opened.main();
     opened.setAccess(Connection::Access::ReadOnly);
     EXPECT_TRUE(main.isReadOnly());
-    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), QStringLiteral("2"));
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kvdikoi"), "2");
     opened.setAccess(Connection::Access::ReadWrite);
     EXPECT_FALSE(main.isReadOnly());
     opened.setAccess(Connection::Access::ReadOnly);
-    ASSERT_TRUE(QFile::rename(book.files().mainDatabase(), book.path(QStringLiteral("aside"))));
-    ASSERT_TRUE(QFile::copy(book.path(QStringLiteral("aside")), book.files().mainDatabase()));
+    ASSERT_TRUE(QFile::rename(book.files().mainDatabase(), book.path("aside")));
+    ASSERT_TRUE(QFile::copy(book.path("aside"), book.files().mainDatabase()));
     opened.setAccess(Connection::Access::ReadWrite);
     EXPECT_TRUE(main.isReadOnly()) << "the new file is not what the window shows";
 }

@@ -8,24 +8,22 @@ namespace lorvan::test {
 TEST(NoticeBoard, theMostUrgentIsShownAndTheOthersAreCounted)
 {
     using enum NoticeKind;
-    const auto saying = [](const char* text) { return Notice{QString::fromUtf8(text), QStringLiteral("because")}; };
+    const auto saying = [](const char* text) { return Notice{text, "because"}; };
     NoticeBoard board;
     EXPECT_EQ(board.shown().text, QString());
     board.put(BackupFailed, saying("backup"));
-    EXPECT_EQ(board.shown().text, QStringLiteral("backup"));
+    EXPECT_EQ(board.shown().text, "backup");
     board.put(HeldByAnother, saying("held"));
     board.put(DiskIsWeak, saying("disk"));
     board.put(LocksKeepNobodyOut, saying("locks"));
-    board.put(DayClosed, {QStringLiteral("closed"), {}, false});
-    const struct {
-        NoticeKind kind;
-        const char* text;
-    } inOrder[] = {{DayClosed, "closed  (και 4 ακόμη)"}, {LocksKeepNobodyOut, "locks  (και 3 ακόμη)"},
-        {HeldByAnother, "held  (και 2 ακόμη)"}, {DiskIsWeak, "disk  (και 1 ακόμη)"}, {BackupFailed, "backup"}};
+    board.put(DayClosed, {"closed", {}, false});
+    const std::pair<NoticeKind, const char*> inOrder[] = {{DayClosed, "closed  (και 4 ακόμη)"},
+        {LocksKeepNobodyOut, "locks  (και 3 ακόμη)"}, {HeldByAnother, "held  (και 2 ακόμη)"},
+        {DiskIsWeak, "disk  (και 1 ακόμη)"}, {BackupFailed, "backup"}};
     for (const auto& [kind, text] : inOrder) {
-        EXPECT_EQ(board.shown().text, QString::fromUtf8(text));
+        EXPECT_EQ(board.shown().text, text);
         EXPECT_EQ(board.shown().isWarning, kind != DayClosed);
-        EXPECT_TRUE(board.shown().reason.endsWith(QStringLiteral("because"))) << "the last one's stays to the end";
+        EXPECT_TRUE(board.shown().reason.endsWith("because")) << "the last one's stays to the end";
         board.remove(kind);
     }
 }
@@ -33,15 +31,12 @@ TEST(NoticeBoard, theMostUrgentIsShownAndTheOthersAreCounted)
 TEST(HeldNotice, saysSinceWhenUnlessThatIsStillToCome)
 {
     const QDateTime now({2026, 11, 21}, {12, 0});
-    const struct {
-        QDateTime since;
-        const char* text;
-    } cases[] = {{QDateTime({2026, 11, 21}, {9, 5}), "γραφείο από τις 09:05. "},
+    const std::pair<QDateTime, const char*> cases[] = {{QDateTime({2026, 11, 21}, {9, 5}), "γραφείο από τις 09:05. "},
         {QDateTime({2026, 11, 20}, {18, 30}), "γραφείο από 20-11-2026 18:30. "}, {now, "γραφείο από τις 12:00. "},
         {now.addSecs(1), "γραφείο. "}, {QDateTime(), "γραφείο. "}};
     for (const auto& [since, text] : cases) {
-        const Notice notice = heldNotice({{QStringLiteral("Ελένη"), QStringLiteral("γραφείο")}, since}, now);
-        EXPECT_TRUE(notice.text.contains(QString::fromUtf8(text))) << notice.text.toStdString();
+        const Notice notice = heldNotice({{"Ελένη", "γραφείο"}, since}, now);
+        EXPECT_TRUE(notice.text.contains(text)) << notice.text.toStdString();
     }
 }
 
