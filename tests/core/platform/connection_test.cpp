@@ -1,11 +1,14 @@
+#include "platform/engine/connection.h"
+
+#include "book/failure_text.h"
 #include "platform/engine/sql_error.h"
 #include "platform/engine/transaction.h"
+#include "support/files.h"
 #include "support/temporary_book.h"
 
-#include <gtest/gtest.h>
-#include <sqlite3.h>
-
+#include <functional>
 #include <optional>
+#include <sqlite3.h>
 
 namespace lorvan::test {
 namespace {
@@ -43,48 +46,22 @@ protected:
 TEST_F(ConnectionTest, anErrorCarriesTheEnginesWordsAndTheStatement)
 {
     const SqlError prepared = errorOf([&] { (void)main.prepare("SELECT ποσό FROM kinhseis"); });
-    EXPECT_EQ(prepared.engineMessage(), QStringLiteral("no such column: ποσό"));
-    EXPECT_EQ(prepared.statement(), QStringLiteral("SELECT ποσό FROM kinhseis"));
+    EXPECT_EQ(prepared.engineMessage(), "no such column: ποσό");
+    EXPECT_EQ(prepared.statement(), "SELECT ποσό FROM kinhseis");
     EXPECT_NE(std::string(prepared.what()).find("no such column: ποσό (1): SELECT"), std::string::npos);
 
     const SqlError run = errorOf([&] { main.prepare("INSERT INTO omades (aa) VALUES (?)").bind(1).run(); });
-    EXPECT_EQ(run.engineMessage(), QStringLiteral("UNIQUE constraint failed: omades.aa"));
-    EXPECT_EQ(run.statement(), QStringLiteral("INSERT INTO omades (aa) VALUES (?)"));
+    EXPECT_EQ(run.engineMessage(), "UNIQUE constraint failed: omades.aa");
+    EXPECT_EQ(run.statement(), "INSERT INTO omades (aa) VALUES (?)");
     EXPECT_EQ(run.code(), SQLITE_CONSTRAINT_PRIMARYKEY);
 
-    EXPECT_EQ(errorOf([&] { main.execute("DELETE FROM nothing"); }).statement(), QStringLiteral("DELETE FROM nothing"));
-}
-
-TEST_F(ConnectionTest, typedValuesComeBackAsTheyWent)
-{
-    const QString awkward = QStringLiteral("O'Neil \"%_\" ; -- κείμενο") + QString(10'000, u'ω');
-    auto row = main.prepare("SELECT ?, ?, ?, ?, ?, ?, NULL");
-    row.bind(awkward, QDate(2024, 2, 29), cents(-123), true, false, std::int64_t(1) << 40);
-    ASSERT_TRUE(row.step());
-    EXPECT_EQ(row.text(0), awkward);
-    EXPECT_EQ(row.integer(1), 20240229);
-    EXPECT_EQ(row.date(1), QDate(2024, 2, 29));
-    EXPECT_EQ(row.integer(2), -12'300);
-    EXPECT_EQ(row.currency(2), cents(-123));
-    EXPECT_EQ(row.integer(3), -1);
-    EXPECT_TRUE(row.boolean(3));
-    EXPECT_EQ(row.integer(4), 0);
-    EXPECT_EQ(row.integer(5), std::int64_t(1) << 40);
-    EXPECT_TRUE(row.isNull(6));
-    EXPECT_EQ(row.text(6), QString());
-    EXPECT_TRUE(row.currency(6).isZero());
-    EXPECT_FALSE(row.date(6).isValid());
-    EXPECT_FALSE(row.step());
+    EXPECT_EQ(errorOf([&] { main.execute("DELETE FROM nothing"); }).statement(), "DELETE FROM nothing");
 }
 
 TEST_F(ConnectionTest, aStatementIsUsedAgainWithoutTheValuesOfItsLastUse)
 {
     const char* const text = "SELECT ?, count(*) FROM sqlite_master";
-    {
-        auto first = main.prepare(text);
-        first.bind(7);
-        EXPECT_TRUE(first.step());
-    }
+    EXPECT_TRUE(main.prepare(text).bind(7).step());
     EXPECT_EQ(statementsOf(main, Count::Busy), 0) << "an idle program holds no lock";
 
     const int prepared = statementsOf(main, Count::All);
@@ -98,59 +75,110 @@ TEST_F(ConnectionTest, aStatementIsUsedAgainWithoutTheValuesOfItsLastUse)
     EXPECT_EQ(second.integer(1), again.integer(1));
 }
 
-TEST_F(ConnectionTest, aTransactionThatIsNotCommittedLeavesNothing)
-{
-    {
-        const Transaction undone(main);
-        main.execute("DELETE FROM omades");
-    }
-    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM omades"), QStringLiteral("1"));
-    {
-        Transaction kept(main);
-        main.execute("DELETE FROM omades");
-        kept.commit();
-    }
-    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM omades"), QStringLiteral("0"));
-    EXPECT_FALSE(main.inTransaction());
-}
-
 TEST_F(ConnectionTest, aSecondWriterIsToldThatTheBookIsBusy)
 {
     Connection other = book.openMain();
     other.setBusyTimeout(std::chrono::milliseconds(20));
     std::optional<Transaction> writing(std::in_place, main);
-    EXPECT_EQ(errorOf([&] { const Transaction second(other); }).kind(), SqlError::Kind::Busy);
-    EXPECT_EQ(valueOf(other, "SELECT count(*) FROM omades"), QStringLiteral("1")) << "readers are let in";
+    EXPECT_EQ(troubleOf([&] { const Transaction second(other); }), SqlError::Kind::Busy);
+    EXPECT_EQ(valueOf(other, "SELECT count(*) FROM omades"), "1") << "readers are let in";
     writing.reset();
     EXPECT_NO_THROW(const Transaction second(other));
+}
+
+TEST_F(ConnectionTest, aFullDiskIsToldAsSuch)
+{
+    main.execute("PRAGMA max_page_count=1"); // no more than there are
+    EXPECT_EQ(troubleOf([&] { main.execute("CREATE TABLE x AS SELECT zeroblob(100000)"); }), SqlError::Kind::DiskFull);
 }
 
 TEST_F(ConnectionTest, anAttachedFileTakesPartInTheTransaction)
 {
     const QString path = book.files().auxiliaryDatabase();
-    main.attach(path, testKeys().keyFor(path), QStringLiteral("aux"));
+    main.attach(path, testKeys().keyFor(path), "aux");
     {
         const Transaction undone(main);
         main.execute("DELETE FROM omades; INSERT INTO aux.klhsimotameioy (hmeraklhsimatos) VALUES (20240101)");
     }
-    EXPECT_EQ(valueOf(main, "SELECT (SELECT count(*) FROM omades) || (SELECT count(*) FROM aux.klhsimotameioy)"),
-        QStringLiteral("10"));
-    const QString missing = book.path(QStringLiteral("missing.mdb"));
-    EXPECT_EQ(errorOf([&] { main.attach(missing, testKeys().keyFor(path), QStringLiteral("b")); }).kind(),
-        SqlError::Kind::CannotOpen);
+    EXPECT_EQ(valueOf(main, "SELECT (SELECT count(*) FROM omades) || (SELECT count(*) FROM aux.klhsimotameioy)"), "10");
+    const QString missing = book.path("missing.mdb");
+    EXPECT_EQ(troubleOf([&] { main.attach(missing, testKeys().keyFor(path), "b"); }), SqlError::Kind::CannotOpen);
     EXPECT_FALSE(BookFiles::exists(missing));
 }
 
 TEST_F(ConnectionTest, aBookOpensInTheStockShellWithThePasswordAlone)
 {
     sqlite3* raw = nullptr;
-    ASSERT_EQ(sqlite3_open_v2(book.files().mainDatabase().toUtf8().constData(), &raw, SQLITE_OPEN_READONLY, nullptr),
-        SQLITE_OK);
+    const QByteArray path = book.files().mainDatabase().toUtf8();
+    ASSERT_EQ(sqlite3_open_v2(path.constData(), &raw, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
     ASSERT_EQ(sqlite3_key(raw, bookPassword().constData(), int(bookPassword().size())), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(
-                  raw, "PRAGMA integrity_check; SELECT * FROM kvdikoi ORDER BY perigrafh", nullptr, nullptr, nullptr),
-        SQLITE_OK);
+    constexpr auto readAll = "PRAGMA integrity_check; SELECT * FROM kvdikoi ORDER BY perigrafh";
+    EXPECT_EQ(sqlite3_exec(raw, readAll, nullptr, nullptr, nullptr), SQLITE_OK);
     sqlite3_close(raw);
+}
+
+TEST_F(ConnectionTest, sqlFunctionsConvertTextsAndFailOnWhatIsNoDateOrNumber)
+{
+    const auto evaluate = [this](const char* expression) { return valueOf(main, std::string("SELECT ") + expression); };
+    const std::pair<const char*, const char*> cases[] = {{"cdate('12-03-2005')", "20050312"},
+        {"csng('1.234,56')", "12345600"}, {"csng('-0,5')", "-5000"}, {"amount_add(5,-7)", "-2"},
+        {"amount_add(NULL,3)", "3"}, {"amount_add(9223372036854775807,0)", "9223372036854775807"}};
+    for (const auto& [expression, value] : cases)
+        EXPECT_EQ(evaluate(expression), value) << expression;
+    for (const char* failing : {"cdate('31-02-2005')", "cdate('')", "cdate(NULL)", "csng('1,234,5')", "csng('')",
+             "csng('1000000000000000')", "amount_add(9223372036854775807,1)", "amount_add(-9223372036854775807,-2)"})
+        EXPECT_THROW((void)evaluate(failing), SqlError) << failing;
+}
+
+TEST_F(ConnectionTest, theGreekCollationOrdersAndComparesInQueries)
+{
+    const QStringList ordered{"12", "αγορά", "Άλφα", "ΒΗΤΑ", "γάμα", "Ζήτα", "Πωλήσεις", "ώρα", "zeta"};
+    for (int i = 8; i >= 0; --i) {
+        if (i != 6) // which is there
+            book.addGroup(10 - i, ordered[i]);
+    }
+    EXPECT_EQ(valueOf(main,
+                  "SELECT group_concat(perigrafh, ' ') FROM (SELECT * FROM omades ORDER BY perigrafh COLLATE greek)"),
+        ordered.join(u' '));
+    EXPECT_EQ(valueOf(main, "SELECT aa FROM omades WHERE perigrafh='ΠΩΛΉΣΕΙΣ' COLLATE greek"), "1");
+}
+
+TEST(DamagedFiles, eachIsReportedForWhatItIsAndLeftAsItWas)
+{
+    using Kind = SqlError::Kind;
+    const struct {
+        const char* name;
+        std::function<void(const QString&)> damage;
+        Kind kind;
+        QByteArray password = bookPassword();
+    } cases[] = {
+        {"wrong password", [](const QString&) {}, Kind::NotADatabase, "TelmaHarbour"},
+        {"half a file", [](const QString& path) { QFile::resize(path, QFile(path).size() / 2 / 1024 * 1024); },
+            Kind::Damaged},
+        {"less than a page", [](const QString& path) { QFile::resize(path, 700); }, Kind::NotADatabase},
+        {"empty file", [](const QString& path) { writeFile(path, {}); }, Kind::NotADatabase},
+        {"foreign file", [](const QString& path) { writeFile(path, QByteArray(8192, 'x')); }, Kind::NotADatabase},
+        {"missing file", [](const QString& path) { QFile::remove(path); }, Kind::CannotOpen},
+        {"folder in its place", [](const QString& path) { QFile::remove(path) && QDir().mkdir(path); },
+            Kind::CannotOpen},
+    };
+    for (const auto& [name, damage, kind, password] : cases) {
+        const TemporaryBook book;
+        const QString path = book.files().auxiliaryDatabase();
+        damage(path);
+        const QByteArray before = readFile(path);
+        KeyRing keys(password);
+        keys.prepare(path);
+        try {
+            Connection::open(path, keys.keyFor(path), Connection::Access::ReadWrite);
+            ADD_FAILURE() << name << " was opened";
+        } catch (const SqlError& error) {
+            EXPECT_EQ(error.kind(), kind) << name << ": " << error.what();
+            EXPECT_TRUE(failureText(error).endsWith(error.what())) << name;
+            EXPECT_FALSE(failureText(error).contains(QString::fromLatin1(password))) << name;
+        }
+        EXPECT_EQ(readFile(path), before) << name;
+    }
 }
 
 } // namespace lorvan::test

@@ -1,13 +1,13 @@
 #include "platform/engine/key_ring.h"
+#include "platform/engine/transaction.h"
 #include "platform/files/instance_guard.h"
 #include "platform/machine_identity.h"
+#include "support/files.h"
 #include "support/temporary_book.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
-#include <gtest/gtest.h>
-
+#include <fcntl.h>
 #include <sched.h>
 #include <thread>
 #include <unistd.h>
@@ -18,12 +18,11 @@ TEST(InstanceGuard, oneProgramFileIsOneProgramWhateverItsName)
 {
     const QTemporaryDir folder;
     const auto programAt = [&folder](const char* name) {
-        QFile file(folder.filePath(QString::fromUtf8(name)));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        return file.fileName();
+        writeFile(folder.filePath(name), {});
+        return folder.filePath(name);
     };
     const QString program = programAt("lorvan");
-    const QString link = folder.filePath(QStringLiteral("link"));
+    const QString link = folder.filePath("link");
     ASSERT_TRUE(QFile::link(program, link));
     {
         InstanceGuard first(program);
@@ -45,14 +44,25 @@ TEST(InstanceGuard, oneProgramFileIsOneProgramWhateverItsName)
     EXPECT_TRUE(InstanceGuard(program).isOnlyInstance());
 }
 
-TEST(KeyRing, derivesAKeyForEachSaltAndFollowsAReplacedFile)
+TEST(KeyRing, derivesAKeyForEachSaltFollowsAReplacedFileAndLeavesTheProcessesLocksAlone)
 {
     const TemporaryBook first;
     const TemporaryBook second;
     const QString path = first.files().mainDatabase();
     KeyRing keys(bookPassword());
     const QByteArray before = keys.keyFor(path).engineText();
-    EXPECT_EQ(keys.keyFor(path).engineText(), before);
+    {
+        Connection main = Connection::open(path, keys.keyFor(path), Connection::Access::ReadWrite);
+        const Transaction writing(main);
+        EXPECT_EQ(keys.keyFor(path).engineText(), before);
+        const auto lockSeenByAnother = [&path] {
+            struct flock lock { };
+            lock.l_type = F_WRLCK;
+            ::fcntl(::open(path.toUtf8().constData(), O_RDWR), F_GETLK, &lock);
+            return lock.l_type;
+        };
+        EXPECT_EXIT(::_exit(lockSeenByAnother()), testing::ExitedWithCode(F_WRLCK), "");
+    }
     EXPECT_NE(keys.keyFor(first.files().auxiliaryDatabase()).engineText(), before);
 
     QFile::remove(path);
@@ -69,9 +79,9 @@ TEST(MachineIdentity, isTheAccountsNameAndTheHosts)
         isRenamed = ::unshare(CLONE_NEWUTS) == 0 && ::sethostname("tameio9", 7) == 0;
         if (!isRenamed)
             return;
-        EXPECT_EQ(machineIdentity().computer, QStringLiteral("tameio9"));
+        EXPECT_EQ(machineIdentity().computer, "tameio9");
         EXPECT_EQ(::sethostname("", 0), 0);
-        EXPECT_EQ(machineIdentity().computer, QStringLiteral("Ανώνυμος"));
+        EXPECT_EQ(machineIdentity().computer, "Ανώνυμος");
     })
         .join();
     if (!isRenamed)
