@@ -1,4 +1,5 @@
 #include "book/book_schema.h"
+#include "book/opening_balance_rules.h"
 #include "cashbook/cash_book.h"
 #include "cashbook/opening_balance.h"
 #include "support/book_model.h"
@@ -50,7 +51,7 @@ TEST(OpeningBalance, ofAnEarlierReleaseIsKeptWhereNoOtherReasonIsPossible)
         const CashDayLines before = storedCashDays(book.main());
         ensureMainSchema(book.main(), openingSteps());
         EXPECT_EQ(valueOf(book.main(), "SELECT coalesce(group_concat(day||' '||amount), '') FROM opening_difference"),
-            QString::fromUtf8(differences))
+            differences)
             << what;
         CashBook cashBook(book, {});
         for (const int day : {15, 12, 11}) {
@@ -71,7 +72,23 @@ TEST(OpeningBalance, isLookedForOnceAndNotMissedWhereTheBookKeepsNone)
     ensureMainSchema(book.main(), openingSteps());
     book.main().execute("UPDATE tameio SET ypoloipo=ypoloipo+500 WHERE hmeromhnia>20240311; DROP TABLE taken_imports");
     ensureMainSchema(book.main(), openingSteps());
-    EXPECT_EQ(valueOf(book.main(), "SELECT count(*) FROM opening_difference"), QStringLiteral("0"));
+    EXPECT_EQ(valueOf(book.main(), "SELECT count(*) FROM opening_difference"), "0");
+}
+
+TEST(OpeningBalance, isReadFromTheTwoAnswers)
+{
+    const auto read = [](const QString& day, const QString& amount) {
+        return readOpeningBalance(day, amount, fixedClock().today());
+    };
+    const std::pair<const char*, Currency> amounts[] = {{"1500,50", cents(150'050)}, {"-1,5", cents(-150)}, {"  ", {}}};
+    for (const auto& [text, amount] : amounts) {
+        EXPECT_EQ(std::get<OpeningBalance>(read("5-12-2005", text)).day, QDate(2005, 12, 5));
+        EXPECT_EQ(std::get<OpeningBalance>(read("5-12-2005", text)).amount, amount);
+    }
+    for (const char* day : {"31-02-2005", ""})
+        EXPECT_EQ(std::get<OpeningBalanceFault>(read(day, "x")), OpeningBalanceFault::DateIsInvalid);
+    for (const char* amount : {"1,2,3", "1000000000000000"})
+        EXPECT_EQ(std::get<OpeningBalanceFault>(read("5-12-2005", amount)), OpeningBalanceFault::AmountIsNoNumber);
 }
 
 } // namespace lorvan::test

@@ -1,19 +1,25 @@
+#include "support/random_changes.h"
+
 #include "book/schema_upgrade.h"
 #include "cashbook/book_check.h"
 #include "cashbook/book_repair.h"
-#include "cashbook/cash_closing.h"
+#include "cashbook/movement_batch.h"
 #include "cashbook/opening_balance.h"
 #include "platform/date_text.h"
+#include "platform/engine/transaction.h"
 #include "support/opened_book.h"
-#include "support/random_changes.h"
 #include "support/temporary_book.h"
+#include "support/worker_log.h"
+#include "support/worker_process.h"
 
-#include <QDir>
+#include <QFile>
+#include <QThread>
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <array>
-#include <set>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <random>
 
 namespace lorvan::test {
 namespace {
@@ -30,16 +36,16 @@ public:
         m_open.main().execute("PRAGMA synchronous = OFF");
     }
 
-    /// Changes and looks mostly; now and then a day is closed, the opening balance asked for, a damage repaired.
+    /// Mostly changes and looks; now and then an opening balance, a repair of damage, or many movements at once.
     void doSomething()
     {
         const auto drawn = m_random() % 500;
         if (drawn < 2)
             count();
-        else if (drawn < 4)
-            closeOne();
         else if (drawn < 12 && m_isCounted)
             repair();
+        else if (drawn < 16)
+            enterMany();
         else if (drawn < 250)
             show();
         else
@@ -58,11 +64,21 @@ private:
     void change()
     {
         const ModelChange change = m_changes.next(m_model.movements());
-        const bool isOpen = !m_closed.contains(change.movement.day);
-        const ChangeOutcome outcome = makeChange(m_cashBook, change);
-        ASSERT_EQ(std::holds_alternative<DayView>(outcome), isOpen);
-        if (isOpen)
+        ASSERT_TRUE(std::holds_alternative<DayView>(makeChange(m_cashBook, change)));
+        m_model.apply(change);
+    }
+
+    void enterMany()
+    {
+        Transaction writing(m_open.main());
+        MovementBatch batch(m_open.main(), m_open.auxiliary(), {});
+        for (int i = 0; i < 15; ++i) {
+            const ModelChange change = m_changes.next({});
+            ASSERT_FALSE(batch.add(draftOf(change.movement)));
             m_model.apply(change);
+        }
+        (void)batch.settle();
+        writing.commit();
     }
 
     void show()
@@ -71,13 +87,6 @@ private:
         const auto row = m_random() % 2 == 0 ? DayRow::Write : DayRow::LeaveAlone;
         const DayView view = m_cashBook.showDay(day, row);
         ASSERT_EQ(view.figures.closingBalance, cents(m_model.balanceAtEndOf(storedDate(day))));
-    }
-
-    void closeOne()
-    {
-        const QDate day = someDay();
-        closeDay(m_open.auxiliary(), day);
-        m_closed.insert(storedDate(day));
     }
 
     void count()
@@ -112,9 +121,8 @@ private:
         OpenedBook book(m_folder.folder(), Connection::Access::ReadWrite);
         (void)repairBook(book.connection(), book.files(), book.keys(), fixedClock().now(), noProgress);
         ASSERT_TRUE(checkContent(book.connection(), noProgress).findings.isInOrder());
-        QDir copies(m_folder.folder(), QStringLiteral("*-2024-*"));
-        for (const QString& copy : copies.entryList())
-            copies.remove(copy);
+        for (const char* copy : {"lorvan-2024-03-15-120000.mdb", "mapcodes-2024-03-15-120000.mdb"})
+            QFile::remove(m_folder.path(copy));
     }
 
     const TemporaryBook m_folder;
@@ -123,7 +131,6 @@ private:
     BookModel m_model;
     RandomChanges m_changes;
     std::mt19937 m_random;
-    std::set<int> m_closed;
     bool m_isCounted = false;
 };
 
@@ -139,6 +146,41 @@ TEST(CashBookProperty, everyCashDayEqualsTheModelWhateverIsDoneInWhateverOrder)
             ASSERT_FALSE(testing::Test::HasFailure()) << "seed " << seed << ", step " << i;
         }
     }
+}
+
+/// 20 rounds; LORVAN_KILL_ROUNDS=500 makes a soak run of it.
+TEST(KillTest, aKilledChangeIsKeptWholeOrNotAtAll)
+{
+    const TemporaryBook book;
+    const QString log = book.path("log");
+    const int rounds = std::max(20, qEnvironmentVariableIntValue("LORVAN_KILL_ROUNDS"));
+    std::mt19937 random{7};
+    int kept = 0;
+    BookModel model;
+    for (int round = 0; round < rounds; ++round) {
+        QFile::remove(log);
+        WorkerProcess worker({"changes", book.folder(), log, QString::number(round)});
+        ASSERT_TRUE(worker.waitForLog(log)) << worker.output().toStdString();
+        QThread::usleep(random() % 60'000);
+        worker.kill();
+
+        std::optional<ModelChange> pending;
+        for (const std::string& line : WorkerLog::read(log)) {
+            if (line == "done")
+                model.apply(*std::exchange(pending, std::nullopt));
+            else
+                pending = changeIn(line);
+        }
+        Connection main = book.openMain();
+        ASSERT_EQ(valueOf(main, "PRAGMA integrity_check"), "ok");
+        const bool whole = pending && storedMovements(main) != model.movements();
+        if (whole)
+            model.apply(*pending);
+        ASSERT_EQ(storedMovements(main), model.movements()) << "round " << round;
+        ASSERT_EQ(storedCashDays(main), model.cashDays()) << "round " << round;
+        kept += whole;
+    }
+    std::cout << "killed during changes: whole change kept " << kept << " of " << rounds << '\n';
 }
 
 } // namespace lorvan::test

@@ -1,5 +1,6 @@
 #include "cashbook/cleared_entry.h"
 #include "platform/away_time.h"
+#include "platform/entry_rules.h"
 #include "support/temporary_book.h"
 
 #include <gtest/gtest.h>
@@ -7,32 +8,60 @@
 namespace lorvan::test {
 namespace {
 
-EntryContent::Amount amountOf(const char* text)
-{
-    return {QString::fromUtf8(text), {}};
-}
-
 EntryContent contentOf(const char* chooser, const char* description, const char* income, const char* memorandum)
 {
     EntryContent content;
-    content.chooser = QString::fromUtf8(chooser);
-    content.description = QString::fromUtf8(description);
-    content.income = amountOf(income);
-    content.expense = amountOf("0");
-    content.memorandum = amountOf(memorandum);
+    content.chooser = chooser;
+    content.description = description;
+    content.income = {income, {}};
+    content.expense = {"0", {}};
+    content.memorandum = {memorandum, {}};
     return content;
 }
 
 } // namespace
 
+TEST(TypingRules, turnWhatIsTypedIntoWhatTheFieldTakes)
+{
+    const struct {
+        TypingRule rule;
+        const char *typed, *shown;
+    } cases[] = {{TypingRule::Date, "12.03/2005", "12-03-2005"}, {TypingRule::Date, "1 2,3", "1-2,3"},
+        {TypingRule::Date, "!\"#$%&'()*+-", "------------"}, {TypingRule::Date, "1a:;αΩ@[~2", "12"},
+        {TypingRule::Amount, "1.234.5", "1,234,5"}, {TypingRule::Amount, "-12 €α", ",12,,,"},
+        {TypingRule::OpeningDate, "5.12.2005", "5-12-2005"}, {TypingRule::OpeningDate, "5a€", "5-€"},
+        {TypingRule::OpeningAmount, "1500.50", "1500,50"}, {TypingRule::OpeningAmount, "-1,5+x€", "-1,5,,€"},
+        {TypingRule::Capitals, "άλφα ΐ ςß1'", "ΆΛΦΑ ΐ Σß1'"}, {TypingRule::Any, "άλφα.", "άλφα."}};
+    for (const auto& [rule, typed, shown] : cases)
+        EXPECT_EQ(typedText(rule, typed), shown);
+}
+
+TEST(CodeChooser, readsTheNumberBeforeTheFirstBlank)
+{
+    using Kind = ChooserReading::Kind;
+    const std::pair<const char*, qint32> numbers[] = {{"100", 100}, {" 100 Λιανική 5", 100}, {"0", 0}, {"-5", -5},
+        {"5,0", 5}, {"2147483647", 2147483647}, {"-2147483648", std::numeric_limits<qint32>::min()}};
+    for (const auto& [text, code] : numbers)
+        EXPECT_EQ(readChooser(text).code, code) << text;
+    const std::pair<Kind, QStringList> others[] = {{Kind::Empty, {"", "   "}},
+        {Kind::Number, {"2147483648", "99999999999999999999", "5,5"}},
+        {Kind::NotANumber, {"Λιανική", "5α", "α 5", "1,2,3"}}};
+    for (const auto& [kind, texts] : others) {
+        for (const QString& text : texts) {
+            EXPECT_EQ(readChooser(text).kind, kind) << text.toStdString();
+            EXPECT_EQ(readChooser(text).code, std::nullopt) << text.toStdString();
+        }
+    }
+}
+
 TEST(EntryContent, whatWouldBeLostAndWhatIsLeftOfTheMovementBefore)
 {
+    const EntryContent loaded = contentOf("100 Α", "Β", "5,00", "7,00");
     struct Row {
         EntryContent now;
         UnsavedEntry unsaved;
         bool memorandumLeft;
     };
-    const EntryContent loaded = contentOf("100 Α", "Β", "5,00", "7,00");
     for (const Row& row : {Row{contentOf("", "", "0", "0"), UnsavedEntry::None, false},
              Row{contentOf(" ", "  ", "", "0,00"), UnsavedEntry::None, false},
              Row{contentOf("", "", "0", "7,00"), UnsavedEntry::None, true},
@@ -49,7 +78,7 @@ TEST(EntryContent, whatWouldBeLostAndWhatIsLeftOfTheMovementBefore)
 
 TEST(ClearedEntry, comesBackOnlyToTheRowThatWasLoadedOnADayThatMayBeChanged)
 {
-    Movement loaded{incomeOf(QDate(2024, 3, 15), cents(500), QStringLiteral("Α")), 4};
+    Movement loaded{incomeOf(QDate(2024, 3, 15), cents(500), "Α"), 4};
     Movement another = loaded;
     another.memorandum = cents(1);
     const ClearedEntry entry{{}, loaded};
