@@ -1,0 +1,198 @@
+#include "users/administration.h"
+
+#include "backup/book_copy.h"
+#include "platform/engine/transaction.h"
+#include "support/files.h"
+#include "support/mount.h"
+#include "support/temporary_book.h"
+#include "users/sign_in.h"
+#include "users/user_accounts.h"
+
+#include <future>
+#include <thread>
+
+namespace lorvan::test {
+namespace {
+
+const QString allThere = "800 1 2 1 2 1 1 | 1 3";
+const QString allGone = "0 0 0 0 0 0 0 | 1 3";
+
+/// How many rows each table has that a deletion empties, and those that it leaves.
+QString sizes(const QString& folder)
+{
+    Connection both = openBoth(folder);
+    return valueOf(both,
+        "SELECT (SELECT count(*) FROM kinhseis) || ' ' || (SELECT count(*) FROM tameio) || ' ' ||"
+        " (SELECT count(*) FROM kvdikoi) || ' ' || (SELECT count(*) FROM omades) || ' ' ||"
+        " (SELECT count(*) FROM klhsimotameioy) || ' ' || (SELECT count(*) FROM taken_imports) || ' ' ||"
+        " (SELECT count(*) FROM opening_difference) || ' | ' || (SELECT count(*) FROM codes) || ' ' ||"
+        " (SELECT ariumos FROM taytothta)");
+}
+
+class DeletionTest : public testing::Test {
+protected:
+    DeletionTest()
+    {
+        book.addUser("Σοφία", "μυστικό");
+        book.close(QDate(2024, 3, 1));
+        book.close(QDate(2024, 3, 5));
+        book.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<800)"
+                     " INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda) SELECT 100, 20240301, 'κίνηση', i"
+                     " FROM n; INSERT INTO tameio (hmeromhnia, esoda, ejoda, ypoloipo) VALUES (20240301, 1, 0, 1);"
+                     " INSERT INTO taken_imports (digest) VALUES ('once');"
+                     " INSERT INTO opening_difference VALUES (20240301, 5)");
+        QDir().mkdir(disk);
+    }
+    ~DeletionTest() override { Mount::undo(disk); }
+
+    void copyToDisk(const char* name) const { ASSERT_TRUE(QFile::copy(book.path(name), disk + u'/' + name)); }
+    [[nodiscard]] CopiedBook deleteAll(const QString& folder) const
+    {
+        return deleteAllData(BookFiles(folder), testKeys(), fixedClock().now());
+    }
+    [[nodiscard]] static QString valueIn(const QString& path, std::string_view sql)
+    {
+        Connection database = openAt(path);
+        return valueOf(database, sql);
+    }
+
+    TemporaryBook book;
+    const QString disk = book.path("disk");
+};
+
+} // namespace
+
+TEST(CloseOpenDays, fillsTheGapsBetweenTheFirstAndTheLast)
+{
+    const std::pair<std::vector<int>, std::vector<int>> cases[] = {
+        {{}, {}},
+        {{20240305}, {20240305}},
+        {{20240305, 20240301, 20240302}, {20240301, 20240302, 20240303, 20240304, 20240305}},
+        {{20231230, 20240102}, {20231230, 20231231, 20240101, 20240102}},
+        {{20240228, 20240301}, {20240228, 20240229, 20240301}},
+        {{20240301, 20240301, 20240303}, {20240301, 20240301, 20240302, 20240303}},
+        {{0, 20240230, 20240303, 20240305, 99999999}, {0, 20240230, 20240303, 20240304, 20240305, 99999999}},
+    };
+    for (const auto& [closed, then] : cases) {
+        const TemporaryBook book;
+        Connection auxiliary = book.openAuxiliary();
+        for (const int day : closed)
+            auxiliary.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)").bind(day).run();
+        closeOpenDays(auxiliary, [] { return true; });
+        auto days = auxiliary.prepare("SELECT hmeraklhsimatos FROM klhsimotameioy ORDER BY 1");
+        std::vector<int> found;
+        while (days.step())
+            found.push_back(days.number(0));
+        EXPECT_EQ(found, then);
+    }
+}
+
+TEST_F(DeletionTest, copiesTheBookThenEmptiesItButForUsersAndVersion)
+{
+    const QByteArray main = readFile(book.files().mainDatabase());
+    const QByteArray auxiliary = readFile(book.files().auxiliaryDatabase());
+    const CopiedBook copy = deleteAll(book.folder());
+    EXPECT_EQ(sizes(book.folder()), allGone);
+    EXPECT_EQ(copy.mainDatabase, book.path("lorvan-2024-03-15-120000.mdb"));
+    EXPECT_EQ(readFile(book.path("mapcodes-2024-03-15-120000.mdb")), auxiliary);
+
+    book.addMovementRow(incomeOf(QDate(2024, 3, 1), cents(1)));
+    EXPECT_EQ(valueIn(book.files().mainDatabase(), "SELECT aa FROM kinhseis"), "801");
+    EXPECT_EQ(deleteAll(book.folder()).mainDatabase, book.path("lorvan-2024-03-15-120001.mdb"));
+    EXPECT_EQ(readFile(copy.mainDatabase), main) << "no copy overwrites another";
+}
+
+TEST_F(DeletionTest, theCopyOfABookThatAKilledProgramLeftIsWholeAgain)
+{
+    Connection killed = book.openMain();
+    killed.execute("PRAGMA cache_size = 2; BEGIN; UPDATE kinhseis SET esoda = -1"); // half of it is in the file
+    for (const char* name : {"lorvan.mdb", "lorvan.mdb-journal", "mapcodes.mdb"})
+        ASSERT_NO_FATAL_FAILURE(copyToDisk(name));
+    EXPECT_EQ(valueIn(deleteAll(disk).mainDatabase, "SELECT sum(esoda) FROM kinhseis"), "320400");
+    EXPECT_EQ(sizes(disk), allGone);
+}
+
+TEST_F(DeletionTest, whatAWriterElsewhereIsJustSavingIsCopiedToo)
+{
+    std::promise<void> writing;
+    const auto writer = std::async(std::launch::async, [&] {
+        Connection other = book.openMain();
+        Transaction change(other);
+        other.execute("INSERT INTO kinhseis (kvdikos) VALUES (100)");
+        writing.set_value();
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        change.commit();
+    });
+    writing.get_future().wait();
+    EXPECT_EQ(valueIn(deleteAll(book.folder()).mainDatabase, "SELECT count(*) FROM kinhseis"), "801");
+    EXPECT_EQ(sizes(book.folder()), allGone);
+}
+
+TEST_F(DeletionTest, aFullDiskKeepsTheBookAndNoPartOfACopy)
+{
+    if (!Mount::smallDisk(disk))
+        GTEST_SKIP() << "SKIPPED: the system does not let a test mount a small disk";
+    for (const char* name : {"lorvan.mdb", "mapcodes.mdb"})
+        ASSERT_NO_FATAL_FAILURE(copyToDisk(name));
+    qint64 rooms = 0; // of both copies
+    for (const char* name : {"lorvan.mdb", "mapcodes.mdb"})
+        rooms += (QFileInfo(book.path(name)).size() + 4095) / 4096 * 4096;
+    QFile filler(disk + "/filler");
+    ASSERT_TRUE(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    for (const qint64 free : {qint64{0}, rooms - 4096, rooms}) {
+        while (filler.write(QByteArray(4096, 'x')) == 4096) { }
+        ASSERT_TRUE(filler.resize(filler.size() - free) && filler.seek(filler.size()));
+        if (free < rooms) {
+            EXPECT_THROW((void)deleteAll(disk), BookCopyFailed) << free;
+        } else {
+            EXPECT_THROW((void)deleteAll(disk), SqlError) << "no room to note what is deleted";
+        }
+        EXPECT_EQ(namesIn(disk), "filler lorvan.mdb mapcodes.mdb");
+        EXPECT_EQ(sizes(disk), allThere) << free;
+    }
+}
+
+TEST(SignIn, findsTheFirstUserOfThatNameAndPassword)
+{
+    const TemporaryBook book;
+    Connection auxiliary = book.openAuxiliary();
+    addUser(auxiliary, " Μαρία ", " κλειδί ", {.modifyCash = true});
+    addUser(auxiliary, "nikos", "abc", {.closeCash = true});
+    addUser(auxiliary, "Nikos", "ABC", {.modifyCodes = true});
+    addUser(auxiliary, "nikos", "def", {.modifyCodes = true});
+    addUser(auxiliary, "O'Neil", "\"%_", {});
+    const QString injection = "' or '1'='1";
+    const struct {
+        QString name, password;
+        const char* user; ///< name and password as stored, with the rights
+    } cases[] = {
+        {"Μαρία", "κλειδί", "Μαρία/κλειδί/100"},
+        {"ΜΑΡΊΑ", "ΚΛΕΙΔΊ", "Μαρία/κλειδί/100"},
+        {"NIKOS", "Abc", "nikos/abc/010"},
+        {"nikos", "DEF", "nikos/def/001"},
+        {"o'neil", "\"%_", "O'Neil/\"%_/000"},
+    };
+    const auto mark = [](bool right) { return QString::number(int(right)); };
+    for (const auto& [name, password, user] : cases) {
+        const auto session = signIn(auxiliary, name, password);
+        ASSERT_TRUE(session) << name.toStdString();
+        EXPECT_EQ(session->user + u'/' + session->password + u'/' + mark(session->rights.modifyCash)
+                + mark(session->rights.closeCash) + mark(session->rights.modifyCodes),
+            user);
+    }
+    const std::pair<QString, QString> refused[] = {{"Μαρια", "κλειδί"}, {"Μαρία ", "κλειδί"}, {"Μαρία", "κλειδι"},
+        {"Μαρία", {}}, {"Μαρία", "κλειδΐ"}, {"Μαρία", "κλε\u200Bιδί"}, {"nikοs" /* a Greek letter */, "abc"},
+        {"nikos", "κλειδί"}, {"O%", "%"}, {injection, injection}, {"nikos", injection}, {{}, {}},
+        {"wardenly", "73816"}};
+    for (const auto& [name, password] : refused)
+        EXPECT_FALSE(signIn(auxiliary, name, password)) << name.toStdString();
+}
+
+TEST(SignIn, knowsTheBuiltInAdministrator)
+{
+    EXPECT_TRUE(isBuiltInAdministrator("wardenly", "73816") && isBuiltInAdministrator("WardenLY", "73816"));
+    EXPECT_FALSE(isBuiltInAdministrator("wardenly ", "73816") || isBuiltInAdministrator("wardenly", "73816 "));
+    EXPECT_FALSE(isBuiltInAdministrator("wardenly", QString()));
+}
+
+} // namespace lorvan::test
