@@ -14,11 +14,13 @@ TEST(MarkerFault, noFailingCallLeavesItInUseByNobody)
     const QString path = folder.filePath("lorvan.dat");
     UsageMarker::unlock(path);
     UsageMarker marker(path, {"Μαρία", "TAMEIO1"});
+    QDir notes(qEnvironmentVariable("XDG_STATE_HOME") + "/Lorvan/claims");
     const auto isFree = [&path] { return readFile(path).startsWith('0'); };
     for (const bool isLasting : {false, true}) {
         DiskFault fault;
         for (int call = 1; fault.calls >= call - 1; ++call) {
             fault = {call, EIO, isLasting};
+            notes.removeRecursively(); // each that is left is read by the next claim
             {
                 const WatchedDisk watched(nullptr, &fault);
                 (void)failureOf([&] { (void)marker.claim(); });
