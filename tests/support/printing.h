@@ -9,14 +9,19 @@
 
 // How values look in a failed expectation.
 
+inline std::ostream& operator<<(std::ostream& stream, const QString& text)
+{
+    return stream << text.toStdString();
+}
+
 inline void PrintTo(const QString& text, std::ostream* stream)
 {
-    *stream << '"' << text.toStdString() << '"';
+    *stream << '"' << text << '"';
 }
 
 inline void PrintTo(QDate date, std::ostream* stream)
 {
-    *stream << date.toString(Qt::ISODate).toStdString();
+    *stream << date.toString(Qt::ISODate);
 }
 
 namespace lorvan {

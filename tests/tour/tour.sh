@@ -59,9 +59,12 @@ window_is_there() {
 }
 
 # Without a window manager nobody else gives a window the keyboard.
+window_has_keyboard() {
+    window_is_there "$1" && xdotool windowfocus "$window" 2>/dev/null && [[ $(xdotool getwindowfocus -f) == "$window" ]]
+}
+
 go_to_window() {
-    wait_until "παράθυρο $1" window_is_there "$1"
-    xdotool windowfocus --sync "$window"
+    wait_until "παράθυρο $1" window_has_keyboard "$1"
 }
 
 # Two pictures alike, one after the other: nothing is being painted.
@@ -101,7 +104,8 @@ prepare() {
 start_display() {
     local number
     mkfifo "$target/display"
-    Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp -noreset 3>"$target/display" 2>"$target/display.log" &
+    # Without auto-repeat (-r), since a busy machine holds keys down for long.
+    Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp -noreset -r 3>"$target/display" 2>"$target/display.log" &
     display_server=$!
     read -r -t "$patience" number <"$target/display" || fail "η εικονική οθόνη δεν ξεκίνησε"
     rm "$target/display"

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QApplication>
-#include <QTest>
+#include "windows/driver.h"
+
 #include <QVBoxLayout>
 
 namespace lorvan::test {
 
-/// A window of controls below one another, shown and active.
+/// A window of controls below one another.
 class ShownForm {
 public:
     template <typename Control> Control* add(Control* control)
@@ -14,12 +14,7 @@ public:
         m_layout->addWidget(control);
         return control;
     }
-    [[nodiscard]] bool show()
-    {
-        m_window.show();
-        m_window.activateWindow();
-        return QTest::qWaitForWindowActive(&m_window);
-    }
+    void show() { showActive(m_window); }
     [[nodiscard]] QWidget& window() { return m_window; }
 
 private:
@@ -30,7 +25,7 @@ private:
 /// The desktop font for the time of a test.
 class DesktopFont {
 public:
-    DesktopFont(const char* family, int points) { QApplication::setFont(QFont(QString::fromLatin1(family), points)); }
+    DesktopFont(const QString& family, int points) { QApplication::setFont(QFont(family, points)); }
     ~DesktopFont() { QApplication::setFont(m_before); }
     Q_DISABLE_COPY_MOVE(DesktopFont)
 

@@ -16,40 +16,90 @@ TEST_F(EntryTest, aMovementNeedsNoMouse)
     addCashDay(QDate(2025, 1, 2), cents(-500));
     start();
 
-    user().type(QStringLiteral("100"));
+    user().type("100");
     user().press(Qt::Key_Enter, Qt::KeypadModifier);
-    EXPECT_EQ(chooser().currentText(), QStringLiteral("100 Λιανική"));
-    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(1)"));
-    user().type(QStringLiteral("πώληση άλφα"));
-    user().press(Qt::Key_Return);
-    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(2)"));
-    user().type(QStringLiteral("1250.5"), Qt::KeypadModifier);
+    EXPECT_EQ(chooser().currentText(), "100 Λιανική");
+    EXPECT_EQ(user().focusName(), "Text1(1)");
+    user().type("πώληση άλφα\n");
+    EXPECT_EQ(user().focusName(), "Text1(2)");
+    user().type("1250.5", Qt::KeypadModifier);
     user().press(Qt::Key_Enter, Qt::KeypadModifier);
-    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(9)")) << "the expense field takes no amount of an income code";
-    user().type(QStringLiteral("7"));
-    user().press(Qt::Key_Return);
+    EXPECT_EQ(user().focusName(), "Text1(9)") << "the expense field takes no amount of an income code";
+    user().type("7\n");
     user().press(Qt::Key_Space);
     user().press(Qt::Key_Return);
-    EXPECT_EQ(entry(), QStringLiteral("1.250,50 | 0 | 7,00 | ΠΏΛΗΣΗ ΆΛΦΑ | 100 Λιανική"));
-    EXPECT_EQ(user().focusName(), QStringLiteral("Command1(0)"));
+    EXPECT_EQ(entry(), "1.250,50 | 0 | 7,00 | ΠΏΛΗΣΗ ΆΛΦΑ | 100 Λιανική");
+    EXPECT_EQ(user().focusName(), "Command1(0)");
     user().press(Qt::Key_Enter, Qt::KeypadModifier);
 
-    EXPECT_EQ(
-        movementLine(1), QStringLiteral("   1   100 ΠΏΛΗΣΗ ΆΛΦΑ                      7,00   1.250,50          0 §"));
-    EXPECT_EQ(shownFigures(), QStringLiteral("1.250,50 | 0 | 1.350,50"));
+    EXPECT_EQ(movementLine(1), "   1   100 ΠΏΛΗΣΗ ΆΛΦΑ                      7,00   1.250,50          0 §");
+    EXPECT_EQ(shownFigures(), "1.250,50 | 0 | 1.350,50");
     EXPECT_EQ(cashDays(),
         (CashDayLines{"20240314 0 0 10000", "20240315 125050 0 135050", "20240320 0 0 135050", "20250102 0 0 124550"}));
     EXPECT_EQ(stored("SELECT kvdikos||'/'||hmeromhnia||'/'||perigrafh||'/'||esoda||'/'||ejoda||'/'||aa_omada||'/'||"
                      "epitagh||'/'||L_tajeos FROM kinhseis"),
-        QStringLiteral("100/20240315/ΠΏΛΗΣΗ ΆΛΦΑ/12505000/0/1/-1/70000"));
-    EXPECT_EQ(entry(), QStringLiteral("0 | 0 | 7,00 |  | ")) << "the memorandum amount stays for the next movement";
+        "100/20240315/ΠΏΛΗΣΗ ΆΛΦΑ/12505000/0/1/-1/70000");
+    EXPECT_EQ(entry(), "0 | 0 | 7,00 |  | ") << "the memorandum amount stays for the next movement";
     EXPECT_TRUE(user().field(memorandum).property("marked").toBool());
-    EXPECT_FALSE(user().find<QCheckBox>(QStringLiteral("Check1(0)")).isChecked());
-    EXPECT_EQ(user().focusName(), QStringLiteral("DBCombo1"));
-    user().type(QStringLiteral("1"));
+    EXPECT_FALSE(user().find<QCheckBox>("Check1(0)").isChecked());
+    EXPECT_EQ(user().focusName(), "DBCombo1");
+    user().type("1");
     EXPECT_TRUE(user().field(memorandum).property("marked").toBool()) << "nobody has looked at it yet";
-    user().enter(memorandum, QStringLiteral("7"));
+    user().enter(memorandum, "7");
     EXPECT_FALSE(user().field(memorandum).property("marked").toBool());
+}
+
+TEST_F(EntryTest, aRefusedAmountStaysInItsFieldAndLosesNothing)
+{
+    const QString pasted = "12.34";
+    addMovement(incomeOf(yesterday, cents(500)));
+    start();
+    typeMovement("100", "α", "5");
+    for (const int index : {income, memorandum}) {
+        const QString before = user().field(index).text();
+        user().enter(index, "");
+        user().paste(pasted);
+        const auto expectRefusal = [&](const std::function<void()>& leave) {
+            boxes.expect(warningWith(pasted));
+            leave();
+            EXPECT_EQ(user().focusName(), QString("Text1(%1)").arg(index));
+            EXPECT_EQ(user().field(index).selectedText(), pasted);
+        };
+        expectRefusal([this] { user().press(Qt::Key_Tab); });
+        expectRefusal([this] { press(insert); });
+        expectRefusal([this] { user().clickRow(list(), 0); });
+        user().enter(index, before);
+    }
+    EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), "1");
+    press(insert);
+    EXPECT_EQ(stored("SELECT perigrafh||' '||esoda FROM kinhseis WHERE hmeromhnia=20240315"), "Α 50000");
+}
+
+TEST_F(EntryTest, anyDescriptionIsStoredAsItIs)
+{
+    const QString nasty = "';DROP TABLE kinhseis;--\"%s%n%1\\ <b>☎</b> " + QString(10'000, u'ω');
+    start();
+    chooseCode("100");
+    user().paste(u' ' + nasty + u' ');
+    press(insert);
+    user().doubleClickRow(list(), 1);
+    EXPECT_EQ(user().field(description).text(), nasty);
+    boxes.expect(modifyQuestion(QMessageBox::Ok));
+    press(modify);
+    EXPECT_EQ(stored("SELECT perigrafh FROM kinhseis"), nasty);
+}
+
+TEST_F(EntryTest, aBookThatCannotBeWrittenSaysSoAndKeepsTheEntry)
+{
+    start();
+    typeMovement("100", "α", "5");
+    book.execute("DROP TABLE tameio;"
+                 "CREATE TABLE tameio (aa INTEGER PRIMARY KEY, hmeromhnia INTEGER, esoda INTEGER, ejoda INTEGER,"
+                 " ypoloipo INTEGER, CONSTRAINT \"disk on fire\" CHECK (esoda IS NULL))");
+    boxes.expect(warningWith("disk on fire"));
+    press(insert);
+    EXPECT_EQ(entry(), "5,00 | 0 | 0 | Α | 100 Λιανική");
+    EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), "0") << "the movement went with its day";
 }
 
 } // namespace lorvan::test

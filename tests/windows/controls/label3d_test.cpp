@@ -3,8 +3,6 @@
 
 #include <QSignalSpy>
 
-#include <gtest/gtest.h>
-
 namespace lorvan::test {
 namespace {
 
@@ -28,7 +26,7 @@ TEST(Label3D, thePhaseTellsWhereTheBackLayerShows)
 {
     Label3D label;
     label.resize(60, 30);
-    label.setCaption(QStringLiteral("||"));
+    label.setCaption("||");
     label.setBackColor(Qt::white);
     const std::pair<int, QPoint> cases[] = {
         {0, {1, 1}}, {1, {-1, 1}}, {2, {1, -1}}, {3, {-1, -1}}, {4, {-1, -1}}, {255, {-1, -1}}};
@@ -41,25 +39,22 @@ TEST(Label3D, thePhaseTellsWhereTheBackLayerShows)
 
 TEST(Label3D, tellsEachChangeAndComesBackFromItsBag)
 {
-    const std::map<QString, QVariant> values{{QStringLiteral("Alignment"), 2},
-        {QStringLiteral("BackColor"), QColor(7, 8, 9)}, {QStringLiteral("BorderStyle"), 1},
-        {QStringLiteral("Caption"), QStringLiteral("Ταμείο")}, {QStringLiteral("Enabled"), false},
-        {QStringLiteral("Font"), QFont(QStringLiteral("Liberation Serif"), 17)},
-        {QStringLiteral("ForeColor1"), QColor(1, 2, 3)}, {QStringLiteral("ForeColor2"), QColor(4, 5, 6)},
-        {QStringLiteral("Phase"), 2}};
+    const std::map<QString, QVariant> values{{"Alignment", 2}, {"BackColor", QColor(7, 8, 9)}, {"BorderStyle", 1},
+        {"Caption", "Ταμείο"}, {"Enabled", false}, {"Font", QFont("Liberation Serif", 17)},
+        {"ForeColor1", QColor(1, 2, 3)}, {"ForeColor2", QColor(4, 5, 6)}, {"Phase", 2}};
     Label3D label;
     QSignalSpy changes(&label, &Label3D::propertyChanged);
     for (const auto& [name, value] : values) {
         label.setProperty((name.at(0).toLower() + name.mid(1)).toLatin1().constData(), value);
         EXPECT_EQ(changes.takeLast().at(0), name);
-        EXPECT_EQ(label.writeProperties().values().value(name), value) << name.toStdString();
+        EXPECT_EQ(label.writeProperties().values().value(name), value) << name;
     }
 
     Label3D other;
     other.readProperties(label.writeProperties());
     EXPECT_EQ(other.writeProperties().values(), label.writeProperties().values());
     EXPECT_EQ(other.frontOffset(), QPoint(0, 1));
-    EXPECT_EQ(other.accessibleName(), QStringLiteral("Ταμείο"));
+    EXPECT_EQ(other.accessibleName(), "Ταμείο");
 }
 
 TEST(Label3D, keepsOnlyWhatDiffersFromTheStoredDefaults)
@@ -70,7 +65,7 @@ TEST(Label3D, keepsOnlyWhatDiffersFromTheStoredDefaults)
 
     // A label as it is newly placed has the system's colours, which are no defaults.
     const QStringList names = Label3D().writeProperties().values().keys();
-    EXPECT_EQ(names, QStringList({QStringLiteral("ForeColor1"), QStringLiteral("ForeColor2")}));
+    EXPECT_EQ(names, QStringList({"ForeColor1", "ForeColor2"}));
 }
 
 TEST(Label3D, passesTheMouseOfItsFrontLayerOn)
@@ -81,22 +76,22 @@ TEST(Label3D, passesTheMouseOfItsFrontLayerOn)
     label.show();
     QStringList events;
     QObject::connect(&label, &Label3D::mouseDown, &label, [&](qint16 button, qint16 shift, float x, float y) {
-        events += QStringLiteral("down %1 %2 %3 %4").arg(button).arg(shift).arg(double(x)).arg(double(y));
+        events += QString("down %1 %2 %3 %4").arg(button).arg(shift).arg(double(x)).arg(double(y));
     });
     QObject::connect(&label, &Label3D::mouseMove, &label, [&](qint16 button, qint16, float x, float y) {
-        events += QStringLiteral("move %1 %2 %3").arg(button).arg(double(x)).arg(double(y));
+        events += QString("move %1 %2 %3").arg(button).arg(double(x)).arg(double(y));
     });
-    QObject::connect(&label, &Label3D::mouseUp, &label, [&] { events += QStringLiteral("up"); });
-    QObject::connect(&label, &Label3D::click, &label, [&] { events += QStringLiteral("click"); });
-    QObject::connect(&label, &Label3D::dblClick, &label, [&] { events += QStringLiteral("double"); });
+    QObject::connect(&label, &Label3D::mouseUp, &label, [&] { events += "up"; });
+    QObject::connect(&label, &Label3D::click, &label, [&] { events += "click"; });
+    QObject::connect(&label, &Label3D::dblClick, &label, [&] { events += "double"; });
 
     QTest::mouseClick(&label, Qt::RightButton, Qt::ControlModifier | Qt::ShiftModifier, {11, 6});
-    EXPECT_EQ(events.join(u','), QStringLiteral("down 2 3 10 5,up,click"));
+    EXPECT_EQ(events.join(u','), "down 2 3 10 5,up,click");
     events.clear();
     QTest::mouseClick(&label, Qt::LeftButton, {}, {11, 6});
     QTest::mouseDClick(&label, Qt::LeftButton, {}, {11, 6});
     QTest::mouseRelease(&label, Qt::LeftButton, {}, {11, 6});
-    EXPECT_EQ(events.join(u','), QStringLiteral("down 1 0 10 5,up,click,double,up"));
+    EXPECT_EQ(events.join(u','), "down 1 0 10 5,up,click,double,up");
     events.clear();
     const auto move = [&label](QPoint to, Qt::MouseButtons held) {
         QMouseEvent event(QEvent::MouseMove, to, label.mapToGlobal(to), Qt::NoButton, held, {});
@@ -112,7 +107,7 @@ TEST(Label3D, passesTheMouseOfItsFrontLayerOn)
     QTest::mousePress(&label, Qt::LeftButton, {}, {11, 6});
     move(beside, Qt::LeftButton);
     QTest::mouseRelease(&label, Qt::LeftButton, {}, beside);
-    EXPECT_EQ(events.join(u','), QStringLiteral("move 0 10 5,down 1 0 10 5,move 1 -1 5,up"));
+    EXPECT_EQ(events.join(u','), "move 0 10 5,down 1 0 10 5,move 1 -1 5,up");
 }
 
 } // namespace lorvan::test

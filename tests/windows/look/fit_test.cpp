@@ -8,15 +8,13 @@
 #include <QLabel>
 #include <QSignalSpy>
 
-#include <gtest/gtest.h>
-
 namespace lorvan::test {
 
 TEST(CommandButton, enterPressesItOnceWhileItIsHeldDown)
 {
     ShownForm form;
-    auto* const button = form.add(new CommandButton(QStringLiteral("print"), QStringLiteral("α")));
-    ASSERT_TRUE(form.show());
+    auto* const button = form.add(new CommandButton("print", "α"));
+    form.show();
     QSignalSpy clicks(button, &CommandButton::clicked);
     QTest::keyClick(button, Qt::Key_Return);
     QTest::keyClick(button, Qt::Key_Enter, Qt::KeypadModifier);
@@ -43,7 +41,7 @@ TEST(TotalsBar, figuresStepDownAndAreNeverCutBetweenStandingSeparators)
 {
     std::vector<int> separators;
     const DesktopFont font("DejaVu Sans", 14);
-    for (const QString& figure : {QStringLiteral("5.626,22"), QStringLiteral("922.337.203.685.477,58")}) {
+    for (const QString figure : {"5.626,22", "922.337.203.685.477,58"}) {
         TotalsBar bar;
         bar.setFigures(figure, figure, u'-' + figure);
         bar.show();
@@ -51,16 +49,16 @@ TEST(TotalsBar, figuresStepDownAndAreNeverCutBetweenStandingSeparators)
             bar.resize(std::max(width, bar.minimumSizeHint().width()), bar.sizeHint().height());
             int right = 0;
             for (int i = 1; i <= 6; ++i) {
-                const auto* const label = bar.findChild<QLabel*>(QStringLiteral("Bar1(%1)").arg(i));
+                const auto* const label = bar.findChild<QLabel*>(QString("Bar1(%1)").arg(i));
                 EXPECT_GE(label->width(), label->sizeHint().width()) << i;
                 const bool isCaption = i % 2 == 1; // which begins behind the figure before it
-                EXPECT_GE(label->x(), isCaption ? right : 0) << figure.toStdString() << " at " << width;
+                EXPECT_GE(label->x(), isCaption ? right : 0) << figure << " at " << width;
                 right = label->geometry().right();
             }
             EXPECT_LE(right, bar.width());
             if (width == 1366 && separators.empty())
                 separators = separatorsOf(bar);
-            EXPECT_TRUE(width != 1366 || separatorsOf(bar) == separators) << figure.toStdString();
+            EXPECT_TRUE(width != 1366 || separatorsOf(bar) == separators) << figure;
             EXPECT_EQ(separators.size(), 2U);
         }
     }
@@ -70,14 +68,14 @@ TEST(TabBand, elidesALongHeadingBesideItsTabs)
 {
     TabBand band;
     for (const char* const caption : {"Ημερήσια κίνηση ", "Κωδικοί κινήσεων ", "Εκτυπώσεις ", "Εξοδος "})
-        band.addTab(QStringLiteral("daybook"), QString::fromUtf8(caption), {});
+        band.addTab("daybook", caption, {});
     band.resize(720, band.sizeHint().height());
     band.show();
-    const auto* const heading = band.findChild<Label3D*>(QStringLiteral("Label3D1(1)"));
+    const auto* const heading = band.findChild<Label3D*>("Label3D1(1)");
     for (const auto& [text, isCut] :
         {std::pair("Κεντρικό", false), std::pair("Κεντρικό κατάστημα Θεσσαλονίκης και περιχώρων", true)}) {
-        band.setHeading(QString::fromUtf8(text));
-        EXPECT_EQ(heading->toolTip(), isCut ? QString::fromUtf8(text) : QString());
+        band.setHeading(text);
+        EXPECT_EQ(heading->toolTip(), isCut ? text : QString());
         EXPECT_GT(heading->x(), band.tabs()->geometry().right());
         EXPECT_LT(heading->geometry().right(), band.width());
     }

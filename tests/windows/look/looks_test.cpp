@@ -8,14 +8,11 @@
 #include "preview/save_dialog.h"
 #include "printing/option_question.h"
 #include "start/fr_ervthsh_update.h"
+#include "windows/shown_form.h"
 
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QRegularExpression>
-#include <QTabBar>
-#include <QTest>
-#include <QTimer>
 
 namespace lorvan::test {
 namespace {
@@ -26,7 +23,7 @@ using Texts = std::vector<std::pair<QString, QString>>;
 void addTextsOf(const QMenu& menu, const QString& owner, Texts& texts)
 {
     for (const QAction* const action : menu.actions())
-        texts.emplace_back(owner + QStringLiteral(" menu"), action->text().section(u'\t', 0, 0));
+        texts.emplace_back(owner + " menu", action->text().section(u'\t', 0, 0));
 }
 
 /// Some menus are shown by a call that waits for the answer, so the menu is read and closed from the event loop.
@@ -72,21 +69,20 @@ Texts textsOf(QWidget& window)
 /// Words with a Latin letter in them, but for names and the quoted captions that hold Latin letters on purpose.
 QString latinWordsIn(QWidget& window)
 {
-    static const QRegularExpression latin(QStringLiteral("\\p{L}*[A-Za-z]\\p{L}*"));
+    static const QRegularExpression latin("\\p{L}*[A-Za-z]\\p{L}*");
     static const QStringList allowed =
-        QStringLiteral("Lorvan AA Eνεργός OK PDF XLSX CSV pdf KB Ctrl Shift Enter F Home End Page Up Down S P E")
-            .split(u' ');
+        QString("Lorvan AA Eνεργός OK PDF XLSX CSV pdf KB Ctrl Shift Enter F Home End Page Up Down S P E").split(u' ');
     const Texts texts = textsOf(window);
     const bool hasFields = window.findChild<QLineEdit*>();
     EXPECT_TRUE(!hasFields || std::any_of(texts.begin(), texts.end(), [](const auto& each) {
-        return each.first.endsWith(QStringLiteral("menu"));
+        return each.first.endsWith("menu");
     })) << "no context menu was seen";
     QStringList found;
     for (const auto& [owner, text] : texts) {
         auto words = latin.globalMatch(QString(text).remove(u'&'));
         while (words.hasNext()) {
             if (!allowed.contains(words.next().captured()))
-                found += owner + QStringLiteral(": ") + text;
+                found += owner + ": " + text;
         }
     }
     return found.join(u'\n');
@@ -105,7 +101,7 @@ QString cutOffIn(const QWidget& window)
         const QRect inWindow(widget->mapTo(&window, QPoint()), widget->size());
         if (widget->width() < least.width() || widget->height() < least.height() || !window.rect().contains(inWindow))
             found += widget->objectName() + u' ' + text
-                + QStringLiteral(": %1 of %2 px, to %3").arg(widget->width()).arg(least.width()).arg(inWindow.right());
+                + QString(": %1 of %2 px, to %3").arg(widget->width()).arg(least.width()).arg(inWindow.right());
     }
     return found.join(u'\n');
 }
@@ -113,44 +109,24 @@ QString cutOffIn(const QWidget& window)
 void expectReadable(QWidget& window)
 {
     QApplication::processEvents(); // layouts that wait
-    EXPECT_EQ(latinWordsIn(window), QString()) << window.objectName().toStdString();
-    EXPECT_EQ(cutOffIn(window), QString()) << window.objectName().toStdString();
+    EXPECT_EQ(latinWordsIn(window), QString()) << window.objectName();
+    EXPECT_EQ(cutOffIn(window), QString()) << window.objectName();
 }
 
-/// A font other than the desktop's, for as long as the object lives.
-class ApplicationFont {
-public:
-    explicit ApplicationFont(const QFont& font)
-        : m_before(QApplication::font())
-    {
-        QApplication::setFont(font);
-    }
-    ~ApplicationFont() { QApplication::setFont(m_before); }
-    ApplicationFont(const ApplicationFont&) = delete;
-    ApplicationFont& operator=(const ApplicationFont&) = delete;
-
-private:
-    QFont m_before;
-};
-
-enum class Size { Usual, Wide, Large };
-
-void PrintTo(Size size, std::ostream* stream)
-{
-    *stream << (size == Size::Usual ? "usual" : size == Size::Wide ? "wide" : "large") << " font";
-}
-
-QFont fontOf(Size size)
+/// The desktop's font, a wide one, and a wide and large one.
+void underEachFont(const std::function<void(bool isLarge)>& look)
 {
     const QFont usual = QApplication::font();
-    const qreal factor = size == Size::Large ? 1.3 : 1;
-    return size == Size::Usual ? usual : QFont(QStringLiteral("DejaVu Sans"), qRound(usual.pointSizeF() * factor));
+    const QString wide = "DejaVu Sans";
+    for (const auto& [family, factor] : {std::pair(usual.family(), 1.), std::pair(wide, 1.), std::pair(wide, 1.3)}) {
+        SCOPED_TRACE(family.toStdString());
+        const DesktopFont font(family, qRound(usual.pointSizeF() * factor));
+        look(factor > 1);
+    }
 }
 
-class MainWindowLooks : public MainWindowTest, public testing::WithParamInterface<Size> { };
-class ProgramLooks : public ProgramTest, public testing::WithParamInterface<Size> { };
-class TabOrderTest : public MainWindowTest { };
-class SignInTabOrder : public ProgramTest { };
+class MainWindowLooks : public MainWindowTest { };
+class ProgramLooks : public ProgramTest { };
 
 /// What the Tab key visits from a control on, until it comes back there.
 QStringList visitedFrom(const Driver& user, const QString& first)
@@ -163,137 +139,103 @@ QStringList visitedFrom(const Driver& user, const QString& first)
             return visited;
         visited += user.focusName();
     }
-    ADD_FAILURE() << "the Tab key never returns to " << first.toStdString();
+    ADD_FAILURE() << "the Tab key never returns to " << first;
     return visited;
 }
 
-/// Those of the controls that can be used now; the others are skipped.
-QStringList usable(const Driver& user, const QStringList& controls)
+/// The controls that can be used are visited as they are named here.
+void expectOrder(const Driver& user, const QString& names)
 {
-    QStringList names;
-    for (const QString& name : controls) {
-        if (user.find(name).isVisible() && user.find(name).isEnabled())
-            names += name;
-    }
-    return names;
-}
-
-QStringList named(const char* names)
-{
-    return QString::fromUtf8(names).split(u' ');
-}
-
-void expectOrder(const Driver& user, const char* names)
-{
-    const QStringList wanted = usable(user, named(names));
+    QStringList wanted = names.split(u' ');
+    wanted.removeIf(
+        [&user](const QString& name) { return !user.find(name).isVisible() || !user.find(name).isEnabled(); });
     QStringList visited = visitedFrom(user, wanted.first());
-    visited.removeAll(QStringLiteral("Tab1"));
+    visited.removeAll("Tab1");
     EXPECT_EQ(visited.join(u' '), wanted.join(u' '));
 }
 
 } // namespace
 
-TEST_P(MainWindowLooks, everyPageIsGreekAndWhole)
+TEST_F(MainWindowLooks, everyPageIsGreekAndWhole)
 {
-    const ApplicationFont font(fontOf(GetParam()));
-    addMovement(incomeOf(today, cents(123456789), QStringLiteral("Πώληση")));
-    start(allRights);
-    if (GetParam() == Size::Large) {
-        OpeningPlacement::of(&window()).end(); // this screen is smaller than those on which such fonts are used
-        window().resize(1366, 740);
-    }
-    user().doubleClickRow(list(), 1);
-    expectReadable(window());
-    selectTab(1);
-    expectReadable(window());
-    selectTab(2);
-    expectReadable(window());
+    addMovement(incomeOf(today, cents(123456789), "Πώληση"));
+    underEachFont([this](bool isLarge) {
+        start(allRights);
+        if (isLarge) {
+            OpeningPlacement::of(&window()).end(); // this screen is smaller than those on which such fonts are used
+            window().resize(1366, 740);
+        }
+        user().doubleClickRow(list(), 1);
+        for (const Tab tab : {CashTab, CodesTab, PrintingTab}) {
+            selectTab(tab);
+            expectReadable(window());
+        }
+    });
 }
 
-TEST_P(ProgramLooks, signInIsGreekAndWhole)
+TEST_F(ProgramLooks, signInIsGreekAndWhole)
 {
-    const ApplicationFont font(fontOf(GetParam()));
-    startToSignIn();
-    expectReadable(loginWindow());
-    signIn(QStringLiteral("wardenly"), QStringLiteral("73816"));
-    Driver(loginWindow()).enter(0, QString());
-    Driver(loginWindow()).press(Qt::Key_Delete);
-    expectReadable(loginWindow());
+    underEachFont([this](bool) {
+        program.reset();
+        startToSignIn();
+        expectReadable(loginWindow());
+        signIn("wardenly", "73816");
+        user().enter(0, "");
+        expectReadable(loginWindow());
+    });
 }
 
-TEST_P(ProgramLooks, openingBalanceIsGreekAndWhole)
+TEST_F(ProgramLooks, dialogsAndReportWindowsAreGreekAndWhole)
 {
-    const ApplicationFont font(fontOf(GetParam()));
-    FR_ErvthshUpdate window(fixedClock());
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    expectReadable(window);
+    underEachFont([this](bool) {
+        FR_ErvthshUpdate opening(fixedClock());
+        Printers printers([] { return std::vector<Printer>{{"Αίθουσα", {}, {}}}; });
+        ReportSaver saver;
+        Ektypvsh frame(printers, saver);
+        frame.open({}, " Ταμείο", {});
+        PrinterChoice choice(printers, nullptr);
+        Ervthsh form;
+        FormaTajinomhshs sort;
+        ProgressWindow progress({"α", "β", "γ"}, nullptr);
+        progress.setProgress(1, 2);
+        SaveDialog save("α", {{"β (*.pdf)", "pdf"}}, nullptr);
+        save.setDirectory(book.folder());
+        save.setSidebarUrls({}); // the user's folders have names of their own
+        for (QWidget* const window :
+            std::initializer_list<QWidget*>{&opening, &frame, &choice, &form, &sort, &progress, &save}) {
+            showActive(*window);
+            expectReadable(*window);
+            window->hide();
+        }
+    });
 }
 
-TEST_P(ProgramLooks, reportWindowsAreGreekAndWhole)
-{
-    const ApplicationFont font(fontOf(GetParam()));
-    Printers printers([] { return std::vector<Printer>{{QStringLiteral("Αίθουσα"), {}, {}}}; });
-    ReportSaver saver;
-    Ektypvsh frame(printers, saver);
-    frame.open({}, QStringLiteral(" Ταμείο"), {});
-    PrinterChoice choice(printers, nullptr);
-    Ervthsh form;
-    FormaTajinomhshs sort;
-    ProgressWindow progress({QStringLiteral("α"), QStringLiteral("β"), QStringLiteral("γ")}, nullptr);
-    progress.setProgress(1, 2);
-    SaveDialog save(QStringLiteral("α"), {{QStringLiteral("β (*.pdf)"), QStringLiteral("pdf")}}, nullptr);
-    save.setDirectory(book.folder());
-    save.setSidebarUrls({}); // the user's folders have names of their own
-    for (QWidget* const window : std::initializer_list<QWidget*>{&frame, &choice, &form, &sort, &progress, &save}) {
-        window->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-        expectReadable(*window);
-        window->hide();
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Fonts, MainWindowLooks, testing::Values(Size::Usual, Size::Wide, Size::Large));
-INSTANTIATE_TEST_SUITE_P(Fonts, ProgramLooks, testing::Values(Size::Usual, Size::Wide, Size::Large));
-
-TEST_F(TabOrderTest, theCashPageReadsAsTheEyeDoes)
+TEST_F(MainWindowLooks, theTabKeyReadsEachPageAsTheEyeDoes)
 {
     addMovement(expenseOf(today, cents(100)));
     start(allRights);
-    EXPECT_EQ(user().focusName(), QStringLiteral("DBCombo1"));
-    expectOrder(user(),
-        "Text1(0) DBCombo1 Text1(1) Text1(2) Text1(3) Text1(9) Check1(0) Command1(0) List1 Command1(8)"
-        " Command1(4)");
+    EXPECT_EQ(user().focusName(), "DBCombo1");
+    const QString cashPage =
+        "DBCombo1 Text1(1) Text1(2) Text1(3) Text1(9) Check1(0) Command1(2) Command1(3) Command1(0) "
+        "List1 Command1(8) Command1(4)";
+    expectOrder(user(), "Text1(0) " + cashPage);
     user().doubleClickRow(list(), 1);
+    expectOrder(user(), cashPage);
+    selectTab(CodesTab);
     expectOrder(user(),
-        "DBCombo1 Text1(1) Text1(3) Text1(9) Check1(0) Command1(2) Command1(3) Command1(0) List1"
-        " Command1(8) Command1(4)");
+        "Text1(4) Text1(5) Text1(6) SSCheck1 SSCheck2 Command1(5) Command1(6) Command1(7) DBList1(0) DBList1(1) "
+        "Command1(10) DBList1(2) Command1(9)");
+    selectTab(PrintingTab);
+    EXPECT_EQ(user().focusName(), "List2(0)");
+    expectOrder(user(),
+        "List2(0) Text1(7) Text1(8) Command1(1) periods findRow(1) List2(1) chooseAll(1) findRow(2) List2(2) "
+        "chooseAll(2)");
 }
 
-TEST_F(TabOrderTest, theCodesPageReadsAsTheEyeDoes)
+TEST_F(ProgramLooks, theTabKeyGoesOnThroughTheMaintenanceArea)
 {
-    start(allRights);
-    selectTab(1);
+    startAsAdministrator();
     expectOrder(user(),
-        "Text1(4) Text1(5) Text1(6) SSCheck1 SSCheck2 Command1(5) Command1(6) Command1(7) DBList1(0) "
-        "DBList1(1) Command1(10) DBList1(2) Command1(9)");
-}
-
-TEST_F(TabOrderTest, thePrintingPageReadsAsTheEyeDoes)
-{
-    start(allRights);
-    selectTab(2);
-    EXPECT_EQ(user().focusName(), QStringLiteral("List2(0)"));
-    expectOrder(user(),
-        "List2(0) Text1(7) Text1(8) Command1(1) periods findRow(1) List2(1) chooseAll(1) "
-        "findRow(2) List2(2) chooseAll(2)");
-}
-
-TEST_F(SignInTabOrder, goesOnThroughTheMaintenanceArea)
-{
-    startToSignIn();
-    signIn(QStringLiteral("wardenly"), QStringLiteral("73816"));
-    expectOrder(Driver(loginWindow()),
         "Text1(0) Text1(1) Command1(0) Command1(1) DBList1 Text1(2) Text1(3) SSCheck1(0) SSCheck1(1) SSCheck1(2) "
         "Command1(2) Command1(3) Command1(4) Command1(5) Command1(6) Command1(7)");
 }

@@ -1,11 +1,9 @@
 #include "look/message_window.h"
 
-#include <QApplication>
-#include <QKeyEvent>
-#include <QTest>
-#include <QTimer>
+#include "windows/driver.h"
 
-#include <gtest/gtest.h>
+#include <QKeyEvent>
+#include <QTimer>
 
 namespace lorvan::test {
 
@@ -22,13 +20,13 @@ TEST(MessageWindow, aKeyThatIsStillHeldAnswersNothing)
         outlived = box->isVisible();
         QTest::keyClick(box, Qt::Key_Escape);
     });
-    EXPECT_FALSE(askOkCancel(nullptr, QMessageBox::Question, QStringLiteral("Ερώτηση"), QStringLiteral("Ναι;")));
+    EXPECT_FALSE(askOkCancel(nullptr, QMessageBox::Question, "Ερώτηση", "Ναι;"));
     EXPECT_TRUE(outlived);
 }
 
 TEST(MessageWindow, isWideEnoughForItsTitle)
 {
-    const QString title = QStringLiteral("Ένας τίτλος που είναι πολύ μακρύτερος από το κείμενο");
+    const QString title = "Ένας τίτλος που είναι πολύ μακρύτερος από το κείμενο";
     QFont bold = QApplication::font();
     bold.setBold(true);
     int width = 0;
@@ -36,7 +34,7 @@ TEST(MessageWindow, isWideEnoughForItsTitle)
         width = QApplication::activeModalWidget()->width();
         QApplication::activeModalWidget()->close();
     });
-    showMessage(nullptr, QMessageBox::Information, title, QStringLiteral("α"));
+    showMessage(nullptr, QMessageBox::Information, title, "α");
     EXPECT_GE(width, QFontMetrics(bold).horizontalAdvance(title) + 100);
 }
 

@@ -64,10 +64,10 @@ TEST(Theme, aColourOfItsOwnReachesEveryGroundOnAnyDesktopAndNoBox)
                 EXPECT_GE(contrast(theme.colour(text), QColor(own)), 4.5) << int(text) << " on " << own;
             EXPECT_EQ(inPalette(QPalette::Base), QColor(Qt::white));
             EXPECT_EQ(inPalette(QPalette::Text), lightColour(ColourRole::Text));
-            QMessageBox box(QMessageBox::Question, {}, QStringLiteral("α"));
+            QMessageBox box(QMessageBox::Question, {}, "α");
             box.show();
             EXPECT_EQ(box.palette().color(QPalette::Window), page);
-            const auto* const text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+            const auto* const text = box.findChild<QLabel*>("qt_msgbox_label");
             EXPECT_GE(contrast(text->palette().color(QPalette::WindowText), page), 4.5);
         }
         theme.setPageColour(std::nullopt);
@@ -78,13 +78,13 @@ TEST(Theme, aColourOfItsOwnReachesEveryGroundOnAnyDesktopAndNoBox)
 
 TEST(GreekTexts, buttonsOfBoxesSpeakGreek)
 {
-    static const QRegularExpression latin(QStringLiteral("[A-Za-z]"));
+    static const QRegularExpression latin("[A-Za-z]");
     QMessageBox box;
     box.setStandardButtons(QMessageBox::StandardButtons(QMessageBox::Ok | QMessageBox::Cancel | QMessageBox::Yes
         | QMessageBox::No | QMessageBox::Save | QMessageBox::Close | QMessageBox::Retry | QMessageBox::Abort));
     EXPECT_EQ(box.buttons().size(), 8);
     for (const QAbstractButton* const button : box.buttons())
-        EXPECT_FALSE(button->text().contains(latin)) << button->text().toStdString();
+        EXPECT_FALSE(button->text().contains(latin)) << button->text();
 }
 
 } // namespace lorvan::test

@@ -49,16 +49,16 @@ TEST(RememberedSize, isWhatTheUserLeftWithinTheScreen)
         {"99999 99999", {}, false},
     };
     for (const auto& each : cases) {
-        settings.write({{QStringLiteral("Windows"), QStringLiteral("form"), QString::fromUtf8(each.stored)}});
+        settings.write({{"Windows", "form", each.stored}});
         QWidget window;
-        window.setObjectName(QStringLiteral("form"));
+        window.setObjectName("form");
         restoreSize(&window, {500, 400});
         EXPECT_EQ(window.size(), each.size.isValid() ? each.size : roomFor(&window)) << each.stored;
         EXPECT_EQ(window.isMaximized(), each.isMaximised) << each.stored;
         window.setWindowState(Qt::WindowNoState);
         window.resize(530, 410);
         rememberSize(&window);
-        EXPECT_EQ(settings.value(QStringLiteral("Windows"), QStringLiteral("form")), QStringLiteral("530 410"));
+        EXPECT_EQ(settings.value("Windows", "form"), "530 410");
     }
 }
 

@@ -12,8 +12,6 @@
 #include "start/fr_ervthsh_update.h"
 
 #include <QAccessible>
-#include <QFile>
-#include <QTabBar>
 
 namespace lorvan::test {
 namespace {
@@ -32,23 +30,21 @@ QString captionOf(const QWidget& control)
 void addLine(QStringList& lines, const QString& name, const QString& caption, const QString& tip)
 {
     if (!caption.isEmpty() || !tip.isEmpty())
-        lines += (name.isEmpty() ? QStringLiteral("-") : name) + QStringLiteral(": ") + caption
-            + (tip.isEmpty() ? QString() : QStringLiteral(" [") + tip + u']');
+        lines += (name.isEmpty() ? "-" : name) + ": " + caption + (tip.isEmpty() ? QString() : " [" + tip + u']');
 }
 
 /// Title, captions, headings and tooltips of a window, control by control. Each text of a caption drawn by a label
 /// inside a button stands once.
 QString captionsIn(const QWidget& window)
 {
-    QStringList lines{window.objectName() + QStringLiteral(" = ") + window.windowTitle()};
+    QStringList lines{window.objectName() + " = " + window.windowTitle()};
     for (const QWidget* const control : window.findChildren<QWidget*>()) {
-        if (control->objectName().startsWith(QStringLiteral("qt_")))
+        if (control->objectName().startsWith("qt_"))
             continue;
         const auto* const tabs = qobject_cast<const QTabBar*>(control);
         for (int tab = 0; tabs && tab < tabs->count(); ++tab)
             addLine(lines, tabs->objectName(), tabs->tabText(tab), tabs->tabToolTip(tab));
-        addLine(lines, control->objectName(), captionOf(*control).replace(programVersion(), QStringLiteral("#")),
-            control->toolTip());
+        addLine(lines, control->objectName(), captionOf(*control).replace(programVersion(), "#"), control->toolTip());
     }
     return lines.join(u'\n') + u'\n';
 }
@@ -70,16 +66,16 @@ TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
     startToSignIn();
     QString found = captionsIn(loginWindow());
     signInAsSofia();
-    const QWidget& cashBook = *shownWindow(QStringLiteral("kentrikh"));
+    const QWidget& cashBook = *shownWindow("kentrikh");
     found += captionsIn(cashBook);
 
     Connection main = book.openMain();
-    const SettingsStore settings(book.path(QStringLiteral("Lorvan.ini")));
+    const SettingsStore settings(book.path("Lorvan.ini"));
     Printers printers([] { return std::vector<Printer>(); });
     ReportSaver saver;
     found += captionsIn(OmadaKvdikvn(main, [](QWidget*) { return true; }));
     found += captionsIn(FR_ErvthshUpdate(fixedClock()));
-    found += captionsIn(AnalyshFRM(main, settings, QStringLiteral("1/3/2024")));
+    found += captionsIn(AnalyshFRM(main, settings, "1/3/2024"));
     found += captionsIn(Ervthsh());
     found += captionsIn(FormaTajinomhshs());
     found += captionsIn(EpiloghOmadvn({}, settings));
@@ -88,13 +84,13 @@ TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
     EXPECT_EQ(found.toStdString(), expected());
 
     for (const char* const label : {"Label3D1(0)", "Label3D1(1)", "Label3D1(3)"}) {
-        QWidget* const shown = cashBook.findChild<QWidget*>(QLatin1String(label));
+        QWidget* const shown = cashBook.findChild<QWidget*>(label);
         const auto* const spoken = QAccessible::queryAccessibleInterface(shown);
         EXPECT_EQ(spoken->role(), QAccessible::StaticText) << label;
         EXPECT_EQ(spoken->text(QAccessible::Name), shown->property("caption").toString());
     }
     for (const QWidget* const field : cashBook.findChildren<QLineEdit*>())
-        EXPECT_FALSE(field->accessibleName().isEmpty()) << field->objectName().toStdString();
+        EXPECT_FALSE(field->accessibleName().isEmpty()) << field->objectName();
 }
 
 } // namespace lorvan::test

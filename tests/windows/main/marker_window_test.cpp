@@ -1,116 +1,113 @@
 #include "platform/files/file_calls.h"
 #include "windows/main_window_test.h"
 
-#include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QSignalSpy>
-#include <QTabBar>
-#include <QTest>
-#include <QTimer>
 
 #include <cerrno>
 
 namespace lorvan::test {
 namespace {
 
+const QString heldText = "Η βάση χρησιμοποιήτε από τον (την) Ελένη στον Η/Υ γραφείο";
+const QString heldCaption = "Lorvan  -  " + heldText;
+
 class MarkerWindowTest : public MainWindowTest {
 protected:
-    enum Tab { CashBook, Codes, Printing, Exit };
-
-    static QString heldText() { return QStringLiteral("Η βάση χρησιμοποιήτε από τον (την) Ελένη στον Η/Υ γραφείο"); }
-    static QString heldCaption() { return QStringLiteral("Lorvan  -  ") + heldText(); }
-
-    [[nodiscard]] QString notice() const { return user().text(QStringLiteral("notices")); }
-    [[nodiscard]] int selectedTab() const { return user().find<QTabBar>(QStringLiteral("Tab1")).currentIndex(); }
     [[nodiscard]] char markerState() const { return markerBytes().front(); }
+
+    UsageMarker other = otherComputer();
 };
 
 ExpectedBox exitQuestion(QMessageBox::StandardButton answer)
 {
-    return okCancel(QMessageBox::Question, QStringLiteral("Εξοδος από το πρόγραμμα"),
-        QStringLiteral("Να τερματιστεί το πρόγραμμα;"), answer);
+    return okCancel(QMessageBox::Question, "Εξοδος από το πρόγραμμα", "Να τερματιστεί το πρόγραμμα;", answer);
 }
+
+class NoWrites : public FileCalls {
+public:
+    NoWrites() { replace(this); }
+    ~NoWrites() override { replace(nullptr); }
+    ssize_t writeAt(int, const void*, std::size_t, off_t) override
+    {
+        errno = EIO;
+        return -1;
+    }
+};
+
+class VainLocks : public FileCalls {
+public:
+    VainLocks() { replace(this); }
+    ~VainLocks() override { replace(nullptr); }
+    int lock(int, short, off_t, off_t) override { return 0; }
+};
 
 } // namespace
 
-TEST_F(MarkerWindowTest, anotherHolderIsNamedAndNothingIsWritten)
+TEST_F(MarkerWindowTest, anotherHolderIsNamedAndNothingIsWrittenUntilHeLetsGo)
 {
-    addMovement(incomeOf(today, cents(500), QStringLiteral("Α")));
-    UsageMarker other = otherComputer();
+    addMovement(incomeOf(today, cents(500), "Α"));
     ASSERT_TRUE(other.claim());
-    const QByteArray held = markerBytes();
     start(allRights);
-    EXPECT_EQ(window().windowTitle(), heldCaption());
-    EXPECT_EQ(shownFigures(), QStringLiteral("5,00 | 0 | 5,00"));
+    EXPECT_EQ(window().windowTitle(), heldCaption);
+    EXPECT_EQ(shownFigures(), "5,00 | 0 | 5,00");
 
     user().doubleClickRow(list(), 1);
     for (const int button : {insert, modify, remove, closeCash}) {
-        boxes.expect(information(QStringLiteral("Αδύνατη η πρόσβαση"), heldText()));
-        user().click(user().command(button));
-        EXPECT_TRUE(boxes.allSeen()) << button;
+        boxes.expect(information("Αδύνατη η πρόσβαση", heldText));
+        press(button);
     }
-    EXPECT_EQ(entry(), QStringLiteral("5,00 | 0 | 0 | Α | 100 Λιανική"));
+    EXPECT_EQ(entry(), "5,00 | 0 | 0 | Α | 100 Λιανική");
     EXPECT_EQ(cashDays(), CashDayLines{}) << "the day view writes nothing";
-    EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), QStringLiteral("1"));
-    window().close();
-    EXPECT_EQ(markerBytes(), held);
+    EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), "1");
+
+    other.release();
+    user().clickRow(list(), 0);
+    typeMovement("100", "α", "5");
+    press(insert);
+    EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), "2");
+    EXPECT_EQ(window().windowTitle(), "Lorvan");
+    EXPECT_FALSE(other.claim());
 }
 
 TEST_F(MarkerWindowTest, printingGivesTheMarkerUpAndTheCashBookTakesItBack)
 {
     start();
     EXPECT_EQ(markerState(), '1');
-    selectTab(Printing);
+    selectTab(PrintingTab);
     EXPECT_EQ(markerState(), '0');
-    selectTab(CashBook);
+    selectTab(CashTab);
     EXPECT_EQ(markerState(), '1');
-    user().press(Qt::Key_PageDown, Qt::ControlModifier);
-    EXPECT_EQ(selectedTab(), Codes);
-    EXPECT_EQ(markerState(), '1');
-    user().press(Qt::Key_PageDown, Qt::ControlModifier);
-    user().press(Qt::Key_PageDown, Qt::ControlModifier);
-    EXPECT_EQ(selectedTab(), Printing) << "the keys stop before the exit";
-    EXPECT_EQ(markerState(), '0');
-
-    UsageMarker other = otherComputer();
+    for (const auto& [tab, marker] : {std::pair(CodesTab, '1'), std::pair(PrintingTab, '0'),
+             std::pair(PrintingTab, '0')}) { // the keys stop before the exit
+        user().press(Qt::Key_PageDown, Qt::ControlModifier);
+        EXPECT_EQ(tabs().currentIndex(), tab);
+        EXPECT_EQ(markerState(), marker);
+    }
     ASSERT_TRUE(other.claim());
-    selectTab(CashBook);
-    EXPECT_EQ(window().windowTitle(), heldCaption());
+    const QByteArray held = markerBytes();
+    selectTab(CashTab);
+    EXPECT_EQ(window().windowTitle(), heldCaption);
+    EXPECT_EQ(markerBytes(), held);
     other.release();
-    selectTab(Codes);
-    EXPECT_EQ(window().windowTitle(), QStringLiteral("Lorvan"));
+    selectTab(CodesTab);
+    EXPECT_EQ(window().windowTitle(), "Lorvan");
     EXPECT_EQ(markerState(), '1');
-}
-
-TEST_F(MarkerWindowTest, aChangeClaimsAMarkerThatHasBecomeFree)
-{
-    UsageMarker other = otherComputer();
-    ASSERT_TRUE(other.claim());
-    start();
-    other.release();
-    typeMovement(QStringLiteral("100"), QStringLiteral("α"), QStringLiteral("5"));
-    user().click(user().command(insert));
-    EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), QStringLiteral("1"));
-    EXPECT_EQ(window().windowTitle(), QStringLiteral("Lorvan"));
-    EXPECT_FALSE(other.claim());
 }
 
 TEST_F(MarkerWindowTest, theHolderComesIntoTheLineAndGoesByItself)
 {
-    constexpr int patience = 10'000;
-    const auto isTold = [this] { return notice().contains(QStringLiteral("Ελένη στον υπολογιστή γραφείο")); };
+    const auto isTold = [this] { return notice().contains("Ελένη στον υπολογιστή γραφείο"); };
     start();
-    EXPECT_EQ(notice(), QString());
-    selectTab(Printing);
-    UsageMarker other = otherComputer();
+    EXPECT_EQ(notice(), "");
+    selectTab(PrintingTab);
     ASSERT_TRUE(other.claim());
-    EXPECT_TRUE(QTest::qWaitFor(isTold, patience));
-    EXPECT_EQ(window().windowTitle(), QStringLiteral("Lorvan")) << "until the next tab";
+    EXPECT_TRUE(comesTrue(isTold));
+    EXPECT_EQ(window().windowTitle(), "Lorvan") << "until the next tab";
     other.release();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return notice().isEmpty(); }, patience));
+    EXPECT_TRUE(comesTrue([this] { return notice().isEmpty(); }));
     ASSERT_TRUE(other.claim());
-    selectTab(CashBook);
+    selectTab(CashTab);
     EXPECT_TRUE(isTold()) << "at once";
 }
 
@@ -118,37 +115,37 @@ TEST_F(MarkerWindowTest, cancelledExitGoesBackAndRunsNothingAgain)
 {
     start();
     boxes.expect(exitQuestion(QMessageBox::Cancel));
-    selectTab(Exit);
-    EXPECT_EQ(selectedTab(), CashBook);
+    selectTab(ExitTab);
+    EXPECT_EQ(tabs().currentIndex(), CashTab);
     boxes.expect(exitQuestion(QMessageBox::Cancel));
-    user().click(user().command(4));
-    EXPECT_TRUE(boxes.allSeen() && window().isVisible());
+    press(4);
+    EXPECT_TRUE(window().isVisible());
 
-    selectTab(Printing);
-    EXPECT_EQ(user().field(7).text(), QStringLiteral("01-03-2024"));
-    EXPECT_EQ(user().field(8).text(), QStringLiteral("15-03-2024"));
-    user().enter(7, QStringLiteral("5/1/2024"));
-    user().clickRow(user().find<QListView>(QStringLiteral("List2(1)")), 1);
+    selectTab(PrintingTab);
+    EXPECT_EQ(user().field(7).text(), "01-03-2024");
+    EXPECT_EQ(user().field(8).text(), "15-03-2024");
+    user().enter(7, "5/1/2024");
+    user().clickRow(list("List2(1)"), 1);
     boxes.expect(exitQuestion(QMessageBox::Cancel));
-    selectTab(Exit);
-    EXPECT_EQ(selectedTab(), Printing);
-    EXPECT_TRUE(user().find(QStringLiteral("Panel1(3)")).isVisible());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return user().field(7).text() == QStringLiteral("05-01-2024"); }));
-    EXPECT_TRUE(user().find<QListView>(QStringLiteral("List2(1)")).selectionModel()->hasSelection());
+    selectTab(ExitTab);
+    EXPECT_EQ(tabs().currentIndex(), PrintingTab);
+    EXPECT_TRUE(user().find("Panel1(3)").isVisible());
+    EXPECT_TRUE(comesTrue([this] { return user().field(7).text() == "05-01-2024"; }));
+    EXPECT_TRUE(list("List2(1)").selectionModel()->hasSelection());
 }
 
 TEST_F(MarkerWindowTest, anEntryThatWouldBeLostIsAskedAboutButForTheSessionsEnd)
 {
     const ExpectedBox question =
-        withDetails(exitQuestion(QMessageBox::Cancel), QStringLiteral("Υπάρχει κίνηση που δεν έχει εισαχθεί."));
+        withDetails(exitQuestion(QMessageBox::Cancel), "Υπάρχει κίνηση που δεν έχει εισαχθεί.");
     start();
-    typeMovement(QStringLiteral("100"), QStringLiteral("α"), QStringLiteral("5"));
+    typeMovement("100", "α", "5");
     const QString typed = entry();
     boxes.expect(question);
     EXPECT_FALSE(window().close());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return boxes.allSeen(); }));
+    EXPECT_TRUE(comesTrue([this] { return boxes.allSeen(); }));
     boxes.expect(question);
-    selectTab(Exit);
+    selectTab(ExitTab);
     EXPECT_TRUE(window().isVisible());
     EXPECT_EQ(entry(), typed);
     QTimer::singleShot(0, qApp, [] {
@@ -164,15 +161,14 @@ TEST_F(MarkerWindowTest, aReturnFromPrintingShowsWhatAnotherHasWritten)
 {
     addMovement(incomeOf(today, cents(500)));
     start();
-    typeMovement(QStringLiteral("100"), QStringLiteral("α"), QStringLiteral("5"));
+    typeMovement("100", "α", "5");
     const QString typed = entry();
-    selectTab(Printing);
-    UsageMarker other = otherComputer();
+    selectTab(PrintingTab);
     ASSERT_TRUE(other.claim());
     addMovement(incomeOf(today, cents(100)));
     const CashDayLines before = cashDays();
-    selectTab(CashBook);
-    EXPECT_EQ(shownFigures(), QStringLiteral("6,00 | 0 | 6,00"));
+    selectTab(CashTab);
+    EXPECT_EQ(shownFigures(), "6,00 | 0 | 6,00");
     EXPECT_EQ(entry(), typed);
     EXPECT_EQ(cashDays(), before) << "the day's row is the other's business";
 }
@@ -183,98 +179,74 @@ TEST_F(MarkerWindowTest, confirmedExitEndsOnceAndFreesTheMarker)
         start();
         QSignalSpy closed(&window(), &Kentrikh::closed);
         boxes.expect(exitQuestion(QMessageBox::Ok));
-        if (fromTab)
-            selectTab(Exit);
-        else
-            user().click(user().command(4));
+        fromTab ? selectTab(ExitTab) : press(4);
         EXPECT_EQ(closed.count(), 1);
         EXPECT_FALSE(window().isVisible());
         EXPECT_EQ(markerState(), '0');
     }
 }
 
-TEST_F(MarkerWindowTest, anUnusableMarkerStillTurnsThePageAndShowsTheDay)
+TEST_F(MarkerWindowTest, anUnusableMarkerIsToldStillTurnsThePageAndShowsTheDay)
 {
     addMovement(incomeOf(today, cents(500)));
     start();
+    {
+        const NoWrites calls;
+        boxes.expect(warningWith("lorvan.dat"));
+        EXPECT_TRUE(window().close());
+    }
+    start();
     ASSERT_TRUE(QFile::remove(book.files().usageMarker()) && QDir().mkdir(book.files().usageMarker()));
     for (int box = 0; box < 2; ++box) // the caption, the claim
-        boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("lorvan.dat"))));
-    selectTab(Codes);
-    EXPECT_TRUE(user().find(QStringLiteral("Panel1(2)")).isVisible());
+        boxes.expect(warningWith("lorvan.dat"));
+    selectTab(CodesTab);
+    EXPECT_TRUE(user().find("Panel1(2)").isVisible());
     for (int box = 0; box < 4; ++box) // the same, and twice the day whose row is not written
-        boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("lorvan.dat"))));
-    selectTab(CashBook);
-    user().enter(date, QStringLiteral("15-3-2024"));
-    user().press(Qt::Key_Tab);
+        boxes.expect(warningWith("lorvan.dat"));
+    selectTab(CashTab);
+    user().enter(date, "15-3-2024\t");
     EXPECT_EQ(list().model()->rowCount(), 2);
-}
-
-TEST_F(MarkerWindowTest, aMarkerThatCannotBeFreedIsTold)
-{
-    class NoWrites : public FileCalls {
-    public:
-        NoWrites() { replace(this); }
-        ~NoWrites() override { replace(nullptr); }
-        ssize_t writeAt(int, const void*, std::size_t, off_t) override
-        {
-            errno = EIO;
-            return -1;
-        }
-    };
-    start();
-    const NoWrites calls;
-    boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("lorvan.dat"))));
-    EXPECT_TRUE(window().close());
-    EXPECT_TRUE(boxes.allSeen());
 }
 
 TEST_F(MarkerWindowTest, whereLocksKeepNobodyOutTheBookIsLookedAtAndALineSaysWhy)
 {
-    class VainLocks : public FileCalls {
-    public:
-        VainLocks() { replace(this); }
-        ~VainLocks() override { replace(nullptr); }
-        int lock(int, short, off_t, off_t) override { return 0; }
-    };
     addMovement(incomeOf(today, cents(500)));
     const VainLocks calls;
     start();
     EXPECT_EQ(markerState(), '0');
-    EXPECT_TRUE(notice().contains(QStringLiteral("μόνο για ανάγνωση"))) << notice().toStdString();
-    EXPECT_EQ(shownFigures(), QStringLiteral("5,00 | 0 | 5,00"));
-    typeMovement(QStringLiteral("100"), QStringLiteral("α"), QStringLiteral("5"));
-    boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("κλειδώματα"))));
-    user().click(user().command(insert));
-    EXPECT_TRUE(boxes.allSeen());
-    EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), QStringLiteral("1"));
+    EXPECT_TRUE(notice().contains("μόνο για ανάγνωση")) << notice();
+    EXPECT_EQ(shownFigures(), "5,00 | 0 | 5,00");
+    typeMovement("100", "α", "5");
+    boxes.expect(warningWith("κλειδώματα"));
+    press(insert);
+    EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), "1");
     window().end();
 }
 
 TEST_F(MarkerWindowTest, aTabIsNotLeftWithARefusedDate)
 {
     start();
-    selectTab(Printing);
-    user().enter(7, QStringLiteral("32-1"));
-    boxes.expect(warning(QStringLiteral("Λάθος ημερομηνία"), QStringLiteral("Η εισαγωγή της ημερομηνίας είναι λάθος")));
-    selectTab(CashBook);
-    EXPECT_EQ(selectedTab(), Printing);
-    EXPECT_EQ(user().focusName(), QStringLiteral("Text1(7)"));
+    selectTab(PrintingTab);
+    user().enter(7, "32-1");
+    boxes.expect(warning("Λάθος ημερομηνία", "Η εισαγωγή της ημερομηνίας είναι λάθος"));
+    selectTab(CashTab);
+    EXPECT_EQ(tabs().currentIndex(), PrintingTab);
+    EXPECT_EQ(user().focusName(), "Text1(7)");
     EXPECT_EQ(markerState(), '0');
 }
 
 TEST_F(MarkerWindowTest, printingOffersTheCodesOfTheTabItIsReachedFrom)
 {
-    book.addCode(300, QStringLiteral("Παλιός"), true, 0, false);
+    book.addCode(300, "Παλιός", true, 0, false);
     start();
-    selectTab(Printing);
-    auto& codes = user().find<QListView>(QStringLiteral("List2(1)"));
-    EXPECT_EQ(linesOf(codes), QStringLiteral("  100 Λιανική\n  200 Προμήθειες"));
+    selectTab(PrintingTab);
+    auto& codes = list("List2(1)");
+    EXPECT_EQ(linesOf(codes), "  100 Λιανική\n  200 Προμήθειες");
     EXPECT_EQ(codes.model()->index(1, 0).data(Qt::UserRole).toInt(), 200);
-    EXPECT_EQ(linesOf(user().find<QListView>(QStringLiteral("List2(2)"))), QStringLiteral("Πωλήσεις"));
-    selectTab(Codes);
-    selectTab(Printing);
-    EXPECT_TRUE(linesOf(codes).endsWith(QStringLiteral("\n  300 Παλιός")));
+    EXPECT_EQ(linesOf(list("List2(2)")), "Πωλήσεις");
+    selectTab(CodesTab);
+    selectTab(PrintingTab);
+    EXPECT_TRUE(linesOf(codes).endsWith("\n  300 Παλιός"));
 }
 
 } // namespace lorvan::test

@@ -1,11 +1,8 @@
-#include "preview/report_saver.h"
 #include "windows/preview/printing_test.h"
 
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTest>
 
 #include <iostream>
 
@@ -27,14 +24,11 @@ public:
     {
         writeFiles();
         qputenv("CUPS_SERVER", path("cups.sock").toUtf8());
-        const QString program = QStandardPaths::findExecutable(
-            QStringLiteral("cupsd"), {QStringLiteral("/usr/sbin"), QStringLiteral("/sbin")});
+        const QString program = QStandardPaths::findExecutable("cupsd", {"/usr/sbin", "/sbin"});
         if (program.isEmpty())
             return;
-        m_process.start(program,
-            {QStringLiteral("-f"), QStringLiteral("-c"), path("cupsd.conf"), QStringLiteral("-s"),
-                path("cups-files.conf")});
-        m_runs = QTest::qWaitFor([this] { return QFile::exists(path("cups.sock")); })
+        m_process.start(program, {"-f", "-c", path("cupsd.conf"), "-s", path("cups-files.conf")});
+        m_runs = comesTrue([this] { return QFile::exists(path("cups.sock")); })
             && tell("lpadmin", {"-p", queue, "-E", "-v", "file:///dev/null", "-m", "raw"});
     }
     ~PrintServer()
@@ -42,8 +36,7 @@ public:
         end();
         qunsetenv("CUPS_SERVER");
     }
-    PrintServer(const PrintServer&) = delete;
-    PrintServer& operator=(const PrintServer&) = delete;
+    Q_DISABLE_COPY_MOVE(PrintServer)
 
     static constexpr const char* queue = "Tameio";
 
@@ -61,12 +54,11 @@ public:
     [[nodiscard]] QByteArray recordOf(int job) const
     {
         QFile record(path("spool/c%1").arg(job, 5, 10, QLatin1Char('0')));
-        return QTest::qWaitFor([&record] { return record.open(QIODevice::ReadOnly); }) ? record.readAll()
-                                                                                       : QByteArray();
+        return comesTrue([&record] { return record.open(QIODevice::ReadOnly); }) ? record.readAll() : QByteArray();
     }
 
 private:
-    [[nodiscard]] QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+    [[nodiscard]] QString path(const char* name) const { return m_folder.filePath(name); }
 
     void write(const char* name, QString text) const
     {
@@ -78,71 +70,55 @@ private:
     {
         QFile::setPermissions(m_folder.path(), QFile::Permissions(0x7055));
         for (const char* const folder : {"root", "spool/tmp", "cache", "state", "log"})
-            QDir(m_folder.path()).mkpath(QLatin1String(folder));
+            QDir(m_folder.path()).mkpath(folder);
         write("cups-files.conf",
-            QStringLiteral("ServerRoot @/root\nRequestRoot @/spool\nCacheDir @/cache\nStateDir @/state\nTempDir "
-                           "@/spool/tmp\nErrorLog @/log/error\nAccessLog @/log/access\nPageLog @/log/page\n"
-                           "FileDevice Yes\n"));
+            "ServerRoot @/root\nRequestRoot @/spool\nCacheDir @/cache\nStateDir @/state\nTempDir "
+            "@/spool/tmp\nErrorLog @/log/error\nAccessLog @/log/access\nPageLog @/log/page\n"
+            "FileDevice Yes\n");
         write("cupsd.conf",
-            QStringLiteral("Listen @/cups.sock\nBrowsing No\nDefaultAuthType None\nPreserveJobFiles Yes\n"
-                           "<Location />\nAllow all\n</Location>\n<Location /admin>\nAllow all\n</Location>\n"
-                           "<Policy default>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n"));
+            "Listen @/cups.sock\nBrowsing No\nDefaultAuthType None\nPreserveJobFiles Yes\n"
+            "<Location />\nAllow all\n</Location>\n<Location /admin>\nAllow all\n</Location>\n"
+            "<Policy default>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n");
     }
     static bool tell(const char* program, std::initializer_list<const char*> arguments)
     {
         QStringList texts;
         for (const char* const each : arguments)
-            texts += QLatin1String(each);
-        const QString found = QStandardPaths::findExecutable(QLatin1String(program), {QStringLiteral("/usr/sbin")});
+            texts += each;
+        const QString found = QStandardPaths::findExecutable(program, {"/usr/sbin"});
         return !found.isEmpty() && QProcess::execute(found, texts) == 0;
     }
 
-    QTemporaryDir m_folder{QStringLiteral("/tmp/print-XXXXXX")}; // the name of a socket must be short
+    QTemporaryDir m_folder{"/tmp/print-XXXXXX"}; // the name of a socket must be short
     QProcess m_process;
     bool m_runs = false;
 };
 
 ReportDocument threePages()
 {
-    const QString format = QStringLiteral("<5000");
+    const QString format = "<5000";
     ReportDocument document;
     for (int row = 1; row <= 130; ++row)
-        document.AddTableRow(format, QString(), {QStringLiteral("ΓΡΑΜΜΗ%1").arg(row)});
+        document.AddTableRow(format, QString(), {QString("ΓΡΑΜΜΗ%1").arg(row)});
     document.EndDoc();
     return document;
 }
 
-class ReportPrinting : public testing::Test {
+class ReportPrinting : public FrameTest<PrintServer> {
 protected:
-    ReportPrinting()
-        : frame(printers, saver)
-        , user(frame)
-    {
-    }
     void SetUp() override
     {
-        if (!server.runs())
+        if (!printSystem.runs())
             GTEST_SKIP() << "no print server can be started here: cups-daemon and cups-client are missing";
         std::cout << "printing to a print server of the test's own\n";
-        frame.open(threePages(), QStringLiteral(" Ταμείο ημέρας"), QStringLiteral("Ταμείο"));
-        frame.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
-        ASSERT_TRUE(QTest::qWaitFor([this] { return frame.windowTitle().endsWith(QStringLiteral("  στον  Tameio")); }));
+        open(threePages(), " Ταμείο ημέρας");
+        ASSERT_TRUE(comesTrue([this] { return frame.windowTitle().endsWith("  στον  Tameio"); }));
     }
-    void trigger(const char* action) const { frame.findChild<QAction*>(QLatin1String(action))->trigger(); }
-    [[nodiscard]] QString state() const { return user.text(QStringLiteral("state")); }
-
-    PrintServer server;
-    BoxScript boxes;
-    Printers printers;
-    ReportSaver saver;
-    Ektypvsh frame;
-    Driver user;
 };
 
 int pagesIn(const QString& pdf)
 {
-    return outputOf(QStringLiteral("pdfinfo"), {pdf}).section(QStringLiteral("Pages:"), 1).section(u'\n', 0, 0).toInt();
+    return outputOf("pdfinfo", {pdf}).section("Pages:", 1).section(u'\n', 0, 0).toInt();
 }
 
 } // namespace
@@ -150,27 +126,27 @@ int pagesIn(const QString& pdf)
 TEST_F(ReportPrinting, handsOverAllPagesOrTheOneShown)
 {
     user.press(Qt::Key_P, Qt::ControlModifier);
-    EXPECT_EQ(state(), QStringLiteral("Στάλθηκε στον εκτυπωτή Tameio."));
-    EXPECT_TRUE(server.recordOf(1).contains("Ταμείο ημέρας"));
-    EXPECT_EQ(pagesIn(server.documentOf(1)), 3);
+    EXPECT_EQ(state(), "Στάλθηκε στον εκτυπωτή Tameio.");
+    EXPECT_TRUE(printSystem.recordOf(1).contains("Ταμείο ημέρας"));
+    EXPECT_EQ(pagesIn(printSystem.documentOf(1)), 3);
 
     user.press(Qt::Key_PageDown);
     trigger("menu(15)");
-    EXPECT_EQ(pagesIn(server.documentOf(2)), 1);
-    const QString text = outputOf(QStringLiteral("pdftotext"), {server.documentOf(2), QStringLiteral("-")});
-    EXPECT_TRUE(text.contains(QStringLiteral("ΓΡΑΜΜΗ70")) && text.contains(QStringLiteral("Σελίδα 2")));
-    EXPECT_FALSE(text.contains(QStringLiteral("ΓΡΑΜΜΗ1\n")));
+    EXPECT_EQ(pagesIn(printSystem.documentOf(2)), 1);
+    const QString text = outputOf("pdftotext", {printSystem.documentOf(2), "-"});
+    EXPECT_TRUE(text.contains("ΓΡΑΜΜΗ70") && text.contains("Σελίδα 2"));
+    EXPECT_FALSE(text.contains("ΓΡΑΜΜΗ1\n"));
 }
 
 TEST_F(ReportPrinting, aJobThatIsNotTakenIsTold)
 {
     trigger("menu(20)");
     EXPECT_NE(state(), QString());
-    ASSERT_TRUE(server.refuseJobs());
-    boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("Η εκτύπωση στον Tameio απέτυχε."))));
+    ASSERT_TRUE(printSystem.refuseJobs());
+    boxes.expect(warningWith("Η εκτύπωση στον Tameio απέτυχε."));
     trigger("menu(20)");
-    server.end();
-    boxes.expect(partly(warning(QStringLiteral("Προσοχή"), QStringLiteral("Η εκτύπωση στον Tameio απέτυχε."))));
+    printSystem.end();
+    boxes.expect(warningWith("Η εκτύπωση στον Tameio απέτυχε."));
     trigger("menu(15)");
     EXPECT_EQ(state(), QString());
 }
