@@ -1,6 +1,7 @@
 #pragma once
 
 #include "book/book_opening.h"
+#include "cashbook/opening_balance.h"
 #include "main/kentrikh.h"
 #include "support/book_model.h"
 #include "support/temporary_book.h"
@@ -50,7 +51,8 @@ protected:
         UsageMarker marker(book.files().usageMarker(), {"Μαρία", "ταμείο"});
         DataFolderSettings settings;
         settings.dataFolder = book.folder();
-        Book opened = openBook(book.files(), testKeys(), marker, [] { return OpeningBalance{}; });
+        const auto nothing = [] { return OpeningBalance{}; };
+        Book opened = openBook(book.files(), testKeys(), marker, nothing, openingSteps());
         m_window =
             std::make_unique<Kentrikh>(std::move(opened), std::move(marker), rights, settings, clock, testKeys());
         m_user.emplace(*m_window);

@@ -198,7 +198,7 @@ TEST_F(CodesPageTest, afterTheGroupsWereEditedTheFieldsFollowTheGroupThatTheySho
     EXPECT_EQ(codes(), "100 Λιανική Πωλήσεις 1; 200 Προμήθειες - 0; 300 Παλιός  0");
 }
 
-TEST_F(CodesPageTest, aGroupThatAnotherComputerHasRenamedRefusesAnInsertionAndIsFollowedByAModification)
+TEST_F(CodesPageTest, whatAnotherComputerHasRenamedOrRemovedIsToldOrFollowed)
 {
     type("7", "ΝΕΟΣ");
     user().doubleClickRow(listAt(1), 2);
@@ -214,10 +214,7 @@ TEST_F(CodesPageTest, aGroupThatAnotherComputerHasRenamedRefusesAnInsertionAndIs
     boxes.expect(modifyQuestion(QMessageBox::Ok));
     press(modifyCode);
     EXPECT_EQ(codes(), "100 Λιανική Πωλήσεις 1; 200 Προμήθειες - 0; 300 Παλιός Νέα 7");
-}
 
-TEST_F(CodesPageTest, aCodeThatAnotherComputerHasRemovedIsToldOf)
-{
     book.execute("DELETE FROM kvdikoi WHERE kvdikos=200");
     expectRefusal("Ο κωδικός δεν υπάρχει πια. Τον έχει διαγράψει άλλος χρήστης.");
     user().clickRow(listAt(0), 1);

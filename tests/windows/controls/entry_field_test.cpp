@@ -7,6 +7,7 @@
 #include <QStyleHints>
 
 namespace lorvan::test {
+
 TEST(EntryField, typedCharactersPassTheFieldsRule)
 {
     const struct {

@@ -4,8 +4,6 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -74,17 +72,6 @@ TEST(Theme, aColourOfItsOwnReachesEveryGroundOnAnyDesktopAndNoBox)
         EXPECT_EQ(inPalette(QPalette::Window), page);
     }
     QApplication::setPalette(QPalette());
-}
-
-TEST(GreekTexts, buttonsOfBoxesSpeakGreek)
-{
-    static const QRegularExpression latin("[A-Za-z]");
-    QMessageBox box;
-    box.setStandardButtons(QMessageBox::StandardButtons(QMessageBox::Ok | QMessageBox::Cancel | QMessageBox::Yes
-        | QMessageBox::No | QMessageBox::Save | QMessageBox::Close | QMessageBox::Retry | QMessageBox::Abort));
-    EXPECT_EQ(box.buttons().size(), 8);
-    for (const QAbstractButton* const button : box.buttons())
-        EXPECT_FALSE(button->text().contains(latin)) << button->text();
 }
 
 } // namespace lorvan::test

@@ -54,7 +54,7 @@ class Captions : public ProgramTest { };
 /// The table of what stands in every window, a control on each line.
 std::string expected()
 {
-    QFile table(QStringLiteral(QT_TESTCASE_SOURCEDIR "/windows/captions.txt"));
+    QFile table(QStringLiteral(QT_TESTCASE_SOURCEDIR "/windows/main/captions.txt"));
     EXPECT_TRUE(table.open(QIODevice::ReadOnly));
     return table.readAll().toStdString();
 }

@@ -1,4 +1,3 @@
-#include "windows/preview/printing_test.h"
 #include "support/mount.h"
 #include "windows/preview/printing_test.h"
 
@@ -60,7 +59,7 @@ protected:
 
 } // namespace
 
-TEST_F(ReportSaving, eachKindOfFileByItsEnding)
+TEST_F(ReportSaving, eachKindOfFileByItsEndingAndNoneIsReplacedUnasked)
 {
     open(report(3));
     const struct {
@@ -80,11 +79,7 @@ TEST_F(ReportSaving, eachKindOfFileByItsEnding)
         EXPECT_TRUE(state().endsWith(each.written));
     }
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 3);
-}
 
-TEST_F(ReportSaving, asksBeforeAFileIsReplaced)
-{
-    open(report(1));
     writeBefore();
     expectReplaceQuestion(QMessageBox::No);
     save("savePdf", "α");

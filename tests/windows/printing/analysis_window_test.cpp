@@ -1,6 +1,5 @@
 #include "printing/analysh_frm.h"
 
-#include "windows/box_script.h"
 #include "support/temporary_book.h"
 #include "windows/box_script.h"
 

@@ -1,6 +1,5 @@
 #include "start/fr_ervthsh_update.h"
 
-#include "windows/box_script.h"
 #include "support/temporary_book.h"
 #include "windows/box_script.h"
 
