@@ -6,14 +6,12 @@
 #include "codes/group_maintenance.h"
 #include "durability/stored_state.h"
 #include "platform/files/settings_store.h"
+#include "support/files.h"
 #include "support/temporary_book.h"
 #include "support/watched_disk.h"
-#include "tools/legacy/older_books.h"
 #include "tools/tool_run.h"
 #include "users/administration.h"
 #include "users/user_accounts.h"
-
-#include <QDir>
 
 #include <gtest/gtest.h>
 
@@ -63,13 +61,13 @@ protected:
             ASSERT_TRUE(isWhole(confirmed.back().state)) << confirmed.back().state;
             ASSERT_TRUE(confirmed.back().state != confirmed[confirmed.size() - 2].state) << "a step changes nothing";
         }
-        ASSERT_TRUE(QDir().rename(root, temporary.filePath(QStringLiteral("before"))));
+        ASSERT_TRUE(QDir().rename(root, temporary.filePath("before")));
         cut(log, confirmed, state, std::max(1, cutsOfAll() * share / 100));
     }
 
     const QTemporaryDir temporary;
-    const QString root = temporary.filePath(QStringLiteral("disk"));
-    const QString book = root + QStringLiteral("/book");
+    const QString root = temporary.filePath("disk");
+    const QString book = root + "/book";
 
 private:
     Step m_next;
@@ -137,37 +135,28 @@ private:
 
 std::string bookBelow(const QString& folder)
 {
-    return storedBook(folder + QStringLiteral("/book"));
-}
-
-/// What the one file holds that has such a name.
-State fileBelow(const QString& name)
-{
-    return [name](const QString& folder) { return storedFile(folder + u'/' + name); };
+    return storedBook(folder + "/book");
 }
 
 } // namespace
 
 TEST_F(PowerCutTest, changesOfTheBook)
 {
-    const BookFiles files(book);
-    Connection main = openToWrite(files.mainDatabase());
-    Connection auxiliary = openToWrite(files.auxiliaryDatabase());
     Book open = openBookToWrite(book);
     CashBook cashBook(open, {});
     const QString longText(3000, u'ω');
-    const qint64 code = listCodes(main, CodeSelection::All).front().row;
+    const qint64 code = listCodes(open.main(), CodeSelection::All).front().row;
     cutDuring({
                   [&] { (void)cashBook.insert(incomeOf(today, cents(5))); },
                   [&] { (void)cashBook.insert(expenseOf(today.addDays(-2), cents(7), longText)); },
                   [&] { (void)cashBook.modify(3, incomeOf(today, cents(4), longText)); },
-                  [&] { closeDay(auxiliary, today.addDays(-2)); },
+                  [&] { closeDay(open.auxiliary(), today.addDays(-2)); },
                   [&] { (void)cashBook.remove(5); },
-                  [&] { addUser(auxiliary, QStringLiteral("Νίκος"), QStringLiteral("άλλος"), {}); },
+                  [&] { addUser(open.auxiliary(), "Νίκος", "άλλος", {}); },
                   [&] {
-                      (void)modifyCode(main, code, {QStringLiteral("101"), QStringLiteral("Νέα"), {}}, 1);
+                      (void)modifyCode(open.main(), code, {"101", "Νέα", {}}, 1);
                   },
-                  [&] { (void)renameGroup(main, 1, QStringLiteral("Έσοδα")); },
+                  [&] { (void)renameGroup(open.main(), 1, "Έσοδα"); },
                   [&] { (void)cashBook.insert(expenseOf(today.addDays(1), cents(5))); },
               },
         bookBelow, 36);
@@ -184,73 +173,55 @@ TEST_F(PowerCutTest, deletionInBothFiles)
 
 TEST_F(PowerCutTest, newBook)
 {
-    const QString user = QStringLiteral("|--user|Άννα");
+    const QString user = "|--user|Άννα";
     QDir(book).removeRecursively();
-    const QString create = QStringLiteral("create|") + book + user;
-    cutDuring({[&] { EXPECT_EQ(runTool(today, create, user).status, ExitStatus::Done); }}, bookBelow, 10,
+    const QString create = "create|" + book + user;
+    cutDuring({[&] { EXPECT_EQ(runTool(today, create, user).status, ExitStatus::Done); }}, bookBelow, 20,
         [&] { (void)runTool(today, create, user); });
-}
-
-TEST_F(PowerCutTest, importOfAnOlderBook)
-{
-    QDir(book).removeRecursively();
-    const QString import = QStringLiteral("import|%1|%2").arg(olderBook(QStringLiteral("empty")), book);
-    cutDuring({[&] { EXPECT_EQ(runTool(today, import).status, ExitStatus::Done); }}, bookBelow, 10,
-        [&] { (void)runTool(today, import); });
 }
 
 TEST_F(PowerCutTest, backupAndRestore)
 {
-    const QString backup = in(QStringLiteral("kept.tar"));
-    const auto state = [](const QString& folder) {
-        return bookBelow(folder) + storedFile(folder + QStringLiteral("/kept.tar"));
-    };
+    const QString backup = in("kept.tar");
+    const auto state = [](const QString& folder) { return bookBelow(folder) + storedFile(folder + "/kept.tar"); };
     const auto done = [&](const QString& command) {
         return [=] {
             const ToolRun run = runTool(today, command);
             EXPECT_EQ(run.status, ExitStatus::Done) << run.errors;
         };
     };
-    cutDuring({done(QStringLiteral("backup|%1|%2").arg(book, backup)),
+    cutDuring({done(QString("backup|%1|%2").arg(book, backup)),
                   [&] {
                       Book open = openBookToWrite(book);
                       (void)CashBook(open, {}).insert(incomeOf(today, cents(1)));
                   },
-                  done(QStringLiteral("restore|%1|%2|--replace").arg(backup, book))},
+                  done(QString("restore|%1|%2|--replace").arg(backup, book))},
         state, 16, [&] {
             UsageMarker::unlock(
                 BookFiles(book).usageMarker()); // its claimant lives here: the power went in the log alone
             QFile::remove(backup); // it would not be replaced
-            (void)runTool(today, QStringLiteral("backup|%1|%2").arg(book, backup));
-            (void)runTool(today, QStringLiteral("restore|%1|%2|--replace").arg(backup, book));
+            (void)runTool(today, QString("backup|%1|%2").arg(book, backup));
+            (void)runTool(today, QString("restore|%1|%2|--replace").arg(backup, book));
         });
 }
 
-TEST_F(PowerCutTest, pathFile)
+TEST_F(PowerCutTest, filesOfOurOwn)
 {
-    const PathFile file(book);
-    cutDuring(
-        {[&] { EXPECT_TRUE(file.writeFolder(QStringLiteral("/one"))); },
-            [&] { EXPECT_TRUE(file.writeFolder(QStringLiteral("/another"))); }},
-        [](const QString& folder) { return storedFile(PathFile(folder + QStringLiteral("/book")).path()); }, 6,
-        [&] { EXPECT_TRUE(file.writeFolder(QStringLiteral("/one"))); });
-}
-
-TEST_F(PowerCutTest, settings)
-{
-    const SettingsStore store(in(QStringLiteral("Lorvan/Lorvan.ini")));
-    const auto step = [&](const QString& value) {
-        return [&store, value] { store.write({{QStringLiteral("Χρώματα"), QStringLiteral("θέμα"), value}}); };
+    const PathFile pathFile(book);
+    const SettingsStore settings(in("Lorvan/Lorvan.ini"));
+    UsageMarker marker(BookFiles(book).usageMarker(), {"Άννα", "ταμείο"});
+    const auto point = [&](const char* to) { return [&, to] { EXPECT_TRUE(pathFile.writeFolder(to)); }; };
+    const auto set = [&](const char* value) { return [&, value] { settings.write({{"Χρώματα", "θέμα", value}}); }; };
+    const Step claim = [&] { EXPECT_TRUE(marker.claim()); };
+    const auto state = [](const QString& folder) {
+        return storedFile(PathFile(folder + "/book").path()) + storedFile(folder + "/Lorvan/Lorvan.ini")
+            + storedFile(folder + "/book/lorvan.dat");
     };
-    cutDuring({step(QStringLiteral("1")), step(QStringLiteral("2"))}, fileBelow(QStringLiteral("Lorvan/Lorvan.ini")), 6,
-        step(QStringLiteral("3")));
-}
-
-TEST_F(PowerCutTest, usageMarker)
-{
-    UsageMarker marker(BookFiles(book).usageMarker(), {QStringLiteral("Άννα"), QStringLiteral("ταμείο")});
-    cutDuring({[&] { EXPECT_TRUE(marker.claim()); }, [&] { marker.release(); }, [&] { EXPECT_TRUE(marker.claim()); }},
-        fileBelow(QStringLiteral("book/lorvan.dat")), 8);
+    cutDuring({point("/one"), set("1"), claim, point("/another"), set("2"), [&] { marker.release(); }, claim}, state,
+        20, [&] {
+            point("/one")();
+            set("3")();
+        });
 }
 
 } // namespace lorvan::test

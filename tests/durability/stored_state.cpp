@@ -15,6 +15,8 @@
 
 #include <sqlite3.h>
 
+#include <filesystem>
+#include <sstream>
 #include <stdexcept>
 
 namespace lorvan::test {
@@ -22,15 +24,13 @@ namespace {
 
 const std::string trouble = "TROUBLE ";
 
-/// The results of a query, one line for each row.
-std::vector<std::string> linesOf(Connection& book, const std::string& sql)
+/// The results of a query, a line for each row.
+std::string linesOf(Connection& book, const std::string& sql)
 {
-    std::vector<std::string> lines;
+    std::string lines;
     const auto add = [](void* all, int count, char** values, char**) {
-        std::string line;
         for (int i = 0; i < count; ++i)
-            line += std::string(values[i] ? values[i] : "NULL") + '|';
-        static_cast<std::vector<std::string>*>(all)->push_back(line);
+            static_cast<std::string*>(all)->append(values[i] ? values[i] : "NULL").append(i + 1 < count ? "|" : "\n");
         return 0;
     };
     if (sqlite3_exec(book.handle(), sql.c_str(), add, &lines, nullptr) != SQLITE_OK)
@@ -42,13 +42,10 @@ std::string contentOf(Connection& book)
 {
     std::string all;
     for (const std::string schema : {"main", "auxiliary"}) {
-        for (std::string table :
-            linesOf(book, "SELECT name FROM " + schema + ".sqlite_master WHERE type='table' ORDER BY name")) {
-            table.pop_back();
-            all += table + '\n';
-            for (const std::string& line : linesOf(book, "SELECT * FROM " + schema + ".\"" + table + '"'))
-                all += "  " + line + '\n';
-        }
+        std::istringstream tables(
+            linesOf(book, "SELECT name FROM " + schema + ".sqlite_master WHERE type='table' ORDER BY name"));
+        for (std::string table; std::getline(tables, table);)
+            all += table + '\n' + linesOf(book, "SELECT * FROM " + schema + ".\"" + table + '"');
     }
     return all;
 }
@@ -70,23 +67,17 @@ std::string openedBook(const BookFiles& files)
         return "no book";
     if (!hasRest)
         return trouble + "half a book";
-    (void)openToWrite(files.auxiliaryDatabase());
-    Connection book = openToWrite(files.mainDatabase());
-    book.attach(
-        files.auxiliaryDatabase(), testKeys().keyForCopy(files.auxiliaryDatabase()), QStringLiteral("auxiliary"));
+    (void)openCopy(files.auxiliaryDatabase());
+    Connection book = openCopy(files.mainDatabase());
+    book.attach(files.auxiliaryDatabase(), testKeys().keyForCopy(files.auxiliaryDatabase()), "auxiliary");
     return findingsIn(book) + contentOf(book);
 }
 
 } // namespace
 
-Connection openToWrite(const QString& path)
-{
-    return Connection::open(path, testKeys().keyForCopy(path), Connection::Access::ReadWrite);
-}
-
 Book openBookToWrite(const QString& folder)
 {
-    return {openToWrite(BookFiles(folder).mainDatabase()), openToWrite(BookFiles(folder).auxiliaryDatabase())};
+    return {openCopy(BookFiles(folder).mainDatabase()), openCopy(BookFiles(folder).auxiliaryDatabase())};
 }
 
 std::string storedBook(const QString& folder)
@@ -115,7 +106,7 @@ std::string remaindersIn(const QString& folder)
     QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
     while (entries.hasNext()) {
         const QFileInfo entry(entries.next());
-        if (entry.fileName().startsWith(u'.') || entry.fileName().endsWith(QStringLiteral(".part")))
+        if (entry.fileName().startsWith(u'.') || entry.fileName().endsWith(".part"))
             all += ' ' + QDir(folder).relativeFilePath(entry.filePath()).toStdString();
     }
     return all;
@@ -124,22 +115,15 @@ std::string remaindersIn(const QString& folder)
 void copyFolder(const QString& source, const QString& target)
 {
     QDir(target).removeRecursively();
-    QDir().mkpath(target);
-    const auto everything = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
-    for (const QFileInfo& entry : QDir(source).entryInfoList(everything)) {
-        const QString copy = target + u'/' + entry.fileName();
-        if (entry.isDir())
-            copyFolder(entry.filePath(), copy);
-        else if (!QFile::copy(entry.filePath(), copy))
-            throw std::runtime_error("cannot copy " + copy.toStdString());
-    }
+    std::filesystem::create_directories(target.toStdString());
+    std::filesystem::copy(source.toStdString(), target.toStdString(), std::filesystem::copy_options::recursive);
 }
 
 void makeSmallBook(const QString& folder)
 {
     const TemporaryBook book;
-    book.addCode(300, QStringLiteral("Ενοίκια"), false, 1);
-    book.addUser(QStringLiteral("Άννα"), QStringLiteral("κωδικός"));
+    book.addCode(300, "Ενοίκια", false, 1);
+    book.addUser("Άννα", "κωδικός");
     book.close(QDate(2024, 3, 12));
     {
         Book open = book.open();

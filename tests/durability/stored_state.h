@@ -8,7 +8,6 @@
 
 namespace lorvan::test {
 
-[[nodiscard]] Connection openToWrite(const QString& path);
 [[nodiscard]] Book openBookToWrite(const QString& folder);
 
 /// All rows of a book's tables and its codes, opened as the program does it after a crash; what a check of it finds, or

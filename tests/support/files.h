@@ -2,8 +2,11 @@
 
 #include "platform/engine/sql_error.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -12,8 +15,10 @@
 
 namespace lorvan::test {
 
+/// Makes the folders that lead to it, too.
 inline void writeFile(const QString& path, const QByteArray& content)
 {
+    QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size()) << path.toStdString();
 }
@@ -58,6 +63,27 @@ template <typename Action> std::optional<SqlError::Kind> troubleOf(const Action&
         return error.kind();
     }
     return std::nullopt;
+}
+
+/// The folder of a sample book in the older format: "v3", "v1" or "empty".
+[[nodiscard]] inline QString olderBook(const QString& name)
+{
+    return QCoreApplication::applicationDirPath() + "/older-books/" + name;
+}
+
+/// What a program writes to its output.
+[[nodiscard]] inline QByteArray outputOf(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished() && process.exitCode() == 0) << program.toStdString();
+    return process.readAllStandardOutput();
+}
+
+/// A part of a workbook.
+[[nodiscard]] inline QByteArray partOf(const QString& workbook, const QString& part)
+{
+    return outputOf("unzip", {"-p", workbook, part});
 }
 
 } // namespace lorvan::test

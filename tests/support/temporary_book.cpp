@@ -26,6 +26,11 @@ Connection openAt(const QString& path)
     return Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
 }
 
+Connection openCopy(const QString& path)
+{
+    return Connection::open(path, testKeys().keyForCopy(path), Connection::Access::ReadWrite);
+}
+
 Connection openBoth(const QString& folder)
 {
     const QString main = BookFiles(folder).mainDatabase();

@@ -25,6 +25,9 @@ namespace lorvan::test {
 /// A database to be written, as another program would.
 [[nodiscard]] Connection openAt(const QString& path);
 
+/// The same for a file that may be replaced, and on which this process holds no lock.
+[[nodiscard]] Connection openCopy(const QString& path);
+
 /// Both databases of a book that nobody else has open, the auxiliary one as "other".
 [[nodiscard]] Connection openBoth(const QString& folder);
 

@@ -2,7 +2,6 @@
 // one over the usage marker. What it is about to do, and has done, it appends to a log line by line.
 //
 //   lorvan_test_worker changes DIR LOG SEED            random changes of the book until it is killed
-//   lorvan_test_worker claim   DIR LOG                 holds the marker as a command does, until it is ended
 //   lorvan_test_worker restore DIR LOG FILE            one restore of a backup over the book
 //   lorvan_test_worker pairs   DIR LOG COUNT           so many movements and closed days, four in each transaction
 //   lorvan_test_worker typing  DIR LOG MILLISECONDS    random changes where locks do nothing, with moments between them
@@ -21,7 +20,6 @@
 #include "platform/date_text.h"
 #include "platform/engine/transaction.h"
 #include "platform/machine_identity.h"
-#include "support/claimed_marker.h"
 #include "support/opened_book.h"
 #include "support/random_changes.h"
 #include "support/temporary_book.h"
@@ -48,10 +46,7 @@ namespace {
 
 Book openBook(const BookFiles& files)
 {
-    const auto open = [](const QString& path) {
-        return Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
-    };
-    return {open(files.mainDatabase()), open(files.auxiliaryDatabase())};
+    return {openAt(files.mainDatabase()), openAt(files.auxiliaryDatabase())};
 }
 
 int changeUntilKilled(const BookFiles& files, WorkerLog& log, unsigned seed)
@@ -68,15 +63,6 @@ int changeUntilKilled(const BookFiles& files, WorkerLog& log, unsigned seed)
     }
 }
 
-int holdMarker(const BookFiles& files, WorkerLog& log)
-{
-    const ClaimedMarker marker(files);
-    log.append("claimed");
-    for (int tries = 0; tries < 3000 && !Interruption::hasCome(); ++tries)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    return 0;
-}
-
 int restore(const BookFiles& files, WorkerLog& log, const QString& backup)
 {
     log.append("ready");
@@ -89,9 +75,8 @@ int restore(const BookFiles& files, WorkerLog& log, const QString& backup)
 int changeBothFiles(const BookFiles& files, WorkerLog& log, int count)
 {
     const FileKey auxiliaryKey = testKeys().keyFor(files.auxiliaryDatabase());
-    Connection book =
-        Connection::open(files.mainDatabase(), testKeys().keyFor(files.mainDatabase()), Connection::Access::ReadWrite);
-    book.attach(files.auxiliaryDatabase(), auxiliaryKey, QStringLiteral("auxiliary"));
+    Connection book = openAt(files.mainDatabase());
+    book.attach(files.auxiliaryDatabase(), auxiliaryKey, "auxiliary");
     book.execute("INSERT INTO tameio (hmeromhnia, ypoloipo) VALUES (20240315, 0)");
     log.append("ready");
     for (int i = 0; i < count; i += 4) {
@@ -139,8 +124,8 @@ int typeForAWhile(const BookFiles& files, WorkerLog& log, int milliseconds)
         if (!std::holds_alternative<DayView>(makeChange(cashBook, change)))
             return 2;
         log.append(changeLine(change));
-        (void)renameGroup(book.main(), 1, QStringLiteral("Ομάδα %1").arg(round));
-        addUser(book.auxiliary(), QString::number(round), QStringLiteral("x"), {});
+        (void)renameGroup(book.main(), 1, QString("Ομάδα %1").arg(round));
+        addUser(book.auxiliary(), QString::number(round), "x", {});
         const bool isBreak = round % 4 == 0;
         std::this_thread::sleep_for(std::chrono::milliseconds(isBreak ? 60 : 1));
     }
@@ -160,8 +145,7 @@ public:
 
     void look()
     {
-        attempt([this] { require(checkFiles(m_book.connection(), {noProgress}), "files"); });
-        attempt([this] { require(checkContent(m_book.connection(), {noProgress}).findings, "content"); });
+        attempt([this] { requireSound(m_book.connection()); });
         attempt([this] { require(listCodes(m_main, CodeSelection::All).size() == 2, "codes"); });
         attempt([this] { require(listGroups(m_main).size() == 1, "groups"); });
         attempt([this] { require(signedIn(), "sign-in"); });
@@ -174,19 +158,19 @@ public:
     }
 
 private:
-    static void noProgress(std::int64_t, std::int64_t) { }
-
-    static void require(bool isRight, const char* what)
+    static void require(bool isRight, const std::string& what)
     {
         if (!isRight)
             throw std::runtime_error(what);
     }
-    static void require(const BookFindings& findings, const char* what)
+    static void requireSound(Connection& book)
     {
-        std::ostringstream text;
-        printFindings(findings, text);
-        if (!findings.isInOrder())
-            throw std::runtime_error(what + (": " + text.str()));
+        const auto noProgress = [](std::int64_t, std::int64_t) {};
+        for (const BookFindings& findings : {checkFiles(book, noProgress), checkContent(book, noProgress).findings}) {
+            std::ostringstream text;
+            printFindings(findings, text);
+            require(findings.isInOrder(), text.str());
+        }
     }
 
     void attempt(const std::function<void()>& read)
@@ -204,7 +188,7 @@ private:
     [[nodiscard]] bool signedIn()
     {
         Connection users = openBookFile(m_files.auxiliaryDatabase(), testKeys());
-        return signIn(users, QStringLiteral("Μαρία"), QStringLiteral("1")).has_value();
+        return signIn(users, "Μαρία", "1").has_value();
     }
 
     void copy()
@@ -213,10 +197,8 @@ private:
         const BookFiles copied(folder.path());
         (void)copyBook(m_files, copied, testKeys(), {});
         Connection book = Connection::open(copied.mainDatabase(), testKeys().keyForCopy(copied.mainDatabase()));
-        book.attach(
-            copied.auxiliaryDatabase(), testKeys().keyForCopy(copied.auxiliaryDatabase()), QStringLiteral("auxiliary"));
-        require(checkFiles(book, {noProgress}), "files of the copy");
-        require(checkContent(book, {noProgress}).findings, "content of the copy");
+        book.attach(copied.auxiliaryDatabase(), testKeys().keyForCopy(copied.auxiliaryDatabase()), "auxiliary");
+        requireSound(book);
     }
 
     BookFiles m_files;
@@ -246,26 +228,8 @@ MachineIdentity identityAt(const QString& host)
     if (::unshare(CLONE_NEWUTS) == 0 && ::sethostname(name.constData(), static_cast<std::size_t>(name.size())) == 0)
         return machineIdentity();
     std::puts("no UTS namespace");
-    return {QStringLiteral("user"), host};
+    return {"user", host};
 }
-
-/// A file that only the marker's holder may have locked. Its lock knows nothing of the marker's.
-class Witness {
-public:
-    explicit Witness(const QString& path)
-        : m_descriptor(::open(path.toUtf8().constData(), O_RDWR | O_CREAT, 0666))
-    {
-    }
-    ~Witness() { ::close(m_descriptor); }
-    Witness(const Witness&) = delete;
-    Witness& operator=(const Witness&) = delete;
-
-    [[nodiscard]] bool enter() { return ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0; }
-    void leave() { ::flock(m_descriptor, LOCK_UN); }
-
-private:
-    int m_descriptor;
-};
 
 int claimAndRelease(const BookFiles& files, WorkerLog& log, const QString& host, int rounds)
 {
@@ -273,7 +237,8 @@ int claimAndRelease(const BookFiles& files, WorkerLog& log, const QString& host,
     Book book = openBook(files);
     CashBook cashBook(book, {});
     UsageMarker marker(files.usageMarker(), identityAt(host));
-    Witness witness(files.dataFolder() + QStringLiteral("/witness"));
+    // Locked by the marker's holder alone, with a lock that knows nothing of the marker's.
+    const int witness = ::open((files.dataFolder() + "/witness").toUtf8().constData(), O_RDWR | O_CREAT, 0666);
     int changes = 0;
     int refusals = 0;
     for (int round = 0; round < rounds;) {
@@ -283,13 +248,13 @@ int claimAndRelease(const BookFiles& files, WorkerLog& log, const QString& host,
             std::this_thread::sleep_for(std::chrono::microseconds(300));
             continue;
         }
-        if (!witness.enter())
+        if (::flock(witness, LOCK_EX | LOCK_NB) != 0)
             return 2;
         if (++round % roundsPerChange == 0) {
             (void)cashBook.insert(incomeOf(QDate(2024, 3, 15), cents(1)));
             ++changes;
         }
-        witness.leave();
+        ::flock(witness, LOCK_UN);
         marker.release();
     }
     log.append("changes " + std::to_string(changes) + " refusals " + std::to_string(refusals));
@@ -301,19 +266,17 @@ int run(const QStringList& arguments)
     const QString task = arguments.value(1);
     const BookFiles files(arguments.value(2));
     WorkerLog log(arguments.value(3));
-    if (task == QStringLiteral("changes"))
+    if (task == "changes")
         return changeUntilKilled(files, log, arguments.value(4).toUInt());
-    if (task == QStringLiteral("claim"))
-        return holdMarker(files, log);
-    if (task == QStringLiteral("restore"))
+    if (task == "restore")
         return restore(files, log, arguments.value(4));
-    if (task == QStringLiteral("pairs"))
+    if (task == "pairs")
         return changeBothFiles(files, log, arguments.value(4).toInt());
-    if (task == QStringLiteral("typing"))
+    if (task == "typing")
         return typeForAWhile(files, log, arguments.value(4).toInt());
-    if (task == QStringLiteral("looking"))
+    if (task == "looking")
         return lookForAWhile(files, log, arguments.value(4).toInt());
-    if (task == QStringLiteral("marker"))
+    if (task == "marker")
         return claimAndRelease(files, log, arguments.value(4), arguments.value(5).toInt());
     return 64;
 }

@@ -4,18 +4,10 @@
 #include "platform/engine/transaction.h"
 #include "platform/files/file_lock.h"
 #include "reports/report_building.h"
-#include "support/temporary_book.h"
-#include "tools/legacy/older_books.h"
 #include "tools/tool_run.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
 #include <QThread>
-
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <functional>
@@ -28,54 +20,43 @@ namespace lorvan::test {
 namespace {
 
 constexpr qint64 mostMilliseconds = 3000; // of a busy machine; the waits that are cut short take five seconds and more
-const QDate someDay(2024, 3, 15);
 
 /// Whatever keeps a command waiting, for as long as it lives.
 using Obstacle = std::shared_ptr<void>;
 
-class StopTest : public testing::Test {
+class StopTest : public CommandTest {
 protected:
-    /// "@" stands for the book's folder, "#" for one beside it.
-    [[nodiscard]] QStringList words(const char* line) const
-    {
-        return QString::fromUtf8(line).replace(u'@', book.folder()).replace(u'#', beside.path()).split(u'|');
-    }
-    /// All but the marker, which bears a name once it was claimed.
-    [[nodiscard]] std::map<QString, QByteArray> contents() const
-    {
-        auto all = contentOf(beside.path());
-        all.merge(contentOf(book.folder()));
-        all.erase(QStringLiteral("lorvan.dat"));
-        return all;
-    }
+    void makeBackup() const { ASSERT_EQ(run("backup|@|#/a.tar").status, ExitStatus::Done); }
 
     /// Ends a command that meets the obstacle, when it is under way for so many milliseconds. The files are looked at
     /// before and afterwards: to close one would give back this process's locks on it.
-    void stop(const char* line, unsigned long after, const std::function<Obstacle()>& make = {}) const
+    void stop(const char* line, unsigned long after, const std::function<Obstacle()>& make = {})
     {
         const auto before = contents();
         {
             const Obstacle obstacle = make ? make() : nullptr;
             stopCommand(line, after);
         }
-        QFile::remove(book.path(QStringLiteral("restore.pending")));
+        QFile::remove(words("@/restore.pending"));
         EXPECT_TRUE(contents() == before) << line;
-        EXPECT_TRUE(fileContent(book.files().usageMarker()).startsWith('0')) << line;
     }
 
-    const TemporaryBook book;
-    const QTemporaryDir beside;
-
 private:
-    void stopCommand(const char* line, unsigned long after) const
+    /// By each signal in turn that asks for it.
+    void stopCommand(const char* line, unsigned long after)
     {
+        static constexpr int signals[] = {SIGTERM, SIGINT, SIGHUP, SIGQUIT, SIGPIPE};
         QProcess command;
-        command.start(QCoreApplication::applicationDirPath() + QStringLiteral("/lorvan-data"), words(line));
+        command.setChildProcessModifier([] { // some are ignored in a shell's background
+            for (const int each : signals)
+                std::signal(each, SIG_DFL);
+        });
+        command.start(QCoreApplication::applicationDirPath() + "/lorvan-data", words(line).split(u'|'));
         ASSERT_TRUE(command.waitForStarted());
         QThread::msleep(after);
         QElapsedTimer timer;
         timer.start();
-        ::kill(static_cast<pid_t>(command.processId()), SIGTERM);
+        ::kill(static_cast<pid_t>(command.processId()), signals[m_stopped++ % std::size(signals)]);
         ASSERT_TRUE(command.waitForFinished()) << line;
         const qint64 taken = timer.elapsed();
         const QByteArray said = command.readAllStandardError();
@@ -85,6 +66,8 @@ private:
         EXPECT_TRUE(said.contains("διακόπηκε")) << line << '\n' << said.toStdString();
         std::cout << line << ": " << taken << " ms\n";
     }
+
+    unsigned m_stopped = 0;
 };
 
 /// A connection of another program that shuts a database.
@@ -92,7 +75,7 @@ Obstacle shut(const QString& database)
 {
     struct Shut {
         explicit Shut(const QString& path)
-            : connection(Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite))
+            : connection(openAt(path))
             , transaction(connection, Transaction::Mode::Exclusive)
         {
         }
@@ -106,29 +89,21 @@ Obstacle shut(const QString& database)
 
 TEST_F(StopTest, whileACommandWaits)
 {
-    ASSERT_EQ(runTool(someDay, QStringLiteral("backup|%1|%2/a.tar").arg(book.folder(), beside.path())).status,
-        ExitStatus::Done);
-    QDir(beside.path()).mkdir(QStringLiteral("csv"));
-    QFile csv(beside.filePath(QStringLiteral("csv/omades.csv")));
-    ASSERT_TRUE(csv.open(QIODevice::WriteOnly) && csv.write("aa,perigrafh\n7,x\n") > 0);
-    csv.close();
-    QDir().mkpath(beside.filePath(QStringLiteral("older")));
+    makeBackup();
+    writeFile(words("#/csv/omades.csv"), "aa,perigrafh\n7,x\n");
     for (const char* name : {"/lorvan.mdb", "/mapcodes.mdb"})
-        ASSERT_TRUE(QFile::copy(olderBook(QStringLiteral("v1")) + QLatin1String(name),
-            beside.filePath(QStringLiteral("older")) + QLatin1String(name)));
+        writeFile(words("#/older") + QLatin1String(name), readFile(olderBook("v1") + QLatin1String(name)));
 
     const auto lock = [this](const char* name) -> Obstacle {
         return std::make_shared<FileLock>(Folder(book.folder()), QLatin1String(name));
     };
     const auto journal = [this]() -> Obstacle {
-        QFile file(book.files().mainDatabase() + QStringLiteral("-journal"));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(QByteArray(4096, 'x')) > 0);
-        QFile held(book.files().usageMarker());
-        EXPECT_TRUE(held.open(QIODevice::WriteOnly) && held.write(QByteArray("1BOSS").leftJustified(51)) > 0);
-        return std::shared_ptr<void>(nullptr, [this, free = QByteArray("0").leftJustified(51)](void*) {
-            QFile::remove(book.files().mainDatabase() + QStringLiteral("-journal"));
-            QFile marker(book.files().usageMarker());
-            EXPECT_TRUE(marker.open(QIODevice::WriteOnly) && marker.write(free) > 0);
+        const QString left = book.files().mainDatabase() + "-journal";
+        writeFile(left, QByteArray(4096, 'x'));
+        writeFile(book.files().usageMarker(), QByteArray("1BOSS").leftJustified(51));
+        return std::shared_ptr<void>(nullptr, [this, left](void*) {
+            QFile::remove(left);
+            writeFile(book.files().usageMarker(), QByteArray("0").leftJustified(51));
         });
     };
     const struct {
@@ -160,15 +135,9 @@ TEST_F(StopTest, whileACommandWorksOnALargeBook)
     book.execute("WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i+1 FROM n WHERE i<399999)"
                  " INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, grammh)"
                  " SELECT 100, 20200101+i%28, 'είσπραξη από πελάτη ' || i, 10000, 0, hex(zeroblob(40)) FROM n");
-    ASSERT_EQ(runTool(someDay, QStringLiteral("backup|%1|%2/a.tar").arg(book.folder(), beside.path())).status,
-        ExitStatus::Done);
-    ASSERT_TRUE(QDir(beside.path()).mkdir(QStringLiteral("csv")));
-    QFile csv(beside.filePath(QStringLiteral("csv/kinhseis.csv")));
-    ASSERT_TRUE(csv.open(QIODevice::WriteOnly));
-    csv.write("kvdikos,hmeromhnia,perigrafh,esoda,ejoda\n");
-    for (int i = 0; i < 400'000; ++i)
-        csv.write("100,2024-03-14,a,5.00,\n");
-    csv.close();
+    makeBackup();
+    writeFile(words("#/csv/kinhseis.csv"),
+        "kvdikos,hmeromhnia,perigrafh,esoda,ejoda\n" + QByteArray("100,2024-03-14,a,5.00,\n").repeated(400'000));
     for (const char* line : {"check|@", "check|@|--repair", "export|@|#/new", "import-csv|@|#/csv", "backup|@|#/b.tar",
              "restore|#/a.tar|@|--replace"})
         stop(line, 300);

@@ -1,14 +1,8 @@
 #include "book/schema_upgrade.h"
 #include "support/staging_folder.h"
-#include "support/temporary_book.h"
-#include "tools/legacy/older_books.h"
 #include "tools/tool_run.h"
 
-#include <QDir>
-#include <QFile>
-
-#include <gtest/gtest.h>
-
+#include <functional>
 #include <set>
 
 #include <sys/wait.h>
@@ -17,57 +11,49 @@
 namespace lorvan::test {
 namespace {
 
-const QDate someDay(2026, 11, 18);
-
-Connection openDatabase(const QString& path)
+/// All rows of a table by its first column, their values as SQL writes them. The files of a sample book say the same,
+/// with 0 in a memorandum column that is not there yet.
+QByteArray storedRows(Connection& connection, const std::string& table)
 {
-    return Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
+    QStringList columns;
+    auto info = connection.prepare("PRAGMA table_info(" + table + ')');
+    while (info.step())
+        columns += info.text(1);
+    auto row = connection.prepare("SELECT quote(" + columns.join(")||','||quote(").toStdString() + ") FROM " + table
+        + " ORDER BY " + columns[0].toStdString());
+    QByteArray lines;
+    while (row.step())
+        lines += row.text(0).toUtf8() + '\n';
+    return lines;
 }
 
-class Import : public testing::Test {
+QByteArray truthRows(const QString& book, const char* table)
+{
+    return readFile(olderBook(book) + u'/' + QLatin1String(table) + ".txt");
+}
+
+class Import : public CommandTest {
 protected:
-    [[nodiscard]] QString older(const QString& name = {}) const
-    {
-        return folder.filePath(QStringLiteral("older/") + name);
-    }
-    [[nodiscard]] BookFiles made() const { return BookFiles(folder.filePath(QStringLiteral("new"))); }
+    [[nodiscard]] ToolRun runImport() const { return run("import|#/older|#/new"); }
+    [[nodiscard]] Connection made() const { return openCopy(words("#/new/lorvan.mdb")); }
 
     /// A copy of a sample book, to be changed.
-    void copyOlder(const QString& book) const
+    void copyOlder(const char* name) const
     {
-        QDir(older()).removeRecursively();
-        QDir().mkpath(older());
-        for (const QString& name : {QStringLiteral("lorvan.mdb"), QStringLiteral("mapcodes.mdb")}) {
-            ASSERT_TRUE(QFile::copy(olderBook(book) + u'/' + name, older(name)));
-            QFile::setPermissions(older(name), QFile::ReadOwner | QFile::WriteOwner);
-        }
+        QDir(words("#/older")).removeRecursively();
+        for (const char* file : {"/lorvan.mdb", "/mapcodes.mdb"})
+            writeFile(words("#/older") + QLatin1String(file),
+                readFile(olderBook(QLatin1String(name)) + QLatin1String(file)));
     }
 
-    void write(const QString& path, const QByteArray& content) const
+    /// Exchanges hexadecimal digits that stand in the main file once.
+    void exchange(const char* before, const char* after) const
     {
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        QByteArray content = readFile(words("#/older/lorvan.mdb"));
+        ASSERT_EQ(content.count(QByteArray::fromHex(before)), 1) << before;
+        writeFile(
+            words("#/older/lorvan.mdb"), content.replace(QByteArray::fromHex(before), QByteArray::fromHex(after)));
     }
-
-    /// Writes another number into the one row of taytothta: a count of columns, the number, the mask.
-    void setVersion(char before, char after) const
-    {
-        const auto row = [](char version) {
-            return QByteArray::fromHex("0100") + version + QByteArray::fromHex("00000001");
-        };
-        QByteArray content = fileContent(older(QStringLiteral("lorvan.mdb")));
-        ASSERT_EQ(content.count(row(before)), 1);
-        write(older(QStringLiteral("lorvan.mdb")), content.replace(row(before), row(after)));
-    }
-
-    [[nodiscard]] ToolRun runImport(const QString& options = {}) const
-    {
-        return runTool(someDay, QStringLiteral("import|%1|%2%3").arg(older(), made().dataFolder(), options));
-    }
-
-    QTemporaryDir folder;
 };
 
 } // namespace
@@ -85,85 +71,65 @@ TEST_F(Import, bringsOverEveryRowAndLeavesTheOlderBookAlone)
         {"empty", "", "1", "Έσοδα: 0,00 στο παλιό βιβλίο, 0,00 στο νέο"},
     };
     for (const auto& [name, version, keyToCome, said] : cases) {
-        const QString book = QString::fromLatin1(name);
-        copyOlder(book);
-        const auto before = contentOf(older());
-        const ToolRun run = runImport();
-        ASSERT_EQ(run.status, ExitStatus::Done) << name << run.errors;
-        EXPECT_NE(run.out.find(said), std::string::npos) << run.out;
-        EXPECT_EQ(contentOf(older()), before);
-        EXPECT_EQ(contentOf(made().dataFolder()).size(), 3u);
-        EXPECT_EQ(contentOf(made().dataFolder())[QStringLiteral("lorvan.dat")].left(1), "0");
+        const QString older = QString::fromLatin1(name);
+        copyOlder(name);
+        const auto before = contentOf(words("#/older"));
+        const ToolRun imported = runImport();
+        ASSERT_EQ(imported.status, ExitStatus::Done) << name << imported.errors;
+        expectParts(imported.out, {said});
+        EXPECT_EQ(contentOf(words("#/older")), before);
+        EXPECT_EQ(contentOf(words("#/new")).size(), 3u);
+        EXPECT_TRUE(readFile(words("#/new/lorvan.dat")).startsWith('0'));
 
-        Connection main = openDatabase(made().mainDatabase());
-        Connection auxiliary = openDatabase(made().auxiliaryDatabase());
+        Connection main = made();
+        Connection auxiliary = openCopy(words("#/new/mapcodes.mdb"));
         for (const char* const table : {"kinhseis", "tameio", "kvdikoi", "omades", "taytothta"})
-            EXPECT_EQ(storedRows(main, QString::fromLatin1(table)), truthRows(book, QString::fromLatin1(table)))
-                << name << table;
+            EXPECT_TRUE(storedRows(main, table) == truthRows(older, table)) << name << table;
         for (const char* const table : {"klhsimotameioy", "codes"})
-            EXPECT_EQ(storedRows(auxiliary, QString::fromLatin1(table)), truthRows(book, QString::fromLatin1(table)))
-                << name << table;
+            EXPECT_TRUE(storedRows(auxiliary, table) == truthRows(older, table)) << name << table;
         EXPECT_EQ(valueOf(main, "SELECT ariumos FROM taytothta"), QString::fromLatin1(version));
-        EXPECT_EQ(needsUpgrade(main), book != QStringLiteral("v3"));
+        EXPECT_EQ(needsUpgrade(main), older != "v3");
         main.execute("DELETE FROM kinhseis; INSERT INTO kinhseis (kvdikos) VALUES (1)");
         EXPECT_EQ(valueOf(main, "SELECT aa FROM kinhseis"), QString::fromLatin1(keyToCome));
-        ASSERT_TRUE(QDir(made().dataFolder()).removeRecursively());
+        ASSERT_TRUE(QDir(words("#/new")).removeRecursively());
     }
 }
 
 TEST_F(Import, tellsWhatItDoesNotTakeAndChangesNothing)
 {
     const struct {
-        const char* what;
         std::function<void()> prepare;
         const char* message;
     } cases[] = {
-        {"cut off", [&] { QFile(older(QStringLiteral("lorvan.mdb"))).resize(997'105); },
-            "lorvan.mdb, σελίδα 243: το αρχείο είναι κομμένο"},
-        {"no main file", [&] { QFile::remove(older(QStringLiteral("lorvan.mdb"))); },
-            "lorvan.mdb: το αρχείο δεν υπάρχει"},
-        {"no auxiliary file", [&] { QFile::remove(older(QStringLiteral("mapcodes.mdb"))); },
-            "mapcodes.mdb: το αρχείο δεν υπάρχει"},
-        {"empty file", [&] { write(older(QStringLiteral("mapcodes.mdb")), {}); }, "mapcodes.mdb: το αρχείο είναι κενό"},
-        {"a folder",
-            [&] {
-                QFile::remove(older(QStringLiteral("mapcodes.mdb")));
-                QDir().mkpath(older(QStringLiteral("mapcodes.mdb")));
-            },
+        {[&] { QFile::remove(words("#/older/lorvan.mdb")); }, "lorvan.mdb: το αρχείο δεν υπάρχει"},
+        {[&] { QFile::remove(words("#/older/mapcodes.mdb")); }, "mapcodes.mdb: το αρχείο δεν υπάρχει"},
+        {[&] {
+             QFile::remove(words("#/older/mapcodes.mdb"));
+             QDir().mkdir(words("#/older/mapcodes.mdb"));
+         },
             "mapcodes.mdb: δεν είναι αρχείο"},
-        {"another file", [&] { write(older(QStringLiteral("lorvan.mdb")), QByteArray(8192, 'x')); },
+        {[&] { writeFile(words("#/older/lorvan.mdb"), QByteArray(8192, 'x')); },
             "lorvan.mdb: δεν είναι βάση δεδομένων της παλαιότερης μορφής"},
-        {"today's form",
-            [&] {
-                QDir(older()).removeRecursively();
-                EXPECT_EQ(runTool(someDay, QStringLiteral("create|") + older()).status, ExitStatus::Done);
-            },
+        {[&] {
+             QDir(words("#/older")).removeRecursively();
+             EXPECT_EQ(run("create|#/older").status, ExitStatus::Done);
+         },
             "ήδη στη σημερινή μορφή"},
-        {"a table missing",
-            [&] {
-                QFile::remove(older(QStringLiteral("mapcodes.mdb")));
-                QFile::copy(older(QStringLiteral("lorvan.mdb")), older(QStringLiteral("mapcodes.mdb")));
-            },
+        {[&] { writeFile(words("#/older/mapcodes.mdb"), readFile(words("#/older/lorvan.mdb"))); },
             "πίνακας klhsimotameioy: ο πίνακας λείπει"},
-        {"a version of the future", [&] { setVersion(3, 4); }, "Η έκδοση 4 της βάσης δεδομένων είναι άγνωστη"},
-        {"a version that its columns belie",
-            [&] {
-                copyOlder(QStringLiteral("v1"));
-                setVersion(1, 3);
-            },
+        {[&] { exchange("01000300000001", "01000400000001"); }, "Η έκδοση 4 της βάσης δεδομένων είναι άγνωστη"},
+        {[&] {
+             copyOlder("v1");
+             exchange("01000100000001", "01000300000001");
+         },
             "πίνακας kinhseis, στήλη L_tajeos: η στήλη λείπει"},
-        {"no folder", [&] { QDir(older()).removeRecursively(); }, "Δεν υπάρχει φάκελος"},
-        {"a book is there", [&] { write(made().mainDatabase(), "kept"); }, "Υπάρχει ήδη το αρχείο"},
+        {[&] { QDir(words("#/older")).removeRecursively(); }, "Δεν υπάρχει φάκελος"},
+        {[&] { writeFile(words("#/new/lorvan.mdb"), "kept"); }, "Υπάρχει ήδη το αρχείο"},
     };
-    for (const auto& [what, prepare, message] : cases) {
-        copyOlder(QStringLiteral("v3"));
+    for (const auto& [prepare, message] : cases) {
+        copyOlder("v3");
         prepare();
-        const auto before = contentOf(folder.path());
-        const ToolRun run = runImport();
-        EXPECT_EQ(run.status, ExitStatus::Failed) << what;
-        EXPECT_NE(run.errors.find(message), std::string::npos) << what << ": " << run.errors;
-        EXPECT_EQ(run.out, "") << what;
-        EXPECT_EQ(contentOf(folder.path()), before) << what;
+        expectRefusal("import|#/older|#/new", message);
     }
 }
 
@@ -184,89 +150,79 @@ TEST_F(Import, leavesBalancesThatTheMovementsContradictAsTheyWere)
         {"v3", "cdccf744000000003d72d245", "cdccf744000000003d92d545", "κινήσεις: 0\n", // the last day of the book
             "SELECT day || ' ' || amount FROM opening_difference", "20061229 1000000"},
     };
-    for (const auto& [book, row, changed, said, query, answer] : cases) {
-        copyOlder(QString::fromLatin1(book));
-        QByteArray content = fileContent(older(QStringLiteral("lorvan.mdb")));
-        ASSERT_EQ(content.count(QByteArray::fromHex(row)), 1) << book;
-        content.replace(QByteArray::fromHex(row), QByteArray::fromHex(changed));
-        write(older(QStringLiteral("lorvan.mdb")), content);
-        const ToolRun run = runImport();
-        EXPECT_EQ(run.status, ExitStatus::Done) << run.errors;
-        EXPECT_NE(run.out.find(said), std::string::npos) << run.out;
-        Connection main = openDatabase(made().mainDatabase());
-        EXPECT_EQ(valueOf(main, query), QString::fromUtf8(answer)) << book;
-        QDir(made().dataFolder()).removeRecursively();
+    for (const auto& [name, row, changed, said, query, answer] : cases) {
+        copyOlder(name);
+        exchange(row, changed);
+        const ToolRun imported = runImport();
+        EXPECT_EQ(imported.status, ExitStatus::Done) << imported.errors;
+        expectParts(imported.out, {said});
+        Connection main = made();
+        EXPECT_EQ(valueOf(main, query), QString::fromUtf8(answer)) << name;
+        QDir(words("#/new")).removeRecursively();
     }
 }
 
 TEST_F(Import, findsFilesInCapitalsAndWarnsOfALockFile)
 {
-    copyOlder(QStringLiteral("v1"));
-    ASSERT_TRUE(QFile::rename(older(QStringLiteral("lorvan.mdb")), older(QStringLiteral("LORVAN.MDB"))));
-    write(older(QStringLiteral("Lorvan.ldb")), {});
-    const ToolRun run = runImport();
-    EXPECT_EQ(run.status, ExitStatus::Done);
-    EXPECT_NE(run.errors.find("Lorvan.ldb"), std::string::npos) << run.errors;
+    copyOlder("v1");
+    ASSERT_TRUE(QFile::rename(words("#/older/lorvan.mdb"), words("#/older/LORVAN.MDB")));
+    writeFile(words("#/older/Lorvan.ldb"), {});
+    const ToolRun imported = runImport();
+    EXPECT_EQ(imported.status, ExitStatus::Done);
+    expectParts(imported.errors, {"Lorvan.ldb"});
 }
 
 TEST_F(Import, salvagesWhatCanBeReadAndListsTheRest)
 {
-    copyOlder(QStringLiteral("v3"));
-    ASSERT_TRUE(QFile::resize(older(QStringLiteral("lorvan.mdb")), 997'105));
-    ASSERT_TRUE(QFile::remove(older(QStringLiteral("mapcodes.mdb"))));
-    const ToolRun refused = runImport();
-    EXPECT_EQ(refused.status, ExitStatus::Failed);
-    EXPECT_NE(refused.errors.find("διαβάζονται: kinhseis 2706, tameio 0, kvdikoi 35,"), std::string::npos)
-        << refused.errors;
-    const ToolRun run = runImport(QStringLiteral("|--salvage"));
-    ASSERT_EQ(run.status, ExitStatus::Found) << run.errors;
-    for (const char* const part :
-        {"κομμένο", "πίνακας kinhseis: βρέθηκαν", "mapcodes.mdb: το αρχείο δεν υπάρχει", "πίνακας kinhseis, σελίδα"})
-        EXPECT_NE(run.out.find(part), std::string::npos) << part << run.out;
+    copyOlder("v3");
+    ASSERT_TRUE(QFile::resize(words("#/older/lorvan.mdb"), 997'105));
+    ASSERT_TRUE(QFile::remove(words("#/older/mapcodes.mdb")));
+    expectRefusal("import|#/older|#/new", "διαβάζονται: kinhseis 2706, tameio 0, kvdikoi 35,");
+    const ToolRun salvaged = run("import|#/older|#/new|--salvage");
+    ASSERT_EQ(salvaged.status, ExitStatus::Found) << salvaged.errors;
+    expectParts(salvaged.out,
+        {"κομμένο", "πίνακας kinhseis: βρέθηκαν", "mapcodes.mdb: το αρχείο δεν υπάρχει", "πίνακας kinhseis, σελίδα"});
 
-    Connection main = openDatabase(made().mainDatabase());
-    const auto rows = truthRows(QStringLiteral("v3"), QStringLiteral("kinhseis"));
-    const std::set<TruthRow> truth(rows.begin(), rows.end());
-    const auto stored = storedRows(main, QStringLiteral("kinhseis"));
-    EXPECT_GT(stored.size(), 1'000u);
-    EXPECT_LT(stored.size(), truth.size());
-    for (const TruthRow& row : stored)
-        EXPECT_TRUE(truth.contains(row)) << row.front().toStdString();
-    EXPECT_EQ(valueOf(main, "SELECT ariumos FROM taytothta"), QStringLiteral("3"));
+    Connection main = made();
+    const auto rows = truthRows("v3", "kinhseis").split('\n');
+    const std::set<QByteArray> truth(rows.begin(), rows.end());
+    const auto stored = storedRows(main, "kinhseis").split('\n');
+    EXPECT_GT(stored.size(), 1'000);
+    EXPECT_LT(stored.size(), rows.size());
+    for (const QByteArray& row : stored)
+        EXPECT_TRUE(truth.contains(row)) << row.toStdString();
+    EXPECT_EQ(valueOf(main, "SELECT ariumos FROM taytothta"), "3");
 }
 
 TEST_F(Import, takesBackAMoveThatAKilledProcessDidNotFinish)
 {
-    copyOlder(QStringLiteral("v1"));
-    QDir().mkpath(made().dataFolder());
+    copyOlder("v1");
+    QDir().mkdir(words("#/new"));
     const pid_t child = fork();
     if (child == 0) {
-        const StagingFolder staging(made().dataFolder());
+        const BookFiles target(words("#/new"));
+        const StagingFolder staging(target.dataFolder());
         createBook(staging.files());
         staging.noteMove();
-        QFile::rename(staging.files().auxiliaryDatabase(), made().auxiliaryDatabase());
-        QFile::rename(staging.files().usageMarker(), made().usageMarker());
+        QFile::rename(staging.files().auxiliaryDatabase(), target.auxiliaryDatabase());
+        QFile::rename(staging.files().usageMarker(), target.usageMarker());
         _exit(0);
     }
     ASSERT_EQ(waitpid(child, nullptr, 0), child);
-    ASSERT_EQ(contentOf(made().dataFolder()).size(), 6u)
-        << "both files, the folder with the third, its lock, and the note";
+    ASSERT_EQ(contentOf(words("#/new")).size(), 6u) << "both files, the folder with the third, its lock, and the note";
     EXPECT_EQ(runImport().status, ExitStatus::Done);
-    EXPECT_EQ(contentOf(made().dataFolder()).size(), 3u);
+    EXPECT_EQ(contentOf(words("#/new")).size(), 3u);
 }
 
 TEST_F(Import, keepsWhatIsNotCertainlyARemainder)
 {
-    copyOlder(QStringLiteral("v1"));
-    QDir().mkpath(made().dataFolder());
-    const StagingFolder inUse(made().dataFolder());
+    copyOlder("v1");
+    QDir().mkdir(words("#/new"));
+    const StagingFolder inUse(words("#/new"));
     createBook(inUse.files());
     inUse.noteMove();
-    const auto before = contentOf(made().dataFolder());
-    write(made().auxiliaryDatabase(), "somebody else's");
-    EXPECT_EQ(runImport().status, ExitStatus::Failed);
-    ASSERT_TRUE(QFile::remove(made().auxiliaryDatabase()));
-    EXPECT_EQ(contentOf(made().dataFolder()), before);
+    writeFile(words("#/new/mapcodes.mdb"), "somebody else's");
+    expectRefusal("import|#/older|#/new", "");
 }
 
 } // namespace lorvan::test

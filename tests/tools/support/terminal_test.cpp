@@ -3,7 +3,6 @@
 
 #include <QCoreApplication>
 #include <QProcess>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -14,83 +13,59 @@
 namespace lorvan::test {
 namespace {
 
-constexpr int patience = 20'000;
-
 /// The program itself, asked to create a book with the user ΑΝΝΑ.
-struct Creation {
-    QTemporaryDir folder;
-    BookFiles files{folder.filePath(QStringLiteral("book"))};
+class PasswordTest : public testing::Test {
+protected:
+    void start(const QString& input = {})
+    {
+        process.setStandardInputFile(input);
+        process.setReadChannel(QProcess::StandardError);
+        process.start(
+            QCoreApplication::applicationDirPath() + "/lorvan-data", {"create", files.dataFolder(), "--user=ΑΝΝΑ"});
+    }
+    int exitCode() { return process.waitForFinished(patience) ? process.exitCode() : -1; }
+
+    static constexpr int patience = 20'000;
+    const QTemporaryDir folder;
+    const BookFiles files{folder.filePath("book")};
     QProcess process;
-
-    void start()
-    {
-        process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/lorvan-data"),
-            {QStringLiteral("create"), folder.filePath(QStringLiteral("book")), QStringLiteral("--user=ΑΝΝΑ")});
-    }
-};
-
-/// A terminal whose typing end is ours.
-class Terminal {
-public:
-    Terminal() { EXPECT_EQ(openpty(&m_typing, &m_program, m_name, nullptr, nullptr), 0); }
-    ~Terminal()
-    {
-        ::close(m_typing);
-        ::close(m_program);
-    }
-    [[nodiscard]] QString name() const { return QString::fromLocal8Bit(m_name); }
-    void type(const QByteArray& keys) const
-    {
-        EXPECT_EQ(::write(m_typing, keys.constData(), static_cast<size_t>(keys.size())), keys.size());
-    }
-    [[nodiscard]] QByteArray screen() const
-    {
-        ::fcntl(m_typing, F_SETFL, O_NONBLOCK);
-        QByteArray bytes(4096, '\0');
-        return bytes.left(std::max<qsizetype>(0, ::read(m_typing, bytes.data(), static_cast<size_t>(bytes.size()))));
-    }
-
-private:
-    int m_typing = -1;
-    int m_program = -1;
-    char m_name[128] = {};
 };
 
 } // namespace
 
-TEST(Password, isOneLineOfAPipedInput)
+TEST_F(PasswordTest, isOneLineOfAPipedInput)
 {
-    Creation creation;
-    creation.start();
-    creation.process.write("κωδικός μου\r\nkeep out\n");
-    creation.process.closeWriteChannel();
-    ASSERT_TRUE(creation.process.waitForFinished(patience));
-    EXPECT_EQ(creation.process.exitCode(), 0);
-    EXPECT_FALSE((creation.process.readAll() + creation.process.readAllStandardError()).contains("κωδικός μου"));
-    const QString path = creation.files.auxiliaryDatabase();
-    Connection users = Connection::open(path, testKeys().keyFor(path), Connection::Access::ReadWrite);
-    EXPECT_TRUE(signIn(users, QStringLiteral("ΑΝΝΑ"), QStringLiteral("κωδικός μου")));
+    start();
+    process.write("κωδικός μου\r\nkeep out\n");
+    process.closeWriteChannel();
+    EXPECT_EQ(exitCode(), 0);
+    EXPECT_FALSE((process.readAllStandardOutput() + process.readAllStandardError()).contains("κωδικός μου"));
+    Connection users = openAt(files.auxiliaryDatabase());
+    EXPECT_TRUE(signIn(users, "ΑΝΝΑ", "κωδικός μου"));
 }
 
-TEST(Password, isAskedForTwiceAndNeverShownOnATerminal)
+TEST_F(PasswordTest, isAskedForTwiceAndNeverShownOnATerminal)
 {
-    for (const auto& [repeated, status] : {std::pair("secret\n", 0), std::pair("secrte\n", 2)}) {
-        Creation creation;
-        const Terminal terminal;
-        QProcess& process = creation.process;
-        process.setStandardInputFile(terminal.name());
-        process.setReadChannel(QProcess::StandardError);
-        creation.start();
-        for (const char* const answer : {"secret\n", repeated}) {
+    int typing = -1;
+    int program = -1;
+    char name[128] = {};
+    ASSERT_EQ(openpty(&typing, &program, name, nullptr, nullptr), 0);
+    ::fcntl(typing, F_SETFL, O_NONBLOCK);
+    for (const auto& [repeated, status] : {std::pair("secrte\n", 2), std::pair("secret\n", 0)}) {
+        start(QString::fromLatin1(name));
+        for (const std::string answer : {"secret\n", repeated}) {
             ASSERT_TRUE(process.waitForReadyRead(patience));
             EXPECT_FALSE(process.readAllStandardError().contains("secr"));
-            terminal.type(answer);
+            EXPECT_EQ(::write(typing, answer.data(), answer.size()), 7);
         }
-        ASSERT_TRUE(process.waitForFinished(patience));
-        EXPECT_EQ(process.exitCode(), status);
-        EXPECT_FALSE(terminal.screen().contains("secr"));
-        EXPECT_EQ(BookFiles::exists(creation.files.mainDatabase()), status == 0);
+        EXPECT_EQ(exitCode(), status);
+        char screen[4096];
+        const ssize_t shown = ::read(typing, screen, sizeof screen);
+        EXPECT_FALSE(QByteArray(screen, std::max<ssize_t>(0, shown)).contains("secr"));
+        EXPECT_EQ(BookFiles::exists(files.mainDatabase()), status == 0);
     }
+    ::close(typing);
+    ::close(program);
 }
 
 } // namespace lorvan::test
