@@ -1,26 +1,25 @@
 #include "report_pages.h"
 #include "report_pdf.h"
+#include "support/files.h"
 #include "support/mount.h"
 
-#include <QFile>
 #include <QImage>
 #include <QPainter>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-namespace lorvan {
+namespace lorvan::test {
 
 namespace {
 
-const QString format = QStringLiteral("^1100|^1000|<4000|>1500|>1500");
+const QString format = "^1100|^1000|<4000|>1500|>1500";
 
 ReportDocument dailyCash(int rows)
 {
     ReportDocument document;
-    document.SetHeader(QStringLiteral("Τ α μ ε ί ο  Η μ έ ρ α ς"));
-    document.AddTable(format, QStringLiteral("α/α|Κωδ.|Περιγραφή|Εσοδα|Εξοδα"), QStringLiteral("||||"));
+    document.SetHeader("Τ α μ ε ί ο  Η μ έ ρ α ς");
+    document.AddTable(format, QString("α/α|Κωδ.|Περιγραφή|Εσοδα|Εξοδα"), QString("||||"));
     for (int row = 1; row <= rows; ++row)
         document.AddTableRow(
             format, QString(), {QString::number(row), u"100", u"ΠΩΛΗΣΕΙΣ ΛΙΑΝΙΚΗΣ", u"1.250,00", u"0"});
@@ -56,14 +55,6 @@ std::pair<int, int> inked(const QImage& image, QRect area)
     return {first, last};
 }
 
-QString outputOf(const QString& program, const QStringList& arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished();
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
-
 } // namespace
 
 TEST(ReportPages, paintNothingOutsideTheMargins)
@@ -74,14 +65,14 @@ TEST(ReportPages, paintNothingOutsideTheMargins)
         QString text;
         double size;
     } cases[] = {
-        {"a wide table", QStringLiteral("<9000|<9000"), QStringLiteral("Μια|Άλλη"), 10},
-        {"a long word", QStringLiteral("<11106"), QStringLiteral("Ω").repeated(300), 10},
-        {"columns too narrow for their letters", QStringLiteral("11100|<6"), QStringLiteral("|ΩΩΩ"), 10},
-        {"large letters", QStringLiteral("<11106"), QStringLiteral("ΩΩΩΩΩΩΩ"), 150},
+        {"a wide table", "<9000|<9000", "Μια|Άλλη", 10},
+        {"a long word", "<11106", QString("Ω").repeated(300), 10},
+        {"columns too narrow for their letters", "11100|<6", "|ΩΩΩ", 10},
+        {"large letters", "<11106", "ΩΩΩΩΩΩΩ", 150},
     };
     for (const auto& [name, columns, text, size] : cases) {
         ReportDocument document;
-        document.SetHeader(QStringLiteral("Τίτλος ").repeated(100) + u'|' + QStringLiteral("Ω").repeated(300));
+        document.SetHeader(QString("Τίτλος ").repeated(100) + u'|' + QString("Ω").repeated(300));
         document.SetFont({.size = size});
         document.SetTableBorder(3);
         document.AddTableRow(columns, QString(), text, 0, reportColour(100, 100, 100));
@@ -123,8 +114,8 @@ TEST(ReportPages, readAsTextLineByLine)
     ReportPages pages(dailyCash(60));
     ASSERT_TRUE(pages.layOut());
     EXPECT_TRUE(pages.textOf(0).startsWith(
-        QStringLiteral("Τ α μ ε ί ο  Η μ έ ρ α ς\nα/α\tΚωδ.\tΠεριγραφή\tΕσοδα\tΕξοδα\n1\t100\tΠΩΛΗΣΕΙΣ ΛΙΑΝΙΚΗΣ")));
-    EXPECT_TRUE(pages.textOf(1).endsWith(QStringLiteral("Υπόλοιπο = 1,00\t1.111,10\t0\nΣελίδα 2")));
+        "Τ α μ ε ί ο  Η μ έ ρ α ς\nα/α\tΚωδ.\tΠεριγραφή\tΕσοδα\tΕξοδα\n1\t100\tΠΩΛΗΣΕΙΣ ΛΙΑΝΙΚΗΣ"));
+    EXPECT_TRUE(pages.textOf(1).endsWith("Υπόλοιπο = 1,00\t1.111,10\t0\nΣελίδα 2"));
     EXPECT_EQ(pages.textOf(2), QString());
 }
 
@@ -142,7 +133,7 @@ TEST(ReportPages, findTextAsGreeksTypeIt)
 {
     using Direction = ReportPages::Direction;
     ReportDocument document = dailyCash(95);
-    document.AddTableRow(QStringLiteral("<1300"), QString(), QStringLiteral("τέλος μιας αναφοράς"));
+    document.AddTableRow("<1300", QString(), QString("τέλος μιας αναφοράς"));
     ReportPages pages(std::move(document));
     const struct {
         QStringView text;
@@ -173,43 +164,36 @@ TEST(ReportPages, findTextAsGreeksTypeIt)
 TEST(ReportPdf, holdsTextThatCanBeSearchedAndItsFonts)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("report.pdf"));
+    const QString path = folder.filePath("report.pdf");
     ReportPages pages(dailyCash(60));
     ASSERT_EQ(savePdf(pages, path, {}), PageOutcome::Done);
 
-    const QString text = outputOf(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
-    EXPECT_EQ(text.count(QStringLiteral("ΠΩΛΗΣΕΙΣ ΛΙΑΝΙΚΗΣ")), 60);
-    EXPECT_EQ(text.count(QStringLiteral("Περιγραφή")), 2);
-    EXPECT_TRUE(text.contains(QStringLiteral("Υπόλοιπο = 1,00")));
-    EXPECT_TRUE(text.contains(QStringLiteral("Σελίδα 2")));
-    const QStringList fonts = outputOf(QStringLiteral("pdffonts"), {path}).trimmed().split(u'\n').sliced(2);
+    const QString text = QString::fromUtf8(outputOf("pdftotext", {"-layout", path, "-"}));
+    EXPECT_EQ(text.count("ΠΩΛΗΣΕΙΣ ΛΙΑΝΙΚΗΣ"), 60);
+    EXPECT_EQ(text.count("Περιγραφή"), 2);
+    EXPECT_TRUE(text.contains("Υπόλοιπο = 1,00"));
+    EXPECT_TRUE(text.contains("Σελίδα 2"));
+    const auto fonts = outputOf("pdffonts", {path}).trimmed().split('\n').sliced(2);
     EXPECT_EQ(fonts.size(), 2);
-    for (const QString& font : fonts)
-        EXPECT_TRUE(font.contains(QStringLiteral("LiberationSans")) && font.contains(QStringLiteral("yes")));
+    for (const QByteArray& font : fonts)
+        EXPECT_TRUE(font.contains("LiberationSans") && font.contains("yes"));
 }
 
 TEST(ReportPdf, leavesAnEarlierFileWhereItCannotBeWhole)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("report.pdf"));
-    const auto content = [&path] {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    };
-    if (!test::Mount::smallDisk(folder.path()))
+    const QString path = folder.filePath("report.pdf");
+    if (!Mount::smallDisk(folder.path()))
         GTEST_SKIP() << "no disk can be mounted here that is full";
-    QFile earlier(path);
-    ASSERT_TRUE(earlier.open(QIODevice::WriteOnly) && earlier.write("earlier") == 7);
-    earlier.close();
-    QFile ballast(folder.filePath(QStringLiteral("ballast")));
-    ASSERT_TRUE(ballast.open(QIODevice::WriteOnly) && ballast.write(QByteArray(630 * 1024, ' ')) > 0);
-    ballast.close();
+    const QString ballast = folder.filePath("ballast");
+    writeFile(path, "earlier");
+    writeFile(ballast, QByteArray(630 * 1024, ' '));
 
     ReportPages pages(dailyCash(1000));
     EXPECT_THROW((void)savePdf(pages, path, {}), PageOutputError);
-    EXPECT_EQ(content(), "earlier");
+    EXPECT_EQ(fileContent(path), "earlier");
 
-    ballast.remove();
+    QFile::remove(ballast);
     int calls = 0;
     const auto cancelAtThree = [&calls](int done, int all) {
         EXPECT_EQ(all, 20);
@@ -217,8 +201,8 @@ TEST(ReportPdf, leavesAnEarlierFileWhereItCannotBeWhole)
     };
     EXPECT_EQ(savePdf(pages, path, cancelAtThree), PageOutcome::Cancelled);
     EXPECT_EQ(calls, 3);
-    EXPECT_EQ(content(), "earlier");
-    test::Mount::undo(folder.path());
+    EXPECT_EQ(fileContent(path), "earlier");
+    Mount::undo(folder.path());
 }
 
-} // namespace lorvan
+} // namespace lorvan::test

@@ -1,110 +1,60 @@
-#include "document/report_document.h"
-#include "support/printing.h"
+#include "core/reports/report_text.h"
+#include "document/report_period.h"
 
 #include <gtest/gtest.h>
 
-namespace lorvan {
-
-namespace {
-
-QString columnsText(const std::vector<ReportColumn>& columns)
-{
-    QStringList texts;
-    for (const ReportColumn& column : columns)
-        texts.append(QStringLiteral("<^>")[static_cast<int>(column.alignment)] + QString::number(column.width));
-    return texts.join(u'|');
-}
-
-QString shown(const ReportItem& item)
-{
-    return QStringLiteral("%1 %2%3 border %4 colour %5 shade %6")
-        .arg(item.cells().join(u'/'))
-        .arg(item.font().size)
-        .arg(item.font().bold ? QStringLiteral(" bold") : QString())
-        .arg(item.border())
-        .arg(item.textColour())
-        .arg(item.shade(), 0, 16);
-}
-
-} // namespace
+namespace lorvan::test {
 
 TEST(ReportFormat, readsColumnsAndDoesNotMindBadOnes)
 {
-    const struct {
-        QStringView format;
-        QStringView columns;
-    } cases[] = {
-        {u"^1100|1000|<4000|>1500", u"^1100|<1000|<4000|>1500"},
-        {u">^1800|^>900", u"^1800|>900"},
-        {u"> 900 | 0.5cm", u">900|<283"},
-        {u"abc||^|>-5|99999999999|nan|<1e3", u"<0|<0|^0|>0|<0|<0|<1000"},
-        {u"", u""},
-    };
+    const std::pair<QStringView, const char*> cases[] = {{u"^1100|1000|<4000|>1500", "^1100<1000<4000>1500"},
+        {u">^1800|^>900", "^1800>900"}, {u"> 900 | 0.5cm", ">900<283"},
+        {u"abc||^|>-5|99999999999|nan|<1e3", "<0<0^0>0<0<0<1000"}, {u"", ""}};
     for (const auto& [format, columns] : cases)
-        EXPECT_EQ(columnsText(parseTableFormat(format)), columns.toString());
+        EXPECT_EQ(textOf(parseTableFormat(format)), QString::fromLatin1(columns));
 }
 
 TEST(ReportFormat, readsLengthsAndSplitsHeaders)
 {
-    const struct {
-        QString text;
-        std::optional<int> twips;
-    } lengths[] = {
-        {QStringLiteral("2cm"), 1134},
-        {QStringLiteral("0.5 CM"), 283},
-        {QStringLiteral("10mm"), 567},
-        {QStringLiteral("1in"), 1440},
-        {QStringLiteral("12pt"), 240},
-        {QStringLiteral("850"), 850},
-        {QStringLiteral("cm"), {}},
-        {QStringLiteral("inf cm"), {}},
-        {QString(), {}},
-    };
+    const std::pair<const char*, std::optional<int>> lengths[] = {{"2cm", 1134}, {"0.5 CM", 283}, {"10mm", 567},
+        {"1in", 1440}, {"12pt", 240}, {"850", 850}, {"cm", {}}, {"inf cm", {}}, {"", {}}};
     for (const auto& [text, twips] : lengths)
-        EXPECT_EQ(ReportLength(text).twips(), twips) << text.toStdString();
+        EXPECT_EQ(ReportLength(QString::fromLatin1(text)).twips(), twips) << text;
 
-    const struct {
-        QStringView text;
-        QStringView parts;
-    } headers[] = {{u"left", u"left//"}, {u"|centre", u"/centre/"}, {u"a|b|c|d", u"a/b/c|d"}};
+    const std::pair<QString, const char*> headers[] = {
+        {"left", "left//"}, {"|centre", "/centre/"}, {"a|b|c|d", "a/b/c|d"}};
     for (const auto& [text, parts] : headers) {
-        const ThreeParts split = splitIntoThree(text.toString());
-        EXPECT_EQ(QStringList({split.left, split.centre, split.right}).join(u'/'), parts.toString());
+        const ThreeParts split = splitIntoThree(text);
+        EXPECT_EQ(QStringList({split.left, split.centre, split.right}).join(u'/'), QString::fromLatin1(parts));
     }
 }
 
 TEST(ReportDocument, keepsEachRowAsItWasAdded)
 {
-    const QString format = QStringLiteral("^100|<200");
-    const QString header = QStringLiteral("Κωδ.|Όνομα");
+    const QString format = "^100|<200";
+    const QString header = "Κωδ.|Όνομα";
     ReportDocument document;
     document.SetFont({.bold = true});
     document.Paragraph(u"Τίτλος\r");
     document.SetTableBorder(2);
-    document.AddTable(format, header, QStringLiteral(" |"), reportColour(200, 210, 190));
+    document.AddTable(format, header, QString(" |"), reportColour(200, 210, 190));
     document.SetTableBorder(0);
     document.SetFont({.size = 11, .bold = false});
     document.AddTableRow(format, header, {u"1", u"Α|Β"}, 5, reportColour(222, 225, 225));
     document.SetTextColor(255);
-    document.AddTableRow(QStringLiteral(">50"), header, QStringLiteral("μόνο"));
+    document.AddTableRow(">50", header, QString("μόνο"));
     document.SetTextColor(0);
-    document.AddTable(format, QString(), QStringLiteral("|2"));
+    document.AddTable(format, QString(), QString("|2"));
 
-    QStringList items;
-    for (int index = 0; index < document.itemCount(); ++index)
-        items.append(shown(document.item(index)));
-    EXPECT_EQ(items.join(u'\n'),
-        QStringLiteral("Τίτλος\r 10 bold border 0 colour 0 shade 0\n"
-                       "Κωδ./Όνομα 10 bold border 2 colour 0 shade bed2c8\n"
-                       " / 10 bold border 2 colour 0 shade 0\n"
-                       "1/Α|Β 11 border 0 colour 0 shade e1e1de\n"
-                       "μόνο 11 border 0 colour 255 shade 0\n"
-                       "/2 11 border 0 colour 0 shade 0"));
-    EXPECT_EQ(document.cell(1, 1), QStringLiteral("Α|Β"));
+    EXPECT_EQ(linesOf(document).join(u'\n'), "*Τίτλος~\n=*[2]Κωδ.|Όνομα\n*[2] |\n#(11)1|Α|Β\n(11)μόνο\n(11)|2");
+    EXPECT_EQ(document.item(1).shade(), reportColour(200, 210, 190));
+    EXPECT_EQ(document.cell(1, 1), "Α|Β");
     EXPECT_EQ(document.cell(2, 1), QString());
     const std::vector<ReportItem> rows = document.rows();
-    EXPECT_EQ(columnsText(rows[2].columns()), QStringLiteral(">50"));
-    EXPECT_EQ(rows[2].header().join(u'/'), QStringLiteral("Κωδ./Όνομα"));
+    EXPECT_EQ(rows[2].textColour(), 255U);
+    EXPECT_EQ(rows[3].textColour(), 0U);
+    EXPECT_EQ(textOf(rows[2].columns()), ">50");
+    EXPECT_EQ(rows[2].header().join(u'/'), "Κωδ./Όνομα");
     EXPECT_TRUE(rows[3].header().isEmpty());
 }
 
@@ -113,25 +63,41 @@ TEST(ReportDocument, startsAfreshWithThePageAndHeaderThatWereSet)
     const auto build = [](const QString& lastRow) {
         ReportDocument document;
         document.StandardPageSetup();
-        document.AddTableRow(QStringLiteral("100"), QString(), QStringLiteral("παλιό"));
-        document.SetMargins({.left = QStringLiteral("2cm"), .right = QStringLiteral("δύο")});
-        document.SetHeader(QStringLiteral("|Τίτλος"));
+        document.AddTableRow("100", QString(), QString("παλιό"));
+        document.SetMargins({.left = QString("2cm"), .right = QString("δύο")});
+        document.SetHeader("|Τίτλος");
         document.StartDoc();
-        document.AddTableRow(QStringLiteral("100"), QStringLiteral("Α"), QStringLiteral("1"));
-        document.AddTableRow(QStringLiteral("100"), QStringLiteral("Α"), lastRow);
+        document.AddTableRow("100", QString("Α"), QString("1"));
+        document.AddTableRow("100", QString("Α"), lastRow);
         document.EndDoc();
         return document;
     };
-    const ReportDocument document = build(QStringLiteral("2"));
-    EXPECT_EQ(document.page().left, 1134);
-    EXPECT_EQ(document.page().right, 450);
-    EXPECT_EQ(document.header(), QStringLiteral("|Τίτλος"));
-    EXPECT_EQ(document.rows().size(), 2U);
-    EXPECT_EQ(document.rows().back().header(), QStringList(QStringLiteral("Α"))) << "the row began the table";
-
-    EXPECT_TRUE(document == build(QStringLiteral("2")));
-    EXPECT_FALSE(document == build(QStringLiteral("3")));
-    EXPECT_FALSE(document == build(QStringLiteral("|2")));
+    const ReportDocument document = build("2");
+    EXPECT_EQ(wholeOf(document), "|Τίτλος / 1134 450 / Arial greek / <100 / 0\n=Α\n1\n2")
+        << "the row began the table, and the margin that is no length stayed";
+    EXPECT_TRUE(document == build("2"));
+    EXPECT_FALSE(document == build("3"));
+    EXPECT_FALSE(document == build("|2"));
 }
 
-} // namespace lorvan
+TEST(UsualPeriods, atTheEdgesOfMonthsQuartersAndYears)
+{
+    const struct {
+        QDate today;
+        const char* periods; ///< Today, this month, last month, this quarter, this year, last year.
+    } cases[] = {
+        {QDate(2024, 3, 31), "0331-0331 0301-0331 0201-0229 0101-0331 0101-0331 230101-231231"},
+        {QDate(2024, 1, 1), "0101-0101 0101-0101 231201-231231 0101-0101 0101-0101 230101-231231"},
+        {QDate(2024, 12, 31), "1231-1231 1201-1231 1101-1130 1001-1231 0101-1231 230101-231231"},
+    };
+    for (const auto& each : cases) {
+        QStringList periods;
+        for (const NamedPeriod& period : usualPeriods(each.today)) {
+            const QString form = period.start.year() == 2024 ? "MMdd" : "yyMMdd";
+            periods += period.start.toString(form) + u'-' + period.end.toString(form);
+        }
+        EXPECT_EQ(periods.join(u' '), QString::fromUtf8(each.periods));
+    }
+}
+
+} // namespace lorvan::test
