@@ -58,7 +58,7 @@ bool appendDigit(std::int64_t& value, int digit)
     return !__builtin_mul_overflow(value, 10, &value) && !__builtin_sub_overflow(value, digit, &value);
 }
 
-/// Builds the negative value, whose range is the larger one.
+/// Builds the negative value, since the negative range is larger by one.
 std::optional<std::int64_t> negatedUnits(const Parts& parts, qsizetype kept)
 {
     std::int64_t value = 0;

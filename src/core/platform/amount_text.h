@@ -6,7 +6,7 @@
 
 namespace lorvan {
 
-/// What came of reading a typed amount.
+/// The result of reading a typed amount.
 struct AmountReading {
     enum class Outcome { Amount, NotANumber, OutOfRange };
 
@@ -18,9 +18,9 @@ struct AmountReading {
 
 enum class Precision { Cents = 2, TenThousandths = 4 };
 
-/// Reads a number in Greek form: an optional sign, digits, optionally grouped by "." in threes, and decimals after
-/// one ",". Blanks around it are ignored; the empty text, a misplaced "." and a second "," are no number. Decimals
-/// beyond the precision are rounded once, half away from zero.
+/// Reads a number in Greek form: an optional sign, digits, optionally grouped in threes by ".", and decimals after one
+/// ",". Blanks around it are ignored. An empty text, a misplaced "." or a second "," is not a number. Decimals beyond
+/// the precision are rounded once, half away from zero.
 [[nodiscard]] AmountReading readAmount(QStringView text, Precision precision = Precision::TenThousandths);
 
 /// The amount format "###,###,###,###,##0.00" with Greek separators: 1.234,56. Rounds to cents; never "-0,00".

@@ -7,18 +7,19 @@
 
 namespace lorvan {
 
-/// Tells whether somebody who comes back to a window was away for a minute or longer, so that what the window shows may
-/// have been changed by others.
+/// Tells whether somebody who comes back to a window was away for a minute or longer, in which case others may have
+/// changed what the window shows.
 class AwayTime {
 public:
-    /// Leaving twice counts from the first time.
+    /// If called twice, the first time counts.
     void leave(const QDateTime& now)
     {
         if (!m_left)
             m_left = now;
     }
 
-    /// True after a minute or longer, and where the clock was turned back meanwhile. False without a leave().
+    /// True after a minute or longer, and if the clock was turned back in the meantime. False if leave() was not
+    /// called.
     [[nodiscard]] bool comeBack(const QDateTime& now)
     {
         const auto left = std::exchange(m_left, std::nullopt);

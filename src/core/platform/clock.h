@@ -6,10 +6,10 @@
 
 namespace lorvan {
 
-/// The one source of the current time, so that a test can stand at midnight or at the turn of a month.
+/// The only source of the current time, so that a test can set it to midnight or to the turn of a month.
 class Clock {
 public:
-    /// The machine's own clock, in local time.
+    /// The computer's own clock, in local time.
     Clock();
     /// A clock that stands still.
     explicit Clock(QDateTime fixed);

@@ -7,7 +7,7 @@
 
 namespace lorvan {
 
-/// A sum left the range of Currency. Nothing was computed.
+/// A sum is outside the range of Currency. Nothing was computed.
 class CurrencyOverflow : public std::overflow_error {
 public:
     CurrencyOverflow();
@@ -27,7 +27,7 @@ public:
     [[nodiscard]] constexpr std::int64_t tenThousandths() const { return m_units; }
     [[nodiscard]] constexpr bool isZero() const { return m_units == 0; }
 
-    /// To the nearest cent, half a cent away from zero.
+    /// Rounds to the nearest cent, half a cent away from zero.
     [[nodiscard]] Currency roundedToCents() const;
 
     Currency& operator+=(Currency other);

@@ -4,14 +4,14 @@
 
 namespace lorvan {
 
-/// Who sits at which computer, as other computers see it in the usage marker.
+/// The user and the computer, as other computers see them in the usage marker.
 struct MachineIdentity {
     QString user;
     QString computer;
 };
 
-/// Asks the operating system alone (account name, host name). Each name is cut at its first NUL; one that cannot be
-/// had is "Ανώνυμος".
+/// Asks only the operating system (account name, host name). Each name ends at its first NUL; a name that cannot be
+/// found out is "Ανώνυμος".
 [[nodiscard]] MachineIdentity machineIdentity();
 
 } // namespace lorvan

@@ -4,10 +4,12 @@
 
 namespace lorvan {
 
-/// The trimmed text with blanks in front, its rightmost `width` characters: a longer text loses its beginning.
+/// Trims the text, pads it with blanks on the left and returns the last `width` characters: a longer text loses its
+/// beginning.
 [[nodiscard]] QString rightAligned(QStringView text, qsizetype width);
 
-/// The trimmed text with blanks behind, its leftmost `width` characters: a longer text loses its end.
+/// Trims the text, pads it with blanks on the right and returns the first `width` characters: a longer text loses its
+/// end.
 [[nodiscard]] QString leftAligned(QStringView text, qsizetype width);
 
 } // namespace lorvan

@@ -5,16 +5,16 @@
 namespace lorvan {
 
 enum class Breaks {
-    Keep, ///< Line feeds and tabs stay.
+    Keep, ///< Line feeds and tabs are kept.
     Show
 };
 
-/// The text with each control character, and each mark that turns the direction of writing, as "\xNN" or "\u{NNNN}": a
-/// foreign name can then neither steer a terminal nor be read as another one.
+/// The text with each control character, and each mark that changes the direction of writing, replaced by "\xNN" or
+/// "\u{NNNN}", so that a foreign name can neither control a terminal nor pose as another one.
 [[nodiscard]] QString printable(const QString& text, Breaks breaks = Breaks::Show);
 
-/// A name from elsewhere on one line: what is no printable character as \u and four hexadecimal digits, and cut behind
-/// a hundred characters.
+/// A name from elsewhere, on one line: non-printable characters become \u and four hexadecimal digits, and the name is
+/// cut after a hundred characters.
 [[nodiscard]] QString printableName(const QString& name);
 
 } // namespace lorvan

@@ -7,7 +7,7 @@ namespace lorvan {
 
 namespace {
 
-constexpr char16_t lastInTable = 0x1fff; // beyond it nothing has an accent that is typed
+constexpr char16_t lastInTable = 0x1fff; // no character above it has an accent that people type
 
 char16_t computeFolded(char16_t character)
 {

@@ -5,8 +5,8 @@
 
 namespace lorvan {
 
-/// A text to look for as Greek users type it: without regard to letter case, accents and the final sigma, so that
-/// "ποσο" finds "Ποσό" and "ΠΟΣΟ".
+/// A text to search for as Greek users type it: letter case, accents and the final sigma do not matter, so that "ποσο"
+/// finds "Ποσό" and "ΠΟΣΟ".
 class SearchText {
 public:
     explicit SearchText(QStringView text);
@@ -14,7 +14,7 @@ public:
     [[nodiscard]] bool isEmpty() const { return m_folded.isEmpty(); }
     [[nodiscard]] qsizetype length() const { return m_folded.size(); }
 
-    /// Where the text stands for the first time, from that character on; -1 if nowhere. An empty text stands nowhere.
+    /// The position of the first match at or after `from`; -1 if there is none. An empty text is never found.
     [[nodiscard]] qsizetype indexIn(QStringView text, qsizetype from = 0) const;
 
 private:

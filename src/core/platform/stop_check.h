@@ -4,9 +4,10 @@
 
 namespace lorvan {
 
-/// While it lives, what its thread has the engine compute, and what it waits for (a lock, a journal to go), asks from
-/// time to time whether it is to go on; where not, it ends with the error of a wait that was in vain, or with an
-/// SqlError of kind Interrupted. A commit is not asked once it writes. One inside another asks both.
+/// During its lifetime, everything that its thread computes in the engine or waits for (a lock, a journal) calls
+/// `goesOn` from time to time. When it returns false, a wait ends with the same error as one that timed out, and a
+/// computation with SqlError of kind Interrupted. A commit is no longer stopped once it has begun to write. Nested
+/// checks are all asked.
 class StopCheck {
 public:
     explicit StopCheck(std::function<bool()> goesOn);
@@ -14,7 +15,7 @@ public:
     StopCheck(const StopCheck&) = delete;
     StopCheck& operator=(const StopCheck&) = delete;
 
-    /// What the checks of this thread say; true where there is none.
+    /// True if all checks of this thread say yes, or there is none.
     [[nodiscard]] static bool goesOn();
 
 private:
@@ -22,7 +23,8 @@ private:
     const StopCheck* m_outer;
 };
 
-/// While it lives, its thread asks no check that was there before: for what is decided, and is finished first.
+/// During its lifetime, the thread does not ask the checks that existed before: for work that has been decided on and
+/// must be finished.
 class Undisturbed {
 public:
     Undisturbed();
@@ -34,8 +36,9 @@ private:
     const StopCheck* m_outer;
 };
 
-/// While it lives, a file that the engine reads on this thread cannot be read any more once a check says no. For long
-/// readings within one step of the engine, which asks nobody meanwhile; never where a change is made or taken back.
+/// During its lifetime, the engine's reads of files on this thread fail once a check says no. For long reads within a
+/// single step of the engine, which does not ask the checks in the meantime; never while something is changed or rolled
+/// back.
 class StoppableReading {
 public:
     StoppableReading();

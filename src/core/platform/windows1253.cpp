@@ -8,8 +8,8 @@ namespace {
 
 constexpr char16_t none = 0xFFFD;
 
-// The upper half of the code page, 0x80 to 0xFF. Qt can convert it only where it is built with ICU, and then neither
-// says which character failed nor keeps one byte a character.
+// The upper half of the code page, 0x80 to 0xFF. Qt can convert it only if built with ICU, and even then it neither
+// says which character failed nor guarantees one byte per character.
 constexpr std::array<char16_t, 128> upperHalf = {
     0x20AC, none, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, none, 0x2030, none, 0x2039, none, none, none, none, //
     none, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, none, 0x2122, none, 0x203A, none, none, none, none, //

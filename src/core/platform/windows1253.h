@@ -5,14 +5,14 @@
 
 namespace lorvan {
 
-/// Text in the Greek 8-bit code page in which the path file and the usage marker are kept. One byte a character;
-/// a character that the code page lacks becomes "?".
+/// Text in the Greek 8-bit code page used by the path file and the usage marker. One byte per character; a character
+/// that the code page lacks becomes "?".
 [[nodiscard]] QByteArray toWindows1253(QStringView text);
 
 /// True when every character of the text exists in the code page.
 [[nodiscard]] bool fitsWindows1253(QStringView text);
 
-/// Bytes without a character in the code page become U+FFFD.
+/// Bytes that have no character in the code page become U+FFFD.
 [[nodiscard]] QString fromWindows1253(QByteArrayView bytes);
 
 } // namespace lorvan

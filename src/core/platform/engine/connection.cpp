@@ -33,7 +33,7 @@ QString quoted(std::string_view sql)
     return QString::fromUtf8(sql.data(), static_cast<qsizetype>(sql.size()));
 }
 
-/// Files are kept in the form of release 3 of the encryption; a later release must be told so after the key.
+/// Files are kept in the format of release 3 of the encryption library; a later release must be told so after the key.
 void keepFileForm(Connection& connection)
 {
     auto version = connection.prepare("PRAGMA cipher_version");
@@ -205,7 +205,7 @@ Statement Connection::prepare(std::string_view sql)
         idle->second.pop_back();
         return {*this, reused};
     }
-    if (!m_watch || isReading()) // what takes a disturbed reading back is prepared too
+    if (!m_watch || isReading()) // the statements that roll back a disturbed reading are prepared here too
         return {*this, prepared(sql).release()};
     IdleStatement steady;
     readSteadily(*this, [&] {

@@ -23,31 +23,32 @@ namespace lorvan {
 
 /// One open connection to an encrypted database file, for one thread.
 ///
-/// The SQL functions cdate, csng and amount_add and the collation greek (see sql_functions.h) are registered on it, and
-/// triggers, which no book has, do not run. A commit outlives a power cut: a rollback journal, and a disk that has
-/// confirmed both the file and the journal's end. On a file system that cannot confirm names, the file alone. Another
-/// connection's lock is waited for up to five seconds.
+/// The SQL functions cdate, csng and amount_add and the collation greek (see sql_functions.h) are registered on it.
+/// Triggers, which no book has, are disabled. A commit survives a power cut: there is a rollback journal, and the disk
+/// has confirmed both the file and the removal of the journal (the file alone where the file system cannot confirm
+/// names). The connection waits up to five seconds for another connection's lock.
 ///
-/// A connection that only reads, and whose locks do not keep everybody out, watches the files instead: every row that a
-/// statement yields is of the state that its transaction, or without one the statement, began with. What another
-/// program changes meanwhile is read again (readSteadily()) or ends in an SqlError of kind Busy.
+/// A read-only connection whose locks do not keep everybody out watches the files instead: all rows that a statement
+/// returns belong to the state at the beginning of its transaction or, without one, of the statement. If another
+/// program changes the files in the meantime, they are read again (readSteadily()) or the reading fails with SqlError
+/// of kind Busy.
 class Connection {
 public:
-    /// ReadOnly takes nothing back: where a program that was killed has left a journal, it waits twice as long as for a
-    /// lock and then fails with JournalStands. ReadWrite takes it back, and must therefore never meet another's live
-    /// one. Asked to write a file that may only be read, it opens read-only.
+    /// ReadOnly never rolls back: if a killed program has left a journal, it waits twice as long as for a lock and then
+    /// fails with JournalStands. ReadWrite rolls it back, and must therefore never be used while another program's
+    /// journal is in use. If ReadWrite is asked for and the file may only be read, it is opened read-only.
     enum class Access { ReadOnly, ReadWrite };
     static constexpr std::chrono::milliseconds usualPatience{5000};
 
-    /// Opens an existing plain file and proves key and header by reading the schema. Throws SqlError: CannotOpen for a
-    /// missing file or a link, NotADatabase for a wrong key, a foreign or an empty file, Damaged for one that is cut
-    /// short, InputOutput when the disk does not confirm the folder of a file that is to be written.
-    /// `patience` is how long this connection waits for another one's lock, `locks` whom one on the file keeps out.
+    /// Opens an existing plain file and proves key and header by reading the schema. Throws SqlError: CannotOpen for
+    /// a missing file or a link, NotADatabase for a wrong key, a foreign or an empty file, Damaged for a truncated
+    /// file, InputOutput when a file is opened for writing and the disk does not confirm its folder. `patience` is how
+    /// long this connection waits for another one's lock, `locks` says whom a lock on the file keeps out.
     static Connection open(const QString& path, const FileKey& key, Access access = Access::ReadOnly,
         std::chrono::milliseconds patience = usualPatience, LockReach locks = LockReach::Everybody);
 
-    /// Makes a new file keyed with the password. Throws SqlError (CannotOpen) when the path exists already, FileError
-    /// when it cannot be made.
+    /// Makes a new file encrypted with the password. Throws SqlError (CannotOpen) if the path exists already, FileError
+    /// if the file cannot be made.
     static Connection create(
         const QString& path, const QByteArray& password, FileAccess access = FileAccess::LikeFolder);
 
@@ -58,44 +59,45 @@ public:
     /// Runs one or more statements without parameters.
     void execute(std::string_view sql);
 
-    /// A prepared statement, from the connection's store of idle ones where the same text was used before.
+    /// A prepared statement; an idle one with the same text is used again if the connection has one.
     [[nodiscard]] Statement prepare(std::string_view sql);
 
-    /// Makes the tables of a second database reachable as `schema`.name, with the access that the first one has. Not
+    /// Makes the tables of a second database available as `schema`.name, with the same access as the first one. Not
     /// allowed inside a transaction. Throws SqlError like open().
     void attach(const QString& path, const FileKey& key, const QString& schema);
 
-    /// Hands `sink` the bytes of a database's file from first to last, a megabyte at a time, until it returns false;
-    /// `schema` is "main" or a name given to attach(). They are a whole database only inside a transaction that keeps
-    /// other connections from writing and has not written itself. Opening the file a second time to read it, and
-    /// closing it, would drop the locks that the process holds on it.
+    /// Passes the bytes of a database file to `sink`, from first to last, a megabyte at a time, until it returns false.
+    /// `schema` is "main" or a name given to attach(). The bytes are a consistent database only inside a transaction
+    /// that keeps other connections from writing and that has not written anything itself. The file must not be opened
+    /// a second time to read it: closing it would drop the locks that the process holds on it.
     void readFile(const QString& schema, const std::function<bool(const QByteArray&)>& sink);
 
-    /// Throws SqlError when another file (Replaced) or none (CannotOpen) has the name of an open database by now: what
-    /// is written here then would end in the file that was put aside.
+    /// Throws SqlError if the name of an open database now belongs to another file (Replaced) or to none (CannotOpen):
+    /// anything written here would go to the file that was moved away.
     void refuseReplaced() const;
 
-    /// True where a rollback journal stands beside a database: somebody writes, or was killed while writing.
+    /// True if there is a rollback journal beside a database: somebody is writing, or was killed while writing.
     [[nodiscard]] static bool hasJournal(const QString& path);
 
     [[nodiscard]] std::int64_t lastInsertedKey() const;
-    /// How many rows this connection has added, changed and removed.
+    /// The number of rows that this connection has inserted, changed and deleted.
     [[nodiscard]] int changedRows() const;
     [[nodiscard]] bool isReadOnly() const;
 
-    /// True when the main database has a table of that name, in any letter case, as the statement before has found its
-    /// schema. Reads nothing.
+    /// True if the main database has a table of that name, in any letter case, according to the schema that the last
+    /// statement found. Reads nothing.
     [[nodiscard]] bool knowsTable(const char* name) const;
     [[nodiscard]] bool inTransaction() const;
 
-    /// What stands in for locks; null where these are trusted.
+    /// Used in place of locks; null if locks are trusted.
     [[nodiscard]] FileWatch* watch() const { return m_watch.get(); }
-    /// True inside a transaction and while a statement runs.
+    /// True inside a transaction and while a statement is running.
     [[nodiscard]] bool isReading() const;
-    /// Has the watch note the files, waiting up to twice a lock's patience while a journal stands; then throws SqlError
-    /// of kind JournalStands. Nothing happens where locks are trusted, or a reading has begun. Returns what is noted.
+    /// Makes the watch note the state of the files, waiting up to twice the lock timeout while there is a journal, and
+    /// then throws SqlError of kind JournalStands. Does nothing if locks are trusted or a reading has already begun.
+    /// Returns the noted state.
     FileWatch::State beginReading();
-    /// Throws SqlError of kind Busy where somebody has changed the files since they were noted.
+    /// Throws SqlError of kind Busy if somebody has changed the files since they were noted.
     void refuseDisturbed() const;
 
     void setBusyTimeout(std::chrono::milliseconds timeout);
@@ -105,17 +107,17 @@ public:
 private:
     friend class Statement;
 
-    /// How long somebody else is waited for. Stays where it is when the connection is moved.
+    /// How long to wait for somebody else. Keeps its address when the connection is moved.
     struct Waiting {
         std::chrono::milliseconds patience{usualPatience};
         std::chrono::steady_clock::time_point since{};
     };
     static int waitForLock(void* waiting, int attempts) noexcept;
-    /// True for the refusal that a journal is in the way.
+    /// True if the engine refused because of a journal.
     [[nodiscard]] bool isJournalStanding(int code) const;
-    /// False when it has stood for long enough.
+    /// False once the wait has been long enough.
     [[nodiscard]] bool waitForJournal(std::chrono::steady_clock::time_point since) const;
-    /// Calls the engine again while a journal is in the way.
+    /// Repeats a call to the engine while there is a journal.
     template <typename Call> int patiently(const Call& call) const
     {
         int code = call();

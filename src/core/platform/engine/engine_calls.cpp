@@ -32,7 +32,7 @@ int refused(int descriptor, int number)
     return -1;
 }
 
-/// A rollback journal, or that of a commit over several databases.
+/// A rollback journal, or the super-journal of a commit over several databases.
 bool isJournal(const QByteArray& path)
 {
     const QByteArray name = path.mid(path.lastIndexOf('/') + 1);
@@ -50,8 +50,8 @@ bool syncFolderOf(const QByteArray& file)
     return isDone;
 }
 
-/// In place of open(). The name must still be that of the opened file when it is open. The name of a new journal is
-/// confirmed here: the engine would do it with the first sync of the journal, and overlook that it failed.
+/// Replaces open(). The name must still belong to the opened file after it was opened. The name of a new journal is
+/// confirmed here: the engine would do so with the first sync of the journal, but overlook a failure.
 int openPlainFile(const char* path, int flags, int mode)
 {
     if (std::strcmp(path, "/dev/urandom") == 0) // the engine's source of random numbers
@@ -73,14 +73,14 @@ int openPlainFile(const char* path, int flags, int mode)
     return descriptor;
 }
 
-/// In place of readlink(): a database that is a link is not opened.
+/// Replaces readlink(): a database that is a link is not opened.
 ssize_t followNoLink(const char*, char*, std::size_t)
 {
     errno = ELOOP;
     return -1;
 }
 
-/// In place of the calls that read. The engine's check of a file reads all of it in one step.
+/// Replaces the calls that read. The engine's check of a file reads all of it in one step.
 template <auto Stock, typename... Rest>
 ssize_t readUnlessStopped(int descriptor, void* bytes, std::size_t size, Rest... rest)
 {
@@ -91,23 +91,23 @@ ssize_t readUnlessStopped(int descriptor, void* bytes, std::size_t size, Rest...
     return Stock(descriptor, bytes, size, rest...);
 }
 
-/// The engine syncs the descriptor that it gets. That of a file in memory answers that all is well...
+/// The engine syncs the descriptor that it is given. Syncing a file in memory always succeeds...
 int confirmed()
 {
     static const int memory = ::memfd_create("confirmed", MFD_CLOEXEC);
     return ::fcntl(memory, F_DUPFD_CLOEXEC, 0);
 }
 
-/// ...and that of a counter that it cannot be done.
+/// ...and syncing an event counter always fails.
 int unconfirmed()
 {
     static const int counter = ::eventfd(0, EFD_CLOEXEC);
     return ::fcntl(counter, F_DUPFD_CLOEXEC, 0);
 }
 
-/// In place of the engine's way to get a folder's descriptor, which it wants for one thing, to sync it: behind a new
-/// journal, where that is done already, and behind a deletion. There it overlooks that the folder does not open, so the
-/// folder is synced here and a failure answered in the way that is noticed.
+/// Replaces the engine's way to get a folder's descriptor, which it only needs to sync the folder: after making a
+/// journal, where that has been done already, and after a deletion. In the latter case it overlooks a folder that
+/// cannot be opened, so the folder is synced here and a failure is passed on in a way that the engine notices.
 int syncedFolder(const char* file, int* descriptor)
 {
     const bool isDeleted = ::access(file, F_OK) != 0;

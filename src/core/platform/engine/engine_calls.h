@@ -2,9 +2,9 @@
 
 namespace lorvan {
 
-/// Has the engine open its files as we open ours: plain files alone, never through a link; and has it notice every
-/// folder that the disk does not confirm; and has its reading end where a StoppableReading is stopped. Once for the
-/// process, before the first connection; asking again is free.
+/// Makes the engine open its files as we open ours: only plain files, never through a link. It also makes the engine
+/// notice folders that the disk does not confirm, and end its reading when a StoppableReading is stopped. Takes effect
+/// once for the process, before the first connection; further calls do nothing.
 void installEngineCalls();
 
 } // namespace lorvan

@@ -72,7 +72,8 @@ FileWatch::State FileWatch::state() const
 
 bool FileWatch::note()
 {
-    // The engine keeps pages as long as the first one stays. Of a reading that met a change they need not belong to it.
+    // The engine keeps its pages as long as the first one is unchanged. After a disturbed reading they may not match
+    // it.
     sqlite3_db_release_memory(m_handle);
     State now = state();
     if (std::any_of(now.begin(), now.end(), [](const FileState& each) { return each.hasJournal; }))

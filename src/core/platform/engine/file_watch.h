@@ -10,24 +10,24 @@ struct sqlite3;
 
 namespace lorvan {
 
-/// Tells whether another program has changed the databases that a connection reads, where no lock keeps it from that.
+/// Tells whether another program has changed the databases that a connection reads, where no lock prevents it.
 ///
-/// The files themselves are looked at, never pages that the engine has kept: the first page, which every commit writes
-/// anew with the change counter and, in an encrypted file, with a beginning of its own; the time of the last writing,
-/// which a change that was taken back leaves behind too; and whether a journal stands.
+/// Looks at the files themselves, never at pages in the engine's cache: at the first page, which changes with every
+/// commit (the change counter and, in an encrypted file, a new random beginning); at the time of the last write, which
+/// also changes when a transaction is rolled back; and at whether there is a journal.
 class FileWatch {
 public:
-    /// `handle` is a connection with its main database open, and outlives the watch.
+    /// `handle` is a connection whose main database is open; it must outlive the watch.
     explicit FileWatch(sqlite3* handle);
 
-    /// From now on an attached database too.
+    /// From now on an attached database is watched too.
     void add(const QByteArray& schema);
 
-    /// Looks at the files and has the engine forget their pages. No statement may be running. False, and nothing is
-    /// noted, where a journal stands. Throws SqlError where a file cannot be read.
+    /// Notes the state of the files and makes the engine drop its cached pages. No statement may be running. Returns
+    /// false, noting nothing, if there is a journal. Throws SqlError if a file cannot be read.
     [[nodiscard]] bool note();
 
-    /// True where the files are as they were when they were noted. One that cannot be read has changed.
+    /// True if the files are as they were when they were noted. A file that cannot be read counts as changed.
     [[nodiscard]] bool isAsNoted() const { return isAs(m_noted); }
 
     struct FileState {

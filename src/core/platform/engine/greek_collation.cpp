@@ -17,7 +17,8 @@ int GreekCollation::compare(const QString& left, const QString& right) const
     if (foldedLeft == foldedRight)
         return 0;
     const int order = m_collator.compare(left, right);
-    // The collator takes some different texts for equal (invisible characters); a name must not match by those.
+    // The collator considers some different texts equal (those with invisible characters); as names they must not
+    // match.
     return order != 0 ? order : foldedLeft.compare(foldedRight);
 }
 

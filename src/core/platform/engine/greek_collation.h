@@ -5,13 +5,13 @@
 
 namespace lorvan {
 
-/// Greek order of names: letter case is ignored (ς and σ included), accents count. Names that differ by case alone are
-/// equal, any other two are not.
+/// Greek order of names: letter case is ignored (for ς and σ too), accents count. Names that differ only in case are
+/// equal; all others differ.
 class GreekCollation {
 public:
     GreekCollation();
 
-    /// Negative, zero or positive as `left` stands before, with or after `right`.
+    /// Negative, zero or positive if `left` sorts before, equal to or after `right`.
     [[nodiscard]] int compare(const QString& left, const QString& right) const;
 
 private:

@@ -63,7 +63,8 @@ KeyRing::~KeyRing()
         ::close(descriptor);
 }
 
-/// A descriptor that is kept also keeps the file's number from being given to another file, and reads the salt anew.
+/// As long as a descriptor is open, the inode number is not given to another file. It also allows the salt to be read
+/// again.
 QByteArray KeyRing::saltOf(const QString& path)
 {
     const QByteArray name = QFile::encodeName(path);
@@ -83,7 +84,7 @@ QByteArray KeyRing::saltOf(const QString& path)
     }
     const auto [added, isNew] = m_files.try_emplace({found.st_dev, found.st_ino}, descriptor);
     if (!isNew)
-        ::close(descriptor); // the name has come to mean a file that is kept already
+        ::close(descriptor); // the name now belongs to a file that is kept already
     return saltIn(added->second);
 }
 
@@ -106,7 +107,7 @@ FileKey KeyRing::keyForCopy(const QString& path)
         const QFileInfo info(path);
         salt = Folder(info.path()).open(info.fileName(), Folder::Opening::Read).read(saltBytes);
     } catch (const FileError&) {
-        // Opening it will say what is wrong.
+        // Opening the file will report what is wrong.
     }
     return derivation(salt, std::launch::deferred).get();
 }

@@ -12,21 +12,21 @@
 
 namespace lorvan {
 
-/// The key of one database file, derived from the password and the file's own salt.
+/// The key of one database file, derived from the password and the file's salt.
 class FileKey {
 public:
-    /// Derives it from the password and the 16 bytes of salt at the file's start: 64,000 rounds, some 40 ms.
+    /// Derives the key from the password and the 16 bytes of salt at the start of the file: 64,000 rounds, about 40 ms.
     static FileKey derive(const QByteArray& password, const QByteArray& salt);
 
-    /// The text that the engine takes instead of a password: x'…'.
+    /// The text to give to the engine instead of a password: x'…'.
     [[nodiscard]] const QByteArray& engineText() const { return m_engineText; }
 
 private:
     QByteArray m_engineText;
 };
 
-/// Derives each file's key once for the whole process, however many connections are opened. Safe to use from several
-/// threads. Keys are kept by the salt, so a file that was replaced gets its own.
+/// Derives each file's key only once in the process, however many connections are opened. Safe to use from several
+/// threads. Keys are stored by salt, so a file that was replaced gets its own key.
 class KeyRing {
 public:
     explicit KeyRing(QByteArray password);
@@ -34,15 +34,15 @@ public:
     KeyRing(const KeyRing&) = delete;
     KeyRing& operator=(const KeyRing&) = delete;
 
-    /// Starts deriving the file's key in the background; a file that cannot be read is passed over.
+    /// Starts deriving the file's key in the background; ignores a file that cannot be read.
     void prepare(const QString& path);
 
-    /// The file's key, waiting for a derivation under way. A file too short to hold a salt, or none, gets a key that
-    /// opens nothing: opening it then reports what is wrong. May be called while connections of the process hold locks
-    /// on the file: the file that was read stays open with the ring, since closing it would drop them.
+    /// The file's key; waits if it is still being derived. A missing file, or one too short to hold a salt, gets a key
+    /// that opens nothing: opening the file then reports what is wrong. May be called while connections of the process
+    /// hold locks on the file: the key ring keeps the file open, since closing it would drop those locks.
     [[nodiscard]] FileKey keyFor(const QString& path);
 
-    /// The same for a copy, on which nobody holds a lock and which may be removed again: it is not kept open.
+    /// The same for a copy, which nobody has locked and which may be deleted later: the file is not kept open.
     [[nodiscard]] FileKey keyForCopy(const QString& path);
 
 private:

@@ -8,11 +8,11 @@ struct sqlite3;
 
 namespace lorvan {
 
-/// A refusal of the database engine, with its own words, its result code and the statement that it concerns. what()
-/// holds all of them.
+/// An error of the database engine, with its message, its result code and the statement concerned. what() contains all
+/// of them.
 class SqlError : public std::runtime_error {
 public:
-    /// What kind of trouble it is, as far as a user can act on it.
+    /// The kind of error, as far as the user can do something about it.
     enum class Kind {
         NotADatabase,
         Damaged,
@@ -20,7 +20,7 @@ public:
         DiskFull,
         ReadOnly,
         Replaced,
-        JournalStands, ///< A change was interrupted, and this connection may not take it back.
+        JournalStands, ///< A change was interrupted, and this connection may not roll it back.
         CannotOpen,
         InputOutput,
         Interrupted, ///< A StopCheck said no.
@@ -28,15 +28,15 @@ public:
     };
 
     SqlError(int code, const QString& engineMessage, const QString& statement, const QString& file = {});
-    /// Takes code and message from the connection at the moment of failure; a null connection gives the code's own
-    /// text.
+    /// Takes code and message from the connection at the moment of failure; with a null connection, the message is the
+    /// general text for the code.
     static SqlError fromConnection(sqlite3* connection, int code, const QString& statement);
 
     [[nodiscard]] int code() const { return m_code; } ///< The engine's extended result code.
     [[nodiscard]] Kind kind() const;
     [[nodiscard]] const QString& engineMessage() const { return m_engineMessage; }
     [[nodiscard]] const QString& statement() const { return m_statement; }
-    [[nodiscard]] const QString& file() const { return m_file; } ///< The main database's; empty where it is not known.
+    [[nodiscard]] const QString& file() const { return m_file; } ///< The main database file; empty if unknown.
 
 private:
     int m_code;

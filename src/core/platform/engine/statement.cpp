@@ -124,7 +124,7 @@ bool Statement::stepAhead()
     return hasRow;
 }
 
-/// The next rows, if the files are still as they were when the reading began.
+/// The next rows, provided the files have not changed since the reading began.
 std::unique_ptr<Statement::Ahead> Statement::fetch()
 {
     try {

@@ -17,8 +17,8 @@ namespace lorvan {
 
 class Connection;
 
-/// One prepared statement on loan from its connection, which it must not outlive. Going out of scope ends it, so no
-/// lock stays behind, and hands it back to the connection to be used again.
+/// One prepared statement on loan from its connection, which must outlive it. When it goes out of scope it is reset, so
+/// that it holds no lock, and returned to the connection for reuse.
 ///
 /// Parameters are numbered from 1, columns from 0. Reading NULL yields zero, false, the empty text or an invalid date.
 /// Binding and stepping throw SqlError.
@@ -38,10 +38,11 @@ public:
 
     void bindAt(int parameter, const QString& text); ///< Copies the text. A null text is bound as an empty one.
     void bindAt(int parameter, std::nullptr_t); ///< As NULL.
-    void bindAt(int parameter, const std::optional<QString>& text); ///< As NULL where there is none.
+    void bindAt(int parameter, const std::optional<QString>& text); ///< NULL if there is no value.
     void bindAt(int parameter, QDate date); ///< As yyyymmdd.
     void bindAt(int parameter, Currency amount); ///< As ten-thousandths.
-    /// A boolean as -1 or 0. No other type converts to a parameter by itself, a floating-point number least of all.
+    /// A boolean is bound as -1 or 0. There are no other implicit conversions, least of all from floating-point
+    /// numbers.
     template <std::integral Integer> void bindAt(int parameter, Integer value)
     {
         if constexpr (std::same_as<Integer, bool>)
@@ -50,20 +51,20 @@ public:
             bindInteger(parameter, static_cast<std::int64_t>(value));
     }
 
-    /// True on a row, false when none is left.
+    /// True if there is a row, false if there are no more.
     [[nodiscard]] bool step();
-    /// For a statement that yields no rows: steps it to its end and returns how many rows it changed.
+    /// For a statement that returns no rows: runs it to the end and returns how many rows it changed.
     int run();
-    /// Makes it ready to run again; bound values stay.
+    /// Makes it ready to run again; the bound values are kept.
     void reset();
 
     enum class StoredType { Null, Integer, Fraction, Text, Bytes };
 
-    /// The form of the value as it lies in the file. To be asked before the value is read, which may convert it.
+    /// The type of the value as stored in the file. Call it before the value is read, which may convert it.
     [[nodiscard]] StoredType storedType(int column) const;
     [[nodiscard]] bool isNull(int column) const;
     [[nodiscard]] std::int64_t integer(int column) const;
-    [[nodiscard]] qint32 number(int column) const; ///< Cut to 32 bits as the files promise it.
+    [[nodiscard]] qint32 number(int column) const; ///< Truncated to 32 bits, the width that the files promise.
     [[nodiscard]] Currency currency(int column) const;
     [[nodiscard]] QDate date(int column) const;
     [[nodiscard]] bool boolean(int column) const; ///< Any non-zero value is true.
@@ -71,7 +72,7 @@ public:
 
 private:
     friend class Connection;
-    /// Rows that are handed out once it is known that they belong together.
+    /// Rows that are not returned until it is known that they belong together.
     struct Ahead;
     Statement(Connection& connection, sqlite3_stmt* handle);
 

@@ -14,7 +14,7 @@ using std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds betweenAttempts{5};
 
-/// What fails although nobody wrote is tried twice: on a file server, what is read may lag behind what is seen.
+/// An error although nobody has written is retried once: on a file server, reads may lag behind the file's state.
 bool mayPass(const SqlError& error, bool isFirst, bool isUnchanged)
 {
     if (error.kind() == SqlError::Kind::Busy)

@@ -6,12 +6,12 @@ namespace lorvan {
 
 class Connection;
 
-/// Runs `read`; what belongs together in it is one Transaction. Where the connection does not trust in locks, it is run
-/// again, for up to twice a lock's patience, until nobody has changed meanwhile what a statement or a transaction in it
-/// was reading; it must begin anew each time.
+/// Runs `read`. Reads inside it that belong together must be in one Transaction. If the connection does not trust
+/// locks, `read` is run again until no statement or transaction in it was disturbed by a change of somebody else's, for
+/// at most twice the lock timeout; it must start from scratch each time.
 ///
-/// Throws what `read` throws while the files stay as they are, SqlError of kind Busy where they do not, JournalStands
-/// where a journal stays. Inside a transaction, or while a statement of the connection runs, it does not repeat.
+/// Throws what `read` throws if the files did not change; SqlError of kind Busy if they keep changing, JournalStands if
+/// a journal remains. Inside a transaction, or while a statement of the connection is running, nothing is repeated.
 void readSteadily(Connection& connection, const std::function<void()>& read);
 
 } // namespace lorvan

@@ -37,7 +37,7 @@ Transaction::Transaction(Connection& connection, Mode mode)
     if (mode == Mode::Read)
         return;
     try {
-        connection.refuseReplaced(); // only now: whoever replaces a file shuts writers out until it is done
+        connection.refuseReplaced(); // not earlier: while a file is being replaced, writers are locked out
     } catch (const SqlError&) {
         connection.prepare("ROLLBACK").run();
         throw;
@@ -46,7 +46,7 @@ Transaction::Transaction(Connection& connection, Mode mode)
 
 Transaction::~Transaction()
 {
-    // After commit(), or once the engine has rolled back by itself (disk full), nothing is left to undo.
+    // After commit(), or if the engine has rolled back by itself (disk full), there is nothing left to undo.
     if (!m_connection.inTransaction())
         return;
     try {
@@ -56,8 +56,8 @@ Transaction::~Transaction()
     }
 }
 
-/// A number of its own marks the book with each change, which is found there afterwards or not. It stands on the page
-/// that every commit writes anyway.
+/// Each change stores a random number in the book, so that one can see afterwards whether it was committed. It lies in
+/// the page that every commit writes anyway.
 void Transaction::commit()
 {
     if (m_connection.changedRows() == m_rowsBefore) {

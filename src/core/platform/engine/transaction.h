@@ -5,25 +5,26 @@
 
 namespace lorvan {
 
-/// All or nothing: what was written since its construction is undone unless commit() was reached.
+/// All or nothing: everything written since construction is rolled back unless commit() succeeded.
 class Transaction {
 public:
     enum class Mode {
-        Read, ///< A stable view; takes the shared lock with the first reading.
-        Write, ///< Takes the right to write at once, so nothing that is read can change before the commit.
-        Exclusive ///< Shuts readers out as well, on all attached databases, so that the commit waits for nobody.
+        Read, ///< A stable view; takes the shared lock with the first read.
+        Write, ///< Takes the write lock at once, so that nothing that is read can change before the commit.
+        Exclusive ///< Keeps readers out as well, in all attached databases, so that the commit waits for nobody.
     };
 
-    /// Throws SqlError, of kind Busy when another connection writes for more than five seconds, of kind Replaced when
-    /// it would write and another file has a database's name by now.
+    /// Throws SqlError: Busy if another connection goes on writing for more than five seconds, Replaced if the
+    /// transaction is to write and the name of a database now belongs to another file.
     explicit Transaction(Connection& connection, Mode mode = Mode::Write);
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
-    /// Throws SqlError when the file cannot be written; everything is then undone. Where the engine fails without
-    /// knowing how the commit ended, the book is read again: what is stored counts as committed, and noteUnconfirmed()
-    /// says that the disk did not confirm it. Throws CommitUnknown where that cannot be read either.
+    /// Throws SqlError if the file cannot be written; everything is then rolled back. If the engine fails without
+    /// knowing how the commit ended, the book is read again: if the change is there, it counts as committed, and
+    /// noteUnconfirmed() records that the disk did not confirm it. Throws CommitUnknown if the book cannot be read
+    /// either.
     void commit();
 
 private:

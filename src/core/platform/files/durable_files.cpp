@@ -15,7 +15,7 @@
 namespace lorvan {
 namespace {
 
-/// Where writing through the name ends: a link may lead to a file that is not there yet.
+/// The file that writing to the path would reach: a link may point to a file that does not exist yet.
 QFileInfo behindLinks(const QString& path)
 {
     constexpr int mostLinks = 40; // as many as the system follows
@@ -58,7 +58,7 @@ QStringList makeFolders(const QString& path, FileAccess access)
             makeFolder(*folder, mode);
         } catch (const FileError&) {
             for (const QString& made : missing)
-                QDir().rmdir(made); // one that is not empty was not ours
+                QDir().rmdir(made); // if it is not empty, it was not ours
             throw;
         }
     }

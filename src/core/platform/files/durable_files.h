@@ -7,17 +7,17 @@
 
 namespace lorvan {
 
-/// For paths that the user names, which may lead over links. All throw FileError.
+/// For paths given by the user, which may contain links. All functions throw FileError.
 
-/// Has the disk confirm the names in a folder. A file system that knows no such thing counts as done.
+/// Makes the disk confirm the names in a folder. If the file system does not support this, it counts as done.
 void syncFolder(const QString& folder);
 
-/// Writes a file beside its place, has the disk confirm it, and gives it the name; through a link, that of the file
-/// behind it. See Folder::replace(). A failure leaves the old file as it was.
+/// Writes a temporary file beside the target, waits until the disk has confirmed it, and renames it. If `path` is a
+/// link, the file behind it is replaced. See Folder::replace(). On failure the old file is unchanged.
 void replaceFile(const QString& path, const QByteArray& content, FileAccess access);
 
-/// Makes the folders on the way that are missing, confirmed by the disk, with FileAccess::Owner for their owner alone.
-/// Returns those that were made, the innermost first; a failure takes them back.
+/// Makes the missing folders of a path and has the disk confirm them; with FileAccess::Owner they are for their owner
+/// only. Returns the folders made, innermost first; on failure they are removed again.
 QStringList makeFolders(const QString& path, FileAccess access);
 
 } // namespace lorvan

@@ -6,8 +6,9 @@
 
 namespace lorvan {
 
-/// The system calls by which the program reads and changes files of its own; the databases' are the engine's. Each
-/// answers as the system does, errno included. A test puts its own in their place, which record, fail or forget.
+/// The system calls with which the program reads and changes its own files; the database files are handled by the
+/// engine. Each behaves as the system call does, errno included. Tests replace them with versions that record, fail or
+/// lose writes.
 class FileCalls {
 public:
     FileCalls() = default;
@@ -27,7 +28,7 @@ public:
     virtual int lock(int descriptor, short type, off_t start, off_t length);
 
     [[nodiscard]] static FileCalls& current();
-    /// Null puts the system's own back. Not while another thread works on files.
+    /// Null restores the system's own calls. Not to be called while another thread works on files.
     static void replace(FileCalls* calls);
 };
 

@@ -7,19 +7,19 @@
 
 namespace lorvan {
 
-/// Somebody else holds the lock, or the system refuses one. what() names the file and the reason.
+/// Somebody else holds the lock, or the system refuses it. what() names the file and the reason.
 class LockRefused : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// A file that is open and locked against everyone else, also within the process, for as long as the object lives. The
-/// lock goes with a process that is killed.
+/// A file that is open and locked against everyone else, also within the process, for the lifetime of the object. If
+/// the process is killed, the lock is released.
 class FileLock {
 public:
     enum class Missing { Make, Refuse };
 
-    /// Waits for the lock up to `patience`. `access` is for a file that is made. Throws LockRefused, also when the name
-    /// has come to mean another file or none by the time the lock is had.
+    /// Waits up to `patience` for the lock. `access` applies if the file has to be made. Throws LockRefused, also if by
+    /// the time the lock is obtained the name belongs to another file or to none.
     explicit FileLock(const Folder& folder, const QString& name, Missing missing = Missing::Make,
         std::chrono::milliseconds patience = {}, FileAccess access = FileAccess::Owner);
 

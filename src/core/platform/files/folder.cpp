@@ -25,8 +25,8 @@ constexpr mode_t ownerOnlyFolder = 0700;
 constexpr mode_t groupBits = 0060;
 constexpr mode_t groupAndOthers = 0066;
 constexpr mode_t everybody = 0666;
-constexpr int deepest = 64; ///< Folders in folders; ours have two.
-/// Not through a link, and without waiting for the other end of a pipe.
+constexpr int deepest = 64; ///< Nested folders; ours go two deep.
+/// Does not follow a link, and does not wait for the other end of a pipe.
 constexpr int plain = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
 
 QByteArray encoded(const QString& name)
@@ -119,7 +119,7 @@ File Folder::open(const QString& name, Opening how, FileAccess access) const
     if (descriptor < 0 && errno == ENOENT && how == Opening::WriteOrMake) {
         descriptor = openInside(name, flagsFor(Opening::MakeNew), mode);
         isNew = descriptor >= 0;
-        if (descriptor < 0 && errno == EEXIST) // somebody else was quicker
+        if (descriptor < 0 && errno == EEXIST) // somebody else was faster
             descriptor = openInside(name, flagsFor(Opening::Write), mode);
     }
     if (descriptor < 0)
@@ -145,7 +145,7 @@ void Folder::give(const File& file, FileAccess access) const
         if (!isOfItsGroup)
             mode &= ~groupBits;
     }
-    if (::fchmod(file.descriptor(), mode) != 0 && errno != EPERM && errno != ENOTSUP) // no modes on such a disk
+    if (::fchmod(file.descriptor(), mode) != 0 && errno != EPERM && errno != ENOTSUP) // such a disk has no modes
         throw FileError(file.path(), errno);
 }
 
@@ -212,7 +212,7 @@ void Folder::rename(const QString& name, const Folder& to, const QString& newNam
     };
     if (call(taken == Taken::Refuse ? RENAME_NOREPLACE : 0U))
         return;
-    if (taken == Taken::Refuse && (knowsNoSync(errno))) { // nor does every file system know this
+    if (taken == Taken::Refuse && (knowsNoSync(errno))) { // not every file system supports this either
         errno = EEXIST;
         if (!to.exists(newName) && call(0))
             return;
@@ -259,7 +259,7 @@ void Folder::removeContents(int depth) const
         removeTree(name, depth + 1);
 }
 
-/// What was left by programs that were killed; whoever still writes one holds its lock.
+/// Removes what killed programs have left; a program that is still writing holds the lock of its file.
 void Folder::removeParts(const QString& prefix) const noexcept
 {
     try {
@@ -271,7 +271,7 @@ void Folder::removeParts(const QString& prefix) const noexcept
                 remove(each);
         }
     } catch (const FileError&) {
-        // The next one tries again.
+        // The next replacement tries again.
     }
 }
 

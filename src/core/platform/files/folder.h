@@ -6,11 +6,11 @@
 
 namespace lorvan {
 
-/// An open folder. What lies in it is reached from here by plain names, which may not be links: whoever else may write
-/// into the folder cannot lead us out of it. All operations throw FileError.
+/// An open folder. Its contents are reached from here by plain names, which must not be links, so that other users who
+/// can write into the folder cannot lead us out of it. All operations throw FileError.
 class Folder {
 public:
-    /// An existing folder. Links on the way to it are followed.
+    /// Opens an existing folder. Links in the path are followed.
     explicit Folder(const QString& path);
     ~Folder();
     Folder(Folder&& other) noexcept;
@@ -22,18 +22,18 @@ public:
 
     enum class Opening {
         Read,
-        Write, ///< An existing file, for reading too, as it is.
-        WriteOrMake, ///< The same, and an empty one where there is none.
-        MakeNew ///< Refuses a name that is taken, with EEXIST.
+        Write, ///< An existing file, for reading and writing; its contents are kept.
+        WriteOrMake, ///< The same, but makes an empty file if there is none.
+        MakeNew ///< Fails with EEXIST if the name is taken.
     };
-    /// Opens a plain file; links, folders, pipes and devices are refused. `access` is for one that is made.
+    /// Opens a plain file; links, folders, pipes and devices are refused. `access` applies if the file has to be made.
     [[nodiscard]] File open(const QString& name, Opening how, FileAccess access = FileAccess::LikeFolder) const;
 
-    /// A folder in this one.
+    /// Opens a folder in this one.
     [[nodiscard]] Folder openFolder(const QString& name) const;
-    /// The same, made for its owner alone where there is none; the name is confirmed by sync().
+    /// The same, but makes it, for its owner only, if there is none; the name is confirmed by sync().
     [[nodiscard]] Folder openOrMakeFolder(const QString& name) const;
-    /// A new folder for its owner alone, whose name begins so and cannot be guessed.
+    /// Makes a new folder for its owner only, with a name that starts with `prefix` and cannot be guessed.
     [[nodiscard]] Folder makeWorkFolder(const QString& prefix) const;
 
     enum class Kind { Nothing, File, Folder, Other };
@@ -43,30 +43,30 @@ public:
     [[nodiscard]] QStringList names() const; ///< Hidden ones too, sorted.
 
     enum class Taken { Refuse, Replace };
-    /// Refuses a taken name with EEXIST, where it is to be refused.
+    /// With Taken::Refuse, fails with EEXIST if the new name is taken.
     void rename(const QString& name, const Folder& to, const QString& newName, Taken taken = Taken::Refuse) const;
-    /// A file, or the link itself. One that is not there is no failure.
+    /// Removes a file, or the link itself. It is no error if there is none.
     void remove(const QString& name) const;
-    /// A folder with all that is in it, or whatever else has the name. Links are removed, never followed, and another
-    /// file system that is mounted inside is left alone and refused.
+    /// Removes a folder with everything in it, or whatever else has the name. Links are removed, never followed. If
+    /// another file system is mounted inside, it is left alone and the removal fails.
     void removeTree(const QString& name) const;
-    /// An empty folder; false where it is not empty or not there.
+    /// Removes an empty folder; returns false if it is not empty or does not exist.
     bool removeEmpty(const QString& name) const;
 
-    /// Writes a file beside its place, has the disk confirm it, and gives it the name. One that it replaces hands on
-    /// its mode and group; a new one gets `access`. A failure leaves the old one. That the disk did not confirm the
-    /// name is no failure: see noteUnconfirmed(). What a replacement that was cut short left beside the place goes
-    /// first.
+    /// Writes a temporary file beside the target, waits until the disk has confirmed it, and renames it. The new file
+    /// takes over the mode and group of the one it replaces; if there was none, it gets `access`. On failure the old
+    /// file is unchanged. It is not an error if the disk does not confirm the name: see noteUnconfirmed(). Temporary
+    /// files left by interrupted replacements are removed first.
     void replace(const QString& name, const QByteArray& content, FileAccess access = FileAccess::LikeFolder) const;
 
-    /// Gives a file of this folder, or one that will be moved here, that access.
+    /// Gives that access to a file of this folder, or to one that will be moved here.
     void give(const File& file, FileAccess access) const;
 
-    /// Has the disk confirm which names are in the folder. A file system that knows no such thing counts as done.
+    /// Makes the disk confirm the names in the folder. If the file system does not support this, it counts as done.
     void sync() const;
-    /// The same after something that cannot be taken back: tried twice, then noted with noteUnconfirmed().
+    /// The same after something that cannot be taken back: tries twice, then calls noteUnconfirmed().
     void confirm() const noexcept;
-    /// sync() that tells whether the file system knows such a thing.
+    /// Calls sync() and returns whether the file system supports it.
     [[nodiscard]] bool knowsSync() const;
 
 private:

@@ -17,7 +17,7 @@ namespace {
 
 constexpr qsizetype longestToken = 512; // bytes
 
-/// A name in the kernel's own socket namespace: it has no file and goes with the process.
+/// A name in the kernel's abstract socket namespace: it has no file and disappears with the process.
 QByteArray socketName(const QString& programFile)
 {
     const QFileInfo info(programFile);
@@ -48,7 +48,7 @@ int openSocket()
     return ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
 }
 
-/// The kernel vouches for the sender.
+/// The kernel guarantees who the sender is.
 bool isFromThisUser(msghdr& message)
 {
     const cmsghdr* const part = CMSG_FIRSTHDR(&message);

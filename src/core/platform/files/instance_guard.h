@@ -10,8 +10,8 @@ class QSocketNotifier;
 
 namespace lorvan {
 
-/// Keeps one program to one running instance on this machine: two copies in two folders are two programs. The mark
-/// lives in the kernel, so a killed instance leaves nothing behind.
+/// Makes sure that only one instance of a program runs on this computer; two copies in two folders are two programs.
+/// The mark is held by the kernel, so a killed instance leaves nothing behind.
 class InstanceGuard {
 public:
     /// `programFile` is the path of the executable; links to it count as the same program.
@@ -20,15 +20,15 @@ public:
     InstanceGuard(const InstanceGuard&) = delete;
     InstanceGuard& operator=(const InstanceGuard&) = delete;
 
-    /// True when this process is the only instance; asking again is free. Where the system cannot tell, the answer is
-    /// true.
+    /// True if this process is the only instance; further calls cost nothing. True also if the system cannot tell.
     [[nodiscard]] bool isOnlyInstance();
 
-    /// Asks the running instance to show itself, and hands it the permission to do so that the desktop gave this start
-    /// (`activationToken`, may be empty). Waits for nothing: one that hangs, or is another user's, hears nothing.
+    /// Asks the running instance to show its window and passes on the permission to do so that the desktop gave to this
+    /// start (`activationToken`, may be empty). Does not wait: an instance that hangs, or that belongs to another user,
+    /// does not receive it.
     void callOther(const QByteArray& activationToken) const;
 
-    /// Of the only instance: runs `answer` in the event loop whenever this user starts the program once more.
+    /// For the only instance: runs `answer` in the event loop whenever this user starts the program again.
     void whenCalled(std::function<void(const QByteArray& activationToken)> answer);
 
 private:

@@ -37,7 +37,7 @@ struct Mount {
     QList<QByteArray> options;
 };
 
-/// Blanks and the like stand there as three octal digits.
+/// Blanks and similar characters are written as three octal digits.
 QByteArray unescaped(const QByteArray& field)
 {
     constexpr qsizetype digits = 3;
@@ -91,7 +91,8 @@ bool keepsLocksLocal(const QByteArray& mountInfo, const QString& path)
     Mount innermost;
     for (const QByteArray& line : mountInfo.split('\n')) {
         const Mount mount = mountIn(line);
-        if (holds(mount.point, wanted) && mount.point.size() >= innermost.point.size()) // a later one covers it
+        if (holds(mount.point, wanted)
+            && mount.point.size() >= innermost.point.size()) // a later mount covers an earlier one
             innermost = mount;
     }
     return isLocal(innermost);

@@ -21,7 +21,7 @@ namespace {
 constexpr std::chrono::milliseconds lockTimeout{5000};
 constexpr int hexDigits = 4;
 
-/// Without their line feeds. They are kept as bytes, since a file edited by hand may hold anything.
+/// The lines without their line feeds. They are kept as bytes, since a file edited by hand may contain anything.
 using Lines = QList<QByteArray>;
 
 bool isSame(const QString& left, const QString& right)
@@ -72,7 +72,8 @@ QString quoted(const QString& value)
     return u'"' + text + u'"';
 }
 
-/// Takes the character behind a backslash off the front of the text; what is no escape stands for itself.
+/// Removes an escape, whose backslash is already gone, from the start of the text. Without one, the backslash stands
+/// for itself.
 QString takeEscaped(QStringView& rest)
 {
     if (rest.startsWith(u'"') || rest.startsWith(u'\\')) {
@@ -88,7 +89,7 @@ QString takeEscaped(QStringView& rest)
     return QChar(code);
 }
 
-/// What stands between the quotes; without the second one, all that follows the first.
+/// The text between the quotes; if the second quote is missing, everything after the first.
 QString unquoted(QStringView rest)
 {
     QString value;
@@ -114,7 +115,7 @@ QByteArray lineOf(const Setting& setting)
 /// Indexes of lines; -1 for none.
 struct Place {
     qsizetype entry = -1;
-    qsizetype sectionEnd = -1; ///< behind the last line of the section that is not blank
+    qsizetype sectionEnd = -1; ///< one past the last line of the section that is not blank
 };
 
 Place find(const Lines& lines, const QString& section, const QString& key)
@@ -136,7 +137,7 @@ Place find(const Lines& lines, const QString& section, const QString& key)
 void append(Lines& lines, const Setting& setting)
 {
     if (lines.last().isEmpty())
-        lines.removeLast(); // what stands behind the last line feed is no line
+        lines.removeLast(); // nothing after the last line feed counts as a line
     if (!lines.isEmpty())
         lines.append(QByteArray());
     lines.append((u'[' + setting.section + u']').toUtf8());
