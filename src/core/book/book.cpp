@@ -59,7 +59,7 @@ bool Book::setAccess(Connection::Access access)
     Connection main = openBookFile(m_source->files.mainDatabase(), *m_source->keys, access);
     Connection auxiliary = openBookFile(m_source->files.auxiliaryDatabase(), *m_source->keys, access);
     if (isReplaced())
-        return false; // the names mean other files than those that were open
+        return false; // the names now belong to other files than those that are open
     m_main = std::move(main);
     m_auxiliary = std::move(auxiliary);
     m_source->access = access;
@@ -102,7 +102,7 @@ void createBook(const BookFiles& files)
     Connection auxiliary = Connection::create(files.auxiliaryDatabase(), bookPassword());
     createAuxiliarySchema(auxiliary);
     UsageMarker::create(files.usageMarker());
-    // The main database comes last: a folder that holds one is a book.
+    // The main database comes last: a folder that contains one is a book.
     Connection main = Connection::create(files.mainDatabase(), bookPassword());
     createMainSchema(main);
     syncFolder(files.dataFolder());

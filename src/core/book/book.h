@@ -10,23 +10,23 @@
 
 namespace lorvan {
 
-/// The two open databases of a book, for the life of the program's main window.
+/// The two open databases of a book, for as long as the program's main window exists.
 class Book {
 public:
     /// Throws SqlError.
     Book(const BookFiles& files, KeyRing& keys, Connection::Access access);
 
-    /// Keeps the access that the connections have.
+    /// The access of the book is that of the connections.
     Book(Connection main, Connection auxiliary);
 
-    /// Opens both databases anew where they have another access; between two actions, as no statement may be alive.
-    /// References to the connections stay good. A book that was replaced meanwhile stays as it is: see
-    /// refuseReplaced(). Returns true where the access has changed. Throws SqlError; the book then stays open as it
-    /// was.
+    /// Closes and reopens both databases if their access differs; to be called between two actions, since no statement
+    /// may exist. References to the connections remain valid. If the book was replaced in the meantime, nothing is
+    /// done: see refuseReplaced(). Returns true if the access has changed. Throws SqlError; the book then stays open as
+    /// it was.
     bool setAccess(Connection::Access access);
 
-    /// Makes the tables and indexes that a writable database lacks, see ensureMainSchema(). For a book that no other
-    /// computer holds. Throws SqlError.
+    /// Makes the tables and indexes that a writable database lacks, see ensureMainSchema(). Only for a book that no
+    /// other computer holds. Throws SqlError.
     void ensureSchema(const OpeningSteps& steps);
 
     [[nodiscard]] Connection& main() { return m_main; }
@@ -49,12 +49,12 @@ private:
     Connection m_auxiliary;
 };
 
-/// Makes an empty book at the current schema version with a free usage marker in an existing or new folder.
-/// Throws BookExists when any of the three files is there already, SqlError or std::runtime_error when one cannot be
-/// written; files made until then are removed again.
+/// Makes an empty book at the current schema version, with a free usage marker, in an existing or new folder. Throws
+/// BookExists if any of the three files already exists, SqlError or std::runtime_error if one cannot be written; files
+/// made up to that point are removed again.
 void createBook(const BookFiles& files);
 
-/// A file that creating a book would have to overwrite. what() is its path.
+/// Creating a book would overwrite an existing file. what() is its path.
 class BookExists : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };

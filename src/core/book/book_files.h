@@ -8,7 +8,7 @@ namespace lorvan {
 /// The names of a book's files in its data folder.
 class BookFiles {
 public:
-    /// Links on the way to the folder are resolved now, where it exists; its files may be none.
+    /// Links in the path of the folder are resolved now, if the folder exists; its files must not be links.
     explicit BookFiles(QString dataFolder);
 
     [[nodiscard]] const QString& dataFolder() const { return m_dataFolder; }

@@ -20,7 +20,7 @@ void upgradeIfNeeded(Book& book, UsageMarker& marker, const std::function<Openin
         return;
     refuseWhileHeld(marker);
     const OpeningBalance opening = askOpeningBalance();
-    refuseWhileHeld(marker); // the question may have stood for hours
+    refuseWhileHeld(marker); // the question may have been open for hours
     upgradeSchema(book.main(), opening, steps);
 }
 
@@ -34,7 +34,7 @@ Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker,
     Book book(files, keys, mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
     refuseForeignObjects(book.main());
     refuseForeignObjects(book.auxiliary());
-    upgradeIfNeeded(book, marker, askOpeningBalance, steps); // only now: a book that cannot be opened is not changed
+    upgradeIfNeeded(book, marker, askOpeningBalance, steps); // not earlier: a book that cannot be opened is not changed
     book.ensureSchema(steps);
     return book;
 }

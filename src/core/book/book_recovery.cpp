@@ -15,8 +15,8 @@ bool hasJournal(const BookFiles& files)
     return Connection::hasJournal(files.mainDatabase()) || Connection::hasJournal(files.auxiliaryDatabase());
 }
 
-/// One in which nothing stood yet is not taken back by the opening, but would be in everybody's way: the next commit
-/// ends it.
+/// The opening does not roll back a journal that is still empty, but it would be in everybody's way. The next commit
+/// removes it.
 void endJournal(Connection& database, const QString& path)
 {
     if (!Connection::hasJournal(path))
@@ -36,7 +36,7 @@ void takeBackChange(const BookFiles& files, KeyRing& keys)
         endJournal(book.main(), files.mainDatabase());
         endJournal(book.auxiliary(), files.auxiliaryDatabase());
     } catch (const std::exception&) {
-        // Stays as it is.
+        // It stays as it is.
     }
 }
 
@@ -58,7 +58,7 @@ void recoverBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker)
     try {
         (void)marker.heal();
     } catch (const MarkerError&) {
-        // Left to the administrator.
+        // Left for the administrator.
     }
     if (!hasJournal(files) || lockReachOf(files) == LockReach::Nobody)
         return;

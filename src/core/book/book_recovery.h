@@ -6,10 +6,11 @@ class BookFiles;
 class KeyRing;
 class UsageMarker;
 
-/// Takes back what a program left that was killed: the marker, where a note of ours says so (UsageMarker::heal()), and
-/// then an unfinished change, by claiming the free marker for as long as it takes. Does next to nothing where no
-/// journal stands, and nothing to the files where another holds the marker or locks keep nobody out. What fails is left
-/// to the opening that follows, which tells it; only a marker that cannot be released again throws MarkerError.
+/// Cleans up after a program that was killed: releases the marker if a note of ours says so (UsageMarker::heal()), and
+/// then rolls back an unfinished change, claiming the free marker for as long as that takes. Does next to nothing if
+/// there is no journal, and does not touch the files if another program holds the marker or if locks keep nobody out. A
+/// failure is left for the opening that follows, which reports it; only a marker that cannot be released again throws
+/// MarkerError.
 void recoverBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker);
 
 } // namespace lorvan

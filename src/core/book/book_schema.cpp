@@ -48,7 +48,7 @@ CREATE TABLE omades (
 CREATE TABLE taytothta (ariumos INTEGER);
 )";
 
-/// What was imported from files: see csv_import.h.
+/// What has been imported from files: see csv_import.h.
 constexpr auto ownTablesSql = R"(
 CREATE TABLE IF NOT EXISTS taken_imports (
     id INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -78,7 +78,7 @@ CREATE TABLE codes (
 struct Index {
     QString table;
     QString column;
-    QString carried = {}; ///< Columns behind it that spare a sum the reading of the rows.
+    QString carried = {}; ///< Further columns, so that a sum need not read the rows.
 };
 
 const std::vector<Index>& mainIndexes()
@@ -160,7 +160,7 @@ bool lacksOwnTable(Connection& connection)
         ownTables().begin(), ownTables().end(), [&](const QString& name) { return hasTable(connection, name); });
 }
 
-/// Another computer may have made them first.
+/// Another computer may have made them by now.
 void ensureOwnTables(Connection& connection, const OpeningSteps& steps)
 {
     Transaction transaction(connection);

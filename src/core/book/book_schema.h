@@ -15,20 +15,20 @@ void createMainSchema(Connection& connection);
 /// Makes the tables and indexes of an empty auxiliary database. One transaction.
 void createAuxiliarySchema(Connection& connection);
 
-/// This program's own tables of the main database, which stand beside those of every book: one made elsewhere, or not
-/// opened for writing since, may lack them.
+/// This program's own tables in the main database, which not every book has: a book made elsewhere, or not opened for
+/// writing since, may lack them.
 inline constexpr auto openingDifferenceTable = "opening_difference";
 [[nodiscard]] const QStringList& ownTables();
 
 /// True when the main database has a table of that name, in any letter case.
 [[nodiscard]] bool hasTable(Connection& connection, const QString& name);
 
-/// Makes the own tables that are missing, inside the caller's transaction.
+/// Makes those of its own tables that are missing, inside the caller's transaction.
 void createOwnTables(Connection& connection);
 
-/// Makes the indexes that a book made elsewhere may lack, under whatever names it has its own, and the own tables, the
-/// opening balance adopted; an index counts as there when one begins with the wanted
-/// column. Writes nothing, and begins no transaction, when all are there.
+/// Makes the indexes that a book made elsewhere may lack, and the program's own tables, adopting the opening balance.
+/// An index of any name counts as present if its first column is the wanted one. If nothing is missing, it writes
+/// nothing and begins no transaction.
 void ensureMainSchema(Connection& connection, const OpeningSteps& steps);
 void ensureAuxiliaryIndexes(Connection& connection);
 

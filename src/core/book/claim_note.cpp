@@ -27,14 +27,14 @@ QString stateFolder()
     return base.isEmpty() ? base : base + QStringLiteral("/Lorvan/claims");
 }
 
-/// The system's own files tell no size.
+/// The files of /proc and /sys have no size.
 QString systemText(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
 }
 
-/// In clock ticks since the system's start; empty for a process that is not there.
+/// In clock ticks since the system's start; empty if there is no such process.
 QString startTime(qint64 process)
 {
     constexpr int fieldBehindName = 19; // field 22, counted from field 3
@@ -45,7 +45,7 @@ QString startTime(qint64 process)
 struct Claimant {
     QString machine;
     QString boot;
-    QString processes; ///< The space that the process's number belongs to.
+    QString processes; ///< The namespace of the process's number.
     qint64 process = 0;
     QString started;
 

@@ -7,7 +7,7 @@
 
 namespace lorvan {
 
-/// A marker file, as this machine finds it again after a restart too.
+/// A marker file, identified in a way that is still valid after a restart of the computer.
 struct MarkerPlace {
     QString folder; ///< Without links.
     quint64 inode = 0;
@@ -15,18 +15,18 @@ struct MarkerPlace {
     friend bool operator==(const MarkerPlace&, const MarkerPlace&) = default;
 };
 
-/// Notes in the user's state folder, one for each claim of a usage marker, by which a later start knows that the
-/// process that claimed it lives no more. A process that runs elsewhere on this machine, out of our sight, counts as
-/// living.
+/// Notes in the user's state folder, one for each claim of a usage marker. They tell a later start that the process
+/// that claimed it is no longer alive. A process that runs elsewhere on this machine, where we cannot see it, counts as
+/// alive.
 
-/// Leaves a note that the running process claims that marker, confirmed by the disk. Returns its name; empty where
-/// there is no state folder, or none that can be written.
+/// Leaves a note, confirmed by the disk, that the running process claims that marker. Returns its name; empty if the
+/// state folder does not exist or cannot be written.
 [[nodiscard]] std::optional<QString> leaveClaimNote(const MarkerPlace& place);
 
-/// A note that cannot be removed stays.
+/// If the note cannot be removed, it stays.
 void removeClaimNote(const QString& name) noexcept;
 
-/// The notes that this machine has for a marker.
+/// The notes on this machine for a marker.
 struct ClaimNotes {
     QStringList ofTheDead;
     QStringList ofTheLiving;

@@ -51,7 +51,8 @@ QString databaseTrouble(SqlError::Kind kind)
     return QStringLiteral("Η βάση δεδομένων δεν δέχτηκε την ενέργεια.");
 }
 
-/// What has the name of a journal and cannot be one: the program makes plain files only. Empty where there is none.
+/// Something that has the name of a journal and cannot be one, since the program only makes plain files. Empty if there
+/// is none.
 QString foreignJournal(const BookFiles& files)
 {
     for (const QString& database : {files.mainDatabase(), files.auxiliaryDatabase()}) {

@@ -6,14 +6,14 @@
 
 namespace lorvan {
 
-/// Mixed into an exception that says itself, in plain Greek, what happened and what the user can do.
+/// Mixed into an exception that itself explains in plain Greek what happened and what the user can do.
 class PlainlyToldFailure {
 public:
     virtual ~PlainlyToldFailure() = default;
     [[nodiscard]] virtual QString plainText() const = 0;
 };
 
-/// What happened and what the user can do, in plain Greek, with the failing component's own words after it. Meant for a
+/// What happened and what the user can do, in plain Greek, followed by the failing component's own message. Meant for a
 /// box titled "Προσοχή".
 [[nodiscard]] QString failureText(const std::exception& failure);
 

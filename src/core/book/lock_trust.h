@@ -11,26 +11,26 @@ class BookFiles;
 class KeyRing;
 class UsageMarker;
 
-/// Whom the locks on a book's files keep out, tried on its usage marker.
+/// Whom the locks on a book's files keep out; tested on its usage marker.
 [[nodiscard]] LockReach lockReachOf(const BookFiles& files);
 
-/// A database of a book. Where locks do not keep everybody out, it watches the file when it is opened for reading
-/// alone. Throws as Connection::open().
+/// Opens a database of a book. If it is opened read-only and locks do not keep everybody out, the connection watches
+/// the file instead. Throws like Connection::open().
 [[nodiscard]] Connection openBookFile(
     const QString& path, KeyRing& keys, Connection::Access access = Connection::Access::ReadOnly);
 
-/// A change is refused because no lock would keep others out. what() says so to the user.
+/// A change is refused because no lock would keep others out. what() explains this to the user.
 class LocksUntrusted : public std::runtime_error {
 public:
     LocksUntrusted();
 };
 
-/// For the single transaction of an action that the usage marker does not guard: waits up to twice a lock's patience
-/// while a journal stands, then throws SqlError of kind JournalStands. Throws LocksUntrusted where locks keep nobody
-/// out, and where they keep other computers in and one of these holds the marker; MarkerError.
+/// For an action that consists of one transaction and is not guarded by the usage marker. Waits up to twice the lock
+/// timeout while there is a journal, then throws SqlError of kind JournalStands. Throws LocksUntrusted if locks keep
+/// nobody out, or if they do not reach other computers and one of these holds the marker. Throws MarkerError.
 void admitUnguarded(const BookFiles& files);
 
-/// The connection for such an action. Throws the same, and as Connection::open().
+/// Opens the connection for such an action. Throws the same errors, and like Connection::open().
 [[nodiscard]] Connection openUnguarded(const QString& path, KeyRing& keys);
 
 } // namespace lorvan

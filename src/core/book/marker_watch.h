@@ -8,8 +8,8 @@
 
 namespace lorvan {
 
-/// Looks at the usage marker every few seconds, without locking it and on a thread of its own: a share that does not
-/// answer stops nobody's typing. A look that fails tells nothing.
+/// Looks at the usage marker every few seconds, without locking it and in a thread of its own, so that a share that
+/// does not respond never blocks the user's typing. A failed look reports nothing.
 class MarkerWatch : public QObject {
     Q_OBJECT
 
@@ -17,7 +17,8 @@ public:
     explicit MarkerWatch(QString markerPath);
     ~MarkerWatch() override;
 
-    /// The next look comes in a few seconds; one that is under way is not told any more, since more is known by now.
+    /// The next look follows in a few seconds. The result of one that is under way is discarded, since the caller knows
+    /// something newer.
     void start();
     void stop();
 

@@ -13,7 +13,7 @@ QString countText(std::size_t others)
     return others == 1 ? QStringLiteral("  (και 1 ακόμη)") : QStringLiteral("  (και %1 ακόμη)").arg(others);
 }
 
-/// " από τις 10:35", with the day before it where that is another; empty for a time unknown or still to come.
+/// " από τις 10:35", preceded by the day if that is not today; empty for a time unknown or in the future.
 QString sinceText(const QDateTime& since, const QDateTime& now)
 {
     if (!since.isValid() || since > now)

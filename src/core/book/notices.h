@@ -12,26 +12,26 @@ namespace lorvan {
 
 struct MarkerHolder;
 
-/// One thing that the line below the tabs has to say; the reason stands in its tool tip. Empty texts say nothing.
+/// One message for the line below the tabs; the reason is shown in its tool tip. With empty texts there is no message.
 struct Notice {
     QString text;
     QString reason = {};
     bool isWarning = true;
 };
 
-/// What there may be to say at the same time, the most urgent first: the answer to what the user has just done, then
-/// what forbids changes, then what endangers them, then what can wait.
+/// What may have to be said at the same time, most urgent first: the answer to what the user has just done, then what
+/// forbids changes, then what endangers them, then what can wait.
 enum class NoticeKind { DayClosed, LocksKeepNobodyOut, HeldByAnother, DiskIsWeak, BackupFailed };
 
-/// Everything that is to be said, and what of it is.
+/// All current notices, and which of them is shown.
 class NoticeBoard {
 public:
-    /// In place of what was said of that kind.
+    /// Replaces the previous notice of that kind.
     void put(NoticeKind kind, Notice notice) { m_notices.insert_or_assign(kind, std::move(notice)); }
     void remove(NoticeKind kind) { m_notices.erase(kind); }
 
-    /// The most urgent one, which also tells how many others there are; its reason names them all, each with its own.
-    /// Without text when there is none.
+    /// The most urgent notice, which also says how many others there are; its reason lists all of them, each with its
+    /// own reason. The text is empty if there is no notice.
     [[nodiscard]] Notice shown() const;
 
 private:
@@ -41,13 +41,13 @@ private:
 /// "Η ημέρα 21-11-2026 έκλεισε".
 [[nodiscard]] Notice dayClosedNotice(QDate day);
 
-/// Who holds the book and since when, as far as that lies before `now`, and what can be done all the same.
+/// Who holds the book and since when, provided that is earlier than `now`, and what can be done nevertheless.
 [[nodiscard]] Notice heldNotice(const MarkerHolder& holder, const QDateTime& now);
 
-/// Why the book is only looked at where locks keep nobody out.
+/// Why the book can only be looked at if locks keep nobody out.
 [[nodiscard]] Notice readOnlyNotice();
 
-/// What the book's folder cannot promise, where it holds a book that may be written; nothing where all is well.
+/// What the folder of a book that may be written cannot guarantee; no value if there is nothing to report.
 [[nodiscard]] std::optional<Notice> weakDiskNotice(LockReach locks, bool knowsSync);
 
 [[nodiscard]] Notice backupFailedNotice(const QString& reason);

@@ -10,7 +10,7 @@ namespace lorvan {
 
 enum class OpeningBalanceFault { DateIsInvalid, AmountIsNoNumber };
 
-/// Reads the two answers of the opening-balance window. An amount of blanks alone is zero.
+/// Reads the two answers of the opening-balance window. An amount that is empty or blank is zero.
 [[nodiscard]] std::variant<OpeningBalance, OpeningBalanceFault> readOpeningBalance(
     const QString& dateText, const QString& amountText, QDate today);
 

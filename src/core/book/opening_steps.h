@@ -8,15 +8,15 @@ namespace lorvan {
 
 class Connection;
 
-/// The cash that the user counted at the end of `day`: from it on, the upgrade has the balances follow from it.
+/// The cash that the user counted at the end of `day`: the upgrade calculates the balances from that day on from it.
 struct OpeningBalance {
     QDate day;
     Currency amount;
 };
 
-/// How an opening balance comes into a book's cash days. Making and upgrading the tables asks for it; the rules are the
-/// cash book's, see openingSteps(). Both run inside the caller's transaction and throw SqlError, the first one
-/// CurrencyOverflow too.
+/// How an opening balance is entered into a book's cash days. It is needed when tables are made or upgraded, but the
+/// rules belong to the cash book, see openingSteps(). Both run inside the caller's transaction and throw SqlError,
+/// `set` also CurrencyOverflow.
 struct OpeningSteps {
     void (*set)(Connection& main, const OpeningBalance& opening); ///< See setOpeningBalance().
     void (*adopt)(Connection& main); ///< See adoptOpeningBalance().

@@ -17,7 +17,7 @@ enum Field { FolderField, ColourField, HeadingField, FieldCount };
 
 constexpr qint64 longestFile = 64 * 1024;
 
-/// Takes a quoted field off the front of the text, up to its closing quote; a doubled quote stands for one.
+/// Removes a quoted field from the start of the text, up to its closing quote; a doubled quote stands for one.
 QString takeQuoted(QStringView& rest)
 {
     QString value;
@@ -33,7 +33,7 @@ QString takeQuoted(QStringView& rest)
     return value;
 }
 
-/// Takes the text up to the next comma or line end off the front, and that end with it.
+/// Removes the text up to the next comma or line end, and that end, from the start.
 QString takePlain(QStringView& rest)
 {
     const auto isEnd = [](QChar c) { return c == u',' || c == u'\n' || c == u'\r'; };
@@ -50,7 +50,7 @@ QString takeField(QStringView& rest)
     if (!rest.startsWith(u'"'))
         return takePlain(rest);
     const QString value = takeQuoted(rest);
-    takePlain(rest); // whatever stands between the closing quote and the field's end is no part of it
+    takePlain(rest); // anything between the closing quote and the end of the field is ignored
     return value;
 }
 
@@ -83,7 +83,7 @@ QString decoded(const QByteArray& bytes)
     return fromWindows1253(bytes);
 }
 
-/// In Windows-1253, but for what that does not hold or would read otherwise.
+/// In Windows-1253, unless that lacks a character or would be read differently.
 QByteArray encoded(const QString& content)
 {
     const QByteArray bytes = toWindows1253(content);

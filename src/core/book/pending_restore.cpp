@@ -21,12 +21,12 @@ namespace lorvan {
 namespace {
 
 const QByteArray firstLine = QByteArrayLiteral("Lorvan restore 2\n");
-const QByteArray earlierFirstLine = QByteArrayLiteral("Lorvan restore 1\n"); // one folder name, the same always
+const QByteArray earlierFirstLine = QByteArrayLiteral("Lorvan restore 1\n"); // a single folder name, always the same
 const QString earlierStaged = QStringLiteral(".restore");
 const QString recordName = QStringLiteral("restore.pending");
 const QString markerName = QStringLiteral("lorvan.dat");
 constexpr std::chrono::seconds patience{20};
-/// The main database comes last: a folder that holds one is a book.
+/// The main database comes last: a folder that contains one is a book.
 const std::array databases{QStringLiteral("mapcodes.mdb"), QStringLiteral("lorvan.mdb")};
 
 [[noreturn]] void fail(const QString& path, const QString& reason)
@@ -34,7 +34,7 @@ const std::array databases{QStringLiteral("mapcodes.mdb"), QStringLiteral("lorva
     throw RestoreUnfinished(QStringLiteral("%1: %2").arg(path, reason).toStdString());
 }
 
-/// An old database, shut for everyone, so that no change is under way while it is put aside. A damaged one cannot be
+/// An old database, locked exclusively so that no change is under way while it is put aside. A damaged one cannot be
 /// opened, and nobody works with it.
 class ShutDatabase {
 public:
@@ -57,7 +57,7 @@ private:
     std::unique_ptr<Transaction> m_lock;
 };
 
-/// The names of the two folders that a decided restore works with.
+/// The names of the two folders that a decided restore uses.
 struct Record {
     QString aside;
     QString staged;
@@ -89,7 +89,7 @@ public:
 
     void finish() const
     {
-        m_data.sync(); // before anything moves, the decision stands on the disk
+        m_data.sync(); // before anything moves, the decision must be on the disk
         putOldAside();
         for (const QString& name : databases) {
             if (isStaged(name))
@@ -108,7 +108,7 @@ public:
 private:
     [[nodiscard]] bool isStaged(const QString& name) const { return m_staged && m_staged->isFile(name); }
 
-    /// Only what the new file has not replaced yet is old. A journal goes first: it must never meet the new file.
+    /// Only files that have not been replaced yet are old. A journal goes first: it must never meet the new file.
     void putOldAside() const
     {
         if (!isStaged(databases.back()))
@@ -128,7 +128,7 @@ private:
         }
         aside.sync();
         m_data.sync();
-        m_data.removeEmpty(m_record.aside); // stays when there was anything to put there
+        m_data.removeEmpty(m_record.aside); // stays if anything was put there
     }
 
     void moveAside(const QString& name, const Folder& aside) const
@@ -139,7 +139,7 @@ private:
         }
     }
 
-    /// The marker itself stays: it keeps the others out meanwhile. The copy is free.
+    /// The marker itself stays: it keeps the others out in the meantime. The copy is free.
     void copyMarker(const Folder& aside) const
     {
         constexpr qint64 longest = 4096;
@@ -152,7 +152,7 @@ private:
         aside.replace(markerName, marker);
     }
 
-    /// A link or the like in its place is none of ours.
+    /// A link or the like in its place is not ours.
     void freeMarker() const
     {
         if (m_data.kindOf(markerName) == Folder::Kind::Other)
@@ -168,7 +168,7 @@ private:
     std::optional<Folder> m_staged;
 };
 
-/// Also where the system says that a name could not be given, and gave it nevertheless.
+/// True also if the system reported that the file could not be renamed although it was.
 bool isDecided(const Folder& data, const QByteArray& record)
 {
     try {
@@ -211,7 +211,7 @@ void finishRestore(const BookFiles& book)
             FileLock lock(data, recordName, FileLock::Missing::Refuse, patience);
             PendingRestore(data, read(lock.file())).finish();
         } catch (const LockRefused&) {
-            if (data.exists(recordName)) // otherwise somebody else has finished it meanwhile
+            if (data.exists(recordName)) // otherwise somebody else has finished it in the meantime
                 throw;
         }
     } catch (const RestoreUnfinished&) {

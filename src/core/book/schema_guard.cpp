@@ -61,7 +61,7 @@ QString quoted(const QString& name)
     return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"';
 }
 
-/// The name at the beginning of a text, as the engine writes it into its schema.
+/// The name at the start of a text, in the form that the engine writes into its schema.
 QString nameAt(const QString& text)
 {
     static const QString openers = QStringLiteral("\"`'[");
@@ -79,7 +79,7 @@ QString nameAt(const QString& text)
     return name;
 }
 
-/// The engine goes by the text of the statement alone, so a row that says otherwise is of no known kind.
+/// The engine goes only by the text of the statement, so a row that contradicts it is of no known kind.
 Kind kindOf(const QString& type, const QString& name, const QString& sql)
 {
     struct Form {
@@ -143,8 +143,8 @@ bool computes(Connection& connection, const QString& schema, const QString& inde
     return false;
 }
 
-/// Whether a table's statement has one of these words, in capitals, as a word of its own: not in a text, a quoted name
-/// or a comment. Read as the engine reads it.
+/// Whether a table's statement contains one of these words (given in capitals) as a word of its own: not in a text, a
+/// quoted name or a comment. Read as the engine reads it.
 bool saysAny(const QString& sql, const QStringList& words)
 {
     static const QRegularExpression pieces(
@@ -159,7 +159,7 @@ bool saysAny(const QString& sql, const QStringList& words)
     return false;
 }
 
-/// What stands in a column that is not given when a row is added: a number or a text, nothing that is worked out.
+/// A column's default value: a number or a text, not an expression.
 bool isLiteral(const QString& standard)
 {
     static const QRegularExpression literal(QStringLiteral("^(?:|NULL|[-+]?[0-9]+(?:\\.[0-9]*)?|'(?:[^']|'')*')$"),
@@ -219,7 +219,7 @@ private:
         return texts(m_connection, QStringLiteral("PRAGMA %1.table_info(%2)").arg(quoted(m_schema), table), 1);
     }
 
-    /// The memorandum column came with the current version.
+    /// The memorandum column was added with the current version.
     [[nodiscard]] bool mayLack(const QString& column) const
     {
         if (column != QLatin1String("L_tajeos") || columnsOf(QStringLiteral("taytothta")).isEmpty()
@@ -230,7 +230,7 @@ private:
         return !row.step() || row.integer(0) < currentSchemaVersion;
     }
 
-    /// Rules of a table that swallow rows, replace others or work something out whenever a row is written.
+    /// Rules of a table that drop rows, replace others or compute something whenever a row is written.
     void judgeRules(const Object& table)
     {
         const auto pragma = [&](const char* name) {

@@ -18,14 +18,14 @@ private:
     std::int64_t m_version;
 };
 
-/// True when the main database has to be upgraded, which takes an opening balance. Reads only.
-/// Throws UnknownSchemaVersion.
+/// True if the main database has to be upgraded, which needs an opening balance. Reads only. Throws
+/// UnknownSchemaVersion.
 [[nodiscard]] bool needsUpgrade(Connection& main);
 
-/// Brings the main database from no version, 1 or 2 to the current one, all steps in one transaction. The version is
-/// read again inside it: what another computer has done meanwhile is not done twice. A column that is there already is
-/// not added again. Throws UnknownSchemaVersion, SqlError, and CurrencyOverflow when a balance leaves its range; the
-/// book is then as it was.
+/// Upgrades the main database from no version, 1 or 2 to the current one, all steps in one transaction. The version is
+/// read again inside it, so that nothing is repeated that another computer has done in the meantime. A column that
+/// exists already is not added again. Throws UnknownSchemaVersion, SqlError, and CurrencyOverflow if a balance is out
+/// of range; the book is then unchanged.
 void upgradeSchema(Connection& main, const OpeningBalance& opening, const OpeningSteps& steps);
 
 } // namespace lorvan

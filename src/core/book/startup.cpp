@@ -12,7 +12,7 @@
 namespace lorvan {
 namespace {
 
-/// The whole text reads as a number, in Greek form or with a decimal point.
+/// True if the whole text is a number, in Greek form or with a decimal point.
 bool isNumeric(const QString& text)
 {
     bool plain = false;

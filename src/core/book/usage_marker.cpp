@@ -47,7 +47,7 @@ QString nameIn(const QByteArray& field)
     return name;
 }
 
-/// Runs what may fail on the disk.
+/// Runs work on the file, turning its errors into MarkerError.
 template <typename Work> auto onMarker(const Work& work)
 {
     try {
@@ -59,7 +59,7 @@ template <typename Work> auto onMarker(const Work& work)
     }
 }
 
-/// A short or empty file yields a record of no known state.
+/// A short or empty file yields a record without a known state.
 Record recordIn(File& file)
 {
     file.seek(0);
@@ -80,7 +80,7 @@ void removeNotes(const QStringList& names)
 
 } // namespace
 
-/// The marker file, open and locked against every other process for as long as the object lives. The operations throw
+/// The marker file, open and locked against every other process for the lifetime of the object. The operations throw
 /// FileError.
 class UsageMarker::LockedFile {
 public:
@@ -130,7 +130,7 @@ std::optional<MachineIdentity> UsageMarker::guardChange()
         const Record record = file.read();
         const Record own = recordOf(inUse, m_self);
         if (record.state == inUse && record != own)
-            lose(); // an unlock may have handed it on
+            lose(); // an unlock may have let somebody else claim it
         if (!m_retired && (record.state == isFree || (m_owns && !m_isConfirmed)))
             write(file);
         if (record.state != inUse || m_owns)
@@ -139,7 +139,7 @@ std::optional<MachineIdentity> UsageMarker::guardChange()
     });
 }
 
-/// Whatever fails, the marker ends as free, or as ours to release.
+/// Whatever fails, the marker is then either free or ours to release.
 void UsageMarker::write(LockedFile& file)
 {
     if (m_note.isEmpty()) {
@@ -218,7 +218,7 @@ bool UsageMarker::heal()
             removeNotes(notes.ofTheDead);
         if (!isOurs || notes.ofTheDead.isEmpty() || !notes.ofTheLiving.isEmpty())
             return false;
-        const auto own = leaveClaimNote(file.place()); // for whoever finds it half done
+        const auto own = leaveClaimNote(file.place()); // for a start that finds it half done
         if (!own)
             return false;
         file.write(recordOf(isFree, m_self));

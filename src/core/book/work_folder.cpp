@@ -13,7 +13,7 @@ namespace {
 
 constexpr auto lockName = "lock";
 
-/// Earlier releases gave other names, and locked the folder itself.
+/// Earlier releases used other names, and locked the folder itself.
 bool wasLeftByEarlierRelease(const Folder& parent, const QString& name, const QString& prefix)
 {
     static const QRegularExpression ending(QStringLiteral("\\A[0-9A-Za-z]{6}\\z"));
@@ -39,7 +39,7 @@ QStringList removeAllBut(const QStringList& wanted, const Folder& folder)
 
 } // namespace
 
-/// Whoever clears up may take a folder for abandoned before its lock is there: then another one is made.
+/// A clean-up may consider the folder abandoned before it is locked: then another one is made.
 WorkFolder::WorkFolder(const Folder& parent, const QString& prefix)
     : m_parent(parent)
 {
@@ -64,7 +64,7 @@ WorkFolder::~WorkFolder()
         remove();
         m_parent.sync();
     } catch (const std::exception&) {
-        // The next one that is made here removes it.
+        // The next folder made here removes it.
     }
 }
 
@@ -81,11 +81,12 @@ void WorkFolder::remove()
 
 QStringList WorkFolder::keepAs(const QString& newName, const QStringList& wanted)
 {
-    const QString lock = QLatin1String(lockName); // stays until then: without it this might be taken for abandoned
+    const QString lock =
+        QLatin1String(lockName); // stays until then: without it this folder might be considered abandoned
     (void)removeAllBut(wanted + QStringList(lock), *m_folder);
     m_parent.rename(name(), m_parent, newName, Folder::Taken::Replace);
     m_isKept = true;
-    m_lock.reset(); // some shares give a file that is removed while it is open a name of their own
+    m_lock.reset(); // some shares rename a file that is removed while it is open
     QStringList staying;
     try {
         staying = removeAllBut(wanted, *m_folder);
@@ -117,7 +118,7 @@ void WorkFolder::removeIfAbandoned(
         if (!mayGo || mayGo(name))
             parent.removeTree(name);
     } catch (const std::exception&) {
-        // In use, or none of ours.
+        // In use, or not ours.
     }
 }
 

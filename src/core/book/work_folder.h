@@ -8,9 +8,9 @@
 
 namespace lorvan {
 
-/// A hidden folder of this object's own, for its owner alone, under a name that nobody can guess. A file in it is
-/// locked as long as the object lives, so that one whose program was killed is told from one in use. It goes with the
-/// object, with all that is in it, unless it is kept.
+/// A hidden temporary folder, for its owner only, whose name nobody can guess. A file in it is locked for the lifetime
+/// of the object, so that a folder whose program was killed can be told from one in use. It is removed with all its
+/// contents when the object is destroyed, unless it is kept.
 class WorkFolder {
 public:
     /// The name is `prefix` and 16 hexadecimal digits. Throws FileError, LockRefused.
@@ -23,22 +23,22 @@ public:
     [[nodiscard]] QString name() const;
 
     void keep() { m_isKept = true; }
-    /// Removes from it what is not `wanted`, gives it another name in its parent, that of an empty folder or a free
-    /// one, and keeps it; the name is not yet confirmed. Returns what is in it that could not be removed. Throws
-    /// FileError; it is then where it was.
+    /// Keeps the folder: removes everything from it that is not `wanted` and renames it, inside its parent, to a name
+    /// that is free or belongs to an empty folder; the new name is not yet confirmed. Returns those of its contents
+    /// that could not be removed. Throws FileError; the folder then has its old name.
     [[nodiscard]] QStringList keepAs(const QString& newName, const QStringList& wanted);
     /// Throws FileError.
     void remove();
 
-    /// For folders that only this computer may take for abandoned: `purpose`, the computer's name and "-".
+    /// For folders that only this computer may consider abandoned: `purpose`, the computer's name and "-".
     [[nodiscard]] static QString prefixHere(const QString& purpose);
-    /// True for what can be the name of a work folder.
+    /// True if a work folder can have that name.
     [[nodiscard]] static bool isName(const QString& name, const QString& prefix);
-    /// Removes those of killed programs, of earlier releases too, as far as the system lets us. `mayGo` is asked for
-    /// each once it is locked.
+    /// Removes the folders of killed programs, those of earlier releases too, as far as the system lets us. Each is
+    /// locked first, and `mayGo` is then asked whether it may be removed.
     static void removeAbandoned(const Folder& parent, const QString& prefix,
         const std::function<bool(const QString& name)>& mayGo = {}) noexcept;
-    /// One folder, if nobody holds the lock in it.
+    /// The same for a single folder.
     static void removeIfAbandoned(
         const Folder& parent, const QString& name, const std::function<bool(const QString& name)>& mayGo = {}) noexcept;
 
