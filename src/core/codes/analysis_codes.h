@@ -10,11 +10,11 @@ namespace lorvan {
 
 class Connection;
 
-/// Every movement code, inactive ones included, as a box holds it once it is chosen: its tag is the bare code. In the
-/// Greek order of the descriptions. Throws SqlError.
+/// Every movement code, inactive ones included, in the form that a box has once the code is chosen: the tag is only the
+/// code. In the Greek order of the descriptions. Throws SqlError.
 [[nodiscard]] std::vector<CodeBox> listCodeBoxes(Connection& main);
 
-/// How the screen counts: groups from 1, the boxes through all groups from 0.
+/// As counted on the screen: groups from 1, boxes from 0 through all groups.
 inline constexpr int analysisGroupCount = 4;
 inline constexpr int boxesOfGroup = 2;
 
@@ -23,7 +23,7 @@ inline constexpr int boxesOfGroup = 2;
     return (group - 1) * boxesOfGroup;
 }
 
-/// What stands above a box.
+/// The caption above a box.
 [[nodiscard]] inline QString captionOfBox(int box)
 {
     return box % boxesOfGroup == 0 ? QStringLiteral("Κωδ. εσόδου ομάδας") : QStringLiteral("Κωδ. εξόδου ομάδας");

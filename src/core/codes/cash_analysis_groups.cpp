@@ -10,7 +10,7 @@ Setting titleSetting(std::size_t group, const QString& title = {})
     return {QStringLiteral("AnalyshFRM"), QStringLiteral("Omada%1").arg(group + 1), title};
 }
 
-/// The boxes are numbered through all groups. Their section has a name of its own.
+/// The boxes are numbered through all groups, in a section of their own.
 Setting boxSetting(std::size_t group, std::size_t box, const QString& text = {})
 {
     return {QStringLiteral("AnakyshFRM"), QString::number(2 * group + box) + QStringLiteral("Kvd"), text};

@@ -14,11 +14,11 @@ struct MovementCode {
     qint32 code = 0;
     QString description;
     QString listLine; ///< The stored display line: the code in 5 characters, a blank, the description.
-    qint32 group = 0; ///< 0 without a group.
+    qint32 group = 0; ///< 0 if it has no group.
     bool income = false;
     bool active = true;
-    QString groupName = {}; ///< The group's name when it was last written here; a blank after its deletion.
-    qint64 row = 0; ///< Names the row for as long as it is there.
+    QString groupName = {}; ///< The group's name as last written here; a blank after the group was deleted.
+    qint64 row = 0; ///< Identifies the row as long as it exists.
 };
 
 struct CodeGroup {
@@ -28,16 +28,16 @@ struct CodeGroup {
 
 enum class CodeSelection { Active, All };
 
-/// The codes by number; codes of one number in the order in which they were entered.
+/// The codes by number; codes with the same number in the order in which they were entered.
 [[nodiscard]] std::vector<MovementCode> listCodes(Connection& main, CodeSelection selection);
 
-/// The first code of that number in the selection.
+/// The first code with that number in the selection.
 [[nodiscard]] std::optional<MovementCode> findCode(Connection& main, qint32 code, CodeSelection selection);
 
 /// The code in that row.
 [[nodiscard]] std::optional<MovementCode> readCode(Connection& main, qint64 row);
 
-/// The codes of a group, or those without one for 0, by number.
+/// The codes of a group, or with 0 those without a group, by number.
 [[nodiscard]] std::vector<MovementCode> listCodesOfGroup(Connection& main, qint32 group);
 
 /// The groups in the order in which they were entered.

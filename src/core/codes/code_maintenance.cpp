@@ -33,7 +33,7 @@ MovementCode rowOf(const CodeEntry& entry, qint32 code, qint32 group)
         entry.active, entry.group.isNull() ? QStringLiteral("") : entry.group};
 }
 
-/// The row to be added, if the entry may be added.
+/// The row to be added, if the entry is accepted.
 std::variant<MovementCode, CodeRefusal> checkInsertion(Connection& main, const CodeEntry& entry)
 {
     const QString description = entry.description.trimmed();
@@ -58,7 +58,7 @@ void giveGroupToMovements(Connection& main, qint32 code, qint32 group)
 {
     auto other = main.prepare("SELECT 1 FROM kinhseis WHERE kvdikos=? AND aa_omada IS NOT ? LIMIT 1");
     other.bind(code, group);
-    if (other.step()) // a new description of a much used code rewrites no movement
+    if (other.step()) // so that a new description of a frequently used code rewrites no movement
         main.prepare("UPDATE kinhseis SET aa_omada=? WHERE kvdikos=?").bind(group, code).run();
 }
 

@@ -55,7 +55,7 @@ CopiedBook deleteAllData(const BookFiles& files, KeyRing& keys, const QDateTime&
         if (hasTable(book, table))
             book.execute(QStringLiteral("DELETE FROM main.%1").arg(table).toStdString());
     }
-    copy.keep(); // should the commit fail halfway, the copy may be needed
+    copy.keep(); // if the commit fails halfway, the copy may be needed
     transaction.commit();
     return {copy.mainDatabase(), copy.auxiliaryDatabase()};
 }

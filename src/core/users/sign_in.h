@@ -8,7 +8,7 @@ namespace lorvan {
 
 class Connection;
 
-/// What a user may do besides looking, printing, and working on open days.
+/// What a user may do beyond viewing, printing, and working on open days.
 struct Rights {
     bool modifyCash = false; ///< Change the movements of closed days too.
     bool closeCash = false; ///< Close a cash day.
@@ -22,11 +22,11 @@ struct UserSession {
     Rights rights;
 };
 
-/// True for the built-in administrator: the name in any letter case, the password exactly.
+/// True for the built-in administrator: the name matches in any letter case, the password exactly.
 [[nodiscard]] bool isBuiltInAdministrator(const QString& name, const QString& password);
 
-/// The first user whose name and password are these, letter case ignored, blanks counting as typed; empty when there is
-/// none. Reads the auxiliary database.
+/// The first user with this name and password, ignoring letter case, with blanks counting as typed; no value if there
+/// is none. Reads the auxiliary database.
 [[nodiscard]] std::optional<UserSession> signIn(Connection& auxiliary, const QString& name, const QString& password);
 
 } // namespace lorvan
