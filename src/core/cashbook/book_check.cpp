@@ -26,7 +26,7 @@ bool isAmount(const Statement& row, int column)
     return type == Statement::StoredType::Integer || type == Statement::StoredType::Null;
 }
 
-/// The rows whose date is a whole number, and a finding for each without a date.
+/// The rows whose date is an integer, and a finding for each row without a date.
 std::vector<CashDayRow> readCashDays(Connection& book, BookFindings& findings)
 {
     std::vector<CashDayRow> days;
@@ -126,13 +126,13 @@ BookTotals totalsOf(Connection& book, const MovementTotals& movements)
     return totals;
 }
 
-/// True for what the engine says of a file that is there and does not read as it should.
+/// True for an error of the engine that means that the file exists but its content is wrong.
 bool tellsOfDamage(const SqlError& error)
 {
     switch (error.kind()) {
     case SqlError::Kind::Damaged:
     case SqlError::Kind::NotADatabase:
-    case SqlError::Kind::Other: // a page that is not authentic, met by the check itself
+    case SqlError::Kind::Other: // a page that is not authentic, found by the check itself
         return true;
     default:
         return false;
@@ -169,8 +169,8 @@ void addTexts(BookFindings& findings, FindingKind kind, const QStringList& texts
     }
 }
 
-/// The engine tells a page that the disk does not hand out as damage too. So a file that it complains of is read whole,
-/// which throws then, and checked again.
+/// The engine also reports a page that the disk cannot read as damaged. So if it complains about a file, the whole file
+/// is read, which throws in that case, and then checked again.
 void checkFile(BookFindings& findings, Connection& book, const QString& schema, const QString& name)
 {
     QStringList complaints = complaintsAbout(book, schema);
@@ -196,7 +196,7 @@ BookFindings checkSchemas(Connection& book)
     return findings;
 }
 
-/// A file in a folder that others may not enter is out of their reach.
+/// Others cannot reach a file in a folder that they may not enter.
 bool othersMayRead(const QString& path)
 {
     struct stat file { };
@@ -220,7 +220,7 @@ std::int64_t estimatedMovements(Connection& book)
     try {
         return rowsOf(book, "SELECT max(aa) FROM kinhseis");
     } catch (const SqlError&) {
-        return 0; // the check will say what is wrong
+        return 0; // the check will report what is wrong
     }
 }
 
@@ -232,7 +232,7 @@ BookFindings checkFiles(Connection& book, const CheckProgress& progress)
     checkAccess(findings, book);
     if (findings.count(FindingKind::SchemaUnreadable) > 0)
         return findings;
-    // The engine says how far it is in steps of its own: so many calls for a row that has two indexes.
+    // The engine reports progress in steps of its own: so many calls for a row that has two indexes.
     constexpr std::int64_t rowsForACall = 2200;
     const std::int64_t whole = estimatedMovements(book);
     std::int64_t calls = 0;

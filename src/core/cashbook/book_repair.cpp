@@ -48,15 +48,15 @@ void repairDay(Connection& book, const AuditedDay& day, BookRepair& repair)
     }
 }
 
-/// Takes the right to write the main database, and keeps others from writing the auxiliary one. It is not written, and
-/// a commit of both files would leave one more file behind where the disk is full.
+/// Takes the write lock on the main database, and keeps others from writing the auxiliary one. That one is not written:
+/// a commit of both files would leave an additional file behind if the disk is full.
 void shutOutWriters(Connection& book)
 {
     book.execute("UPDATE main.tameio SET aa=aa WHERE 0");
     (void)book.prepare("SELECT count(*) FROM auxiliary.codes").step();
 }
 
-/// The copy stays, except where the disk is full: the engine has undone everything then, and the room is needed.
+/// The copy stays, except if the disk is full: then the engine has undone everything, and the space is needed.
 void commit(Transaction& transaction, BookCopy& copy)
 {
     try {

@@ -14,7 +14,7 @@ Currency effect(const MovementDraft& movement)
     return movement.income - movement.expense;
 }
 
-/// Rebuilds the row of a day from its movements and moves the later days. Inside the caller's transaction.
+/// Recalculates the row of a day from its movements and shifts the later days. Inside the caller's transaction.
 DayView settleDay(Connection& main, QDate day, Currency difference)
 {
     DayView view = readDay(main, day);
@@ -98,7 +98,7 @@ std::optional<Movement> CashBook::find(qint64 key)
 ChangeOutcome CashBook::insert(const MovementDraft& draft)
 {
     Connection& main = m_book.main();
-    // The shared lock on the closed days is kept to the end, so that the day cannot be closed in between.
+    // The shared lock on the closed days is held to the end, so that the day cannot be closed in the meantime.
     Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
     Transaction writing(main);
     if (!mayChange(draft.day))

@@ -8,13 +8,13 @@ namespace lorvan {
 class Connection;
 struct CashDayFigures;
 
-/// True when the day's cash is closed for good.
+/// True if the day's cash has been closed for good.
 [[nodiscard]] bool isClosed(Connection& auxiliary, QDate day);
 
-/// Closes the day's cash; a day that is closed already stays as it is. One transaction. True when the day was open.
+/// Closes the day's cash; does nothing if it is already closed. One transaction. Returns true if the day was open.
 bool closeDay(Connection& auxiliary, QDate day);
 
-/// Cash days that are not closed; `since` is the first of them, invalid when there is none.
+/// Cash days that are not closed; `since` is the first of them, invalid if there are none.
 struct OpenDays {
     int count = 0;
     QDate since;
@@ -22,10 +22,10 @@ struct OpenDays {
     friend bool operator==(const OpenDays&, const OpenDays&) = default;
 };
 
-/// Those before `day`. The days are read once, by their indexes. Throws SqlError.
+/// The open days before `day`. Each day is read once, through the indexes. Throws SqlError.
 [[nodiscard]] OpenDays openDaysBefore(Connection& main, Connection& auxiliary, QDate day);
 
-/// What somebody should know before closing the day: its figures, and which days before it were forgotten.
+/// What the user should know before closing the day: its figures, and which earlier days were not closed.
 [[nodiscard]] QString closingText(QDate day, const CashDayFigures& figures, const OpenDays& before);
 
 } // namespace lorvan

@@ -17,29 +17,29 @@ struct CashDayFigures {
     friend bool operator==(const CashDayFigures&, const CashDayFigures&) = default;
 };
 
-/// The balance that a day starts from. The day is invalid when no earlier cash day exists.
+/// The balance that a day starts with. The day is invalid if there is no earlier cash day.
 struct CarriedBalance {
     QDate fromDay;
     Currency balance;
-    Currency difference = {}; ///< Of the opening, contained in the balance.
+    Currency difference = {}; ///< The opening differences contained in the balance.
 };
 
-/// The closing balance of the latest cash day strictly before `day`, zero where there is none, with the opening
-/// differences of the days after that one up to and including `day`: index look-ups. Throws CurrencyOverflow.
+/// The closing balance of the latest cash day before `day`, or zero if there is none, plus the opening differences of
+/// the days after that one up to and including `day`. Uses indexes only. Throws CurrencyOverflow.
 [[nodiscard]] CarriedBalance carriedBalance(Connection& main, QDate day);
 
-/// Writes the day's row, making it if there is none. Returns false, writing nothing, when the row holds these figures
-/// already. Runs inside the caller's transaction.
+/// Writes the day's row, adding it if there is none. If the row already holds these figures, writes nothing and returns
+/// false. Runs inside the caller's transaction.
 bool writeCashDay(Connection& main, QDate day, const CashDayFigures& figures);
 
-/// True when the day's row exists and holds these figures.
+/// True if the day's row exists and holds these figures.
 [[nodiscard]] bool cashDayHolds(Connection& main, QDate day, const CashDayFigures& figures);
 
-/// Adds `difference` to the closing balance of every cash day after `day`, with one statement; none for a difference of
-/// zero. Runs inside the caller's transaction. Throws CurrencyOverflow when a balance would leave its range.
+/// Adds `difference` to the closing balance of every cash day after `day`, with one statement; does nothing if it is
+/// zero. Runs inside the caller's transaction. Throws CurrencyOverflow if a balance would be out of range.
 void shiftLaterDays(Connection& main, QDate day, Currency difference);
 
-/// As shiftLaterDays(), but leaves the days from `before` on alone.
+/// The same, but only up to the day before `before`.
 void shiftDaysBetween(Connection& main, QDate day, QDate before, Currency difference);
 
 } // namespace lorvan

@@ -18,12 +18,13 @@ std::optional<Currency> difference(Currency left, Currency right)
     }
 }
 
-/// A day that has a row, and how far its stored balance is from the sum of all movements up to it.
+/// A day that has a row, and by how much its stored balance differs from the sum of all movements up to it.
 struct StoredDay {
     AuditedDay* day;
     Currency sum; ///< Of all movements and opening differences up to the day.
-    Currency withoutRow; ///< Of the days without a row since the stored day before.
-    std::optional<Currency> offset; ///< Nothing for a balance that is no amount, or too far away to be one.
+    Currency withoutRow; ///< Of the days without a row since the previous stored day.
+    /// No value if the balance is not an amount, or the difference would be out of range.
+    std::optional<Currency> offset;
 };
 
 std::vector<AuditedDay> daysByDate(std::vector<CashDayRow> rows, const SumsByDay& sums)
@@ -51,7 +52,7 @@ std::vector<AuditedDay> daysByDate(std::vector<CashDayRow> rows, const SumsByDay
     return ordered;
 }
 
-/// Fills in the balances from zero on, and yields the days that have a row.
+/// Calculates the balances, starting at zero, and returns the days that have a row.
 std::vector<StoredDay> carryBalances(std::vector<AuditedDay>& days, const OpeningDifferences& differences)
 {
     std::vector<StoredDay> stored;
@@ -74,8 +75,8 @@ std::vector<StoredDay> carryBalances(std::vector<AuditedDay>& days, const Openin
     return stored;
 }
 
-/// True when the day's balance was carried, but with other sums than the movements': those that its row holds, or
-/// without the days before it that have no row.
+/// True if the day's balance was carried, but with other sums than the movements': with those in its row, or without
+/// the preceding days that have no row.
 bool isAccountedFor(const StoredDay& day, Currency balanceBefore)
 {
     const auto carried = difference(day.day->row->figures.closingBalance, balanceBefore);
@@ -87,7 +88,7 @@ bool isAccountedFor(const StoredDay& day, Currency balanceBefore)
     return byStoredSums || carried == net;
 }
 
-/// The offset that the last balances have, without the steps that stored sums or missing rows account for.
+/// The offset of the last balances, ignoring those steps that stored sums or missing rows explain.
 Currency finalOffset(const std::vector<StoredDay>& days)
 {
     auto at = days.rbegin();
@@ -108,12 +109,12 @@ Currency finalOffset(const std::vector<StoredDay>& days)
     return {};
 }
 
-/// The position from which on the offset counts: the one with which the fewest balances are wrong, the latest of those.
+/// The position from which the offset applies: the one for which the fewest balances are wrong, the latest if several.
 std::size_t firstWithOffset(const std::vector<StoredDay>& days, Currency offset)
 {
     if (offset.isZero())
         return days.size();
-    std::ptrdiff_t wrong = 0; // compared to an offset that counts nowhere
+    std::ptrdiff_t wrong = 0; // compared with an offset that applies nowhere
     std::ptrdiff_t fewest = 0;
     std::size_t best = days.size();
     for (std::size_t i = days.size(); i-- > 0;) {
@@ -127,8 +128,8 @@ std::size_t firstWithOffset(const std::vector<StoredDay>& days, Currency offset)
     return best;
 }
 
-/// Days before it that hold the very balance of the opening day, all of them without a carried one. Days between them
-/// may be carried from the day before: somebody has looked at them.
+/// The first of the preceding days that hold exactly the balance of the opening day, none of them carried. Days between
+/// them may have been carried from the day before: somebody has looked at them.
 std::size_t firstWithSameBalance(const std::vector<StoredDay>& days, std::size_t opening)
 {
     const auto balance = [&](std::size_t i) { return days[i].day->row->figures.closingBalance; };
@@ -155,7 +156,7 @@ void applyOpening(std::vector<AuditedDay>& days, const std::vector<StoredDay>& s
         day->expected.closingBalance += offset;
 }
 
-/// By what the balances as they should be go beyond the movements.
+/// The amounts by which the correct balances exceed the movements.
 OpeningDifferences differencesIn(const std::vector<AuditedDay>& days)
 {
     OpeningDifferences differences;

@@ -10,16 +10,16 @@
 
 namespace lorvan {
 
-/// A row of tameio as it is stored.
+/// A row of tameio as stored.
 struct CashDayRow {
     std::int64_t key = 0;
     std::int64_t day = 0;
     CashDayFigures figures;
-    bool sumsAreAmounts = true; ///< False for a text or a fraction; NULL is an amount of zero.
+    bool sumsAreAmounts = true; ///< False for a text or a fraction; NULL counts as zero.
     bool balanceIsAmount = true;
 };
 
-/// What the movements of a day add up to.
+/// The sums of a day's movements.
 struct DaySums {
     Currency income;
     Currency expense;
@@ -27,33 +27,34 @@ struct DaySums {
 
 using SumsByDay = std::unordered_map<std::int64_t, DaySums>;
 
-/// A cash day with the row that the program reads, the last of its date, and what it should hold.
+/// A cash day with the row that the program reads (the last with its date), and what that row should hold.
 struct AuditedDay {
     std::int64_t day = 0;
     std::optional<CashDayRow> row;
-    std::vector<std::int64_t> repeatedKeys; ///< Further rows of the same date.
+    std::vector<std::int64_t> repeatedKeys; ///< Further rows with the same date.
     CashDayFigures expected;
-    bool sumsWrong = false; ///< Of the row, where there is one.
+    bool sumsWrong = false; ///< In the row, if there is one.
     bool balanceWrong = false;
 };
 
 struct CashDayAudit {
-    std::vector<AuditedDay> days; ///< In the order of their dates, one for each.
-    OpeningDifferences differences; ///< Those kept in the book, or what its balances show of an opening.
+    std::vector<AuditedDay> days; ///< Sorted by date, one for each date.
+    OpeningDifferences differences; ///< Those recorded in the book, or those that its balances suggest.
     bool differencesAreKept = false;
 };
 
-/// Holds the cash days against the movements and the opening differences. A day's balance should be the one before it
-/// plus the day's movements, from zero on, and from the day of an opening difference on that much more.
+/// Compares the cash days with the movements and the opening differences. A day's balance should be the previous one
+/// plus the day's movements, starting at zero; an opening difference is added from its day on.
 ///
-/// Where none is `kept`, the end of the book tells whether there is one: what its last balances differ by. It is none
-/// where the stored sums of the day on which it begins, or days that have no row, account for it: then movements have
-/// been changed without their cash days, and later balances are to be shifted. Days from the opening day on that hold
-/// one and the same balance are as earlier releases' upgrade to version 3 has left them and count as right, and so do
-/// those between them that a look has computed anew; each gets the difference by which it does.
+/// If none are recorded (`kept`), the end of the book shows whether there is one: it is the amount by which the last
+/// balances are off. It does not count as an opening difference if it can be explained by the stored sums of the day on
+/// which it begins, or by days that have no row: then movements have been changed without their cash days, and the
+/// later balances must be shifted. Earlier releases' upgrade to version 3 gave all days from the opening day on the
+/// same balance; such days count as correct, and so do days between them whose balance was calculated anew because
+/// somebody looked at them. Each gets its own difference.
 ///
-/// `rows` in any order. A date that is none gets no row where it has none. Throws CurrencyOverflow when what the
-/// movements add up to, or a balance as it should be, is no amount.
+/// `rows` may be in any order. An invalid date gets no row if it has none. Throws CurrencyOverflow if the sum of the
+/// movements, or a correct balance, is out of range.
 [[nodiscard]] CashDayAudit auditCashDays(
     std::vector<CashDayRow> rows, const SumsByDay& sums, const OpeningDifferences& kept);
 

@@ -7,25 +7,26 @@
 
 namespace lorvan {
 
-/// An entry that a click or Escape has cleared, kept so that it can be brought back.
+/// An entry cleared by a click or Escape, kept so that it can be restored.
 struct ClearedEntry {
     EntryContent typed;
-    std::optional<Movement> loaded; ///< The movement that was loaded, as it was read then.
+    std::optional<Movement> loaded; ///< The movement that was loaded, as read at that time.
 };
 
-/// How a cleared entry comes back, or why it does not.
+/// How a cleared entry is restored, or why it is not.
 enum class EntryReturn {
-    Typed, ///< Into the empty fields.
-    Loaded, ///< The movement is loaded again, with what was typed.
+    Typed, ///< Restored into the empty fields.
+    Loaded, ///< The movement is loaded again, with what the user had typed.
     MovementIsGone,
-    MovementIsAnother, ///< Its row is not what was loaded.
-    DayIsClosed, ///< The user may not change the movement's day any more.
+    MovementIsAnother, ///< Its row is no longer what was loaded.
+    DayIsClosed, ///< The user may no longer change the movement's day.
 };
 
-/// `stored` is the row with the loaded movement's key, if it is there; `mayChange` whether its day may be changed.
+/// `stored` is the row with the loaded movement's key, if there is one; `mayChange` says whether its day may be
+/// changed.
 [[nodiscard]] EntryReturn returnOf(const ClearedEntry& entry, const std::optional<Movement>& stored, bool mayChange);
 
-/// Says why an entry does not come back; empty for one that does.
+/// Says why an entry is not restored; empty if it is.
 [[nodiscard]] QString returnRefusalText(EntryReturn outcome);
 
 } // namespace lorvan

@@ -24,25 +24,27 @@ inline constexpr int length =
     numberWidth + 1 + codeWidth + 1 + descriptionWidth + memorandumWidth + 2 * amountWidth + chequeWidth;
 } // namespace day_line
 
-/// The columns in which a movement is shown, left to right.
+/// The columns of a movement, left to right.
 enum class DayColumn : std::uint8_t { Number, Code, Description, Memorandum, Income, Expense, Cheque };
 inline constexpr std::size_t dayColumnCount = 7;
 
-/// A movement's own values as texts, one for each column.
+/// A movement's values as texts, one for each column.
 using DayCells = std::array<QString, dayColumnCount>;
 
-/// How much room the columns of a day need, in characters of equal width.
+/// The widths needed for the columns of a day, in characters of equal width.
 class DayWidths {
 public:
-    /// Makes the columns of row number and amounts wide enough for that row, with a blank before each amount. None is
-    /// narrower than in the line.
+    /// Widens the columns of row number and amounts if this row needs it, with a blank before each amount. No column
+    /// becomes narrower than in the line.
     void include(const DayCells& cells);
 
     [[nodiscard]] int of(DayColumn column) const { return m_columns.at(static_cast<std::size_t>(column)); }
-    [[nodiscard]] int startOf(DayColumn column) const; ///< With a blank after row number and code each.
-    [[nodiscard]] int ofLine() const; ///< Of all columns, the description's as in the line.
+    /// A blank is added after the row number and after the code.
+    [[nodiscard]] int startOf(DayColumn column) const;
+    /// Of all columns, with the description as wide as in the line.
+    [[nodiscard]] int ofLine() const;
 
-    /// What the longest description has beyond the line's column.
+    /// By how much the longest description exceeds the line's column.
     [[nodiscard]] int missingForDescription() const { return m_missing; }
 
 private:
@@ -51,7 +53,7 @@ private:
     int m_missing = 0;
 };
 
-/// One cash day as it is shown and printed: what was carried, its movements in the order of their entry, its figures.
+/// One cash day as shown and printed: the carried balance, its movements in the order of entry, and its figures.
 struct DayView {
     QDate day;
     CarriedBalance carried;
@@ -59,22 +61,22 @@ struct DayView {
     CashDayFigures figures;
 };
 
-/// Reads the day's movements by the date index and sums them exactly. Reads only. Throws CurrencyOverflow.
+/// Reads the day's movements through the date index and adds them up exactly. Reads only. Throws CurrencyOverflow.
 [[nodiscard]] DayView readDay(Connection& main, QDate day);
 
-/// The first line of the list: the carried balance with its day, or "Υπόλοιπο από την προηγούμενη " and the balance
-/// where that is zero or holds an opening difference.
+/// The first line of the list: the carried balance with its day, or "Υπόλοιπο από την προηγούμενη " and the balance if
+/// that is zero or contains an opening difference.
 [[nodiscard]] QString carriedLine(const CarriedBalance& carried);
 
-/// A movement's line of fixed width; `number` is its place in the day, from 1. Amounts that are too long lose their
+/// A movement's line of fixed width; `number` is its position in the day, from 1. Amounts that are too long lose their
 /// beginning, descriptions their end.
 [[nodiscard]] QString movementLine(const MovementDraft& movement, int number);
 
-/// The same in columns, with row number, description and amounts whole and the code as in the line. A memorandum amount
-/// of zero is empty, and so is the mark of what is no cheque.
+/// The same in columns, with row number, description and amounts uncut and the code as in the line. A memorandum amount
+/// of zero is empty, and so is the cheque mark if there is no cheque.
 [[nodiscard]] DayCells movementCells(const MovementDraft& movement, int number);
 
-/// The same movement with nothing cut: for a tooltip and for assistive tools.
+/// The same movement with nothing cut, for tooltips and assistive technology.
 [[nodiscard]] QString movementSummary(const MovementDraft& movement, int number);
 
 /// The display line stored with a movement: the line without its number.

@@ -9,12 +9,12 @@ namespace lorvan {
 
 /// What a user enters: one income or expense of a cash day. One of the two amounts is zero.
 struct MovementDraft {
-    qint32 code = 0; ///< 0: none chosen.
+    qint32 code = 0; ///< 0 if none is chosen.
     QDate day;
     QString description;
     Currency income;
     Currency expense;
-    Currency memorandum; ///< Moves no balance.
+    Currency memorandum; ///< Does not affect the balance.
     bool cheque = false;
 
     friend bool operator==(const MovementDraft&, const MovementDraft&) = default;
@@ -22,7 +22,7 @@ struct MovementDraft {
 
 /// A stored movement, a row of `kinhseis`.
 struct Movement : MovementDraft {
-    qint64 key = 0; ///< `aa`; movements of a day stand in the order of their keys.
+    qint64 key = 0; ///< `aa`; the movements of a day are in the order of their keys.
 };
 
 } // namespace lorvan

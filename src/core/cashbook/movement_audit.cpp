@@ -16,7 +16,7 @@ constexpr auto allMovements = "SELECT aa, kvdikos, hmeromhnia, esoda, ejoda, aa_
                               " FROM kinhseis NOT INDEXED";
 constexpr std::array amountColumns{Income, Expense, Memorandum};
 
-/// What is known of a code, and the movements that carry its number.
+/// A code's properties, and the movements that use its number.
 struct CodeUse {
     bool exists = false;
     bool hasOneGroup = true; ///< False when several rows of the number name different groups.
@@ -43,7 +43,7 @@ std::unordered_map<std::int64_t, CodeUse> knownCodes(Connection& book)
     return codes;
 }
 
-/// A look-up that is quick while the same key comes again and again, as it does with days.
+/// A look-up that is fast if the same key is asked for repeatedly, as with days.
 template <typename Value> class LastUsed {
 public:
     explicit LastUsed(std::unordered_map<std::int64_t, Value>& values)
@@ -57,7 +57,7 @@ public:
         bool isNew = false;
         if (!m_last || key != m_key) {
             const auto [entry, inserted] = m_values.try_emplace(key);
-            m_last = &entry->second; // an unordered map moves none of its values
+            m_last = &entry->second; // an unordered map does not move its values
             m_key = key;
             isNew = inserted;
         }

@@ -9,7 +9,7 @@ namespace lorvan {
 
 class Connection;
 
-/// Told from time to time how many rows of how many are done; the second is an estimate.
+/// Called from time to time with the number of rows done and the estimated total.
 using CheckProgress = std::function<void(std::int64_t done, std::int64_t whole)>;
 
 struct MovementTotals {
@@ -22,13 +22,13 @@ struct MovementTotals {
 
 struct MovementAudit {
     BookFindings findings;
-    SumsByDay sumsByDay; ///< By the stored whole number, also where that is no date.
+    SumsByDay sumsByDay; ///< By the stored integer, even if that is not a date.
     MovementTotals totals;
-    /// A sum left the range of amounts: no sum here means anything then.
+    /// A sum is out of range: none of the sums here means anything.
     bool sumTooLarge = false;
 };
 
-/// Reads all movements once, in the order in which they are stored, and holds each against the codes. Amounts count as
+/// Reads all movements once, in the order in which they are stored, and compares each with its code. Amounts count as
 /// the program reads them. Runs inside the caller's transaction. Throws SqlError.
 [[nodiscard]] MovementAudit auditMovements(Connection& book, const CheckProgress& progress);
 

@@ -24,7 +24,7 @@ auto contentOf(const MovementDraft& movement)
         movement.code, movement.description, movement.income, movement.expense, movement.memorandum, movement.cheque);
 }
 
-/// Of the day's movements, how many with a key after `lastKeyBefore` equal one up to it.
+/// How many of the day's movements with a key after `lastKeyBefore` equal one up to it.
 qint64 countRepeated(const std::vector<Movement>& movements, qint64 lastKeyBefore)
 {
     std::set<decltype(contentOf({}))> before;
@@ -87,7 +87,7 @@ std::optional<Refusal> MovementBatch::add(const MovementDraft& draft)
     return std::nullopt;
 }
 
-/// The days before it are right by now, so that the balance carried into it is.
+/// The days before it are correct by now, so the balance carried into it is correct.
 qint64 MovementBatch::settleDay(QDate day)
 {
     const DayView view = readDay(m_main, day);

@@ -9,7 +9,7 @@
 
 namespace lorvan {
 
-/// Why a change of movements is refused, as far as the user can put it right.
+/// Why a change of movements is refused, in cases that the user can correct.
 enum class Refusal {
     DayIsClosed, ///< The day is closed and the user may not change closed days.
     DateIsInvalid,
@@ -19,11 +19,11 @@ enum class Refusal {
     MovementIsGone, ///< Somebody else has deleted the movement.
 };
 
-/// The code with that number, if movements may carry it.
+/// The code with that number, if movements may use it.
 using CodeLookUp = std::function<std::optional<MovementCode>(qint32 code)>;
 
-/// The code of a movement whose content may be stored; otherwise the first of date, code, code still there and
-/// description that stands in the way.
+/// The code of a movement whose content may be stored; otherwise the first obstacle among date, code, code still there
+/// and description.
 [[nodiscard]] std::variant<MovementCode, Refusal> checkMovement(const MovementDraft& draft, const CodeLookUp& findCode);
 
 } // namespace lorvan

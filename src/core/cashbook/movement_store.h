@@ -10,21 +10,21 @@ namespace lorvan {
 
 class Connection;
 
-/// The rows of `kinhseis`. Functions that write run inside the caller's transaction and leave the cash days alone. All
+/// The rows of `kinhseis`. Functions that write run inside the caller's transaction and do not touch the cash days. All
 /// throw SqlError.
 
-/// The movements of a day in the order of their entry, found by the date index.
+/// The movements of a day in the order of entry, found through the date index.
 [[nodiscard]] std::vector<Movement> movementsOf(Connection& main, QDate day);
 
 [[nodiscard]] std::optional<Movement> findMovement(Connection& main, qint64 key);
 
-/// Hands over all movements in the order of their keys, one at a time.
+/// Passes all movements to `take`, one at a time, in the order of their keys.
 void forEachMovement(Connection& main, const std::function<void(const Movement&)>& take);
 
-/// Stores the description trimmed, and the display line beside it; `group` is the group number of the movement's code.
+/// Stores the description trimmed, and the display line with it; `group` is the group number of the movement's code.
 void addMovement(Connection& main, const MovementDraft& movement, qint32 group);
 
-/// As addMovement(), over an existing row; key and day stay.
+/// Like addMovement(), but overwrites an existing row; key and day are kept.
 void overwriteMovement(Connection& main, qint64 key, const MovementDraft& movement, qint32 group);
 
 void removeMovement(Connection& main, qint64 key);

@@ -16,7 +16,7 @@ namespace {
 
 using AmountByDay = std::map<std::int64_t, Currency>;
 
-/// Incomes less expenses of each day from `day` on. Dates that are none are left out.
+/// Incomes less expenses of each day from `day` on. Invalid dates are left out.
 AmountByDay netFrom(Connection& main, QDate day)
 {
     AmountByDay net;
@@ -41,7 +41,7 @@ std::vector<QDate> cashDaysFrom(Connection& main, QDate day)
     return days;
 }
 
-/// `net` without the day itself.
+/// Adds `net` only from the day after `day` on, since `balance` includes `day` itself.
 void writeBalances(Connection& main, QDate day, Currency balance, const AmountByDay& net)
 {
     auto write = main.prepare("UPDATE tameio SET ypoloipo=? WHERE hmeromhnia=?");
@@ -58,7 +58,7 @@ bool isCurrent(Connection& main)
     return main.prepare("SELECT 1 FROM taytothta WHERE ariumos=?").bind(currentSchemaVersion).step();
 }
 
-/// True when each balance is the one before it with the day's own sums, from zero on.
+/// True if each balance is the previous one plus the day's own sums, starting at zero.
 bool isCarriedFromZero(Connection& main)
 {
     Currency balance;
@@ -98,7 +98,7 @@ void adoptOpeningBalance(Connection& main)
         if (!isCurrent(main) || isCarriedFromZero(main))
             return;
     } catch (const CurrencyOverflow&) {
-        return; // what is so far apart is damage
+        return; // so large a difference is damage
     }
     const CashAudit audit = auditCash(main, [](std::int64_t, std::int64_t) {});
     if (needsNothingElse(audit) && !audit.days->differencesAreKept)

@@ -9,19 +9,19 @@ namespace lorvan {
 
 class Connection;
 
-/// Makes `amount` the cash at the end of `day`: keeps what it differs by as the day's opening difference, gives the
-/// day's row, if there is one, the amount, and each later cash day the amount with the movements after `day` up to it.
-/// An earlier answer for that day or a later one no longer counts. Runs inside the caller's transaction. Throws
-/// SqlError and CurrencyOverflow.
+/// Makes `amount` the cash at the end of `day`: records the discrepancy as the day's opening difference, sets the
+/// balance of the day's row, if there is one, to the amount, and that of each later cash day to the amount plus the
+/// movements after `day` up to that day. An earlier answer for the same or a later day is dropped. Runs inside the
+/// caller's transaction. Throws SqlError and CurrencyOverflow.
 void setOpeningBalance(Connection& main, QDate day, Currency amount);
 
-/// For a book that was upgraded when the opening balance stood in the balances alone: keeps as opening differences what
-/// its balances are beyond its movements. Only where nothing else is wrong with its cash days, so that no balance
-/// changes; of a book of an older schema version nothing is kept. Reads the cash days, and all movements only where the
-/// balances are not carried from zero. Runs inside the caller's transaction. Throws SqlError.
+/// For a book that was upgraded when the opening balance was visible only in the balances: records as opening
+/// differences what its balances exceed its movements by. Only if nothing else is wrong with its cash days, so that no
+/// balance changes; nothing is recorded in a book of an older schema version. Reads the cash days, and all movements
+/// only if the balances are not carried from zero. Runs inside the caller's transaction. Throws SqlError.
 void adoptOpeningBalance(Connection& main);
 
-/// The two for those who make and upgrade the tables.
+/// The two functions above, for the code that makes and upgrades the tables.
 [[nodiscard]] const OpeningSteps& openingSteps();
 
 } // namespace lorvan

@@ -6,7 +6,7 @@
 namespace lorvan {
 namespace {
 
-/// Asked with each day that is shown, after its balance was read.
+/// Called for each day that is shown, after its balance was read.
 bool isKept(const Connection& main)
 {
     return main.knowsTable(openingDifferenceTable);

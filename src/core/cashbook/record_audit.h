@@ -6,7 +6,7 @@ namespace lorvan {
 
 class Connection;
 
-/// Codes and groups, closed days, users and the version: everything but movements and cash days. `book` has the
+/// Checks codes and groups, closed days, users and the version: everything but movements and cash days. `book` has the
 /// auxiliary database attached. Runs inside the caller's transaction. Throws SqlError.
 [[nodiscard]] BookFindings auditRecords(Connection& book);
 
