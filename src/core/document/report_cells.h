@@ -7,16 +7,16 @@
 
 namespace lorvan {
 
-/// A paragraph of its own that leaves an empty line; inside a paragraph it breaks the line.
+/// As a paragraph of its own, an empty line; inside a paragraph, a line break.
 inline constexpr QStringView lineBreak = u"\r";
 
-/// A row's number right-aligned in four characters; from 10,000 on it is longer.
+/// A row's number, right-aligned in four characters; longer from 10,000 on.
 [[nodiscard]] QString numberCell(int number);
 
-/// The amount format, a blank for zero. (For "0" there is amountOrZeroText.)
+/// The amount format, but a blank for zero. (For "0" use amountOrZeroText().)
 [[nodiscard]] QString amountOrBlankText(Currency amount);
 
-/// Without grouping and with no more decimals than it has: 1250,5.
+/// Without grouping and with as few decimals as possible: 1250,5.
 [[nodiscard]] QString plainAmountText(Currency amount);
 
 /// d/M/yyyy; empty for an invalid date.
@@ -25,7 +25,7 @@ inline constexpr QStringView lineBreak = u"\r";
 /// The weekday's full name, properly spelled: "Σάββατο". Empty for an invalid date.
 [[nodiscard]] QString weekdayName(QDate date);
 
-/// The weekday in two letters before the date: "Σά 16-03-2024".
+/// The weekday in two letters followed by the date: "Σά 16-03-2024".
 [[nodiscard]] QString weekdayDateText(QDate date);
 
 } // namespace lorvan

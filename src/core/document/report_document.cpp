@@ -117,7 +117,7 @@ void ReportDocument::addRow(const QString& format, const CellTexts& body, Report
     finishItem(Kind::Row, shade);
 }
 
-/// Reads a format only where it is not the one of the row before.
+/// Parses a format only if it differs from that of the previous row.
 void ReportDocument::useFormat(const QString& format)
 {
     if (m_next.columns >= 0 && format == m_format)
@@ -141,7 +141,7 @@ void ReportDocument::finishItem(Kind kind, ReportColour shade)
     m_items.push_back({static_cast<std::uint32_t>(m_textEnds.size()), styleFor(kind), shade});
 }
 
-/// A report goes back and forth between a few styles: the one wanted is among the last.
+/// A report switches between a few styles: the one wanted is usually among the last.
 std::uint32_t ReportDocument::styleFor(Kind kind)
 {
     Style wanted = m_next;

@@ -10,33 +10,34 @@ namespace lorvan {
 
 class ReportItem;
 
-/// What the mouse does in a preview besides scrolling by dragging and changing the size with Ctrl and the wheel.
+/// What the mouse can do in a preview apart from scrolling by dragging and zooming with Ctrl and the wheel.
 struct PreviewMouse {
     bool zooms = false;
     bool turnsPages = false;
     bool scrolls = false;
 };
 
-/// A report before it has pages: page settings, header, footer, and paragraphs, table titles and table rows in their
-/// order. A value: it reads no store, measures and paints nothing. The operations that write it carry the reports' own
-/// names.
+/// A report that is not yet divided into pages: page settings, header, footer, and paragraphs, table titles and table
+/// rows in order. A value: it reads nothing from the book, measures nothing and paints nothing. The functions that
+/// write to it have the names used in the reports.
 ///
-/// A paragraph or row takes the font, text colour and border style that are set when it is added. Rows cost little:
-/// their texts lie in one long text, and what rows have in common is kept once.
+/// A paragraph or row takes the font, text colour and border style that are set when it is added. Rows are cheap: their
+/// texts are stored in one long text, and what rows have in common is stored once.
 class ReportDocument {
 public:
     /// Portrait A4, margins 350, 850, 450, 850 (left, top, right, bottom), font "Arial greek" 10, header font "arial
     /// greek".
     void StandardPageSetup();
 
-    /// Discards paragraphs and tables. Page settings, header, footer and what is set for the text to come stay.
+    /// Discards paragraphs and tables. Page settings, header, footer, and font and border for the text to come are
+    /// kept.
     void StartDoc();
-    /// Says that the document is whole, and gives back the memory kept for more rows.
+    /// Marks the document as complete and releases the memory reserved for more rows.
     void EndDoc();
 
     /// A text with "|" is split into a left, a centre and a right part.
     void SetHeader(const QString& text) { m_header = text; }
-    /// The same; "%d" stands for the page number. Without a call it is "Σελίδα %d".
+    /// The same; "%d" stands for the page number. The default is "Σελίδα %d".
     void SetFooter(const QString& text) { m_footer = text; }
     void SetHeaderFont(const FontChange& change);
 
@@ -44,28 +45,28 @@ public:
     void SetOrientation(ReportOrientation orientation) { m_page.orientation = orientation; }
     void SetPaperSize(ReportPaper paper) { m_page.paper = paper; }
 
-    /// A double click enlarges the preview there, with Shift it shrinks it.
+    /// A double click zooms in on the preview at that place, with Shift it zooms out.
     void MouseZoom(bool isOn) { m_mouse.zooms = isOn; }
-    /// The wheel with Shift turns the preview's pages, and so do the mouse's buttons for back and forward.
+    /// Shift and the wheel turn the preview's pages, and so do the mouse's back and forward buttons.
     void MousePage(bool isOn) { m_mouse.turnsPages = isOn; }
-    /// The pressed wheel drags the pages too.
+    /// The pages can also be dragged with the wheel pressed.
     void MouseScroll(bool isOn) { m_mouse.scrolls = isOn; }
 
     void SetFont(const FontChange& change);
     void SetTextColor(ReportColour colour);
-    /// 0 none, 1 a line below, 2 above, 3 both, 9 a quiet line below; of the rows and titles added next.
+    /// 0 none, 1 a line below, 2 above, 3 both, 9 a faint line below; applies to the rows and titles added next.
     void SetTableBorder(int style);
 
     /// A carriage return breaks the line; one at the end adds no further line, so that "\r" alone is an empty line.
     void Paragraph(QStringView text);
 
-    /// Begins a table: its titles, which stand once here and on every page that the table reaches, then one row.
+    /// Begins a table: its titles, which appear here and at the top of every further page of the table, then one row.
     /// Without a header the table has no titles; without a body it has no row yet.
     void AddTable(
         const QString& format, const CellTexts& header, const CellTexts& body, ReportColour headerShade = noShade);
 
-    /// Adds a row to the table begun last, in columns of its own if the format differs from the table's. The header is
-    /// there already: only without an AddTable before does it begin the table, with that shade.
+    /// Adds a row to the last table, with columns of its own if the format differs from the table's. The header is
+    /// ignored if there is a table: only without an earlier AddTable() does it begin the table, with that shade.
     void AddTableRow(const QString& format, const CellTexts& header, const CellTexts& body,
         ReportColour headerShade = noShade, ReportColour bodyShade = noShade);
 
@@ -76,29 +77,29 @@ public:
     [[nodiscard]] const PreviewMouse& mouse() const { return m_mouse; }
     [[nodiscard]] bool isComplete() const { return m_isComplete; }
 
-    /// Paragraphs, titles and rows together, in their order.
+    /// Paragraphs, titles and rows together, in order.
     [[nodiscard]] int itemCount() const { return static_cast<int>(m_items.size()); }
     [[nodiscard]] ReportItem item(int index) const;
 
     [[nodiscard]] std::vector<ReportItem> paragraphs() const;
     [[nodiscard]] std::vector<ReportItem> rows() const; ///< Of all tables, without the titles.
-    [[nodiscard]] QString cell(int row, int column) const; ///< Empty where there is no such row or cell.
+    [[nodiscard]] QString cell(int row, int column) const; ///< Empty if there is no such row or cell.
 
-    /// Compares what would be seen, not what is set for text still to come.
+    /// Compares what is visible, not the settings for text yet to be added.
     friend bool operator==(const ReportDocument& left, const ReportDocument& right);
 
 private:
     friend class ReportItem;
     enum class Kind : std::uint8_t { Paragraph, Titles, Row };
 
-    /// What many items share.
+    /// Properties that many items share.
     struct Style {
         Kind kind = Kind::Paragraph;
         int border = 0;
         ReportColour textColour = 0;
         ReportFont font;
         int columns = -1; ///< in m_columns; none for a paragraph
-        int titles = -1; ///< the item that holds the titles of a row's table, if it has any
+        int titles = -1; ///< the item that holds the titles of the row's table, if any
 
         friend bool operator==(const Style&, const Style&) = default;
     };
@@ -131,13 +132,14 @@ private:
     std::vector<Style> m_styles;
     std::vector<std::vector<ReportColumn>> m_columns;
 
-    Style m_next; ///< of the text to come
-    QString m_format; ///< the one that m_next.columns was read from
+    Style m_next; ///< for the text to come
+    QString m_format; ///< the one from which m_next.columns was read
     bool m_hasTable = false;
     bool m_isComplete = false;
 };
 
-/// A view of one paragraph, one table's titles or one table row. Valid until its document changes, moves or goes.
+/// A view of one paragraph, one table's titles or one table row. Valid until its document is changed, moved or
+/// destroyed.
 class ReportItem {
 public:
     [[nodiscard]] bool isParagraph() const { return style().kind == ReportDocument::Kind::Paragraph; }
@@ -157,10 +159,8 @@ public:
     [[nodiscard]] ReportColour shade() const { return record().shade; }
     [[nodiscard]] const std::vector<ReportColumn>& columns() const; ///< None for a paragraph.
 
-    [[nodiscard]] int titlesItem() const
-    {
-        return style().titles;
-    } ///< Index of the titles of a row's table; -1 without.
+    /// Index of the titles of a row's table; -1 if it has none.
+    [[nodiscard]] int titlesItem() const { return style().titles; }
     [[nodiscard]] QStringList header() const; ///< The texts of those titles.
 
 private:

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int a4Width = 11906;
 constexpr int a4Height = 16838;
-constexpr int greatestLength = 10 * 1440 * 12; // ten feet; beyond it a number is no length
+constexpr int greatestLength = 10 * 1440 * 12; // ten feet; a greater number is not a length
 
 std::optional<int> twipsOf(QStringView text)
 {

@@ -12,7 +12,7 @@
 
 namespace lorvan {
 
-/// A colour of a document as the number 0xBBGGRR: 0 is black as a text colour and "none" as a shade, 255 is red.
+/// A colour in a document as the number 0xBBGGRR: 0 means black for a text and "none" for a shade, 255 is red.
 using ReportColour = std::uint32_t;
 
 [[nodiscard]] constexpr ReportColour reportColour(std::uint8_t red, std::uint8_t green, std::uint8_t blue)
@@ -22,7 +22,7 @@ using ReportColour = std::uint32_t;
 
 inline constexpr ReportColour noShade = 0;
 
-/// A font of a document. The name is the one the report asks for; what it is drawn with is the painter's affair.
+/// A font in a document. The name is the one the report asks for; the painter decides which font to draw it with.
 struct ReportFont {
     QString name = QStringLiteral("Arial greek");
     double size = 10; ///< points
@@ -31,7 +31,7 @@ struct ReportFont {
     friend bool operator==(const ReportFont&, const ReportFont&) = default;
 };
 
-/// What SetFont changes; whatever is left out stays. Example: `SetFont({.size = 11, .bold = true})`.
+/// What SetFont changes; members left out keep their value. Example: `SetFont({.size = 11, .bold = true})`.
 struct FontChange {
     std::optional<QString> name = {};
     std::optional<double> size = {};
@@ -39,7 +39,7 @@ struct FontChange {
 };
 
 /// A length in twips (1440 to the inch), or a text with a unit: "0.5cm", "2cm", "10mm", "1in", "12pt". A text without a
-/// unit counts twips; one that is no length holds nothing.
+/// unit is in twips; a text that is not a length gives no value.
 class ReportLength {
 public:
     ReportLength(int twips)
@@ -54,7 +54,8 @@ private:
     std::optional<int> m_twips;
 };
 
-/// What SetMargins changes; whatever is left out, or is no length, stays. Example: `SetMargins({.left = 1400})`.
+/// What SetMargins changes; members that are left out, or are not lengths, keep their value. Example:
+/// `SetMargins({.left = 1400})`.
 struct MarginChange {
     std::optional<ReportLength> left = {};
     std::optional<ReportLength> top = {};
@@ -74,7 +75,7 @@ struct ReportPageSettings {
     int right = 450;
     int bottom = 850;
 
-    /// Of the page as it is read, turned for landscape.
+    /// As one reads the page, with landscape taken into account.
     [[nodiscard]] int widthInTwips() const;
     [[nodiscard]] int heightInTwips() const;
 
@@ -91,11 +92,11 @@ struct ReportColumn {
 };
 
 /// Reads a table format such as "^1100|<4000|>1500": for each column "<", "^" or ">" and a width in twips. Without a
-/// mark a column is left-aligned, of several marks the last one holds, and an entry without a readable width is 0 twips
-/// wide.
+/// mark, a column is left-aligned; if there are several marks, the last one counts; an entry without a readable width
+/// is 0 twips wide.
 [[nodiscard]] std::vector<ReportColumn> parseTableFormat(QStringView format);
 
-/// The left, centre and right part of a page header or footer, which stand between its first two "|".
+/// The left, centre and right part of a page header or footer, separated by the first two "|".
 struct ThreeParts {
     QString left;
     QString centre;
@@ -103,8 +104,8 @@ struct ThreeParts {
 };
 [[nodiscard]] ThreeParts splitIntoThree(const QString& text);
 
-/// The cells of one row as an argument: a text with "|" between cells, or a list of cells, in which a "|" is a
-/// character like any other. An empty text has no cell. Holds views: use it as a parameter only.
+/// The cells of one row as an argument: a text with "|" between cells, or a list of cells, in which "|" is an ordinary
+/// character. An empty text has no cells. Holds views: use it only as a parameter.
 class CellTexts {
 public:
     CellTexts(QStringView barSeparated);

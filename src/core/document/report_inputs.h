@@ -15,14 +15,14 @@ enum class ReportForm { Detailed, Summary };
 
 enum class CodeSort { Code = 0, Description = 1, Group = 2 };
 
-/// What was asked for on the printing page and in the questions of a report. A report reads what concerns it.
+/// What the user entered on the printing page and in a report's questions. Each report reads what it needs.
 struct ReportInputs {
-    QString startText; ///< The period's dates as typed, for titles; both are valid dates.
+    QString startText; ///< The dates of the period as typed, for titles; both are valid dates.
     QString endText;
-    QDate start; ///< May lie after the end: then nothing is found.
-    QDate end; ///< The day of the reports of one day.
-    QString heading; ///< The book's name, which stands behind the titles.
-    std::vector<qint32> codes; ///< Chosen ones; none means all.
+    QDate start; ///< May be after the end: then nothing is found.
+    QDate end; ///< Also the day, in reports on a single day.
+    QString heading; ///< The book's name, which follows the titles.
+    std::vector<qint32> codes; ///< The chosen ones; none means all.
     std::vector<qint32> groups; ///< The same.
     ReportForm form = ReportForm::Detailed;
     CodeSort sort = CodeSort::Code;

@@ -7,14 +7,14 @@
 
 namespace lorvan {
 
-/// A period that is offered for choice, both days included.
+/// A period offered for choice, both days included.
 struct NamedPeriod {
     QString name;
     QDate start;
     QDate end;
 };
 
-/// The usual periods as seen from that day. Those that go on end with the day itself.
+/// The usual periods as seen from that day. Those still running end with the day itself.
 [[nodiscard]] std::vector<NamedPeriod> usualPeriods(QDate today);
 
 } // namespace lorvan

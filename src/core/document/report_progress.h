@@ -5,11 +5,11 @@
 
 namespace lorvan {
 
-/// Hears from a report under construction how many rows it has, every thousand rows, and answers whether it is to go
-/// on. Empty: nobody asks. It is called inside the report's reading and must not write to the same book.
+/// Called while a report is built, every thousand rows, with the number of rows so far; returning false cancels the
+/// report. May be empty. It is called while the report is reading and must not write to the same book.
 using ReportProgress = std::function<bool(int rows)>;
 
-/// A report was given up while it was built. Nothing of it is left.
+/// A report was cancelled while it was built. Nothing of it is kept.
 class ReportCancelled : public std::exception {
 public:
     [[nodiscard]] const char* what() const noexcept override { return "report cancelled"; }

@@ -5,20 +5,20 @@
 
 namespace lorvan {
 
-/// A table of a report while it is written: its columns, the running number of its rows and their alternating shade.
-/// Every table of a report goes through one object, since the shade alternates across them. Must not outlive the
-/// document and the progress.
+/// A table of a report that is being written: its columns, the running number of its rows and their alternating shade.
+/// All tables of a report use one object, since the shade alternates across them. The document and the progress must
+/// outlive it.
 class ReportTable {
 public:
     ReportTable(ReportDocument& document, const QString& format, const ReportProgress& progress);
 
-    /// Adds titles and one row of empty cells with this border. The rows to come have none.
+    /// Adds titles and one row of empty cells with this border. The rows that follow have no border.
     void begin(int border, const QString& titles, const QString& emptyRow, ReportColour titlesShade = noShade);
 
-    /// Grey and plain in turn, the first one grey. Throws ReportCancelled.
+    /// Alternately grey and plain, beginning with grey. Throws ReportCancelled.
     void addRow(const CellTexts& cells);
 
-    /// A row that is never shaded and leaves the alternation as it is.
+    /// A row that is never shaded and does not affect the alternation.
     void addTotals(const CellTexts& cells);
 
     /// Counts from 1.

@@ -8,7 +8,7 @@ namespace lorvan {
 
 class Connection;
 
-/// The cash days of the period, newest first, and the period's income, expenses and their difference. One statement.
+/// The cash days of the period, newest first, and the period's income, expenses and the difference. One statement.
 /// Throws SqlError, CurrencyOverflow, ReportCancelled.
 [[nodiscard]] ReportDocument cashSummaryReport(
     Connection& main, const ReportInputs& inputs, const ReportProgress& progress = {});

@@ -56,7 +56,7 @@ void startCheques(ReportDocument& document, const QString& font)
     document.SetFont({.name = font, .size = 10, .bold = false});
 }
 
-/// From the row that the statement stands on.
+/// From the statement's current row.
 Amounts addCheques(ReportTable& table, Statement& cheques)
 {
     Amounts totals;

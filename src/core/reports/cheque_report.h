@@ -8,9 +8,9 @@ namespace lorvan {
 
 class Connection;
 
-/// The cheques of the period. In detail: each one, newest date first, then by code and order of entry, with totals. In
-/// summary: the memorandum amounts, one row for each date and pair of income and expense amounts, in that order.
-/// Throws SqlError, CurrencyOverflow, ReportCancelled.
+/// The cheques of the period. Detailed form: each cheque, newest date first, then by code and order of entry, with
+/// totals. Summary form: the memorandum amounts, one row for each combination of date, income and expense amount, in
+/// that order. Throws SqlError, CurrencyOverflow, ReportCancelled.
 [[nodiscard]] ReportDocument chequeReport(
     Connection& main, const ReportInputs& inputs, const ReportProgress& progress = {});
 

@@ -8,7 +8,7 @@ namespace {
 
 constexpr auto columns = "SELECT kvdikos, esoda, ejoda, L_tajeos";
 
-/// True where it reads nothing but an index that leads to its rows.
+/// True if it reads only an index, with a search for its rows.
 bool readsAnIndexAlone(Connection& main, const std::string& sql)
 {
     auto plan = main.prepare("EXPLAIN QUERY PLAN " + sql);

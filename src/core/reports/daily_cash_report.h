@@ -8,9 +8,9 @@ namespace lorvan {
 
 class Connection;
 
-/// The cash of the period's last day: the balance carried into it, its movements in the order of entry, its balance and
-/// totals. Into a date that is no cash day nothing is carried, even if cash days lie before it. One read transaction.
-/// Throws SqlError, CurrencyOverflow, ReportCancelled.
+/// The cash of the period's last day: the carried balance, its movements in the order of entry, its balance and totals.
+/// If the date is not a cash day, nothing is carried into it, even if there are earlier cash days. One read
+/// transaction. Throws SqlError, CurrencyOverflow, ReportCancelled.
 [[nodiscard]] ReportDocument dailyCashReport(
     Connection& main, const ReportInputs& inputs, const ReportProgress& progress = {});
 

@@ -87,7 +87,7 @@ void addHeadings(ReportDocument& document, const ReportInputs& inputs)
     document.SetFont({.bold = false});
 }
 
-/// Adds line after line and sums up each column.
+/// Adds line by line and sums up each column.
 class CardLines {
 public:
     CardLines(const CardEntries& entries, ReportTable& table)

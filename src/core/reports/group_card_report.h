@@ -8,9 +8,9 @@ namespace lorvan {
 
 class Connection;
 
-/// Three columns side by side (ReportInputs::cardColumns), each with the movements that the period has in its groups,
-/// in the order of groupMovements(), and their total. Movements that differ in their memorandum amount alone count
-/// once. One read transaction. Throws SqlError, CurrencyOverflow, ReportCancelled.
+/// Three columns side by side (ReportInputs::cardColumns), each with the period's movements in its groups, in the order
+/// of groupMovements(), and their total. Movements that differ only in their memorandum amount count once. One read
+/// transaction. Throws SqlError, CurrencyOverflow, ReportCancelled.
 [[nodiscard]] ReportDocument groupCardReport(
     Connection& main, const ReportInputs& inputs, const ReportProgress& progress = {});
 

@@ -11,7 +11,7 @@
 namespace lorvan {
 namespace {
 
-/// Names by their place in Greek order: equal ones have one place.
+/// The rank of each name in Greek order: equal names have the same rank.
 struct PlacedName {
     int place = 0;
     QString name;

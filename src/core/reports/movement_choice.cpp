@@ -5,12 +5,12 @@
 namespace lorvan {
 namespace {
 
-/// What a movement costs through the code index, in movements read as stored and in movements read through the date
-/// index: the movements of a code lie far apart, each on a page of its own.
+/// The cost of a movement through the code index, compared with one read as stored and one read through the date index:
+/// the movements of a code are far apart, each on a page of its own.
 constexpr int costInStoredOrder = 12;
 constexpr int costByDate = 4;
 
-/// The number of their movements; nothing when it is too great for the code index, whatever the period.
+/// The number of their movements; counting stops at `limit`.
 std::int64_t movementsOfCodes(Connection& main, const std::string& codes, std::int64_t limit)
 {
     auto count = main.prepare("SELECT count(*) FROM (SELECT 1 FROM kinhseis WHERE kvdikos " + codes + " LIMIT ?)");

@@ -8,30 +8,30 @@
 
 namespace lorvan {
 
-/// Puts the headings on a report of movements: its title on every page, and the table's titles.
+/// Adds the headings of a report on movements: its title, repeated on every page, and the table's titles.
 void addMovementHeadings(
     ReportDocument& document, ReportTable& table, const QString& title, const QString& titles, const QString& emptyRow);
 
 /// Says that there is no movement.
 void addNoMovements(ReportDocument& document);
 
-/// Rows of movements in sections, one for each number (a code or a group), with a subtotal behind each section and
-/// totals behind the last. Must not outlive document and table.
+/// Rows of movements in sections, one for each number (a code or a group), with a subtotal after each section and
+/// totals after the last. The document and the table must outlive it.
 class MovementSections {
 public:
-    /// Makes the cells of a line of sums from its label.
+    /// Makes the cells of a line of sums, given its label.
     using SumCells = std::function<QStringList(const QString& label, const MovementSums& sums)>;
 
     MovementSections(ReportDocument& document, ReportTable& table, SumCells sumCells);
 
-    /// Goes to the section of the next row, ending the one before. True when the row is to carry the section's name,
-    /// which a first section with the number 0 never does.
+    /// Moves to the section of the next row, ending the previous one. True if the row is to show the section's name;
+    /// never for a first section with the number 0.
     [[nodiscard]] bool enter(qint32 number);
 
     /// Adds a row to the section. Throws CurrencyOverflow, ReportCancelled.
     void addRow(const CellTexts& cells, const MovementSums& amounts);
 
-    /// Ends the last section, adds the totals, and leaves font and border as they are for totals.
+    /// Ends the last section and adds the totals; leaves font and border set as for totals.
     MovementSums addTotals();
 
 private:

@@ -39,7 +39,7 @@ void addDifference(ReportDocument& document, ReportTable& table, Currency differ
     document.SetTextColor(black);
 }
 
-/// The catalogue's line for each code; of several rows of a code the first one entered.
+/// The catalogue's line for each code; if a code has several rows, the first one entered.
 std::unordered_map<qint32, QString> codeLines(Connection& main)
 {
     std::unordered_map<qint32, QString> lines;
@@ -63,7 +63,7 @@ Statement detailsOf(Connection& main, const ReportInputs& inputs)
     return movements;
 }
 
-/// From the row that the statement stands on.
+/// From the statement's current row.
 MovementSums addDetails(Connection& main, ReportDocument& document, ReportTable& table, Statement& movements)
 {
     auto lines = codeLines(main);
@@ -106,7 +106,7 @@ struct CodeSum {
     MovementSums sums;
 };
 
-/// A code that stands in several rows of the catalogue is there once for each description.
+/// A code with several rows in the catalogue is listed once for each description.
 std::vector<CodeSum> sumsOf(Connection& main, const ReportInputs& inputs)
 {
     const auto sums = sumsByCode(main, inputs.start, inputs.end, inputs.codes);

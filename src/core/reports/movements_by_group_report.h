@@ -9,8 +9,9 @@ namespace lorvan {
 class Connection;
 
 /// The movements of the period by group, of the chosen groups or of all, with a subtotal wherever the group number
-/// changes: see groupMovements() for which movements, and their order. The rows of two groups of one name therefore
-/// alternate with their codes. One read transaction. Throws SqlError, CurrencyOverflow, ReportCancelled.
+/// changes; see groupMovements() for the selection and order of the movements. If two groups have the same name, their
+/// rows therefore alternate from code to code. One read transaction. Throws SqlError, CurrencyOverflow,
+/// ReportCancelled.
 [[nodiscard]] ReportDocument movementsByGroupReport(
     Connection& main, const ReportInputs& inputs, const ReportProgress& progress = {});
 

@@ -29,7 +29,7 @@ OmittedCells cellsOf(const Statement& row, const MovementSums& amounts)
         row.text(2).simplified() + times};
 }
 
-/// Of the columns that end at the right, wide enough for the longest text in each.
+/// Of the right-aligned columns, wide enough for the longest text in each.
 using ColumnWidths = std::array<qsizetype, std::tuple_size_v<OmittedCells> - 2>;
 
 ColumnWidths widthsFor(const std::vector<OmittedCells>& rows)

@@ -53,7 +53,7 @@ QString databaseOf(Report report, const BookFiles& files)
 
 using Reading = std::function<void(Connection& connection, const ReportProgress& counting)>;
 
-/// Over a connection of its own, again where somebody wrote meanwhile and no lock kept them from it.
+/// Uses a connection of its own, and repeats the reading if somebody wrote in the meantime and no lock prevented it.
 void readForReport(const ReportRequest& request, const BookFiles& files, KeyRing& keys, const ReportProgress& progress,
     const Reading& read)
 {

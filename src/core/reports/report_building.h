@@ -11,25 +11,25 @@ namespace lorvan {
 class BookFiles;
 class KeyRing;
 
-/// A report as it was asked for.
+/// A report as requested by the user.
 struct ReportRequest {
     Report report = Report::DailyCash;
-    QString title; ///< Of its window.
+    QString title; ///< The title of its window.
     ReportInputs inputs;
-    bool offersCodes = true; ///< There was a code to choose.
+    bool offersCodes = true; ///< Whether there was a code to choose.
     std::vector<CodeGroup> offeredGroups = {}; ///< The groups in the order of the list they were chosen from.
 };
 
-/// A name for the file in which the report is saved, without an ending: its title and what it covers.
+/// A suggested name for the file in which the report is saved, without extension: its title and what it covers.
 [[nodiscard]] QString suggestedFileName(const ReportRequest& request);
 
-/// Builds the report over a connection of its own, so that it may run on any thread. The progress is asked during long
-/// searches too, with the rows that there are by then; given up there, the report ends with an SqlError. Throws
+/// Builds the report on a connection of its own, so that it may run in any thread. `progress` is also called during
+/// long searches, with the number of rows so far; if it cancels there, the report ends with an SqlError. Throws
 /// SqlError, CurrencyOverflow, ReportCancelled. An unknown report has no items.
 [[nodiscard]] ReportDocument buildReport(
     const ReportRequest& request, const BookFiles& files, KeyRing& keys, const ReportProgress& progress);
 
-/// What the report does not tell, see reportOmissions(), found in the same way.
+/// What the report leaves out, see reportOmissions(), found in the same way.
 [[nodiscard]] std::vector<ReportOmission> findOmissions(
     const ReportRequest& request, const BookFiles& files, KeyRing& keys, const ReportProgress& progress);
 

@@ -6,7 +6,7 @@
 
 namespace lorvan {
 
-/// The reports by their numbers in the list.
+/// The reports, by their numbers in the list.
 enum class Report {
     DailyCash = 1,
     CodeList = 2,
@@ -28,7 +28,7 @@ struct ReportEntry {
     [[nodiscard]] QString title() const;
 };
 
-/// Which of the period's dates a report reads.
+/// Which dates of the period a report uses.
 struct PeriodUse {
     bool start = true;
     bool end = true;
@@ -36,10 +36,10 @@ struct PeriodUse {
 
 [[nodiscard]] PeriodUse periodUse(Report report);
 
-/// Tells the user which date counts; empty where both do.
+/// Tells the user which date counts; empty if both do.
 [[nodiscard]] QString periodHint(PeriodUse use);
 
-/// The list of reports in its order.
+/// The list of reports, in order.
 [[nodiscard]] const std::vector<ReportEntry>& reportCatalogue();
 
 } // namespace lorvan

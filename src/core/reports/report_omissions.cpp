@@ -34,7 +34,7 @@ QString leftOut(const OmittedMovements& movements, const QString& reason)
 
 // Movements by group, group card
 
-/// `compared` are the columns that the report compares beside those of every movement.
+/// `compared` are the columns that the report compares in addition to those common to all movements.
 void addEqualMovements(
     Omissions& omissions, Connection& main, const MovementChoice& choice, const std::string& compared)
 {
@@ -69,7 +69,7 @@ Omissions ofMovementsByGroup(Connection& main, const ReportInputs& inputs)
     return omissions;
 }
 
-/// Movements without a group can stand in no column, whatever was chosen.
+/// Movements without a group cannot be in any column, whatever was chosen.
 Omissions ofGroupCard(Connection& main, const ReportInputs& inputs)
 {
     MovementChoice choice{inputs.start, inputs.end, By::Group};

@@ -8,7 +8,7 @@
 namespace lorvan {
 namespace {
 
-/// Empty for a period within the closed days.
+/// Empty if the period lies within the closed days.
 QString outsideText(const std::set<QDate>& closed, const ReportInputs& inputs)
 {
     if (closed.empty())

@@ -10,10 +10,10 @@ namespace lorvan {
 
 class Connection;
 
-/// The days whose cash is closed; what is no date is passed over. Throws SqlError.
+/// The days whose cash is closed; invalid dates are ignored. Throws SqlError.
 [[nodiscard]] std::set<QDate> closedCashDays(Connection& auxiliary);
 
-/// The calendar days of the period, without its last one, that are not closed. A period that ends after the last closed
+/// The calendar days of the period that are not closed, without its last day. A period that ends after the last closed
 /// day or begins before the first one gets a line with that day instead. One statement on the auxiliary database.
 /// Throws SqlError, ReportCancelled.
 [[nodiscard]] ReportDocument unclosedDaysReport(
