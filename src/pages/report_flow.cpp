@@ -9,7 +9,7 @@ namespace {
 
 constexpr int rowsKeptWithTitles = 2; // the first is the empty row below the titles
 
-/// A page while it is filled.
+/// A page while it is being filled.
 class Page {
 public:
     Page(float height, std::vector<FlowBlock>* blocks)
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] float room() const { return m_height - m_used; }
     [[nodiscard]] bool isEmpty() const { return m_isEmpty; }
 
-    /// Repeated titles leave the page empty: something of the document must follow them.
+    /// A page with only repeated titles counts as empty: something of the document must follow them.
     void repeatTitles(int item, const ItemSize& size)
     {
         place({item, 0, size.lines, m_used, size});
@@ -46,7 +46,7 @@ private:
     std::vector<FlowBlock>* m_blocks;
 };
 
-/// How many lines go onto the page: all, none, or of what must be split as many as there is room for.
+/// How many lines go onto the page: all, none, or, for an item that must be split, as many as there is room for.
 int linesThatGo(const Page& page, const ItemSize& size, int lines, float keptTogether, bool isParagraph)
 {
     if (size.heightOf(lines) + keptTogether <= page.room())

@@ -7,15 +7,15 @@
 
 namespace lorvan {
 
-/// A place in a document at which a page can begin.
+/// A place in a document where a page can begin.
 struct FlowPosition {
     int item = 0;
-    int line = 0; ///< Of that item; not 0 where it goes on from the page before.
+    int line = 0; ///< A line of that item; not 0 if the item continues from the previous page.
 
     friend bool operator==(const FlowPosition&, const FlowPosition&) = default;
 };
 
-/// Some or all lines of an item on a page.
+/// Some or all lines of an item, placed on a page.
 struct FlowBlock {
     int item = 0;
     int firstLine = 0;
@@ -24,10 +24,10 @@ struct FlowBlock {
     ItemSize size;
 };
 
-/// The rules by which a document breaks into pages.
+/// The rules for dividing a document into pages.
 ///
 /// A row is never split, unless it is taller than a page; a paragraph is split between lines. A page that begins with a
-/// row repeats the titles of the row's table (unless they fill half the page); titles do not stand at the foot of a
+/// row repeats the titles of the row's table (unless they fill half the page); titles are never left at the bottom of a
 /// page without the rows that follow. Each page takes at least one line.
 class ReportFlow {
 public:
@@ -36,8 +36,8 @@ public:
     {
     }
 
-    /// The page that begins there: writes its blocks, if wanted, and gives the beginning of the next; none after the
-    /// last.
+    /// Fills the page that begins at `start`: writes its blocks, if `blocks` is given, and returns where the next page
+    /// begins; no value after the last one.
     std::optional<FlowPosition> fillPage(FlowPosition start, std::vector<FlowBlock>* blocks) const;
 
 private:

@@ -32,7 +32,7 @@ QFont drawingFont(const ReportFont& font)
     return drawing;
 }
 
-/// Scripts whose characters stand side by side, each for itself. Combining marks, joiners and everything that is
+/// Scripts whose characters stand side by side, independently of each other. Combining marks, joiners and everything
 /// written from right to left are left to the text engine.
 bool standsForItself(char16_t character)
 {

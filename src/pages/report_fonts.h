@@ -11,8 +11,8 @@
 
 namespace lorvan {
 
-/// One glyph of a font. Text of which every character is plain is set by advances alone: no kerning, no ligatures, so
-/// digits stand below each other.
+/// One glyph of a font. A text that consists only of plain characters is set using their advances alone: no kerning, no
+/// ligatures, so that digits line up in columns.
 struct ReportGlyph {
     enum class Kind : std::uint8_t { Plain, Blank, LineBreak, NeedsShaping };
 
@@ -21,8 +21,7 @@ struct ReportGlyph {
     Kind kind = Kind::NeedsShaping;
 };
 
-/// A font of the documents with its measures, in twips and without hinting: a line is as long on paper as on any
-/// screen.
+/// A font of the documents and its metrics, in twips and without hinting: a line is as long on paper as on any screen.
 class GlyphFont {
 public:
     explicit GlyphFont(const ReportFont& font);
@@ -38,10 +37,10 @@ public:
         return (block ? *block : loadBlock(character >> 8))[character & 0xff];
     }
 
-    /// The width of a text of plain characters and blanks; others count nothing.
+    /// The width of a text of plain characters and blanks; other characters count as 0.
     [[nodiscard]] float plainWidth(QStringView text) const;
 
-    /// True where the text stands on one line of that width and needs no shaping.
+    /// True if the text fits on one line of that width and needs no shaping.
     [[nodiscard]] bool fitsPlainly(QStringView text, float width) const;
 
 private:
@@ -52,14 +51,14 @@ private:
     QRawFont m_rawFont;
     float m_ascent = 0;
     float m_lineHeight = 0;
-    mutable std::array<std::unique_ptr<Block>, 256> m_blocks; ///< Read from the font as they are needed.
+    mutable std::array<std::unique_ptr<Block>, 256> m_blocks; ///< Loaded from the font as needed.
 };
 
-/// Every font of a document, made once. "Arial greek" is drawn with Liberation Sans, "courier new greek" with
-/// Liberation Mono, whatever the letter case; any other name is looked for on the machine.
+/// Every font of a document, made only once. "Arial greek" is drawn with Liberation Sans, "courier new greek" with
+/// Liberation Mono, whatever the letter case; any other name is looked up among the installed fonts.
 class FontShelf {
 public:
-    /// Stays where it is as long as the shelf.
+    /// The reference is valid as long as the shelf exists.
     [[nodiscard]] const GlyphFont& get(const ReportFont& font) const;
 
 private:

@@ -10,10 +10,10 @@ namespace {
 constexpr float cellPadding = 60; // left and right of a cell's text
 constexpr float rowPadding = 55; // above and below a row's lines, and each line of a paragraph, together
 constexpr double leastBody = 1440;
-constexpr float leastShare =
-    0.4F; // of its size, to which a long number is set smaller: the longest amount fits all columns
+// The smallest share of its size at which a long number is set; the longest amount then fits all columns.
+constexpr float leastShare = 0.4F;
 
-/// What two margins leave of a page's side, from where to where. Margins that leave less than an inch give way.
+/// The start and end of what two margins leave of a page's side. If they leave less than an inch, they are reduced.
 std::pair<double, double> between(double length, int before, int after)
 {
     const double start = std::clamp<double>(before, 0, length - leastBody);
@@ -121,7 +121,7 @@ CellLines ReportLayout::cellLines(const GlyphFont& font, const ColumnBox& box, Q
     return {&font, breakIntoLines(font, text, box.width)};
 }
 
-/// Half a point at a time, so that few fonts are made.
+/// In steps of half a point, so that only a few fonts are made.
 const GlyphFont* ReportLayout::smallerFont(const GlyphFont& font, const ColumnBox& box, QStringView text) const
 {
     const bool mayShrink = box.alignment == ColumnAlignment::Right || isNumber(text);

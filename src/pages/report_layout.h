@@ -11,7 +11,7 @@
 
 namespace lorvan {
 
-/// What an item of a document takes up on a page.
+/// The space that an item of a document takes on a page.
 struct ItemSize {
     int lines = 1;
     float lineHeight = 0; ///< twips
@@ -21,34 +21,34 @@ struct ItemSize {
     [[nodiscard]] float heightOf(int someLines) const { return static_cast<float>(someLines) * lineHeight + padding; }
 };
 
-/// Where a column stands. All in twips from the left edge of the text.
+/// The position of a column. All in twips from the left edge of the text area.
 struct ColumnBox {
     float left = 0;
     float width = 0; ///< of the text in it
     ColumnAlignment alignment = ColumnAlignment::Left;
 };
 
-/// The columns of a table; drawn narrower, all in proportion, where together they are wider than the text.
+/// The columns of a table; if together they are wider than the text area, all are narrowed in proportion.
 struct TableBoxes {
     std::vector<ColumnBox> columns;
     float width = 0;
 };
 
-/// A cell's text in lines, with the font that they are set in.
+/// A cell's text divided into lines, and the font in which they are set.
 struct CellLines {
     const GlyphFont* font = nullptr;
     TextLines lines;
 };
 
-/// The measures of a document, in twips: its page, how many lines each text takes, where columns stand. The document
-/// must outlive it unchanged.
+/// The measurements of a document, in twips: its page, the number of lines of each text, the positions of columns. The
+/// document must outlive it unchanged.
 class ReportLayout {
 public:
     explicit ReportLayout(const ReportDocument& document);
 
     [[nodiscard]] const ReportDocument& document() const { return m_document; }
     [[nodiscard]] QSizeF pageSize() const;
-    /// What the margins leave for paragraphs and tables; at least an inch each way.
+    /// The area inside the margins, for paragraphs and tables; at least an inch each way.
     [[nodiscard]] const QRectF& body() const { return m_body; }
 
     [[nodiscard]] ItemSize size(int item) const;
@@ -57,8 +57,9 @@ public:
     [[nodiscard]] const TableBoxes& boxes(const ReportItem& item) const;
 
     [[nodiscard]] TextLines paragraphLines(const ReportItem& paragraph) const;
-    /// A number that is too long for its column is set smaller instead of being broken, and so is any other word in a
-    /// right-aligned column. Not smaller than two fifths of the font: what needs that is broken.
+    /// A number that is too long for its column is set in a smaller font instead of being broken, and so is any other
+    /// word in a right-aligned column. The font is never smaller than two fifths of its size; what still does not fit
+    /// is broken.
     [[nodiscard]] CellLines cellLines(const GlyphFont& font, const ColumnBox& box, QStringView text) const;
 
 private:

@@ -8,7 +8,7 @@ namespace lorvan {
 
 namespace {
 
-/// Breaks one stretch of plain text without carriage returns.
+/// Breaks one stretch of plain text that has no carriage returns.
 class PlainBreaker {
 public:
     PlainBreaker(const GlyphFont& font, QStringView text, float width, qsizetype offset, TextLines& lines)
@@ -46,7 +46,7 @@ private:
             m_breakAt = at + 1;
     }
 
-    /// Ends the line before the word that does not fit, or within it if it stands alone; says where the next one
+    /// Ends the line before the word that does not fit, or inside it if it is the only one; returns where the next line
     /// starts.
     qsizetype breakLine(qsizetype at)
     {
@@ -75,7 +75,7 @@ private:
     TextLines& m_lines;
 
     qsizetype m_start = 0; ///< of the line
-    float m_used = 0; ///< from there to where we are
+    float m_used = 0; ///< from there to the current position
     bool m_hasWord = false;
     qsizetype m_breakAt = -1; ///< after the last blanks that follow a word
     qsizetype m_wordEnd = 0; ///< before those blanks

@@ -11,7 +11,7 @@ namespace {
 constexpr int quietBorder = 9;
 constexpr float headerDistance = 135; // between page header and body, body and page footer
 
-/// Where a line starts that is `width` long.
+/// Where a line of length `width` starts.
 float alignedLeft(ColumnAlignment alignment, float left, float boxWidth, float width)
 {
     switch (alignment) {
@@ -25,7 +25,7 @@ float alignedLeft(ColumnAlignment alignment, float left, float boxWidth, float w
     return left;
 }
 
-/// How far from the start of its line a character stands.
+/// The distance of a character from the start of its line.
 float offsetOf(const PlacedText& placed, qsizetype character)
 {
     if (placed.isPlain)
@@ -37,7 +37,7 @@ float offsetOf(const PlacedText& placed, qsizetype character)
     return static_cast<float>(line.cursorToX(static_cast<int>(character)));
 }
 
-/// What of the characters `start` to `end` of its cell stands on this line; empty if nothing does.
+/// The part of the characters `start` to `end` of its cell that is on this line; empty if none is.
 QRectF areaOf(const PlacedText& placed, qsizetype start, qsizetype end)
 {
     const qsizetype lineStart = placed.text.data() - placed.whole.data();
@@ -121,7 +121,7 @@ void ReportPage::placeGround(const ReportItem& item, float top, float bottom, fl
         m_rules.push_back({left, left + width, bottom, PlacedRule::Look::Strong});
 }
 
-/// The parts share the line; one alone has all of it. What needs more lines grows upwards.
+/// The parts share the line; a single one gets all of it. If more lines are needed, they grow upwards.
 void ReportPage::placeThreeParts(std::array<QString, 3>& parts, const QString& text, float bottom)
 {
     const ThreeParts split = splitIntoThree(text);

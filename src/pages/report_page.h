@@ -10,12 +10,12 @@
 
 namespace lorvan {
 
-/// One line of text where it stands on a page, in twips.
+/// One line of text and its position on a page, in twips.
 struct PlacedText {
     const GlyphFont* font = nullptr;
     ReportColour colour = 0;
     QStringView text; ///< the line
-    QStringView whole; ///< the cell or paragraph that it is a line of
+    QStringView whole; ///< the cell or paragraph that the line belongs to
     bool isPlain = true;
     float left = 0;
     float baseline = 0;
@@ -36,8 +36,8 @@ struct PlacedRule {
     Look look = Look::Strong;
 };
 
-/// Everything that is to be seen on one page, from the page's top left corner, in twips. Holds views of the document's
-/// texts.
+/// Everything that is visible on one page, measured from the page's top left corner, in twips. Holds views of the
+/// document's texts.
 class ReportPage {
 public:
     /// `number` counts from 1.
@@ -49,10 +49,10 @@ public:
     [[nodiscard]] const std::vector<PlacedRule>& rules() const { return m_rules; }
     [[nodiscard]] const std::vector<PlacedText>& texts() const { return m_texts; }
 
-    /// What can be read there, a line of paper for each line; tabs between what stands side by side.
+    /// The readable text, one line for each line on paper; texts side by side are separated by tabs.
     [[nodiscard]] QString text() const;
 
-    /// The areas of all places where the text stands, in reading order; two for a place that is broken into two lines.
+    /// The areas of all places where the text is found, in reading order; two areas for a match broken into two lines.
     [[nodiscard]] std::vector<QRectF> find(const SearchText& wanted) const;
 
 private:

@@ -12,11 +12,11 @@ class QPainter;
 
 namespace lorvan {
 
-/// A document in pages, for screen, printer and PDF alike. Everything is measured in twips (1440 to the inch) on
-/// metrics of its own, so pages break in the same way everywhere; whoever paints scales the painter. Pages count from
-/// 0.
+/// A document divided into pages, the same for screen, printer and PDF. Everything is measured in twips (1440 to the
+/// inch), independently of the device, so pages break in the same way everywhere; the code that paints scales the
+/// painter. Pages count from 0.
 ///
-/// Pages are found from the first to the last: the first is there at once, the others in slices, from a timer:
+/// Pages are laid out from the first to the last: the first is available at once, the others in slices, from a timer:
 ///
 ///     if (!pages.layOut(QDeadlineTimer(10)))
 ///         timer.start(0); // pageCount() has grown; there is more to come
@@ -29,28 +29,28 @@ public:
 
     [[nodiscard]] const ReportDocument& document() const { return m_document; }
 
-    /// Finds more pages until the deadline has passed; true when there are no more to find.
+    /// Lays out more pages until the deadline has passed; true when all are laid out.
     bool layOut(QDeadlineTimer deadline = QDeadlineTimer(QDeadlineTimer::Forever));
     [[nodiscard]] bool isComplete() const { return m_isComplete; }
-    /// The pages found so far; at least one, even of an empty document.
+    /// The pages laid out so far; at least one, even for an empty document.
     [[nodiscard]] int pageCount() const { return static_cast<int>(m_starts.size()); }
 
-    /// The same for every page of a document.
+    /// The same for all pages of a document.
     [[nodiscard]] QSizeF pageSize() const { return m_layout.pageSize(); }
 
-    /// Paints onto whatever is there: the paper's white is the caller's. A page beyond pageCount() paints nothing. The
-    /// painter's state is as before afterwards.
+    /// Paints over whatever is there: the caller paints the white of the paper. Paints nothing if there is no such page
+    /// yet. Restores the painter's state afterwards.
     void paintPage(QPainter& painter, int page) const;
 
-    /// What can be read on that page, see ReportPage::text(); empty beyond pageCount().
+    /// The readable text of that page, see ReportPage::text(); empty if there is no such page yet.
     [[nodiscard]] QString textOf(int page) const;
 
-    /// The areas in twips where the text stands on that page, header, titles and footer included, in reading order.
+    /// The areas in twips where the text is found on that page, including header, titles and footer, in reading order.
     [[nodiscard]] std::vector<QRectF> find(const SearchText& wanted, int page) const;
 
     enum class Direction { Forward, Backward };
-    /// The nearest page on which the text stands, from that page on (itself included), without going round; finds the
-    /// pages on the way. None, also for an empty text.
+    /// The nearest page that contains the text, beginning with `from` itself, without wrapping around; lays out the
+    /// pages on the way. No value if there is none, or if the text is empty.
     [[nodiscard]] std::optional<int> pageWith(const SearchText& wanted, int from, Direction direction);
 
 private:

@@ -22,7 +22,8 @@ QColor colourOf(ReportColour colour)
         static_cast<int>(colour & 0xff), static_cast<int>(colour >> 8 & 0xff), static_cast<int>(colour >> 16 & 0xff));
 }
 
-/// Collects glyphs of one font and colour and draws them at once: text drawn cell by cell takes several times as long.
+/// Collects glyphs of one font and colour and draws them at once: drawing the text cell by cell would take several
+/// times as long.
 class TextPainter {
 public:
     explicit TextPainter(QPainter& painter)
@@ -56,7 +57,7 @@ public:
     }
 
 private:
-    /// Blanks within the text are drawn, so that whoever copies or searches a PDF finds them.
+    /// Blanks within the text are drawn, so that they are found when text in a PDF is copied or searched.
     void collect(const PlacedText& text)
     {
         float left = text.left;

@@ -28,7 +28,7 @@ void setPaper(QPagedPaintDevice& device, const ReportDocument& document)
     device.setPageLayout(layout);
 }
 
-/// Lays out what is still to be laid out. False when cancelled.
+/// Lays out the remaining pages. False if cancelled.
 bool layOutAll(ReportPages& pages, const PageProgress& progress)
 {
     while (!pages.layOut(QDeadlineTimer(betweenQuestions))) {
