@@ -81,8 +81,8 @@ void WorkFolder::remove()
 
 QStringList WorkFolder::keepAs(const QString& newName, const QStringList& wanted)
 {
-    const QString lock =
-        QLatin1String(lockName); // stays until then: without it this folder might be considered abandoned
+    // The lock's file stays until then: without it this folder might be considered abandoned.
+    const QString lock = QLatin1String(lockName);
     (void)removeAllBut(wanted + QStringList(lock), *m_folder);
     m_parent.rename(name(), m_parent, newName, Folder::Taken::Replace);
     m_isKept = true;

@@ -23,7 +23,7 @@ bool isReadable(const BookFindings& findings)
     return findings.count(FindingKind::FileDamaged) == 0 && findings.count(FindingKind::SchemaUnreadable) == 0;
 }
 
-/// The engine's check of the files, and only where that finds nothing the check of what is in them.
+/// The engine's check of the files and, only if that finds nothing, the check of their content.
 BookCheck examine(OpenedBook& book, const ToolContext& context)
 {
     BookCheck check;
@@ -59,7 +59,7 @@ void printRepair(const BookRepair& repair, std::ostream& out)
         << "Νέος έλεγχος\n\n";
 }
 
-/// The repair is made, whatever comes of this.
+/// The repair has been made, whatever happens here.
 std::optional<BookCheck> examineAgain(OpenedBook& book, const ToolContext& context)
 {
     try {

@@ -6,13 +6,13 @@
 
 namespace lorvan {
 
-/// What a check has found, in Greek: the findings, then the notices; of each kind the first and the count of all.
+/// Prints in Greek what a check has found: the findings, then the notices; of each kind the first ones and the total.
 void printFindings(const BookFindings& findings, std::ostream& out);
 
-/// The figures of a book, one on a line. The lines hold nothing that differs between two equal books.
+/// Prints the figures of a book, one per line. They are the same for two equal books.
 void printTotals(const BookCheck& check, std::ostream& out);
 
-/// To the last ten-thousandth: 1.234,56 or 1.234,5678.
+/// With up to four decimals: 1.234,56 or 1.234,5678.
 [[nodiscard]] QString exactAmountText(Currency amount);
 
 } // namespace lorvan

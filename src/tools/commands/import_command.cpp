@@ -36,7 +36,7 @@ void warnOfLocks(const LegacyFiles& files, const ToolContext& context)
                        << "· ίσως το παλιό βιβλίο είναι ανοιχτό σε άλλο πρόγραμμα.\n";
 }
 
-/// "kinhseis 2706, tameio 0, ...": so many rows of each table, read past all damage. Empty when nothing can be read.
+/// "kinhseis 2706, tameio 0, ...": the number of rows in each table, ignoring all damage. Empty if nothing can be read.
 QString readableRows(const LegacyFiles& files)
 {
     try {

@@ -9,7 +9,7 @@
 namespace lorvan {
 namespace {
 
-/// The folder as the path file can hold it, or a refusal.
+/// The folder if the path file can hold it; otherwise throws Refused.
 QString recordable(const QString& given)
 {
     const QFileInfo info(given);

@@ -24,7 +24,7 @@ bool holdsBook(const BookFiles& book)
     return QFileInfo::exists(book.mainDatabase()) || QFileInfo::exists(book.auxiliaryDatabase());
 }
 
-/// What is wrong in a book that opens. None for one of an older schema version, which is not looked into.
+/// What is wrong in a book that can be opened. Nothing for one of an older schema version, which is not checked.
 BookFindings findingsIn(const BookFiles& staged, const ToolContext& context)
 {
     try {
@@ -68,7 +68,7 @@ ExitStatus restore(Arguments& arguments, const ToolContext& context)
                            " και το παλιό φυλάσσεται σε υποφάκελο.")
                 .arg(book.dataFolder()));
     std::optional<ClaimedMarker> marker;
-    if (BookFiles::exists(book.usageMarker())) // a book that has lost it is not refused
+    if (BookFiles::exists(book.usageMarker())) // a book that lacks it is not refused
         marker.emplace(book);
     const auto restored = unpack(backup, book, context);
     const BookFindings findings = findingsIn(restored->staged(), context);

@@ -63,7 +63,7 @@ private:
     QByteArray m_waiting;
 };
 
-/// Both databases as they are at one moment, copied into a folder that goes with the object.
+/// Both databases as they are at one moment, copied into a folder that is removed when the object is destroyed.
 class BookState {
 public:
     BookState(OpenedBook& book, const NewFolder& folder, const StepProgress& progress)
@@ -122,7 +122,7 @@ QByteArray csvValue(const Statement& row, int column, BookColumn::Kind kind)
     return csvText(row.text(column));
 }
 
-/// Reports over all tables, the movements counting twice: they become a workbook too.
+/// Reports progress over all tables; the movements count twice, since they also become a workbook.
 class Export {
 public:
     Export(const BookState& state, KeyRing& keys, const NewFolder& folder, Passwords passwords,

@@ -6,7 +6,7 @@
 
 namespace lorvan {
 
-/// A column of a book's tables, and what its stored number or text stands for.
+/// A column of a book's tables, and what its stored number or text means.
 struct BookColumn {
     enum class Kind {
         Whole,
@@ -14,7 +14,7 @@ struct BookColumn {
         Date,
         Flag,
         Text,
-        Password ///< A text that is exported only where that is asked for.
+        Password ///< A text that is exported only on request.
     };
 
     const char* name;
@@ -26,10 +26,10 @@ struct BookTable {
 
     const char* name;
     Database database;
-    std::vector<BookColumn> columns; ///< In their stored order.
+    std::vector<BookColumn> columns; ///< In stored order.
 };
 
-/// All tables of a book, the engine's one of the counters of the main database included.
+/// All tables of a book, including the engine's table of counters in the main database.
 [[nodiscard]] const std::vector<BookTable>& bookTables();
 
 } // namespace lorvan

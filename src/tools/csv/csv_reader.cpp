@@ -74,7 +74,7 @@ bool CsvReader::atLineEnd()
     return peek() == '\n' || peek() == '\r' || peek() == end;
 }
 
-/// A CR without its LF ends a line too, so that the fault of such a file shows in its first line.
+/// A CR without LF also ends a line, so that such a file fails in its first line.
 void CsvReader::takeLineEnd()
 {
     if (peek() == '\r')

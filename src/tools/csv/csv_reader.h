@@ -9,33 +9,33 @@ class QIODevice;
 
 namespace lorvan {
 
-/// One field of a CSV file, its quotes taken off.
+/// One field of a CSV file, without its quotes.
 struct CsvField {
     QByteArray bytes;
-    bool isQuoted = false; ///< An empty field is an empty text when quoted, and nothing at all otherwise.
+    bool isQuoted = false; ///< An empty field is an empty text if quoted, otherwise no value.
 };
 
-/// One row, and why it cannot be read where it cannot.
+/// One row or, if it cannot be read, the reason.
 struct CsvRow {
-    qint64 line = 0; ///< The line of the file on which it begins, from 1.
+    qint64 line = 0; ///< The line of the file where it begins, from 1.
     std::vector<CsvField> fields;
-    QString fault; ///< In Greek; empty for a row that is all right.
+    QString fault; ///< In Greek; empty if the row is in order.
 };
 
-/// Reads CSV as of RFC 4180, row by row. Lines end in LF or CR LF, a mark of UTF-8 at the beginning is passed over, and
-/// the first comma, semicolon or tab of the first line says what divides the fields. Empty lines are passed over.
+/// Reads CSV according to RFC 4180, row by row. Lines end in LF or CR LF, a UTF-8 byte order mark at the beginning is
+/// skipped, and the first comma, semicolon or tab in the first line is the separator. Empty lines are skipped.
 class CsvReader {
 public:
-    /// A field that is longer is taken for one whose quotes are never closed.
+    /// A longer field is assumed to be one whose closing quote is missing.
     static constexpr qsizetype longestField = 1 << 20;
-    static constexpr qsizetype longestRow = 16 << 20; ///< In all its fields; one more field may pass it.
+    static constexpr qsizetype longestRow = 16 << 20; ///< In all its fields; the last field may exceed it.
     static constexpr std::size_t mostFields = 1000;
 
     /// The device must be open.
     explicit CsvReader(QIODevice& device);
 
-    /// The next row; false when none is left. A fault inside a line costs that line alone; quotes that are never closed
-    /// cost the rest of the file. Throws Refused when the file cannot be read.
+    /// Reads the next row; returns false if there are no more. After a fault within a line, only that line is lost;
+    /// after a missing closing quote, the rest of the file. Throws Refused if the file cannot be read.
     [[nodiscard]] bool read(CsvRow& row);
 
     [[nodiscard]] char separator() const { return m_separator; }

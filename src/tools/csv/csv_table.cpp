@@ -112,7 +112,7 @@ std::optional<QString> CsvTable::text(const QByteArray& column) const
     const CsvField& field = m_row.fields[place->second];
     if (field.bytes.isEmpty() && !field.isQuoted)
         return std::nullopt;
-    return field.bytes.isEmpty() ? QStringLiteral("") : value(column, textFromCsv); // a null text is none
+    return field.bytes.isEmpty() ? QStringLiteral("") : value(column, textFromCsv); // a null text means no value
 }
 
 qint32 CsvTable::number(const QByteArray& column) const

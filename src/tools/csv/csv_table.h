@@ -11,25 +11,25 @@
 
 namespace lorvan {
 
-/// What a table's CSV file may hold besides.
+/// A column that a table's CSV file must or may have.
 struct CsvColumn {
     enum class Need {
         Required,
         Optional,
-        Ignored ///< May be there, and is not read.
+        Ignored ///< May be there, but is not read.
     };
 
     QByteArray name;
     Need need = Need::Required;
 };
 
-/// A row, or the row of titles, that cannot be taken. what() says why, in Greek, and begins with the column where it is
-/// one column's matter.
+/// A row, or the row of titles, that cannot be accepted. what() says why, in Greek, and begins with the column if only
+/// one is concerned.
 class BadRow : public std::runtime_error {
 public:
     enum class Reach {
         Row,
-        File ///< Nothing of what follows can be taken either.
+        File ///< Nothing after it can be accepted either.
     };
     explicit BadRow(const QString& reason, Reach reach = Reach::Row);
     [[nodiscard]] Reach reach() const { return m_reach; }
@@ -38,33 +38,33 @@ private:
     Reach m_reach;
 };
 
-/// A table in a CSV file with a row of titles. Columns are known by their names, in any order and letter case. Reading
-/// values throws BadRow; a column that the file does not have reads as an empty field.
+/// A table in a CSV file with a row of titles. Columns are identified by their names, in any order and letter case.
+/// Reading values throws BadRow; a column missing from the file is read as an empty field.
 class CsvTable {
 public:
     /// Throws Refused when the file cannot be read.
     explicit CsvTable(const QString& path);
 
-    /// Matches the titles. Throws BadRow for a column that is missing, unknown or there twice.
+    /// Reads the titles. Throws BadRow for a column that is missing, unknown or repeated.
     void readTitles(const std::vector<CsvColumn>& columns);
 
-    /// Goes on to the next row; false when none is left. Throws BadRow for one that cannot be read.
+    /// Moves to the next row; returns false if there are no more. Throws BadRow for one that cannot be read.
     [[nodiscard]] bool next();
 
     [[nodiscard]] qint64 line() const { return m_row.line; }
     [[nodiscard]] qint64 bytesRead() const { return m_reader.bytesRead(); }
     [[nodiscard]] qint64 size() const { return m_file.size(); }
 
-    /// The field without its quotes; nothing where the column is missing or the field empty without quotes.
+    /// The field without its quotes; no value if the column is missing or the field is empty without quotes.
     [[nodiscard]] std::optional<QByteArray> field(const QByteArray& column) const;
     [[nodiscard]] bool has(const QByteArray& column) const { return m_places.contains(column); }
-    /// Empty for a field that is empty without quotes.
+    /// No value if the field is empty without quotes.
     [[nodiscard]] std::optional<QString> text(const QByteArray& column) const;
     [[nodiscard]] qint32 number(const QByteArray& column) const;
     [[nodiscard]] qint32 number(const QByteArray& column, qint32 whereEmpty) const;
     [[nodiscard]] qint64 longNumber(const QByteArray& column, qint64 whereEmpty) const;
     [[nodiscard]] QDate date(const QByteArray& column) const;
-    [[nodiscard]] Currency amount(const QByteArray& column) const; ///< Zero where empty.
+    [[nodiscard]] Currency amount(const QByteArray& column) const; ///< Zero if empty.
     [[nodiscard]] bool flag(const QByteArray& column, bool whereEmpty) const;
 
 private:

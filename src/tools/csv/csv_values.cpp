@@ -19,7 +19,7 @@ bool areDigits(QByteArrayView text)
     return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-/// Whole number and decimals are digits. Empty when the amount is beyond a Currency.
+/// Integer part and decimals are digits. No value if the amount is out of the range of Currency.
 std::optional<Currency> amountOf(bool isNegative, const QByteArray& digitsOfUnits)
 {
     std::int64_t count = 0;

@@ -11,30 +11,30 @@
 
 namespace lorvan {
 
-/// A text that is not the value it stands for. what() says why, in Greek.
+/// A text is not a valid value. what() says why, in Greek.
 class CsvValueError : public std::runtime_error {
 public:
     explicit CsvValueError(const QString& reason);
 };
 
-/// The forms of values in the CSV files of a book. Reading throws CsvValueError.
+/// The formats of values in the CSV files of a book. Reading throws CsvValueError.
 
-/// A point, and two decimals or, where these do not tell the amount exactly, four: 1234.50, 0.0001.
+/// With a decimal point and two decimals or, if these do not give the exact amount, four: 1234.50, 0.0001.
 [[nodiscard]] QByteArray csvAmount(Currency amount);
-/// An optional minus, digits, and one, two or four decimals after a point. Three are refused: 1.234 may be meant as
-/// 1234.
+/// An optional minus, digits, and one, two or four decimals after a point. Three decimals are refused: 1.234 may be
+/// meant as 1234.
 [[nodiscard]] Currency amountFromCsv(const QByteArray& text);
 
-/// yyyy-mm-dd; a stored number that is no date stands as it is.
+/// yyyy-mm-dd; a stored number that is not a date is written as it is.
 [[nodiscard]] QByteArray csvDate(std::int64_t stored);
 [[nodiscard]] QDate dateFromCsv(const QByteArray& text);
 
-/// In quotes where it is empty or holds a separator, a quote, a line end, or blanks at an end.
+/// In quotes if it is empty or contains a separator, a quote, a line end, or blanks at either end.
 [[nodiscard]] QByteArray csvText(const QString& text);
-/// Refuses what is no UTF-8, and NUL.
+/// Refuses NUL and anything that is not UTF-8.
 [[nodiscard]] QString textFromCsv(const QByteArray& text);
 
-/// A whole number of 32 bits.
+/// A 32-bit integer.
 [[nodiscard]] qint32 numberFromCsv(const QByteArray& text);
 /// 0, 1 or -1.
 [[nodiscard]] bool flagFromCsv(const QByteArray& text);

@@ -3,7 +3,7 @@
 namespace lorvan {
 namespace {
 
-/// On one line, whatever it holds.
+/// On one line, whatever the text contains.
 QByteArray escaped(QByteArray value)
 {
     return value.replace('\\', "\\\\").replace('\n', "\\n").replace('\r', "\\r");

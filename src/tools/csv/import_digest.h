@@ -6,11 +6,11 @@
 
 namespace lorvan {
 
-/// SHA-256 over the rows of imported files, whatever their separators, quotes, line ends and order of columns. Its form
-/// is described in docs/data-files.md.
+/// SHA-256 over the rows of imported files, independent of their separators, quotes, line ends and order of columns.
+/// Its exact form is described in docs/data-files.md.
 class ImportDigest {
 public:
-    /// The row on which the table stands, with those of its columns that an import reads.
+    /// Adds the table's current row, with those of its columns that an import reads.
     void add(const QString& file, const CsvTable& row, const std::vector<CsvColumn>& columns);
 
     [[nodiscard]] QString text() const; ///< 64 hexadecimal digits.

@@ -39,7 +39,7 @@ std::map<qint32, qint32> groupsByCode()
     return groups;
 }
 
-/// Enters the day's movements and its row, and moves `balance` on to the day's end.
+/// Enters the day's movements and its row, and advances `balance` to the end of the day.
 void writeDay(Connection& main, QDate date, const DemoDay& day, Currency& balance)
 {
     static const std::map<qint32, qint32> groups = groupsByCode();

@@ -16,7 +16,7 @@ constexpr int quarter = 3 * month;
 
 constexpr Cents openingCash = 1'800'00;
 constexpr Cents leastCash = 250'00; ///< Before a payment would go below it, money is fetched from the bank.
-constexpr Cents mostCash = 3'500'00; ///< A day that ends above it ends with a deposit.
+constexpr Cents mostCash = 3'500'00; ///< A day that would end above it ends with a deposit.
 constexpr Cents cashLeftByDeposit = 1'300'00;
 constexpr Cents wholeNotes = 50'00;
 
@@ -25,8 +25,8 @@ constexpr int vatPercent = 24;
 
 enum class Details { None, Customer, Invoice };
 
-/// Something that happens again and again: on the days that leave `day` when divided by `period`, and of those on so
-/// many in a hundred, for an amount between two bounds in steps.
+/// A recurring movement: on days whose number divided by `period` leaves `day`, on `percent` in a hundred of these, for
+/// an amount between two bounds in steps.
 struct Habit {
     qint32 code;
     bool income;
@@ -98,7 +98,7 @@ const std::array customers{QStringLiteral("ΠΑΠΑΔΟΠΟΥΛΟΣ"), QStringLi
     QStringLiteral("ΑΦΟΙ ΚΑΡΡΑ ΟΕ"), QStringLiteral("ΑΝΤΩΝΙΟΥ"), QStringLiteral("ΜΙΧΑΗΛΙΔΗΣ"),
     QStringLiteral("ΟΙΚΟΔΟΜΙΚΗ ΛΑΡΙΣΑΣ ΑΕ"), QStringLiteral("ΒΑΣΙΛΕΙΟΥ"), QStringLiteral("ΣΤΑΘΟΠΟΥΛΟΥ")};
 
-/// The same numbers on every machine, which the library's own distributions do not promise.
+/// The same numbers on every machine, which the standard library's distributions do not guarantee.
 class Random {
 public:
     explicit Random(std::uint64_t seed)
@@ -225,7 +225,7 @@ private:
 
     Random m_random;
     int m_today = 0;
-    Cents m_cash = 0; ///< Coins and notes; cheques are apart.
+    Cents m_cash = 0; ///< Coins and notes; cheques are counted separately.
     std::deque<Cheque> m_cheques;
     std::map<qint32, std::int64_t> m_invoices;
 };

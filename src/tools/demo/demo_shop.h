@@ -19,7 +19,7 @@ struct DemoUser {
 /// The codes of the sample shop; `group` is the number of a demoGroups() entry.
 [[nodiscard]] const std::vector<MovementCode>& demoCodes();
 
-/// One user with every right and one with none. Their passwords are no secret.
+/// One user with all rights and one with none. Their passwords are not secret.
 [[nodiscard]] const std::vector<DemoUser>& demoUsers();
 
 } // namespace lorvan

@@ -17,7 +17,7 @@ constexpr std::array fixedHolidays{FixedHoliday{1, 1}, FixedHoliday{6, 1}, Fixed
 /// Clean Monday, Good Friday, Easter Monday, Whit Monday, in days from Easter Sunday.
 constexpr std::array movableHolidays{-48, -2, 1, 50};
 
-/// Orthodox Easter Sunday: the Julian reckoning, 13 days later in our calendar from 1900 to 2099.
+/// Orthodox Easter Sunday: the Julian date, which is 13 days later in our calendar from 1900 to 2099.
 QDate easterSunday(int year)
 {
     const int moon = (19 * (year % 19) + 15) % 30;

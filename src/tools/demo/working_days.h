@@ -6,10 +6,10 @@
 
 namespace lorvan {
 
-/// True on the public holidays on which Greek shops are shut, the movable ones of the Orthodox Easter included.
+/// True on the public holidays on which Greek shops are closed, including the movable ones around Orthodox Easter.
 [[nodiscard]] bool isGreekHoliday(QDate day);
 
-/// Monday to Saturday, holidays left out.
+/// Monday to Saturday, except holidays.
 [[nodiscard]] bool isWorkingDay(QDate day);
 
 /// The last `count` working days up to and including `last`, oldest first.

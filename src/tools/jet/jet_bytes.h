@@ -11,7 +11,7 @@
 
 namespace lorvan {
 
-/// A piece of a file that is held in memory elsewhere. Numbers are little-endian; reading outside the piece throws
+/// A section of a file that is held in memory elsewhere. Numbers are little-endian; reading outside the section throws
 /// JetError.
 class JetBytes {
 public:
@@ -66,7 +66,7 @@ private:
     std::uint64_t m_size = 0;
 };
 
-/// Where a row lies: four bytes in the file.
+/// The location of a row: four bytes in the file.
 struct JetRowPointer {
     std::uint32_t page;
     int row;

@@ -7,16 +7,16 @@
 
 namespace lorvan {
 
-/// The user tables that a file names.
+/// The user tables listed in a file.
 class JetCatalogue {
 public:
-    /// Throws JetError where the definition of the catalogue itself cannot be read; what is wrong in its rows is
-    /// damage, a name used twice included.
+    /// Throws JetError if the definition of the catalogue itself cannot be read; errors in its rows are damage,
+    /// including a repeated name.
     JetCatalogue(const JetFile& file, JetDamage& damage);
 
     [[nodiscard]] QStringList tableNames() const { return m_pages.keys(); } ///< In lower case.
 
-    /// Names ignore letter case. Throws JetError for a table that is missing or whose definition is damaged.
+    /// Letter case is ignored. Throws JetError for a table that is missing or whose definition is damaged.
     [[nodiscard]] JetDefinition definitionOf(const QString& table) const;
 
 private:

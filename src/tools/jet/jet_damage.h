@@ -6,15 +6,15 @@
 
 namespace lorvan {
 
-/// What becomes of damage that a reading can go on behind: a page, a row or a table is left out.
+/// How to deal with damage that does not prevent further reading: a page, a row or a table is left out.
 class JetDamage {
 public:
     enum class Answer {
         Refuse, ///< The first damage ends the reading.
-        Collect ///< It is noted, and what is left is read.
+        Collect ///< Damage is recorded, and the rest is read.
     };
 
-    /// So many are kept to be listed; further ones are only counted.
+    /// The number of faults kept for listing; further ones are only counted.
     static constexpr std::size_t mostListed = 10'000;
 
     explicit JetDamage(Answer answer)
@@ -22,7 +22,7 @@ public:
     {
     }
 
-    /// Throws the error, or notes it.
+    /// Throws the error, or records it.
     void meet(const JetError& error)
     {
         if (m_answer == Answer::Refuse)
@@ -32,7 +32,8 @@ public:
             m_listed.push_back(error);
     }
 
-    /// Does `work`; damage that leaves it is located and met. False then.
+    /// Runs `work`. If it throws a JetError, adds the place, passes the error to meet() and, if that does not throw,
+    /// returns false.
     template <typename Work> bool attempt(const JetPlace& place, const Work& work)
     {
         try {

@@ -8,7 +8,7 @@ namespace lorvan {
 namespace {
 
 constexpr std::uint64_t nextPageOffset = 4;
-constexpr std::uint64_t continuationOffset = 8; ///< Of what a further page adds.
+constexpr std::uint64_t continuationOffset = 8; ///< Where the data start on a continuation page.
 constexpr std::uint64_t lengthOffset = 8;
 constexpr std::uint64_t rowCountOffset = 16;
 constexpr std::uint64_t columnsEverOffset = 41;
@@ -23,7 +23,7 @@ constexpr int mostColumns = 255;
 constexpr std::uint8_t fixedFlag = 0x01;
 constexpr std::uint8_t counterFlag = 0x04;
 
-/// All pages of a definition as one piece.
+/// All pages of a definition, joined.
 QByteArray joinedPages(const JetFile& file, std::uint32_t firstPage)
 {
     QByteArray joined = file.pageOfKind(firstPage, JetFile::PageKind::Definition).view().toByteArray();

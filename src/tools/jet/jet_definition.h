@@ -21,28 +21,28 @@ enum class JetKind : std::uint8_t {
 
 struct JetColumn {
     QString name;
-    JetKind kind; ///< May be a kind that is not listed above; only its values cannot be read.
+    JetKind kind; ///< May be a kind that is not listed above; then only its values cannot be read.
     int number; ///< Its bit in a row's mask.
     bool isFixed;
     bool isCounter;
-    int variableIndex; ///< Of a column that is not fixed.
-    int offset; ///< Of a fixed column, counted from byte 2 of the row.
+    int variableIndex; ///< For a column that is not fixed.
+    int offset; ///< For a fixed column, counted from byte 2 of the row.
     int size; ///< In bytes.
 };
 
-/// What a file says of one table.
+/// The definition of one table in a file.
 struct JetDefinition {
     std::uint32_t page;
     std::uint32_t rowCount;
-    int columnsEver; ///< Deleted ones included; greater than every column's number.
+    int columnsEver; ///< Including deleted ones; greater than every column's number.
     JetRowPointer usageMap;
     std::vector<JetColumn> columns; ///< By number.
 
-    /// Names ignore letter case; null when there is none.
+    /// Letter case is ignored; null if there is no such column.
     [[nodiscard]] const JetColumn* columnNamed(const QString& name) const;
 };
 
-/// The definition that begins on a page. Throws JetError.
+/// Reads the definition that begins on a page. Throws JetError.
 [[nodiscard]] JetDefinition readDefinition(const JetFile& file, std::uint32_t firstPage);
 
 } // namespace lorvan

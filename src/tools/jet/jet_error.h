@@ -9,7 +9,7 @@
 
 namespace lorvan {
 
-/// A place in a database file of the older format; what does not apply or is not known stays empty.
+/// A place in a database file of the older format; members that do not apply or are unknown are empty.
 struct JetPlace {
     QString file; ///< Its name without the folder.
     QString table;
@@ -18,17 +18,17 @@ struct JetPlace {
     QString column;
 };
 
-/// Something in a file of the older format that cannot be so, or cannot be taken over: what, in Greek, and where.
+/// Something in a file of the older format that is invalid or cannot be imported: what, in Greek, and where.
 class JetError : public std::exception {
 public:
     explicit JetError(const QString& reason);
 
-    /// Adds what is known of the place and was not known so far.
+    /// Adds those parts of the place that are not known yet.
     void locate(const JetPlace& place);
 
     [[nodiscard]] const JetPlace& place() const { return m_place; }
     [[nodiscard]] const QString& reason() const { return m_reason; }
-    /// Place and reason as one line.
+    /// Place and reason on one line.
     [[nodiscard]] const char* what() const noexcept override { return m_line.constData(); }
 
 private:
@@ -39,12 +39,12 @@ private:
     QByteArray m_line;
 };
 
-/// A file without the mark of the older format.
+/// A file that is not in the older format.
 class NotAJetFile : public JetError {
     using JetError::JetError;
 };
 
-/// Runs `work`; a JetError that leaves it knows at least `place`.
+/// Runs `work`; adds `place` to any JetError that it throws.
 template <typename Work> decltype(auto) locating(const JetPlace& place, const Work& work)
 {
     try {

@@ -21,7 +21,7 @@ constexpr std::uint64_t versionOffset = 0x14;
 constexpr std::uint8_t olderVersion = 0;
 constexpr std::uint8_t wantedVersion = 1;
 
-/// The header is masked; a file with plain pages has these bytes where the key of its pages would be.
+/// The header is masked; a file with unencrypted pages has these bytes in place of the key of its pages.
 constexpr std::uint64_t keyOffset = 0x3E;
 constexpr QByteArrayView noKey("\xFB\x8A\xBC\x4E", 4);
 

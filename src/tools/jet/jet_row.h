@@ -6,17 +6,17 @@
 
 namespace lorvan {
 
-/// The bytes of one row, split by its table's definition, which must outlive it.
+/// The bytes of one row, split up according to its table's definition, which must outlive it.
 class JetRow {
 public:
     /// Throws JetError for a row that is too short or has more columns than its table ever had.
     JetRow(const JetBytes& bytes, const JetDefinition& definition);
 
-    /// The bit of a boolean column; false where the row is from before the column.
+    /// The bit of a boolean column; false if the row is older than the column.
     [[nodiscard]] bool boolean(const JetColumn& column) const;
 
-    /// The bytes of a column that is no boolean; nothing for NULL. Throws JetError for bytes outside their part of the
-    /// row.
+    /// The bytes of a non-boolean column; no value for NULL. Throws JetError if the bytes are outside the part of the
+    /// row meant for them.
     [[nodiscard]] std::optional<JetBytes> bytesOf(const JetColumn& column) const;
 
 private:

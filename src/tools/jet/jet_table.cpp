@@ -70,7 +70,7 @@ private:
         m_take(JetRow(slot.isMoved ? movedBytes(slot.bytes) : slot.bytes, m_definition));
     }
 
-    /// The data of a row that was moved, to be reached from one place alone.
+    /// The data of a row that was moved; exactly one place may point to it.
     JetBytes movedBytes(JetBytes bytes)
     {
         for (int step = 0; step < mostSteps; ++step) {

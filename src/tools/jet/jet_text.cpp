@@ -19,7 +19,7 @@ char16_t wideCharacter(const JetBytes& bytes, std::uint64_t at)
     return bytes.u16(at);
 }
 
-/// One byte a character below 256, or two bytes a character; a zero byte where a character would begin switches.
+/// One byte per character below 256, or two bytes per character; a zero byte in place of a character switches.
 QString expand(const JetBytes& bytes)
 {
     QString text;

@@ -6,11 +6,11 @@
 
 namespace lorvan {
 
-/// A stored text: UTF-16, or compressed when it begins with FF FE. Blanks at its end stay.
-/// Throws JetError for an odd byte left over and for a lone surrogate.
+/// A stored text: UTF-16, or compressed if it begins with FF FE. Trailing blanks are kept. Throws JetError for an odd
+/// number of bytes and for a lone surrogate.
 [[nodiscard]] QString decodeText(const JetBytes& bytes);
 
-/// UTF-16 alone, as names in definitions are kept. Throws like decodeText().
+/// Only UTF-16, as used for names in definitions. Throws like decodeText().
 [[nodiscard]] QString decodePlainText(const JetBytes& bytes);
 
 } // namespace lorvan

@@ -42,7 +42,7 @@ QString textIn(const JetBytes& bytes)
     return decodeText(bytes);
 }
 
-/// The bytes on a page of long values.
+/// The bytes on a page for long values.
 JetBytes longValue(const JetFile& file, JetRowPointer pointer)
 {
     if (!JetDataPage(file, pointer.page).holdsLongValues())

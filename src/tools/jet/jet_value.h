@@ -14,14 +14,14 @@ struct JetMoney {
     friend bool operator==(const JetMoney&, const JetMoney&) = default;
 };
 
-/// A value of a row: nothing for NULL; the whole-number kinds as one.
+/// A value of a row: empty for NULL; all integer kinds give the same type.
 using JetValue = std::variant<std::monostate, bool, std::int32_t, JetMoney, float, double, QDateTime, QString>;
 
-/// Throws JetError for bytes that are no value of the column's kind, and for kinds that are not read.
+/// Throws JetError if the bytes are not a value of the column's kind, or if the kind is not supported.
 [[nodiscard]] JetValue valueOf(const JetFile& file, const JetRow& row, const JetColumn& column);
 
-/// Days since 1899-12-30, whose fraction is the time of that day, forwards for negative numbers too; to the nearest
-/// second. Throws JetError outside the years 100 to 9999.
+/// Days since 1899-12-30; the fraction is the time of that day, counted forwards for negative numbers too; rounded to
+/// the nearest second. Throws JetError outside the years 100 to 9999.
 [[nodiscard]] QDateTime dateTimeOf(double days);
 
 } // namespace lorvan

@@ -13,14 +13,14 @@ class Book;
 class JetDamage;
 struct LegacyBook;
 
-/// What an import has brought over, counted and summed on both sides.
+/// What an import has transferred, counted and summed on both sides.
 class ImportReport {
 public:
-    /// Holds the new book's cash days against its movements too. Throws SqlError, and CurrencyOverflow where the
-    /// movements' sums are beyond its range.
+    /// Also compares the new book's cash days with its movements. Throws SqlError, and CurrencyOverflow if the
+    /// movements' sums are out of range.
     ImportReport(const LegacyBook& legacy, Book& made);
 
-    /// True when the new book holds as many rows and the same sums as were read.
+    /// True if the new book has the same number of rows and the same sums as were read.
     [[nodiscard]] bool agrees() const;
     void print(std::ostream& out) const;
 
@@ -44,13 +44,13 @@ private:
     std::vector<Rows> m_rows;
     Sums m_old;
     Sums m_new;
-    std::vector<AuditedDay> m_differingDays; ///< Whose row is missing or says something else than the movements.
+    std::vector<AuditedDay> m_differingDays; ///< The row is missing or does not agree with the movements.
     std::uint64_t m_finerAmounts = 0;
     std::uint64_t m_droppedTimes = 0;
     bool m_asksForOpeningBalance;
 };
 
-/// The damage that was passed over, a line each.
+/// Prints the damage that was ignored, one line each.
 void printDamage(const JetDamage& damage, std::ostream& out);
 
 } // namespace lorvan

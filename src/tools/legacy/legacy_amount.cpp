@@ -13,15 +13,15 @@ __extension__ using Wide = __int128;
 
 constexpr int centsPerEuro = 100;
 
-/// A finite number as magnitude x 2^exponent, 2^exponent being the unit in its last place.
+/// A finite number as magnitude x 2^exponent, where 2^exponent is the unit in its last place.
 struct Binary {
     Wide magnitude;
     int exponent;
     bool isNegative;
 };
 
-/// A count of some fraction of a euro, half away from zero, and how far the number is from it: in units of the number's
-/// last place times that fraction.
+/// A number of some fraction of a euro, rounded half away from zero, and the distance of the exact number from it, in
+/// units of the number's last place times that fraction.
 struct Scaled {
     Wide count;
     Wide rest;

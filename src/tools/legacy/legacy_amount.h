@@ -4,14 +4,14 @@
 
 namespace lorvan {
 
-/// A floating-point amount of an older book as an exact one: the nearest cent (half a cent away from zero) where that
-/// lies within half a unit in the last place of the number, otherwise rounded to four decimals.
+/// A floating-point amount of an older book, made exact: the nearest cent (half a cent away from zero) if it lies
+/// within half a unit in the number's last place, otherwise rounded to four decimals.
 struct LegacyAmount {
     Currency amount;
-    bool isWholeCents; ///< False for an amount that was kept to four decimals.
+    bool isWholeCents; ///< False if the amount was kept to four decimals.
 };
 
-/// Computed exactly. The number must be finite. Throws JetError for one beyond the range of Currency.
+/// Calculated exactly. The number must be finite. Throws JetError if it is out of the range of Currency.
 [[nodiscard]] LegacyAmount legacyAmount(float number);
 [[nodiscard]] LegacyAmount legacyAmount(double number);
 

@@ -26,7 +26,7 @@ QStringList entriesNamed(const QString& folder, const QString& name)
     return found;
 }
 
-/// The entry of that name; where there is none, one that differs from it in letter case alone.
+/// The entry with that name; if there is none, one that differs only in letter case.
 QString pathIn(const QString& folder, const QString& name)
 {
     const QStringList found = entriesNamed(folder, name);
@@ -46,8 +46,8 @@ void checkVersion(const LegacyBook& book)
     throw missing;
 }
 
-/// A version that was lost with its page: the memorandum column tells the first version from the others, and of those
-/// the current one asks for no opening balance that would replace the balances there are.
+/// Replaces a version number lost with its page: the memorandum column distinguishes the first version from the others,
+/// and of those the current one asks for no opening balance, which would overwrite the existing balances.
 void supplyLostVersion(LegacyBook& book, const JetDamage& damage)
 {
     const bool isLost = std::any_of(damage.listed().begin(), damage.listed().end(),

@@ -11,7 +11,7 @@
 namespace lorvan {
 namespace {
 
-/// Null for a column that may be missing and is.
+/// Null if the column is missing but may be.
 const JetColumn* columnFor(const LegacyColumn& wanted, const JetDefinition& definition)
 {
     const JetColumn* found = nullptr;
@@ -176,7 +176,7 @@ private:
         return std::int64_t(found && *found != 0 ? -1 : 0);
     }
 
-    /// A number is taken as its digits: one of the columns is used by nobody and may hold anything.
+    /// A number becomes its digits: one of the columns is not used and may contain anything.
     static LegacyCell text(const JetValue& value, const JetColumn& column)
     {
         if (std::holds_alternative<std::monostate>(value))
@@ -190,12 +190,12 @@ private:
 
     const JetFile& m_file;
     const JetDefinition& m_definition;
-    std::vector<const JetColumn*> m_columns; // beside the table's columns; null for one that is missing
+    std::vector<const JetColumn*> m_columns; // parallel to the table's columns; null for one that is missing
     LegacyRows m_result;
     struct {
         std::uint64_t finerAmounts = 0;
         std::uint64_t droppedTimes = 0;
-    } m_ofRow; // added to the result's when the row is complete
+    } m_ofRow; // added to those of the result when the row is complete
     std::unordered_set<std::int64_t> m_counters;
 };
 

@@ -9,21 +9,20 @@
 
 namespace lorvan {
 
-/// A value in the form in which the book's own files keep it: nothing, a whole number, a text.
+/// A value as stored in the book's own files: none, an integer, a text.
 using LegacyCell = std::variant<std::monostate, std::int64_t, QString>;
 using LegacyRow = std::vector<LegacyCell>; ///< In the order of LegacyTable::columns.
 
 struct LegacyRows {
     const LegacyTable* table;
-    std::vector<LegacyRow> rows; ///< By counter where the table has one, otherwise as they lie in the file.
-    QStringList missingColumns; ///< Of those that may be; amounts are 0 there, other cells empty.
-    std::uint64_t finerAmounts = 0; ///< Amounts kept to four decimals, because no cent was near enough.
-    std::uint64_t droppedTimes = 0; ///< Dates with a time of day, which a cash day has not.
+    std::vector<LegacyRow> rows; ///< By counter if the table has one, otherwise in the order of the file.
+    QStringList missingColumns; ///< Columns that may be missing; amounts are then 0, other cells empty.
+    std::uint64_t finerAmounts = 0; ///< Amounts kept to four decimals because no cent was close enough.
+    std::uint64_t droppedTimes = 0; ///< Dates with a time of day, which a cash day does not have.
 };
 
-/// Reads one table. Amounts that are NULL become 0. Throws JetError for a table or column that is missing; what is
-/// wrong with a page, a row or the number of rows is damage: so are a row without a number and one whose number is
-/// taken.
+/// Reads one table. Amounts that are NULL become 0. Throws JetError for a missing table or column. Anything wrong with
+/// a page, a row or the number of rows is damage; so is a row without a number or with one that is taken.
 [[nodiscard]] LegacyRows readLegacyRows(
     const JetFile& file, const JetCatalogue& catalogue, const LegacyTable& table, JetDamage& damage);
 

@@ -8,13 +8,13 @@
 
 namespace lorvan {
 
-/// The form that a column has in the book's own files.
+/// The form of a column in the book's own files.
 enum class LegacyForm { Counter, Number, Date, Amount, Boolean, Text };
 
 struct LegacyColumn {
-    QString name; ///< In the book's own tables; also in the older ones, unless a place is given.
+    QString name; ///< In the book's own tables; also in the older ones, unless `place` is given.
     LegacyForm form;
-    std::optional<std::size_t> place = std::nullopt; ///< Older books may call it anything.
+    std::optional<std::size_t> place = std::nullopt; ///< Older books may use any name for it.
     bool mayBeMissing = false;
 };
 
@@ -26,11 +26,11 @@ struct LegacyTable {
     File file;
     std::vector<LegacyColumn> columns;
 
-    /// The column must be there.
+    /// The column must exist.
     [[nodiscard]] std::size_t columnIndex(const QString& column) const;
 };
 
-/// The tables that have a name of their own in the code; all are in legacyTables().
+/// Tables that are named in the code; all of them are in legacyTables().
 inline const QString legacyMovements = QStringLiteral("kinhseis");
 inline const QString legacyVersion = QStringLiteral("taytothta");
 

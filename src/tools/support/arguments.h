@@ -8,24 +8,25 @@
 
 namespace lorvan {
 
-/// A command line that says something else than the command takes. what() says in Greek what is wrong with it.
+/// A command line that does not match what the command takes. what() says in Greek what is wrong with it.
 class UsageError : public std::runtime_error {
 public:
     explicit UsageError(const QString& message);
 };
 
-/// The words after a command's name, taken one by one. All operations throw UsageError.
+/// The words after a command's name, taken one at a time. All operations throw UsageError.
 class Arguments {
 public:
     explicit Arguments(QStringList words);
 
-    /// The value of `--name VALUE` or `--name=VALUE`, `name` with its dashes; empty when the option is not given.
+    /// The value of `--name VALUE` or `--name=VALUE`, `name` including its dashes; no value if the option is not given.
     [[nodiscard]] std::optional<QString> takeOption(const QString& name);
 
-    /// True when the option, which has no value, is given.
+    /// True if the option, which has no value, is given.
     [[nodiscard]] bool takeFlag(const QString& name);
 
-    /// The next word that is no option; `what` names it where it is missing. An empty word counts as missing.
+    /// The next word that is not an option; `what` names it in the error if it is missing. An empty word counts as
+    /// missing.
     [[nodiscard]] QString takeWord(const QString& what);
 
     /// takeWord() for the folder of a book, as an absolute path.
@@ -34,7 +35,7 @@ public:
     /// The next word, if there is one.
     [[nodiscard]] std::optional<QString> takeOptionalWord();
 
-    /// To be called when all has been taken: anything left is refused.
+    /// To be called when everything has been taken: anything left is refused.
     void finish() const;
 
 private:

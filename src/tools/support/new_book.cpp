@@ -17,7 +17,7 @@
 namespace lorvan {
 namespace {
 
-/// The main database comes last: a folder that holds one is a book.
+/// The main database comes last: a folder that contains one is a book.
 std::array<QString, 3> pathsOf(const BookFiles& files)
 {
     return {files.auxiliaryDatabase(), files.usageMarker(), files.mainDatabase()};

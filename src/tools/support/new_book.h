@@ -10,21 +10,20 @@
 
 namespace lorvan {
 
-/// Throws BookExists when one of a book's three files is there, RestoreUnfinished when a restore there cannot be
-/// brought to its end. What a killed process left there of a book in the making is removed before.
+/// Throws BookExists if any of a book's three files is there, RestoreUnfinished if there is a restore that cannot be
+/// completed. Removes first what a killed process left of a new book.
 void refuseExistingBook(const BookFiles& files);
 
-/// Fills a book that is not in its place yet. A commit of which nobody can say how it ended has made nothing then: it
-/// is thrown on as a plain SqlError.
+/// Fills a book that is not in its place yet. If the result of a commit is unknown, nothing has been made, so the error
+/// is thrown again as a plain SqlError.
 void fillHidden(const std::function<void()>& fill);
 
-/// A book in the making. It is filled in a hidden folder inside its data folder and appears there, complete, with
-/// keep(); until then, and when that fails, everything that was made is removed again, new folders included.
+/// A new book. It is filled in a hidden folder inside its data folder and appears there, complete, with keep(); until
+/// then, and if that fails, everything that was made is removed again, including new folders.
 class NewBook {
 public:
-    /// An empty book at the current schema version. Missing folders are made.
-    /// Throws BookExists when one of its three files is there already, Refused when the folder cannot be written,
-    /// SqlError.
+    /// An empty book at the current schema version. Missing folders are made. Throws BookExists if any of its three
+    /// files already exists, Refused if the folder cannot be written, SqlError.
     explicit NewBook(const QString& dataFolder);
     ~NewBook();
     NewBook(const NewBook&) = delete;
@@ -32,8 +31,8 @@ public:
 
     [[nodiscard]] Book& book() { return *m_book; }
 
-    /// Closes the book and moves its files into place. Throws like the constructor, also when another book has
-    /// appeared in the meantime. Names that the disk does not confirm are noted with noteUnconfirmed().
+    /// Closes the book and moves its files into place. Throws like the constructor, also if another book has appeared
+    /// in the meantime. If the disk does not confirm the names, noteUnconfirmed() is called.
     void keep();
 
 private:

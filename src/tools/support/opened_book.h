@@ -6,25 +6,25 @@
 
 namespace lorvan {
 
-/// Throws Refused for a folder without a complete book and for a book in the older format.
+/// Throws Refused if the folder has no complete book or the book is in the older format.
 void refuseIncompleteBook(const BookFiles& files);
 
-/// Finishes a restore that was cut short, refuses as above, and takes back what a killed program left in the book (see
-/// recoverBook()). Throws RestoreUnfinished and MarkerError too.
+/// Finishes an interrupted restore, refuses as above, and cleans up what a killed program left in the book (see
+/// recoverBook()). Also throws RestoreUnfinished and MarkerError.
 void readyBook(const BookFiles& files);
 
-/// An existing book, opened for a command: one connection with the main database and, attached to it as `auxiliary`,
-/// the other one; no table name occurs in both. Neither is upgraded or otherwise changed by that. Where the files may
-/// only be read, so may the connection (Connection::isReadOnly()).
+/// An existing book, opened for a command: one connection with the main database and the other one attached to it as
+/// `auxiliary`; no table name occurs in both. Opening upgrades or changes neither. If the files may only be read, the
+/// connection is read-only (Connection::isReadOnly()).
 ///
-/// A command that only reads does so in one Transaction::Mode::Read, over both files: what it reads belongs together,
-/// whoever writes meanwhile. A writer's commit waits for its end, for five seconds at most. A command that writes
-/// claims the marker after readyBook() and opens then.
+/// A command that only reads does so in one Transaction::Mode::Read over both files, so that everything it reads
+/// belongs together, whoever is writing. A writer's commit waits until it ends, five seconds at most. A command that
+/// writes claims the marker after readyBook() and then opens the book.
 class OpenedBook {
 public:
-    /// Throws Refused for a folder without a complete book, for a book in the older format and for one of an older
-    /// schema version; UnknownSchemaVersion; RestoreUnfinished; SqlError as Connection::open(), also on a read-only
-    /// folder where a program that was killed left a journal.
+    /// Throws Refused if the folder has no complete book, or the book is in the older format or of an older schema
+    /// version; UnknownSchemaVersion; RestoreUnfinished; SqlError like Connection::open(), also in a read-only folder
+    /// where a killed program left a journal.
     explicit OpenedBook(const QString& folder, Connection::Access access = Connection::Access::ReadOnly);
 
     [[nodiscard]] const BookFiles& files() const { return m_files; }

@@ -9,9 +9,9 @@ namespace lorvan {
 
 struct ToolContext;
 
-/// A line "label [#####.....]  50%" on the terminal that the error stream goes to, for work that the user waits for.
-/// It appears once the work has taken the interval, is drawn anew once in each, and is gone at its end. Where the
-/// error stream goes to no terminal, nothing is written at all. Write nothing else to the terminal while it lives.
+/// A line "label [#####.....]  50%" on the terminal of the error stream, for work that the user waits for. It appears
+/// once the work has lasted one interval, is redrawn at most once per interval, and disappears at the end. If the error
+/// stream is not a terminal, nothing is written. Do not write anything else to the terminal during its lifetime.
 class ProgressBar {
 public:
     static constexpr std::chrono::milliseconds usualInterval{200};
@@ -21,8 +21,7 @@ public:
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
 
-    /// So much of the whole is done, in any unit; more than the whole counts as all of it. Cheap: to be called for
-    /// every row.
+    /// How much is done, in any unit; more than the whole counts as the whole. Cheap enough to be called for every row.
     void show(std::int64_t done, std::int64_t whole);
 
 private:

@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t mostWaiting = 1 << 16;
 const QString eraseLine = QStringLiteral("\r\x1b[K");
 
-/// A text in which the progress bar's own sequences stay.
+/// The printable text, with the progress bar's own sequences kept.
 QString shown(const QString& text)
 {
     QStringList parts = text.split(eraseLine);

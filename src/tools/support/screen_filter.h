@@ -6,12 +6,12 @@
 
 namespace lorvan {
 
-/// Stands before a stream that may end on a terminal: names of files and what a book holds must not steer it. Control
-/// characters come out as printable() shows them, but for line ends, tabs and what a progress bar needs: a carriage
-/// return, and the erasing of a line behind it.
+/// Filters a stream that may end on a terminal: names of files and contents of a book must not control it. Control
+/// characters are replaced as by printable(), except line ends, tabs and what a progress bar needs: a carriage return,
+/// and the sequence after it that erases the line.
 class ScreenFilter : public std::streambuf {
 public:
-    /// Takes the stream's place until the object goes.
+    /// Takes the stream's place during the lifetime of the object.
     explicit ScreenFilter(std::ostream& stream);
     ~ScreenFilter() override;
     ScreenFilter(const ScreenFilter&) = delete;

@@ -17,7 +17,7 @@
 namespace lorvan {
 namespace {
 
-/// Keeps the terminal from showing what is typed, and gives it back as it was however the program goes on or ends.
+/// Turns off the echo of typed characters and restores the terminal however the program continues or ends.
 class HiddenTyping {
 public:
     HiddenTyping()

@@ -55,7 +55,7 @@ void complain(const ToolContext& context, const QString& message)
     context.errors << "lorvan-data: " << message.toStdString() << '\n';
 }
 
-/// What failed once a signal had come, failed because of it.
+/// A failure after a signal has arrived was caused by the signal.
 QString messageFor(const std::exception& failure)
 {
     if (Interruption::hasCome())
@@ -87,8 +87,8 @@ ExitStatus runCommand(const Command& command, const QStringList& words, const To
     return ExitStatus::Failed;
 }
 
-/// A marker that stayed in use is told. What was done stands on a disk that may still lose it: that is told, and is not
-/// status 0.
+/// Reports a marker that stayed in use. If the disk did not confirm a change, it may still lose it: this is reported
+/// too, and the status is not 0.
 ExitStatus endingOf(ExitStatus status, const ToolContext& context)
 {
     if (takeMarkerLeftInUse())

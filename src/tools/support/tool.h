@@ -6,7 +6,7 @@
 
 namespace lorvan {
 
-/// Runs the command line (without the program's own name) and says on the context's streams what came of it.
+/// Runs the command line (without the program's own name) and reports the outcome on the context's streams.
 [[nodiscard]] ExitStatus runTool(const QStringList& commandLine, const ToolContext& context);
 
 } // namespace lorvan

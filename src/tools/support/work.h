@@ -7,7 +7,7 @@
 
 namespace lorvan {
 
-/// Something that cannot be carried out, and why, in Greek. Nothing was changed.
+/// Something that cannot be done, and why, in Greek. Nothing was changed.
 class Refused : public std::runtime_error {
 public:
     explicit Refused(const QString& reason)
@@ -16,7 +16,7 @@ public:
     }
 };
 
-/// Told from time to time how much of the whole is done. It may throw, which ends the work.
+/// Called from time to time with how much of the whole is done. It may throw, which ends the work.
 using StepProgress = std::function<void(qint64 done, qint64 whole)>;
 
 } // namespace lorvan
