@@ -9,7 +9,7 @@ class QWidget;
 
 namespace lorvan {
 
-/// Tells when the user comes back to a window that was not the active one for a minute or longer.
+/// Notices when the user comes back to a window that has not been active for a minute or longer.
 class AwayWatch : public QObject {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
-    void returned(); ///< Emitted after the window has become the active one.
+    void returned(); ///< Emitted after the window has become active.
 
 private:
     Clock m_clock;

@@ -4,8 +4,8 @@
 
 namespace lorvan {
 
-/// The tabs of the band. A tab's data is the name of its icon. A tab is as wide as its caption in the weight of the
-/// selected tab, so that selecting moves nothing.
+/// The tabs of the band. A tab's data is the name of its icon. A tab is wide enough for its caption in the weight of
+/// the selected tab, so that nothing moves when another tab is selected.
 class BandTabs : public QTabBar {
     Q_OBJECT
 

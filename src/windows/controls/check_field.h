@@ -5,7 +5,7 @@
 
 namespace lorvan {
 
-/// A check box of an entry form: Enter goes on to the next field, the space bar ticks it.
+/// A check box of an entry form: Enter moves to the next field, the space bar toggles it.
 class CheckField : public QCheckBox {
 public:
     using QCheckBox::QCheckBox;

@@ -13,40 +13,40 @@ class CommandButton;
 class ThemedLabel;
 class TickList;
 
-/// What stands around the list of a ChoiceList. The texts with a number have "%1" chosen of "%2".
+/// The texts around the list of a ChoiceList. In those with a number, "%1" is the number chosen and "%2" the total.
 struct ChoiceTexts {
     QString heading;
     QString noneChosen;
     QString oneChosen;
     QString severalChosen;
-    QString all; ///< On the button that chooses all.
-    QString none; ///< On the button that chooses none.
+    QString all; ///< On the button that selects all.
+    QString none; ///< On the button that selects none.
 };
 
-/// A list of many rows of which several can be chosen, under its heading. What is typed into the field beside the
-/// heading, or into the list, goes to the first row with a word that begins so, else to one that holds it anywhere,
-/// without regard to letter case and accents. In the field, arrows go to the next and the previous such row and Enter
-/// chooses it or no more; Escape goes back to the list. Rows never move. Below stand how many are chosen, and buttons
-/// for all and none.
+/// A list with a heading from whose many rows several can be chosen. What is typed into the field beside the heading,
+/// or into the list, finds the first row with a word that begins with it, or else the first row that contains it,
+/// without regard to letter case and accents. In the field, the arrow keys move to the next or previous match, Enter
+/// toggles it and Escape returns to the list. Rows never change their order. Below the list are the number of chosen
+/// rows and buttons for all and none.
 class ChoiceList : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr int headHeight = 26; ///< For a heading beside it to stand level.
+    static constexpr int headHeight = 26; ///< So that a heading beside it can be level with it.
 
     ChoiceList(PlainList::Face face, const ChoiceTexts& texts, QWidget* parent = nullptr);
 
-    /// The list is called `list`; field, buttons and the line that counts are findRow(number), chooseAll(number),
-    /// chooseNone(number) and chosenCount(number).
+    /// Sets the name of the list to `list`; the field, the buttons and the line with the number are named
+    /// findRow(number), chooseAll(number), chooseNone(number) and chosenCount(number).
     void setObjectNames(const QString& list, int number);
 
     [[nodiscard]] TickList* list() const { return m_list; }
-    /// Nothing is chosen or looked for then.
+    /// Clears the choice and the search.
     void setRows(const std::vector<ListRow>& rows);
     /// In the order of the rows.
     [[nodiscard]] std::vector<qint64> chosenData() const;
 
-    /// In the order of the tab key.
+    /// In tab order.
     [[nodiscard]] QWidgetList controls() const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;

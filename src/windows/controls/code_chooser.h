@@ -7,15 +7,15 @@
 
 namespace lorvan {
 
-/// An editable combo box whose text is its owner's business: choosing a row only reports it, the owner then shows what
-/// it likes. No completion, no new entries, no wheel while closed.
+/// An editable combo box whose text is controlled by its owner: choosing a row is only reported, and the owner decides
+/// what to show. No completion, no new entries, no mouse wheel while closed.
 class CodeChooser : public QComboBox {
     Q_OBJECT
 
 public:
     explicit CodeChooser(QWidget* parent = nullptr);
 
-    /// Refills the list; the shown text stays, no row is current afterwards.
+    /// Refills the list; the text is kept, and no row is current.
     void setRows(const QStringList& rows);
 
     /// Shows a text from its beginning; emits nothing and changes nothing else.
@@ -27,10 +27,10 @@ public:
     void showPopup() override;
 
 Q_SIGNALS:
-    void picked(int row); ///< By the list or the arrow keys. The shown text is still the one from before.
-    void enterPressed(); ///< Return or keypad Enter with the list closed; the key goes no further.
+    void picked(int row); ///< From the list or with the arrow keys. The old text is still shown.
+    void enterPressed(); ///< Return or keypad Enter with the list closed; the key is not passed on.
     void typed(); ///< The user has edited the text.
-    void left(); ///< As EntryField::left().
+    void left(); ///< Like EntryField::left().
 
 protected:
     bool event(QEvent* event) override;

@@ -9,21 +9,21 @@ class QLabel;
 
 namespace lorvan {
 
-/// A push button with one of our icons and a caption label lying inside it. Without a caption, or with the caption
-/// hidden, it is a square-ish button of the icon alone; give it an accessible name then. Return and keypad Enter press
-/// it while it has the focus; it is never a dialog's automatic default. A double click presses it once.
+/// A push button with one of our icons and a caption label inside it. Without a caption, or with the caption hidden, it
+/// is a nearly square button with only the icon; give it an accessible name then. Return and keypad Enter press it
+/// while it has the focus; it is never a dialog's automatic default button. A double click presses it once.
 class CommandButton : public QPushButton {
     Q_OBJECT
 
 public:
     enum class Look {
         Outlined,
-        Solid, ///< The step most likely taken next; one in a window.
-        Quiet, ///< Exits.
-        Danger, ///< Outlined, its caption in the colour of expenses.
+        Solid, ///< The most likely next step; at most one in a window.
+        Quiet, ///< For leaving a window.
+        Danger, ///< Outlined, with its caption in the colour of expenses.
     };
 
-    /// `iconName` as for themedIcon(); empty for none.
+    /// `iconName` as for themedIcon(); empty for no icon.
     CommandButton(const QString& iconName, const QString& caption, QWidget* parent = nullptr);
 
     void setLook(Look look);
@@ -31,14 +31,14 @@ public:
 
     void setSmall(bool isSmall); ///< 26 px instead of 32.
 
-    /// Without a frame of its own until the mouse or the focus is on it, as in a tool row. Each click of a quick series
-    /// presses it.
+    /// Shows no frame until the mouse or the focus is on it, as in a tool bar. Every click of a rapid series presses
+    /// it.
     void setFrameless(bool isFrameless);
 
-    /// Sets caption and accessible name. Setting the label's text does the same.
+    /// Sets the caption and the accessible name. Setting the label's text has the same effect.
     void setCaption(const QString& caption);
 
-    /// The label lying inside; its text is the button's text and accessible name. It lets the mouse through.
+    /// The label inside the button; its text is the button's text and accessible name. Mouse events pass through it.
     [[nodiscard]] QLabel* captionLabel() const { return m_caption; }
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -72,16 +72,16 @@ private:
     bool m_frameless = false;
 };
 
-/// A button that stands for an action: it has the action's name, is enabled with it and triggers it. The action's
-/// tooltip is the button's, its text the accessible name.
+/// A button for an action: it takes the action's name, is enabled together with it and triggers it. The button's
+/// tooltip is the action's, its accessible name the action's text.
 class ActionButton : public CommandButton {
     Q_OBJECT
 
 public:
-    /// Without a caption it shows the icon alone.
+    /// Without a caption it shows only the icon.
     ActionButton(QAction* action, const QString& icon, const QString& caption = {});
 
-    /// Gives the caption back or takes it away.
+    /// Shows or hides the caption.
     void showCaption(bool isShown);
 };
 

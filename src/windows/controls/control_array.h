@@ -7,8 +7,8 @@
 
 namespace lorvan {
 
-/// Controls that share one name and differ by index: `Text1(0)`, `Command1(8)`. The controls belong to their windows;
-/// the array only finds them.
+/// Controls with a common name and different indices: `Text1(0)`, `Command1(8)`. The controls belong to their windows;
+/// the array is only for finding them.
 template <typename Control> class ControlArray {
 public:
     explicit ControlArray(QString name)
@@ -16,7 +16,7 @@ public:
     {
     }
 
-    /// Names the control name(index) and returns it.
+    /// Sets the control's object name, such as `Text1(0)`, and returns the control.
     template <typename Derived> Derived* add(int index, Derived* control)
     {
         control->setObjectName(QStringLiteral("%1(%2)").arg(m_name).arg(index));

@@ -7,7 +7,7 @@
 
 namespace lorvan {
 
-/// A field of an entry form. Typed characters pass its typing rule, pasted text does not; Enter goes on to the next
+/// A field of an entry form. Its typing rule applies to typed characters, not to pasted text; Enter moves to the next
 /// field; all of its text is selected when it receives the focus. A text that does not fit is shown as a tooltip.
 class EntryField : public QLineEdit {
     Q_OBJECT
@@ -15,25 +15,25 @@ class EntryField : public QLineEdit {
 public:
     explicit EntryField(TypingRule rule, QWidget* parent = nullptr);
 
-    /// For amounts: right-aligned, in figures of one width.
+    /// For amounts: right-aligned, with digits of equal width.
     void setRightAligned();
 
-    /// Draws the eye to a text that might be overlooked; the reason is its tool tip. An empty reason ends that.
+    /// Marks a text that might be overlooked; the reason is shown as its tool tip. An empty reason removes the mark.
     void setMark(const QString& reason);
 
-    /// Font factor and weight where they differ from an ordinary field's.
+    /// Font factor and weight, if they differ from those of an ordinary field.
     void setType(qreal factor, QFont::Weight weight);
 
-    /// That wide, and wider while its text needs it: an amount is never cut.
+    /// The width, which grows if the text needs more: an amount is never cut.
     void setLeastWidth(int pixels);
 
-    /// The text is painted muted: for what does not count at the moment, though it can be edited.
+    /// Shows the text muted: for a value that does not count at the moment but can still be edited.
     void setQuiet(bool isQuiet);
     [[nodiscard]] bool isQuiet() const { return m_isQuiet; }
 
 Q_SIGNALS:
-    /// The user went to another field. Emitted while the focus moves: open a message box from a posted call only, or it
-    /// swallows the mouse release that follows.
+    /// The user went to another field. Emitted while the focus is moving: only open a message box from a posted call,
+    /// or it would swallow the mouse release that follows.
     void left();
 
 protected:
@@ -55,7 +55,7 @@ private:
     ClickSelection m_clickSelection;
     qreal m_factor = 1.0;
     QFont::Weight m_weight = QFont::Normal;
-    int m_leastWidth = 0; ///< 0: of any width.
+    int m_leastWidth = 0; ///< 0: any width.
     bool m_figures = false;
     bool m_isQuiet = false;
 };

@@ -6,7 +6,7 @@
 
 namespace lorvan {
 
-/// Named values in which a control's settings are kept. A value equal to its default is not written.
+/// Named values that hold a control's settings. A value equal to its default is not written.
 class PropertyBag {
 public:
     PropertyBag() = default;
@@ -27,12 +27,12 @@ private:
     QVariantMap m_values;
 };
 
-/// A caption drawn twice, the back layer one step (15 twips, a pixel) off the front layer, so that it looks raised or
-/// engraved. The phase tells the direction: 0 the back shows below and to the right, 1 below and to the left, 2 above
-/// and to the right, 3 above and to the left; any other phase leaves the layers where they are.
+/// A caption drawn twice, the back layer one step (15 twips, a pixel) away from the front layer, so that it looks
+/// raised or engraved. The phase is the direction in which the back shows: 0 below and to the right, 1 below and to the
+/// left, 2 above and to the right, 3 above and to the left; with any other phase the layers stay where they are.
 ///
-/// A new label stands as a designer places it (a light edge, dark text); readProperties() of an empty bag gives the
-/// stored defaults instead (white on black). Enabled and Font are the widget's own properties.
+/// A new label has the values of one newly placed in a designer (a light edge, dark text); readProperties() with an
+/// empty bag gives the stored defaults instead (white on black). Enabled and Font are the widget's own properties.
 class Label3D : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QColor foreColor1 READ foreColor1 WRITE setForeColor1 NOTIFY propertyChanged)
@@ -64,15 +64,15 @@ public:
     void setCaption(const QString& caption); ///< Also the accessible name.
     void setAlignment(TextAlignment alignment);
     void setPhase(int phase); ///< 0 to 255; the low eight bits of anything else.
-    void setBackColor(const QColor& colour); ///< Transparent leaves the ground of the window.
-    void setBorderStyle(Border border); ///< Around the front layer alone, and moving with it.
+    void setBackColor(const QColor& colour); ///< If transparent, the window's background shows through.
+    void setBorderStyle(Border border); ///< Around the front layer only, and moving with it.
 
-    void setElided(bool elided); ///< A caption that does not fit ends in an ellipsis; off at first.
+    void setElided(bool elided); ///< If on, a caption that does not fit ends in an ellipsis; off by default.
 
     void readProperties(const PropertyBag& bag);
     [[nodiscard]] PropertyBag writeProperties() const;
 
-    [[nodiscard]] QPoint backOffset() const { return m_backOffset; } ///< Of the back layer, in pixels.
+    [[nodiscard]] QPoint backOffset() const { return m_backOffset; } ///< Position of the back layer, in pixels.
     [[nodiscard]] QPoint frontOffset() const { return m_frontOffset; }
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -87,8 +87,9 @@ Q_SIGNALS:
 
     void click();
     void dblClick();
-    /// `button` 1 left, 2 right, 4 middle; `shift` 1 Shift, 2 Ctrl, 4 Alt; positions in pixels of the front layer.
-    /// While the mouse moves, `button` is the sum of those held down. What begins beside the front layer is not told.
+    /// `button` is 1 for left, 2 for right, 4 for middle; `shift` 1 for Shift, 2 for Ctrl, 4 for Alt; positions are in
+    /// pixels of the front layer. During mouse moves, `button` is the sum of the buttons held down. A press outside the
+    /// front layer, and what follows it, is not reported.
     void mouseDown(qint16 button, qint16 shift, float x, float y);
     void mouseMove(qint16 button, qint16 shift, float x, float y);
     void mouseUp(qint16 button, qint16 shift, float x, float y);
@@ -113,7 +114,7 @@ private:
     [[nodiscard]] bool isOnFrontLayer(QPointF position) const;
 
     QString m_caption = QStringLiteral("Label3D");
-    QColor m_foreColor1; ///< Invalid stands for the system's colour.
+    QColor m_foreColor1; ///< If invalid, the system's colour is used.
     QColor m_foreColor2;
     QColor m_backColor;
     QPoint m_backOffset;
@@ -122,7 +123,8 @@ private:
     Border m_border = Border::None;
     quint8 m_phase = 0;
     bool m_elided = false;
-    bool m_held = false; ///< A button went down on the front layer: all that the mouse does until it is up is its.
+    /// A button was pressed on the front layer: everything the mouse does until it is released belongs to this press.
+    bool m_held = false;
     bool m_doubleClicked = false;
 };
 

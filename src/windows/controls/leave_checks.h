@@ -15,46 +15,47 @@ namespace lorvan {
 
 class EntryField;
 
-/// Judges fields after the focus has left them. A check may open a message box, so it waits until the focus has settled
-/// and no mouse button is down: a box opened in between would swallow the release of the button that was pressed.
+/// Checks fields after the focus has left them. Since a check may open a message box, it waits until the focus has
+/// settled and no mouse button is down: a box opened earlier would swallow the release of the mouse button.
 class LeaveChecks : public QObject {
     Q_OBJECT
 
 public:
-    /// Returns false when what stands in the field was refused; the field then gets the focus back.
+    /// Returns false if the content of the field was refused; the field then gets the focus back.
     using Check = std::function<bool()>;
 
     explicit LeaveChecks(QObject* parent);
 
-    /// `takeBack` puts back what stood in the field before a refused text, where the field must not keep it.
+    /// `takeBack` restores what the field contained before a refused text, in cases in which the field must not keep
+    /// it.
     void add(QWidget* field, Check check, std::function<void()> takeBack = {});
 
-    /// To be called when the focus leaves the field; its check follows.
+    /// To be called when the focus leaves the field; it is checked shortly afterwards.
     void left(QWidget* field);
 
-    /// Runs the checks that are waiting, now. False when one refused.
+    /// Runs the waiting checks immediately. Returns false if one of them refused.
     bool settle();
 
-    /// Forgets the checks that are waiting: what stands in the fields is about to be judged in another way.
+    /// Drops the waiting checks: the fields are about to be checked in another way.
     void drop() { m_waiting.clear(); }
 
-    /// Forgets that this field was left, and what was refused in it.
+    /// Forgets that this field was left, and any refused text in it.
     void forget(QWidget* field);
 
-    /// As settle(), with the field that has the focus taken for left: its page is about to go. What was refused before
-    /// and is still there keeps nobody on the page: it is taken back instead.
+    /// Like settle(), but also checks the field that has the focus, since its page is about to be left. A text that was
+    /// refused before and is still there does not keep the user on the page: it is taken back instead.
     bool leaveAll();
 
 private:
     struct Field {
         Check check;
         std::function<void()> takeBack;
-        std::optional<QString> refused; ///< The text that was refused last, unless another has passed since.
+        std::optional<QString> refused; ///< The text that was refused last, unless another one has been accepted since.
     };
 
     void settleWhenQuiet();
     void takeBackRefused();
-    /// The field that has its window's focus, also while the window is not the active one; null where none has.
+    /// The field that has its window's focus, even if the window is not active; null if none has.
     [[nodiscard]] QWidget* focusedField() const;
 
     std::map<QWidget*, Field> m_fields;
@@ -63,8 +64,8 @@ private:
     bool m_settling = false;
 };
 
-/// Judges a date field that was left: rewrites a valid date as "DD-MM-YYYY" and returns it. Anything else gets its
-/// message and stays as it is.
+/// Checks a date field that was left: rewrites a valid date as "DD-MM-YYYY" and returns it. Otherwise shows a message
+/// and leaves the text as it is.
 [[nodiscard]] std::optional<QDate> checkDate(EntryField& field, QDate today);
 
 } // namespace lorvan

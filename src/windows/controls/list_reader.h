@@ -9,20 +9,20 @@ class QFocusFrame;
 
 namespace lorvan {
 
-/// Holds a page and, while that is disabled, lets its lists be read: the wheel scrolls the list under the pointer; Tab
-/// and Shift+Tab go from list to list, with a frame around the chosen one, and PgUp, PgDn, Home and End scroll it. Its
-/// accessible name is the chosen list's. An enabled page is left to itself.
+/// Contains a page and, while that is disabled, allows its lists to be read: the wheel scrolls the list under the
+/// pointer; Tab and Shift+Tab move from list to list, the current one being framed, and PgUp, PgDn, Home and End scroll
+/// it. Its accessible name is that of the current list. While the page is enabled, it does nothing.
 class ListReader : public QWidget {
     Q_OBJECT
 
 public:
-    /// Takes the page into its layout.
+    /// Puts the page into its layout.
     explicit ListReader(QWidget* page, QWidget* parent = nullptr);
 
     /// The lists of the page, in the order in which Tab visits them; at least one.
     void setLists(std::vector<QAbstractItemView*> lists);
 
-    /// Disables the page and makes its lists readable, or the other way round.
+    /// Disables the page and makes its lists readable, or the reverse.
     void setReading(bool reading);
 
 protected:
@@ -40,7 +40,7 @@ private:
     QFocusFrame* m_frame;
     std::vector<QAbstractItemView*> m_lists;
     std::size_t m_chosen = 0;
-    int m_turned = 0; ///< Eighths of a degree that the wheel was turned and that scrolled nothing yet.
+    int m_turned = 0; ///< Wheel movement in eighths of a degree that has not been used for scrolling yet.
 };
 
 } // namespace lorvan

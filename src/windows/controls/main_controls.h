@@ -16,7 +16,7 @@ inline constexpr int periodEnd = 8;
 inline constexpr int memorandum = 9;
 } // namespace field
 
-/// Indices of the main window's buttons `Command1(i)`: what the button dispatcher acts on.
+/// Indices of the main window's buttons `Command1(i)`, by which the dispatcher identifies them.
 namespace command {
 inline constexpr int insertMovement = 0;
 inline constexpr int printReport = 1;
@@ -31,7 +31,7 @@ inline constexpr int exitFromCodesPage = 9;
 inline constexpr int editGroups = 10;
 } // namespace command
 
-/// Indices of the captions `Label2(i)` that lie inside the buttons.
+/// Indices of the captions `Label2(i)` inside the buttons.
 namespace caption {
 inline constexpr int insertMovement = 0;
 inline constexpr int printReport = 1;

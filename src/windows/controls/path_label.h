@@ -4,9 +4,10 @@
 
 namespace lorvan {
 
-/// Shows the path of a file. Where there is no room for all of it, the folder is cut in its middle and the file name
-/// stays whole; the tooltip then has all of it. A click or the Tab key selects the path, to be copied whole with the
-/// usual key or from the context menu. Text and accessible name are the path; it is disabled without one.
+/// Shows the path of a file. If there is not enough room, the folder is shortened in the middle and the file name is
+/// kept whole; the tooltip then shows the full path. A click or the Tab key selects the path, so that all of it can be
+/// copied with the usual key or from the context menu. Text and accessible name are the path; the label is disabled if
+/// there is none.
 class PathLabel : public ThemedLabel {
     Q_OBJECT
 

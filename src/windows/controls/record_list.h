@@ -4,22 +4,22 @@
 
 namespace lorvan {
 
-/// A list whose rows stand for records: a click shows one, a double click takes it up for a change. In a list of single
-/// selection the space bar clicks the current row and F2 opens it.
+/// A list whose rows represent records: a click shows a record, a double click opens it for a change. In a list with
+/// single selection, the space bar clicks the current row and F2 opens it.
 class RecordList : public QListView {
     Q_OBJECT
 
 public:
-    /// Whether going to another row by the keyboard is a click on it.
+    /// Whether moving to another row with the keyboard counts as a click on it.
     enum class Moves { Click, Select };
 
     explicit RecordList(Moves moves, QWidget* parent = nullptr);
 
-    /// Selects a row and brings it into sight; an invalid index selects nothing.
+    /// Selects a row and scrolls to it; an invalid index selects nothing.
     void selectRow(const QModelIndex& index);
 
 Q_SIGNALS:
-    /// Double click on a row, or F2 on the current one. The click that belongs to a double click is reported once, by
+    /// Double click on a row, or F2 on the current one. The click that is part of a double click is reported once, by
     /// clicked(), before it.
     void opened(const QModelIndex& index);
 

@@ -4,14 +4,14 @@
 
 namespace lorvan {
 
-/// Paints the ground of a list's row and answers the colour of its text: highlighted in the focused list, tinted with a
-/// bar at the left in any other, ringed where only the keyboard stands on it.
+/// Paints the background of a list's row and returns the colour for its text: highlighted in the list that has the
+/// focus, tinted with a bar on the left in any other, outlined if it is only the keyboard's current row.
 [[nodiscard]] QColor paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index);
 
-/// Shows a tooltip that is no markup, whatever characters it holds. A long one is wrapped, a very long one cut.
+/// Shows a tooltip as plain text, whatever characters it contains. A long one is wrapped, a very long one cut.
 void showPlainToolTip(QPoint globalPosition, const QString& text, QWidget* widget, const QRect& rect);
 
-/// Draws single-line rows of a list and shows the text of those that do not fit as a tooltip.
+/// Draws single-line rows of a list and shows the text of rows that do not fit as a tooltip.
 class RowDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

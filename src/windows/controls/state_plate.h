@@ -7,8 +7,8 @@ namespace lorvan {
 
 class Label3D;
 
-/// The dark plate on which the state of a cash day stands in bright letters. Its width is that of the longer of the two
-/// captions it may show, so it never changes.
+/// The dark plate that shows the state of a cash day in bright letters. It is as wide as the longer of its two captions
+/// needs, so its width never changes.
 class StatePlate : public QFrame {
     Q_OBJECT
 

@@ -4,8 +4,8 @@
 
 namespace lorvan {
 
-/// A list in which several rows can be chosen; a tick stands before each. A click or the space bar toggles, a
-/// click with Shift extends; typing a row's beginning goes to it.
+/// A list in which several rows can be chosen, with a tick box before each. A click or the space bar toggles, a click
+/// with Shift extends; typing the beginning of a row moves to it.
 class TickList : public PlainList {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
     /// The data of the chosen rows, top to bottom.
     [[nodiscard]] std::vector<qint64> chosenData() const;
 
-    /// While another control chooses the current row.
+    /// To be used while another control selects the current row.
     void setCurrentMarked(bool isMarked);
 
     [[nodiscard]] int textInset() const override { return 30; }

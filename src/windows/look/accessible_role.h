@@ -4,8 +4,8 @@
 
 namespace lorvan {
 
-/// From now on assistive tools are told of the widgets of this class, which speak by their accessible name alone, as of
-/// this role; without it a plain widget is a filler to them.
+/// From now on, assistive technology sees the widgets of this class, which have only an accessible name, with this
+/// role; otherwise it would treat a plain widget as filler.
 void setAccessibleRole(const QMetaObject& widgetClass, QAccessible::Role role);
 
 } // namespace lorvan

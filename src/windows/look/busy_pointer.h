@@ -5,8 +5,8 @@
 
 namespace lorvan {
 
-/// Shows the busy pointer while it lives. The pointer is also the sign that an action runs, so that clicks which arrive
-/// meanwhile are ignored.
+/// Shows the busy pointer during its lifetime. The pointer also means that an action is running, so that clicks in the
+/// meantime are ignored.
 class BusyPointer {
 public:
     BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -17,8 +17,8 @@ public:
     [[nodiscard]] static bool isShown() { return QGuiApplication::overrideCursor() != nullptr; }
 };
 
-/// Shows the ordinary pointer while it lives, for a box or window that asks something in the middle of an action. The
-/// action still counts as running.
+/// Shows the ordinary pointer during its lifetime, for a box or window that asks something in the middle of an action.
+/// The action still counts as running.
 class OrdinaryPointer {
 public:
     OrdinaryPointer()

@@ -4,7 +4,7 @@
 
 namespace lorvan {
 
-/// The Greek of the toolkit's own texts: standard buttons, context menus, file, print and colour dialogs.
+/// Greek translations of the toolkit's own texts: standard buttons, context menus, file, print and colour dialogs.
 class GreekTexts : public QTranslator {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ public:
 
     [[nodiscard]] bool isEmpty() const override { return false; }
 
-    /// A null text where there is no Greek for the source.
+    /// A null text if there is no translation.
     [[nodiscard]] QString translate(const char* context, const char* sourceText, const char* disambiguation = nullptr,
         int count = -1) const override;
 };

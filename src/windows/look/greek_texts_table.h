@@ -5,7 +5,7 @@
 namespace lorvan {
 
 struct GreekText {
-    const char* source; ///< As it stands in the toolkit, mnemonic and all.
+    const char* source; ///< As in the toolkit, including the mnemonic.
     const char* greek; ///< UTF-8.
 };
 

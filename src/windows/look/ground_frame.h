@@ -6,7 +6,7 @@
 
 namespace lorvan {
 
-/// A plain area on the ground of a colour role, with a separating line along one edge.
+/// A plain area with the background of a colour role, and a separating line along one edge.
 class GroundFrame : public QFrame {
     Q_OBJECT
 

@@ -9,15 +9,15 @@ namespace lorvan {
 
 /// One of our line icons by name: daybook, codes, print, exit, insert, modify, delete, closecash, unlock, groups,
 /// users, key, calendar, zoomin, zoomout, search, pages, width, pdf, table, first, prev, next, last, back, check,
-/// question, info, warning, stop, computer, folder, newfolder, file, up, list. Its colour is the role's at the time of
-/// painting, off text when disabled, the highlight's text colour on a selected row. An unknown name gives an empty
-/// icon.
+/// question, info, warning, stop, computer, folder, newfolder, file, up, list. It is painted in the colour that the
+/// role has at that time, in the colour of disabled text when disabled, and in the highlighted text's colour on a
+/// selected row. An unknown name gives an empty icon.
 [[nodiscard]] QIcon themedIcon(const QString& name, ColourRole role);
 
 /// Paints an icon into a rectangle in logical pixels, at the painter's own resolution.
 void paintIcon(QPainter& painter, const QRect& rect, const QString& name, const QColor& colour);
 
-/// An icon that stands in a window by itself.
+/// A single icon as a widget.
 class IconView : public QWidget {
     Q_OBJECT
 

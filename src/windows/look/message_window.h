@@ -5,16 +5,16 @@
 
 namespace lorvan {
 
-/// The modal boxes through which the program speaks. Texts are plain, never markup; a carriage return in a text is a
-/// line break. The parent may be null.
+/// The modal message boxes of the program. Texts are plain, never markup; a carriage return in a text is a line break.
+/// The parent may be null.
 
-/// A box with an OK button. `details` appears below the text in small print, where given.
+/// A box with an OK button. `details`, if given, appears below the text in small print.
 void showMessage(
     QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text, const QString& details = {});
 
 enum class DefaultAnswer { Yes, No };
 
-/// Asks with OK and Cancel; true only for OK. `details` appears below the text in small print, where given.
+/// Asks with OK and Cancel; true only for OK. `details`, if given, appears below the text in small print.
 [[nodiscard]] bool askOkCancel(QWidget* parent, QMessageBox::Icon icon, const QString& title, const QString& text,
     const QString& details = {}, DefaultAnswer defaultAnswer = DefaultAnswer::Yes);
 

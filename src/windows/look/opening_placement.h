@@ -11,23 +11,23 @@ class QWidget;
 
 namespace lorvan {
 
-/// Sees to it that a window opens inside its screen's work area, all of it and with its title bar, and in the middle if
-/// that is asked for. A window manager may put a window elsewhere after it was shown, and tells late how wide its frame
-/// is: so the place is looked at during the first second, as long as no mouse button is pressed. Later moves are the
-/// user's, and stay.
+/// Makes sure that a window opens completely inside its screen's work area, title bar included, and in the middle if
+/// requested. A window manager may move a window after it has been shown, and is slow to report the width of its frame:
+/// so the position is checked during the first second, as long as no mouse button is pressed. Later moves are made by
+/// the user, and are respected.
 class OpeningPlacement : public QObject {
     Q_OBJECT
 
 public:
-    /// The window's own, made at the first call.
+    /// The window's own object, made at the first call.
     static OpeningPlacement& of(QWidget* window);
 
     void setCentred() { m_isCentred = true; }
 
-    /// Puts a window that the user has not moved into its place again.
+    /// Puts the window back into place, unless the user has moved it.
     void again();
 
-    /// The window stays where it is from now on, as if the user had put it there.
+    /// From now on the window stays where it is, as if the user had put it there.
     void end();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -6,11 +6,11 @@ class QWidget;
 
 namespace lorvan {
 
-/// Gives a window, before it is shown, the size that the user left it with, under its object name; `first` where there
-/// is none yet. Never more than its room on the screen. One that was maximised is so again.
+/// Before a window is shown, gives it the size that the user left it with, stored under its object name, or `first` if
+/// there is none yet. Never more than there is room for on the screen. A window that was maximised is maximised again.
 void restoreSize(QWidget* window, QSize first);
 
-/// Keeps the size for the next time, in the user's settings; where these cannot be written it is forgotten.
+/// Stores the size for the next time, in the user's settings; if these cannot be written, it is lost.
 void rememberSize(const QWidget* window);
 
 } // namespace lorvan

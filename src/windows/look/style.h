@@ -6,7 +6,7 @@ namespace lorvan {
 
 class Theme;
 
-/// Fusion with our fields, buttons, indicators, focus rings and message icons.
+/// The Fusion style with our own fields, buttons, indicators, focus rings and message icons.
 class Style : public QProxyStyle {
     Q_OBJECT
 

@@ -12,9 +12,9 @@ class QApplication;
 
 namespace lorvan {
 
-/// What a colour is for. The Page… roles are the text and line colours on the ground of windows: of pages, dialogs, the
-/// tab band and the bar of totals. They differ from their plain counterparts only while the book has a colour of its
-/// own.
+/// The purpose of a colour. The Page… roles are the colours of text and lines on the background of windows: of pages,
+/// dialogs, the tab band and the bar of totals. They differ from their plain counterparts only if the book has a colour
+/// of its own.
 enum class ColourRole {
     Band,
     Page,
@@ -41,7 +41,7 @@ enum class ColourRole {
     Warning,
     Plate,
     Ground, ///< Behind the paper of a preview.
-    PageText, ///< From here on: on the ground of windows.
+    PageText, ///< From here on: on the background of windows.
     PageMuted,
     PageOffText,
     PageLine,
@@ -51,32 +51,32 @@ enum class ColourRole {
     PageExpense,
 };
 
-/// Colours, fonts and style of every window. The light theme is our own; with a dark system palette the grounds, texts
-/// and highlights are the system's.
+/// Colours, fonts and style of every window. The light theme is our own; with a dark system palette, the colours of
+/// backgrounds, texts and highlights are the system's.
 class Theme : public QObject {
     Q_OBJECT
 
 public:
-    /// Sets style, palette, style sheet and the Greek texts of the toolkit's own dialogs. Call once, before the first
-    /// window; a second call returns the same theme.
+    /// Sets style, palette, style sheet and the Greek texts of the toolkit's own dialogs. To be called once, before the
+    /// first window is made; a second call returns the same theme.
     static Theme& install(QApplication& application);
 
-    /// The installed theme; installs it if nobody has.
+    /// The installed theme; installs it if necessary.
     static Theme& instance();
 
     [[nodiscard]] QColor colour(ColourRole role) const;
-    [[nodiscard]] bool isDark() const; ///< The ground of windows is.
+    [[nodiscard]] bool isDark() const; ///< Whether the background of windows is dark.
 
-    /// The book's own background. It becomes the ground of every window; the text on it comes from whichever theme
-    /// contrasts better. Fields and lists are white, with dark text, also on a dark desktop. Empty goes back to the
-    /// theme's colours.
+    /// The book's own background colour. It becomes the background of every window; the text on it is taken from the
+    /// theme with the better contrast. Fields and lists are white with dark text, even on a dark desktop. No value
+    /// restores the theme's colours.
     void setPageColour(std::optional<QColor> colour);
     [[nodiscard]] bool hasPageColour() const { return m_pageColour.has_value(); }
 
     /// The palette of message boxes, which keep the desktop's colours.
     [[nodiscard]] QPalette desktopPalette();
 
-    /// While it lives, and `isMeant`, colours are as if the book had none of its own.
+    /// During its lifetime, and if `isMeant`, colours are as if the book had none of its own.
     class DesktopColours {
     public:
         DesktopColours(Theme& theme, bool isMeant)
@@ -88,20 +88,20 @@ public:
         QScopedValueRollback<bool> m_keptOff;
     };
 
-    /// The desktop font at a factor of its size.
+    /// The desktop font, scaled by a factor.
     [[nodiscard]] QFont font(qreal factor = 1.0, QFont::Weight weight = QFont::Normal) const;
 
-    /// As font(), with ten digits of one width.
+    /// Like font(), but with digits of equal width.
     [[nodiscard]] QFont figureFont(qreal factor = 1.0, QFont::Weight weight = QFont::Normal) const;
 
-    /// For lists of fixed-width lines; the factor is one of the desktop font's size.
+    /// For lists of fixed-width lines; the factor refers to the size of the desktop font.
     [[nodiscard]] QFont fixedFont(qreal factor = 1.1, QFont::Weight weight = QFont::Normal) const;
 
-    /// Called by the style with the palette that the system wishes.
+    /// Called by the style with the palette of the system.
     void noteSystemPalette(const QPalette& system);
 
 Q_SIGNALS:
-    /// Colours or fonts have changed; palettes and style sheet are in place already.
+    /// Colours or fonts have changed; palettes and style sheet are already up to date.
     void changed();
 
 protected:
@@ -117,13 +117,13 @@ private:
     [[nodiscard]] QColor pageCompanion(ColourRole role) const;
     [[nodiscard]] bool isPageLight() const;
 
-    QPalette m_system; ///< Colours come from here: the style's, unless somebody has set the application's.
+    QPalette m_system; ///< The source of all colours: the style's palette, unless the application's has been set.
     std::optional<QPalette> m_styled; ///< The style's.
     QPalette m_applied;
-    QString m_figureFamily; ///< Empty where the desktop font's digits are of one width.
+    QString m_figureFamily; ///< Empty if the desktop font's digits have equal width.
     std::optional<QColor> m_pageColour;
     bool m_dark = false;
-    bool m_isPlain = false; ///< The page colour is passed over.
+    bool m_isPlain = false; ///< The page colour is ignored.
     bool m_applying = false;
 };
 

@@ -11,7 +11,7 @@ class ThemedLabel : public QLabel {
     Q_OBJECT
 
 public:
-    /// `factor` is one of the desktop font's size.
+    /// `factor` refers to the size of the desktop font.
     ThemedLabel(const QString& text, ColourRole role, qreal factor = 1.0, QFont::Weight weight = QFont::Normal,
         QWidget* parent = nullptr);
 
@@ -25,7 +25,7 @@ private:
     QFont::Weight m_weight;
 };
 
-/// The small muted caption above a field. Over an amount it is right-aligned with the figures.
+/// The small muted caption above a field. Above an amount it is right-aligned like the digits.
 enum class CaptionOver { Text, Amount };
 [[nodiscard]] ThemedLabel* fieldCaption(const QString& text, CaptionOver over = CaptionOver::Text);
 

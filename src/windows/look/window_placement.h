@@ -7,23 +7,23 @@ class QWidget;
 
 namespace lorvan {
 
-/// Top left corner at which a window's middle is the area's middle; outside the area when the window is the larger.
+/// The top left corner that centres a window in the area; outside the area if the window is larger.
 [[nodiscard]] QPoint centredIn(const QRect& area, QSize window);
 
 /// Puts a window into the middle of its screen's work area, now and when it opens, until the user moves it.
 void centreOnWorkArea(QWidget* window);
 
-/// Top left corner nearest to where a window stands at which all of it is inside the area; of a window larger than the
-/// area, its own top left corner is.
+/// The top left corner nearest to the window's present one at which the whole window is inside the area; if the window
+/// is larger than the area, the area's top left corner.
 [[nodiscard]] QPoint keptIn(const QRect& area, const QRect& window);
 
-/// Moves a window that has grown no further than its screen's work area asks for.
+/// Moves a window that has grown, but only as far as its screen's work area requires.
 void keepOnWorkArea(QWidget* window);
 
-/// The largest size a window can have within the work area, its frame allowed for.
+/// The largest size that a window can have within the work area, including its frame.
 [[nodiscard]] QSize roomFor(const QWidget* window);
 
-/// Gives a window its first size, no larger than its room, and has it open inside the work area.
+/// Gives a window its first size, no larger than there is room for, and makes it open inside the work area.
 void sizeWithin(QWidget* window, QSize wanted);
 
 } // namespace lorvan
