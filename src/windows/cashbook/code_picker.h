@@ -12,37 +12,37 @@ namespace lorvan {
 class CodeChooser;
 struct EntryContent;
 
-/// The choice of a movement's code in `DBCombo1`: from the list of active codes, or by typing the number and Enter.
+/// The choice of a movement's code in `DBCombo1`: from the list of active codes, or by typing its number and Enter.
 class CodePicker : public QObject {
     Q_OBJECT
 
 public:
     explicit CodePicker(CodeChooser* chooser);
 
-    /// Fills the list anew; text and selected code stay.
+    /// Refills the list; the text and the selected code are kept.
     void setCodes(std::vector<MovementCode> codes);
 
-    /// The selected code; 0 when none is.
+    /// The selected code; 0 if none is.
     [[nodiscard]] qint32 code() const { return m_selected; }
-    /// True when the selected code is an income code.
+    /// True if the selected code is an income code.
     [[nodiscard]] bool isIncome() const { return m_income; }
 
-    /// Selects a code without a signal, whether it is in the list or not: that of a loaded movement.
+    /// Selects a code without emitting a signal, whether it is in the list or not: the code of a loaded movement.
     void show(const MovementCode& code);
     void clear();
 
-    /// The chooser's text and the selected code.
+    /// Copies the chooser's text and the selected code into `content`.
     void takeContent(EntryContent& content) const;
-    /// Puts them back, without a signal.
+    /// Restores them, without emitting a signal.
     void setContent(const EntryContent& content);
 
-    /// After the focus has left: the number of an existing code selects it, anything else is passed over in silence.
+    /// To be called after the focus has left: the number of an existing code selects it, anything else is ignored.
     void settle();
 
 Q_SIGNALS:
     void unresolved(); ///< The chooser was left with a text that selects no code.
     void chosen(); ///< The user has selected a code.
-    void notUnderstood(); ///< Enter with no text or no number: its message has been shown.
+    void notUnderstood(); ///< Enter with no text or with something that is not a number; its message has been shown.
     void entered(); ///< Enter has selected a code.
 
 private:

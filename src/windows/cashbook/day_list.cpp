@@ -152,7 +152,8 @@ QFont DayList::largestFont() const
 {
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
     const QSize available = contentsRect().size() - QSize(bar, 2 * margin);
-    // With the heading, which takes what the list gets: the choice must not depend on the font that is chosen.
+    // Together with the heading, which shares the space with the list: the choice must not depend on the font that is
+    // chosen.
     const int height = available.height() + QFontMetrics(font()).height();
     for (const qreal factor : fontFactors) {
         const QFont font = Theme::instance().fixedFont(factor);

@@ -11,10 +11,10 @@
 namespace lorvan {
 
 struct DayLine {
-    QString text; ///< The line of fixed width, as day_view.h makes it.
-    QString whole; ///< The same with nothing cut, for tooltip and assistive tools.
+    QString text; ///< The line of fixed width from day_view.h.
+    QString whole; ///< The same with nothing cut, for the tooltip and assistive technology.
     qint64 key = 0; ///< The movement's; 0 for the balance line.
-    DayCells cells; ///< The movement's own values, empty for the balance line.
+    DayCells cells; ///< The movement's values, empty for the balance line.
 };
 
 class DayListModel : public QAbstractListModel {
@@ -27,24 +27,24 @@ public:
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
 
-    /// Under which a line's cell of that column stands.
+    /// The role of a line's cell in that column.
     [[nodiscard]] static int role(DayColumn column) { return Qt::UserRole + 1 + static_cast<int>(column); }
 
-    /// The text as display text, the key under Qt::UserRole, the whole text as tooltip and accessible text, each cell
-    /// under its column's role.
+    /// The text as display text, the key under Qt::UserRole, the whole text as tooltip and accessible text, and each
+    /// cell under its column's role.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 private:
     std::vector<DayLine> m_lines;
 };
 
-/// Where the columns of a day stand at a given width and font. Number, code and description begin at the left;
-/// memorandum, amounts and cheque mark end at the right. What is spare goes to the description: all that the longest
-/// one needs, and up to 40 characters more than it has in the line.
+/// The positions of a day's columns for a given width and font. Number, code and description are at the left;
+/// memorandum, amounts and cheque mark at the right. Spare width goes to the description: as much as the longest one
+/// needs, and up to 40 characters more than its width in the line.
 struct DayLineLayout {
-    qreal advance = 1; ///< Of one character, fractional.
-    qreal inset = 10; ///< Of the text at the left.
-    qreal spare = 0; ///< Of the description, beyond its width in the line.
+    qreal advance = 1; ///< Of one character; may be fractional.
+    qreal inset = 10; ///< Left of the text.
+    qreal spare = 0; ///< Added to the description's width in the line.
     DayWidths widths;
 
     /// Edges of a column's text, relative to the row.
@@ -66,18 +66,18 @@ public:
     /// Replaces all lines; nothing is selected afterwards.
     void setLines(std::vector<DayLine> lines);
 
-    void selectLast(); ///< Selects the last line and shows it.
+    void selectLast(); ///< Selects the last line and scrolls to it.
 
     [[nodiscard]] const DayLineLayout& lineLayout() const { return m_layout; }
     [[nodiscard]] int rowHeight() const;
-    [[nodiscard]] int scrollWidth() const; ///< Of a row; more than the list's width where it must scroll sideways.
+    [[nodiscard]] int scrollWidth() const; ///< Of a row; more than the list's width if it must scroll sideways.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     void clickedLine(); ///< Single click on a line.
     void openedLine(qint64 key); ///< Double click or F2 on a line; 0 for the balance line.
-    void columnsChanged(); ///< Font, columns or sideways position are others.
+    void columnsChanged(); ///< Font, columns or horizontal scroll position have changed.
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -23,7 +23,7 @@ public:
     {
     }
 
-    /// In the focused list all of the selected row has one colour.
+    /// In the focused list, the whole selected row has one colour.
     void forceColour(const QColor& colour) { m_forced = colour; }
 
     void whole()
@@ -40,7 +40,7 @@ public:
 
     void amount(DayColumn column, ColourRole role) { right(column, cell(column) == u"0" ? zeroRole() : role); }
 
-    /// Goes on over the room that an empty or short cell after it leaves.
+    /// Continues into the room left by an empty or short cell after it.
     void description()
     {
         const QRectF room = area(m_layout.left(DayColumn::Description), endOfDescription());
@@ -60,7 +60,7 @@ private:
 
     [[nodiscard]] QString cell(DayColumn column) const { return m_index.data(DayListModel::role(column)).toString(); }
 
-    /// A character before the next text begins.
+    /// One character before the next text begins.
     [[nodiscard]] qreal endOfDescription() const
     {
         const bool hasMemorandum = !cell(DayColumn::Memorandum).isEmpty();

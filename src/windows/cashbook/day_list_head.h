@@ -8,13 +8,13 @@ namespace lorvan {
 
 class DayList;
 
-/// A heading over a day list. It keeps its text and paints each of its words over the column that the word stands for;
-/// headings of amounts are right-aligned with the amounts.
+/// A heading above a day list. It paints each word of its text above the column named by it; headings of amounts are
+/// right-aligned like the amounts.
 class DayListHead : public QLabel {
     Q_OBJECT
 
 public:
-    /// The heading of all columns but the memorandum's.
+    /// The heading of all columns except the memorandum.
     DayListHead(const QString& text, DayList& list, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -23,7 +23,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
 
-    /// Paints a word over a column, at its end or at its beginning.
+    /// Paints a word above a column, aligned to its end or its beginning.
     void paintOver(QPainter& painter, DayColumn column, Qt::Alignment alignment, const QString& word) const;
 
 private:
@@ -32,7 +32,7 @@ private:
     DayList& m_list;
 };
 
-/// The heading of the memorandum column, a label of its own: lay it over the other with the same geometry.
+/// The heading of the memorandum column, as a separate label: give it the same geometry as the other, on top of it.
 class MemorandumHead : public DayListHead {
     Q_OBJECT
 
@@ -43,7 +43,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// Both headings, one over the other, as one widget above the list.
+/// Both headings, one on top of the other, as one widget above the list.
 [[nodiscard]] QWidget* dayListHeading(DayListHead* head, MemorandumHead* memorandum);
 
 } // namespace lorvan

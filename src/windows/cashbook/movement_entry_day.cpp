@@ -61,7 +61,7 @@ void MovementEntryPage::goToDay(QDate day)
         }
     });
     if (!shown) {
-        m_list->setLines({}); // rather nothing than another day's movements and totals below this date
+        m_list->setLines({}); // rather nothing than the movements and totals of another day below this date
         Q_EMIT figuresUnknown();
     }
 }
@@ -111,7 +111,7 @@ bool MovementEntryPage::isRefused(QDate day)
     return showClosedState(day) && !m_rights.modifyCash;
 }
 
-/// Asks anew whether the day is closed. True when the user may not change it: nothing can be typed then but a date.
+/// Asks again whether the day is closed. True if the user may not change it: then only a date can be typed.
 bool MovementEntryPage::judgeDay()
 {
     const bool refused = m_isRefused = isRefused(m_day);
@@ -132,8 +132,8 @@ bool MovementEntryPage::showClosedState(QDate day)
     return closed;
 }
 
-/// Reads the shown day and brings its row in line. The day is what counts: whatever keeps its row from being written, a
-/// locked or full disk, the marker, is told, and the day is shown all the same.
+/// Reads the shown day and corrects its row. The day is what matters: if something keeps its row from being written (a
+/// locked or full disk, the marker), the user is told, and the day is shown all the same.
 DayView MovementEntryPage::readDay()
 {
     DayView view = m_cashBook.showDay(m_day, DayRow::LeaveAlone);

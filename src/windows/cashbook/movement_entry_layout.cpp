@@ -31,7 +31,7 @@ constexpr int betweenRows = 8;
 constexpr int dateWidth = 124;
 constexpr int amountWidth = 104;
 
-/// The width at which no weekday makes anything beside it move.
+/// The width at which no weekday moves anything beside it.
 int widestWeekday(const QFontMetrics& metrics)
 {
     int widest = 0;
@@ -186,7 +186,7 @@ void MovementEntryPage::setTabOrders()
 {
     QWidgetList order{m_date, m_chooser, m_fields.field(field::description), m_fields.field(field::income),
         m_fields.field(field::expense), m_fields.field(field::memorandum), m_fields.cheque()};
-    // Enter leads from the last field to what is done with the entry; a loaded movement is not inserted once more.
+    // Enter leads from the last field to the button for the entry; a loaded movement is not inserted again.
     const QWidgetList changes{m_commands[command::modifyMovement], m_commands[command::removeMovement]};
     if (m_loaded)
         order << changes << m_commands[command::insertMovement];

@@ -27,30 +27,31 @@ class EntryField;
 class StatePlate;
 class UsageMarker;
 
-/// The cash page `Panel1(1)`: one cash day with the entry of its movements.
+/// The cash page `Panel1(1)`: one cash day and the fields for entering its movements.
 class MovementEntryPage : public QWidget {
     Q_OBJECT
 
 public:
     MovementEntryPage(Book& book, UsageMarker& marker, Rights rights, Clock clock, QWidget* parent);
 
-    /// Shows today as the program starts: a closed day is shown without a refusal. Throws what the core throws.
+    /// Shows today when the program starts, even if it is closed, and then without a message. Throws what the core
+    /// throws.
     void start();
-    /// Reads the active codes anew for the chooser. Throws SqlError.
+    /// Reads the active codes again for the chooser. Throws SqlError.
     void refillCodes();
-    /// To the chooser; to the date where nothing else can be typed into.
+    /// Puts the focus on the chooser, or on the date if only that can be edited.
     void focusEntry();
 
-    /// Judges the fields that were left and not judged yet. False when one was refused.
+    /// Checks the fields that were left and have not been checked yet. Returns false if one was refused.
     bool settle() { return m_checks.settle(); }
-    /// The same, with the field that has the focus judged too: the page is about to go.
+    /// The same, but also checks the field that has the focus, since the page is about to be left.
     bool leaveAll();
 
     /// What would be lost if the program ended now.
     [[nodiscard]] UnsavedEntry unsaved() const;
 
-    /// Reads the shown day again after a while in which another computer may have changed it; what is typed stays. The
-    /// box about a closed day is for one that was closed meanwhile.
+    /// Reads the shown day again after a time in which another computer may have changed it; what the user has typed is
+    /// kept. The box about a closed day is shown only if it was closed in the meantime.
     void lookAgain();
 
     void insertMovement();
@@ -62,7 +63,7 @@ Q_SIGNALS:
     void commandPressed(int index);
     void figuresChanged(const lorvan::CashDayFigures& figures);
     void figuresUnknown(); ///< The day could not be read.
-    void dayClosed(QDate day); ///< It was open until now.
+    void dayClosed(QDate day); ///< It had been open until now.
 
 private:
     void createControls();
@@ -79,9 +80,9 @@ private:
 
     bool dateLeft();
     void goToDay(QDate day);
-    /// Asks whether the shown day is closed and reads its rows; entry, focus and chosen line stay.
+    /// Checks again whether the shown day is closed and reads its rows; entry, focus and selected line are kept.
     void lookAtDayAgain(bool tellsKnownRefusal);
-    /// The user did not go there: leaving it untouched is no visit then.
+    /// Focus that the user did not request: leaving the date unchanged then does not count as a visit.
     void putIntoDate();
     void bringBackDay();
     bool judgeDay();
@@ -91,9 +92,9 @@ private:
     void fill(const DayView& view);
     void showLines(const DayView& view);
     void showLinesAgain(const DayView& view);
-    /// The movement's line, where the list has one.
+    /// Selects the movement's line, if the list has one.
     void selectLine(qint64 key);
-    /// The date field's day; invalid when it holds none.
+    /// The date in the date field; invalid if there is none.
     [[nodiscard]] QDate enteredDay() const;
 
     void codeChosen();
@@ -119,7 +120,7 @@ private:
     void markMemorandum();
     void releaseChanged();
     void addKeys();
-    /// Escape: the date that was typed and not shown yet, or the loaded movement.
+    /// Escape: undoes a typed date that has not been shown yet, or unloads the movement.
     void takeBack();
     void setLoaded(const std::optional<Movement>& movement);
 
@@ -138,18 +139,18 @@ private:
     CodeChooser* m_chooser = nullptr;
     CodePicker* m_picker = nullptr;
     DayList* m_list = nullptr;
-    QDate m_day; ///< The day that was shown last, or would be but for a failure.
+    QDate m_day; ///< The last day shown, or that would have been shown but for a failure.
     bool m_putIntoDate = false;
-    bool m_isRefused = false; ///< The shown day may not be changed by this user.
-    bool m_memorandumStays = false; ///< The amount was left by the last insertion.
+    bool m_isRefused = false; ///< Whether this user may not change the shown day.
+    bool m_memorandumStays = false; ///< Whether the amount was left there by the last insertion.
 
     struct Loaded {
         Movement movement;
-        EntryContent shown; ///< What the fields held then.
+        EntryContent shown; ///< What the fields contained at that time.
     };
     std::optional<Loaded> m_loaded; ///< For modification or deletion.
     std::optional<ClearedEntry> m_cleared; ///< Until the next key typed or the next action.
-    QLabel* m_notBack = nullptr; ///< Why a cleared entry does not come back.
+    QLabel* m_notBack = nullptr; ///< Says why a cleared entry cannot be restored.
 };
 
 } // namespace lorvan

@@ -133,7 +133,7 @@ void MovementFields::setContent(const EntryContent& content)
 void MovementFields::show(const MovementDraft& movement)
 {
     m_fields[field::description]->setText(movement.description);
-    m_fields[field::description]->setCursorPosition(0); // a long one is seen from its beginning
+    m_fields[field::description]->setCursorPosition(0); // so that a long one is shown from its beginning
     setAmounts(movement.income, movement.expense);
     setAmount(field::memorandum, movement.memorandum);
     m_cheque->setChecked(movement.cheque);
@@ -157,7 +157,7 @@ void MovementFields::moveAmountTo(Kind kind)
 
 void MovementFields::clearDescription()
 {
-    m_fields[field::description]->setText({}); // with nothing to take back in the field itself
+    m_fields[field::description]->setText({}); // leaves nothing to undo in the field itself
 }
 
 void MovementFields::clearMemorandum()

@@ -14,10 +14,10 @@ namespace lorvan {
 
 class EntryField;
 
-/// The entry fields of a movement apart from its day and code: `Text1(1)`, `Text1(2)`, `Text1(3)`, `Text1(9)`,
-/// `Check1(0)`. The fields belong to the page on which they lie.
+/// The entry fields of a movement except its day and code: `Text1(1)`, `Text1(2)`, `Text1(3)`, `Text1(9)`, `Check1(0)`.
+/// The fields belong to the page that contains them.
 ///
-/// An amount that was put into a field keeps its four decimals as long as the field's text is not changed.
+/// An amount put into a field keeps its four decimals until the field's text is changed.
 class MovementFields : public QObject {
     Q_OBJECT
 
@@ -29,34 +29,34 @@ public:
     [[nodiscard]] EntryField* field(int index) const { return m_fields[index]; }
     [[nodiscard]] QCheckBox* cheque() const { return m_cheque; }
 
-    /// Judges an amount field that was left: rewrites it in the amount format, an empty one as "0". A text that is no
-    /// number or out of range gets its message and stays; the answer is then false.
+    /// Checks an amount field that was left: rewrites it in the amount format, an empty one as "0". For a text that is
+    /// not a number or is out of range, shows a message, leaves the text and returns false.
     bool settleAmount(int index);
 
-    /// Puts the fields' content into the draft. False, after a message, when an amount cannot be read.
+    /// Copies the fields' content into the draft. Returns false, after a message, if an amount cannot be read.
     [[nodiscard]] bool read(MovementDraft& draft) const;
 
-    /// What stands in the fields, refused texts included; the code is not theirs.
+    /// The content of the fields, refused texts included; the code is not among them.
     void takeContent(EntryContent& content) const;
-    /// Puts it back exactly.
+    /// Restores it exactly.
     void setContent(const EntryContent& content);
 
     void show(const MovementDraft& movement);
     void setAmounts(Currency income, Currency expense);
-    /// Moves the amount that stands in either field to the one of this kind; an amount that cannot be read stays.
+    /// Moves the amount in either field to the one of this kind; an amount that cannot be read is left alone.
     void moveAmountTo(Kind kind);
     void clearDescription();
     void clearMemorandum();
     void clearCheque();
 
-    /// Chooses which of the two amount fields can be typed into.
+    /// Chooses which of the two amount fields is enabled.
     void enableAmount(Kind kind);
-    /// Off: nothing can be typed. On: everything but the other amount field.
+    /// False: nothing can be typed. True: everything except the other amount field is enabled.
     void setEnabled(bool enabled);
 
 Q_SIGNALS:
-    void typed(int index); ///< Into the field of this index, `Text1(index)`; -1 for the cheque mark.
-    void changed(); ///< A text is another, by whatever.
+    void typed(int index); ///< Into the field with this index, `Text1(index)`; -1 for the cheque mark.
+    void changed(); ///< A text has changed, for whatever reason.
 
 private:
     void addAmount(QWidget* page, int index, const QString& name);

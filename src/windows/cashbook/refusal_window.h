@@ -6,7 +6,7 @@ class QWidget;
 
 namespace lorvan {
 
-/// What the user was doing when a refusal came; a closed day is told differently for an insertion.
+/// What the user was doing when the change was refused; the message about a closed day is different for an insertion.
 enum class RefusedOperation { Insert, Change };
 
 /// Tells the user why a change of movements was refused.

@@ -9,7 +9,7 @@ namespace lorvan {
 /// Tells the user why a change of codes was refused.
 void explainCodeRefusal(QWidget* parent, CodeRefusal refusal);
 
-/// Asks whether a code is to be modified, and says in small print what else that does where it may surprise.
+/// Asks whether a code is to be modified and mentions, in small print, side effects that may be unexpected.
 [[nodiscard]] bool askModification(QWidget* parent, const ModificationEffects& effects);
 
 } // namespace lorvan

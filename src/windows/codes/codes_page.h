@@ -21,23 +21,24 @@ class EntryField;
 class ListReader;
 class PlainList;
 
-/// The codes page: on its panel `Panel1(2)` the codes of movements and the groups they belong to. A click on a code
-/// shows it, a double click offers to modify and remove it; a double click on a group puts the group into the fields.
-/// Who may not modify finds the panel disabled and can scroll through its lists.
+/// The codes page: its panel `Panel1(2)` has the codes of movements and the groups they belong to. A click on a code
+/// shows it, a double click allows modifying and removing it; a double click on a group puts the group into the fields.
+/// For users who may not modify codes, the panel is disabled, but they can scroll its lists.
 class CodesPage : public QWidget {
     Q_OBJECT
 
 public:
     CodesPage(Book& book, QWidget* parent);
 
-    /// What selecting the tab does: empties the fields and reads codes and groups anew. Throws SqlError.
+    /// Called when the tab is selected: empties the fields and reads codes and groups again. Throws SqlError.
     void start(bool mayModify);
 
     void insertCode();
     void modifyCode();
     void removeCode();
 
-    /// After the groups were edited. The fields follow a renamed or deleted group. Throws SqlError.
+    /// To be called after the groups were edited. The fields are updated for a renamed or deleted group. Throws
+    /// SqlError.
     void refreshGroups();
 
 Q_SIGNALS:
@@ -87,11 +88,11 @@ private:
     QCheckBox* m_income;
     QCheckBox* m_active;
     std::vector<CodeGroup> m_groups;
-    qint32 m_group = 0; ///< The current group number, which the next change of a code stores.
-    std::optional<QString> m_groupName; ///< Its name when it became current; nothing where it had none.
+    qint32 m_group = 0; ///< The current group number, which is stored with the next change of a code.
+    std::optional<QString> m_groupName; ///< Its name when it became current; no value if it had none.
     qint32 m_listedGroup = 0; ///< The group whose codes are listed.
-    std::optional<qint64> m_selected; ///< Row of the code that was clicked last.
-    bool m_offered = false; ///< The selected code may be modified and removed.
+    std::optional<qint64> m_selected; ///< The row of the last code clicked.
+    bool m_offered = false; ///< Whether the selected code may be modified and removed.
 };
 
 } // namespace lorvan

@@ -124,7 +124,7 @@ QLayout* CodesPage::codesColumn()
     auto* const column = new QVBoxLayout;
     column->setSpacing(4);
     QWidget* const heading = listHeading(title);
-    heading->setMinimumHeight(m_commands[command::editGroups]->sizeHint().height()); // both columns' lists begin alike
+    heading->setMinimumHeight(m_commands[command::editGroups]->sizeHint().height()); // the two lists begin level
     column->addWidget(heading);
     column->addWidget(addList(Codes, title, {}), 1);
     return column;

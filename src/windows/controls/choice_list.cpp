@@ -198,7 +198,7 @@ void ChoiceList::find(const QString& text)
     goTo(row);
 }
 
-/// As much of the text as there is room for: the page must not grow with it.
+/// As much of the text as fits: the page must not grow with it.
 void ChoiceList::showNotFound(const QString& text)
 {
     const QString answer = QStringLiteral("Δεν βρέθηκε: ") + text;

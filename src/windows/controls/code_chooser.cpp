@@ -21,7 +21,7 @@ bool isEnter(const QKeyEvent& event)
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
-/// Selected with the cursor in front, so that a long text shows its beginning.
+/// Selected with the cursor at the front, so that the beginning of a long text is visible.
 void selectFromEnd(QLineEdit& field)
 {
     const int length = static_cast<int>(field.text().length());
@@ -104,7 +104,7 @@ void CodeChooser::noteEdited(const QString& text)
 
 void CodeChooser::noteActivated(int row)
 {
-    // The toolkit also "activates" a row whose text the field happens to hold when the field is left.
+    // The toolkit also "activates" a row whose text happens to be in the field when the field is left.
     if (m_leaving)
         return;
     m_rowIsStale = false;
@@ -142,7 +142,7 @@ void CodeChooser::focusOutEvent(QFocusEvent* event)
         const QScopedValueRollback guard(m_leaving, true);
         QComboBox::focusOutEvent(event);
     }
-    if (isRealFocusChange(event->reason()) && !view()->isVisible()) // the open list takes the focus like any other
+    if (isRealFocusChange(event->reason()) && !view()->isVisible()) // the open list takes the focus like anything else
         Q_EMIT left();
 }
 

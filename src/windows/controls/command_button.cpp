@@ -109,7 +109,7 @@ QSize CommandButton::sizeHint() const
         return {m_frameless ? height : iconAloneWidth, height};
     const int icon = m_iconName.isEmpty() ? 0 : iconExtent + iconGap;
     const int padding = m_small || m_frameless ? smallSidePadding : sidePadding;
-    // The same for every look, so that nothing moves when the solid button becomes another one.
+    // The same for every look, so that nothing moves when a button becomes solid or stops being so.
     const int width = icon
         + std::max(textWidth(m_caption->text(), QFont::Normal) + 2 * padding,
             textWidth(m_caption->text(), QFont::DemiBold) + 2 * leastSidePadding);
@@ -132,7 +132,7 @@ void CommandButton::changeEvent(QEvent* event)
 {
     QPushButton::changeEvent(event);
     if (event->type() == QEvent::EnabledChange || event->type() == QEvent::StyleChange)
-        dressCaption(); // a style sheet takes back what a child was given, also when the button moves to a window
+        dressCaption(); // a style sheet overrides what a child was given, also when the button is moved to a window
     if (event->type() == QEvent::FontChange)
         updateGeometry();
 }
@@ -226,7 +226,7 @@ QColor CommandButton::borderColour() const
     return Theme::instance().colour(faint ? ColourRole::PageLine : ColourRole::Edge);
 }
 
-/// Around an outlined button; inside a solid one, whose own colour is the ring's.
+/// Around an outlined button; inside a solid one, where it has the colour of the text.
 void CommandButton::paintFocus(QPainter& painter) const
 {
     const Theme& theme = Theme::instance();

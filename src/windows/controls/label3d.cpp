@@ -200,7 +200,7 @@ QSize Label3D::minimumSizeHint() const
     return m_elided ? QSize(leastExtent, sizeHint().height()) : sizeHint();
 }
 
-/// About a pixel, and a whole number of device pixels.
+/// About one pixel, rounded to device pixels.
 qreal Label3D::step() const
 {
     return qRound(devicePixelRatioF()) / devicePixelRatioF();

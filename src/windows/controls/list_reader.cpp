@@ -59,7 +59,7 @@ ListReader::ListReader(QWidget* page, QWidget* parent)
     auto* const whole = new QVBoxLayout(this);
     whole->setContentsMargins({});
     whole->addWidget(page);
-    m_frame->hide(); // it would be shown with its parent, around nothing
+    m_frame->hide(); // otherwise it would be shown with its parent, around nothing
 }
 
 void ListReader::setLists(std::vector<QAbstractItemView*> lists)

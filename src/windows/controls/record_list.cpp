@@ -33,7 +33,7 @@ void RecordList::keyPressEvent(QKeyEvent* event)
     const QModelIndex before = selectedRow();
     const bool isArrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
     if (isArrow && selectionMode() == SingleSelection && !before.isValid() && currentIndex().isValid())
-        setCurrentIndex(currentIndex()); // the first row is not skipped
+        setCurrentIndex(currentIndex()); // so that the first row is not skipped
     else
         QListView::keyPressEvent(event);
     if (m_moves == Moves::Click && selectionMode() == SingleSelection && selectedRow() != before)
@@ -88,7 +88,7 @@ void RecordList::mouseReleaseEvent(QMouseEvent* event)
     QListView::mouseReleaseEvent(event);
 }
 
-/// Moved pixels do not meet exactly where a pixel is no whole number of the screen's, as at 125 %.
+/// Scrolled pixels do not meet exactly if a pixel is not a whole number of device pixels, as at 125 %.
 void RecordList::scrollContentsBy(int dx, int dy)
 {
     QListView::scrollContentsBy(dx, dy);

@@ -78,7 +78,7 @@ QColor paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, con
 
 void showPlainToolTip(QPoint globalPosition, const QString& text, QWidget* widget, const QRect& rect)
 {
-    const bool needsMarkup = Qt::mightBeRichText(text) || text.size() > longestToolTipLine; // which alone wraps lines
+    const bool needsMarkup = Qt::mightBeRichText(text) || text.size() > longestToolTipLine; // only markup wraps lines
     const QString cut = text.size() > longestToolTip ? text.first(longestToolTip) + u'…' : text;
     const QString shown = needsMarkup ? Qt::convertFromPlainText(cut, Qt::WhiteSpaceNormal) : cut;
     QToolTip::showText(globalPosition, shown, widget, rect);

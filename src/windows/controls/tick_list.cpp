@@ -32,7 +32,7 @@ void TickList::setCurrentMarked(bool isMarked)
 void TickList::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Space && currentIndex().isValid())
-        selectionModel()->select(currentIndex(), QItemSelectionModel::Toggle); // and looks for no row that begins so
+        selectionModel()->select(currentIndex(), QItemSelectionModel::Toggle); // no search for a row with a blank
     else
         PlainList::keyPressEvent(event);
 }
@@ -40,7 +40,7 @@ void TickList::keyPressEvent(QKeyEvent* event)
 QItemSelectionModel::SelectionFlags TickList::selectionCommand(const QModelIndex& index, const QEvent* event) const
 {
     if (!event)
-        return QItemSelectionModel::NoUpdate; // typing the beginning of a row only goes there
+        return QItemSelectionModel::NoUpdate; // typing the beginning of a row only moves there
     if (event->type() == QEvent::MouseButtonPress) {
         const auto* const mouse = static_cast<const QMouseEvent*>(event);
         if (mouse->modifiers().testFlag(Qt::ShiftModifier))

@@ -9,7 +9,7 @@
 namespace lorvan {
 namespace {
 
-/// The field's line of text; null where it has none.
+/// The field's line edit; null if it has none.
 QLineEdit* lineOf(QWidget& field)
 {
     auto* const chooser = qobject_cast<QComboBox*>(&field);
@@ -27,7 +27,7 @@ void goBackTo(QWidget& field)
 {
     field.setFocus(Qt::OtherFocusReason);
     if (QLineEdit* const line = lineOf(field))
-        line->selectAll(); // the window may not be active again yet, and then the focus alone does not select
+        line->selectAll(); // the window may not be active again yet; then the focus alone does not select
 }
 
 QString textOf(QWidget& field)

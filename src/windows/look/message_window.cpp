@@ -20,7 +20,7 @@ QString withLineBreaks(QString text)
     return text.replace(u'\r', u'\n');
 }
 
-/// A key that was pressed before the box came up, and is still held, answers nothing.
+/// A key that was pressed before the box appeared, and is still held down, does not answer it.
 class HeldKeys : public QObject {
 public:
     explicit HeldKeys(QMessageBox& box)
@@ -39,7 +39,8 @@ public:
             m_released = {key.key(), key.timestamp()};
             return false;
         }
-        // A busy machine does not always call a repetition one; nobody lets go and presses again within the moment.
+        // A busy machine does not always mark a repeated key as such; nobody releases and presses again within so short
+        // a time.
         return key.isAutoRepeat()
             || (key.key() == m_released.first && key.timestamp() - m_released.second < leastPause);
     }
@@ -47,7 +48,7 @@ public:
 private:
     static constexpr quint64 leastPause = 10; // milliseconds
 
-    std::pair<int, quint64> m_released{}; ///< The key let go last, and when.
+    std::pair<int, quint64> m_released{}; ///< The key released last, and when.
 };
 
 int run(QMessageBox& box)
@@ -57,7 +58,7 @@ int run(QMessageBox& box)
     return box.exec();
 }
 
-/// The toolkit leaves too little room for a title bar's bold type, icon and buttons.
+/// The toolkit leaves too little room for a title bar's bold text, icon and buttons.
 void makeRoomForTitle(QMessageBox& box)
 {
     QFont bold = QApplication::font();
@@ -70,7 +71,7 @@ void makeRoomForTitle(QMessageBox& box)
             grid->columnCount());
 }
 
-/// The box itself takes the text format for its main text alone.
+/// The box applies the text format only to its main text.
 QMessageBox::StandardButton ask(QMessageBox& box, const QString& details, QMessageBox::StandardButton defaultButton)
 {
     box.setInformativeText(withLineBreaks(details));

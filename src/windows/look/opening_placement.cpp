@@ -19,8 +19,8 @@ constexpr auto openingTime = 1s;
 constexpr auto lookInterval = 40ms;
 constexpr Qt::WindowStates placedByOthers = Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized;
 
-/// The window as the window system has it, once it is there: the widget may go on counting without a frame where the
-/// window manager tells late of it.
+/// The window as the window system sees it, once it exists: if the window manager reports the frame late, the widget
+/// may still calculate without it.
 QWindow* shownWindow(const QWidget& widget)
 {
     QWindow* const window = widget.windowHandle();
@@ -73,7 +73,7 @@ void OpeningPlacement::begin()
     m_opening.setRemainingTime(openingTime);
     m_watch.start();
     if (m_isCentred)
-        place(); // already here, so that it is not seen to move
+        place(); // already here, so that the user does not see it move
 }
 
 void OpeningPlacement::watch()

@@ -21,7 +21,7 @@ QString storedSize(const QWidget* window)
     }
 }
 
-/// Of "800 600"; invalid where the text says anything else.
+/// Of "800 600"; invalid if the text is anything else.
 QSize sizeIn(const QStringList& words)
 {
     bool hasWidth = false;
@@ -50,7 +50,7 @@ void rememberSize(const QWidget* window)
     try {
         SettingsStore().write({{section, window->objectName(), text}});
     } catch (const SettingsError&) {
-        // The next time begins with the size it had before.
+        // The next time the window begins with its earlier size.
     }
 }
 

@@ -87,7 +87,7 @@ void Style::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
     if (qobject_cast<QLineEdit*>(widget) || qobject_cast<QAbstractScrollArea*>(widget))
-        widget->setAttribute(Qt::WA_Hover, false); // nothing of theirs changes under the mouse
+        widget->setAttribute(Qt::WA_Hover, false); // nothing in them changes under the mouse
     if (m_theme.hasPageColour() && isInMessageBox(widget))
         widget->setPalette(m_theme.desktopPalette());
 }
@@ -124,7 +124,7 @@ void Style::drawPrimitive(
         paintRadioButton(*painter, *option, m_theme);
         return;
     case PE_FrameFocusRect:
-        return; // every control shows its focus by its own border
+        return; // every control shows its focus in its own border
     default:
         break;
     }
@@ -256,7 +256,7 @@ QIcon Style::standardIcon(StandardPixmap pixmap, const QStyleOption* option, con
     const QIcon icon = themedIcon(name, messageIconRole(pixmap));
     if (!m_theme.hasPageColour() || !isInMessageBox(widget))
         return icon;
-    const Theme::DesktopColours ofBoxes(m_theme, true); // those of this moment
+    const Theme::DesktopColours ofBoxes(m_theme, true); // the colours at this moment
     return icon.pixmap({messageIconExtent, messageIconExtent}, widget->devicePixelRatioF());
 }
 

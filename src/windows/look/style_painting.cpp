@@ -19,7 +19,8 @@ bool isFocused(const QStyleOption& option)
     return option.state.testFlag(QStyle::State_HasFocus) && !isOff(option);
 }
 
-/// Ground and border of an unmarked indicator; the marked one is filled, and ringed at a distance while focused.
+/// Background and border of an unmarked indicator; the marked one is filled and, while focused, has a ring at a
+/// distance.
 void paintIndicator(QPainter& painter, const QStyleOption& option, const Theme& theme, qreal radius)
 {
     const bool focused = isFocused(option);

@@ -11,7 +11,7 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 
-/// The icons lie in a static library, whose resources the linker leaves out unless they are asked for by name; this can
+/// The icons are in a static library, whose resources the linker leaves out unless they are requested by name; this can
 /// only be done outside a namespace.
 static void initializeIcons()
 {

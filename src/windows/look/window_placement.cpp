@@ -11,7 +11,7 @@ namespace lorvan {
 
 namespace {
 
-/// What the window system puts around a window; how much is known only once it is shown.
+/// The frame that the window system puts around a window; its width is known only once the window is shown.
 constexpr QSize frame{8, 36};
 
 } // namespace

@@ -12,7 +12,7 @@ namespace lorvan {
 class DailyBackup;
 class NoticeLine;
 
-/// The line below the main window's tabs: what there is to say of the book, as it comes and goes.
+/// The line below the main window's tabs: keeps the notices about the book up to date.
 class MainNotices : public QObject {
     Q_OBJECT
 
@@ -22,21 +22,21 @@ public:
 
     [[nodiscard]] NoticeLine* line() const { return m_line; }
 
-    /// Says why the book's folder is not to be trusted in everything.
+    /// Says in which way the book's folder is not reliable.
     void tellLocks(LockReach locks, bool isReadOnly);
 
-    /// Says who holds the book, as it is known now; from then on the marker is looked at every few seconds. Throws
+    /// Shows who holds the book at present; from then on, the marker is looked at every few seconds. Throws
     /// MarkerError.
     void followMarker(bool isHeldByAnother);
 
-    /// Says whether the day's backup was made.
+    /// Shows whether the day's backup was made.
     void followBackup(DailyBackup& backup);
 
-    /// Stands for ten seconds, or until actionBegins().
+    /// Shown for ten seconds, or until actionBegins().
     void dayClosed(QDate day);
     void actionBegins() { remove(NoticeKind::DayClosed); }
 
-    /// The marker is not looked at any more.
+    /// Stops looking at the marker.
     void retire();
 
 private:

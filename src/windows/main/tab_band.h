@@ -7,15 +7,15 @@ namespace lorvan {
 
 class Label3D;
 
-/// The band at the top of the main window: the tabs `Tab1` at the left; at the right the heading `Label3D1(1)` over the
-/// version `Label3D1(0)`, with an ellipsis and a tooltip where they are too long.
+/// The band at the top of the main window: on the left the tabs `Tab1`; on the right the heading `Label3D1(1)` above
+/// the version `Label3D1(0)`, with an ellipsis and a tooltip if they are too long.
 class TabBand : public QFrame {
     Q_OBJECT
 
 public:
     explicit TabBand(QWidget* parent = nullptr);
 
-    /// The caption is kept as given and shown without ampersands and outer blanks. Returns the tab's index.
+    /// The caption is stored as given and shown without ampersands and outer blanks. Returns the tab's index.
     int addTab(const QString& iconName, const QString& caption, const QString& toolTip);
 
     [[nodiscard]] QTabBar* tabs() const { return m_tabs; }

@@ -92,7 +92,7 @@ int TotalsBar::pairWidth(const Pair& pair, qreal step) const
         + figure.horizontalAdvance(pair.figure->text());
 }
 
-/// A pair's share of the bar before what is left over is divided evenly.
+/// A pair's share of the bar, before what remains is divided evenly.
 int TotalsBar::usualWidth(const Pair& pair) const
 {
     const QFontMetrics caption(pair.caption->font());
@@ -100,7 +100,7 @@ int TotalsBar::usualWidth(const Pair& pair) const
         + QFontMetrics(figureFont(pair.factor)).horizontalAdvance(usualFigure);
 }
 
-/// The bar's width from which on each pair fits between its separators.
+/// The width of the bar from which each pair fits between its separators.
 int TotalsBar::widthFor(qreal step) const
 {
     int usual = 0;

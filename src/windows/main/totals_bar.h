@@ -8,9 +8,9 @@ class QLabel;
 
 namespace lorvan {
 
-/// The bar with the day's figures: six labels Bar1(1) to Bar1(6), caption and figure in turn. Figures are never cut:
-/// when one does not fit beside its caption, all become smaller together. The separators stand where the bar's width
-/// puts them, whatever the figures.
+/// The bar with the day's figures: six labels Bar1(1) to Bar1(6), caption and figure in turn. Figures are never cut: if
+/// one does not fit beside its caption, all become smaller together. The positions of the separators depend only on the
+/// bar's width, not on the figures.
 class TotalsBar : public QFrame {
     Q_OBJECT
 

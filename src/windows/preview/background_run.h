@@ -9,20 +9,21 @@ class QEventLoop;
 
 namespace lorvan {
 
-/// Long work on a thread of its own, while the program's windows repaint and what the user types and clicks waits.
-/// After half a second a modal window shows the progress and offers to cancel.
+/// Runs long work in a thread of its own, while the program's windows are repainted and user input waits. After half a
+/// second a modal window shows the progress and offers to cancel.
 class BackgroundRun {
 public:
-    /// How far the work is; `all` is 0 where that is not known. False: give up.
+    /// Reports how far the work is; `all` is 0 if unknown. Returns false to cancel.
     using Progress = std::function<bool(int done, int all)>;
-    /// Runs on the other thread and must touch no window. False when it was given up.
+    /// Runs in the other thread and must not touch any window. Returns false if it was cancelled.
     using Work = std::function<bool(const Progress& progress)>;
 
-    /// Comes back when the work has ended. True when it came to its end and nobody gave it up meanwhile; otherwise what
-    /// it leaves is not wanted. A failure of the work is thrown here. Not to be called while a run is under way.
+    /// Returns when the work has ended. True if it was completed and not cancelled in the meantime; otherwise its
+    /// results are not wanted. An exception from the work is thrown again here. Not to be called while a run is in
+    /// progress.
     [[nodiscard]] bool run(QWidget* parent, const ProgressTexts& texts, const Work& work);
 
-    /// Gives up the work under way, if there is any; the call of run() goes on until it has noticed.
+    /// Cancels the work in progress, if any; run() returns once the work has noticed.
     void cancel() { m_cancelled = true; }
 
 private:

@@ -14,7 +14,7 @@ constexpr QSize firstSize{860, 420};
 constexpr int margin = 16;
 constexpr int listFrame = 1;
 
-/// Stands above the lines' columns.
+/// Placed above the lines' columns.
 QLabel* columnTitles(const QString& titles, const PlainList& list)
 {
     auto* const label = new QLabel(titles);

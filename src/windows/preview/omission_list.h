@@ -6,7 +6,7 @@
 
 namespace lorvan {
 
-/// Lists the movements or days that an omission concerns. Arrows move in the list, Escape closes.
+/// Lists the movements or days of an omission. The arrow keys move in the list, Escape closes it.
 class OmissionList : public QDialog {
     Q_OBJECT
 

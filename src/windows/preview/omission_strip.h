@@ -8,15 +8,15 @@ class QVBoxLayout;
 
 namespace lorvan {
 
-/// The strip above a report's pages that tells what the report leaves out, a line for each, with a button that lists
-/// the movements or days concerned. Hidden as long as there is nothing to tell.
+/// The strip above a report's pages that says what the report leaves out, one line for each omission, with a button
+/// that lists the movements or days concerned. Hidden if there is nothing to say.
 class OmissionStrip : public QWidget {
     Q_OBJECT
 
 public:
     explicit OmissionStrip(QWidget* parent);
 
-    /// Replaces what was told before. Its buttons come next after `before` in the tab order.
+    /// Replaces the previous omissions. The buttons come after `before` in the tab order.
     void tell(const std::vector<ReportOmission>& omissions, QWidget* before);
 
 protected:

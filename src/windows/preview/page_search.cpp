@@ -72,7 +72,7 @@ void PageSearch::step()
     Q_EMIT searching(m_page);
 }
 
-/// True when the search has come to its end.
+/// True if the search has ended.
 bool PageSearch::lookAtPage()
 {
     const std::vector<QRectF> places = m_pages->find(m_wanted, m_page);

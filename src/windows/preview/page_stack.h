@@ -7,7 +7,7 @@
 
 namespace lorvan {
 
-/// Pages of one size below each other, at a scale. Everything in pixels but the size of a page, which is in twips.
+/// Pages of equal size, one below the other, at a scale. Everything is in pixels except the page size, in twips.
 class PageStack {
 public:
     static constexpr double twipsInPixel = 15; ///< At a scale of 1.
@@ -25,17 +25,17 @@ public:
     {
         return {m_page.width() + 2 * margin, m_pages * (m_page.height() + margin) + margin};
     }
-    /// A page from the top left corner of the content; x is the margin's.
+    /// The rectangle of a page, from the top left corner of the content; x is the margin.
     [[nodiscard]] QRect page(int index) const
     {
         return {QPoint(margin, margin + index * (m_page.height() + margin)), m_page};
     }
-    /// The page at that height; in the margin above a page the one below it.
+    /// The page at that height; in the margin above a page, the page below it.
     [[nodiscard]] int pageAt(int y) const
     {
         return std::clamp(y / (m_page.height() + margin), 0, std::max(m_pages - 1, 0));
     }
-    /// The page of which the most lies between two heights; the first of several.
+    /// The page that takes up most of the space between two heights; the first of several.
     [[nodiscard]] int mostVisible(int top, int bottom) const
     {
         int best = pageAt(top);

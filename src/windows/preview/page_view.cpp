@@ -22,7 +22,7 @@ constexpr int wheelNotch = 120;
 constexpr std::array zoomSteps{0.25, 0.33, 0.5, 0.67, 0.75, 0.9, 1.0, 1.1, 1.25, 1.5, 1.75, 2.0, 2.5, 3.0, 4.0};
 constexpr double sameZoom = 0.005;
 
-// On paper, which is white in every theme.
+// Colours on paper, which is white in every theme.
 const QColor markColour(255, 232, 110);
 const QColor foundColour(255, 176, 84);
 const QColor shadowColour(0, 0, 0, 60);
@@ -121,7 +121,7 @@ void PageView::goToPage(int page)
     if (!m_pages)
         return;
     m_wantsLast = false;
-    updateScrollBars(); // pages may have been laid out a moment ago
+    updateScrollBars(); // pages may just have been laid out
     const int target = std::clamp(page, 0, pageCount() - 1);
     const QScopedValueRollback turning(m_isTurning, true);
     verticalScrollBar()->setValue(stack().page(target).top() - PageStack::margin);
@@ -317,7 +317,7 @@ void PageView::setSought(const SearchText& sought)
 void PageView::showFound(int page, const QRectF& area)
 {
     m_found = Found{page, area};
-    updateScrollBars(); // the page may have been laid out a moment ago
+    updateScrollBars(); // the page may just have been laid out
     const PageStack pages = stack();
     const QRectF inPage(area.topLeft() * pages.pixelsInTwip(), area.size() * pages.pixelsInTwip());
     const QRect place = inPage.toAlignedRect().translated(pages.page(page).topLeft() + contentOrigin());
@@ -383,7 +383,7 @@ void PageView::paintPage(QPainter& painter, int page) const
 
 void PageView::paintMarks(QPainter& painter, int page) const
 {
-    painter.setCompositionMode(QPainter::CompositionMode_Multiply); // the text under a mark stays black
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply); // so that the text under a mark stays black
     for (const QRectF& area : m_pages->find(m_sought, page)) {
         const bool isFound = m_found && m_found->page == page && m_found->area == area;
         painter.fillRect(area, isFound ? foundColour : markColour);

@@ -11,10 +11,10 @@
 
 namespace lorvan {
 
-/// The preview control `Tg`: a report's pages below each other, at any size. The first page is shown at once, the
-/// others are laid out while the window is idle. Only what is in sight is painted. Page Up and Down turn the pages,
-/// Home and End go to the first and the last one, arrows, blank, wheel and a drag scroll, the wheel with Ctrl changes
-/// the size. A document may ask for more of the mouse (PreviewMouse). Pages count from 0.
+/// The preview control `Tg`: a report's pages one below the other, at any size. The first page is shown at once, the
+/// others are laid out while the window is idle. Only the visible part is painted. Page Up and Down turn the pages,
+/// Home and End go to the first and the last one; arrow keys, blank, wheel and dragging scroll; the wheel with Ctrl
+/// zooms. A document may ask for more mouse functions (PreviewMouse). Pages count from 0.
 class PageView : public QAbstractScrollArea {
     Q_OBJECT
 
@@ -25,22 +25,22 @@ public:
 
     void setPages(std::shared_ptr<ReportPages> pages);
     [[nodiscard]] const std::shared_ptr<ReportPages>& pages() const { return m_pages; } ///< Null before setPages().
-    [[nodiscard]] int pageCount() const; ///< Grows until the pages are complete.
+    [[nodiscard]] int pageCount() const; ///< Grows until all pages are laid out.
 
-    /// The page turned to, or else the one that takes up most of the view.
+    /// The page that was turned to, otherwise the one that takes up most of the view.
     [[nodiscard]] int currentPage() const { return m_current; }
-    void goToPage(int page); ///< The nearest there is.
+    void goToPage(int page); ///< If there is no such page, to the nearest one.
     void goToLastPage(); ///< Once it is known.
 
     [[nodiscard]] double zoom() const { return m_zoom; } ///< 1 is the size of the paper.
     void setZoom(double zoom);
     void zoomIn();
     void zoomOut();
-    void setFit(Fit fit); ///< Stays so in another size of the window, until the zoom is changed.
+    void setFit(Fit fit); ///< Also after the window's size changes, until the zoom is changed.
 
-    /// Marks every place of a text; an empty one marks nothing.
+    /// Marks all matches of a text; an empty one removes the marks.
     void setSought(const SearchText& sought);
-    /// Marks one place, in twips, before the others and brings it into sight.
+    /// Marks one match, in twips, more strongly than the others and scrolls to it.
     void showFound(int page, const QRectF& area);
 
 Q_SIGNALS:
@@ -78,7 +78,7 @@ private:
 
     [[nodiscard]] PreviewMouse mouse() const;
     [[nodiscard]] PageStack stack() const;
-    [[nodiscard]] QPoint contentOrigin() const; ///< Where the content's corner stands in the viewport.
+    [[nodiscard]] QPoint contentOrigin() const; ///< The position of the content's corner in the viewport.
     [[nodiscard]] QSize roomForPages() const;
 
     std::shared_ptr<ReportPages> m_pages;
@@ -88,8 +88,8 @@ private:
     bool m_wantsLast = false;
     double m_zoom = 1;
     Fit m_fit = Fit::None;
-    int m_wheelTurn = 0; ///< What of a notch was turned with Ctrl or Shift.
-    std::optional<QPoint> m_dragged; ///< Where the mouse was last while it drags.
+    int m_wheelTurn = 0; ///< The fraction of a wheel notch turned so far with Ctrl or Shift.
+    std::optional<QPoint> m_dragged; ///< The last position of the mouse while it is dragging.
     SearchText m_sought{QStringView()};
     std::optional<Found> m_found;
 };

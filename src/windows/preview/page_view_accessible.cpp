@@ -8,7 +8,7 @@
 namespace lorvan {
 namespace {
 
-/// The page turned to, as text without caret and selection.
+/// The current page, as text without caret and selection.
 class PageReading : public QAccessibleWidget, public QAccessibleTextInterface {
 public:
     explicit PageReading(PageView* view)

@@ -4,10 +4,10 @@ namespace lorvan {
 
 class PageView;
 
-/// Lets assistive tools read the text of the page that a PageView shows. Once in a process is enough.
+/// Lets assistive technology read the text of the page shown by a PageView. To be called once per process.
 void installPageReading();
 
-/// Tells them that another page is shown. Costs nothing while there are none.
+/// Tells it that another page is shown. Costs nothing if there is none.
 void tellPageTurned(PageView& view);
 
 } // namespace lorvan

@@ -14,7 +14,7 @@ QAction* addAction(QWidget* window, const char* name, const QString& text, const
     return action;
 }
 
-/// Keys that belong to the page view alone are told, not bound.
+/// Keys that the page view handles itself are only mentioned, not bound.
 QAction* addTurning(QWidget* window, const char* name, const QString& text, const QString& key)
 {
     QAction* const action = addAction(window, name, text);

@@ -5,7 +5,7 @@
 
 namespace lorvan {
 
-/// Everything that can be done in the preview besides typing, with its name, text, tip and keys. The actions belong to
+/// Everything that can be done in the preview except typing, with its name, text, tip and keys. The actions belong to
 /// the window.
 struct PreviewActions {
     explicit PreviewActions(QWidget* window);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double twipsInPixel = 15;
 
-// In twips, as the window has always been laid out. Menu and tool row take what its height loses.
+// In twips, the traditional layout of the window. Menu and tool row take the height that the pages lose.
 constexpr int corner = 100;
 constexpr int lessWidth = 300;
 
@@ -48,7 +48,7 @@ void PreviewArea::resizeEvent(QResizeEvent*)
     layOut();
 }
 
-/// The pages reach the lower edge, or the line below them while it says something.
+/// The pages reach down to the lower edge, or to the status line while it has a text.
 void PreviewArea::layOut()
 {
     const int lineHeight = m_line->text().isEmpty() ? 0 : m_line->sizeHint().height() + pixels(corner);

@@ -6,7 +6,7 @@ namespace lorvan {
 
 class ThemedLabel;
 
-/// What lies below menu and tool row: the page view, and under it, on the same ground, one line that says what goes on.
+/// The area below menu and tool row: the page view and, on the same background below it, a status line.
 class PreviewArea : public QWidget {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
 
     [[nodiscard]] PageView& view() const { return *m_view; }
 
-    /// Stays until the next one.
+    /// The text stays until the next one.
     void say(const QString& text);
 
 protected:

@@ -159,7 +159,7 @@ std::vector<QWidget*> PreviewTools::tabOrder() const
 
 // What is shown
 
-/// The figures keep their room as long as it is enough, so that nothing moves while pages are turned.
+/// The numbers keep their room as long as it is enough, so that nothing moves while pages are turned.
 void PreviewTools::setPages(int current, int count, bool isComplete)
 {
     m_current = current;
@@ -167,7 +167,7 @@ void PreviewTools::setPages(int current, int count, bool isComplete)
         m_digits = digits;
         measure();
     }
-    if (!m_page->isModified()) // a number that is being typed while pages are added
+    if (!m_page->isModified()) // not while the user is typing a number as pages are added
         m_page->setText(QString::number(current + 1));
     m_count->setText(QStringLiteral("/ %1%2").arg(count).arg(isComplete ? QString() : QStringLiteral("+")));
 }
@@ -209,7 +209,7 @@ bool PreviewTools::eventFilter(QObject* watched, QEvent* event)
         return QWidget::eventFilter(watched, event);
     auto* const key = static_cast<QKeyEvent*>(event);
     if (event->type() == QEvent::ShortcutOverride) {
-        key->ignore(); // a line of text takes some keys for itself, such as Ctrl+E
+        key->ignore(); // a line edit uses some keys itself, such as Ctrl+E
         return isKeyOfWindow(*window(), *key);
     }
     if (key->key() == Qt::Key_Escape) {

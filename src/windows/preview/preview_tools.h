@@ -15,8 +15,8 @@ namespace lorvan {
 
 class ActionButton;
 
-/// The tool row of the preview: printing, pages, size, saving, search and the way back. Short of width, the search
-/// shrinks, then captions go.
+/// The tool row of the preview: printing, pages, size, saving, search and the way back. If there is not enough width,
+/// the search field shrinks first, then captions are hidden.
 class PreviewTools : public QWidget {
     Q_OBJECT
 
@@ -25,13 +25,13 @@ public:
 
     PreviewTools(const PreviewActions& actions, QWidget* parent);
 
-    /// Pages count from 0. While more pages are being laid out their number is shown with a plus.
+    /// Pages count from 0. While more pages are being laid out, their number is shown with a plus sign.
     void setPages(int current, int count, bool isComplete);
     void setZoom(double zoom);
     void goToSearch(); ///< With all of its text selected.
-    void setSearchFailed(bool hasFailed); ///< The text is nowhere.
+    void setSearchFailed(bool hasFailed); ///< The text was not found.
 
-    /// After the view itself.
+    /// The tools in tab order, which follow the view itself.
     [[nodiscard]] std::vector<QWidget*> tabOrder() const;
 
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -40,7 +40,7 @@ Q_SIGNALS:
     void pageEntered(int page);
     void soughtChanged(const QString& text);
     void findAsked(lorvan::ReportPages::Direction direction);
-    void left(); ///< Escape or Enter in a field: the user goes back to the pages.
+    void left(); ///< Escape or Enter in a field: the user returns to the pages.
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -63,10 +63,11 @@ private:
     QLabel* m_count;
     QLabel* m_zoom;
     QLineEdit* m_sought;
-    std::vector<std::vector<ActionButton*>> m_captioned; ///< Together they lose their captions, the first ones first.
+    /// Groups whose captions are hidden together, the first group first.
+    std::vector<std::vector<ActionButton*>> m_captioned;
     std::vector<QWidget*> m_order;
     int m_current = 0;
-    qsizetype m_digits = 0; ///< For which there is room in the page number.
+    qsizetype m_digits = 0; ///< The number of digits for which the page number has room.
     int m_leastWidth = 0; ///< Without captions.
 };
 

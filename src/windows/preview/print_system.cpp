@@ -16,7 +16,7 @@ struct FreeInformation {
 using Destination = std::unique_ptr<cups_dest_t, FreeDestination>;
 using Information = std::unique_ptr<cups_dinfo_t, FreeInformation>;
 
-/// Nobody is asked for a password: the library would do so on the terminal.
+/// No password is asked for: the library would do so on the terminal.
 const char* noPassword(const char*, http_t*, const char*, const char*, void*)
 {
     return nullptr;
@@ -49,7 +49,7 @@ Destination find(const QString& printer)
     return found;
 }
 
-/// The settings the user has given the printer on this machine; the server has its own.
+/// The settings that the user has made for the printer on this machine; the server has its own.
 class JobOptions {
 public:
     explicit JobOptions(const cups_dest_t& destination)
@@ -72,7 +72,7 @@ private:
     cups_option_t* m_options = nullptr;
 };
 
-/// A job that is not finished is withdrawn.
+/// Withdraws a job that is not finished.
 class Job {
 public:
     Job(cups_dest_t* destination, cups_dinfo_t* information, const QByteArray& title)

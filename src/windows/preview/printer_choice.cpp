@@ -65,7 +65,7 @@ PrinterChoice::PrinterChoice(Printers& printers, QWidget* parent)
     m_list->setFocus(Qt::OtherFocusReason);
 }
 
-/// What is selected stays so as long as it is there.
+/// The selection is kept as long as its printer exists.
 void PrinterChoice::refill()
 {
     const QString selected = selectedName();

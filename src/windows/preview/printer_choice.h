@@ -9,8 +9,8 @@ namespace lorvan {
 class CommandButton;
 class PlainList;
 
-/// The choice of the current printer among those the system has. Its list follows the answers of the print system.
-/// Modal.
+/// A modal window for choosing the current printer among those of the system. Its list is updated whenever the print
+/// system answers.
 class PrinterChoice : public QDialog {
     Q_OBJECT
 

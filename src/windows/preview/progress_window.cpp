@@ -18,7 +18,7 @@ constexpr QSize firstSize{380, 132};
 
 constexpr int thickness = 12;
 constexpr int stepsAcross = 40;
-constexpr double share = 0.25; // of the bar, that goes on
+constexpr double share = 0.25; // of the bar: the section that advances
 
 } // namespace
 

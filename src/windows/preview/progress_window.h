@@ -10,22 +10,22 @@ namespace lorvan {
 class CommandButton;
 class ProgressLine;
 
-/// What a window of progress says. What is counted stands before its number: "Γραμμές", "Σελίδες".
+/// The texts of a progress window. The word for what is counted comes before the number: "Γραμμές", "Σελίδες".
 struct ProgressTexts {
     QString title;
     QString activity;
     QString counted;
 };
 
-/// How far a long work is, with a button to cancel. Escape and closing it cancel too; it stays until whoever runs the
-/// work takes it away. Modal.
+/// Shows how far a long job is, with a button to cancel. Escape and closing the window cancel too; it stays until the
+/// code that runs the work removes it. Modal.
 class ProgressWindow : public QDialog {
     Q_OBJECT
 
 public:
     ProgressWindow(const ProgressTexts& texts, QWidget* parent);
 
-    /// `all` is 0 where it is not known.
+    /// `all` is 0 if it is unknown.
     void setProgress(int done, int all);
 
     void reject() override;
@@ -41,14 +41,14 @@ private:
     CommandButton* m_cancel;
 };
 
-/// A flat bar of progress. Where the end is not known, a part of it goes on with each step.
+/// A flat progress bar. If the end is unknown, a section of it advances with each step.
 class ProgressLine : public QProgressBar {
     Q_OBJECT
 
 public:
     explicit ProgressLine(QWidget* parent = nullptr);
 
-    void step(); ///< A sign of life where the end is not known.
+    void step(); ///< A sign of life when the end is unknown.
 
     [[nodiscard]] QSize sizeHint() const override;
 

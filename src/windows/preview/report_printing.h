@@ -9,15 +9,15 @@
 
 namespace lorvan {
 
-/// A report as it goes to paper.
+/// A report to be printed.
 struct PrintJob {
     QString printer;
     QString title;
-    std::optional<int> page = {}; ///< Counted from 0; without it all pages.
+    std::optional<int> page = {}; ///< Counted from 0; no value means all pages.
 };
 
-/// Hands the report over to the printer, without a question. True when the print system has taken all of it, false when
-/// the user has given it up. Throws PrintJobError, PageOutputError.
+/// Sends the report to the printer without asking. Returns true if the print system has accepted all of it, false if
+/// the user has cancelled. Throws PrintJobError, PageOutputError.
 [[nodiscard]] bool printReport(
     QWidget* window, BackgroundRun& run, const ReportDocument& document, const PrintJob& job);
 

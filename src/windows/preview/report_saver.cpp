@@ -21,7 +21,7 @@ QString usualFolder()
     return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
-/// The path once the work has written it.
+/// The path, once the work has written it.
 std::optional<QString> write(QWidget* window, BackgroundRun& run, const QString& path, const ProgressTexts& texts,
     const BackgroundRun::Work& work)
 {

@@ -11,11 +11,11 @@ namespace lorvan {
 
 class SaveDialog;
 
-/// Saves reports as files that the user names, and keeps the folder for the next time.
+/// Saves reports as files named by the user, and remembers the folder for the next time.
 class ReportSaver {
 public:
-    /// Both give the path that was written; nothing when the user has thought better of it. `name` is proposed, without
-    /// an ending. A failure is told in a box.
+    /// Both return the path that was written; no value if the user cancelled. `name` is the suggested name, without
+    /// extension. A failure is shown in a box.
     [[nodiscard]] std::optional<QString> savePdf(
         QWidget* window, BackgroundRun& run, const ReportDocument& document, const QString& name);
     [[nodiscard]] std::optional<QString> saveTable(
@@ -24,7 +24,7 @@ public:
 private:
     [[nodiscard]] std::optional<QString> askPath(SaveDialog& dialog, const QString& name);
 
-    QString m_folder; ///< The one used last.
+    QString m_folder; ///< The folder used last.
 };
 
 } // namespace lorvan

@@ -41,7 +41,7 @@ public:
     }
 };
 
-/// Sizes and dates as they are written in Greek, whatever the machine's own language.
+/// Sizes and dates in the Greek format, whatever the machine's own language.
 class GreekFiles : public QIdentityProxyModel {
 public:
     using QIdentityProxyModel::QIdentityProxyModel;

@@ -6,14 +6,14 @@
 
 namespace lorvan {
 
-/// A kind of file that can be saved: what the list of kinds says, and the ending that a name without one gets.
+/// A kind of file that can be saved: its text in the list of kinds, and the extension for a name without one.
 struct FileKind {
     QString text;
     QString suffix;
 };
 
-/// The question where to save a file: the toolkit's dialog, which speaks the program's Greek on every machine, with our
-/// icons. It asks before a file is replaced.
+/// The dialog that asks where to save a file: the toolkit's dialog, with the program's Greek texts on every computer
+/// and our icons. It asks before a file is replaced.
 class SaveDialog : public QFileDialog {
     Q_OBJECT
 

@@ -17,7 +17,7 @@
 namespace lorvan {
 namespace {
 
-/// An action that asks in the middle shows the ordinary pointer, so what counts is the pointer that is seen.
+/// An action that asks something midway shows the ordinary pointer, so the pointer that is visible counts.
 bool isHourglassShown()
 {
     return BusyPointer::isShown() && QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;

@@ -21,17 +21,18 @@ class Connection;
 class GroupFrame;
 class TitleEditor;
 
-/// The screen before a day's cash analysis: titles and codes of the four groups that are not cash. Modal; its button
-/// stores them and hides it. Its frame hides it without storing. The analysis goes on with what it showed either way.
+/// The screen before a day's cash analysis: titles and codes of the four groups that are not cash. Modal. Its button
+/// stores them and hides it; closing it by its frame hides it without storing. Either way, the analysis continues with
+/// what is shown.
 class AnalyshFRM : public QDialog {
     Q_OBJECT
 
 public:
-    /// `main` must outlive the screen; its codes are read when the first of them is to be chosen. `day` is the analysed
-    /// day as typed. Throws SettingsError when the stored groups cannot be read.
+    /// `main` must outlive the screen; its codes are read when a code is to be chosen for the first time. `day` is the
+    /// analysed day as typed. Throws SettingsError if the stored groups cannot be read.
     AnalyshFRM(Connection& main, SettingsStore settings, const QString& day, QWidget* parent = nullptr);
 
-    /// What the screen shows, also after it is hidden. A title that is still being changed counts as changed.
+    /// What the screen shows, even after it was hidden. A title that is still being edited counts as changed.
     [[nodiscard]] AnalysisGroups groups() const;
 
 protected:
@@ -62,13 +63,13 @@ private:
     ControlArray<GroupFrame> m_frames;
     ControlArray<CodeBoxField> m_boxes;
     ControlArray<CommandButton> m_choosers;
-    QScrollArea* m_area; ///< Scrolls where the screen is lower than the boxes.
+    QScrollArea* m_area; ///< Scrolls if the screen is lower than the boxes.
     CodeDropDown* m_codes;
     TitleEditor* m_title;
     CommandButton* m_save;
     std::vector<CodeBox> m_available; ///< Empty until a code is to be chosen.
-    int m_chosenBox = 0; ///< Whose code is being chosen.
-    int m_renamedGroup = 1; ///< Whose title is being changed.
+    int m_chosenBox = 0; ///< The box whose code is being chosen.
+    int m_renamedGroup = 1; ///< The group whose title is being changed.
 };
 
 } // namespace lorvan

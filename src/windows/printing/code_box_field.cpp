@@ -38,7 +38,7 @@ bool CodeBoxField::event(QEvent* event)
 void CodeBoxField::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
-    deselect(); // nothing can be typed in its place
+    deselect(); // nothing can be typed over it
 }
 
 void CodeBoxField::keyPressEvent(QKeyEvent* event)

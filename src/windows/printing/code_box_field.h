@@ -6,8 +6,8 @@
 
 namespace lorvan {
 
-/// A field that shows the code of a box and takes no typing: Delete empties it, Enter goes on to the next control. A
-/// text that does not fit is shown above its tooltip.
+/// A read-only field that shows the code of a box: Delete empties it, Enter moves to the next control. A text that does
+/// not fit is shown above its tooltip.
 class CodeBoxField : public QLineEdit {
     Q_OBJECT
 

@@ -23,7 +23,7 @@ CodeDropDown::CodeDropDown(QWidget* parent)
     : QComboBox(parent)
 {
     setMaxVisibleItems(linesShown);
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // or every line is measured
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // otherwise every line is measured
     setView(new CodeListView(this));
 }
 
@@ -69,7 +69,7 @@ void CodeDropDown::showPopup()
 void CodeDropDown::hidePopup()
 {
     QComboBox::hidePopup();
-    // The list closes just before it tells its choice.
+    // The list closes just before it reports its choice.
     QMetaObject::invokeMethod(this, &CodeDropDown::dismissWhenClosed, Qt::QueuedConnection);
 }
 

@@ -8,8 +8,8 @@
 
 namespace lorvan {
 
-/// The list of codes that lies over a box while its code is being chosen. It is there only for that: with its list it
-/// goes away itself, and its user is told.
+/// The list of codes that covers a box while its code is being chosen. It exists only for that: when the list closes,
+/// the widget hides itself and emits a signal.
 class CodeDropDown : public QComboBox {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ public:
     void hidePopup() override;
 
 Q_SIGNALS:
-    void dismissed(); ///< Left without a choice. A choice is told by activated().
+    void dismissed(); ///< Closed without a choice. A choice is reported by activated().
 
 protected:
     bool focusNextPrevChild(bool next) override;

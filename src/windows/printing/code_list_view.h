@@ -5,8 +5,9 @@
 
 namespace lorvan {
 
-/// The open list of codes, each line a code, a blank and its description. Typing goes to the first line from the
-/// current one on whose code or description begins with what was typed, without regard to letter case and accents.
+/// The open list of codes; each line is a code, a blank and its description. Typing moves to the first line, beginning
+/// with the current one, whose code or description starts with the typed text, without regard to letter case and
+/// accents.
 class CodeListView : public QListView {
     Q_OBJECT
 

@@ -113,7 +113,7 @@ void EpiloghOmadvn::restore()
 {
     for (std::size_t c = 0; c < cardColumns; ++c) {
         for (const int position : storedCardPositions(m_settings, c)) {
-            const QModelIndex row = m_lists[c]->model()->index(position, 0); // none beyond the end
+            const QModelIndex row = m_lists[c]->model()->index(position, 0); // invalid beyond the end
             m_lists[c]->selectionModel()->select(row, QItemSelectionModel::Select);
         }
     }
@@ -136,7 +136,7 @@ void EpiloghOmadvn::done(int result)
 {
     const CardChoice chosen = choice();
     const bool isEmpty = std::all_of(chosen.begin(), chosen.end(), [](const auto& groups) { return groups.empty(); });
-    if (m_isRestored || !isEmpty) // what could not be read is not wiped
+    if (m_isRestored || !isEmpty) // a choice that could not be read is not erased
         guarded(this, [this, &chosen] { storeCardChoice(m_settings, chosen); });
     QDialog::done(result);
 }

@@ -16,13 +16,13 @@ namespace lorvan {
 class TickList;
 
 /// The choice of the groups for the three columns of the group card. Modal; however it is closed, it stores the choice.
-/// Where that fails the user is told, the window closes, and choice() still has it.
+/// If that fails, it tells the user and closes, and choice() still returns the choice.
 class EpiloghOmadvn : public QDialog {
     Q_OBJECT
 
 public:
-    /// The groups in the order of the main window's list. Chosen is what was stored, by its positions; where that
-    /// cannot be read the user is told and nothing is chosen.
+    /// The groups in the order of the main window's list. The stored choice is selected, by position; if it cannot be
+    /// read, the user is told and nothing is selected.
     EpiloghOmadvn(const std::vector<CodeGroup>& groups, SettingsStore settings, QWidget* parent = nullptr);
 
     [[nodiscard]] CardChoice choice() const;

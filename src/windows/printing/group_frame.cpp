@@ -7,11 +7,11 @@
 namespace lorvan {
 namespace {
 
-constexpr int titleSides = 32; ///< What lies left and right of the longest title.
+constexpr int titleSides = 32; ///< The room left and right of the longest title.
 constexpr int titleInset = 8;
 constexpr int aroundTitle = 4;
 
-/// An ampersand would otherwise mark a key.
+/// An ampersand would otherwise define a shortcut key.
 QString literally(QString title)
 {
     return title.replace(u'&', QStringLiteral("&&"));
@@ -42,7 +42,7 @@ QRect GroupFrame::titleStrip() const
 {
     QStyleOptionGroupBox option;
     QGroupBox::initStyleOption(&option);
-    option.text = QStringLiteral("Α"); // an empty title stands nowhere
+    option.text = QStringLiteral("Α"); // an empty title would have no place
     const QRect label = style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, this);
     return {titleInset, label.top() - aroundTitle, width() - 2 * titleInset, label.height() + 2 * aroundTitle};
 }

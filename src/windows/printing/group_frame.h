@@ -4,7 +4,7 @@
 
 namespace lorvan {
 
-/// A frame whose title the user may change: any characters, elided where they do not fit.
+/// A frame whose title the user may change: any characters, with an ellipsis if they do not fit.
 class GroupFrame : public QGroupBox {
     Q_OBJECT
 
@@ -14,7 +14,7 @@ public:
     void setGroupTitle(const QString& title);
     [[nodiscard]] const QString& groupTitle() const { return m_title; }
 
-    /// The strip along the upper edge in which the title stands, high enough to type in; it may reach beyond the edge.
+    /// The strip along the upper edge that contains the title, high enough to type in; it may extend beyond the edge.
     [[nodiscard]] QRect titleStrip() const;
 
     [[nodiscard]] QSize minimumSizeHint() const override; ///< The title does not widen it.

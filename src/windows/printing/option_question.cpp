@@ -62,7 +62,7 @@ OptionQuestion::OptionQuestion(const QString& title, const QString& frame, const
     m_options.front()->setFocus(Qt::OtherFocusReason);
 }
 
-/// As long as no option is chosen, arrows would only move the focus.
+/// As long as no option is chosen, the arrow keys would only move the focus.
 bool OptionQuestion::eventFilter(QObject* watched, QEvent* event)
 {
     if (!isArrow(*event))

@@ -12,8 +12,8 @@ class QVBoxLayout;
 
 namespace lorvan {
 
-/// A small modal question: options in a frame, of which one at most is chosen, and a button that hides the window.
-/// An arrow key chooses the option that it goes to.
+/// A small modal question: options in a frame, of which at most one is chosen, and a button that hides the window. The
+/// arrow keys choose the option that they move to.
 class OptionQuestion : public QDialog {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ protected:
 
     [[nodiscard]] QRadioButton& option(int index) const { return *m_options.at(static_cast<std::size_t>(index)); }
 
-    /// Below the options; comes before the button in the tab order.
+    /// Placed below the options; comes before the button in the tab order.
     void addBelow(QWidget* widget);
 
 private:
@@ -33,8 +33,8 @@ private:
     QVBoxLayout* m_rows;
 };
 
-/// The question whether a report is wanted in detail or in summary. Neither is chosen at first. Leaving it in another
-/// way than by its button does the same.
+/// Asks whether a report is wanted in detailed or in summary form. Neither is chosen at first. Closing the window in
+/// another way has the same effect as its button.
 class Ervthsh : public OptionQuestion {
     Q_OBJECT
 
@@ -45,8 +45,8 @@ public:
     [[nodiscard]] bool isSummaryChosen() const;
 };
 
-/// The question how the list of codes is sorted and whether it holds the active ones alone. By code and with all of
-/// them at first. Leaving it in another way than by its button does the same.
+/// Asks how the list of codes is sorted and whether it has only the active ones. At first: by code, and all of them.
+/// Closing the window in another way has the same effect as its button.
 class FormaTajinomhshs : public OptionQuestion {
     Q_OBJECT
 

@@ -134,7 +134,7 @@ QWidget* PrintingPage::periodFrame()
     return frame;
 }
 
-/// A date that the chosen report ignores stays editable, and is judged like the other.
+/// A date that the chosen report ignores can still be edited, and is checked like the other.
 void PrintingPage::showPeriodUse()
 {
     const ReportEntry* const entry = chosenEntry();
@@ -184,7 +184,7 @@ void PrintingPage::fill(const std::vector<MovementCode>& codes, const std::vecto
 
 std::optional<ReportRequest> PrintingPage::request()
 {
-    m_checks.drop(); // the period is judged here, with a message of its own
+    m_checks.drop(); // the period is checked here, with a message of its own
     const ReportEntry* const entry = chosenEntry();
     if (!entry) {
         showMessage(window(), QMessageBox::Information, QStringLiteral("Προσοχή"),

@@ -22,22 +22,22 @@ class PeriodButton;
 class ReportList;
 class ThemedLabel;
 
-/// The printing page `Panel1(3)`: the choice of a report, its period, codes and groups.
+/// The printing page `Panel1(3)`: the choice of a report and of its period, codes and groups.
 class PrintingPage : public QWidget {
     Q_OBJECT
 
 public:
     PrintingPage(Clock clock, QWidget* parent);
 
-    /// Sets the period to this month up to today and fills both lists anew, with nothing chosen.
+    /// Sets the period to this month up to today and refills both lists, with nothing chosen.
     void fill(const std::vector<MovementCode>& codes, const std::vector<CodeGroup>& groups);
 
-    /// Judges the period's dates that were left and not judged yet. False when one was refused.
+    /// Checks the period's dates that were left and have not been checked yet. Returns false if one was refused.
     bool settle() { return m_checks.settle(); }
-    /// The same, with the field that has the focus judged too: the page is about to go.
+    /// The same, but also checks the field that has the focus, since the page is about to be left.
     bool leaveAll() { return m_checks.leaveAll(); }
 
-    /// What is to be printed, the heading apart. Where something is missing, a box says what.
+    /// What is to be printed, without the heading. If something is missing, a box says what.
     [[nodiscard]] std::optional<ReportRequest> request();
 
 Q_SIGNALS:
@@ -60,7 +60,7 @@ private:
     ReportList* m_reports;
     ChoiceList* m_codes;
     ChoiceList* m_groups;
-    std::vector<CodeGroup> m_offeredGroups; ///< What m_groups shows.
+    std::vector<CodeGroup> m_offeredGroups; ///< Those shown in m_groups.
     PeriodButton* m_periods;
     ThemedLabel* m_periodHint;
     CommandButton* m_print;

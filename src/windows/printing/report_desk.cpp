@@ -27,7 +27,7 @@ void ReportDesk::print(ReportRequest request, QWidget* window)
     findOmissions(request);
 }
 
-/// Beside the frame, so that its first page waits for nothing.
+/// Runs beside the preview, so that its first page waits for nothing.
 void ReportDesk::findOmissions(const ReportRequest& request)
 {
     m_omissions.start(

@@ -14,19 +14,19 @@ namespace lorvan {
 class Ektypvsh;
 class KeyRing;
 
-/// Where reports are asked for: one frame at a time, the printers, and the folder that reports are saved in.
+/// Builds and shows reports: has one preview window at a time, the printers, and the folder in which reports are saved.
 class ReportDesk {
 public:
     /// The keys must outlive the desk.
     ReportDesk(BookFiles files, KeyRing& keys);
     ~ReportDesk();
 
-    /// Discards the frame that is there, asks the report's questions over the window, builds the report and shows it in
-    /// a frame of its own. A report that fails or is given up leaves no frame. To be called under the busy pointer.
-    /// Throws what the report throws.
+    /// Closes the present preview window, asks the report's questions in front of `window`, builds the report and shows
+    /// it in a new preview window. A report that fails or is cancelled leaves none. To be called while the busy pointer
+    /// is shown. Throws what the report throws.
     void print(ReportRequest request, QWidget* window);
 
-    /// The program ends: hides the frame, gives up what is being built, saved or printed, and builds nothing more.
+    /// The program ends: hides the preview window, cancels any building, saving or printing, and builds nothing more.
     void close();
 
 private:

@@ -4,7 +4,7 @@
 
 namespace lorvan {
 
-/// The list of reports on the printing page: a digit chooses the report of that number, Enter goes on to the next
+/// The list of reports on the printing page: a digit selects the report with that number, Enter moves to the next
 /// field.
 class ReportList : public PlainList {
     Q_OBJECT

@@ -22,7 +22,7 @@ void askOrder(ReportInputs& inputs, QWidget* parent)
     inputs.selection = question.selection();
 }
 
-/// `unanswered` is the form where neither was chosen.
+/// `unanswered` is the form used if neither was chosen.
 void askForm(ReportInputs& inputs, ReportForm unanswered, QWidget* parent)
 {
     Ervthsh question(parent);

@@ -4,7 +4,7 @@
 
 namespace lorvan {
 
-/// A field that lies over a title while it is being changed. However it is left, with Enter, Escape or for another
+/// A field placed over a title while it is being edited. However it is left, with Enter, Escape or by moving to another
 /// control, its text is kept.
 class TitleEditor : public QLineEdit {
     Q_OBJECT
@@ -12,15 +12,15 @@ class TitleEditor : public QLineEdit {
 public:
     explicit TitleEditor(QWidget* parent = nullptr);
 
-    void open(const QString& title); ///< Shown with all of the title selected.
+    void open(const QString& title); ///< Shows the field with all of the title selected.
 
     [[nodiscard]] bool isOpen() const { return m_isOpen; }
 
-    /// As Enter does; nothing while it is not open.
+    /// Has the effect of Enter; does nothing if the field is not open.
     void finish();
 
 Q_SIGNALS:
-    void finished(const QString& title); ///< Before the field hides itself.
+    void finished(const QString& title); ///< Emitted before the field hides itself.
 
 protected:
     bool focusNextPrevChild(bool next) override;

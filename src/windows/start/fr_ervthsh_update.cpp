@@ -107,7 +107,7 @@ void FR_ErvthshUpdate::closeEvent(QCloseEvent* event)
 
 void FR_ErvthshUpdate::keyPressEvent(QKeyEvent* event)
 {
-    event->ignore(); // Escape would close the window
+    event->ignore(); // otherwise Escape would close the window
 }
 
 OpeningBalanceNotGiven::OpeningBalanceNotGiven()

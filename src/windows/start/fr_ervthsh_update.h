@@ -14,7 +14,7 @@ namespace lorvan {
 class CommandButton;
 class EntryField;
 
-/// The opening-balance window: asks, once in a book's life, for the last day with a known cash figure and the cash of
+/// The opening-balance window: asks, once in a book's life, for the last day whose cash is known, and for the cash on
 /// that day. It cannot be closed without a confirmed answer.
 class FR_ErvthshUpdate : public QDialog {
     Q_OBJECT
@@ -42,11 +42,11 @@ private:
     CommandButton* m_confirm;
 };
 
-/// Shows the opening-balance window until it is answered. Throws OpeningBalanceNotGiven when the program is asked to
-/// end meanwhile.
+/// Shows the opening-balance window until it is answered. Throws OpeningBalanceNotGiven if the program is told to end
+/// in the meantime.
 [[nodiscard]] OpeningBalance askOpeningBalance(const Clock& clock);
 
-/// The program was ended before the question was answered.
+/// The program ended before the question was answered.
 class OpeningBalanceNotGiven : public std::runtime_error {
 public:
     OpeningBalanceNotGiven();

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The last net below the windows: a failure that no action has caught is told to the user and does not end the
+/// The last safety net below the windows: a failure that no action has caught is shown to the user and does not end the
 /// program.
 class Application : public QApplication {
 public:
@@ -32,8 +32,8 @@ int main(int argumentCount, char** arguments)
 {
     Application application(argumentCount, arguments);
     QApplication::setApplicationName(QStringLiteral("Lorvan"));
-    QLocale::setDefault(QLocale(QLocale::Greek, QLocale::Greece)); // whatever the machine's own
-    QApplication::setQuitOnLastWindowClosed(false); // the windows say themselves when the program ends
+    QLocale::setDefault(QLocale(QLocale::Greek, QLocale::Greece)); // whatever the machine's own language
+    QApplication::setQuitOnLastWindowClosed(false); // the windows themselves say when the program ends
     lorvan::Theme::install(application);
     QApplication::setWindowIcon(lorvan::themedIcon(QStringLiteral("daybook"), lorvan::ColourRole::Accent));
 

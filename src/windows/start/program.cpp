@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* activationToken = "XDG_ACTIVATION_TOKEN";
 
-/// 0x00BBGGRR, as the path file keeps a colour.
+/// 0x00BBGGRR, as in the path file.
 QColor colourOf(std::int32_t stored)
 {
     return QColor(stored & 0xFF, (stored >> 8) & 0xFF, (stored >> 16) & 0xFF);
@@ -138,7 +138,7 @@ void Program::openMainWindow(const UserSession& session)
     m_login.release()->deleteLater(); // its own signal is still being delivered
 }
 
-/// Asks as the desktop wishes to be asked; whether it lets the window through is its own decision.
+/// Asks in the way that the desktop expects; whether the window may come to the front is for the desktop to decide.
 void Program::comeForward(const QByteArray& token)
 {
     QWidget* window = QApplication::activeModalWidget();
@@ -158,9 +158,9 @@ void Program::comeForward(const QByteArray& token)
 void Program::end()
 {
     if (m_login)
-        m_login->hide(); // what is under way there looks whether it is still shown
+        m_login->hide(); // actions in progress there check whether it is still shown
     if (m_mainWindow && !m_mainWindow->isClosed())
-        m_mainWindow->end(); // comes back here when the marker is released
+        m_mainWindow->end(); // returns here when the marker is released
     else
         QApplication::exit();
 }

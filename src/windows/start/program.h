@@ -16,21 +16,21 @@ namespace lorvan {
 class Kentrikh;
 class Login;
 
-/// The running program: the start, the sign-in window and, after it, the main window. Ending either window ends the
-/// process's event loop.
+/// The running program: the start, the sign-in window and, after it, the main window. When either window ends, so does
+/// the process's event loop.
 class Program : public QObject {
     Q_OBJECT
 
 public:
-    /// `programFile` is the executable; its folder holds the path file.
+    /// `programFile` is the executable; its folder contains the path file.
     Program(const QString& programFile, Clock clock);
     ~Program() override;
 
-    /// Shows the sign-in window, or says why not. False when the process is to end; without a word where another
-    /// instance runs, which is asked to come forward.
+    /// Shows the sign-in window, or says why it cannot. Returns false if the process is to end; if another instance is
+    /// running, no message is shown, but that instance is asked to come to the front.
     [[nodiscard]] bool start();
 
-    /// Ends the program in good order, as closing the main window does.
+    /// Ends the program properly, as closing the main window does.
     void end();
 
 private:

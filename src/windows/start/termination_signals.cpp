@@ -13,7 +13,7 @@ namespace {
 std::array<int, 2> wakeUp{-1, -1};
 volatile std::sig_atomic_t hasOneCome = 0;
 
-/// Runs inside the signal, where next to nothing is allowed but a write.
+/// Runs inside the signal handler, where little more than a write is allowed.
 void onSignal(int)
 {
     const char byte = 1;

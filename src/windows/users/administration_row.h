@@ -14,8 +14,8 @@ class KeyRing;
 class PathLabel;
 class ThemedLabel;
 
-/// The last row of the enlarged sign-in window: the buttons of the administrator's operations, and between them, after
-/// a deletion, where the copy of the book lies (`copyPath`). Failures are told in a box.
+/// The last row of the enlarged sign-in window: the buttons of the administrator's operations and between them, after a
+/// deletion, the path of the book's copy (`copyPath`). Failures are shown in a box.
 class AdministrationRow : public QWidget {
     Q_OBJECT
 
@@ -23,14 +23,14 @@ public:
     /// `keys` must outlive the row.
     AdministrationRow(BookFiles files, KeyRing& keys, Clock clock, QWidget* parent);
 
-    /// Lays the row out with the buttons that unlock, close days and delete the data.
+    /// Lays out the row with the buttons that unlock, close days and delete the data.
     void layOut(const std::array<CommandButton*, 3>& commands);
 
-    /// Frees the usage marker, whoever holds it.
+    /// Makes the usage marker free, whoever holds it.
     void unlock();
-    /// After a question. The window stays alive meanwhile; when it is closed, no day is.
+    /// Asks first. The window stays responsive in the meantime; if it is closed, no day is closed.
     void closeDays();
-    /// After a question; the button that deletes is disabled while it runs.
+    /// Asks first; the delete button is disabled while the deletion is running.
     void deleteData();
 
     [[nodiscard]] PathLabel* copyPath() const { return m_copyPath; }

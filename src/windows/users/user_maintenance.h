@@ -19,8 +19,8 @@ class EntryField;
 class KeyRing;
 class PlainList;
 
-/// The frame `SSFrame1` of the enlarged sign-in window, where the built-in administrator keeps the users. A click shows
-/// a user, a double click offers to change and delete it.
+/// The frame `SSFrame1` of the enlarged sign-in window, where the built-in administrator manages the users. A click
+/// shows a user, a double click allows changing and deleting it.
 class UserMaintenance : public QGroupBox {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ public:
     /// `keys` must outlive the frame.
     UserMaintenance(BookFiles files, KeyRing& keys, QWidget* parent);
 
-    /// Reads the users anew, none of them offered or selected; a failure is told in a box and leaves the list empty.
+    /// Reads the users again and selects none; a failure is shown in a box and leaves the list empty.
     void refill();
 
     void addUser();
@@ -41,14 +41,14 @@ public:
     /// In the order of the rights: change cash records, close the cash, change codes.
     [[nodiscard]] const std::array<QCheckBox*, 3>& checks() const { return m_checks; }
 
-    /// Lays the frame out with the buttons that add, change and delete.
+    /// Lays out the frame with the buttons that add, change and delete.
     void layOut(const std::array<CommandButton*, 3>& commands);
 
 Q_SIGNALS:
-    /// A user is offered for change and deletion, or no longer.
+    /// Whether a user may now be changed and deleted.
     void offered(bool isOffered);
     void removed();
-    /// The Delete key on the user who is offered.
+    /// The Delete key was pressed on the user who may be deleted.
     void removalAsked();
 
 private:
