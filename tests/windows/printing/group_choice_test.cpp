@@ -1,9 +1,6 @@
 #include "printing/epilogh_omadvn.h"
 
 #include "windows/box_script.h"
-#include "printing/epilogh_omadvn.h"
-
-#include "windows/box_script.h"
 
 #include <QDir>
 #include <QTemporaryDir>

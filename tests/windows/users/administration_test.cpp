@@ -47,7 +47,14 @@ TEST_F(AdministrationTest, closesTheOpenDaysAfterAQuestionAndStaysAlive)
     book.close(QDate(100, 1, 1));
     book.close(QDate(9999, 12, 31));
     EXPECT_TRUE(endsIn([this] {
-        QTimer::singleShot(300, &loginWindow(), &QWidget::close);
+        QTimer atWork; // once the question is answered
+        QObject::connect(&atWork, &QTimer::timeout, &atWork, [&] {
+            if (!boxes.allSeen() || QApplication::activeModalWidget())
+                return;
+            atWork.stop();
+            loginWindow().close();
+        });
+        atWork.start(10);
         closeDays(QMessageBox::Yes);
     }));
     EXPECT_EQ(closedDays(), "6") << "closing the window over centuries of work closes no day";
