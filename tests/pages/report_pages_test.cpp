@@ -191,7 +191,7 @@ TEST(ReportPdf, leavesAnEarlierFileWhereItCannotBeWhole)
 
     ReportPages pages(dailyCash(1000));
     EXPECT_THROW((void)savePdf(pages, path, {}), PageOutputError);
-    EXPECT_EQ(fileContent(path), "earlier");
+    EXPECT_EQ(readFile(path), "earlier");
 
     QFile::remove(ballast);
     int calls = 0;
@@ -201,7 +201,7 @@ TEST(ReportPdf, leavesAnEarlierFileWhereItCannotBeWhole)
     };
     EXPECT_EQ(savePdf(pages, path, cancelAtThree), PageOutcome::Cancelled);
     EXPECT_EQ(calls, 3);
-    EXPECT_EQ(fileContent(path), "earlier");
+    EXPECT_EQ(readFile(path), "earlier");
     Mount::undo(folder.path());
 }
 

@@ -97,7 +97,7 @@ protected:
     [[nodiscard]] QByteArray csvOf(const ReportDocument& document) const
     {
         EXPECT_TRUE(saveTable(document, path("t.csv"), TableFormat::Csv, {}));
-        return fileContent(path("t.csv"));
+        return readFile(path("t.csv"));
     }
 
     QTemporaryDir folder;
@@ -161,7 +161,7 @@ TEST_F(TableExport, givenUpOrFailedLeavesTheEarlierFile)
     const auto giveUp = [](int done, int) { return done == 0; };
     for (const TableFormat format : {TableFormat::Csv, TableFormat::Xlsx}) {
         EXPECT_FALSE(saveTable(large, path("t.csv"), format, giveUp));
-        EXPECT_EQ(fileContent(path("t.csv")), before);
+        EXPECT_EQ(readFile(path("t.csv")), before);
         EXPECT_THROW((void)saveTable(large, path("λείπει/t.csv"), format, {}), TableExportError);
     }
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("t.csv"));

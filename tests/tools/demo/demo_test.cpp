@@ -75,8 +75,7 @@ TEST_F(DemoTest, hasARowForEachWorkingDayUpToYesterdayAndClosesAllButTheLastSix)
         EXPECT_NEAR(static_cast<double>(days.front().daysTo(today)), 730, 7);
         days.resize(days.size() - 6);
         EXPECT_EQ(
-            datesIn(openAt(book.auxiliaryDatabase()), "SELECT hmeraklhsimatos FROM klhsimotameioy ORDER BY 1"),
-            days);
+            datesIn(openAt(book.auxiliaryDatabase()), "SELECT hmeraklhsimatos FROM klhsimotameioy ORDER BY 1"), days);
     }
 }
 

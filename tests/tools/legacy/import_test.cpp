@@ -42,8 +42,8 @@ protected:
     {
         QDir(words("#/older")).removeRecursively();
         for (const char* file : {"/lorvan.mdb", "/mapcodes.mdb"})
-            writeFile(words("#/older") + QLatin1String(file),
-                readFile(olderBook(QLatin1String(name)) + QLatin1String(file)));
+            writeFile(
+                words("#/older") + QLatin1String(file), readFile(olderBook(QLatin1String(name)) + QLatin1String(file)));
     }
 
     /// Exchanges hexadecimal digits that stand in the main file once.
