@@ -54,7 +54,7 @@ void addEqualMovements(
 void addMovementsWithoutGroup(Omissions& omissions, Connection& main, const MovementChoice& choice)
 {
     const OmittedMovements movements =
-        movementsWhere(main, choice, std::string(" AND ifnull(aa_omada, 0) NOT IN") + groupsOfCodes);
+        movementsWhere(main, choice, std::string(" AND ifnull(aa_omada, 0) NOT IN").append(groupsOfCodes));
     if (movements.missing > 0)
         omissions.push_back(
             omissionOf(leftOut(movements, QStringLiteral("η ομάδα τους διαγράφηκε ή δεν έχει κωδικούς")), movements));

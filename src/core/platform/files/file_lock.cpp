@@ -38,7 +38,7 @@ bool isStillNamed(const File& file, const Folder& folder, const QString& name)
         && open.st_dev == named.st_dev && open.st_ino == named.st_ino;
 }
 
-void lock(const File& file, std::chrono::milliseconds patience)
+void lockWithin(const File& file, std::chrono::milliseconds patience)
 {
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (FileCalls::current().lock(file.descriptor(), F_WRLCK, 0, 0) != 0) {
@@ -55,7 +55,7 @@ FileLock::FileLock(
     const Folder& folder, const QString& name, Missing missing, std::chrono::milliseconds patience, FileAccess access)
     : m_file(opened(folder, name, missing, access))
 {
-    lock(m_file, patience);
+    lockWithin(m_file, patience);
     if (!isStillNamed(m_file, folder, name))
         throw refusal(m_file.path(), ESTALE);
 }
