@@ -26,7 +26,7 @@ TEST_F(ChooserTest, enterSelectsACodeOrSaysWhyNot)
         const char* typed;
         const char* refusal;
         const char* amountLeft; ///< Of the 5,00 that stood in the income field.
-    } cases[] = {{"  ", notGiven, "0"}, {"20χ", notFound, "0"}, {"300", notFound, "5,00"}};
+    } cases[] = {{"  ", notGiven, "0"}, {"20χ", notFound, "0"}, {"300", notFound, "5,00"}, {"200,5", notFound, "5,00"}};
     start();
     for (const auto& each : cases) {
         typeMovement("100", "α", "5");

@@ -51,15 +51,15 @@ TEST_F(EntryTest, aMovementNeedsNoMouse)
 
 TEST_F(EntryTest, aRefusedAmountStaysInItsFieldAndLosesNothing)
 {
-    const QString pasted = "12.34";
     addMovement(incomeOf(yesterday, cents(500)));
     start();
     typeMovement("100", "α", "5");
-    for (const int index : {income, memorandum}) {
+    for (const auto& [index, pasted] :
+        {std::pair(income, QString("12.34")), std::pair(memorandum, QString("922337203685477,59"))}) {
         const QString before = user().field(index).text();
         user().enter(index, "");
         user().paste(pasted);
-        const auto expectRefusal = [&](const std::function<void()>& leave) {
+        const auto expectRefusal = [&, index = index, pasted = pasted](const std::function<void()>& leave) {
             boxes.expect(warningWith(pasted));
             leave();
             EXPECT_EQ(user().focusName(), QString("Text1(%1)").arg(index));
