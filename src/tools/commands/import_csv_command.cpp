@@ -4,6 +4,7 @@
 #include "cashbook/opening_balance.h"
 #include "csv/csv_import.h"
 #include "support/claimed_marker.h"
+#include "support/interruption.h"
 #include "support/opened_book.h"
 #include "support/progress_bar.h"
 #include "support/work.h"

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "book/usage_marker.h"
-#include "support/interruption.h"
 
 namespace lorvan {
 
@@ -9,9 +8,9 @@ class BookFiles;
 
 /// The usage marker of a book, claimed for a command that writes, for as long as the object lives.
 ///
-/// However the command ends, the marker is free afterwards: with an exception, and also after a signal, which does not
-/// end the process meanwhile (see Interruption). What a killed program of this user left on this computer is taken back
-/// first (UsageMarker::heal()).
+/// However the command ends, the marker is free afterwards: with an exception, and also after a signal, where an
+/// Interruption lives meanwhile. What a killed program of this user left on this computer is taken back first
+/// (UsageMarker::heal()).
 class ClaimedMarker {
 public:
     /// Throws Refused, naming user and computer, when the marker is in use: by anybody, since a program of this very
@@ -25,7 +24,6 @@ public:
 private:
     void release() noexcept;
 
-    Interruption m_interruption; // outlives the claim
     UsageMarker m_marker;
 };
 

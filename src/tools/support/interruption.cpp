@@ -11,7 +11,6 @@ namespace {
 constexpr std::array endingSignals{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE};
 
 volatile std::sig_atomic_t signalHasCome = 0;
-int living = 0;
 std::array<struct sigaction, endingSignals.size()> before{};
 
 void note(int)
@@ -23,8 +22,6 @@ void note(int)
 
 Interruption::Interruption()
 {
-    if (living++ > 0)
-        return;
     signalHasCome = 0;
     struct sigaction noting { };
     noting.sa_handler = note;
@@ -38,8 +35,6 @@ Interruption::Interruption()
 
 Interruption::~Interruption()
 {
-    if (--living > 0)
-        return;
     for (std::size_t i = 0; i < endingSignals.size(); ++i)
         sigaction(endingSignals[i], &before[i], nullptr);
 }

@@ -4,8 +4,7 @@
 #include "platform/engine/key_ring.h"
 #include "platform/engine/sql_error.h"
 #include "platform/files/durable_files.h"
-#include "platform/files/file.h"
-#include "support/work.h"
+#include "support/folder_writing.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -21,11 +20,6 @@ namespace {
 std::array<QString, 3> pathsOf(const BookFiles& files)
 {
     return {files.auxiliaryDatabase(), files.usageMarker(), files.mainDatabase()};
-}
-
-Refused unwritable(const QString& folder, const QString& systemReason)
-{
-    return Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(folder, systemReason).trimmed());
 }
 
 Book openBook(const BookFiles& files)
@@ -64,8 +58,9 @@ NewBook::NewBook(const QString& dataFolder)
 {
     refuseExistingBook(m_target);
     try {
-        makeFolder();
-        m_staging.emplace(m_target.dataFolder());
+        const QString folder = m_target.dataFolder();
+        m_madeFolders = asWriting(folder, [&] { return makeFolders(folder, FileAccess::Owner); });
+        m_staging.emplace(folder);
         const BookFiles staged = m_staging->files();
         fillHidden([&] { createBook(staged); });
         m_book.emplace(openBook(staged));
@@ -82,15 +77,6 @@ NewBook::~NewBook()
         removeFolders();
 }
 
-void NewBook::makeFolder()
-{
-    try {
-        m_madeFolders = makeFolders(m_target.dataFolder(), FileAccess::Owner);
-    } catch (const FileError& error) {
-        throw unwritable(m_target.dataFolder(), error.reason());
-    }
-}
-
 void NewBook::removeFolders()
 {
     m_staging.reset();
@@ -102,7 +88,7 @@ void NewBook::keep()
 {
     m_book.reset();
     m_staging->noteMove();
-    moveIntoPlace();
+    asWriting(m_target.dataFolder(), [this] { moveIntoPlace(); });
     m_kept = true;
     m_staging->dataFolder().confirm();
     m_staging.reset();
@@ -127,7 +113,7 @@ void NewBook::moveIntoPlace()
             to.remove(name);
         if (error.number() == EEXIST)
             throw BookExists(error.path().toStdString());
-        throw unwritable(m_target.dataFolder(), error.reason());
+        throw;
     }
 }
 

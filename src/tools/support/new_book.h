@@ -36,7 +36,6 @@ public:
     void keep();
 
 private:
-    void makeFolder();
     void removeFolders();
     void moveIntoPlace();
 

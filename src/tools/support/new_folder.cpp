@@ -1,7 +1,6 @@
 #include "support/new_folder.h"
 
-#include "platform/files/file.h"
-#include "support/work.h"
+#include "support/folder_writing.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -29,15 +28,11 @@ QString hiddenPrefix()
 
 Folder parentOf(const QString& place)
 {
-    Folder parent(QFileInfo(place).path());
-    WorkFolder::removeAbandoned(parent, hiddenPrefix());
-    return parent;
-}
-
-Refused unwritable(const QString& place, const QString& reason)
-{
-    const QString parent = QFileInfo(QDir::cleanPath(QFileInfo(place).absoluteFilePath())).path();
-    return Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(parent, reason));
+    return asWriting(QFileInfo(place).path(), [&] {
+        Folder parent(QFileInfo(place).path());
+        WorkFolder::removeAbandoned(parent, hiddenPrefix());
+        return parent;
+    });
 }
 
 void confirmFiles(const Folder& folder, const QStringList& names)
@@ -50,11 +45,10 @@ void confirmFiles(const Folder& folder, const QStringList& names)
 } // namespace
 
 NewFolder::NewFolder(const QString& place)
-try : m_place(emptyPlace(place)), m_parent(parentOf(m_place)), m_work(m_parent, hiddenPrefix()) {
-} catch (const FileError& error) {
-    throw unwritable(place, error.reason());
-} catch (const LockRefused& error) {
-    throw unwritable(place, QString::fromUtf8(error.what()));
+    : m_place(emptyPlace(place))
+    , m_parent(parentOf(m_place))
+    , m_work(asWriting(QFileInfo(m_place).path(), [this] { return WorkFolder(m_parent, hiddenPrefix()); }))
+{
 }
 
 QStringList NewFolder::keep(const QStringList& files)

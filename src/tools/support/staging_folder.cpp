@@ -1,7 +1,6 @@
 #include "support/staging_folder.h"
 
-#include "platform/files/file.h"
-#include "support/work.h"
+#include "support/folder_writing.h"
 
 #include <QFileInfo>
 
@@ -37,11 +36,6 @@ bool wasKilledWhileMoving(const Folder& staged, const Folder& target, const Book
         && beginningOf(target, auxiliary) == note;
 }
 
-Refused unwritable(const QString& folder, const QString& reason)
-{
-    return Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(folder, reason));
-}
-
 void takeBackMove(const Folder& staged, const Folder& target, const BookFiles& files)
 {
     const QString marker = nameOf(files.usageMarker());
@@ -54,16 +48,14 @@ void takeBackMove(const Folder& staged, const Folder& target, const BookFiles& f
 } // namespace
 
 StagingFolder::StagingFolder(const QString& dataFolder)
-try : m_dataFolder(dataFolder), m_work(m_dataFolder, namePrefix()) {
-} catch (const FileError& error) {
-    throw unwritable(dataFolder, error.reason());
-} catch (const LockRefused& error) {
-    throw unwritable(dataFolder, QString::fromUtf8(error.what()));
+    : m_dataFolder(asWriting(dataFolder, [&] { return Folder(dataFolder); }))
+    , m_work(asWriting(dataFolder, [this] { return WorkFolder(m_dataFolder, namePrefix()); }))
+{
 }
 
 void StagingFolder::noteMove() const
 {
-    try {
+    asWriting(folder().path(), [this] {
         for (const QString& name : folder().names())
             folder().open(name, Folder::Opening::Write).sync();
         File note = folder().open(noteName, Folder::Opening::MakeNew, FileAccess::Owner);
@@ -71,9 +63,7 @@ void StagingFolder::noteMove() const
         note.sync();
         folder().sync();
         m_dataFolder.sync();
-    } catch (const FileError& error) {
-        throw unwritable(folder().path(), error.reason());
-    }
+    });
 }
 
 void removeStagingRemainders(const BookFiles& files)
