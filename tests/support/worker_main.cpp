@@ -195,7 +195,7 @@ private:
     {
         const QTemporaryDir folder;
         const BookFiles copied(folder.path());
-        (void)copyBook(m_files, copied, testKeys(), {});
+        (void)copyBook(m_files, copied, testKeys());
         Connection book = Connection::open(copied.mainDatabase(), testKeys().keyForCopy(copied.mainDatabase()));
         book.attach(copied.auxiliaryDatabase(), testKeys().keyForCopy(copied.auxiliaryDatabase()), "auxiliary");
         requireSound(book);

@@ -19,17 +19,9 @@ namespace {
 constexpr qint64 blockSize = 1 << 20;
 constexpr int ownerOnly = 0600;
 
-using GoesOn = std::function<bool()>;
-
 QStringList members()
 {
     return {QStringLiteral("lorvan.mdb"), QStringLiteral("mapcodes.mdb")};
-}
-
-void continueOrGiveUp(const GoesOn& goesOn)
-{
-    if (goesOn && !goesOn())
-        throw GivenUp();
 }
 
 /// The file that the library reads or writes through its callbacks. No exception may pass the library: it is kept here
@@ -83,12 +75,12 @@ public:
         check(archive_write_open(m_archive.get(), &m_file, nullptr, ArchiveFile::write, nullptr));
     }
 
-    void add(const Folder& copy, const QString& name, const GoesOn& goesOn)
+    void add(const Folder& copy, const QString& name)
     {
         File file = copy.open(name, Folder::Opening::Read);
         writeHeader(name, file.status());
         for (QByteArray block = file.read(blockSize); !block.isEmpty(); block = file.read(blockSize)) {
-            continueOrGiveUp(goesOn);
+            continueOrGiveUp();
             if (archive_write_data(m_archive.get(), block.constData(), static_cast<std::size_t>(block.size()))
                 != block.size())
                 fail();
@@ -160,7 +152,7 @@ public:
         return QString::fromUtf8(name);
     }
 
-    void unpackTo(const Folder& folder, const QString& name, const GoesOn& goesOn)
+    void unpackTo(const Folder& folder, const QString& name)
     {
         refuseWithoutRoom(folder, archive_entry_size(m_entry));
         File file = folder.open(name, Folder::Opening::MakeNew, FileAccess::Owner);
@@ -169,7 +161,7 @@ public:
         la_int64_t place = 0;
         qint64 done = 0;
         for (;;) {
-            continueOrGiveUp(goesOn);
+            continueOrGiveUp();
             const int code = archive_read_data_block(m_archive.get(), &bytes, &size, &place);
             if (code != ARCHIVE_OK && code != ARCHIVE_EOF)
                 fail();
@@ -239,17 +231,17 @@ QString BackupUnusable::plainText() const
     return QStringLiteral("Το αρχείο δεν είναι ακέραιο αντίγραφο ασφαλείας ενός βιβλίου.");
 }
 
-void packBook(const Folder& copy, File& archive, const std::function<bool()>& goesOn)
+void packBook(const Folder& copy, File& archive)
 {
     asCopy([&] {
         Packer packer(archive);
         for (const QString& name : members())
-            packer.add(copy, name, goesOn);
+            packer.add(copy, name);
         packer.close();
     });
 }
 
-void unpackBook(File& archive, const Folder& copy, const std::function<bool()>& goesOn)
+void unpackBook(File& archive, const Folder& copy)
 {
     asCopy([&] {
         QStringList missing = members();
@@ -260,17 +252,17 @@ void unpackBook(File& archive, const Folder& copy, const std::function<bool()>& 
         for (QString name = unpacker.next(); !name.isEmpty(); name = unpacker.next()) {
             if (!missing.removeOne(name))
                 unpacker.refuse(QStringLiteral("περιέχει ένα ξένο αρχείο, το «%1».").arg(printableName(name)));
-            unpacker.unpackTo(copy, name, goesOn);
+            unpacker.unpackTo(copy, name);
         }
         if (!missing.isEmpty())
             unpacker.refuse(QStringLiteral("λείπει το %1.").arg(missing.first()));
     });
 }
 
-void unpackBook(const QString& path, const Folder& copy, const std::function<bool()>& goesOn)
+void unpackBook(const QString& path, const Folder& copy)
 {
     File archive = openArchive(path);
-    unpackBook(archive, copy, goesOn);
+    unpackBook(archive, copy);
 }
 
 } // namespace lorvan

@@ -5,7 +5,6 @@
 
 #include <QString>
 
-#include <functional>
 #include <stdexcept>
 
 namespace lorvan {
@@ -18,15 +17,15 @@ public:
 };
 
 /// Writes both databases of a book that was copied into `copy` as a plain tar file into the empty `archive`. Throws
-/// BookCopyFailed; GivenUp when `goesOn` says no.
-void packBook(const Folder& copy, File& archive, const std::function<bool()>& goesOn);
+/// BookCopyFailed; GivenUp when a StopCheck says no.
+void packBook(const Folder& copy, File& archive);
 
 /// Unpacks a file made by packBook() into a folder without such files, for the owner alone and confirmed by the disk. A
 /// file with anything else in it, or with holes, is no backup. Nothing is said about the databases. Throws
-/// BackupUnusable, BookCopyFailed when the folder cannot be written or the disk has not the room, GivenUp when `goesOn`
-/// says no; what was written stays.
-void unpackBook(File& archive, const Folder& copy, const std::function<bool()>& goesOn = {});
+/// BackupUnusable, BookCopyFailed when the folder cannot be written or the disk has not the room, GivenUp when a
+/// StopCheck says no; what was written stays.
+void unpackBook(File& archive, const Folder& copy);
 /// The same for a file that a user names; it may be a link.
-void unpackBook(const QString& path, const Folder& copy, const std::function<bool()>& goesOn = {});
+void unpackBook(const QString& path, const Folder& copy);
 
 } // namespace lorvan

@@ -5,6 +5,7 @@
 #include "backup/copy_writing.h"
 #include "book/book_files.h"
 #include "book/work_folder.h"
+#include "platform/stop_check.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -32,23 +33,23 @@ public:
 
     [[nodiscard]] const Folder& staging() const { return *m_staging; }
 
-    void pack(const std::function<bool()>& goesOn)
+    void pack()
     {
-        packBook(staging(), m_archive, goesOn);
+        packBook(staging(), m_archive);
         m_archive.sync();
     }
 
-    void prove(KeyRing& keys, const std::function<bool()>& goesOn)
+    void prove(KeyRing& keys)
     {
         emptyStaging();
         try {
             m_archive.seek(0);
-            unpackBook(m_archive, staging(), goesOn);
+            unpackBook(m_archive, staging());
         } catch (const BackupUnusable& damaged) {
             throw BookCopyFailed(m_target.pathOf(m_name), QString::fromUtf8(damaged.what()));
         }
         try {
-            proveBook(BookFiles(staging().path()), keys, goesOn);
+            proveBook(BookFiles(staging().path()), keys);
         } catch (const BookCopyFailed& damaged) {
             throw BookCopyFailed(m_target.pathOf(m_name),
                 QStringLiteral(
@@ -139,8 +140,7 @@ void removeUnfinishedBackups(const Folder& folder) noexcept
     }
 }
 
-CopyReport makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys,
-    const std::function<bool()>& goesOn)
+CopyReport makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys)
 {
     if (folder.exists(name))
         throw BookCopyFailed(folder.pathOf(name), QStringLiteral("υπάρχει ήδη."));
@@ -148,26 +148,26 @@ CopyReport makeBackup(const BookFiles& book, const Folder& folder, const QString
     try {
         return asCopy([&] {
             UnfinishedBackup backup(folder, name);
-            const CopyReport report = copyBook(book, backup.staging(), keys, goesOn);
-            backup.pack(goesOn);
-            backup.prove(keys, goesOn);
+            const CopyReport report = copyBook(book, backup.staging(), keys);
+            backup.pack();
+            backup.prove(keys);
             backup.complete();
             return report;
         });
     } catch (const LockRefused& refusal) {
         throw BookCopyFailed(folder.pathOf(name), QString::fromUtf8(refusal.what()));
     } catch (const std::exception&) {
-        if (goesOn && !goesOn())
+        if (!StopCheck::goesOn())
             throw GivenUp(); // whatever it was that noticed it
         throw;
     }
 }
 
-CopyReport makeBackup(const BookFiles& book, const QString& path, KeyRing& keys, const std::function<bool()>& goesOn)
+CopyReport makeBackup(const BookFiles& book, const QString& path, KeyRing& keys)
 {
     const QFileInfo file(path);
     const Folder folder = asCopy([&] { return Folder(file.absolutePath()); });
-    return makeBackup(book, folder, file.fileName(), keys, goesOn);
+    return makeBackup(book, folder, file.fileName(), keys);
 }
 
 } // namespace lorvan

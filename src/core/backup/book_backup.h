@@ -6,8 +6,6 @@
 #include <QDateTime>
 #include <QString>
 
-#include <functional>
-
 namespace lorvan {
 
 /// Whose turn a backup in the folder "backup" was, which its name tells.
@@ -33,11 +31,10 @@ void removeUnfinishedBackups(const Folder& folder) noexcept;
 /// place. Only its owner may read it. That the disk did not confirm its name is noted with noteUnconfirmed(). Needs
 /// twice the book's size for the while.
 /// Throws BookCopyFailed, also when there is a file of that name, SqlError when the book cannot be read, GivenUp when
-/// `goesOn`, asked for every megabyte of each of the four passes and from time to time in the proof, says no; nothing
-/// stays behind then.
-CopyReport makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys,
-    const std::function<bool()>& goesOn);
+/// a StopCheck, asked for every megabyte of each of the four passes and from time to time in the proof, says no;
+/// nothing stays behind then.
+CopyReport makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys);
 /// The same under a path that a user names.
-CopyReport makeBackup(const BookFiles& book, const QString& path, KeyRing& keys, const std::function<bool()>& goesOn);
+CopyReport makeBackup(const BookFiles& book, const QString& path, KeyRing& keys);
 
 } // namespace lorvan

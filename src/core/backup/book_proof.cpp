@@ -34,10 +34,9 @@ void checkPages(Connection& copy, const QString& path)
 }
 
 /// A book's database is judged by its schema before anything in it is read.
-void prove(const QString& path, KeyRing& keys, const std::function<bool()>& goesOn, std::optional<BookDatabase> kind)
+void prove(const QString& path, KeyRing& keys, std::optional<BookDatabase> kind)
 {
     try {
-        const StopCheck stop([&goesOn] { return !goesOn || goesOn(); });
         Connection copy = openCopy(path, keys);
         if (kind)
             requirePlainSchema(copy, *kind);
@@ -55,15 +54,15 @@ void prove(const QString& path, KeyRing& keys, const std::function<bool()>& goes
 
 } // namespace
 
-void proveDatabase(const QString& path, KeyRing& keys, const std::function<bool()>& goesOn)
+void proveDatabase(const QString& path, KeyRing& keys)
 {
-    prove(path, keys, goesOn, std::nullopt);
+    prove(path, keys, std::nullopt);
 }
 
-void proveBook(const BookFiles& copy, KeyRing& keys, const std::function<bool()>& goesOn)
+void proveBook(const BookFiles& copy, KeyRing& keys)
 {
-    prove(copy.auxiliaryDatabase(), keys, goesOn, BookDatabase::Auxiliary);
-    prove(copy.mainDatabase(), keys, goesOn, BookDatabase::Main);
+    prove(copy.auxiliaryDatabase(), keys, BookDatabase::Auxiliary);
+    prove(copy.mainDatabase(), keys, BookDatabase::Main);
 }
 
 } // namespace lorvan

@@ -4,20 +4,18 @@
 
 #include <QString>
 
-#include <functional>
-
 namespace lorvan {
 
 class BookFiles;
 class KeyRing;
 
-/// Reads every page of a copied database. Nobody else uses the copy yet. `goesOn` is asked from time to time; when it
-/// says no, the reading ends with a failure. Throws BookCopyFailed; SqlError where the disk does not read.
-void proveDatabase(const QString& path, KeyRing& keys, const std::function<bool()>& goesOn = {});
+/// Reads every page of a copied database. Nobody else uses the copy yet. When a StopCheck says no, the reading ends
+/// with a failure. Throws BookCopyFailed; SqlError where the disk does not read.
+void proveDatabase(const QString& path, KeyRing& keys);
 
 /// The same for both databases of a copied book; their tables and schema version must be those of a book, too, with
 /// nothing in them that acts by itself (see schema_guard.h), which is looked at first.
 /// Throws the same, and UnknownSchemaVersion.
-void proveBook(const BookFiles& copy, KeyRing& keys, const std::function<bool()>& goesOn = {});
+void proveBook(const BookFiles& copy, KeyRing& keys);
 
 } // namespace lorvan

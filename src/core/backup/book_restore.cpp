@@ -83,11 +83,11 @@ struct RestoredBook::Staging {
     BookFiles staged;
 };
 
-RestoredBook::RestoredBook(const QString& backup, const BookFiles& book, const std::function<bool()>& goesOn)
+RestoredBook::RestoredBook(const QString& backup, const BookFiles& book)
 {
     try {
         m_staging = std::make_unique<Staging>(book);
-        unpackBook(backup, m_staging->work.folder(), goesOn);
+        unpackBook(backup, m_staging->work.folder());
     } catch (const FileError& failure) {
         throw RestoreFailed(failure.what());
     } catch (const LockRefused& failure) {
@@ -97,7 +97,7 @@ RestoredBook::RestoredBook(const QString& backup, const BookFiles& book, const s
     }
     try {
         KeyRing keys(bookPassword());
-        proveBook(m_staging->staged, keys, goesOn);
+        proveBook(m_staging->staged, keys);
     } catch (const BookCopyFailed& failure) {
         throw BackupUnusable(backup, QString::fromUtf8(failure.what()).remove(m_staging->staged.dataFolder() + u'/'));
     }

@@ -5,7 +5,6 @@
 #include <QDateTime>
 #include <QString>
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -26,10 +25,10 @@ public:
 class RestoredBook {
 public:
     /// Makes the data folder where it is missing, for its owner alone. Throws BackupUnusable when the file is no
-    /// backup, or a damaged one, UnknownSchemaVersion, and RestoreFailed when the folder cannot be written. `goesOn` is
-    /// asked for every megabyte unpacked and from time to time in the proof; when it says no, GivenUp or BackupUnusable
-    /// is thrown.
-    RestoredBook(const QString& backup, const BookFiles& book, const std::function<bool()>& goesOn = {});
+    /// backup, or a damaged one, UnknownSchemaVersion, and RestoreFailed when the folder cannot be written. A StopCheck
+    /// is asked for every megabyte unpacked and from time to time in the proof; when it says no, GivenUp or SqlError is
+    /// thrown.
+    RestoredBook(const QString& backup, const BookFiles& book);
     ~RestoredBook();
     RestoredBook(const RestoredBook&) = delete;
     RestoredBook& operator=(const RestoredBook&) = delete;

@@ -5,6 +5,7 @@
 #include "backup/copy_writing.h"
 #include "book/failure_text.h"
 #include "book/pending_restore.h"
+#include "platform/stop_check.h"
 
 #include <QTimer>
 
@@ -37,8 +38,7 @@ void removeOutdated(const Folder& folder, QDate today)
 
 } // namespace
 
-std::optional<QString> makeDailyBackup(
-    const BookFiles& book, KeyRing& keys, const QDateTime& now, const std::function<bool()>& goesOn)
+std::optional<QString> makeDailyBackup(const BookFiles& book, KeyRing& keys, const QDateTime& now)
 {
     removeUndecidedRestores(asCopy([&] { return Folder(book.dataFolder()); }));
     const Folder folder = openBackupFolder(book);
@@ -47,7 +47,7 @@ std::optional<QString> makeDailyBackup(
             names.begin(), names.end(), [&](const QString& name) { return dayOfDailyBackup(name) == now.date(); }))
         return std::nullopt;
     const QString name = backupName(folder, BackupKind::Daily, now);
-    makeBackup(book, folder, name, keys, goesOn);
+    makeBackup(book, folder, name, keys);
     removeOutdated(folder, now.date());
     return folder.pathOf(name);
 }
@@ -85,7 +85,8 @@ void DailyBackup::run(const QDateTime& now)
     QString reason;
     bool isMade = false;
     try {
-        makeDailyBackup(m_book, m_keys, now, [this] { return !m_retired; });
+        const StopCheck stop([this] { return !m_retired; });
+        makeDailyBackup(m_book, m_keys, now);
         isMade = true;
     } catch (const GivenUp&) {
         return;

@@ -6,7 +6,6 @@
 #include <QObject>
 
 #include <atomic>
-#include <functional>
 #include <optional>
 #include <string>
 #include <thread>
@@ -18,8 +17,7 @@ class KeyRing;
 /// Makes the backup of the day, if there is none yet, and removes those that have had their time (see
 /// backup_retention.h), as well as what killed restores left. Returns its path if it was made. Throws like
 /// makeBackup().
-std::optional<QString> makeDailyBackup(
-    const BookFiles& book, KeyRing& keys, const QDateTime& now, const std::function<bool()>& goesOn);
+std::optional<QString> makeDailyBackup(const BookFiles& book, KeyRing& keys, const QDateTime& now);
 
 /// The program's own backups: one on each day on which this computer changes the data. They run on a thread of their
 /// own, a moment after they are asked for, and are given up when the program ends.

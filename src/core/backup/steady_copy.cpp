@@ -6,11 +6,13 @@
 #include "platform/engine/connection.h"
 #include "platform/engine/sql_error.h"
 #include "platform/engine/transaction.h"
+#include "platform/stop_check.h"
 
 #include <openssl/evp.h>
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <thread>
 #include <vector>
 
@@ -19,7 +21,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using Digest = std::array<unsigned char, 32>;
-using GoesOn = std::function<bool()>;
 
 constexpr std::chrono::milliseconds betweenLocks{1};
 
@@ -40,15 +41,16 @@ public:
     {
     }
 
-    /// Reads all of the database, and writes what differs from the last time. False when `goesOn` has cut it short.
-    bool update(Connection& book, const GoesOn& goesOn)
+    /// Reads all of the database, and writes what differs from the last time. False when `hasTime` has cut it short.
+    bool update(Connection& book, const std::function<bool()>& hasTime)
     {
         std::size_t count = 0;
         bool isWhole = true;
         m_size = 0;
         book.readFile(m_schema, [&](const QByteArray& block) {
             take(count++, block);
-            return isWhole = goesOn();
+            continueOrGiveUp();
+            return isWhole = hasTime();
         });
         if (isWhole)
             m_digests.resize(count);
@@ -105,9 +107,8 @@ private:
 
 class SteadyCopy {
 public:
-    SteadyCopy(const BookFiles& book, const Folder& copy, KeyRing& keys, GoesOn goesOn, const CopyPatience& patience)
-        : m_goesOn(std::move(goesOn))
-        , m_patience(patience)
+    SteadyCopy(const BookFiles& book, const Folder& copy, KeyRing& keys, const CopyPatience& patience)
+        : m_patience(patience)
         , m_book(open(book, keys))
         , m_main(QStringLiteral("main"), copy, QStringLiteral("lorvan.mdb"))
         , m_auxiliary(QStringLiteral("auxiliary"), copy, QStringLiteral("mapcodes.mdb"))
@@ -163,24 +164,15 @@ private:
         return connection;
     }
 
-    [[nodiscard]] bool update(const GoesOn& goesOn)
+    [[nodiscard]] bool update(const std::function<bool()>& hasTime)
     {
-        return m_main.update(m_book, goesOn) && m_auxiliary.update(m_book, goesOn);
-    }
-
-    void continueOrGiveUp() const
-    {
-        if (m_goesOn && !m_goesOn())
-            throw GivenUp();
+        return m_main.update(m_book, hasTime) && m_auxiliary.update(m_book, hasTime);
     }
 
     void copyUnlocked()
     {
         try {
-            (void)update([this] {
-                continueOrGiveUp();
-                return true;
-            });
+            (void)update([] { return true; });
         } catch (const SqlError&) {
             // A file that became shorter meanwhile. What is really wrong with it shows under the lock.
         }
@@ -191,10 +183,7 @@ private:
     {
         const SharedLock lock(m_book, m_patience);
         const bool toTheEnd = ++m_report.attempts >= m_patience.attempts;
-        const bool isWhole = update([&] {
-            continueOrGiveUp();
-            return toTheEnd || lock.age() < m_patience.locked;
-        });
+        const bool isWhole = update([&] { return toTheEnd || lock.age() < m_patience.locked; });
         m_book.refuseDisturbed();
         m_report.longestLock =
             std::max(m_report.longestLock, std::chrono::duration_cast<std::chrono::microseconds>(lock.age()));
@@ -210,7 +199,6 @@ private:
         }
     }
 
-    GoesOn m_goesOn;
     CopyPatience m_patience;
     CopyReport m_report;
     Connection m_book;
@@ -220,18 +208,22 @@ private:
 
 } // namespace
 
-CopyReport copyBook(const BookFiles& book, const Folder& copy, KeyRing& keys, const std::function<bool()>& goesOn,
-    const CopyPatience& patience)
+void continueOrGiveUp()
 {
-    const CopyReport report = SteadyCopy(book, copy, keys, goesOn, patience).run();
+    if (!StopCheck::goesOn())
+        throw GivenUp();
+}
+
+CopyReport copyBook(const BookFiles& book, const Folder& copy, KeyRing& keys, const CopyPatience& patience)
+{
+    const CopyReport report = SteadyCopy(book, copy, keys, patience).run();
     asCopy([&] { copy.sync(); });
     return report;
 }
 
-CopyReport copyBook(const BookFiles& book, const BookFiles& copy, KeyRing& keys, const std::function<bool()>& goesOn,
-    const CopyPatience& patience)
+CopyReport copyBook(const BookFiles& book, const BookFiles& copy, KeyRing& keys, const CopyPatience& patience)
 {
-    return copyBook(book, asCopy([&] { return Folder(copy.dataFolder()); }), keys, goesOn, patience);
+    return copyBook(book, asCopy([&] { return Folder(copy.dataFolder()); }), keys, patience);
 }
 
 } // namespace lorvan

@@ -3,7 +3,6 @@
 #include <QString>
 
 #include <chrono>
-#include <functional>
 #include <stdexcept>
 
 namespace lorvan {
@@ -20,6 +19,9 @@ public:
     {
     }
 };
+
+/// Throws GivenUp when a StopCheck of this thread says no.
+void continueOrGiveUp();
 
 /// How long a copy may keep writers waiting.
 struct CopyPatience {
@@ -45,11 +47,9 @@ struct CopyReport {
 /// All is copied first without a lock, which yields anything. Then both files are locked against writers, all is read
 /// again, now from the system's memory, and what has changed is copied anew.
 ///
-/// `goesOn` is asked from time to time; when it says no, GivenUp is thrown. Throws SqlError when the book cannot be
+/// A StopCheck is asked from time to time; when it says no, GivenUp is thrown. Throws SqlError when the book cannot be
 /// read, BookCopyFailed when the copies cannot be written; what was written stays.
-CopyReport copyBook(const BookFiles& book, const Folder& copy, KeyRing& keys, const std::function<bool()>& goesOn,
-    const CopyPatience& patience = {});
-CopyReport copyBook(const BookFiles& book, const BookFiles& copy, KeyRing& keys, const std::function<bool()>& goesOn,
-    const CopyPatience& patience = {});
+CopyReport copyBook(const BookFiles& book, const Folder& copy, KeyRing& keys, const CopyPatience& patience = {});
+CopyReport copyBook(const BookFiles& book, const BookFiles& copy, KeyRing& keys, const CopyPatience& patience = {});
 
 } // namespace lorvan

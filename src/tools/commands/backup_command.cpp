@@ -4,7 +4,7 @@
 #include "backup/copy_writing.h"
 #include "book/book_files.h"
 #include "platform/engine/key_ring.h"
-#include "support/interruption.h"
+#include "platform/stop_check.h"
 #include "support/opened_book.h"
 #include "support/progress_bar.h"
 #include "support/work.h"
@@ -28,10 +28,11 @@ void write(const BookFiles& book, const Folder& folder, const QString& name, con
     qint64 done = 0;
     KeyRing keys(bookPassword());
     ProgressBar bar(context, QStringLiteral("Αντίγραφο"));
-    makeBackup(book, folder, name, keys, [&] {
+    const StopCheck showing([&] {
         bar.show(++done, megabytes * passes);
-        return !Interruption::hasCome();
+        return true;
     });
+    makeBackup(book, folder, name, keys);
 }
 
 ExitStatus backup(Arguments& arguments, const ToolContext& context)

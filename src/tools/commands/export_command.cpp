@@ -22,10 +22,7 @@ ExitStatus exportTables(Arguments& arguments, const ToolContext& context)
     QStringList files;
     {
         ProgressBar bar(context, QStringLiteral("Εξαγωγή"));
-        files = exportBook(book, folder, passwords, [&](qint64 done, qint64 whole) {
-            Interruption::check();
-            bar.show(done, whole);
-        });
+        files = exportBook(book, folder, passwords, [&](qint64 done, qint64 whole) { bar.show(done, whole); });
     }
     Interruption::check();
     const QStringList staying = folder.keep(files);

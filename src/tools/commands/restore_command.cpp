@@ -5,6 +5,7 @@
 #include "book/failure_text.h"
 #include "book/pending_restore.h"
 #include "commands/check_report.h"
+#include "platform/stop_check.h"
 #include "support/claimed_marker.h"
 #include "support/interruption.h"
 #include "support/opened_book.h"
@@ -46,10 +47,11 @@ std::unique_ptr<RestoredBook> unpack(const QString& backup, const BookFiles& boo
     const QFileInfo file(backup);
     qint64 done = 0;
     ProgressBar bar(context, QStringLiteral("Έλεγχος αντιγράφου"));
-    return std::make_unique<RestoredBook>(file.absoluteFilePath(), book, [&] {
+    const StopCheck showing([&] {
         bar.show(++done, (file.size() / megabyte + 1) * passes);
-        return !Interruption::hasCome();
+        return true;
     });
+    return std::make_unique<RestoredBook>(file.absoluteFilePath(), book);
 }
 
 ExitStatus restore(Arguments& arguments, const ToolContext& context)

@@ -1,6 +1,6 @@
 #include "csv/book_export.h"
 
-#include "backup/book_proof.h"
+#include "backup/copy_writing.h"
 #include "backup/steady_copy.h"
 #include "book/book_schema.h"
 #include "cashbook/movement_store.h"
@@ -8,6 +8,7 @@
 #include "csv/csv_values.h"
 #include "export/movement_workbook.h"
 #include "export/table_export.h"
+#include "platform/stop_check.h"
 #include "support/new_folder.h"
 #include "support/opened_book.h"
 #include "support/work.h"
@@ -72,10 +73,11 @@ public:
         if (!QDir().mkdir(m_files.dataFolder()))
             throw Refused(QStringLiteral("Ο φάκελος %1 δεν γράφεται.").arg(m_files.dataFolder()));
         try {
-            copyBook(book.files(), m_files, book.keys(), [&progress] {
-                progress(0, 1); // may throw
+            const StopCheck showing([&progress] {
+                progress(0, 1);
                 return true;
             });
+            copyBook(book.files(), m_files, book.keys());
         } catch (const BookCopyFailed& failure) {
             throw Refused(QStringLiteral("Το αντίγραφο από το οποίο γίνεται η εξαγωγή δεν γράφεται. %1")
                               .arg(QString::fromUtf8(failure.what())));

@@ -19,7 +19,7 @@ protected:
     BookRestoreTest()
     {
         name("new");
-        makeBackup(source.files(), backup, testKeys(), {});
+        makeBackup(source.files(), backup, testKeys());
         name("old");
         layOut();
     }

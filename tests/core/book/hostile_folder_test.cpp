@@ -18,7 +18,6 @@ namespace lorvan::test {
 namespace {
 
 const QDateTime morning(QDate(2026, 11, 23), QTime(9, 0));
-const auto always = [] { return true; };
 
 void plant(std::string_view kind, const QString& target, const QString& path)
 {
@@ -50,7 +49,7 @@ std::string refusalOfPacked(const QString& folder)
 {
     const QTemporaryDir place;
     File archive = Folder(place.path()).open("a.tar", Folder::Opening::MakeNew);
-    packBook(Folder(folder), archive, {});
+    packBook(Folder(folder), archive);
     return refusalOf(archive.path());
 }
 
@@ -60,7 +59,7 @@ TEST(HostileFolder, whatIsPlantedInItLeadsNobodyOutOfIt)
 {
     const TemporaryBook source;
     const QString backup = source.path("a.tar");
-    makeBackup(source.files(), backup, testKeys(), always);
+    makeBackup(source.files(), backup, testKeys());
     const QString day = "2026-11-23-090000";
     const QStringList layouts[] = {{"backup"}, {"restore.pending"},
         {"backup/.lorvan-1.tar.part", "backup/lorvan-1.tar.part", QStringLiteral("backup/lorvan-daily-%1.tar").arg(day),
@@ -77,7 +76,7 @@ TEST(HostileFolder, whatIsPlantedInItLeadsNobodyOutOfIt)
             for (const QString& name : names)
                 plant(kind, outside.path(), book.path(name));
             const auto before = contentOf(outside.path());
-            (void)failureOf([&] { makeDailyBackup(book.files(), testKeys(), morning, always); });
+            (void)failureOf([&] { makeDailyBackup(book.files(), testKeys(), morning); });
             (void)failureOf([&] { finishRestore(book.files()); });
             (void)failureOf([&] { (void)deleteAllData(book.files(), testKeys(), morning); });
             (void)failureOf([&] { RestoredBook(backup, book.files()).replace(morning); });
@@ -108,7 +107,7 @@ TEST(HostileFolder, anArchiveHoldsTwoPlainMembersAndNothingElse)
         {"cp whole.tar a.tar; printf '\\000\\377' | dd of=a.tar bs=1 seek=5000 conv=notrunc", "a.tar"}};
     for (const auto& [prepare, reason] : cases) {
         const TemporaryBook book;
-        makeBackup(book.files(), book.path("whole.tar"), testKeys(), always);
+        makeBackup(book.files(), book.path("whole.tar"), testKeys());
         QProcess shell;
         shell.setWorkingDirectory(book.folder());
         shell.start("sh", {"-c", prepare});
@@ -179,7 +178,7 @@ TEST(HostileFolder, copiesAreForThoseWhoMayReadTheBook)
     const TemporaryBook book;
     ASSERT_EQ(::chmod(QFile::encodeName(book.folder()).constData(), 0755), 0);
     ASSERT_EQ(::chmod(QFile::encodeName(book.files().mainDatabase()).constData(), 0640), 0);
-    const auto made = makeDailyBackup(book.files(), testKeys(), morning, always);
+    const auto made = makeDailyBackup(book.files(), testKeys(), morning);
     ASSERT_TRUE(made);
     EXPECT_EQ(modeOf(*made), 0600U);
     EXPECT_EQ(modeOf(backupFolder(book.files())), 0700U);

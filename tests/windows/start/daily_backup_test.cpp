@@ -56,7 +56,7 @@ TEST_F(DailyBackupWindowTest, aBookThatWasRestoredMeanwhileIsSaidAndNotWritten)
     start(allRights);
     addMovement(incomeOf(today, cents(500), "Α"));
     const QString backup = book.path("a.tar");
-    makeBackup(book.files(), backup, testKeys(), {});
+    makeBackup(book.files(), backup, testKeys());
     RestoredBook(backup, book.files()).replace(fixedClock().now()); // frees the marker
     const ExpectedBox told = warningWith("αντικαταστάθηκε στο μεταξύ από αντίγραφο ασφαλείας");
     for (const Tab tab : {CodesTab, PrintingTab}) {
