@@ -154,6 +154,14 @@ void createTables(Connection& connection, std::string_view tables, const std::ve
         createIndex(connection, index);
 }
 
+/// In the file as it is now, which another computer may have changed since the statement before.
+bool hasTable(Connection& connection, const QString& name)
+{
+    return connection.prepare("SELECT 1 FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE")
+        .bind(name)
+        .step();
+}
+
 bool lacksOwnTable(Connection& connection)
 {
     return !std::all_of(
@@ -177,13 +185,6 @@ const QStringList& ownTables()
 {
     static const QStringList names{QStringLiteral("taken_imports"), QLatin1String(openingDifferenceTable)};
     return names;
-}
-
-bool hasTable(Connection& connection, const QString& name)
-{
-    return connection.prepare("SELECT 1 FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE")
-        .bind(name)
-        .step();
 }
 
 void createOwnTables(Connection& connection)

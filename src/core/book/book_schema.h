@@ -20,9 +20,6 @@ void createAuxiliarySchema(Connection& connection);
 inline constexpr auto openingDifferenceTable = "opening_difference";
 [[nodiscard]] const QStringList& ownTables();
 
-/// True when the main database has a table of that name, in any letter case.
-[[nodiscard]] bool hasTable(Connection& connection, const QString& name);
-
 /// Makes those of its own tables that are missing, inside the caller's transaction.
 void createOwnTables(Connection& connection);
 

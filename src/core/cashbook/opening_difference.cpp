@@ -6,7 +6,7 @@
 namespace lorvan {
 namespace {
 
-/// Called for each day that is shown, after its balance was read.
+/// Called for each day that is shown, after its balance was read, and for all days, after their rows were.
 bool isKept(const Connection& main)
 {
     return main.knowsTable(openingDifferenceTable);
@@ -17,7 +17,7 @@ bool isKept(const Connection& main)
 OpeningDifferences openingDifferences(Connection& main)
 {
     OpeningDifferences differences;
-    if (!hasTable(main, QLatin1String(openingDifferenceTable)))
+    if (!isKept(main))
         return differences;
     auto rows = main.prepare("SELECT day, amount FROM opening_difference");
     while (rows.step())

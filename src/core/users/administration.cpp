@@ -52,7 +52,7 @@ CopiedBook deleteAllData(const BookFiles& files, KeyRing& keys, const QDateTime&
     book.execute("DELETE FROM main.kinhseis; DELETE FROM main.kvdikoi; DELETE FROM main.omades;"
                  "DELETE FROM main.tameio; DELETE FROM auxiliary.klhsimotameioy");
     for (const QString& table : ownTables()) {
-        if (hasTable(book, table))
+        if (book.knowsTable(table.toLatin1().constData()))
             book.execute(QStringLiteral("DELETE FROM main.%1").arg(table).toStdString());
     }
     copy.keep(); // if the commit fails halfway, the copy may be needed

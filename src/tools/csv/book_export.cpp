@@ -164,8 +164,7 @@ private:
     /// This program's own tables may be missing in a book made elsewhere.
     [[nodiscard]] bool isThere(const BookTable& table)
     {
-        const QString name = QString::fromLatin1(table.name);
-        return !ownTables().contains(name) || hasTable(m_main, name);
+        return !ownTables().contains(QLatin1String(table.name)) || m_main.knowsTable(table.name);
     }
     [[nodiscard]] std::vector<BookColumn> columnsOf(const BookTable& table) const;
     void writeTable(const BookTable& table);
