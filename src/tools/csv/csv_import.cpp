@@ -8,6 +8,7 @@
 #include "codes/group_maintenance.h"
 #include "csv/csv_table.h"
 #include "csv/import_digest.h"
+#include "csv/import_reasons.h"
 #include "csv/taken_imports.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
@@ -185,18 +186,18 @@ void Import::takeGroup(const CsvTable& row)
 {
     const CodeGroup group{row.number("aa"), row.text("perigrafh").value_or(QString()).trimmed()};
     if (group.number <= 0)
-        throw BadRow(QStringLiteral("aa: οι αριθμοί των ομάδων αρχίζουν από το 1"));
+        throw import_reasons::groupNumberTooSmall();
     if (!isGroupName(group.name))
-        throw BadRow(QStringLiteral("λείπει η ονομασία της ομάδας"));
+        throw import_reasons::groupNameMissing();
     const auto present = m_groups.find(group.number);
     if (present != m_groups.end() && present->second.trimmed() != group.name)
-        throw BadRow(QStringLiteral("ο αριθμός %1 ανήκει στην ομάδα «%2»").arg(group.number).arg(present->second));
+        throw import_reasons::groupNumberTaken(group.number, present->second);
     if (present != m_groups.end()) {
         ++m_outcome.groups.present;
         return;
     }
     if (m_groupNamesBefore.contains(group.name.toCaseFolded()))
-        throw BadRow(QStringLiteral("η ομάδα «%1» υπάρχει ήδη στο βιβλίο με άλλον αριθμό").arg(group.name));
+        throw import_reasons::groupNameTaken(group.name);
     storeGroup(m_book, group, row.text("sxolia"));
     m_groups[group.number] = group.name;
     ++m_outcome.groups.added;
@@ -207,11 +208,9 @@ qint32 Import::groupNamed(const QString& name) const
     const auto isIt = [&name](const auto& group) { return group.second.trimmed() == name; };
     const auto found = std::find_if(m_groups.begin(), m_groups.end(), isIt);
     if (found == m_groups.end())
-        throw BadRow(QStringLiteral("omada: δεν υπάρχει ομάδα «%1»").arg(name));
+        throw import_reasons::groupUnknown(name);
     if (std::any_of(std::next(found), m_groups.end(), isIt))
-        throw BadRow(
-            QStringLiteral("omada: περισσότερες ομάδες ονομάζονται «%1»· γράψτε τον αριθμό στη στήλη aa_omadas")
-                .arg(name));
+        throw import_reasons::groupAmbiguous(name);
     return found->first;
 }
 
@@ -227,7 +226,7 @@ void Import::giveGroup(MovementCode& code, const CsvTable& row) const
     code.group = row.number("aa_omadas", 0);
     const auto group = m_groups.find(code.group);
     if (code.group != 0 && group == m_groups.end())
-        throw BadRow(QStringLiteral("aa_omadas: δεν υπάρχει ομάδα με αριθμό %1").arg(code.group));
+        throw import_reasons::groupUnknown(code.group);
     if (row.has("omada"))
         code.groupName = name;
     else
@@ -241,7 +240,7 @@ MovementCode Import::codeIn(const CsvTable& row)
     m_badCodes.insert(code.code); // until the row has been taken
     code.description = row.text("perigrafh").value_or(QString()).trimmed();
     if (code.description.isEmpty())
-        throw BadRow(QStringLiteral("λείπει η περιγραφή του κωδικού"));
+        throw import_reasons::codeDescriptionMissing();
     code.listLine = codeListLine(QString::number(code.code), code.description);
     giveGroup(code, row);
     code.income = row.flag("esodo", false);
@@ -261,37 +260,13 @@ void Import::takeCode(const CsvTable& row)
     const MovementCode code = codeIn(row);
     const auto present = findCode(m_book, code.code, CodeSelection::All);
     if (present && !isSame(*present, code))
-        throw BadRow(QStringLiteral("ο κωδικός %1 υπάρχει ήδη με άλλα στοιχεία («%2»)")
-                         .arg(code.code)
-                         .arg(present->description));
+        throw import_reasons::codeTaken(code.code, present->description);
     if (!present && m_codeNamesBefore.contains(code.description.toCaseFolded()))
-        throw BadRow(QStringLiteral("η περιγραφή «%1» υπάρχει ήδη στο βιβλίο σε άλλον κωδικό").arg(code.description));
+        throw import_reasons::codeDescriptionTaken(code.description);
     if (!present)
         storeCode(m_book, code);
     ++(present ? m_outcome.codes.present : m_outcome.codes.added);
     m_badCodes.erase(code.code);
-}
-
-QString closedReason(QDate day)
-{
-    return QStringLiteral("η ημέρα %1 είναι κλεισμένη· με την επιλογή --closed-days γίνεται δεκτή").arg(dateText(day));
-}
-
-QString refusalReason(Refusal refusal, const MovementDraft& draft)
-{
-    switch (refusal) {
-    case Refusal::DayIsClosed:
-        return closedReason(draft.day);
-    case Refusal::CodeHasChanged:
-    case Refusal::NoCode:
-        return QStringLiteral("ο κωδικός %1 δεν υπάρχει ούτε στο βιβλίο ούτε στο kvdikoi.csv").arg(draft.code);
-    case Refusal::NoDescription:
-        return QStringLiteral("λείπει η περιγραφή της κίνησης");
-    case Refusal::DateIsInvalid:
-    case Refusal::MovementIsGone:
-        break;
-    }
-    return QStringLiteral("η ημερομηνία δεν είναι σωστή");
 }
 
 MovementDraft movementIn(const CsvTable& row)
@@ -305,7 +280,7 @@ MovementDraft movementIn(const CsvTable& row)
     draft.memorandum = row.amount("L_tajeos");
     draft.cheque = row.flag("epitagh", false);
     if (!draft.income.isZero() && !draft.expense.isZero())
-        throw BadRow(QStringLiteral("έχει και έσοδα και έξοδα"));
+        throw import_reasons::incomeAndExpense();
     return draft;
 }
 
@@ -315,8 +290,7 @@ std::optional<Refusal> Import::enter(const MovementDraft& draft)
     try {
         return isAllGood() ? m_batch.add(draft) : m_batch.check(draft);
     } catch (const CurrencyOverflow&) {
-        throw BadRow(QStringLiteral("τα ποσά της ημέρας %1 είναι μαζί μεγαλύτερα από όσο μπορεί να κρατήσει το ταμείο")
-                         .arg(dateText(draft.day)));
+        throw import_reasons::amountsTooLarge(draft.day);
     }
 }
 
@@ -327,7 +301,7 @@ void Import::takeMovement(const CsvTable& row)
     if (!refusal)
         ++m_outcome.movements;
     else if (*refusal != Refusal::CodeHasChanged || !m_badCodes.contains(draft.code))
-        throw BadRow(refusalReason(*refusal, draft));
+        throw import_reasons::movementRefused(*refusal, draft);
 }
 
 void Import::takeOpening(const CsvTable& row)
@@ -337,12 +311,12 @@ void Import::takeOpening(const CsvTable& row)
     const auto present = openingDifferences(m_book);
     if (const auto found = present.find(storedDate(day)); found != present.end()) {
         if (found->second != amount)
-            throw BadRow(QStringLiteral("το βιβλίο έχει ήδη άλλη διαφορά ανοίγματος για την %1").arg(dateText(day)));
+            throw import_reasons::openingDifferenceTaken(day);
         ++m_outcome.openingDifferences.present;
         return;
     }
     if (m_closedDays == ClosedDays::Refuse && isClosed(m_book, day))
-        throw BadRow(closedReason(day));
+        throw import_reasons::dayIsClosed(day);
     if (isAllGood())
         enterOpening(day, amount);
     ++m_outcome.openingDifferences.added;
@@ -355,7 +329,7 @@ void Import::enterOpening(QDate day, Currency amount)
         addOpeningDifferences(m_book, {{storedDate(day), amount}});
         shiftLaterDays(m_book, day.addDays(-1), amount);
     } catch (const CurrencyOverflow&) {
-        throw BadRow(QStringLiteral("amount: τα υπόλοιπα γίνονται μεγαλύτερα από όσο μπορεί να κρατήσει το ταμείο"));
+        throw import_reasons::balancesTooLarge();
     }
 }
 

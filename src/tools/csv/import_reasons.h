@@ -1,0 +1,30 @@
+#pragma once
+
+#include "cashbook/movement_check.h"
+#include "csv/csv_table.h"
+
+namespace lorvan::import_reasons {
+
+// Why a row that can be read is not taken into the book.
+
+[[nodiscard]] BadRow groupNumberTooSmall();
+[[nodiscard]] BadRow groupNameMissing();
+[[nodiscard]] BadRow groupNumberTaken(qint32 number, const QString& byName);
+[[nodiscard]] BadRow groupNameTaken(const QString& name);
+
+[[nodiscard]] BadRow groupUnknown(const QString& name);
+[[nodiscard]] BadRow groupUnknown(qint32 number);
+[[nodiscard]] BadRow groupAmbiguous(const QString& name);
+[[nodiscard]] BadRow codeDescriptionMissing();
+[[nodiscard]] BadRow codeTaken(qint32 code, const QString& byDescription);
+[[nodiscard]] BadRow codeDescriptionTaken(const QString& description);
+
+[[nodiscard]] BadRow incomeAndExpense();
+[[nodiscard]] BadRow movementRefused(Refusal refusal, const MovementDraft& draft);
+[[nodiscard]] BadRow amountsTooLarge(QDate day);
+
+[[nodiscard]] BadRow dayIsClosed(QDate day);
+[[nodiscard]] BadRow openingDifferenceTaken(QDate day);
+[[nodiscard]] BadRow balancesTooLarge();
+
+} // namespace lorvan::import_reasons
