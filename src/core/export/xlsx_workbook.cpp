@@ -17,6 +17,7 @@ namespace lorvan {
 namespace {
 
 constexpr qsizetype longestText = 32767;
+constexpr int firstYear = 1900; // the library would write a negative number, which is shown as a row of hashes
 
 void check(lxw_error outcome)
 {
@@ -110,9 +111,12 @@ void XlsxWorkbook::addAmount(int column, Currency amount, lxw_format* format)
 
 void XlsxWorkbook::addDate(int column, QDate day, lxw_format* format)
 {
+    if (day.year() < firstYear) {
+        addText(column, day.toString(QStringLiteral("dd/MM/yyyy")), format);
+        return;
+    }
     lxw_datetime date{day.year(), day.month(), day.day(), 0, 0, 0};
-    if (worksheet_write_datetime(m_sheet, row(), static_cast<lxw_col_t>(column), &date, format) != LXW_NO_ERROR)
-        addText(column, day.toString(Qt::ISODate), format);
+    check(worksheet_write_datetime(m_sheet, row(), static_cast<lxw_col_t>(column), &date, format));
 }
 
 void XlsxWorkbook::finish()

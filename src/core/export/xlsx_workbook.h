@@ -38,7 +38,7 @@ public:
     void addText(int column, const QString& text, lxw_format* format);
     void addNumber(int column, double number, lxw_format* format);
     void addAmount(int column, Currency amount, lxw_format* format);
-    /// A date that the format does not take stands as a text.
+    /// A date before 1900, which a spreadsheet does not know, is written as text.
     void addDate(int column, QDate day, lxw_format* format);
 
     /// Writes the file and proves it (proveWorkbook()); once a StopCheck says no, it ends with an error.
