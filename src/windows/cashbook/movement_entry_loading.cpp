@@ -6,7 +6,6 @@
 #include "controls/entry_field.h"
 #include "controls/guarded_window.h"
 #include "controls/main_controls.h"
-#include "look/busy_pointer.h"
 
 #include <QShortcut>
 
@@ -14,8 +13,6 @@ namespace lorvan {
 
 void MovementEntryPage::lineClicked()
 {
-    if (BusyPointer::isShown())
-        return;
     if (!settle())
         return;
     guarded(window(), [this] { showClosedState(enteredDay()); });
@@ -32,18 +29,17 @@ void MovementEntryPage::releaseChanged()
 
 void MovementEntryPage::addKeys()
 {
-    auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    escape->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(escape, &QShortcut::activated, this, &MovementEntryPage::takeBack);
-    auto* const undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), this);
-    undo->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(undo, &QShortcut::activated, this, &MovementEntryPage::bringBackCleared);
+    const auto add = [this](const QKeySequence& keys, void (MovementEntryPage::*step)()) {
+        auto* const shortcut = new QShortcut(keys, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, m_gate.quick(this, step));
+    };
+    add(Qt::Key_Escape, &MovementEntryPage::takeBack);
+    add(Qt::CTRL | Qt::Key_Z, &MovementEntryPage::bringBackCleared);
 }
 
 void MovementEntryPage::takeBack()
 {
-    if (BusyPointer::isShown())
-        return;
     if (m_date->hasFocus())
         bringBackDay();
     else if (m_loaded) {
@@ -70,29 +66,27 @@ void MovementEntryPage::forgetCleared()
 
 void MovementEntryPage::bringBackCleared()
 {
-    if (!m_cleared || BusyPointer::isShown())
+    if (!m_cleared)
         return;
-    guarded(window(), [this] {
-        const auto& loaded = m_cleared->loaded;
-        const auto stored = loaded ? m_cashBook.find(loaded->key) : std::nullopt;
-        const EntryReturn outcome = returnOf(*m_cleared, stored, !loaded || m_cashBook.mayChange(loaded->day));
-        const QString refusal = returnRefusalText(outcome);
-        m_notBack->setText(refusal);
-        m_notBack->setVisible(!refusal.isEmpty());
-        if (!refusal.isEmpty()) {
-            showLinesAgain(readDay());
-            return;
-        }
-        const ClearedEntry cleared = *m_cleared;
-        if (cleared.loaded) {
-            selectLine(cleared.loaded->key);
-            load(*cleared.loaded);
-        } else {
-            focusEntry();
-        }
-        setEntry(cleared.typed);
-        forgetCleared();
-    });
+    const auto& loaded = m_cleared->loaded;
+    const auto stored = loaded ? m_cashBook.find(loaded->key) : std::nullopt;
+    const EntryReturn outcome = returnOf(*m_cleared, stored, !loaded || m_cashBook.mayChange(loaded->day));
+    const QString refusal = returnRefusalText(outcome);
+    m_notBack->setText(refusal);
+    m_notBack->setVisible(!refusal.isEmpty());
+    if (!refusal.isEmpty()) {
+        showLinesAgain(readDay());
+        return;
+    }
+    const ClearedEntry cleared = *m_cleared;
+    if (cleared.loaded) {
+        selectLine(cleared.loaded->key);
+        load(*cleared.loaded);
+    } else {
+        focusEntry();
+    }
+    setEntry(cleared.typed);
+    forgetCleared();
 }
 
 void MovementEntryPage::release()
@@ -105,16 +99,14 @@ void MovementEntryPage::release()
 
 void MovementEntryPage::lineOpened(qint64 key)
 {
-    if (BusyPointer::isShown() || key == 0)
+    if (key == 0)
         return;
-    guarded(window(), [this, key] {
-        const auto movement = m_cashBook.find(key);
-        showClosedState(enteredDay());
-        if (!movement)
-            explain(Refusal::MovementIsGone, RefusedOperation::Change);
-        else if (m_cashBook.mayChange(movement->day))
-            load(*movement);
-    });
+    const auto movement = m_cashBook.find(key);
+    showClosedState(enteredDay());
+    if (!movement)
+        explain(Refusal::MovementIsGone, RefusedOperation::Change);
+    else if (m_cashBook.mayChange(movement->day))
+        load(*movement);
 }
 
 void MovementEntryPage::load(const Movement& movement)

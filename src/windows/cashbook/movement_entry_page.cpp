@@ -45,6 +45,7 @@ MovementEntryPage::MovementEntryPage(Book& book, UsageMarker& marker, Rights rig
     , m_rights(rights)
     , m_clock(std::move(clock))
     , m_cashBook(book, rights)
+    , m_gate(this)
     , m_checks(this)
     , m_fields(this)
     , m_texts(QStringLiteral("Text1"))
@@ -62,16 +63,13 @@ MovementEntryPage::MovementEntryPage(Book& book, UsageMarker& marker, Rights rig
 void MovementEntryPage::connectControls()
 {
     for (const auto& [index, button] : m_commands)
-        connect(button, &CommandButton::clicked, this, [this, index = index] {
-            forgetCleared();
-            Q_EMIT commandPressed(index);
-        });
+        connect(button, &CommandButton::clicked, this, &MovementEntryPage::forgetCleared);
     connect(m_picker, &CodePicker::chosen, this, &MovementEntryPage::codeChosen);
     connect(m_picker, &CodePicker::entered, this, &MovementEntryPage::codeEntered);
     connect(m_picker, &CodePicker::unresolved, this, [this] { m_fields.enableAmount(selectedKind()); });
     connect(m_picker, &CodePicker::notUnderstood, this, [this] { m_fields.setAmounts({}, {}); });
-    connect(m_list, &DayList::clickedLine, this, &MovementEntryPage::lineClicked);
-    connect(m_list, &DayList::openedLine, this, &MovementEntryPage::lineOpened);
+    connect(m_list, &DayList::clickedLine, this, m_gate.quick(this, &MovementEntryPage::lineClicked));
+    connect(m_list, &DayList::openedLine, this, m_gate.quick(this, &MovementEntryPage::lineOpened));
     connect(m_date, &EntryField::textEdited, this, &MovementEntryPage::forgetCleared);
     connect(m_chooser, &CodeChooser::typed, this, &MovementEntryPage::forgetCleared);
     connect(m_picker, &CodePicker::chosen, this, &MovementEntryPage::forgetCleared);

@@ -4,6 +4,7 @@
 #include "cashbook/cleared_entry.h"
 #include "cashbook/movement_fields.h"
 #include "cashbook/refusal_window.h"
+#include "controls/action_gate.h"
 #include "controls/control_array.h"
 #include "controls/leave_checks.h"
 #include "platform/clock.h"
@@ -34,6 +35,9 @@ class MovementEntryPage : public QWidget {
 public:
     MovementEntryPage(Book& book, UsageMarker& marker, Rights rights, Clock clock, QWidget* parent);
 
+    /// Returns the page's button with this index; the window that holds the page connects it.
+    [[nodiscard]] CommandButton* button(int index) const { return m_commands[index]; }
+
     /// Shows today when the program starts, even if it is closed, and then without a message. Throws what the core
     /// throws.
     void start();
@@ -60,7 +64,6 @@ public:
     void closeCash();
 
 Q_SIGNALS:
-    void commandPressed(int index);
     void figuresChanged(const lorvan::CashDayFigures& figures);
     void figuresUnknown(); ///< The day could not be read.
     void dayClosed(QDate day); ///< It had been open until now.
@@ -129,6 +132,7 @@ private:
     const Rights m_rights;
     const Clock m_clock;
     CashBook m_cashBook;
+    const ActionGate m_gate;
     LeaveChecks m_checks;
     MovementFields m_fields;
     ControlArray<EntryField> m_texts;

@@ -5,11 +5,9 @@
 #include "controls/check_field.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
-#include "controls/guarded_window.h"
 #include "controls/list_reader.h"
 #include "controls/main_controls.h"
 #include "controls/plain_list.h"
-#include "look/busy_pointer.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
 
@@ -43,6 +41,7 @@ QString nameOf(const CodeGroup* group)
 CodesPage::CodesPage(Book& book, QWidget* parent)
     : QWidget(parent)
     , m_book(book)
+    , m_gate(this)
     , m_panel(new QWidget)
     , m_reader(new ListReader(m_panel, this))
     , m_fields(QStringLiteral("Text1"))
@@ -60,21 +59,13 @@ CodesPage::CodesPage(Book& book, QWidget* parent)
 
 void CodesPage::connectLists()
 {
-    const auto whenIdle = [this](auto signal, List list, void (CodesPage::*act)(const QModelIndex&)) {
-        connect(m_lists[list], signal, this, [this, act](const QModelIndex& index) {
-            if (BusyPointer::isShown())
-                return;
-            const BusyPointer busy;
-            guarded(window(), [this, act, &index] { (this->*act)(index); });
-        });
-    };
-    whenIdle(&PlainList::clicked, Codes, &CodesPage::codeClicked);
-    whenIdle(&PlainList::opened, Codes, &CodesPage::codeOpened);
-    whenIdle(&PlainList::clicked, Groups, &CodesPage::groupClicked);
-    whenIdle(&PlainList::opened, Groups, &CodesPage::groupOpened);
+    connect(m_lists[Codes], &PlainList::clicked, this, m_gate.action(this, &CodesPage::codeClicked));
+    connect(m_lists[Codes], &PlainList::opened, this, m_gate.action(this, &CodesPage::codeOpened));
+    connect(m_lists[Groups], &PlainList::clicked, this, m_gate.action(this, &CodesPage::groupClicked));
+    connect(m_lists[Groups], &PlainList::opened, this, m_gate.action(this, &CodesPage::groupOpened));
     connect(m_lists[Codes], &PlainList::removalAsked, this, [this](const QModelIndex& index) {
         if (m_offered && m_selected == index.data(Qt::UserRole).toLongLong())
-            Q_EMIT commandPressed(command::removeCode);
+            m_commands[command::removeCode]->click();
     });
 }
 

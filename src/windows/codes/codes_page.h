@@ -1,6 +1,7 @@
 #pragma once
 
 #include "codes/code_maintenance.h"
+#include "controls/action_gate.h"
 #include "controls/control_array.h"
 
 #include <QWidget>
@@ -30,6 +31,9 @@ class CodesPage : public QWidget {
 public:
     CodesPage(Book& book, QWidget* parent);
 
+    /// Returns the page's button with this index; the window that holds the page connects it.
+    [[nodiscard]] CommandButton* button(int index) const { return m_commands[index]; }
+
     /// Called when the tab is selected: empties the fields and reads codes and groups again. Throws SqlError.
     void start(bool mayModify);
 
@@ -42,7 +46,6 @@ public:
     void refreshGroups();
 
 Q_SIGNALS:
-    void commandPressed(int index);
     void codesChanged();
 
 private:
@@ -80,6 +83,7 @@ private:
     [[nodiscard]] EntryField* fieldToCorrect(CodeRefusal refusal) const;
 
     Book& m_book;
+    const ActionGate m_gate;
     QWidget* m_panel;
     ListReader* m_reader;
     ControlArray<EntryField> m_fields;

@@ -87,7 +87,6 @@ CommandButton* CodesPage::addCommand(
     QSizePolicy keepPlace = button->sizePolicy();
     keepPlace.setRetainSizeWhenHidden(true);
     button->setSizePolicy(keepPlace);
-    connect(button, &CommandButton::clicked, this, [this, index] { Q_EMIT commandPressed(index); });
     return button;
 }
 

@@ -2,9 +2,7 @@
 
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
-#include "controls/guarded_window.h"
 #include "controls/plain_list.h"
-#include "look/busy_pointer.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
 #include "look/themed_label.h"
@@ -30,6 +28,7 @@ OmadaKvdikvn::OmadaKvdikvn(Connection& main, MayChange mayChange, QWidget* paren
     : QDialog(parent)
     , m_main(main)
     , m_mayChange(std::move(mayChange))
+    , m_gate(this)
     , m_list(new PlainList)
     , m_name(new EntryField(TypingRule::Any))
     , m_commands(QStringLiteral("Command1"))
@@ -38,7 +37,8 @@ OmadaKvdikvn::OmadaKvdikvn(Connection& main, MayChange mayChange, QWidget* paren
     setWindowTitle(QStringLiteral("Ομάδες κωδικών"));
     setModal(true);
     layOut();
-    connectControls();
+    connectCommands();
+    connectList();
     setLoaded(std::nullopt);
     refill();
     m_name->setFocus(Qt::OtherFocusReason);
@@ -102,23 +102,25 @@ CommandButton* OmadaKvdikvn::addCommand(Command index, const QString& icon, cons
     QSizePolicy keepPlace = button->sizePolicy();
     keepPlace.setRetainSizeWhenHidden(true);
     button->setSizePolicy(keepPlace);
-    connect(button, &CommandButton::clicked, this, [this, index] { dispatch(index); });
     return button;
 }
 
-void OmadaKvdikvn::connectControls()
+void OmadaKvdikvn::connectCommands()
 {
-    connect(m_list, &PlainList::clicked, this, [this] {
-        if (!BusyPointer::isShown())
-            release();
-    });
-    connect(m_list, &PlainList::opened, this, [this](const QModelIndex& group) {
-        if (!BusyPointer::isShown())
-            load(group);
-    });
+    const ActionGate::Conditions change{{}, [this] { return m_mayChange(this); }};
+    m_gate.connect(m_commands[Exit], {}, [this] { hide(); });
+    m_gate.connect(m_commands[Add], change, [this] { addGroup(); });
+    m_gate.connect(m_commands[Rename], change, [this] { renameGroup(); });
+    m_gate.connect(m_commands[Remove], change, [this] { removeGroup(); });
+}
+
+void OmadaKvdikvn::connectList()
+{
+    connect(m_list, &PlainList::clicked, this, m_gate.quick(this, &OmadaKvdikvn::release));
+    connect(m_list, &PlainList::opened, this, m_gate.quick(this, &OmadaKvdikvn::load));
     connect(m_list, &PlainList::removalAsked, this, [this](const QModelIndex& group) {
         if (m_loaded == group.data(Qt::UserRole).toInt())
-            dispatch(Remove);
+            m_commands[Remove]->click();
     });
 }
 
@@ -138,38 +140,6 @@ bool OmadaKvdikvn::holdsUnstoredText() const
 }
 
 // Changes
-
-void OmadaKvdikvn::dispatch(Command command)
-{
-    if (BusyPointer::isShown())
-        return;
-    if (command == Exit) {
-        hide();
-        return;
-    }
-    const BusyPointer busy;
-    guarded(this, [this, command] {
-        if (m_mayChange(this))
-            act(command);
-    });
-}
-
-void OmadaKvdikvn::act(Command command)
-{
-    switch (command) {
-    case Add:
-        addGroup();
-        break;
-    case Rename:
-        renameGroup();
-        break;
-    case Remove:
-        removeGroup();
-        break;
-    case Exit:
-        break;
-    }
-}
 
 void OmadaKvdikvn::addGroup()
 {

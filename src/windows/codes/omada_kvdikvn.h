@@ -1,6 +1,7 @@
 #pragma once
 
 #include "codes/group_maintenance.h"
+#include "controls/action_gate.h"
 #include "controls/control_array.h"
 
 #include <QDialog>
@@ -38,10 +39,9 @@ private:
     void layOut();
     QLayout* commandRow();
     CommandButton* addCommand(Command index, const QString& icon, const QString& caption, const QString& tip);
-    void connectControls();
+    void connectCommands();
+    void connectList();
 
-    void dispatch(Command command);
-    void act(Command command);
     void addGroup();
     void renameGroup();
     void removeGroup();
@@ -55,6 +55,7 @@ private:
 
     Connection& m_main;
     const MayChange m_mayChange;
+    const ActionGate m_gate;
     PlainList* m_list;
     EntryField* m_name;
     ControlArray<CommandButton> m_commands;

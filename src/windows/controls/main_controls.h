@@ -16,7 +16,7 @@ inline constexpr int periodEnd = 8;
 inline constexpr int memorandum = 9;
 } // namespace field
 
-/// Indices of the main window's buttons `Command1(i)`, by which the dispatcher identifies them.
+/// Indices of the main window's buttons `Command1(i)`.
 namespace command {
 inline constexpr int insertMovement = 0;
 inline constexpr int printReport = 1;

@@ -6,10 +6,10 @@
 #include "codes/code_catalogue.h"
 #include "codes/codes_page.h"
 #include "codes/omada_kvdikvn.h"
+#include "controls/command_button.h"
 #include "controls/guarded_window.h"
 #include "controls/main_controls.h"
 #include "controls/notice_line.h"
-#include "look/busy_pointer.h"
 #include "look/message_window.h"
 #include "look/remembered_size.h"
 #include "look/window_placement.h"
@@ -18,7 +18,6 @@
 #include "platform/amount_text.h"
 #include "printing/printing_page.h"
 
-#include <QAbstractButton>
 #include <QScopeGuard>
 #include <QScrollArea>
 #include <QShortcut>
@@ -32,23 +31,6 @@ namespace {
 
 constexpr QSize firstSize{788, 541};
 constexpr QSize leastSize{720, 500};
-
-/// Every action that changes data, but for the insertion of a code.
-bool isGuarded(int index)
-{
-    switch (index) {
-    case command::insertMovement:
-    case command::modifyMovement:
-    case command::removeMovement:
-    case command::modifyCode:
-    case command::removeCode:
-    case command::closeCash:
-    case command::editGroups:
-        return true;
-    default:
-        return false;
-    }
-}
 
 } // namespace
 
@@ -67,6 +49,8 @@ Kentrikh::Kentrikh(
     , m_printingPage(new PrintingPage(m_clock, this))
     , m_totals(new TotalsBar(this))
     , m_notices(m_settings.dataFolder, m_marker, m_clock, this)
+    , m_gate(
+          this, ActionGate::Opened::OnItsOwn, [this] { m_notices.actionBegins(); }, [this] { tellUnconfirmed(this); })
     , m_reports(BookFiles(m_settings.dataFolder), keys)
     , m_backup(BookFiles(m_settings.dataFolder), keys, m_clock)
     , m_session(this)
@@ -76,6 +60,7 @@ Kentrikh::Kentrikh(
     layOut();
     addTabKeys();
     connectPages();
+    connectButtons();
 }
 
 Kentrikh::~Kentrikh() = default;
@@ -134,9 +119,6 @@ void Kentrikh::addTabKeys()
 
 void Kentrikh::connectPages()
 {
-    connect(m_entryPage, &MovementEntryPage::commandPressed, this, &Kentrikh::dispatch);
-    connect(m_codesPage, &CodesPage::commandPressed, this, &Kentrikh::dispatch);
-    connect(m_printingPage, &PrintingPage::commandPressed, this, &Kentrikh::dispatch);
     connect(m_entryPage, &MovementEntryPage::figuresChanged, this, [this](const CashDayFigures& figures) {
         m_totals->setFigures(amountOrZeroText(figures.income), amountOrZeroText(figures.expense),
             amountOrZeroText(figures.closingBalance));
@@ -146,7 +128,7 @@ void Kentrikh::connectPages()
     connect(m_entryPage, &MovementEntryPage::figuresUnknown, this, [this] { m_totals->setFigures({}, {}, {}); });
     connect(m_band->tabs(), &QTabBar::currentChanged, this, &Kentrikh::selectTab);
     connect(m_entryPage, &MovementEntryPage::dayClosed, &m_notices, &MainNotices::dayClosed);
-    connect(&m_away, &AwayWatch::returned, this, &Kentrikh::lookAgain);
+    connect(&m_away, &AwayWatch::returned, this, m_gate.quick(this, &Kentrikh::lookAgain));
     m_notices.followBackup(m_backup);
 }
 
@@ -171,46 +153,28 @@ void Kentrikh::showEvent(QShowEvent* event)
 
 // Buttons
 
-void Kentrikh::dispatch(int command)
+void Kentrikh::connectButtons()
 {
-    if (BusyPointer::isShown())
-        return;
-    m_notices.actionBegins();
-    bool groupsWanted = false;
-    {
-        const BusyPointer busy;
-        guarded(this, [this, command, &groupsWanted] {
-            if (!isAdmitted(command))
-                return;
-            groupsWanted = command == command::editGroups;
-            act(command);
-        });
-        tellUnconfirmed(this);
-    }
-    if (groupsWanted)
-        editGroups(); // its buttons run actions of their own
+    const auto settled = [this] { return settle() && m_printingPage->settle() && !m_closed; };
+    const ActionGate::Conditions change{settled, [this] { return !refusedByMarker(this); }};
+    m_gate.connect(m_entryPage->button(command::insertMovement), change, [this] { m_entryPage->insertMovement(); });
+    m_gate.connect(m_entryPage->button(command::modifyMovement), change, [this] { m_entryPage->modifyMovement(); });
+    m_gate.connect(m_entryPage->button(command::removeMovement), change, [this] { m_entryPage->removeMovement(); });
+    m_gate.connect(m_entryPage->button(command::closeCash), change, [this] { m_entryPage->closeCash(); });
+    m_gate.connect(m_codesPage->button(command::modifyCode), change, [this] { m_codesPage->modifyCode(); });
+    m_gate.connect(m_codesPage->button(command::removeCode), change, [this] { m_codesPage->removeCode(); });
+    m_gate.connectWindow(m_codesPage->button(command::editGroups), change, [this] { editGroups(); });
+    m_gate.connect(m_codesPage->button(command::insertCode), {settled}, [this] { insertCode(); });
+    m_gate.connect(m_printingPage->button(), {[this] { return settle(); }}, [this] { printReport(); });
+    m_gate.connect(m_entryPage->button(command::exitFromCashPage), {}, [this] { leave(); });
+    m_gate.connect(m_codesPage->button(command::exitFromCodesPage), {}, [this] { leave(); });
 }
 
-bool Kentrikh::isAdmitted(int command)
+/// The printing page is left out: a report judges the period itself.
+bool Kentrikh::settle()
 {
-    const bool leaving = command == command::exitFromCashPage || command == command::exitFromCodesPage;
-    if (!leaving)
-        m_book.refuseReplaced();
-    if (!leaving && !(settle(command) && isOffered(command)))
-        return false;
-    return !isGuarded(command) || !refusedByMarker(this);
-}
-
-bool Kentrikh::settle(int command)
-{
-    const bool judgesPeriodItself = command == command::printReport;
-    return m_entryPage->settle() && (judgesPeriodItself || m_printingPage->settle()) && !m_closed;
-}
-
-bool Kentrikh::isOffered(int command) const
-{
-    const auto* const button = findChild<QAbstractButton*>(QStringLiteral("Command1(%1)").arg(command));
-    return button && button->isVisible() && button->isEnabled();
+    m_book.refuseReplaced();
+    return m_entryPage->settle() && !m_closed;
 }
 
 bool Kentrikh::refusedByMarker(QWidget* asking)
@@ -227,43 +191,6 @@ bool Kentrikh::refusedByMarker(QWidget* asking)
     return holder.has_value();
 }
 
-void Kentrikh::act(int command)
-{
-    switch (command) {
-    case command::insertMovement:
-        m_entryPage->insertMovement();
-        break;
-    case command::modifyMovement:
-        m_entryPage->modifyMovement();
-        break;
-    case command::removeMovement:
-        m_entryPage->removeMovement();
-        break;
-    case command::closeCash:
-        m_entryPage->closeCash();
-        break;
-    case command::insertCode:
-        insertCode();
-        break;
-    case command::modifyCode:
-        m_codesPage->modifyCode();
-        break;
-    case command::removeCode:
-        m_codesPage->removeCode();
-        break;
-    case command::printReport:
-        printReport();
-        break;
-    case command::exitFromCashPage:
-    case command::exitFromCodesPage:
-        if (confirmExit())
-            end();
-        break;
-    default:
-        break;
-    }
-}
-
 /// The marker does not guard it.
 void Kentrikh::insertCode()
 {
@@ -276,13 +203,10 @@ void Kentrikh::insertCode()
 
 void Kentrikh::editGroups()
 {
-    guarded(this, [this] {
-        OmadaKvdikvn groups(
-            m_book.main(), [this](QWidget* asking) { return !refusedByMarker(asking); }, this);
-        groups.exec();
-        m_codesPage->refreshGroups();
-    });
-    tellUnconfirmed(this);
+    OmadaKvdikvn groups(
+        m_book.main(), [this](QWidget* asking) { return !refusedByMarker(asking); }, this);
+    groups.exec();
+    m_codesPage->refreshGroups();
 }
 
 void Kentrikh::printReport()
@@ -348,7 +272,7 @@ void Kentrikh::follow(const std::optional<MachineIdentity>& holder)
 /// Another computer may have changed the shown day meanwhile.
 void Kentrikh::lookAgain()
 {
-    if (m_tab != tab::cashBook || m_closed || BusyPointer::isShown())
+    if (m_tab != tab::cashBook || m_closed)
         return;
     guarded(this, [this] { refreshCaption(); });
     m_entryPage->lookAgain();

@@ -6,6 +6,7 @@
 #include "book/path_file.h"
 #include "book/usage_marker.h"
 #include "cashbook/cash_day.h"
+#include "controls/action_gate.h"
 #include "controls/away_watch.h"
 #include "main/main_notices.h"
 #include "main/session_end.h"
@@ -57,16 +58,13 @@ private:
     void addTabKeys();
     void connectPages();
 
-    void dispatch(int command);
-    [[nodiscard]] bool isAdmitted(int command);
-    void act(int command);
+    void connectButtons();
     void insertCode();
     void editGroups();
     void printReport();
-    /// Judges what was left and not judged yet. False when something was refused, or the program was ended meanwhile.
-    [[nodiscard]] bool settle(int command);
-    /// False for a button that settling has hidden or disabled under the mouse.
-    [[nodiscard]] bool isOffered(int command) const;
+    /// Judges what was left on the cash page and not judged yet. False when something was refused, or the program was
+    /// ended meanwhile. Throws where the book was replaced.
+    [[nodiscard]] bool settle();
     /// Tells the user over the window that asks when another computer holds the marker.
     [[nodiscard]] bool refusedByMarker(QWidget* asking);
 
@@ -79,6 +77,7 @@ private:
     void backUpIfHeld();
     void fillPage(int tab, int earlierTab);
     [[nodiscard]] bool confirmExit();
+    void leave(); ///< Ends the program if the user confirms it.
     void askToEnd();
     void lookAgain();
 
@@ -95,6 +94,7 @@ private:
     PrintingPage* m_printingPage;
     TotalsBar* m_totals;
     MainNotices m_notices;
+    const ActionGate m_gate;
     ReportDesk m_reports;
     DailyBackup m_backup;
     SessionEnd m_session;

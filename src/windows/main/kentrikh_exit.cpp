@@ -15,6 +15,12 @@ bool Kentrikh::confirmExit()
         QStringLiteral("Να τερματιστεί το πρόγραμμα;"), unsavedEntryText(m_entryPage->unsaved()));
 }
 
+void Kentrikh::leave()
+{
+    if (confirmExit())
+        end();
+}
+
 void Kentrikh::end()
 {
     m_isEnding = true;
@@ -23,8 +29,8 @@ void Kentrikh::end()
 
 void Kentrikh::askToEnd()
 {
-    if (!m_closed && !QApplication::activeModalWidget() && confirmExit())
-        end();
+    if (!m_closed && !QApplication::activeModalWidget())
+        leave();
 }
 
 void Kentrikh::closeEvent(QCloseEvent* event)

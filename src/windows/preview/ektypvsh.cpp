@@ -1,6 +1,5 @@
 #include "preview/ektypvsh.h"
 
-#include "controls/guarded_window.h"
 #include "look/busy_pointer.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
@@ -36,6 +35,7 @@ Ektypvsh::Ektypvsh(Printers& printers, ReportSaver& saver)
     : m_printers(printers)
     , m_saver(saver)
     , m_actions(this)
+    , m_gate(this)
     , m_tools(new PreviewTools(m_actions, this))
     , m_omissions(new OmissionStrip(this))
     , m_area(new PreviewArea(this))
@@ -84,8 +84,11 @@ void Ektypvsh::addMenu()
 
 void Ektypvsh::connectActions()
 {
-    const auto connectTo = [this](QAction* action, auto slot) {
-        connect(action, &QAction::triggered, this, [this, slot] { act(slot); });
+    const auto connectTo = [this](QAction* action, const ActionGate::Step& step) {
+        connect(action, &QAction::triggered, this, [this, step] {
+            if (m_area->view().pages())
+                m_gate.run(step);
+        });
     };
     PageView& view = m_area->view();
     connectTo(m_actions.choosePrinter, [this] { choosePrinter(); });
@@ -243,14 +246,6 @@ void Ektypvsh::showPages()
 }
 
 // Actions
-
-void Ektypvsh::act(const std::function<void()>& action)
-{
-    if (BusyPointer::isShown() || !m_area->view().pages())
-        return;
-    const BusyPointer busy;
-    guarded(this, action);
-}
 
 void Ektypvsh::choosePrinter()
 {

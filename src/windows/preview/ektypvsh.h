@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/action_gate.h"
 #include "document/report_document.h"
 #include "preview/background_run.h"
 #include "preview/page_search.h"
@@ -7,8 +8,6 @@
 #include "reports/report_omissions.h"
 
 #include <QMainWindow>
-
-#include <functional>
 
 namespace lorvan {
 
@@ -53,8 +52,6 @@ private:
     void keepSize();
     void showPrinterState();
 
-    /// Does nothing while another action runs.
-    void act(const std::function<void()>& action);
     void choosePrinter();
     void print(std::optional<int> page);
     [[nodiscard]] bool hasPrinter();
@@ -65,6 +62,7 @@ private:
     Printers& m_printers;
     ReportSaver& m_saver;
     const PreviewActions m_actions;
+    const ActionGate m_gate;
     BackgroundRun m_run;
     PreviewTools* m_tools;
     OmissionStrip* m_omissions;

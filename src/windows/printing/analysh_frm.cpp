@@ -2,8 +2,6 @@
 
 #include "codes/analysis_codes.h"
 #include "controls/command_button.h"
-#include "controls/guarded_window.h"
-#include "look/busy_pointer.h"
 #include "printing/code_box_field.h"
 #include "printing/code_drop_down.h"
 #include "printing/group_frame.h"
@@ -15,20 +13,12 @@
 #include <utility>
 
 namespace lorvan {
-namespace {
-
-/// An action that asks something midway shows the ordinary pointer, so the pointer that is visible counts.
-bool isHourglassShown()
-{
-    return BusyPointer::isShown() && QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
-}
-
-} // namespace
 
 AnalyshFRM::AnalyshFRM(Connection& main, SettingsStore settings, const QString& day, QWidget* parent)
     : QDialog(parent)
     , m_main(main)
     , m_settings(std::move(settings))
+    , m_gate(this, ActionGate::Opened::InAnAction)
     , m_frames(QStringLiteral("SSFrame1"))
     , m_boxes(QStringLiteral("Text1"))
     , m_choosers(QStringLiteral("Command2"))
@@ -45,7 +35,7 @@ AnalyshFRM::AnalyshFRM(Connection& main, SettingsStore settings, const QString& 
     connect(m_codes, &CodeDropDown::activated, this, &AnalyshFRM::takeCode);
     connect(m_codes, &CodeDropDown::dismissed, this, &AnalyshFRM::closeCodes);
     connect(m_title, &TitleEditor::finished, this, &AnalyshFRM::takeTitle);
-    connect(m_save, &CommandButton::clicked, this, &AnalyshFRM::save);
+    m_gate.connect(m_save, {}, [this] { save(); });
     m_boxes[0]->setFocus(Qt::OtherFocusReason);
 }
 
@@ -89,35 +79,23 @@ AnalysisGroups AnalyshFRM::groups() const
 
 void AnalyshFRM::save()
 {
-    if (isHourglassShown())
-        return;
-    const BusyPointer busy;
     m_title->finish();
-    if (guarded(this, [this] { storeAnalysisGroups(m_settings, groups()); }))
-        accept();
+    storeAnalysisGroups(m_settings, groups());
+    accept();
 }
 
 // Choosing a code
 
 void AnalyshFRM::chooseCode(int box)
 {
-    if (isHourglassShown() || !fillCodes())
-        return;
+    if (m_available.empty()) {
+        m_available = listCodeBoxes(m_main);
+        m_codes->setCodes(m_available);
+    }
     m_chosenBox = box;
     placeOverlays();
     m_codes->setAccessibleName(m_boxes[box]->accessibleName());
     m_codes->openAt(m_boxes[box]->box());
-}
-
-bool AnalyshFRM::fillCodes()
-{
-    if (!m_available.empty())
-        return true;
-    const BusyPointer busy;
-    return guarded(this, [this] {
-        m_available = listCodeBoxes(m_main);
-        m_codes->setCodes(m_available);
-    });
 }
 
 void AnalyshFRM::takeCode(int row)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "codes/cash_analysis_groups.h"
+#include "controls/action_gate.h"
 #include "controls/control_array.h"
 #include "platform/files/settings_store.h"
 
@@ -50,7 +51,6 @@ private:
     void setGroupTitle(int group, const QString& title);
 
     void chooseCode(int box);
-    bool fillCodes();
     void takeCode(int row);
     void closeCodes();
     void renameGroup(int group);
@@ -60,6 +60,7 @@ private:
 
     Connection& m_main;
     const SettingsStore m_settings;
+    const ActionGate m_gate;
     ControlArray<GroupFrame> m_frames;
     ControlArray<CodeBoxField> m_boxes;
     ControlArray<CommandButton> m_choosers;

@@ -83,7 +83,7 @@ void AnalyshFRM::addBoxRow(int box, QVBoxLayout* column)
     field->setToolTip(QStringLiteral("Πατήστε DELγια τη διαγραφή της ομάδας"));
     auto* const chooser = m_choosers.add(box, new CommandButton({}, QStringLiteral(" . . .")));
     chooser->setFixedWidth(chooserWidth);
-    connect(chooser, &CommandButton::clicked, this, [this, box] { chooseCode(box); });
+    m_gate.connect(chooser, {}, [this, box] { chooseCode(box); });
     auto* const row = new QHBoxLayout;
     row->setSpacing(4);
     row->addWidget(field, 1);

@@ -77,9 +77,7 @@ PrintingPage::PrintingPage(Clock clock, QWidget* parent)
     columns->addLayout(reportColumn(), 11);
     columns->addLayout(choiceColumn(), 9);
     setTabOrders();
-    const auto print = [this] { Q_EMIT commandPressed(command::printReport); };
-    connect(m_print, &CommandButton::clicked, this, print);
-    connect(m_reports, &PlainList::opened, this, print);
+    connect(m_reports, &PlainList::opened, m_print, &CommandButton::click);
     connect(m_reports->selectionModel(), &QItemSelectionModel::selectionChanged, this, &PrintingPage::showPeriodUse);
     connect(m_periods, &PeriodButton::chosen, this, [this](const NamedPeriod& period) {
         m_fields[field::periodStart]->setText(dateText(period.start));

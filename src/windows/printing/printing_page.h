@@ -29,6 +29,9 @@ class PrintingPage : public QWidget {
 public:
     PrintingPage(Clock clock, QWidget* parent);
 
+    /// Returns the button that prints; the window that holds the page connects it.
+    [[nodiscard]] CommandButton* button() const { return m_print; }
+
     /// Sets the period to this month up to today and refills both lists, with nothing chosen.
     void fill(const std::vector<MovementCode>& codes, const std::vector<CodeGroup>& groups);
 
@@ -39,9 +42,6 @@ public:
 
     /// What is to be printed, without the heading. If something is missing, a box says what.
     [[nodiscard]] std::optional<ReportRequest> request();
-
-Q_SIGNALS:
-    void commandPressed(int index);
 
 private:
     [[nodiscard]] const ReportEntry* chosenEntry() const;

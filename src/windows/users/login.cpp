@@ -6,7 +6,6 @@
 #include "controls/guarded_window.h"
 #include "controls/path_label.h"
 #include "controls/plain_list.h"
-#include "look/busy_pointer.h"
 #include "look/focus_rules.h"
 #include "look/ground_frame.h"
 #include "look/icons.h"
@@ -59,6 +58,7 @@ void widenTo(int width, CommandButton* button)
 Login::Login(BookFiles files, KeyRing& keys, const Clock& clock)
     : m_files(std::move(files))
     , m_keys(keys)
+    , m_gate(this)
     , m_fields(QStringLiteral("Text1"))
     , m_commands(QStringLiteral("Command1"))
 {
@@ -78,7 +78,8 @@ Login::Login(BookFiles files, KeyRing& keys, const Clock& clock)
     rows->addWidget(m_maintenance, 1);
     setTabOrders();
 
-    connectControls();
+    connectCommands();
+    connectUsers();
     for (const int onlyForSelected : {ChangeUser, RemoveUser})
         m_commands[onlyForSelected]->setEnabled(false);
     setSize(Size::Compact);
@@ -198,10 +199,26 @@ void Login::setTabOrders()
         m_administration->copyPath(), m_commands[DeleteData]});
 }
 
-void Login::connectControls()
+void Login::connectCommands()
 {
-    for (const auto& [index, button] : m_commands)
-        connect(button, &CommandButton::clicked, this, [this, index = index] { dispatch(index); });
+    m_gate.connect(m_commands[SignIn], {}, [this] { signInAsTyped(); });
+    m_gate.connect(m_commands[End], {}, [this] { Q_EMIT abandoned(); });
+    const auto connectTo = [this](int index, auto* part, auto operation) {
+        m_gate.connect(m_commands[index], {}, [this, part, operation] {
+            (part->*operation)();
+            tellUnconfirmed(this);
+        });
+    };
+    connectTo(AddUser, m_users, &UserMaintenance::addUser);
+    connectTo(ChangeUser, m_users, &UserMaintenance::changeUser);
+    connectTo(RemoveUser, m_users, &UserMaintenance::removeUser);
+    connectTo(Unlock, m_administration, &AdministrationRow::unlock);
+    connectTo(CloseDays, m_administration, &AdministrationRow::closeDays);
+    connectTo(DeleteData, m_administration, &AdministrationRow::deleteData);
+}
+
+void Login::connectUsers()
+{
     connect(m_users, &UserMaintenance::offered, this, [this](bool isOffered) {
         const QWidget* const focused = focusWidget();
         if (!isOffered && (focused == m_commands[ChangeUser] || focused == m_commands[RemoveUser]))
@@ -209,48 +226,11 @@ void Login::connectControls()
         m_commands[ChangeUser]->setEnabled(isOffered);
         m_commands[RemoveUser]->setEnabled(isOffered);
     });
-    connect(m_users, &UserMaintenance::removalAsked, this, [this] { dispatch(RemoveUser); });
+    connect(m_users, &UserMaintenance::removalAsked, m_commands[RemoveUser], &CommandButton::click);
     connect(m_users, &UserMaintenance::removed, this, [this] {
         for (EntryField* const field : {m_fields[Name], m_fields[Password], m_users->name(), m_users->password()})
             field->clear();
     });
-}
-
-void Login::dispatch(int command)
-{
-    if (BusyPointer::isShown())
-        return;
-    const BusyPointer busy;
-    switch (command) {
-    case SignIn:
-        signInAsTyped();
-        break;
-    case End:
-        Q_EMIT abandoned();
-        break;
-    case AddUser:
-        m_users->addUser();
-        break;
-    case ChangeUser:
-        m_users->changeUser();
-        break;
-    case RemoveUser:
-        m_users->removeUser();
-        break;
-    case Unlock:
-        m_administration->unlock();
-        break;
-    case CloseDays:
-        m_administration->closeDays();
-        break;
-    case DeleteData:
-        m_administration->deleteData();
-        break;
-    default:
-        break;
-    }
-    if (command != SignIn && command != End)
-        tellUnconfirmed(this);
 }
 
 void Login::setSize(Size size)

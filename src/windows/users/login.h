@@ -1,6 +1,7 @@
 #pragma once
 
 #include "book/book_files.h"
+#include "controls/action_gate.h"
 #include "controls/control_array.h"
 #include "users/sign_in.h"
 
@@ -47,14 +48,15 @@ private:
         int index, const QString& icon, const QString& caption, const QString& tip, QWidget* parent);
     void setTabOrders();
 
-    void connectControls();
+    void connectCommands();
+    void connectUsers();
 
-    void dispatch(int command);
     void setSize(Size size);
     void signInAsTyped();
 
     BookFiles m_files;
     KeyRing& m_keys;
+    const ActionGate m_gate;
     ControlArray<EntryField> m_fields;
     ControlArray<CommandButton> m_commands;
     UserMaintenance* m_users = nullptr;
