@@ -7,17 +7,17 @@ class QWidget;
 
 namespace lorvan {
 
-/// The way into what the user asks for with a button, a list, a menu or a key. One action runs at a time in the whole
-/// program: what is asked for while an override pointer is shown, whoever shows it, is ignored. While an action runs
-/// the gate shows the busy pointer. A failure is told over the window and goes no further.
+/// Runs what the user asks for with a button, a list, a menu or a key. One action runs at a time in the whole program:
+/// while anybody has set an override pointer, everything is ignored. While an action runs, the gate shows the busy
+/// pointer; if the action fails, it shows a message over the window.
 class ActionGate {
 public:
     using Step = std::function<void()>;
     using Condition = std::function<bool()>;
 
-    /// What is asked before a button's action, in this order. One that refuses has told the user why.
+    /// Checked before a button's action, in this order. A condition that returns false has told the user why.
     struct Conditions {
-        Condition settled = {}; ///< Judges what was left in the fields and not judged yet.
+        Condition settled = {}; ///< Checks the fields that were left and have not been checked yet.
         Condition mayChange = {}; ///< Whether data may be changed now.
 
         [[nodiscard]] bool areMet(const QAbstractButton& button) const;
@@ -25,24 +25,24 @@ public:
 
     enum class Opened {
         OnItsOwn,
-        InAnAction, ///< Which has the ordinary pointer meanwhile; then only the busy one keeps anything out.
+        InAnAction, ///< That action shows the ordinary pointer meanwhile, so only the busy pointer counts here.
     };
 
-    /// `widget` is the window or lies in it. `begins` is called before each action, `ends` after it, also when it
-    /// failed.
+    /// `widget` is the window or a part of it. `begins` is called before each action, `ends` after it, even if it
+    /// fails.
     explicit ActionGate(
         QWidget* widget, Opened opened = Opened::OnItsOwn, Step begins = [] {}, Step ends = [] {});
 
-    /// The button's clicks run the action, unless settling has hidden or disabled it under the mouse.
+    /// A click on the button runs the action, unless checking the fields has hidden or disabled the button.
     void connect(QAbstractButton* button, const Conditions& conditions, const Step& action) const;
-    /// The same for a window whose buttons run actions of their own: it opens when the busy pointer is gone again.
+    /// The same for a button that opens a window with a gate of its own: `open` runs once the busy pointer is gone.
     void connectWindow(QAbstractButton* button, const Conditions& conditions, const Step& open) const;
 
     void run(const Step& action) const;
-    /// Without the busy pointer: for what is quick, and keeps nothing else out.
+    /// The same without the busy pointer, for quick steps.
     void runQuick(const Step& step) const;
 
-    /// Slots that do so, for the signals of lists and keys.
+    /// Slots that call run() and runQuick(), for the signals of lists and keys.
     template <typename Owner, typename... Values> auto action(Owner* owner, void (Owner::*step)(Values...)) const
     {
         return [=, this](Values... values) { run([&] { (owner->*step)(values...); }); };

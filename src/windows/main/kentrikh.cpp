@@ -170,7 +170,7 @@ void Kentrikh::connectButtons()
     m_gate.connect(m_codesPage->button(command::exitFromCodesPage), {}, [this] { leave(); });
 }
 
-/// The printing page is left out: a report judges the period itself.
+/// The period is not checked here: a report checks it itself, with its own message.
 bool Kentrikh::settle()
 {
     m_book.refuseReplaced();

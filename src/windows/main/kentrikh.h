@@ -57,13 +57,13 @@ private:
     QWidget* scrolling(QWidget* page);
     void addTabKeys();
     void connectPages();
-
     void connectButtons();
+
     void insertCode();
     void editGroups();
     void printReport();
-    /// Judges what was left on the cash page and not judged yet. False when something was refused, or the program was
-    /// ended meanwhile. Throws where the book was replaced.
+    /// Checks the fields of the cash page that were left and have not been checked yet. Returns false if one was
+    /// refused or the program has ended meanwhile. Throws if the book was replaced.
     [[nodiscard]] bool settle();
     /// Tells the user over the window that asks when another computer holds the marker.
     [[nodiscard]] bool refusedByMarker(QWidget* asking);

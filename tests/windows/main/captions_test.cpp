@@ -5,7 +5,9 @@
 #include "codes/omada_kvdikvn.h"
 #include "preview/ektypvsh.h"
 #include "preview/printer_choice.h"
+#include "preview/progress_window.h"
 #include "preview/report_saver.h"
+#include "preview/save_dialog.h"
 #include "printing/analysh_frm.h"
 #include "printing/epilogh_omadvn.h"
 #include "printing/option_question.h"
@@ -81,6 +83,8 @@ TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
     found += captionsIn(EpiloghOmadvn({}, settings));
     found += captionsIn(Ektypvsh(printers, saver));
     found += captionsIn(PrinterChoice(printers, nullptr));
+    found += captionsIn(ProgressWindow({"Εκτύπωση", "Διαβάζονται οι κινήσεις", "Γραμμές"}, nullptr));
+    found += captionsIn(SaveDialog("Αποθήκευση", {{"Έγγραφο PDF (*.pdf)", "pdf"}}, nullptr));
     EXPECT_EQ(found.toStdString(), expected());
 
     for (const char* const label : {"Label3D1(0)", "Label3D1(1)", "Label3D1(3)"}) {
