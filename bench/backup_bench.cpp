@@ -77,9 +77,9 @@ void run(const BookFiles& book, int rounds)
     for (int round = 0; round < rounds; ++round) {
         const auto begin = Clock::now();
         const QString path = folder.filePath(QStringLiteral("%1.tar").arg(round));
-        const CopyReport report = makeBackup(book, path, keys);
+        const CopyEffort effort = makeBackup(book, path, keys);
         std::printf("longest commit, beside a backup:     %8.1f ms; locked %.1f ms, %d attempts, all %.1f ms\n",
-            milliseconds(writer.takeLongest()), static_cast<double>(report.longestLock.count()) / 1e3, report.attempts,
+            milliseconds(writer.takeLongest()), static_cast<double>(effort.longestLock.count()) / 1e3, effort.attempts,
             milliseconds(Clock::now() - begin));
         QFile::remove(path);
     }

@@ -16,7 +16,7 @@
 #include "cashbook/movement_batch.h"
 #include "codes/code_catalogue.h"
 #include "codes/group_maintenance.h"
-#include "commands/check_report.h"
+#include "commands/findings_text.h"
 #include "platform/date_text.h"
 #include "platform/engine/transaction.h"
 #include "platform/machine_identity.h"

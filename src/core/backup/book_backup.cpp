@@ -140,7 +140,7 @@ void removeUnfinishedBackups(const Folder& folder) noexcept
     }
 }
 
-CopyReport makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys)
+CopyEffort makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys)
 {
     if (folder.exists(name))
         throw BookCopyFailed(folder.pathOf(name), QStringLiteral("υπάρχει ήδη."));
@@ -148,11 +148,11 @@ CopyReport makeBackup(const BookFiles& book, const Folder& folder, const QString
     try {
         return asCopy([&] {
             UnfinishedBackup backup(folder, name);
-            const CopyReport report = copyBook(book, backup.staging(), keys);
+            const CopyEffort effort = copyBook(book, backup.staging(), keys);
             backup.pack();
             backup.prove(keys);
             backup.complete();
-            return report;
+            return effort;
         });
     } catch (const LockRefused& refusal) {
         throw BookCopyFailed(folder.pathOf(name), QString::fromUtf8(refusal.what()));
@@ -163,7 +163,7 @@ CopyReport makeBackup(const BookFiles& book, const Folder& folder, const QString
     }
 }
 
-CopyReport makeBackup(const BookFiles& book, const QString& path, KeyRing& keys)
+CopyEffort makeBackup(const BookFiles& book, const QString& path, KeyRing& keys)
 {
     const QFileInfo file(path);
     const Folder folder = asCopy([&] { return Folder(file.absolutePath()); });

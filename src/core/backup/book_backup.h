@@ -33,8 +33,8 @@ void removeUnfinishedBackups(const Folder& folder) noexcept;
 /// Throws BookCopyFailed, also when there is a file of that name, SqlError when the book cannot be read, GivenUp when
 /// a StopCheck, asked for every megabyte of each of the four passes and from time to time in the proof, says no;
 /// nothing stays behind then.
-CopyReport makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys);
+CopyEffort makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys);
 /// The same under a path that a user names.
-CopyReport makeBackup(const BookFiles& book, const QString& path, KeyRing& keys);
+CopyEffort makeBackup(const BookFiles& book, const QString& path, KeyRing& keys);
 
 } // namespace lorvan

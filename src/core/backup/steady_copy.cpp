@@ -115,14 +115,14 @@ public:
     {
     }
 
-    CopyReport run()
+    CopyEffort run()
     {
         copyUnlocked();
         while (!untilUnlocked([this] { return copyLocked(); }))
             giveWritersTheirTurn();
         m_main.complete();
         m_auxiliary.complete();
-        return m_report;
+        return m_effort;
     }
 
 private:
@@ -182,11 +182,11 @@ private:
     [[nodiscard]] bool copyLocked()
     {
         const SharedLock lock(m_book, m_patience);
-        const bool toTheEnd = ++m_report.attempts >= m_patience.attempts;
+        const bool toTheEnd = ++m_effort.attempts >= m_patience.attempts;
         const bool isWhole = update([&] { return toTheEnd || lock.age() < m_patience.locked; });
         m_book.refuseDisturbed();
-        m_report.longestLock =
-            std::max(m_report.longestLock, std::chrono::duration_cast<std::chrono::microseconds>(lock.age()));
+        m_effort.longestLock =
+            std::max(m_effort.longestLock, std::chrono::duration_cast<std::chrono::microseconds>(lock.age()));
         return isWhole;
     }
 
@@ -200,7 +200,7 @@ private:
     }
 
     CopyPatience m_patience;
-    CopyReport m_report;
+    CopyEffort m_effort;
     Connection m_book;
     FileCopy m_main;
     FileCopy m_auxiliary;
@@ -214,14 +214,14 @@ void continueOrGiveUp()
         throw GivenUp();
 }
 
-CopyReport copyBook(const BookFiles& book, const Folder& copy, KeyRing& keys, const CopyPatience& patience)
+CopyEffort copyBook(const BookFiles& book, const Folder& copy, KeyRing& keys, const CopyPatience& patience)
 {
-    const CopyReport report = SteadyCopy(book, copy, keys, patience).run();
+    const CopyEffort effort = SteadyCopy(book, copy, keys, patience).run();
     asCopy([&] { copy.sync(); });
-    return report;
+    return effort;
 }
 
-CopyReport copyBook(const BookFiles& book, const BookFiles& copy, KeyRing& keys, const CopyPatience& patience)
+CopyEffort copyBook(const BookFiles& book, const BookFiles& copy, KeyRing& keys, const CopyPatience& patience)
 {
     return copyBook(book, asCopy([&] { return Folder(copy.dataFolder()); }), keys, patience);
 }

@@ -35,7 +35,7 @@ struct CopyPatience {
 };
 
 /// What a copy took.
-struct CopyReport {
+struct CopyEffort {
     std::chrono::microseconds longestLock{0};
     int attempts = 0;
 };
@@ -49,7 +49,7 @@ struct CopyReport {
 ///
 /// A StopCheck is asked from time to time; when it says no, GivenUp is thrown. Throws SqlError when the book cannot be
 /// read, BookCopyFailed when the copies cannot be written; what was written stays.
-CopyReport copyBook(const BookFiles& book, const Folder& copy, KeyRing& keys, const CopyPatience& patience = {});
-CopyReport copyBook(const BookFiles& book, const BookFiles& copy, KeyRing& keys, const CopyPatience& patience = {});
+CopyEffort copyBook(const BookFiles& book, const Folder& copy, KeyRing& keys, const CopyPatience& patience = {});
+CopyEffort copyBook(const BookFiles& book, const BookFiles& copy, KeyRing& keys, const CopyPatience& patience = {});
 
 } // namespace lorvan

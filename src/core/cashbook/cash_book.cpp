@@ -68,25 +68,26 @@ bool CashBook::mayChange(QDate day)
     return m_rights.modifyCash || !isDayClosed(day);
 }
 
-std::variant<MovementCode, Refusal> CashBook::checkActive(const MovementDraft& draft)
+std::variant<MovementCode, MovementRefusal> CashBook::validateActive(const MovementDraft& draft)
 {
-    return checkMovement(draft, [this](qint32 code) { return findCode(m_book.main(), code, CodeSelection::Active); });
+    return validateMovement(
+        draft, [this](qint32 code) { return findCode(m_book.main(), code, CodeSelection::Active); });
 }
 
-std::optional<Refusal> CashBook::check(const MovementDraft& draft)
+std::optional<MovementRefusal> CashBook::refusalOf(const MovementDraft& draft)
 {
-    const auto content = checkActive(draft);
-    const auto* const refusal = std::get_if<Refusal>(&content);
+    const auto content = validateActive(draft);
+    const auto* const refusal = std::get_if<MovementRefusal>(&content);
     return refusal ? std::optional(*refusal) : std::nullopt;
 }
 
-std::variant<Movement, Refusal> CashBook::changeable(qint64 key)
+std::variant<Movement, MovementRefusal> CashBook::changeable(qint64 key)
 {
     const auto stored = find(key);
     if (!stored)
-        return Refusal::MovementIsGone;
+        return MovementRefusal::MovementIsGone;
     if (!mayChange(stored->day))
-        return Refusal::DayIsClosed;
+        return MovementRefusal::DayIsClosed;
     return *stored;
 }
 
@@ -102,9 +103,9 @@ ChangeOutcome CashBook::insert(const MovementDraft& draft)
     Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
     Transaction writing(main);
     if (!mayChange(draft.day))
-        return Refusal::DayIsClosed;
-    const auto code = checkActive(draft);
-    if (const auto* const refusal = std::get_if<Refusal>(&code))
+        return MovementRefusal::DayIsClosed;
+    const auto code = validateActive(draft);
+    if (const auto* const refusal = std::get_if<MovementRefusal>(&code))
         return *refusal;
     addMovement(main, draft, std::get<MovementCode>(code).group);
     DayView view = settleDay(main, draft.day, effect(draft));
@@ -118,10 +119,10 @@ ChangeOutcome CashBook::modify(qint64 key, const MovementDraft& draft)
     Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
     Transaction writing(main);
     const auto found = changeable(key);
-    if (const auto* const refusal = std::get_if<Refusal>(&found))
+    if (const auto* const refusal = std::get_if<MovementRefusal>(&found))
         return *refusal;
-    const auto code = checkActive(draft);
-    if (const auto* const refusal = std::get_if<Refusal>(&code))
+    const auto code = validateActive(draft);
+    if (const auto* const refusal = std::get_if<MovementRefusal>(&code))
         return *refusal;
     const auto& stored = std::get<Movement>(found);
     overwriteMovement(main, key, draft, std::get<MovementCode>(code).group);
@@ -136,7 +137,7 @@ ChangeOutcome CashBook::remove(qint64 key)
     Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
     Transaction writing(main);
     const auto found = changeable(key);
-    if (const auto* const refusal = std::get_if<Refusal>(&found))
+    if (const auto* const refusal = std::get_if<MovementRefusal>(&found))
         return *refusal;
     const auto& stored = std::get<Movement>(found);
     removeMovement(main, key);

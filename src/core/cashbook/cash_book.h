@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cashbook/day_view.h"
-#include "cashbook/movement_check.h"
+#include "cashbook/movement_validation.h"
 #include "users/sign_in.h"
 
 #include <optional>
@@ -12,7 +12,7 @@ namespace lorvan {
 class Book;
 
 /// The changed day, or the reason why nothing was changed.
-using ChangeOutcome = std::variant<DayView, Refusal>;
+using ChangeOutcome = std::variant<DayView, MovementRefusal>;
 
 enum class DayRow { Write, LeaveAlone };
 
@@ -40,7 +40,7 @@ public:
 
     /// Checks the content of a movement, in this order: date, code, code still active, description. insert() and
     /// modify() check it too; this is for use before the user is asked for confirmation.
-    [[nodiscard]] std::optional<Refusal> check(const MovementDraft& draft);
+    [[nodiscard]] std::optional<MovementRefusal> refusalOf(const MovementDraft& draft);
 
     /// Adds the movement to its day. The description is stored trimmed; the group number is that of the code.
     [[nodiscard]] ChangeOutcome insert(const MovementDraft& draft);
@@ -57,9 +57,9 @@ public:
 
 private:
     /// The draft's code, if the draft may be stored.
-    [[nodiscard]] std::variant<MovementCode, Refusal> checkActive(const MovementDraft& draft);
+    [[nodiscard]] std::variant<MovementCode, MovementRefusal> validateActive(const MovementDraft& draft);
     /// The stored movement, if it may be changed or deleted.
-    [[nodiscard]] std::variant<Movement, Refusal> changeable(qint64 key);
+    [[nodiscard]] std::variant<Movement, MovementRefusal> changeable(qint64 key);
 
     Book& m_book;
     Rights m_rights;

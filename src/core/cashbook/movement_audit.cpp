@@ -9,7 +9,7 @@
 namespace lorvan {
 namespace {
 
-constexpr std::int64_t rowsBetweenReports = 4096;
+constexpr std::int64_t rowsBetweenProgress = 4096;
 
 enum Column { Key, Code, Day, Income, Expense, Group, Cheque, Memorandum };
 constexpr auto allMovements = "SELECT aa, kvdikos, hmeromhnia, esoda, ejoda, aa_omada, epitagh, L_tajeos"
@@ -199,7 +199,7 @@ MovementAudit auditMovements(Connection& book, const CheckProgress& progress)
     auto rows = book.prepare(allMovements);
     for (std::int64_t done = 0; rows.step(); ++done) {
         pass.take(rows);
-        if (done % rowsBetweenReports == 0)
+        if (done % rowsBetweenProgress == 0)
             progress(done, whole);
     }
     return pass.finish();

@@ -58,11 +58,11 @@ bool MovementBatch::mayChange(QDate day)
     return known->second;
 }
 
-std::variant<MovementCode, Refusal> MovementBatch::checked(const MovementDraft& draft)
+std::variant<MovementCode, MovementRefusal> MovementBatch::validate(const MovementDraft& draft)
 {
     if (!mayChange(draft.day))
-        return Refusal::DayIsClosed;
-    return checkMovement(draft, [this](qint32 code) {
+        return MovementRefusal::DayIsClosed;
+    return validateMovement(draft, [this](qint32 code) {
         const auto [known, isNew] = m_codes.try_emplace(code);
         if (isNew)
             known->second = findCode(m_main, code, CodeSelection::All);
@@ -70,17 +70,17 @@ std::variant<MovementCode, Refusal> MovementBatch::checked(const MovementDraft& 
     });
 }
 
-std::optional<Refusal> MovementBatch::check(const MovementDraft& draft)
+std::optional<MovementRefusal> MovementBatch::refusalOf(const MovementDraft& draft)
 {
-    const auto outcome = checked(draft);
-    const auto* const refusal = std::get_if<Refusal>(&outcome);
+    const auto outcome = validate(draft);
+    const auto* const refusal = std::get_if<MovementRefusal>(&outcome);
     return refusal ? std::optional(*refusal) : std::nullopt;
 }
 
-std::optional<Refusal> MovementBatch::add(const MovementDraft& draft)
+std::optional<MovementRefusal> MovementBatch::add(const MovementDraft& draft)
 {
-    const auto outcome = checked(draft);
-    if (const auto* const refusal = std::get_if<Refusal>(&outcome))
+    const auto outcome = validate(draft);
+    if (const auto* const refusal = std::get_if<MovementRefusal>(&outcome))
         return *refusal;
     addMovement(m_main, draft, std::get<MovementCode>(outcome).group);
     m_differences[draft.day] += draft.income - draft.expense;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cashbook/movement_check.h"
+#include "cashbook/movement_validation.h"
 #include "platform/currency.h"
 #include "users/sign_in.h"
 
@@ -21,10 +21,10 @@ public:
     MovementBatch(Connection& main, Connection& auxiliary, Rights rights);
 
     /// Why the movement may not be stored; closed days are checked first, then the content.
-    [[nodiscard]] std::optional<Refusal> check(const MovementDraft& draft);
+    [[nodiscard]] std::optional<MovementRefusal> refusalOf(const MovementDraft& draft);
 
-    /// Stores a movement if check() allows it; its day is left to settle(). Throws CurrencyOverflow.
-    [[nodiscard]] std::optional<Refusal> add(const MovementDraft& draft);
+    /// Stores a movement if nothing stands in its way; its day is left to settle(). Throws CurrencyOverflow.
+    [[nodiscard]] std::optional<MovementRefusal> add(const MovementDraft& draft);
 
     /// Writes the rows of all days with new movements and shifts the balances of the days after them. To be called
     /// once, after the last add(). `progress` is called with the number of days done and the total. Returns how many of
@@ -33,7 +33,7 @@ public:
 
 private:
     [[nodiscard]] bool mayChange(QDate day);
-    [[nodiscard]] std::variant<MovementCode, Refusal> checked(const MovementDraft& draft);
+    [[nodiscard]] std::variant<MovementCode, MovementRefusal> validate(const MovementDraft& draft);
     [[nodiscard]] qint64 settleDay(QDate day);
 
     Connection& m_main;

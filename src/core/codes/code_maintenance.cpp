@@ -34,7 +34,7 @@ MovementCode rowOf(const CodeEntry& entry, qint32 code, qint32 group)
 }
 
 /// The row to be added, if the entry is accepted.
-std::variant<MovementCode, CodeRefusal> checkInsertion(Connection& main, const CodeEntry& entry)
+std::variant<MovementCode, CodeRefusal> validateInsertion(Connection& main, const CodeEntry& entry)
 {
     const QString description = entry.description.trimmed();
     if (entry.code.trimmed().isEmpty() || description.isEmpty())
@@ -99,7 +99,7 @@ qint64 storeCode(Connection& main, const MovementCode& code)
 std::variant<MovementCode, CodeRefusal> insertCode(Connection& main, const CodeEntry& entry)
 {
     Transaction writing(main);
-    auto checked = checkInsertion(main, entry);
+    auto checked = validateInsertion(main, entry);
     if (auto* const code = std::get_if<MovementCode>(&checked)) {
         code->row = storeCode(main, *code);
         writing.commit();
@@ -147,7 +147,7 @@ std::optional<ModificationEffects> effectsOfModification(
     return effects;
 }
 
-std::optional<CodeRefusal> checkRemoval(Connection& main, qint64 row)
+std::optional<CodeRefusal> refusalOfRemoval(Connection& main, qint64 row)
 {
     const auto code = readCode(main, row);
     if (!code)
@@ -158,7 +158,7 @@ std::optional<CodeRefusal> checkRemoval(Connection& main, qint64 row)
 std::optional<CodeRefusal> removeCode(Connection& main, qint64 row)
 {
     Transaction writing(main);
-    if (const auto refusal = checkRemoval(main, row))
+    if (const auto refusal = refusalOfRemoval(main, row))
         return refusal;
     main.prepare("DELETE FROM kvdikoi WHERE aa=?").bind(row).run();
     writing.commit();

@@ -64,6 +64,6 @@ struct ModificationEffects {
 [[nodiscard]] std::optional<CodeRefusal> removeCode(Connection& main, qint64 row);
 
 /// Why removeCode() would refuse: for use before the user is asked for confirmation.
-[[nodiscard]] std::optional<CodeRefusal> checkRemoval(Connection& main, qint64 row);
+[[nodiscard]] std::optional<CodeRefusal> refusalOfRemoval(Connection& main, qint64 row);
 
 } // namespace lorvan

@@ -4,7 +4,7 @@
 #include "book/schema_guard.h"
 #include "cashbook/book_check.h"
 #include "cashbook/book_repair.h"
-#include "commands/check_report.h"
+#include "commands/findings_text.h"
 #include "support/claimed_marker.h"
 #include "support/opened_book.h"
 #include "support/progress_bar.h"

@@ -41,7 +41,7 @@ ExitStatus create(Arguments& arguments, const ToolContext& context)
     NewBook made(folder);
     if (user)
         fillHidden([&] { addUser(made.book().auxiliary(), user->name, user->password, allRights); });
-    Interruption::check();
+    Interruption::throwIfCome();
     made.keep();
 
     context.out << "Το νέο βιβλίο είναι έτοιμο στον φάκελο " << folder.toStdString() << '\n';

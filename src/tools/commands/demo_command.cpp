@@ -36,9 +36,9 @@ void printUsers(std::ostream& out)
 void makeBook(const QString& folder, QDate today, std::uint64_t seed)
 {
     NewBook made(folder);
-    Interruption::check();
+    Interruption::throwIfCome();
     fillHidden([&] { fillDemoBook(made.book(), today, seed); });
-    Interruption::check();
+    Interruption::throwIfCome();
     made.keep();
 }
 

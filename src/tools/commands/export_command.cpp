@@ -24,7 +24,7 @@ ExitStatus exportTables(Arguments& arguments, const ToolContext& context)
         ProgressBar bar(context, QStringLiteral("Εξαγωγή"));
         files = exportBook(book, folder, passwords, [&](qint64 done, qint64 whole) { bar.show(done, whole); });
     }
-    Interruption::check();
+    Interruption::throwIfCome();
     const QStringList staying = folder.keep(files);
     context.out << "Το βιβλίο γράφτηκε σε αρχεία CSV και XLSX στον φάκελο " << target.toStdString() << '\n';
     if (staying.isEmpty())

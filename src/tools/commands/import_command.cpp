@@ -1,6 +1,6 @@
 #include "support/command.h"
 
-#include "legacy/import_report.h"
+#include "legacy/import_tally.h"
 #include "legacy/legacy_book.h"
 #include "legacy/legacy_store.h"
 #include "support/interruption.h"
@@ -66,7 +66,7 @@ LegacyBook readOlder(const LegacyFiles& files, JetDamage& damage)
     }
 }
 
-ImportReport importBook(const Folders& folders, const LegacyFiles& files, JetDamage& damage, const ToolContext& context)
+ImportTally importBook(const Folders& folders, const LegacyFiles& files, JetDamage& damage, const ToolContext& context)
 {
     const LegacyBook legacy = readOlder(files, damage);
     NewBook made(folders.target);
@@ -75,17 +75,17 @@ ImportReport importBook(const Folders& folders, const LegacyFiles& files, JetDam
         const auto whole = static_cast<std::int64_t>(legacy.rowCount());
         fillHidden([&] {
             storeLegacyBook(legacy, made.book(), [&](std::uint64_t stored) {
-                Interruption::check();
+                Interruption::throwIfCome();
                 progress.show(static_cast<std::int64_t>(stored), whole);
             });
         });
     }
-    ImportReport report(legacy, made.book());
-    if (!report.agrees())
+    ImportTally tally(legacy, made.book());
+    if (!tally.agrees())
         throw Refused(QStringLiteral("Το νέο βιβλίο δεν συμφωνεί με το παλιό. Δεν άλλαξε τίποτα."));
-    Interruption::check();
+    Interruption::throwIfCome();
     made.keep();
-    return report;
+    return tally;
 }
 
 ExitStatus importOlderBook(Arguments& arguments, const ToolContext& context)
@@ -103,9 +103,9 @@ ExitStatus importOlderBook(Arguments& arguments, const ToolContext& context)
     warnOfLocks(files, context);
 
     JetDamage damage(salvages ? JetDamage::Answer::Collect : JetDamage::Answer::Refuse);
-    const ImportReport report = importBook(folders, files, damage, context);
+    const ImportTally tally = importBook(folders, files, damage, context);
     context.out << "Το βιβλίο μεταφέρθηκε στον φάκελο " << folders.target.toStdString() << "\n\n";
-    report.print(context.out);
+    tally.print(context.out);
     printDamage(damage, context.out);
     return damage.count() == 0 ? ExitStatus::Done : ExitStatus::Found;
 }

@@ -44,7 +44,7 @@ CsvImportOutcome import(OpenedBook& book, const QString& folder, ImportChoices c
     ensureMainSchema(book.connection(), openingSteps());
     ProgressBar bar(context, QStringLiteral("Εισαγωγή"));
     return importCsv(book.connection(), folder, choices, context.clock, [&bar](qint64 done, qint64 whole) {
-        Interruption::check();
+        Interruption::throwIfCome();
         bar.show(done, whole);
     });
 }

@@ -4,7 +4,7 @@
 #include "book/book_files.h"
 #include "book/failure_text.h"
 #include "book/pending_restore.h"
-#include "commands/check_report.h"
+#include "commands/findings_text.h"
 #include "platform/stop_check.h"
 #include "support/claimed_marker.h"
 #include "support/interruption.h"
@@ -35,7 +35,7 @@ BookFindings findingsIn(const BookFiles& staged, const ToolContext& context)
             bar.show(done, whole);
         }).findings;
     } catch (const Refused&) {
-        Interruption::check();
+        Interruption::throwIfCome();
         return {};
     }
 }
@@ -74,7 +74,7 @@ ExitStatus restore(Arguments& arguments, const ToolContext& context)
         marker.emplace(book);
     const auto restored = unpack(backup, book, context);
     const BookFindings findings = findingsIn(restored->staged(), context);
-    Interruption::check();
+    Interruption::throwIfCome();
     std::optional<QString> aside;
     try {
         aside = restored->replace(context.clock.now());

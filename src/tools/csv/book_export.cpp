@@ -19,7 +19,7 @@
 namespace lorvan {
 namespace {
 
-constexpr qint64 rowsBetweenReports = 256;
+constexpr qint64 rowsBetweenProgress = 256;
 constexpr qsizetype writtenAtOnce = 1 << 20;
 const QString workbookName = QStringLiteral("kinhseis.xlsx");
 
@@ -171,7 +171,7 @@ private:
     void writeWorkbook();
     void noteRow()
     {
-        if (++m_done % rowsBetweenReports == 0)
+        if (++m_done % rowsBetweenProgress == 0)
             m_progress(m_done, m_rows);
     }
 

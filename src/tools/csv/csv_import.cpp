@@ -34,7 +34,7 @@ const std::vector<CsvColumn> movementColumns{{"aa", Need::Ignored}, {"kvdikos"},
 const std::vector<CsvColumn> openingColumns{{"day"}, {"amount"}};
 const std::vector<CsvColumn> counterColumns{{"name"}, {"seq"}};
 
-constexpr qint64 rowsBetweenReports = 256;
+constexpr qint64 rowsBetweenProgress = 256;
 constexpr qint64 settlingShare = 4; ///< Settling the days is taken for a fourth of reading the files.
 
 class Import {
@@ -52,7 +52,7 @@ private:
     void readRows(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take);
     [[nodiscard]] bool takeNext(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take);
     void noteBad(qint64 line, const QString& reason);
-    void report(qint64 done) const;
+    void tellProgress(qint64 done) const;
 
     void takeGroup(const CsvTable& row);
     void takeCode(const CsvTable& row);
@@ -63,7 +63,7 @@ private:
     [[nodiscard]] MovementCode codeIn(const CsvTable& row);
     void giveGroup(MovementCode& code, const CsvTable& row) const;
     [[nodiscard]] qint32 groupNamed(const QString& name) const;
-    [[nodiscard]] std::optional<Refusal> enter(const MovementDraft& draft);
+    [[nodiscard]] std::optional<MovementRefusal> enter(const MovementDraft& draft);
     void enterOpening(QDate day, Currency amount);
 
     [[nodiscard]] QString pathOf(const char* name) const { return m_folder + u'/' + QString::fromLatin1(name); }
@@ -106,8 +106,9 @@ CsvImportOutcome Import::run()
     readFile(import_files::openingDifferences, openingColumns, &Import::takeOpening);
     readFile(import_files::counters, counterColumns, &Import::takeCounter);
     if (isAllGood()) {
-        m_outcome.repeatedMovements = m_batch.settle(
-            [this](qint64 done, qint64 days) { report(m_bytesInAll + m_bytesInAll / settlingShare * done / days); });
+        m_outcome.repeatedMovements = m_batch.settle([this](qint64 done, qint64 days) {
+            tellProgress(m_bytesInAll + m_bytesInAll / settlingShare * done / days);
+        });
     }
     return std::move(m_outcome);
 }
@@ -142,8 +143,8 @@ void Import::readFile(const char* name, const std::vector<CsvColumn>& columns, T
 void Import::readRows(CsvTable& table, const std::vector<CsvColumn>& columns, TakeRow take)
 {
     for (qint64 row = 0; takeNext(table, columns, take); ++row) {
-        if (row % rowsBetweenReports == 0)
-            report(m_bytesBefore + table.bytesRead());
+        if (row % rowsBetweenProgress == 0)
+            tellProgress(m_bytesBefore + table.bytesRead());
     }
 }
 
@@ -176,7 +177,7 @@ void Import::noteBad(qint64 line, const QString& reason)
         m_outcome.badLines.push_back({m_file, line, reason});
 }
 
-void Import::report(qint64 done) const
+void Import::tellProgress(qint64 done) const
 {
     if (m_progress)
         m_progress(done, m_bytesInAll + m_bytesInAll / settlingShare);
@@ -285,10 +286,10 @@ MovementDraft movementIn(const CsvTable& row)
 }
 
 /// Nothing will be kept after a bad line: the rest is only looked through.
-std::optional<Refusal> Import::enter(const MovementDraft& draft)
+std::optional<MovementRefusal> Import::enter(const MovementDraft& draft)
 {
     try {
-        return isAllGood() ? m_batch.add(draft) : m_batch.check(draft);
+        return isAllGood() ? m_batch.add(draft) : m_batch.refusalOf(draft);
     } catch (const CurrencyOverflow&) {
         throw import_reasons::amountsTooLarge(draft.day);
     }
@@ -300,7 +301,7 @@ void Import::takeMovement(const CsvTable& row)
     const auto refusal = enter(draft);
     if (!refusal)
         ++m_outcome.movements;
-    else if (*refusal != Refusal::CodeHasChanged || !m_badCodes.contains(draft.code))
+    else if (*refusal != MovementRefusal::CodeHasChanged || !m_badCodes.contains(draft.code))
         throw import_reasons::movementRefused(*refusal, draft);
 }
 

@@ -44,7 +44,7 @@ CsvReader::CsvReader(QIODevice& device)
 
 void CsvReader::fill()
 {
-    Interruption::check();
+    Interruption::throwIfCome();
     m_buffer = m_device.read(readAtOnce);
     m_next = 0;
     m_bytesRead += m_buffer.size();

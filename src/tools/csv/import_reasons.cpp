@@ -60,18 +60,18 @@ BadRow incomeAndExpense()
     return BadRow(QStringLiteral("έχει και έσοδα και έξοδα"));
 }
 
-BadRow movementRefused(Refusal refusal, const MovementDraft& draft)
+BadRow movementRefused(MovementRefusal refusal, const MovementDraft& draft)
 {
     switch (refusal) {
-    case Refusal::DayIsClosed:
+    case MovementRefusal::DayIsClosed:
         return dayIsClosed(draft.day);
-    case Refusal::CodeHasChanged:
-    case Refusal::NoCode:
+    case MovementRefusal::CodeHasChanged:
+    case MovementRefusal::NoCode:
         return BadRow(QStringLiteral("ο κωδικός %1 δεν υπάρχει ούτε στο βιβλίο ούτε στο kvdikoi.csv").arg(draft.code));
-    case Refusal::NoDescription:
+    case MovementRefusal::NoDescription:
         return BadRow(QStringLiteral("λείπει η περιγραφή της κίνησης"));
-    case Refusal::DateIsInvalid:
-    case Refusal::MovementIsGone:
+    case MovementRefusal::DateIsInvalid:
+    case MovementRefusal::MovementIsGone:
         break;
     }
     return BadRow(QStringLiteral("η ημερομηνία δεν είναι σωστή"));

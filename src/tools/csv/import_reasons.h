@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cashbook/movement_check.h"
+#include "cashbook/movement_validation.h"
 #include "csv/csv_table.h"
 
 namespace lorvan::import_reasons {
@@ -20,7 +20,7 @@ namespace lorvan::import_reasons {
 [[nodiscard]] BadRow codeDescriptionTaken(const QString& description);
 
 [[nodiscard]] BadRow incomeAndExpense();
-[[nodiscard]] BadRow movementRefused(Refusal refusal, const MovementDraft& draft);
+[[nodiscard]] BadRow movementRefused(MovementRefusal refusal, const MovementDraft& draft);
 [[nodiscard]] BadRow amountsTooLarge(QDate day);
 
 [[nodiscard]] BadRow dayIsClosed(QDate day);

@@ -45,7 +45,7 @@ QByteArray wholeContent(const QString& path)
     const qint64 size = file.size();
     QByteArray content;
     while (!file.atEnd() && file.error() == QFileDevice::NoError) {
-        Interruption::check();
+        Interruption::throwIfCome();
         content += file.read(readAtOnce);
     }
     if (content.size() != size)

@@ -27,7 +27,7 @@ public:
     {
         findPages();
         for (std::uint32_t page = 0; page < m_file.pageCount(); ++page) {
-            Interruption::check();
+            Interruption::throwIfCome();
             if (m_isMapped[page])
                 m_damage.attempt(at(page, {}), [&] { readPage(page); });
         }

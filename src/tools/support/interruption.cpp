@@ -49,7 +49,7 @@ QString Interruption::message()
     return QStringLiteral("Η εντολή διακόπηκε. Δεν άλλαξε τίποτα.");
 }
 
-void Interruption::check()
+void Interruption::throwIfCome()
 {
     if (hasCome())
         throw Refused(message());

@@ -19,7 +19,7 @@ public:
     /// What the user is told then.
     [[nodiscard]] static QString message();
     /// Throws Refused with the message when a signal has come.
-    static void check();
+    static void throwIfCome();
 };
 
 } // namespace lorvan

@@ -104,7 +104,7 @@ void MovementEntryPage::lineOpened(qint64 key)
     const auto movement = m_cashBook.find(key);
     showClosedState(enteredDay());
     if (!movement)
-        explain(Refusal::MovementIsGone, RefusedOperation::Change);
+        explain(MovementRefusal::MovementIsGone, RefusedOperation::Change);
     else if (m_cashBook.mayChange(movement->day))
         load(*movement);
 }

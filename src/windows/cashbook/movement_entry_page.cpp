@@ -187,7 +187,7 @@ void MovementEntryPage::insertMovement()
         return;
     showClosedState(draft.day);
     if (!m_cashBook.mayChange(draft.day)) {
-        explain(Refusal::DayIsClosed, RefusedOperation::Insert);
+        explain(MovementRefusal::DayIsClosed, RefusedOperation::Insert);
         return;
     }
     if (m_loaded
@@ -209,7 +209,7 @@ void MovementEntryPage::modifyMovement()
     MovementDraft draft;
     if (!m_loaded || !readDraft(draft))
         return;
-    if (const auto refusal = m_cashBook.check(draft)) {
+    if (const auto refusal = m_cashBook.refusalOf(draft)) {
         explain(*refusal, RefusedOperation::Change);
         return;
     }
@@ -233,7 +233,7 @@ void MovementEntryPage::removeMovement()
 bool MovementEntryPage::change(RefusedOperation operation, const std::function<ChangeOutcome()>& run)
 {
     const ChangeOutcome outcome = run();
-    if (const auto* const refusal = std::get_if<Refusal>(&outcome)) {
+    if (const auto* const refusal = std::get_if<MovementRefusal>(&outcome)) {
         explain(*refusal, operation);
         return false;
     }
@@ -241,10 +241,10 @@ bool MovementEntryPage::change(RefusedOperation operation, const std::function<C
     return true;
 }
 
-void MovementEntryPage::explain(Refusal refusal, RefusedOperation operation)
+void MovementEntryPage::explain(MovementRefusal refusal, RefusedOperation operation)
 {
     explainRefusal(window(), refusal, operation);
-    if (refusal == Refusal::MovementIsGone)
+    if (refusal == MovementRefusal::MovementIsGone)
         showLines(m_cashBook.showDay(enteredDay(), DayRow::LeaveAlone));
 }
 
@@ -263,7 +263,7 @@ void MovementEntryPage::closeCash()
         showMessage(window(), QMessageBox::Critical, attention,
             QStringLiteral("Ο χρήστης δεν έχει το δικαίωμα να κλίνει το ταμείο"));
     } else if (!day.isValid()) {
-        explain(Refusal::DateIsInvalid, RefusedOperation::Change);
+        explain(MovementRefusal::DateIsInvalid, RefusedOperation::Change);
     } else if (askToClose(day) && closeDay(m_book.auxiliary(), day)) {
         Q_EMIT dayClosed(day);
     }

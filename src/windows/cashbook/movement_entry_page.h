@@ -107,7 +107,7 @@ private:
 
     [[nodiscard]] bool readDraft(MovementDraft& draft);
     bool change(RefusedOperation operation, const std::function<ChangeOutcome()>& run);
-    void explain(Refusal refusal, RefusedOperation operation);
+    void explain(MovementRefusal refusal, RefusedOperation operation);
     void clearEntry();
     [[nodiscard]] bool askToClose(QDate day);
 

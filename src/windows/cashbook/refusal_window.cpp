@@ -4,32 +4,32 @@
 
 namespace lorvan {
 
-void explainRefusal(QWidget* parent, Refusal refusal, RefusedOperation operation)
+void explainRefusal(QWidget* parent, MovementRefusal refusal, RefusedOperation operation)
 {
     const QString attention = QStringLiteral("Προσοχή");
     const auto inform = [parent](const QString& title, const QString& text) {
         showMessage(parent, QMessageBox::Information, title, text);
     };
     switch (refusal) {
-    case Refusal::DayIsClosed:
+    case MovementRefusal::DayIsClosed:
         if (operation == RefusedOperation::Insert)
             inform(attention, QStringLiteral("Ο χρήστης δεν έχει το δικαίωμα της εισαγωγής"));
         else
             explainClosedDay(parent);
         break;
-    case Refusal::DateIsInvalid:
+    case MovementRefusal::DateIsInvalid:
         inform(QStringLiteral("Λάθος στην ημερομηνία"), QStringLiteral("Η ημερομηνία δεν είναι σωστή"));
         break;
-    case Refusal::NoCode:
+    case MovementRefusal::NoCode:
         inform(QStringLiteral("Λάθος κωδικός"), QStringLiteral("Δεν έχετε δώσει κωδικό κίνησης"));
         break;
-    case Refusal::CodeHasChanged:
+    case MovementRefusal::CodeHasChanged:
         inform(QStringLiteral("Λάθος κωδικός"), QStringLiteral("Ο κωδικός έχει αλλάξει ενημερώστε ξανά!"));
         break;
-    case Refusal::NoDescription:
+    case MovementRefusal::NoDescription:
         inform(QStringLiteral("Λάθος στην περιγραφή"), QStringLiteral("Δεν υπάρχει περιγραφή της κίνησης"));
         break;
-    case Refusal::MovementIsGone:
+    case MovementRefusal::MovementIsGone:
         inform(attention, QStringLiteral("Η κίνηση δεν υπάρχει πια. Την έχει διαγράψει άλλος χρήστης."));
         break;
     }

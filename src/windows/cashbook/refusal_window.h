@@ -10,7 +10,7 @@ namespace lorvan {
 enum class RefusedOperation { Insert, Change };
 
 /// Tells the user why a change of movements was refused.
-void explainRefusal(QWidget* parent, Refusal refusal, RefusedOperation operation);
+void explainRefusal(QWidget* parent, MovementRefusal refusal, RefusedOperation operation);
 
 /// The box that keeps a closed day closed.
 void explainClosedDay(QWidget* parent);

@@ -238,7 +238,7 @@ void CodesPage::removeCode()
 {
     if (!m_selected)
         return;
-    if (const auto refusal = checkRemoval(m_book.main(), *m_selected)) {
+    if (const auto refusal = refusalOfRemoval(m_book.main(), *m_selected)) {
         explain(*refusal);
         return;
     }

@@ -20,9 +20,9 @@ class CashBookTest : public testing::Test {
 protected:
     static DayView made(const ChangeOutcome& outcome) { return std::get<DayView>(outcome); }
 
-    static std::optional<Refusal> refusalOf(const ChangeOutcome& outcome)
+    static std::optional<MovementRefusal> refusalOf(const ChangeOutcome& outcome)
     {
-        const auto* const refusal = std::get_if<Refusal>(&outcome);
+        const auto* const refusal = std::get_if<MovementRefusal>(&outcome);
         return refusal ? std::optional(*refusal) : std::nullopt;
     }
 
@@ -116,20 +116,20 @@ TEST_F(CashBookTest, refusesInTheOrderOfTheChecksAndWritesNothing)
         qint32 code;
         const char* description;
         QDate day;
-        Refusal refusal;
-    } cases[] = {{0, "", {}, Refusal::DateIsInvalid}, {0, "", monday, Refusal::NoCode},
-        {999, "", monday, Refusal::CodeHasChanged}, {300, "α", monday, Refusal::CodeHasChanged},
-        {100, "  ", monday, Refusal::NoDescription}};
+        MovementRefusal refusal;
+    } cases[] = {{0, "", {}, MovementRefusal::DateIsInvalid}, {0, "", monday, MovementRefusal::NoCode},
+        {999, "", monday, MovementRefusal::CodeHasChanged}, {300, "α", monday, MovementRefusal::CodeHasChanged},
+        {100, "  ", monday, MovementRefusal::NoDescription}};
     for (const auto& [code, description, day, refusal] : cases) {
         MovementDraft draft = incomeOf(day, cents(1), description);
         draft.code = code;
-        EXPECT_EQ(cashBook.check(draft), refusal);
+        EXPECT_EQ(cashBook.refusalOf(draft), refusal);
         EXPECT_EQ(refusalOf(cashBook.insert(draft)), refusal);
         EXPECT_EQ(refusalOf(cashBook.modify(key, draft)), refusal);
     }
-    EXPECT_EQ(cashBook.check(good), std::nullopt);
-    EXPECT_EQ(refusalOf(cashBook.modify(key + 100, good)), Refusal::MovementIsGone);
-    EXPECT_EQ(refusalOf(cashBook.remove(key + 100)), Refusal::MovementIsGone);
+    EXPECT_EQ(cashBook.refusalOf(good), std::nullopt);
+    EXPECT_EQ(refusalOf(cashBook.modify(key + 100, good)), MovementRefusal::MovementIsGone);
+    EXPECT_EQ(refusalOf(cashBook.remove(key + 100)), MovementRefusal::MovementIsGone);
     EXPECT_EQ(days(), before);
     EXPECT_EQ(storedMovements(open.main()).size(), 1U);
 }
@@ -143,9 +143,10 @@ TEST_F(CashBookTest, aClosedDayIsClosedToThoseWithoutTheRight)
     EXPECT_TRUE(cashBook.isDayClosed(monday));
     EXPECT_FALSE(cashBook.isDayClosed(friday));
 
-    EXPECT_EQ(refusalOf(cashBook.insert(incomeOf(monday, cents(1)))), Refusal::DayIsClosed);
-    EXPECT_EQ(refusalOf(cashBook.modify(key, incomeOf(friday, cents(1)))), Refusal::DayIsClosed) << "its own day";
-    EXPECT_EQ(refusalOf(cashBook.remove(key)), Refusal::DayIsClosed);
+    EXPECT_EQ(refusalOf(cashBook.insert(incomeOf(monday, cents(1)))), MovementRefusal::DayIsClosed);
+    EXPECT_EQ(refusalOf(cashBook.modify(key, incomeOf(friday, cents(1)))), MovementRefusal::DayIsClosed)
+        << "its own day";
+    EXPECT_EQ(refusalOf(cashBook.remove(key)), MovementRefusal::DayIsClosed);
     EXPECT_FALSE(cashBook.mayChange(monday));
     EXPECT_TRUE(cashBook.mayChange(friday));
     EXPECT_EQ(days(), (CashDayLines{"20240311 5 0 5"}));
@@ -249,11 +250,11 @@ TEST(MovementBatch, tellsRepeatedMovementsAndRefusesWhatTypingRefuses)
     MovementDraft unknown = incomeOf(day, cents(5));
     unknown.code = 999;
     MovementBatch batch(main, auxiliary, {});
-    EXPECT_EQ(batch.add(incomeOf(closed, cents(1))), Refusal::DayIsClosed);
-    EXPECT_EQ(batch.add(incomeOf(QDate(), cents(1))), Refusal::DateIsInvalid);
-    EXPECT_EQ(batch.add(unknown), Refusal::CodeHasChanged);
-    EXPECT_EQ(batch.add(incomeOf(day, cents(1), " ")), Refusal::NoDescription);
-    EXPECT_FALSE(MovementBatch(main, auxiliary, {.modifyCash = true}).check(incomeOf(closed, cents(1))));
+    EXPECT_EQ(batch.add(incomeOf(closed, cents(1))), MovementRefusal::DayIsClosed);
+    EXPECT_EQ(batch.add(incomeOf(QDate(), cents(1))), MovementRefusal::DateIsInvalid);
+    EXPECT_EQ(batch.add(unknown), MovementRefusal::CodeHasChanged);
+    EXPECT_EQ(batch.add(incomeOf(day, cents(1), " ")), MovementRefusal::NoDescription);
+    EXPECT_FALSE(MovementBatch(main, auxiliary, {.modifyCash = true}).refusalOf(incomeOf(closed, cents(1))));
     EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kinhseis"), "7");
 }
 

@@ -166,7 +166,7 @@ TEST_F(CodeMaintenanceTest, aCodeWithMovementsIsNotRemoved)
 {
     const qint64 used = rowOf(100);
     const qint64 unused = rowOf(300);
-    EXPECT_EQ(checkRemoval(main, used), CodeRefusal::IsUsed);
+    EXPECT_EQ(refusalOfRemoval(main, used), CodeRefusal::IsUsed);
     EXPECT_EQ(removeCode(main, used), CodeRefusal::IsUsed);
     EXPECT_FALSE(removeCode(main, unused));
     EXPECT_EQ(removeCode(main, unused), CodeRefusal::IsGone);

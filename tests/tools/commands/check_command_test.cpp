@@ -1,4 +1,4 @@
-#include "commands/check_report.h"
+#include "commands/findings_text.h"
 #include "support/mount.h"
 #include "tools/tool_run.h"
 

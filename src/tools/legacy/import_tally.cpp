@@ -1,4 +1,4 @@
-#include "legacy/import_report.h"
+#include "legacy/import_tally.h"
 
 #include "book/book.h"
 #include "cashbook/book_check.h"
@@ -64,7 +64,7 @@ Currency amountIn(const LegacyRow& row, std::size_t column)
 
 } // namespace
 
-ImportReport::ImportReport(const LegacyBook& legacy, Book& made)
+ImportTally::ImportTally(const LegacyBook& legacy, Book& made)
     : m_old(sumsIn(legacy))
     , m_new(sumsIn(made))
     , m_differingDays(differingDays(made.main()))
@@ -80,7 +80,7 @@ ImportReport::ImportReport(const LegacyBook& legacy, Book& made)
     }
 }
 
-ImportReport::Sums ImportReport::sumsIn(const LegacyBook& legacy)
+ImportTally::Sums ImportTally::sumsIn(const LegacyBook& legacy)
 {
     const LegacyRows& movements = legacy.table(legacyMovements);
     const std::size_t income = movements.table->columnIndex(QStringLiteral("esoda"));
@@ -93,19 +93,19 @@ ImportReport::Sums ImportReport::sumsIn(const LegacyBook& legacy)
     return sums;
 }
 
-ImportReport::Sums ImportReport::sumsIn(Book& made)
+ImportTally::Sums ImportTally::sumsIn(Book& made)
 {
     auto sum = made.main().prepare("SELECT sum(esoda), sum(ejoda) FROM kinhseis");
     return sum.step() ? Sums{sum.currency(0), sum.currency(1)} : Sums{};
 }
 
-bool ImportReport::agrees() const
+bool ImportTally::agrees() const
 {
     return m_old == m_new
         && std::all_of(m_rows.begin(), m_rows.end(), [](const Rows& each) { return each.read == each.stored; });
 }
 
-void ImportReport::print(std::ostream& out) const
+void ImportTally::print(std::ostream& out) const
 {
     out << rowLine(QStringLiteral("Γραμμές"), QStringLiteral("διαβάστηκαν"), QStringLiteral("γράφτηκαν"));
     for (const Rows& each : m_rows)
@@ -121,7 +121,7 @@ void ImportReport::print(std::ostream& out) const
         out << "Στο πρώτο άνοιγμα το πρόγραμμα θα ρωτήσει μία φορά το υπόλοιπο του ταμείου.\n";
 }
 
-void ImportReport::printDays(std::ostream& out) const
+void ImportTally::printDays(std::ostream& out) const
 {
     out << "Ημέρες που το ταμείο τους δεν βγαίνει από τις κινήσεις: " << m_differingDays.size() << '\n';
     if (m_differingDays.empty())

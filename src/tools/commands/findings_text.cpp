@@ -1,4 +1,4 @@
-#include "commands/check_report.h"
+#include "commands/findings_text.h"
 
 #include "platform/amount_text.h"
 #include "platform/date_text.h"

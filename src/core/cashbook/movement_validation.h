@@ -10,7 +10,7 @@
 namespace lorvan {
 
 /// Why a change of movements is refused, in cases that the user can correct.
-enum class Refusal {
+enum class MovementRefusal {
     DayIsClosed, ///< The day is closed and the user may not change closed days.
     DateIsInvalid,
     NoCode, ///< No code is chosen.
@@ -24,6 +24,7 @@ using CodeLookUp = std::function<std::optional<MovementCode>(qint32 code)>;
 
 /// The code of a movement whose content may be stored; otherwise the first obstacle among date, code, code still there
 /// and description.
-[[nodiscard]] std::variant<MovementCode, Refusal> checkMovement(const MovementDraft& draft, const CodeLookUp& findCode);
+[[nodiscard]] std::variant<MovementCode, MovementRefusal> validateMovement(
+    const MovementDraft& draft, const CodeLookUp& findCode);
 
 } // namespace lorvan

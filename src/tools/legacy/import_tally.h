@@ -14,11 +14,11 @@ class JetDamage;
 struct LegacyBook;
 
 /// What an import has transferred, counted and summed on both sides.
-class ImportReport {
+class ImportTally {
 public:
     /// Also compares the new book's cash days with its movements. Throws SqlError, and CurrencyOverflow if the
     /// movements' sums are out of range.
-    ImportReport(const LegacyBook& legacy, Book& made);
+    ImportTally(const LegacyBook& legacy, Book& made);
 
     /// True if the new book has the same number of rows and the same sums as were read.
     [[nodiscard]] bool agrees() const;
