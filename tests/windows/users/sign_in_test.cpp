@@ -28,6 +28,11 @@ struct Trouble {
     const char* details;
 };
 
+void PrintTo(const Trouble& each, std::ostream* stream)
+{
+    *stream << each.file << ' ' << each.details;
+}
+
 class SignInOnDamagedBook : public SignInTest, public testing::WithParamInterface<Trouble> { };
 
 TEST_P(SignInOnDamagedBook, saysWhatIsWrongAndEndsUnchanged)
