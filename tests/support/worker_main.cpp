@@ -2,13 +2,11 @@
 // one over the usage marker. What it is about to do, and has done, it appends to a log line by line.
 //
 //   lorvan_test_worker changes DIR LOG SEED            random changes of the book until it is killed
-//   lorvan_test_worker restore DIR LOG FILE            one restore of a backup over the book
 //   lorvan_test_worker pairs   DIR LOG COUNT           so many movements and closed days, four in each transaction
 //   lorvan_test_worker typing  DIR LOG MILLISECONDS    random changes where locks do nothing, with moments between them
 //   lorvan_test_worker looking DIR LOG MILLISECONDS    reads a book all that time in each of the ways, locks or not
 //   lorvan_test_worker marker  DIR LOG HOST ROUNDS     claims and releases the marker, changing the book now and then
 
-#include "backup/book_restore.h"
 #include "backup/steady_copy.h"
 #include "book/lock_trust.h"
 #include "book/usage_marker.h"
@@ -61,14 +59,6 @@ int changeUntilKilled(const BookFiles& files, WorkerLog& log, unsigned seed)
             return 1;
         log.append("done");
     }
-}
-
-int restore(const BookFiles& files, WorkerLog& log, const QString& backup)
-{
-    log.append("ready");
-    RestoredBook(backup, files).replace(fixedClock().now());
-    log.append("done");
-    return 0;
 }
 
 /// Movements, closed days and a balance go up together.
@@ -268,8 +258,6 @@ int run(const QStringList& arguments)
     WorkerLog log(arguments.value(3));
     if (task == "changes")
         return changeUntilKilled(files, log, arguments.value(4).toUInt());
-    if (task == "restore")
-        return restore(files, log, arguments.value(4));
     if (task == "pairs")
         return changeBothFiles(files, log, arguments.value(4).toInt());
     if (task == "typing")
