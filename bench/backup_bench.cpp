@@ -53,7 +53,7 @@ private:
             Connection::open(book.mainDatabase(), keys.keyFor(book.mainDatabase()), Connection::Access::ReadWrite);
         while (!m_ended) {
             const auto begin = Clock::now();
-            Transaction change(main);
+            Transaction change(main, Authority::companion());
             main.execute("UPDATE taytothta SET ariumos=ariumos"); // leaves the book as it is, and writes all the same
             change.commit();
             m_longest = std::max(m_longest.load(), Clock::now() - begin);

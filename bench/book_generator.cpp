@@ -92,7 +92,7 @@ void addCashDays(Connection& main)
 
 void closeAllButTheNewest(Connection& auxiliary)
 {
-    Transaction transaction(auxiliary);
+    Transaction transaction(auxiliary, Authority::companion());
     for (int day = 1; day < cashDays - 7; ++day) {
         if (!isMeasured(day))
             auxiliary.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)").bind(dayAt(day)).run();
@@ -135,7 +135,7 @@ void ensureBook(const BookFiles& files, int movements)
         Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()), Connection::Access::ReadWrite);
     Connection auxiliary = Connection::open(
         files.auxiliaryDatabase(), keys.keyFor(files.auxiliaryDatabase()), Connection::Access::ReadWrite);
-    Transaction transaction(main);
+    Transaction transaction(main, Authority::companion());
     addCodes(main);
     addMovements(main, movements);
     addCashDays(main);

@@ -3,6 +3,7 @@
 #include "bare_sql.h"
 #include "book_generator.h"
 #include "codes/code_maintenance.h"
+#include "platform/authority.h"
 #include "platform/engine/connection.h"
 
 #include <QFile>
@@ -32,7 +33,7 @@ struct Bench {
     {
         const CodeEntry entry{QString::number(firstCode), QStringLiteral("Κωδικός κίνησης"),
             QStringLiteral("Ομάδα %1").arg(group), true, true};
-        (void)modifyCode(main, rowOfCode, entry, group);
+        (void)modifyCode(main, Authority::companion(), rowOfCode, entry, group);
     }
 
     void modifyBare(std::int64_t group) const

@@ -54,7 +54,7 @@ Book filledBook(const BookFiles& files, KeyRing& keys)
     };
     Connection main = open(files.mainDatabase());
     {
-        Transaction transaction(main);
+        Transaction transaction(main, Authority::companion());
         addGroups(main);
         addCodes(main);
         transaction.commit();
@@ -111,7 +111,7 @@ void run()
     DataFolderSettings settings;
     settings.dataFolder = folder.path();
     Kentrikh window(filledBook(files, keys),
-        UsageMarker(files.usageMarker(), {QStringLiteral("user"), QStringLiteral("bench")}), {true, true, true},
+        UsageMarker(files.usageMarker(), {QStringLiteral("user"), QStringLiteral("bench")}), Authority::companion(),
         settings, Clock(), keys);
     window.initialise();
     window.show();

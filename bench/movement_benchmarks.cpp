@@ -15,6 +15,10 @@ constexpr double dayTarget = 1.3;
 constexpr double oldestDayTarget = 1.5;
 constexpr std::int64_t insertedUnits = 123'400;
 constexpr auto insertedText = "Τιμολόγιο 1234 πελάτη";
+constexpr auto insertedState =
+    R"({"L_tajeos":0,"aa":1000000,"ejoda":0,"epitagh":0,"esoda":123400,"hmeromhnia":20240315,"kvdikos":101,)"
+    R"("perigrafh":"Τιμολόγιο 1234 πελάτη"})";
+constexpr auto digest = "0123456789abcdef0123456789abcdef0123456789abcdef0123456789abcdef";
 
 /// The least that the engine has to do, on connections of its own.
 struct BareBook {
@@ -67,6 +71,8 @@ struct BareBook {
     {
         insert.run({std::int64_t(firstCode), day, insertedText, insertedUnits, std::int64_t(0), std::int64_t(1),
             "  101 Τιμολόγιο 1234 πελάτη                         12,34          0 ", std::int64_t(0), std::int64_t(0)});
+        journal.run({std::int64_t(1'700'000'000'000), "ΜΑΡΙΑ", "ταμείο", "insert", "movement/1000000", day,
+            std::int64_t(firstCode), insertedState, digest, digest});
     }
 
     BareConnection main;
@@ -82,6 +88,9 @@ struct BareBook {
     BareStatement insert{main,
         "INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, grammh, epitagh, L_tajeos)"
         " VALUES (?,?,?,?,?,?,?,?,?)"};
+    BareStatement journal{main,
+        "INSERT INTO journal (at, user, computer, action, subject, day, code, after, previous, hash)"
+        " VALUES (?,?,?,?,?,?,?,?,?,?)"};
     BareStatement dayRow{main, "UPDATE tameio SET esoda=?, ejoda=?, ypoloipo=? WHERE hmeromhnia=?"};
     BareStatement shift{main, "UPDATE tameio SET ypoloipo=ypoloipo+? WHERE hmeromhnia>?"};
 };
@@ -94,7 +103,7 @@ struct Bench {
         , book(Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()), Connection::Access::ReadWrite),
               Connection::open(
                   files.auxiliaryDatabase(), keys.keyFor(files.auxiliaryDatabase()), Connection::Access::ReadWrite))
-        , cashBook(book, {})
+        , cashBook(book, Authority::companion())
     {
     }
 
@@ -105,11 +114,16 @@ struct Bench {
     }
 
     /// Each side undoes what it did on its own connection, so that its page cache stays warm.
-    void removeLast() { (void)cashBook.remove(book.main().lastInsertedKey()); }
+    void removeLast()
+    {
+        auto last = book.main().prepare("SELECT max(aa) FROM kinhseis");
+        if (last.step())
+            (void)cashBook.remove(last.integer(0));
+    }
     void removeBareLast(QDate day, bool shifted) const
     {
         bare.begin.run();
-        bare.main.execute("DELETE FROM kinhseis WHERE aa=last_insert_rowid()");
+        bare.main.execute("DELETE FROM kinhseis WHERE aa=(SELECT max(aa) FROM kinhseis)");
         if (shifted)
             bare.shift.run({-insertedUnits, std::int64_t(storedDate(day))});
         bare.commit.run();

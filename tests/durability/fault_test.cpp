@@ -167,15 +167,15 @@ TEST_F(FaultTest, changesOfTheOpenBook)
 {
     const QString longText(3000, u'ω');
     const std::function<void(Book&)> changes[] = {
-        [](Book& open) { (void)CashBook(open, {}).insert(incomeOf(today, cents(5))); },
-        [&](Book& open) { (void)CashBook(open, {}).modify(3, incomeOf(today, cents(5), longText)); },
-        [](Book& open) { (void)CashBook(open, {}).remove(3); },
-        [](Book& open) { closeDay(open.auxiliary(), today); },
+        [](Book& open) { (void)CashBook(open, by()).insert(incomeOf(today, cents(5))); },
+        [&](Book& open) { (void)CashBook(open, by()).modify(3, incomeOf(today, cents(5), longText)); },
+        [](Book& open) { (void)CashBook(open, by()).remove(3); },
+        [](Book& open) { closeDay(open.auxiliary(), byAll(), today); },
         [](Book& open) {
             const qint64 row = listCodes(open.main(), CodeSelection::All).front().row;
-            (void)modifyCode(open.main(), row, {"101", "Νέα", {}}, 0);
+            (void)modifyCode(open.main(), byAll(), row, {"101", "Νέα", {}}, 0);
         },
-        [](Book& open) { (void)renameGroup(open.main(), 1, "Έσοδα"); },
+        [](Book& open) { (void)renameGroup(open.main(), byAll(), 1, "Έσοδα"); },
     };
     for (const auto& change : changes)
         failEachCall(change);
@@ -186,7 +186,7 @@ TEST_F(FaultTest, deletionOfAllData)
     const auto run = [&](DiskFault& fault) {
         KeyRing keys(bookPassword());
         const WatchedDisk watched(nullptr, &fault);
-        return resultOf([&] { (void)deleteAllData(BookFiles(book), keys, fixedClock().now()); });
+        return resultOf([&] { (void)deleteAllData(BookFiles(book), keys, byAll()); });
     };
     failEach(run, theBook);
 }

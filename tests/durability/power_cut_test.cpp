@@ -143,20 +143,20 @@ std::string bookBelow(const QString& folder)
 TEST_F(PowerCutTest, changesOfTheBook)
 {
     Book open = openBookToWrite(book);
-    CashBook cashBook(open, {});
+    CashBook cashBook(open, by());
     const QString longText(3000, u'ω');
     const qint64 code = listCodes(open.main(), CodeSelection::All).front().row;
     cutDuring({
                   [&] { (void)cashBook.insert(incomeOf(today, cents(5))); },
                   [&] { (void)cashBook.insert(expenseOf(today.addDays(-2), cents(7), longText)); },
                   [&] { (void)cashBook.modify(3, incomeOf(today, cents(4), longText)); },
-                  [&] { closeDay(open.auxiliary(), today.addDays(-2)); },
+                  [&] { closeDay(open.auxiliary(), byAll(), today.addDays(-2)); },
                   [&] { (void)cashBook.remove(5); },
-                  [&] { addUser(open.auxiliary(), "Νίκος", "άλλος", {}); },
+                  [&] { addUser(open.auxiliary(), byAll(), "Νίκος", "άλλος", {}); },
                   [&] {
-                      (void)modifyCode(open.main(), code, {"101", "Νέα", {}}, 1);
+                      (void)modifyCode(open.main(), byAll(), code, {"101", "Νέα", {}}, 1);
                   },
-                  [&] { (void)renameGroup(open.main(), 1, "Έσοδα"); },
+                  [&] { (void)renameGroup(open.main(), byAll(), 1, "Έσοδα"); },
                   [&] { (void)cashBook.insert(expenseOf(today.addDays(1), cents(5))); },
               },
         bookBelow, 36);
@@ -166,7 +166,7 @@ TEST_F(PowerCutTest, deletionInBothFiles)
 {
     const Step deletion = [&] {
         KeyRing keys(bookPassword());
-        (void)deleteAllData(BookFiles(book), keys, fixedClock().now());
+        (void)deleteAllData(BookFiles(book), keys, byAll());
     };
     cutDuring({deletion}, bookBelow, 14, deletion);
 }
@@ -193,7 +193,7 @@ TEST_F(PowerCutTest, backupAndRestore)
     cutDuring({done(QString("backup|%1|%2").arg(book, backup)),
                   [&] {
                       Book open = openBookToWrite(book);
-                      (void)CashBook(open, {}).insert(incomeOf(today, cents(1)));
+                      (void)CashBook(open, by()).insert(incomeOf(today, cents(1)));
                   },
                   done(QString("restore|%1|%2|--replace").arg(backup, book))},
         state, 16, [&] {

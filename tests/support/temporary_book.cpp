@@ -75,13 +75,13 @@ void TemporaryBook::addMovementRow(const MovementDraft& movement) const
 void TemporaryBook::addUser(const QString& name, const QString& password) const
 {
     Connection auxiliary = openAuxiliary();
-    lorvan::addUser(auxiliary, name, password, {});
+    lorvan::addUser(auxiliary, byAll(), name, password, {});
 }
 
 void TemporaryBook::close(QDate day) const
 {
     Connection auxiliary = openAuxiliary();
-    closeDay(auxiliary, day);
+    closeDay(auxiliary, byAll(), day);
 }
 
 void TemporaryBook::makeVersionless() const

@@ -3,6 +3,7 @@
 #include "book/book.h"
 #include "book/book_files.h"
 #include "cashbook/movement.h"
+#include "platform/authority.h"
 #include "platform/clock.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/key_ring.h"
@@ -71,6 +72,16 @@ void letTriggersRun(Connection& connection);
 
 /// Midday of a day with nothing special about it, 15 March 2024 (a Friday).
 [[nodiscard]] Clock fixedClock();
+
+/// A user at that time, with these rights or with all.
+[[nodiscard]] inline Authority by(Rights rights = {})
+{
+    return Authority::user(QStringLiteral("Σοφία"), rights, fixedClock());
+}
+[[nodiscard]] inline Authority byAll()
+{
+    return by({true, true, true});
+}
 
 [[nodiscard]] MovementDraft incomeOf(
     QDate day, Currency amount, const QString& description = QStringLiteral("είσπραξη"));

@@ -50,12 +50,12 @@ Book openBook(const BookFiles& files)
 int changeUntilKilled(const BookFiles& files, WorkerLog& log, unsigned seed)
 {
     Book book = openBook(files);
-    CashBook cashBook(book, {});
+    CashBook cashBook(book, by());
     RandomChanges changes(seed);
     for (;;) {
         const ModelChange change = changes.next(storedMovements(book.main()));
         log.append(changeLine(change));
-        if (!std::holds_alternative<DayView>(makeChange(cashBook, change)))
+        if (!std::holds_alternative<ChangedDay>(makeChange(cashBook, change)))
             return 1;
         log.append("done");
     }
@@ -70,7 +70,7 @@ int changeBothFiles(const BookFiles& files, WorkerLog& log, int count)
     book.execute("INSERT INTO tameio (hmeromhnia, ypoloipo) VALUES (20240315, 0)");
     log.append("ready");
     for (int i = 0; i < count; i += 4) {
-        Transaction transaction(book);
+        Transaction transaction(book, byAll());
         for (int row = 0; row < 4; ++row)
             book.execute("INSERT INTO kinhseis (kvdikos, hmeromhnia) VALUES (100, 20240315);"
                          "INSERT INTO auxiliary.klhsimotameioy (hmeraklhsimatos) VALUES (20240315);"
@@ -87,8 +87,8 @@ void fillDays(Book& book, WorkerLog& log)
 {
     constexpr int days = 1200;
     std::string lines;
-    MovementBatch batch(book.main(), book.auxiliary(), {});
-    Transaction writing(book.main());
+    MovementBatch batch(book.main(), book.auxiliary(), by());
+    Transaction writing(book.main(), byAll());
     for (int i = 0; i < days; ++i) {
         const QDate day = QDate(2024, 3, 1).addDays(i);
         (void)batch.add(incomeOf(day, cents(100)));
@@ -104,18 +104,18 @@ int typeForAWhile(const BookFiles& files, WorkerLog& log, int milliseconds)
 {
     makeEngineLocksVain();
     Book book = openBook(files);
-    CashBook cashBook(book, {});
+    CashBook cashBook(book, by());
     fillDays(book, log);
     RandomChanges changes(1);
     QElapsedTimer timer;
     timer.start();
     for (int round = 0; timer.elapsed() < milliseconds; ++round) {
         const ModelChange change = changes.next(storedMovements(book.main()));
-        if (!std::holds_alternative<DayView>(makeChange(cashBook, change)))
+        if (!std::holds_alternative<ChangedDay>(makeChange(cashBook, change)))
             return 2;
         log.append(changeLine(change));
-        (void)renameGroup(book.main(), 1, QString("Ομάδα %1").arg(round));
-        addUser(book.auxiliary(), QString::number(round), "x", {});
+        (void)renameGroup(book.main(), byAll(), 1, QString("Ομάδα %1").arg(round));
+        addUser(book.auxiliary(), byAll(), QString::number(round), "x", {});
         const bool isBreak = round % 4 == 0;
         std::this_thread::sleep_for(std::chrono::milliseconds(isBreak ? 60 : 1));
     }
@@ -225,7 +225,7 @@ int claimAndRelease(const BookFiles& files, WorkerLog& log, const QString& host,
 {
     constexpr int roundsPerChange = 25;
     Book book = openBook(files);
-    CashBook cashBook(book, {});
+    CashBook cashBook(book, by());
     UsageMarker marker(files.usageMarker(), identityAt(host));
     // Locked by the marker's holder alone, with a lock that knows nothing of the marker's.
     const int witness = ::open((files.dataFolder() + "/witness").toUtf8().constData(), O_RDWR | O_CREAT, 0666);

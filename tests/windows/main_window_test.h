@@ -52,9 +52,9 @@ protected:
         DataFolderSettings settings;
         settings.dataFolder = book.folder();
         const auto nothing = [] { return OpeningBalance{}; };
-        Book opened = openBook(book.files(), testKeys(), marker, nothing, openingSteps());
-        m_window =
-            std::make_unique<Kentrikh>(std::move(opened), std::move(marker), rights, settings, clock, testKeys());
+        Book opened = openBook(book.files(), testKeys(), marker, byAll(), nothing, openingSteps());
+        m_window = std::make_unique<Kentrikh>(std::move(opened), std::move(marker),
+            Authority::user(QStringLiteral("Σοφία"), rights, clock), settings, clock, testKeys());
         m_user.emplace(*m_window);
         m_window->initialise();
         showActive(*m_window);

@@ -89,7 +89,7 @@ private:
 class SharedLock {
 public:
     SharedLock(Connection& book, const CopyPatience& patience)
-        : m_transaction(book, Transaction::Mode::Read)
+        : m_transaction(book, Transaction::View::Steady)
     {
         book.setBusyTimeout(patience.firstLock);
         (void)book.prepare("SELECT count(*) FROM main.sqlite_master").step();

@@ -72,6 +72,13 @@ void Book::ensureSchema(const OpeningSteps& steps)
         ensureMainSchema(m_main, steps);
     if (!m_auxiliary.isReadOnly())
         ensureAuxiliaryIndexes(m_auxiliary);
+    if (!m_main.isReadOnly())
+        steps.keepJournal(m_main, m_auxiliary);
+}
+
+Connection Book::openBoth() const
+{
+    return lorvan::openBoth(m_source.value().files, *m_source->keys, m_source->access);
 }
 
 bool Book::isReplaced() const

@@ -25,9 +25,12 @@ public:
     /// it was.
     bool setAccess(Connection::Access access);
 
-    /// Makes the tables and indexes that a writable database lacks, see ensureMainSchema(). Only for a book that no
-    /// other computer holds. Throws SqlError.
+    /// Makes the tables and indexes that a writable database lacks, see ensureMainSchema(), and has the journal record
+    /// what was changed without it. Only for a book that no other computer holds. Throws SqlError.
     void ensureSchema(const OpeningSteps& steps);
+
+    /// A further connection, with both databases; see openBoth(). Only for a book that was opened by its files.
+    [[nodiscard]] Connection openBoth() const;
 
     [[nodiscard]] Connection& main() { return m_main; }
     [[nodiscard]] Connection& auxiliary() { return m_auxiliary; }

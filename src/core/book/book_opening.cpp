@@ -13,20 +13,20 @@ void refuseWhileHeld(UsageMarker& marker)
         throw UpgradeMustWait(markerRefusal(*holder).toStdString());
 }
 
-void upgradeIfNeeded(Book& book, UsageMarker& marker, const std::function<OpeningBalance()>& askOpeningBalance,
-    const OpeningSteps& steps)
+void upgradeIfNeeded(Book& book, UsageMarker& marker, const Authority& authority,
+    const std::function<OpeningBalance()>& askOpeningBalance, const OpeningSteps& steps)
 {
     if (!needsUpgrade(book.main()))
         return;
     refuseWhileHeld(marker);
     const OpeningBalance opening = askOpeningBalance();
     refuseWhileHeld(marker); // the question may have been open for hours
-    upgradeSchema(book.main(), opening, steps);
+    upgradeSchema(book.main(), authority, opening, steps);
 }
 
 } // namespace
 
-Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker,
+Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker, const Authority& authority,
     const std::function<OpeningBalance()>& askOpeningBalance, const OpeningSteps& steps)
 {
     recoverBook(files, keys, marker);
@@ -34,7 +34,8 @@ Book openBook(const BookFiles& files, KeyRing& keys, UsageMarker& marker,
     Book book(files, keys, mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
     refuseForeignObjects(book.main());
     refuseForeignObjects(book.auxiliary());
-    upgradeIfNeeded(book, marker, askOpeningBalance, steps); // not earlier: a book that cannot be opened is not changed
+    upgradeIfNeeded(
+        book, marker, authority, askOpeningBalance, steps); // not earlier: a book that cannot be opened is not changed
     book.ensureSchema(steps);
     return book;
 }

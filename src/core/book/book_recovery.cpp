@@ -21,7 +21,7 @@ void endJournal(Connection& database, const QString& path)
 {
     if (!Connection::hasJournal(path))
         return;
-    Transaction writing(database);
+    Transaction writing(database, Authority::program());
     auto stamp = database.prepare("PRAGMA user_version");
     const qint64 unchanged = stamp.step() ? stamp.integer(0) : 0;
     database.execute("PRAGMA user_version = " + std::to_string(unchanged));

@@ -48,7 +48,8 @@ CREATE TABLE omades (
 CREATE TABLE taytothta (ariumos INTEGER);
 )";
 
-/// What has been imported from files: see csv_import.h.
+/// What has been imported from files (see csv_import.h), cash that was counted (opening_difference.h), and who changed
+/// what (journal.h).
 constexpr auto ownTablesSql = R"(
 CREATE TABLE IF NOT EXISTS taken_imports (
     id INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -59,6 +60,22 @@ CREATE TABLE IF NOT EXISTS taken_imports (
     movements INTEGER
 );
 CREATE TABLE IF NOT EXISTS opening_difference (day INTEGER PRIMARY KEY, amount INTEGER);
+CREATE TABLE IF NOT EXISTS journal (
+    id INTEGER PRIMARY KEY,
+    at INTEGER,
+    user TEXT,
+    computer TEXT,
+    action TEXT,
+    subject TEXT,
+    day INTEGER,
+    code INTEGER,
+    before TEXT,
+    after TEXT,
+    previous TEXT,
+    hash TEXT
+);
+CREATE INDEX IF NOT EXISTS lorvan_journal_day ON journal(day);
+CREATE INDEX IF NOT EXISTS lorvan_journal_subject ON journal(subject);
 )";
 
 constexpr auto auxiliaryTables = R"(
@@ -141,7 +158,7 @@ void ensureIndexes(Connection& connection, const std::vector<Index>& wanted)
     }
     if (missing.empty())
         return;
-    Transaction transaction(connection);
+    Transaction transaction(connection, Authority::program());
     for (const Index& index : missing)
         createIndex(connection, index);
     transaction.commit();
@@ -171,7 +188,7 @@ bool lacksOwnTable(Connection& connection)
 /// Another computer may have made them by now.
 void ensureOwnTables(Connection& connection, const OpeningSteps& steps)
 {
-    Transaction transaction(connection);
+    Transaction transaction(connection, Authority::program());
     const bool knowsDifferences = hasTable(connection, QLatin1String(openingDifferenceTable));
     createOwnTables(connection);
     if (!knowsDifferences)
@@ -183,7 +200,8 @@ void ensureOwnTables(Connection& connection, const OpeningSteps& steps)
 
 const QStringList& ownTables()
 {
-    static const QStringList names{QStringLiteral("taken_imports"), QLatin1String(openingDifferenceTable)};
+    static const QStringList names{
+        QStringLiteral("taken_imports"), QLatin1String(openingDifferenceTable), QLatin1String(journalTable)};
     return names;
 }
 
@@ -194,7 +212,7 @@ void createOwnTables(Connection& connection)
 
 void createMainSchema(Connection& connection)
 {
-    Transaction transaction(connection);
+    Transaction transaction(connection, Authority::program());
     createTables(connection, mainTables, mainIndexes());
     createOwnTables(connection);
     connection.prepare("INSERT INTO taytothta (ariumos) VALUES (?)").bind(currentSchemaVersion).run();
@@ -203,7 +221,7 @@ void createMainSchema(Connection& connection)
 
 void createAuxiliarySchema(Connection& connection)
 {
-    Transaction transaction(connection);
+    Transaction transaction(connection, Authority::program());
     createTables(connection, auxiliaryTables, auxiliaryIndexes());
     transaction.commit();
 }

@@ -18,6 +18,7 @@ void createAuxiliarySchema(Connection& connection);
 /// This program's own tables in the main database, which not every book has: a book made elsewhere, or not opened for
 /// writing since, may lack them.
 inline constexpr auto openingDifferenceTable = "opening_difference";
+inline constexpr auto journalTable = "journal";
 [[nodiscard]] const QStringList& ownTables();
 
 /// Makes those of its own tables that are missing, inside the caller's transaction.

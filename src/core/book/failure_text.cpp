@@ -6,6 +6,7 @@
 #include "book/schema_guard.h"
 #include "book/schema_upgrade.h"
 #include "book/usage_marker.h"
+#include "platform/authority.h"
 #include "platform/currency.h"
 #include "platform/engine/sql_error.h"
 #include "platform/files/file.h"
@@ -111,7 +112,7 @@ QString plainText(const std::exception& failure)
                               " ξαναξεκινήσει το πρόγραμμα, αφού διορθωθεί η αιτία.");
     if (dynamic_cast<const CurrencyOverflow*>(&failure))
         return QStringLiteral("Το ποσό είναι μεγαλύτερο από όσο μπορεί να κρατήσει το ταμείο.");
-    if (dynamic_cast<const LocksUntrusted*>(&failure))
+    if (dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const NotPermitted*>(&failure))
         return QString::fromUtf8(failure.what());
     if (dynamic_cast<const MarkerError*>(&failure))
         return QStringLiteral("Το αρχείο χρήσης lorvan.dat δεν διαβάζεται ή δεν γράφεται.");
@@ -131,8 +132,9 @@ QString failureText(const std::exception& failure)
 {
     const auto* const sql = dynamic_cast<const SqlError*>(&failure);
     const bool saysAll = (sql && sql->kind() == SqlError::Kind::Replaced)
-        || dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const ForeignObjects*>(&failure)
-        || dynamic_cast<const CurrencyOverflow*>(&failure) || dynamic_cast<const UnknownSchemaVersion*>(&failure);
+        || dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const NotPermitted*>(&failure)
+        || dynamic_cast<const ForeignObjects*>(&failure) || dynamic_cast<const CurrencyOverflow*>(&failure)
+        || dynamic_cast<const UnknownSchemaVersion*>(&failure);
     return saysAll
         ? plainText(failure)
         : plainText(failure) + QStringLiteral("\n\n") + printable(QString::fromUtf8(failure.what()), Breaks::Keep);

@@ -67,10 +67,26 @@ void admitUnguarded(const BookFiles& files)
     waitForJournal(files.auxiliaryDatabase());
 }
 
-Connection openUnguarded(const QString& path, KeyRing& keys)
+Connection openBoth(const BookFiles& files, KeyRing& keys, Connection::Access access)
 {
-    admitUnguarded(BookFiles(QFileInfo(path).path()));
-    return openBookFile(path, keys, Connection::Access::ReadWrite);
+    const FileKey auxiliaryKey = keys.keyFor(files.auxiliaryDatabase());
+    Connection book = openBookFile(files.mainDatabase(), keys, access);
+    book.attach(files.auxiliaryDatabase(), auxiliaryKey, QStringLiteral("auxiliary"));
+    return book;
+}
+
+Connection openUnguarded(const BookFiles& files, KeyRing& keys)
+{
+    admitUnguarded(files);
+    try {
+        Connection both = openBoth(files, keys);
+        if (!both.isReadOnly())
+            return both;
+    } catch (const SqlError& error) {
+        if (error.kind() == SqlError::Kind::Busy || error.kind() == SqlError::Kind::JournalStands)
+            throw;
+    }
+    return openBookFile(files.auxiliaryDatabase(), keys, Connection::Access::ReadWrite);
 }
 
 } // namespace lorvan

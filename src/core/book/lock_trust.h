@@ -30,7 +30,14 @@ public:
 /// nobody out, or if they do not reach other computers and one of these holds the marker. Throws MarkerError.
 void admitUnguarded(const BookFiles& files);
 
-/// Opens the connection for such an action. Throws the same errors, and like Connection::open().
-[[nodiscard]] Connection openUnguarded(const QString& path, KeyRing& keys);
+/// Opens both databases of a book in one connection, the auxiliary one as `auxiliary`, so that they are changed in one
+/// transaction. Throws like Connection::open().
+[[nodiscard]] Connection openBoth(
+    const BookFiles& files, KeyRing& keys, Connection::Access access = Connection::Access::ReadWrite);
+
+/// For such an action on the auxiliary database, which the main one's journal should record: openBoth(), or the
+/// auxiliary database alone if the main one cannot be opened or not be written. Throws the errors of admitUnguarded(),
+/// and like Connection::open().
+[[nodiscard]] Connection openUnguarded(const BookFiles& files, KeyRing& keys);
 
 } // namespace lorvan

@@ -6,6 +6,7 @@
 
 namespace lorvan {
 
+class Authority;
 class Connection;
 
 /// The cash that the user counted at the end of `day`: the upgrade calculates the balances from that day on from it.
@@ -15,11 +16,13 @@ struct OpeningBalance {
 };
 
 /// How an opening balance is entered into a book's cash days. It is needed when tables are made or upgraded, but the
-/// rules belong to the cash book, see openingSteps(). Both run inside the caller's transaction and throw SqlError,
-/// `set` also CurrencyOverflow.
+/// rules belong to the cash book, see openingSteps(). All throw SqlError, `set` also CurrencyOverflow; the first two
+/// run inside the caller's transaction.
 struct OpeningSteps {
-    void (*set)(Connection& main, const OpeningBalance& opening); ///< See setOpeningBalance().
+    void (*set)(
+        Connection& main, const Authority& authority, const OpeningBalance& opening); ///< See setOpeningBalance().
     void (*adopt)(Connection& main); ///< See adoptOpeningBalance().
+    void (*keepJournal)(Connection& main, Connection& auxiliary); ///< See keepJournal().
 };
 
 } // namespace lorvan

@@ -44,7 +44,7 @@ public:
         try {
             m_connection = std::make_unique<Connection>(
                 Connection::open(path, m_keys.keyFor(path), Connection::Access::ReadWrite));
-            m_lock = std::make_unique<Transaction>(*m_connection, Transaction::Mode::Exclusive);
+            m_lock = std::make_unique<Transaction>(*m_connection, Transaction::View::Alone);
         } catch (const SqlError& error) {
             if (error.kind() == SqlError::Kind::Busy || error.kind() == SqlError::Kind::Interrupted)
                 fail(path, error.engineMessage());

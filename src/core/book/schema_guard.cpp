@@ -31,7 +31,8 @@ const Tables& tablesOf(BookDatabase database)
             {"tameio", "aa hmeromhnia esoda ejoda ypoloipo"},
             {"kvdikoi", "aa kvdikos perigrafh omada aa_omadas lista esodo energos"}, {"omades", "aa sxolia perigrafh"},
             {"taytothta", "ariumos"}, {"taken_imports", "id digest at groups codes movements"},
-            {openingDifferenceTable, "day amount"}});
+            {openingDifferenceTable, "day amount"},
+            {journalTable, "id at user computer action subject day code before after previous hash"}});
     static const Tables auxiliary =
         tablesFrom({{"klhsimotameioy", "aa hmeraklhsimatos"}, {"codes", "uname upass r_eggrafes r_klhsimo r_kvdikoi"}});
     return database == BookDatabase::Main ? main : auxiliary;

@@ -58,16 +58,17 @@ bool needsUpgrade(Connection& main)
     return knownVersion(recorded) != currentSchemaVersion;
 }
 
-void upgradeSchema(Connection& main, const OpeningBalance& opening, const OpeningSteps& steps)
+void upgradeSchema(
+    Connection& main, const Authority& authority, const OpeningBalance& opening, const OpeningSteps& steps)
 {
-    Transaction transaction(main);
+    Transaction transaction(main, authority);
     const auto recorded = recordedVersion(main);
     const std::int64_t version = knownVersion(recorded);
     if (version == currentSchemaVersion)
         return;
     if (version < versionWithMemorandum)
         addMemorandumColumn(main);
-    steps.set(main, opening);
+    steps.set(main, authority, opening);
     const char* const record =
         recorded ? "UPDATE taytothta SET ariumos=?" : "INSERT INTO taytothta (ariumos) VALUES (?)";
     main.prepare(record).bind(currentSchemaVersion).run();

@@ -26,6 +26,7 @@ private:
 /// read again inside it, so that nothing is repeated that another computer has done in the meantime. A column that
 /// exists already is not added again. Throws UnknownSchemaVersion, SqlError, and CurrencyOverflow if a balance is out
 /// of range; the book is then unchanged.
-void upgradeSchema(Connection& main, const OpeningBalance& opening, const OpeningSteps& steps);
+void upgradeSchema(
+    Connection& main, const Authority& authority, const OpeningBalance& opening, const OpeningSteps& steps);
 
 } // namespace lorvan

@@ -249,7 +249,7 @@ BookCheck checkContent(Connection& book, const CheckProgress& progress)
 {
     BookCheck check;
     readSteadily(book, [&] {
-        const Transaction transaction(book, Transaction::Mode::Read);
+        const Transaction transaction(book, Transaction::View::Steady);
         const CashAudit audit = auditCash(book, progress);
         check = {findingsOf(audit), totalsOf(book, audit.movements.totals)};
         check.findings.merge(auditRecords(book));

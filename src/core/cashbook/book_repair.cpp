@@ -2,6 +2,7 @@
 
 #include "backup/book_copy.h"
 #include "cashbook/book_check.h"
+#include "journal/journal.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/sql_error.h"
 #include "platform/engine/transaction.h"
@@ -69,15 +70,27 @@ void commit(Transaction& transaction, BookCopy& copy)
     copy.keep();
 }
 
+void record(Connection& book, const Authority& authority, const BookRepair& repair)
+{
+    recordChange(book, authority,
+        {JournalAction::Repair, journal_subject::book(), {}, {}, {},
+            {{QStringLiteral("mergedDays"), qint64(repair.mergedDays)},
+                {QStringLiteral("removedRows"), qint64(repair.removedRows)},
+                {QStringLiteral("addedDays"), qint64(repair.addedDays)},
+                {QStringLiteral("correctedDays"), qint64(repair.correctedDays)},
+                {QStringLiteral("keptDifferences"), qint64(repair.keptDifferences)}}});
+}
+
 } // namespace
 
 BookRepair repairBook(
-    Connection& book, const BookFiles& files, KeyRing& keys, const QDateTime& now, const CheckProgress& progress)
+    Connection& book, const BookFiles& files, KeyRing& keys, const Authority& authority, const CheckProgress& progress)
 {
     BookRepair repair;
-    Transaction transaction(book, Transaction::Mode::Read);
+    authority.require(Right::ModifyCash);
+    Transaction transaction(book, authority, Transaction::Writing::Later);
     shutOutWriters(book);
-    BookCopy copy(book, files, keys, now);
+    BookCopy copy(book, files, keys, authority.now());
     const CashAudit audit = auditCash(book, progress);
     if (!audit.days)
         return repair;
@@ -87,6 +100,7 @@ BookRepair repairBook(
         addOpeningDifferences(book, audit.days->differences);
         repair.keptDifferences = static_cast<std::int64_t>(audit.days->differences.size());
     }
+    record(book, authority, repair);
     commit(transaction, copy);
     repair.mainCopy = copy.mainDatabase();
     repair.auxiliaryCopy = copy.auxiliaryDatabase();

@@ -2,11 +2,11 @@
 
 #include "cashbook/movement_audit.h"
 
-#include <QDateTime>
 #include <QString>
 
 namespace lorvan {
 
+class Authority;
 class BookFiles;
 class Connection;
 class KeyRing;
@@ -26,9 +26,10 @@ struct BookRepair {
 /// rows are added, sums and balances are corrected. An opening difference stays; it is recorded if previously it showed
 /// only in the balances. Nothing else is changed. Both files are copied first, beside the originals, under the same
 /// lock as the repair itself. `book` has the auxiliary database attached as `auxiliary`, `keys` holds the keys of both
-/// files. The caller must keep other computers out. Throws SqlError and BookCopyFailed; the book is then unchanged, and
+/// files. The caller must keep other computers out. One row
+/// in the journal tells the counts. Throws NotPermitted, SqlError and BookCopyFailed; the book is then unchanged, and
 /// a copy remains only if the last step failed for another reason than a full disk.
 [[nodiscard]] BookRepair repairBook(
-    Connection& book, const BookFiles& files, KeyRing& keys, const QDateTime& now, const CheckProgress& progress);
+    Connection& book, const BookFiles& files, KeyRing& keys, const Authority& authority, const CheckProgress& progress);
 
 } // namespace lorvan

@@ -2,7 +2,9 @@
 
 #include "book/book.h"
 #include "cashbook/cash_closing.h"
+#include "cashbook/journal_states.h"
 #include "cashbook/movement_store.h"
+#include "journal/journal.h"
 #include "platform/engine/steady_reading.h"
 #include "platform/engine/transaction.h"
 
@@ -23,11 +25,24 @@ DayView settleDay(Connection& main, QDate day, Currency difference)
     return view;
 }
 
+Movement withKey(const MovementDraft& draft, qint64 key)
+{
+    Movement movement;
+    static_cast<MovementDraft&>(movement) = draft;
+    movement.key = key;
+    return movement;
+}
+
+QJsonObject stateOf(const std::optional<Movement>& movement)
+{
+    return movement ? journalState(*movement) : QJsonObject();
+}
+
 } // namespace
 
-CashBook::CashBook(Book& book, Rights rights)
+CashBook::CashBook(Book& book, Authority authority)
     : m_book(book)
-    , m_rights(rights)
+    , m_authority(std::move(authority))
 {
 }
 
@@ -37,17 +52,17 @@ DayView CashBook::showDay(QDate day, DayRow row)
     DayView view;
     bool isRight = false;
     readSteadily(main, [&] {
-        Transaction reading(main, Transaction::Mode::Read);
+        Transaction reading(main, Transaction::View::Steady);
         view = readDay(main, day);
         isRight = row == DayRow::LeaveAlone || view.movements.empty() || main.isReadOnly()
             || cashDayHolds(main, day, view.figures);
     });
     if (isRight)
         return view;
-    Transaction writing(main);
+    Transaction writing(main, m_authority);
     view = readDay(main, day);
     if (!view.movements.empty())
-        writeCashDay(main, day, view.figures);
+        correct(main, view);
     writing.commit();
     return view;
 }
@@ -65,7 +80,7 @@ bool CashBook::isDayClosed(QDate day)
 
 bool CashBook::mayChange(QDate day)
 {
-    return m_rights.modifyCash || !isDayClosed(day);
+    return m_authority.has(Right::ModifyCash) || !isDayClosed(day);
 }
 
 std::variant<MovementCode, MovementRefusal> CashBook::validateActive(const MovementDraft& draft)
@@ -81,14 +96,12 @@ std::optional<MovementRefusal> CashBook::refusalOf(const MovementDraft& draft)
     return refusal ? std::optional(*refusal) : std::nullopt;
 }
 
-std::variant<Movement, MovementRefusal> CashBook::changeable(qint64 key)
+std::variant<bool, MovementRefusal> CashBook::closedState(QDate day)
 {
-    const auto stored = find(key);
-    if (!stored)
-        return MovementRefusal::MovementIsGone;
-    if (!mayChange(stored->day))
+    const bool isClosed = isDayClosed(day);
+    if (isClosed && !m_authority.has(Right::ModifyCash))
         return MovementRefusal::DayIsClosed;
-    return *stored;
+    return isClosed;
 }
 
 std::optional<Movement> CashBook::find(qint64 key)
@@ -96,54 +109,97 @@ std::optional<Movement> CashBook::find(qint64 key)
     return findMovement(m_book.main(), key);
 }
 
+void CashBook::record(Connection& main, JournalAction action, const std::optional<Movement>& before,
+    const std::optional<Movement>& after) const
+{
+    const Movement& movement = (after ? after : before).value();
+    recordChange(main, m_authority,
+        {action, journal_subject::movement(movement.key), movement.day, movement.code, stateOf(before),
+            stateOf(after)});
+}
+
+/// Inside the caller's transaction.
+void CashBook::correct(Connection& main, const DayView& view) const
+{
+    const auto former = storedCashDay(main, view.day);
+    if (writeCashDay(main, view.day, view.figures))
+        recordChange(main, m_authority,
+            {JournalAction::Correct, journal_subject::day(view.day), view.day, {},
+                former ? journalState(*former) : QJsonObject(), journalState(view.figures)});
+}
+
+bool CashBook::close(QDate day)
+{
+    if (m_book.main().isReadOnly())
+        return closeDay(m_book.auxiliary(), m_authority, day);
+    Connection both = m_book.openBoth();
+    return closeDay(both, m_authority, day);
+}
+
+/// The shared lock on the closed days is held to the end, so that the day cannot be closed in the meantime.
+ChangeOutcome CashBook::inTransaction(const std::function<ChangeOutcome(Connection& main)>& change)
+{
+    Transaction closedDays(m_book.auxiliary(), Transaction::View::Steady);
+    Transaction writing(m_book.main(), m_authority);
+    ChangeOutcome outcome = change(m_book.main());
+    if (std::holds_alternative<ChangedDay>(outcome))
+        writing.commit();
+    return outcome;
+}
+
+ChangeOutcome CashBook::changeStored(
+    qint64 key, const std::function<ChangeOutcome(Connection& main, const Movement& stored, bool isClosed)>& change)
+{
+    return inTransaction([&](Connection& main) -> ChangeOutcome {
+        const auto stored = findMovement(main, key);
+        if (!stored)
+            return MovementRefusal::MovementIsGone;
+        const auto closed = closedState(stored->day);
+        if (const auto* const refusal = std::get_if<MovementRefusal>(&closed))
+            return *refusal;
+        return change(main, *stored, std::get<bool>(closed));
+    });
+}
+
 ChangeOutcome CashBook::insert(const MovementDraft& draft)
 {
-    Connection& main = m_book.main();
-    // The shared lock on the closed days is held to the end, so that the day cannot be closed in the meantime.
-    Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
-    Transaction writing(main);
-    if (!mayChange(draft.day))
-        return MovementRefusal::DayIsClosed;
-    const auto code = validateActive(draft);
-    if (const auto* const refusal = std::get_if<MovementRefusal>(&code))
-        return *refusal;
-    addMovement(main, draft, std::get<MovementCode>(code).group);
-    DayView view = settleDay(main, draft.day, effect(draft));
-    writing.commit();
-    return view;
+    return inTransaction([&](Connection& main) -> ChangeOutcome {
+        const auto closed = closedState(draft.day);
+        if (const auto* const refusal = std::get_if<MovementRefusal>(&closed))
+            return *refusal;
+        const auto code = validateActive(draft);
+        if (const auto* const refusal = std::get_if<MovementRefusal>(&code))
+            return *refusal;
+        const qint64 key = addMovement(main, draft, std::get<MovementCode>(code).group);
+        DayView view = settleDay(main, draft.day, effect(draft));
+        record(main, JournalAction::Insert, std::nullopt, withKey(draft, key));
+        return ChangedDay{std::move(view), std::get<bool>(closed)};
+    });
 }
 
 ChangeOutcome CashBook::modify(qint64 key, const MovementDraft& draft)
 {
-    Connection& main = m_book.main();
-    Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
-    Transaction writing(main);
-    const auto found = changeable(key);
-    if (const auto* const refusal = std::get_if<MovementRefusal>(&found))
-        return *refusal;
-    const auto code = validateActive(draft);
-    if (const auto* const refusal = std::get_if<MovementRefusal>(&code))
-        return *refusal;
-    const auto& stored = std::get<Movement>(found);
-    overwriteMovement(main, key, draft, std::get<MovementCode>(code).group);
-    DayView view = settleDay(main, stored.day, effect(draft) - effect(stored));
-    writing.commit();
-    return view;
+    return changeStored(key, [&](Connection& main, const Movement& stored, bool isClosed) -> ChangeOutcome {
+        const auto code = validateActive(draft);
+        if (const auto* const refusal = std::get_if<MovementRefusal>(&code))
+            return *refusal;
+        overwriteMovement(main, key, draft, std::get<MovementCode>(code).group);
+        DayView view = settleDay(main, stored.day, effect(draft) - effect(stored));
+        Movement changed = withKey(draft, key);
+        changed.day = stored.day;
+        record(main, JournalAction::Modify, stored, changed);
+        return ChangedDay{std::move(view), isClosed};
+    });
 }
 
 ChangeOutcome CashBook::remove(qint64 key)
 {
-    Connection& main = m_book.main();
-    Transaction closedDays(m_book.auxiliary(), Transaction::Mode::Read);
-    Transaction writing(main);
-    const auto found = changeable(key);
-    if (const auto* const refusal = std::get_if<MovementRefusal>(&found))
-        return *refusal;
-    const auto& stored = std::get<Movement>(found);
-    removeMovement(main, key);
-    DayView view = settleDay(main, stored.day, -effect(stored));
-    writing.commit();
-    return view;
+    return changeStored(key, [&](Connection& main, const Movement& stored, bool isClosed) -> ChangeOutcome {
+        removeMovement(main, key);
+        DayView view = settleDay(main, stored.day, -effect(stored));
+        record(main, JournalAction::Remove, stored, std::nullopt);
+        return ChangedDay{std::move(view), isClosed};
+    });
 }
 
 } // namespace lorvan

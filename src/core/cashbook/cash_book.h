@@ -2,28 +2,37 @@
 
 #include "cashbook/day_view.h"
 #include "cashbook/movement_validation.h"
-#include "users/sign_in.h"
+#include "platform/authority.h"
 
+#include <functional>
 #include <optional>
 #include <variant>
 
 namespace lorvan {
 
 class Book;
+class Connection;
+enum class JournalAction;
+
+/// A day after a change of its movements.
+struct ChangedDay {
+    DayView view;
+    bool isClosed = false; ///< Changed nevertheless, by a user who may.
+};
 
 /// The changed day, or the reason why nothing was changed.
-using ChangeOutcome = std::variant<DayView, MovementRefusal>;
+using ChangeOutcome = std::variant<ChangedDay, MovementRefusal>;
 
 enum class DayRow { Write, LeaveAlone };
 
 /// The rules for adding, changing and deleting movements.
 ///
-/// A change is one transaction: the movement's row, the recalculated row of its day, and the shift of the balances of
-/// all later days. Closed days are checked inside it. All operations throw SqlError if a file cannot be read or written
-/// and CurrencyOverflow if a sum is out of range; the book is then unchanged.
+/// A change is one transaction: the movement's row, the recalculated row of its day, the shift of the balances of all
+/// later days, and the row in the journal. Closed days are checked inside it. All operations throw SqlError if a file
+/// cannot be read or written and CurrencyOverflow if a sum is out of range; the book is then unchanged.
 class CashBook {
 public:
-    CashBook(Book& book, Rights rights);
+    CashBook(Book& book, Authority authority);
 
     /// Reads a day. With DayRow::Write, the row of a day with movements is corrected to match them, in one transaction
     /// and only if it differs; later days are not shifted. A read-only book is not changed.
@@ -52,17 +61,28 @@ public:
     /// Deletes a movement. A day without movements left keeps its row, with zero totals and the carried balance.
     [[nodiscard]] ChangeOutcome remove(qint64 key);
 
+    /// Closes the day's cash; returns false if it was closed already. Where the main database cannot be written, the
+    /// journal records it when it is found. Throws NotPermitted without the right to close.
+    bool close(QDate day);
+
     /// The stored movement with that key, if it still exists.
     [[nodiscard]] std::optional<Movement> find(qint64 key);
 
 private:
+    void record(Connection& main, JournalAction action, const std::optional<Movement>& before,
+        const std::optional<Movement>& after) const;
+    void correct(Connection& main, const DayView& view) const;
     /// The draft's code, if the draft may be stored.
     [[nodiscard]] std::variant<MovementCode, MovementRefusal> validateActive(const MovementDraft& draft);
-    /// The stored movement, if it may be changed or deleted.
-    [[nodiscard]] std::variant<Movement, MovementRefusal> changeable(qint64 key);
+    ChangeOutcome inTransaction(const std::function<ChangeOutcome(Connection& main)>& change);
+    /// The same for a stored movement that may be changed.
+    ChangeOutcome changeStored(qint64 key,
+        const std::function<ChangeOutcome(Connection& main, const Movement& stored, bool isClosed)>& change);
+    /// Whether the day is closed, if it may be changed.
+    [[nodiscard]] std::variant<bool, MovementRefusal> closedState(QDate day);
 
     Book& m_book;
-    Rights m_rights;
+    Authority m_authority;
 };
 
 } // namespace lorvan

@@ -1,26 +1,90 @@
 #include "cashbook/cash_closing.h"
 
 #include "cashbook/cash_day.h"
+#include "journal/journal.h"
 #include "platform/amount_text.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
 
+#include <QJsonDocument>
+
+#include <algorithm>
+
 namespace lorvan {
+namespace {
+
+void record(Connection& book, const Authority& authority, JournalAction action, const Closing& closing)
+{
+    recordChange(book, authority,
+        {action, journal_subject::day(closing.day), closing.day, {}, {},
+            {{QStringLiteral("hmeraklhsimatos"), storedDate(closing.day)}, {QStringLiteral("aa"), closing.key}}});
+}
+
+qint64 keyIn(const QString& json)
+{
+    return QJsonDocument::fromJson(json.toUtf8())[QStringLiteral("aa")].toInteger();
+}
+
+/// The key of the last closing that is recorded together with others, or was there when the journal began.
+qint64 closingsRecordedTogether(Connection& main)
+{
+    qint64 last = 0;
+    auto rows = main.prepare("SELECT after FROM main.journal WHERE subject='book'");
+    while (rows.step())
+        last = std::max(last, keyIn(rows.text(0)));
+    return last;
+}
+
+bool isRecorded(Connection& main, const Closing& closing)
+{
+    auto rows = main.prepare("SELECT after FROM main.journal WHERE subject=? AND action IN ('close', 'found')");
+    for (rows.bind(journal_subject::day(closing.day)); rows.step();) {
+        if (keyIn(rows.text(0)) == closing.key)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
 
 bool isClosed(Connection& auxiliary, QDate day)
 {
     return auxiliary.prepare("SELECT 1 FROM klhsimotameioy WHERE hmeraklhsimatos=? LIMIT 1").bind(day).step();
 }
 
-bool closeDay(Connection& auxiliary, QDate day)
+bool closeDay(Connection& book, const Authority& authority, QDate day)
 {
-    Transaction transaction(auxiliary);
-    if (isClosed(auxiliary, day))
+    authority.require(Right::CloseCash);
+    Transaction transaction(book, authority);
+    if (isClosed(book, day))
         return false;
-    auxiliary.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)").bind(day).run();
+    if (keepsJournal(book))
+        recordFound(book, authority, unrecordedClosings(book, book));
+    book.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)").bind(day).run();
+    record(book, authority, JournalAction::Close, {book.lastInsertedKey(), day});
     transaction.commit();
     return true;
+}
+
+std::vector<Closing> unrecordedClosings(Connection& main, Connection& auxiliary)
+{
+    std::vector<Closing> closings;
+    auto rows = auxiliary.prepare("SELECT aa, hmeraklhsimatos FROM klhsimotameioy WHERE aa>? ORDER BY aa DESC");
+    for (rows.bind(closingsRecordedTogether(main)); rows.step();) {
+        const Closing closing{rows.integer(0), rows.date(1)};
+        if (isRecorded(main, closing))
+            break;
+        closings.push_back(closing);
+    }
+    std::reverse(closings.begin(), closings.end());
+    return closings;
+}
+
+void recordFound(Connection& main, const Authority& authority, const std::vector<Closing>& closings)
+{
+    for (const Closing& closing : closings)
+        record(main, authority, JournalAction::Found, closing);
 }
 
 OpenDays openDaysBefore(Connection& main, Connection& auxiliary, QDate day)

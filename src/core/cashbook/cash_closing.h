@@ -3,16 +3,33 @@
 #include <QDate>
 #include <QString>
 
+#include <vector>
+
 namespace lorvan {
 
+class Authority;
 class Connection;
 struct CashDayFigures;
 
 /// True if the day's cash has been closed for good.
 [[nodiscard]] bool isClosed(Connection& auxiliary, QDate day);
 
-/// Closes the day's cash; does nothing if it is already closed. One transaction. Returns true if the day was open.
-bool closeDay(Connection& auxiliary, QDate day);
+/// Closes the day's cash; does nothing if it is already closed. One transaction over `book`, which holds both databases
+/// or, if the main one cannot be written, only the auxiliary one. Returns true if the day was open. Throws NotPermitted
+/// and SqlError.
+bool closeDay(Connection& book, const Authority& authority, QDate day);
+
+/// A row of `klhsimotameioy`.
+struct Closing {
+    qint64 key = 0;
+    QDate day;
+};
+
+/// The closings after the last one that the journal knows, in the order in which they were made. `main` has the
+/// journal; it may be the same connection.
+[[nodiscard]] std::vector<Closing> unrecordedClosings(Connection& main, Connection& auxiliary);
+/// Records them as found, inside the caller's transaction.
+void recordFound(Connection& main, const Authority& authority, const std::vector<Closing>& closings);
 
 /// Cash days that are not closed; `since` is the first of them, invalid if there are none.
 struct OpenDays {

@@ -47,6 +47,15 @@ bool cashDayHolds(Connection& main, QDate day, const CashDayFigures& figures)
     return found;
 }
 
+std::optional<CashDayFigures> storedCashDay(Connection& main, QDate day)
+{
+    auto row = main.prepare("SELECT esoda, ejoda, ypoloipo FROM tameio WHERE hmeromhnia=? ORDER BY aa DESC LIMIT 1");
+    row.bind(day);
+    if (!row.step())
+        return std::nullopt;
+    return CashDayFigures{row.currency(0), row.currency(1), row.currency(2)};
+}
+
 bool writeCashDay(Connection& main, QDate day, const CashDayFigures& figures)
 {
     if (cashDayHolds(main, day, figures))

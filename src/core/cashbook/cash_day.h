@@ -4,6 +4,8 @@
 
 #include <QDate>
 
+#include <optional>
+
 namespace lorvan {
 
 class Connection;
@@ -31,6 +33,9 @@ struct CarriedBalance {
 /// Writes the day's row, adding it if there is none. If the row already holds these figures, writes nothing and returns
 /// false. Runs inside the caller's transaction.
 bool writeCashDay(Connection& main, QDate day, const CashDayFigures& figures);
+
+/// The figures in the day's row, the last one with its date.
+[[nodiscard]] std::optional<CashDayFigures> storedCashDay(Connection& main, QDate day);
 
 /// True if the day's row exists and holds these figures.
 [[nodiscard]] bool cashDayHolds(Connection& main, QDate day, const CashDayFigures& figures);

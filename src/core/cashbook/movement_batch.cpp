@@ -8,6 +8,7 @@
 #include <iterator>
 #include <set>
 #include <tuple>
+#include <utility>
 
 namespace lorvan {
 namespace {
@@ -40,17 +41,17 @@ qint64 countRepeated(const std::vector<Movement>& movements, qint64 lastKeyBefor
 
 } // namespace
 
-MovementBatch::MovementBatch(Connection& main, Connection& auxiliary, Rights rights)
+MovementBatch::MovementBatch(Connection& main, Connection& auxiliary, Authority authority)
     : m_main(main)
     , m_auxiliary(auxiliary)
-    , m_rights(rights)
+    , m_authority(std::move(authority))
     , m_lastKeyBefore(lastKey(main))
 {
 }
 
 bool MovementBatch::mayChange(QDate day)
 {
-    if (m_rights.modifyCash)
+    if (m_authority.has(Right::ModifyCash))
         return true;
     const auto [known, isNew] = m_mayChange.try_emplace(day, false);
     if (isNew)

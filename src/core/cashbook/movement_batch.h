@@ -1,8 +1,8 @@
 #pragma once
 
 #include "cashbook/movement_validation.h"
+#include "platform/authority.h"
 #include "platform/currency.h"
-#include "users/sign_in.h"
 
 #include <map>
 
@@ -18,7 +18,8 @@ class Connection;
 class MovementBatch {
 public:
     /// The auxiliary database may be attached to the main one; then both parameters are the same connection.
-    MovementBatch(Connection& main, Connection& auxiliary, Rights rights);
+    /// The journal is left to the caller.
+    MovementBatch(Connection& main, Connection& auxiliary, Authority authority);
 
     /// Why the movement may not be stored; closed days are checked first, then the content.
     [[nodiscard]] std::optional<MovementRefusal> refusalOf(const MovementDraft& draft);
@@ -38,7 +39,7 @@ private:
 
     Connection& m_main;
     Connection& m_auxiliary;
-    const Rights m_rights;
+    const Authority m_authority;
     const qint64 m_lastKeyBefore;
     std::map<qint32, std::optional<MovementCode>> m_codes;
     std::map<QDate, bool> m_mayChange;

@@ -49,7 +49,7 @@ void forEachMovement(Connection& main, const std::function<void(const Movement&)
         take(movementIn(rows));
 }
 
-void addMovement(Connection& main, const MovementDraft& movement, qint32 group)
+qint64 addMovement(Connection& main, const MovementDraft& movement, qint32 group)
 {
     main.prepare("INSERT OR ABORT INTO kinhseis"
                  " (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, grammh, epitagh, L_tajeos)"
@@ -57,6 +57,7 @@ void addMovement(Connection& main, const MovementDraft& movement, qint32 group)
         .bind(movement.code, movement.day, movement.description.trimmed(), movement.income, movement.expense, group,
             storedLine(movement), movement.cheque, movement.memorandum)
         .run();
+    return main.lastInsertedKey();
 }
 
 void overwriteMovement(Connection& main, qint64 key, const MovementDraft& movement, qint32 group)

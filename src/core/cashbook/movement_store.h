@@ -22,7 +22,8 @@ class Connection;
 void forEachMovement(Connection& main, const std::function<void(const Movement&)>& take);
 
 /// Stores the description trimmed, and the display line with it; `group` is the group number of the movement's code.
-void addMovement(Connection& main, const MovementDraft& movement, qint32 group);
+/// Returns the new key.
+qint64 addMovement(Connection& main, const MovementDraft& movement, qint32 group);
 
 /// Like addMovement(), but overwrites an existing row; key and day are kept.
 void overwriteMovement(Connection& main, qint64 key, const MovementDraft& movement, qint32 group);

@@ -3,7 +3,11 @@
 #include "book/book_schema.h"
 #include "cashbook/book_check.h"
 #include "cashbook/cash_day.h"
+#include "cashbook/journal_keeping.h"
+#include "cashbook/journal_states.h"
 #include "cashbook/opening_difference.h"
+#include "journal/journal.h"
+#include "platform/authority.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 
@@ -80,16 +84,26 @@ bool needsNothingElse(const CashAudit& audit)
         && std::all_of(audit.days->days.begin(), audit.days->days.end(), isRight);
 }
 
+void recordOpening(Connection& main, const Authority& authority, const OpeningDifferences& former)
+{
+    recordChange(main, authority,
+        {JournalAction::Opening, journal_subject::book(), {}, {}, journalState(former),
+            journalState(openingDifferences(main))});
+}
+
 } // namespace
 
-void setOpeningBalance(Connection& main, QDate day, Currency amount)
+void setOpeningBalance(Connection& main, const Authority& authority, const OpeningBalance& opening)
 {
+    const auto [day, amount] = opening;
     createOwnTables(main);
+    const OpeningDifferences former = openingDifferences(main);
     main.prepare("DELETE FROM opening_difference WHERE day>=?").bind(day).run();
     AmountByDay net = netFrom(main, day);
     const Currency uncounted = carriedBalance(main, day).balance + net[storedDate(day)];
     addOpeningDifferences(main, {{storedDate(day), amount - uncounted}});
     writeBalances(main, day, amount, net);
+    recordOpening(main, authority, former);
 }
 
 void adoptOpeningBalance(Connection& main)
@@ -101,15 +115,18 @@ void adoptOpeningBalance(Connection& main)
         return; // so large a difference is damage
     }
     const CashAudit audit = auditCash(main, [](std::int64_t, std::int64_t) {});
-    if (needsNothingElse(audit) && !audit.days->differencesAreKept)
-        addOpeningDifferences(main, audit.days->differences);
+    if (!needsNothingElse(audit) || audit.days->differencesAreKept || audit.days->differences.empty())
+        return;
+    addOpeningDifferences(main, audit.days->differences);
+    recordOpening(main, Authority::program(), {});
 }
 
 const OpeningSteps& openingSteps()
 {
     static constexpr OpeningSteps steps{
-        [](Connection& main, const OpeningBalance& opening) { setOpeningBalance(main, opening.day, opening.amount); },
+        setOpeningBalance,
         adoptOpeningBalance,
+        keepJournal,
     };
     return steps;
 }

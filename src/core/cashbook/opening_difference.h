@@ -24,7 +24,7 @@ using OpeningDifferences = std::map<std::int64_t, Currency>;
 /// look-up. Throws CurrencyOverflow.
 [[nodiscard]] Currency openingDifferenceBetween(Connection& main, QDate day, QDate last);
 
-/// Adds rows, making the table if there is none.
+/// Adds rows, making the table if there is none. The caller records it in the journal.
 void addOpeningDifferences(Connection& main, const OpeningDifferences& differences);
 
 } // namespace lorvan

@@ -1,5 +1,7 @@
 #include "codes/code_maintenance.h"
 
+#include "journal/hash_text.h"
+#include "journal/journal.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
 
@@ -54,12 +56,61 @@ std::variant<MovementCode, CodeRefusal> validateInsertion(Connection& main, cons
     return rowOf(entry, *code, *group);
 }
 
-void giveGroupToMovements(Connection& main, qint32 code, qint32 group)
+/// What a modification did to movements, for the journal; all zero and empty if nothing.
+struct MovedMovements {
+    HashText former; ///< Of each movement, its key and the group it had.
+    qint64 count = 0;
+    std::optional<qint32> commonGroup; ///< The group that all of them had, if there is just one.
+};
+
+MovedMovements movementsOutside(Connection& main, qint32 code, qint32 group)
 {
-    auto other = main.prepare("SELECT 1 FROM kinhseis WHERE kvdikos=? AND aa_omada IS NOT ? LIMIT 1");
-    other.bind(code, group);
-    if (other.step()) // so that a new description of a frequently used code rewrites no movement
+    MovedMovements moved;
+    auto rows =
+        main.prepare("SELECT aa, ifnull(aa_omada, 0) FROM kinhseis WHERE kvdikos=? AND aa_omada IS NOT ? ORDER BY aa");
+    for (rows.bind(code, group); rows.step(); ++moved.count) {
+        moved.former.add("aa", rows.integer(0)).add("aa_omada", rows.integer(1));
+        if (moved.count == 0)
+            moved.commonGroup = rows.number(1);
+        else if (moved.commonGroup != rows.number(1))
+            moved.commonGroup.reset();
+    }
+    return moved;
+}
+
+/// The state before a modification, with the movements that it moved.
+QJsonObject withMoved(QJsonObject state, const MovedMovements& moved)
+{
+    if (moved.count == 0)
+        return state;
+    state[QStringLiteral("moved")] = moved.count;
+    state[QStringLiteral("digest")] = moved.former.hash();
+    if (moved.commonGroup)
+        state[QStringLiteral("aa_omada")] = *moved.commonGroup;
+    return state;
+}
+
+/// A new description of a frequently used code rewrites no movement.
+MovedMovements giveGroupToMovements(Connection& main, qint32 code, qint32 group)
+{
+    MovedMovements moved = movementsOutside(main, code, group);
+    if (moved.count > 0)
         main.prepare("UPDATE kinhseis SET aa_omada=? WHERE kvdikos=?").bind(group, code).run();
+    return moved;
+}
+
+QJsonObject stateOf(const MovementCode& code)
+{
+    return {{QStringLiteral("aa"), code.row}, {QStringLiteral("kvdikos"), code.code},
+        {QStringLiteral("perigrafh"), code.description}, {QStringLiteral("omada"), code.groupName},
+        {QStringLiteral("aa_omadas"), code.group}, {QStringLiteral("esodo"), code.income},
+        {QStringLiteral("energos"), code.active}};
+}
+
+void record(Connection& main, const Authority& authority, JournalAction action, const MovementCode& code,
+    const QJsonObject& before, const QJsonObject& after)
+{
+    recordChange(main, authority, {action, journal_subject::code(code.row), {}, code.code, before, after});
 }
 
 template <typename... Values> qint64 count(Connection& main, std::string_view sql, const Values&... values)
@@ -96,32 +147,38 @@ qint64 storeCode(Connection& main, const MovementCode& code)
     return main.lastInsertedKey();
 }
 
-std::variant<MovementCode, CodeRefusal> insertCode(Connection& main, const CodeEntry& entry)
+std::variant<MovementCode, CodeRefusal> insertCode(Connection& main, const Authority& authority, const CodeEntry& entry)
 {
-    Transaction writing(main);
+    authority.require(Right::ModifyCodes);
+    Transaction writing(main, authority);
     auto checked = validateInsertion(main, entry);
     if (auto* const code = std::get_if<MovementCode>(&checked)) {
         code->row = storeCode(main, *code);
+        record(main, authority, JournalAction::Insert, *code, {}, stateOf(*code));
         writing.commit();
     }
     return checked;
 }
 
-std::optional<CodeRefusal> modifyCode(Connection& main, qint64 row, const CodeEntry& entry, qint32 group)
+std::optional<CodeRefusal> modifyCode(
+    Connection& main, const Authority& authority, qint64 row, const CodeEntry& entry, qint32 group)
 {
+    authority.require(Right::ModifyCodes);
     const auto number = wholeNumber(entry.code);
     if (!number)
         return CodeRefusal::NoWholeNumber;
-    const MovementCode code = rowOf(entry, *number, group);
-    Transaction writing(main);
-    const int changed =
-        main.prepare("UPDATE kvdikoi SET kvdikos=?, perigrafh=?, lista=?, aa_omadas=?, esodo=?,"
-                     " energos=?, omada=? WHERE aa=?")
-            .bind(code.code, code.description, code.listLine, code.group, code.income, code.active, code.groupName, row)
-            .run();
-    if (changed == 0)
+    MovementCode code = rowOf(entry, *number, group);
+    code.row = row;
+    Transaction writing(main, authority);
+    const auto former = readCode(main, row);
+    if (!former)
         return CodeRefusal::IsGone;
-    giveGroupToMovements(main, code.code, code.group);
+    main.prepare("UPDATE kvdikoi SET kvdikos=?, perigrafh=?, lista=?, aa_omadas=?, esodo=?, energos=?, omada=?"
+                 " WHERE aa=?")
+        .bind(code.code, code.description, code.listLine, code.group, code.income, code.active, code.groupName, row)
+        .run();
+    const MovedMovements moved = giveGroupToMovements(main, code.code, code.group);
+    record(main, authority, JournalAction::Modify, code, withMoved(stateOf(*former), moved), stateOf(code));
     writing.commit();
     return std::nullopt;
 }
@@ -155,12 +212,15 @@ std::optional<CodeRefusal> refusalOfRemoval(Connection& main, qint64 row)
     return isUsed(main, code->code) ? std::optional(CodeRefusal::IsUsed) : std::nullopt;
 }
 
-std::optional<CodeRefusal> removeCode(Connection& main, qint64 row)
+std::optional<CodeRefusal> removeCode(Connection& main, const Authority& authority, qint64 row)
 {
-    Transaction writing(main);
+    authority.require(Right::ModifyCodes);
+    Transaction writing(main, authority);
     if (const auto refusal = refusalOfRemoval(main, row))
         return refusal;
+    const MovementCode former = readCode(main, row).value();
     main.prepare("DELETE FROM kvdikoi WHERE aa=?").bind(row).run();
+    record(main, authority, JournalAction::Remove, former, stateOf(former), {});
     writing.commit();
     return std::nullopt;
 }

@@ -7,6 +7,8 @@
 
 namespace lorvan {
 
+class Authority;
+
 /// A code as shown in the entry fields.
 struct CodeEntry {
     QString code;
@@ -27,13 +29,14 @@ enum class CodeRefusal {
     IsGone, ///< Somebody else has deleted the code.
 };
 
-/// Each operation is one transaction and throws SqlError if the file cannot be read or written; the book is then
-/// unchanged.
+/// Each operation is one transaction, recorded in the journal, and throws NotPermitted without the right to change
+/// codes and SqlError if the file cannot be read or written; the book is then unchanged.
 
 /// Adds a code, active or not, after all checks in the order of CodeRefusal. The group number is that of the first
 /// group with the entry's group name. A blank name means no group: it is stored empty, with number 0. Returns the new
 /// row.
-[[nodiscard]] std::variant<MovementCode, CodeRefusal> insertCode(Connection& main, const CodeEntry& entry);
+[[nodiscard]] std::variant<MovementCode, CodeRefusal> insertCode(
+    Connection& main, const Authority& authority, const CodeEntry& entry);
 
 /// Stores a code as it is, without any check, inside the caller's transaction. It keeps its `row` if that is free;
 /// otherwise, and for 0, it gets a new one. A null group name is stored as NULL. Returns the row.
@@ -42,7 +45,8 @@ qint64 storeCode(Connection& main, const MovementCode& code);
 /// Overwrites a row as typed, duplicates included, and sets the group number of every movement with the code's new
 /// number. Movements with its former number keep theirs. Refused only if the code is not an integer (or the row is
 /// gone).
-[[nodiscard]] std::optional<CodeRefusal> modifyCode(Connection& main, qint64 row, const CodeEntry& entry, qint32 group);
+[[nodiscard]] std::optional<CodeRefusal> modifyCode(
+    Connection& main, const Authority& authority, qint64 row, const CodeEntry& entry, qint32 group);
 
 /// What modifyCode() would do apart from storing the entry.
 struct ModificationEffects {
@@ -61,7 +65,7 @@ struct ModificationEffects {
     Connection& main, qint64 row, const CodeEntry& entry, qint32 group);
 
 /// Deletes a row, unless a movement uses its stored number.
-[[nodiscard]] std::optional<CodeRefusal> removeCode(Connection& main, qint64 row);
+[[nodiscard]] std::optional<CodeRefusal> removeCode(Connection& main, const Authority& authority, qint64 row);
 
 /// Why removeCode() would refuse: for use before the user is asked for confirmation.
 [[nodiscard]] std::optional<CodeRefusal> refusalOfRemoval(Connection& main, qint64 row);

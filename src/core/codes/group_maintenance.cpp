@@ -1,5 +1,6 @@
 #include "codes/group_maintenance.h"
 
+#include "journal/journal.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
 
@@ -13,6 +14,27 @@ bool nameExists(Connection& main, const QString& name)
     return row.step();
 }
 
+std::optional<CodeGroup> readGroup(Connection& main, qint32 number)
+{
+    auto row = main.prepare("SELECT perigrafh FROM omades WHERE aa=?");
+    row.bind(number);
+    return row.step() ? std::optional(CodeGroup{number, row.text(0)}) : std::nullopt;
+}
+
+QJsonObject stateOf(const std::optional<CodeGroup>& group)
+{
+    if (!group)
+        return {};
+    return {{QStringLiteral("aa"), group->number}, {QStringLiteral("perigrafh"), group->name}};
+}
+
+void record(Connection& main, const Authority& authority, JournalAction action, const std::optional<CodeGroup>& before,
+    const std::optional<CodeGroup>& after)
+{
+    const qint32 number = (after ? after : before)->number;
+    recordChange(main, authority, {action, journal_subject::group(number), {}, {}, stateOf(before), stateOf(after)});
+}
+
 } // namespace
 
 bool isGroupName(const QString& name)
@@ -20,18 +42,20 @@ bool isGroupName(const QString& name)
     return !name.trimmed().isEmpty();
 }
 
-std::variant<CodeGroup, GroupRefusal> addGroup(Connection& main, const QString& name)
+std::variant<CodeGroup, GroupRefusal> addGroup(Connection& main, const Authority& authority, const QString& name)
 {
+    authority.require(Right::ModifyCodes);
     if (!isGroupName(name))
         return GroupRefusal::NoName;
     const QString trimmed = name.trimmed();
-    Transaction writing(main);
+    Transaction writing(main, authority);
     if (nameExists(main, trimmed))
         return GroupRefusal::NameExists;
     main.prepare("INSERT INTO omades (perigrafh) VALUES (?)").bind(trimmed).run();
-    const auto number = static_cast<qint32>(main.lastInsertedKey());
+    const CodeGroup group{static_cast<qint32>(main.lastInsertedKey()), trimmed};
+    record(main, authority, JournalAction::Insert, std::nullopt, group);
     writing.commit();
-    return CodeGroup{number, trimmed};
+    return group;
 }
 
 void storeGroup(Connection& main, const CodeGroup& group, const std::optional<QString>& notes)
@@ -41,25 +65,34 @@ void storeGroup(Connection& main, const CodeGroup& group, const std::optional<QS
         .run();
 }
 
-std::optional<GroupRefusal> renameGroup(Connection& main, qint32 number, const QString& name)
+std::optional<GroupRefusal> renameGroup(
+    Connection& main, const Authority& authority, qint32 number, const QString& name)
 {
+    authority.require(Right::ModifyCodes);
     if (!isGroupName(name))
         return GroupRefusal::NoName;
-    const QString trimmed = name.trimmed();
-    Transaction writing(main);
-    if (main.prepare("UPDATE omades SET perigrafh=? WHERE aa=?").bind(trimmed, number).run() == 0)
+    const CodeGroup renamed{number, name.trimmed()};
+    Transaction writing(main, authority);
+    const auto former = readGroup(main, number);
+    if (!former)
         return GroupRefusal::IsGone;
-    main.prepare("UPDATE kvdikoi SET omada=? WHERE aa_omadas=?").bind(trimmed, number).run();
+    main.prepare("UPDATE omades SET perigrafh=? WHERE aa=?").bind(renamed.name, number).run();
+    main.prepare("UPDATE kvdikoi SET omada=? WHERE aa_omadas=?").bind(renamed.name, number).run();
+    record(main, authority, JournalAction::Modify, former, renamed);
     writing.commit();
     return std::nullopt;
 }
 
-std::optional<GroupRefusal> removeGroup(Connection& main, qint32 number)
+std::optional<GroupRefusal> removeGroup(Connection& main, const Authority& authority, qint32 number)
 {
-    Transaction writing(main);
-    if (main.prepare("DELETE FROM omades WHERE aa=?").bind(number).run() == 0)
+    authority.require(Right::ModifyCodes);
+    Transaction writing(main, authority);
+    const auto former = readGroup(main, number);
+    if (!former)
         return GroupRefusal::IsGone;
+    main.prepare("DELETE FROM omades WHERE aa=?").bind(number).run();
     main.prepare("UPDATE kvdikoi SET aa_omadas=0, omada=' ' WHERE aa_omadas=?").bind(number).run();
+    record(main, authority, JournalAction::Remove, former, std::nullopt);
     writing.commit();
     return std::nullopt;
 }

@@ -7,6 +7,8 @@
 
 namespace lorvan {
 
+class Authority;
+
 /// Why a change of groups is refused, in cases that the user can correct.
 enum class GroupRefusal {
     NoName, ///< The name is empty or blank.
@@ -14,12 +16,13 @@ enum class GroupRefusal {
     IsGone, ///< Somebody else has deleted the group.
 };
 
-/// Each operation is one transaction and throws SqlError if the file cannot be read or written; the book is then
-/// unchanged. A group's codes hold copies of its number and name, which change with it; movements hold copies of the
-/// number, which do not change.
+/// Each operation is one transaction, recorded in the journal, and throws NotPermitted without the right to change
+/// codes and SqlError if the file cannot be read or written; the book is then unchanged. A group's codes hold copies of
+/// its number and name, which change with it; movements hold copies of the number, which do not change.
 
 /// Adds a group, its name trimmed. Returns it with its new number.
-[[nodiscard]] std::variant<CodeGroup, GroupRefusal> addGroup(Connection& main, const QString& name);
+[[nodiscard]] std::variant<CodeGroup, GroupRefusal> addGroup(
+    Connection& main, const Authority& authority, const QString& name);
 
 /// Stores a group under its number, which must be free, without any check, inside the caller's transaction. `notes` go
 /// into a column that the program does not use.
@@ -27,10 +30,11 @@ void storeGroup(Connection& main, const CodeGroup& group, const std::optional<QS
 
 /// Renames a group, also in all its codes. The name of another group is accepted; with its present name, the group's
 /// codes are updated to it. Never refuses with NameExists.
-[[nodiscard]] std::optional<GroupRefusal> renameGroup(Connection& main, qint32 number, const QString& name);
+[[nodiscard]] std::optional<GroupRefusal> renameGroup(
+    Connection& main, const Authority& authority, qint32 number, const QString& name);
 
 /// Deletes a group. Its codes get the number 0 and a single blank as group name.
-[[nodiscard]] std::optional<GroupRefusal> removeGroup(Connection& main, qint32 number);
+[[nodiscard]] std::optional<GroupRefusal> removeGroup(Connection& main, const Authority& authority, qint32 number);
 
 /// Whether a group can have that name: not empty and not blank. For use before the user is asked for confirmation.
 [[nodiscard]] bool isGroupName(const QString& name);

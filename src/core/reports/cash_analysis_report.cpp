@@ -116,7 +116,7 @@ AnalysisBalances analysisBalances(Connection& main, const ReportInputs& inputs)
 
 ReportDocument cashAnalysisReport(Connection& main, const ReportInputs& inputs, const ReportProgress&)
 {
-    const Transaction reading(main, Transaction::Mode::Read);
+    const Transaction reading(main, Transaction::View::Steady);
     const auto day = figuresOf(main, inputs.start);
     ReportDocument document;
     document.StandardPageSetup();

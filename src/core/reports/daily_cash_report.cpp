@@ -64,7 +64,7 @@ void addMovements(
 
 ReportDocument dailyCashReport(Connection& main, const ReportInputs& inputs, const ReportProgress& progress)
 {
-    const Transaction reading(main, Transaction::Mode::Read);
+    const Transaction reading(main, Transaction::View::Steady);
     const CarriedBalance carried = carriedInto(main, inputs.end);
     const std::vector<Movement> movements = movementsOf(main, inputs.end);
 

@@ -137,7 +137,7 @@ void addLines(ReportDocument& document, const CardEntries& entries, const Report
 
 ReportDocument groupCardReport(Connection& main, const ReportInputs& inputs, const ReportProgress& progress)
 {
-    const Transaction reading(main, Transaction::Mode::Read);
+    const Transaction reading(main, Transaction::View::Steady);
     const CardEntries entries = entriesOf(main, inputs);
 
     ReportDocument document;

@@ -177,7 +177,7 @@ Currency wholeEuros(Currency amount)
 
 ReportDocument movementsByCodeReport(Connection& main, const ReportInputs& inputs, const ReportProgress& progress)
 {
-    const Transaction reading(main, Transaction::Mode::Read);
+    const Transaction reading(main, Transaction::View::Steady);
     return inputs.form == ReportForm::Detailed ? detailedReport(main, inputs, progress)
                                                : summaryReport(main, inputs, progress);
 }

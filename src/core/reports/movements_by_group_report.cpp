@@ -49,7 +49,7 @@ void addRows(ReportDocument& document, ReportTable& table, const std::vector<Gro
 
 ReportDocument movementsByGroupReport(Connection& main, const ReportInputs& inputs, const ReportProgress& progress)
 {
-    const Transaction reading(main, Transaction::Mode::Read);
+    const Transaction reading(main, Transaction::View::Steady);
     const std::vector<GroupMovement> movements =
         groupMovements(main, inputs.start, inputs.end, inputs.groups, Sameness::AmountsAndMemorandum);
 

@@ -190,7 +190,7 @@ std::vector<ReportOmission> reportOmissions(Connection& connection, Report repor
     if (readsPeriod(report) && inputs.start > inputs.end)
         return {{QStringLiteral("Η αρχή της περιόδου, %1, είναι μετά το τέλος της, %2: δεν βρίσκεται τίποτα.")
                      .arg(dateText(inputs.start), dateText(inputs.end))}};
-    const Transaction reading(connection, Transaction::Mode::Read);
+    const Transaction reading(connection, Transaction::View::Steady);
     switch (report) {
     case Report::MovementsByCode:
         return inputs.form == ReportForm::Detailed ? ofDetailsByCode(connection, inputs)

@@ -2,9 +2,12 @@
 
 #include "backup/book_copy.h"
 #include "book/book_schema.h"
-#include "platform/engine/connection.h"
+#include "book/lock_trust.h"
+#include "journal/journal.h"
+#include "platform/date_text.h"
 #include "platform/engine/transaction.h"
 
+#include <string>
 #include <vector>
 
 namespace lorvan {
@@ -12,10 +15,10 @@ namespace {
 
 constexpr int daysBetweenQuestions = 2000;
 
-std::vector<QDate> closedDays(Connection& auxiliary)
+std::vector<QDate> closedDays(Connection& book)
 {
     std::vector<QDate> days;
-    auto rows = auxiliary.prepare("SELECT DISTINCT hmeraklhsimatos FROM klhsimotameioy ORDER BY hmeraklhsimatos");
+    auto rows = book.prepare("SELECT DISTINCT hmeraklhsimatos FROM klhsimotameioy ORDER BY hmeraklhsimatos");
     while (rows.step()) {
         if (const QDate day = rows.date(0); day.isValid())
             days.push_back(day);
@@ -23,13 +26,24 @@ std::vector<QDate> closedDays(Connection& auxiliary)
     return days;
 }
 
+QJsonObject countRows(Connection& book)
+{
+    QJsonObject counts;
+    for (const char* const table : {"kinhseis", "tameio", "kvdikoi", "omades", "klhsimotameioy"}) {
+        auto row = book.prepare(std::string("SELECT count(*) FROM ") + table);
+        counts[QLatin1String(table)] = row.step() ? qint64(row.integer(0)) : 0;
+    }
+    return counts;
+}
+
 } // namespace
 
-void closeOpenDays(Connection& auxiliary, const std::function<bool()>& goOn)
+void closeOpenDays(Connection& book, const Authority& authority, const std::function<bool()>& goOn)
 {
-    Transaction transaction(auxiliary);
-    const std::vector<QDate> closed = closedDays(auxiliary);
-    auto close = auxiliary.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)");
+    authority.require(Right::CloseCash);
+    Transaction transaction(book, authority);
+    const std::vector<QDate> closed = closedDays(book);
+    auto close = book.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)");
     int count = 0;
     for (std::size_t next = 1; next < closed.size(); ++next) {
         for (QDate day = closed[next - 1].addDays(1); day < closed[next]; day = day.addDays(1)) {
@@ -38,23 +52,28 @@ void closeOpenDays(Connection& auxiliary, const std::function<bool()>& goOn)
                 return;
         }
     }
+    if (count == 0)
+        return;
+    recordChange(book, authority,
+        {JournalAction::Close, journal_subject::book(), {}, {}, {},
+            {{QStringLiteral("from"), storedDate(closed.front())}, {QStringLiteral("to"), storedDate(closed.back())},
+                {QStringLiteral("days"), count}, {QStringLiteral("aa"), qint64(book.lastInsertedKey())}}});
     transaction.commit();
 }
 
-CopiedBook deleteAllData(const BookFiles& files, KeyRing& keys, const QDateTime& now)
+CopiedBook deleteAllData(const BookFiles& files, KeyRing& keys, const Authority& authority)
 {
-    const FileKey mainKey = keys.keyFor(files.mainDatabase());
-    const FileKey auxiliaryKey = keys.keyFor(files.auxiliaryDatabase());
-    Connection book = Connection::open(files.mainDatabase(), mainKey, Connection::Access::ReadWrite);
-    book.attach(files.auxiliaryDatabase(), auxiliaryKey, QStringLiteral("auxiliary"));
-    Transaction transaction(book, Transaction::Mode::Exclusive);
-    BookCopy copy(book, files, keys, now);
+    Connection book = openBoth(files, keys);
+    Transaction transaction(book, authority, Transaction::Writing::Alone);
+    BookCopy copy(book, files, keys, authority.now());
+    const QJsonObject counts = countRows(book);
     book.execute("DELETE FROM main.kinhseis; DELETE FROM main.kvdikoi; DELETE FROM main.omades;"
                  "DELETE FROM main.tameio; DELETE FROM auxiliary.klhsimotameioy");
     for (const QString& table : ownTables()) {
-        if (book.knowsTable(table.toLatin1().constData()))
+        if (table != QLatin1String(journalTable) && book.knowsTable(table.toLatin1().constData()))
             book.execute(QStringLiteral("DELETE FROM main.%1").arg(table).toStdString());
     }
+    recordChange(book, authority, {JournalAction::Clear, journal_subject::book(), {}, {}, counts, {}});
     copy.keep(); // if the commit fails halfway, the copy may be needed
     transaction.commit();
     return {copy.mainDatabase(), copy.auxiliaryDatabase()};

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/authority.h"
+
 #include <QString>
 
 #include <optional>
@@ -7,13 +9,6 @@
 namespace lorvan {
 
 class Connection;
-
-/// What a user may do beyond viewing, printing, and working on open days.
-struct Rights {
-    bool modifyCash = false; ///< Change the movements of closed days too.
-    bool closeCash = false; ///< Close a cash day.
-    bool modifyCodes = false; ///< Change codes and groups.
-};
 
 /// The signed-in user, from sign-in to the end of the process.
 struct UserSession {

@@ -1,8 +1,64 @@
 #include "users/user_accounts.h"
 
+#include "journal/journal.h"
 #include "platform/engine/connection.h"
+#include "platform/engine/transaction.h"
+
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <utility>
 
 namespace lorvan {
+namespace {
+
+QJsonObject stateOf(const QString& name, Rights rights)
+{
+    return {{QStringLiteral("uname"), name}, {QStringLiteral("r_eggrafes"), rights.modifyCash},
+        {QStringLiteral("r_klhsimo"), rights.closeCash}, {QStringLiteral("r_kvdikoi"), rights.modifyCodes}};
+}
+
+/// Under the name after the change, or the last one of an account that was removed.
+void recordUser(Connection& book, const Authority& authority, JournalAction action, const QJsonObject& before,
+    const QJsonObject& after)
+{
+    const QString name = (after.isEmpty() ? before : after)[QStringLiteral("uname")].toString();
+    recordChange(book, authority, {action, journal_subject::user(name), {}, {}, before, after});
+}
+
+QJsonObject readState(const QString& json)
+{
+    QJsonObject state = QJsonDocument::fromJson(json.toUtf8()).object();
+    state.remove(QStringLiteral("newPassword"));
+    return state;
+}
+
+/// Returns false if the state is not among them. Names need not be unique.
+bool take(std::vector<QJsonObject>& states, const QJsonObject& state)
+{
+    const auto known = std::find(states.begin(), states.end(), state);
+    if (known == states.end())
+        return false;
+    states.erase(known);
+    return true;
+}
+
+/// The accounts that there should be.
+std::vector<QJsonObject> recordedAccounts(Connection& main)
+{
+    std::vector<QJsonObject> accounts;
+    auto rows = main.prepare("SELECT before, after FROM main.journal WHERE subject>='user/' AND subject<'user0'"
+                             " ORDER BY id");
+    while (rows.step()) {
+        if (!rows.isNull(0))
+            take(accounts, readState(rows.text(0)));
+        if (!rows.isNull(1))
+            accounts.push_back(readState(rows.text(1)));
+    }
+    return accounts;
+}
+
+} // namespace
 
 bool isComplete(const QString& name, const QString& password)
 {
@@ -20,31 +76,67 @@ std::vector<UserAccount> listUsers(Connection& auxiliary)
     return users;
 }
 
-qint64 addUser(Connection& auxiliary, const QString& name, const QString& password, Rights rights)
+qint64 addUser(
+    Connection& book, const Authority& authority, const QString& name, const QString& password, Rights rights)
 {
-    auxiliary.prepare("INSERT INTO codes (uname, upass, r_eggrafes, r_klhsimo, r_kvdikoi) VALUES (?,?,?,?,?)")
+    Transaction writing(book, authority);
+    book.prepare("INSERT INTO codes (uname, upass, r_eggrafes, r_klhsimo, r_kvdikoi) VALUES (?,?,?,?,?)")
         .bind(name.trimmed(), password.trimmed(), rights.modifyCash, rights.closeCash, rights.modifyCodes)
         .run();
-    return auxiliary.lastInsertedKey();
+    const qint64 row = book.lastInsertedKey();
+    recordUser(book, authority, JournalAction::Insert, {}, stateOf(name.trimmed(), rights));
+    writing.commit();
+    return row;
 }
 
-bool changeUser(Connection& auxiliary, const UserAccount& read, const UserAccount& changed)
+bool changeUser(Connection& book, const Authority& authority, const UserAccount& read, const UserAccount& changed)
 {
-    return auxiliary
-               .prepare("UPDATE codes SET uname=?, upass=?, r_eggrafes=?, r_klhsimo=?, r_kvdikoi=?"
-                        " WHERE rowid=? AND ifnull(uname, '')=? AND ifnull(upass, '')=?")
-               .bind(changed.name.trimmed(), changed.password.trimmed(), changed.rights.modifyCash,
-                   changed.rights.closeCash, changed.rights.modifyCodes, read.row, read.name, read.password)
-               .run()
-        > 0;
+    Transaction writing(book, authority);
+    const int rows = book.prepare("UPDATE codes SET uname=?, upass=?, r_eggrafes=?, r_klhsimo=?, r_kvdikoi=?"
+                                  " WHERE rowid=? AND ifnull(uname, '')=? AND ifnull(upass, '')=?")
+                         .bind(changed.name.trimmed(), changed.password.trimmed(), changed.rights.modifyCash,
+                             changed.rights.closeCash, changed.rights.modifyCodes, read.row, read.name, read.password)
+                         .run();
+    if (rows == 0)
+        return false;
+    QJsonObject after = stateOf(changed.name.trimmed(), changed.rights);
+    if (changed.password.trimmed() != read.password)
+        after[QStringLiteral("newPassword")] = true;
+    recordUser(book, authority, JournalAction::Modify, stateOf(read.name, read.rights), after);
+    writing.commit();
+    return true;
 }
 
-bool removeUser(Connection& auxiliary, const UserAccount& read)
+bool removeUser(Connection& book, const Authority& authority, const UserAccount& read)
 {
-    return auxiliary.prepare("DELETE FROM codes WHERE rowid=? AND ifnull(uname, '')=? AND ifnull(upass, '')=?")
-               .bind(read.row, read.name, read.password)
-               .run()
-        > 0;
+    Transaction writing(book, authority);
+    const int rows = book.prepare("DELETE FROM codes WHERE rowid=? AND ifnull(uname, '')=? AND ifnull(upass, '')=?")
+                         .bind(read.row, read.name, read.password)
+                         .run();
+    if (rows == 0)
+        return false;
+    recordUser(book, authority, JournalAction::Remove, stateOf(read.name, read.rights), {});
+    writing.commit();
+    return true;
+}
+
+UnrecordedUsers unrecordedUsers(Connection& main, Connection& auxiliary)
+{
+    UnrecordedUsers users{recordedAccounts(main), {}};
+    for (const UserAccount& user : listUsers(auxiliary)) {
+        QJsonObject state = stateOf(user.name, user.rights);
+        if (!take(users.gone, state))
+            users.added.push_back(std::move(state));
+    }
+    return users;
+}
+
+void recordFound(Connection& main, const Authority& authority, const UnrecordedUsers& users)
+{
+    for (const QJsonObject& state : users.gone)
+        recordUser(main, authority, JournalAction::Found, state, {});
+    for (const QJsonObject& state : users.added)
+        recordUser(main, authority, JournalAction::Found, {}, state);
 }
 
 } // namespace lorvan

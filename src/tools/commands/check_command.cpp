@@ -5,6 +5,7 @@
 #include "cashbook/book_check.h"
 #include "cashbook/book_repair.h"
 #include "commands/findings_text.h"
+#include "platform/authority.h"
 #include "support/claimed_marker.h"
 #include "support/opened_book.h"
 #include "support/progress_bar.h"
@@ -83,7 +84,8 @@ ExitStatus checkBook(const QString& folder, bool wantsRepair, const ToolContext&
     if (wantsRepair && found->findings.anythingRepairable()) {
         printFindings(found->findings, context.out);
         const BookRepair repair = withProgress(context, QStringLiteral("Διόρθωση"), [&](const CheckProgress& progress) {
-            return repairBook(book.connection(), book.files(), book.keys(), context.clock.now(), progress);
+            return repairBook(
+                book.connection(), book.files(), book.keys(), Authority::companion(context.clock), progress);
         });
         printRepair(repair, context.out);
         found = examineAgain(book, context);

@@ -40,7 +40,10 @@ ExitStatus create(Arguments& arguments, const ToolContext& context)
     const auto user = askFirstUser(userName, context);
     NewBook made(folder);
     if (user)
-        fillHidden([&] { addUser(made.book().auxiliary(), user->name, user->password, allRights); });
+        fillHidden([&] {
+            addUser(
+                made.book().auxiliary(), Authority::companion(context.clock), user->name, user->password, allRights);
+        });
     Interruption::throwIfCome();
     made.keep();
 

@@ -3,6 +3,7 @@
 #include "book/book_schema.h"
 #include "cashbook/opening_balance.h"
 #include "csv/csv_import.h"
+#include "platform/authority.h"
 #include "support/claimed_marker.h"
 #include "support/interruption.h"
 #include "support/opened_book.h"
@@ -42,8 +43,9 @@ CsvImportOutcome import(OpenedBook& book, const QString& folder, ImportChoices c
     if (book.connection().isReadOnly())
         throw Refused(QStringLiteral("Το βιβλίο είναι μόνο για ανάγνωση. Δεν έγινε τίποτα."));
     ensureMainSchema(book.connection(), openingSteps());
+    const Authority authority = Authority::companion(context.clock);
     ProgressBar bar(context, QStringLiteral("Εισαγωγή"));
-    return importCsv(book.connection(), folder, choices, context.clock, [&bar](qint64 done, qint64 whole) {
+    return importCsv(book.connection(), authority, folder, choices, [&bar](qint64 done, qint64 whole) {
         Interruption::throwIfCome();
         bar.show(done, whole);
     });

@@ -2,6 +2,7 @@
 
 #include "cashbook/cash_closing.h"
 #include "cashbook/cash_day.h"
+#include "cashbook/journal_keeping.h"
 #include "cashbook/movement_batch.h"
 #include "cashbook/opening_difference.h"
 #include "codes/code_maintenance.h"
@@ -39,7 +40,8 @@ constexpr qint64 settlingShare = 4; ///< Settling the days is taken for a fourth
 
 class Import {
 public:
-    Import(Connection& book, const QString& folder, ClosedDays closedDays, const StepProgress& progress);
+    Import(Connection& book, const Authority& authority, const QString& folder, ClosedDays closedDays,
+        const StepProgress& progress);
 
     [[nodiscard]] CsvImportOutcome run();
     [[nodiscard]] QString digest() const { return m_digest.text(); } ///< Of all that run() has read.
@@ -86,12 +88,13 @@ private:
     qint64 m_bytesInAll = 0;
 };
 
-Import::Import(Connection& book, const QString& folder, ClosedDays closedDays, const StepProgress& progress)
+Import::Import(Connection& book, const Authority& authority, const QString& folder, ClosedDays closedDays,
+    const StepProgress& progress)
     : m_book(book)
     , m_folder(folder)
     , m_progress(progress)
     , m_closedDays(closedDays)
-    , m_batch(book, book, {.modifyCash = closedDays == ClosedDays::Accept})
+    , m_batch(book, book, closedDays == ClosedDays::Accept ? authority : authority.without(Right::ModifyCash))
 {
     for (const char* const name : {import_files::groups, import_files::codes, import_files::movements})
         m_bytesInAll += QFileInfo(pathOf(name)).size();
@@ -367,20 +370,22 @@ bool addsSomething(const CsvImportOutcome& outcome)
 
 } // namespace
 
-CsvImportOutcome importCsv(
-    Connection& book, const QString& folder, ImportChoices choices, const Clock& clock, const StepProgress& progress)
+CsvImportOutcome importCsv(Connection& book, const Authority& authority, const QString& folder, ImportChoices choices,
+    const StepProgress& progress)
 {
     refuseWithoutFiles(folder);
-    Transaction writing(book);
-    Import import(book, folder, choices.closedDays, progress);
+    Transaction writing(book, authority);
+    completeJournal(book, book);
+    Import import(book, authority, folder, choices.closedDays, progress);
     CsvImportOutcome outcome = import.run();
     if (outcome.badLineCount != 0)
         return outcome;
     if (addsSomething(outcome)) {
         if (choices.takenBefore == TakenBefore::Refuse)
             refuseTaken(book, import.digest());
-        rememberImport(book, import.digest(), outcome, clock);
+        rememberImport(book, import.digest(), outcome, authority);
     }
+    recordImport(book, import.digest(), outcome, authority);
     writing.commit();
     return outcome;
 }

@@ -8,7 +8,7 @@
 
 namespace lorvan {
 
-class Clock;
+class Authority;
 class Connection;
 
 /// What an import takes and what it leaves, by file.
@@ -64,10 +64,10 @@ struct CsvImportOutcome {
 /// typed, in the order of the file within each day, under any code that the book or the file holds, with the group of
 /// that code.
 /// An opening difference moves the balances from its day on; a day that has another one already is a bad line.
-/// The book remembers what it took, unless that was nothing new.
+/// The book remembers what it took, unless that was nothing new; the journal has one row for each file.
 /// Throws Refused when no file is there or one cannot be read, or when all of it was taken before, SqlError, and
 /// CurrencyOverflow when a balance leaves its range; the book is then as it was.
-[[nodiscard]] CsvImportOutcome importCsv(Connection& book, const QString& folder, ImportChoices choices,
-    const Clock& clock, const StepProgress& progress = {});
+[[nodiscard]] CsvImportOutcome importCsv(Connection& book, const Authority& authority, const QString& folder,
+    ImportChoices choices, const StepProgress& progress = {});
 
 } // namespace lorvan

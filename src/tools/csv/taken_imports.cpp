@@ -1,7 +1,8 @@
 #include "csv/taken_imports.h"
 
 #include "csv/csv_import.h"
-#include "platform/clock.h"
+#include "journal/journal.h"
+#include "platform/authority.h"
 #include "platform/engine/connection.h"
 #include "support/work.h"
 
@@ -21,11 +22,26 @@ void refuseTaken(Connection& book, const QString& digest)
                       .arg(at.toString(QStringLiteral("dd-MM-yyyy HH:mm"))));
 }
 
-void rememberImport(Connection& book, const QString& digest, const CsvImportOutcome& outcome, const Clock& clock)
+void rememberImport(
+    Connection& book, const QString& digest, const CsvImportOutcome& outcome, const Authority& authority)
 {
     book.prepare("INSERT INTO taken_imports (digest, at, groups, codes, movements) VALUES (?,?,?,?,?)")
-        .bind(digest, clock.now().toMSecsSinceEpoch(), outcome.groups.added, outcome.codes.added, outcome.movements)
+        .bind(digest, authority.now().toMSecsSinceEpoch(), outcome.groups.added, outcome.codes.added, outcome.movements)
         .run();
+}
+
+void recordImport(Connection& book, const QString& digest, const CsvImportOutcome& outcome, const Authority& authority)
+{
+    const std::pair<const char*, qint64> files[] = {{import_files::groups, outcome.groups.added},
+        {import_files::codes, outcome.codes.added}, {import_files::movements, outcome.movements},
+        {import_files::openingDifferences, outcome.openingDifferences.added}};
+    for (const auto& [file, added] : files) {
+        if (added > 0)
+            recordChange(book, authority,
+                {JournalAction::Import, journal_subject::book(), {}, {}, {},
+                    {{QStringLiteral("file"), QLatin1String(file)}, {QStringLiteral("added"), added},
+                        {QStringLiteral("digest"), digest}}});
+    }
 }
 
 } // namespace lorvan

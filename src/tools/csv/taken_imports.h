@@ -4,7 +4,7 @@
 
 namespace lorvan {
 
-class Clock;
+class Authority;
 class Connection;
 struct CsvImportOutcome;
 
@@ -14,6 +14,11 @@ struct CsvImportOutcome;
 void refuseTaken(Connection& book, const QString& digest);
 
 /// Records an import, inside the caller's transaction. Throws SqlError.
-void rememberImport(Connection& book, const QString& digest, const CsvImportOutcome& outcome, const Clock& clock);
+void rememberImport(
+    Connection& book, const QString& digest, const CsvImportOutcome& outcome, const Authority& authority);
+
+/// Adds a row to the journal for each file of which something was stored, inside the caller's transaction. Throws
+/// SqlError.
+void recordImport(Connection& book, const QString& digest, const CsvImportOutcome& outcome, const Authority& authority);
 
 } // namespace lorvan

@@ -59,7 +59,7 @@ void fillMain(Connection& main, const std::vector<QDate>& dates, std::uint64_t s
 {
     const auto ledger = demoLedger(seed, demoWorkingDays);
     Currency balance;
-    Transaction transaction(main);
+    Transaction transaction(main, Authority::companion());
     writeGroups(main);
     writeCodes(main);
     for (std::size_t i = 0; i < dates.size(); ++i)
@@ -69,12 +69,12 @@ void fillMain(Connection& main, const std::vector<QDate>& dates, std::uint64_t s
 
 void fillAuxiliary(Connection& auxiliary, const std::vector<QDate>& dates)
 {
-    Transaction transaction(auxiliary);
-    for (const DemoUser& user : demoUsers())
-        addUser(auxiliary, user.name, user.password, user.rights);
+    Transaction transaction(auxiliary, Authority::companion());
     for (std::size_t i = 0; i + demoOpenDays < dates.size(); ++i)
         auxiliary.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)").bind(dates[i]).run();
     transaction.commit();
+    for (const DemoUser& user : demoUsers())
+        addUser(auxiliary, Authority::companion(), user.name, user.password, user.rights);
 }
 
 } // namespace

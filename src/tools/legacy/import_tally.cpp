@@ -34,7 +34,7 @@ std::string sumLine(const QString& what, Currency before, Currency after)
 
 std::vector<AuditedDay> differingDays(Connection& main)
 {
-    const Transaction transaction(main, Transaction::Mode::Read);
+    const Transaction transaction(main, Transaction::View::Steady);
     const CashAudit audit = auditCash(main, [](std::int64_t, std::int64_t) {});
     std::vector<AuditedDay> differing;
     if (audit.days)

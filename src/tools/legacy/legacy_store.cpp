@@ -1,7 +1,9 @@
 #include "legacy/legacy_store.h"
 
 #include "book/book.h"
+#include "cashbook/journal_keeping.h"
 #include "cashbook/opening_balance.h"
+#include "journal/journal.h"
 #include "legacy/legacy_book.h"
 #include "platform/engine/transaction.h"
 
@@ -44,7 +46,7 @@ public:
 
     void store(Connection& connection, LegacyTable::File file)
     {
-        Transaction transaction(connection);
+        Transaction transaction(connection, Authority::companion());
         for (const LegacyRows& rows : m_legacy.tables) {
             if (rows.table->file == file)
                 store(connection, rows);
@@ -71,6 +73,26 @@ private:
     std::uint64_t m_stored = 0;
 };
 
+QJsonObject countsOf(const LegacyBook& legacy, LegacyTable::File file)
+{
+    QJsonObject counts;
+    for (const LegacyRows& rows : legacy.tables) {
+        if (rows.table->file == file)
+            counts[rows.table->name] = qint64(rows.rows.size());
+    }
+    return counts;
+}
+
+void recordFiles(Connection& main, const LegacyBook& legacy)
+{
+    const Authority companion = Authority::companion();
+    Transaction transaction(main, companion);
+    for (const LegacyTable::File file : {LegacyTable::File::Main, LegacyTable::File::Auxiliary})
+        recordChange(
+            main, companion, {JournalAction::Import, journal_subject::book(), {}, {}, {}, countsOf(legacy, file)});
+    transaction.commit();
+}
+
 } // namespace
 
 void storeLegacyBook(const LegacyBook& legacy, Book& book, const std::function<void(std::uint64_t)>& advance)
@@ -78,11 +100,13 @@ void storeLegacyBook(const LegacyBook& legacy, Book& book, const std::function<v
     Storing storing(legacy, advance);
     storing.store(book.main(), LegacyTable::File::Main);
     {
-        Transaction transaction(book.main());
+        Transaction transaction(book.main(), Authority::companion());
         adoptOpeningBalance(book.main());
         transaction.commit();
     }
     storing.store(book.auxiliary(), LegacyTable::File::Auxiliary);
+    keepJournal(book.main(), book.auxiliary());
+    recordFiles(book.main(), legacy);
 }
 
 } // namespace lorvan

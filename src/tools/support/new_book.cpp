@@ -1,6 +1,7 @@
 #include "support/new_book.h"
 
 #include "book/pending_restore.h"
+#include "cashbook/journal_keeping.h"
 #include "platform/engine/key_ring.h"
 #include "platform/engine/sql_error.h"
 #include "platform/files/durable_files.h"
@@ -86,6 +87,7 @@ void NewBook::removeFolders()
 
 void NewBook::keep()
 {
+    fillHidden([this] { keepJournal(m_book->main(), m_book->auxiliary()); });
     m_book.reset();
     m_staging->noteMove();
     asWriting(m_target.dataFolder(), [this] { moveIntoPlace(); });

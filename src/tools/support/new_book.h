@@ -31,8 +31,9 @@ public:
 
     [[nodiscard]] Book& book() { return *m_book; }
 
-    /// Closes the book and moves its files into place. Throws like the constructor, also if another book has appeared
-    /// in the meantime. If the disk does not confirm the names, noteUnconfirmed() is called.
+    /// Begins the journal if nobody has, closes the book and moves its files into place. Throws like the constructor,
+    /// also if another book has appeared in the meantime. If the disk does not confirm the names, noteUnconfirmed() is
+    /// called.
     void keep();
 
 private:

@@ -17,7 +17,7 @@ void readyBook(const BookFiles& files);
 /// `auxiliary`; no table name occurs in both. Opening upgrades or changes neither. If the files may only be read, the
 /// connection is read-only (Connection::isReadOnly()).
 ///
-/// A command that only reads does so in one Transaction::Mode::Read over both files, so that everything it reads
+/// A command that only reads does so in one Transaction::View::Steady over both files, so that everything it reads
 /// belongs together, whoever is writing. A writer's commit waits until it ends, five seconds at most. A command that
 /// writes claims the marker after readyBook() and then opens the book.
 class OpenedBook {

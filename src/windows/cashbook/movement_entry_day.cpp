@@ -30,7 +30,7 @@ void MovementEntryPage::start()
     m_weekday->setText(entryWeekday(today));
     judgeDay();
     fill(readDay());
-    m_commands[command::closeCash]->setVisible(m_rights.closeCash);
+    m_commands[command::closeCash]->setVisible(m_authority.has(Right::CloseCash));
 }
 
 bool MovementEntryPage::dateLeft()
@@ -108,7 +108,7 @@ void MovementEntryPage::bringBackDay()
 
 bool MovementEntryPage::isRefused(QDate day)
 {
-    return showClosedState(day) && !m_rights.modifyCash;
+    return askClosedState(day) && !m_authority.has(Right::ModifyCash);
 }
 
 /// Asks again whether the day is closed. True if the user may not change it: then only a date can be typed.
@@ -122,14 +122,19 @@ bool MovementEntryPage::judgeDay()
     return refused;
 }
 
-bool MovementEntryPage::showClosedState(QDate day)
+bool MovementEntryPage::askClosedState(QDate day)
 {
-    const bool closed = day.isValid() && m_cashBook.isDayClosed(day);
-    if (closed)
+    const bool isClosed = day.isValid() && m_cashBook.isDayClosed(day);
+    showClosedState(isClosed);
+    return isClosed;
+}
+
+void MovementEntryPage::showClosedState(bool isClosed)
+{
+    if (isClosed)
         m_state->showClosed();
     else
         m_state->showOpen();
-    return closed;
 }
 
 /// Reads the shown day and corrects its row. The day is what matters: if something keeps its row from being written (a

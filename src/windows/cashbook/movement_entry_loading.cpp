@@ -15,7 +15,7 @@ void MovementEntryPage::lineClicked()
 {
     if (!settle())
         return;
-    guarded(window(), [this] { showClosedState(enteredDay()); });
+    guarded(window(), [this] { askClosedState(enteredDay()); });
     keepCleared();
     release();
 }
@@ -102,7 +102,7 @@ void MovementEntryPage::lineOpened(qint64 key)
     if (key == 0)
         return;
     const auto movement = m_cashBook.find(key);
-    showClosedState(enteredDay());
+    askClosedState(enteredDay());
     if (!movement)
         explain(MovementRefusal::MovementIsGone, RefusedOperation::Change);
     else if (m_cashBook.mayChange(movement->day))

@@ -38,13 +38,14 @@ std::vector<DayLine> linesOf(const DayView& view)
 
 } // namespace
 
-MovementEntryPage::MovementEntryPage(Book& book, UsageMarker& marker, Rights rights, Clock clock, QWidget* parent)
+MovementEntryPage::MovementEntryPage(
+    Book& book, UsageMarker& marker, const Authority& authority, Clock clock, QWidget* parent)
     : QWidget(parent)
     , m_book(book)
     , m_marker(marker)
-    , m_rights(rights)
+    , m_authority(authority)
     , m_clock(std::move(clock))
-    , m_cashBook(book, rights)
+    , m_cashBook(book, authority)
     , m_gate(this)
     , m_checks(this)
     , m_fields(this)
@@ -185,8 +186,7 @@ void MovementEntryPage::insertMovement()
     MovementDraft draft;
     if (!readDraft(draft))
         return;
-    showClosedState(draft.day);
-    if (!m_cashBook.mayChange(draft.day)) {
+    if (m_loaded && !m_cashBook.mayChange(draft.day)) {
         explain(MovementRefusal::DayIsClosed, RefusedOperation::Insert);
         return;
     }
@@ -237,12 +237,16 @@ bool MovementEntryPage::change(RefusedOperation operation, const std::function<C
         explain(*refusal, operation);
         return false;
     }
-    fill(std::get<DayView>(outcome));
+    const auto& [view, isClosed] = std::get<ChangedDay>(outcome);
+    showClosedState(isClosed);
+    fill(view);
     return true;
 }
 
 void MovementEntryPage::explain(MovementRefusal refusal, RefusedOperation operation)
 {
+    if (refusal == MovementRefusal::DayIsClosed)
+        showClosedState(true);
     explainRefusal(window(), refusal, operation);
     if (refusal == MovementRefusal::MovementIsGone)
         showLines(m_cashBook.showDay(enteredDay(), DayRow::LeaveAlone));
@@ -259,12 +263,12 @@ void MovementEntryPage::clearEntry()
 void MovementEntryPage::closeCash()
 {
     const QDate day = enteredDay();
-    if (!m_rights.closeCash) {
+    if (!m_authority.has(Right::CloseCash)) {
         showMessage(window(), QMessageBox::Critical, attention,
             QStringLiteral("Ο χρήστης δεν έχει το δικαίωμα να κλίνει το ταμείο"));
     } else if (!day.isValid()) {
         explain(MovementRefusal::DateIsInvalid, RefusedOperation::Change);
-    } else if (askToClose(day) && closeDay(m_book.auxiliary(), day)) {
+    } else if (askToClose(day) && m_cashBook.close(day)) {
         Q_EMIT dayClosed(day);
     }
 }

@@ -33,7 +33,7 @@ class MovementEntryPage : public QWidget {
     Q_OBJECT
 
 public:
-    MovementEntryPage(Book& book, UsageMarker& marker, Rights rights, Clock clock, QWidget* parent);
+    MovementEntryPage(Book& book, UsageMarker& marker, const Authority& authority, Clock clock, QWidget* parent);
 
     /// Returns the page's button with this index; the window that holds the page connects it.
     [[nodiscard]] CommandButton* button(int index) const { return m_commands[index]; }
@@ -90,7 +90,8 @@ private:
     void bringBackDay();
     bool judgeDay();
     [[nodiscard]] bool isRefused(QDate day);
-    bool showClosedState(QDate day);
+    bool askClosedState(QDate day);
+    void showClosedState(bool isClosed);
     [[nodiscard]] DayView readDay();
     void fill(const DayView& view);
     void showLines(const DayView& view);
@@ -129,7 +130,7 @@ private:
 
     Book& m_book;
     UsageMarker& m_marker;
-    const Rights m_rights;
+    const Authority m_authority;
     const Clock m_clock;
     CashBook m_cashBook;
     const ActionGate m_gate;

@@ -38,9 +38,10 @@ QString nameOf(const CodeGroup* group)
 
 } // namespace
 
-CodesPage::CodesPage(Book& book, QWidget* parent)
+CodesPage::CodesPage(Book& book, Authority authority, QWidget* parent)
     : QWidget(parent)
     , m_book(book)
+    , m_authority(std::move(authority))
     , m_gate(this)
     , m_panel(new QWidget)
     , m_reader(new ListReader(m_panel, this))
@@ -71,8 +72,9 @@ void CodesPage::connectLists()
 
 // What is shown
 
-void CodesPage::start(bool mayModify)
+void CodesPage::start()
 {
+    const bool mayModify = m_authority.has(Right::ModifyCodes);
     m_reader->setReading(!mayModify);
     clearFields();
     m_selected.reset();
@@ -206,7 +208,7 @@ CodeEntry CodesPage::typed() const
 
 void CodesPage::insertCode()
 {
-    const auto outcome = lorvan::insertCode(m_book.main(), typed());
+    const auto outcome = lorvan::insertCode(m_book.main(), m_authority, typed());
     refillGroups(); // another computer may have edited them
     if (const auto* const refusal = std::get_if<CodeRefusal>(&outcome)) {
         refill();
@@ -228,7 +230,7 @@ void CodesPage::modifyCode()
     const auto effects = effectsOfModification(m_book.main(), *m_selected, typed(), m_group);
     if (!askModification(window(), effects.value_or(ModificationEffects())))
         return;
-    if (const auto refusal = lorvan::modifyCode(m_book.main(), *m_selected, typed(), m_group))
+    if (const auto refusal = lorvan::modifyCode(m_book.main(), m_authority, *m_selected, typed(), m_group))
         explain(*refusal);
     else
         changed();
@@ -245,7 +247,7 @@ void CodesPage::removeCode()
     if (!askOkCancel(window(), QMessageBox::Question, QStringLiteral("Διαγραφή κωδικού"),
             QStringLiteral("Να γίνει η διαγραφή του κωδικού;")))
         return;
-    if (const auto refusal = lorvan::removeCode(m_book.main(), *m_selected)) {
+    if (const auto refusal = lorvan::removeCode(m_book.main(), m_authority, *m_selected)) {
         explain(*refusal);
         return;
     }

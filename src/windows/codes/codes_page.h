@@ -3,6 +3,7 @@
 #include "codes/code_maintenance.h"
 #include "controls/action_gate.h"
 #include "controls/control_array.h"
+#include "platform/authority.h"
 
 #include <QWidget>
 
@@ -29,13 +30,13 @@ class CodesPage : public QWidget {
     Q_OBJECT
 
 public:
-    CodesPage(Book& book, QWidget* parent);
+    CodesPage(Book& book, Authority authority, QWidget* parent);
 
     /// Returns the page's button with this index; the window that holds the page connects it.
     [[nodiscard]] CommandButton* button(int index) const { return m_commands[index]; }
 
     /// Called when the tab is selected: empties the fields and reads codes and groups again. Throws SqlError.
-    void start(bool mayModify);
+    void start();
 
     void insertCode();
     void modifyCode();
@@ -83,6 +84,7 @@ private:
     [[nodiscard]] EntryField* fieldToCorrect(CodeRefusal refusal) const;
 
     Book& m_book;
+    const Authority m_authority;
     const ActionGate m_gate;
     QWidget* m_panel;
     ListReader* m_reader;

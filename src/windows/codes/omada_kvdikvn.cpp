@@ -24,9 +24,10 @@ constexpr int betweenControls = 8;
 
 } // namespace
 
-OmadaKvdikvn::OmadaKvdikvn(Connection& main, MayChange mayChange, QWidget* parent)
+OmadaKvdikvn::OmadaKvdikvn(Connection& main, Authority authority, MayChange mayChange, QWidget* parent)
     : QDialog(parent)
     , m_main(main)
+    , m_authority(std::move(authority))
     , m_mayChange(std::move(mayChange))
     , m_gate(this)
     , m_list(new PlainList)
@@ -143,7 +144,7 @@ bool OmadaKvdikvn::holdsUnstoredText() const
 
 void OmadaKvdikvn::addGroup()
 {
-    const auto outcome = lorvan::addGroup(m_main, m_name->text());
+    const auto outcome = lorvan::addGroup(m_main, m_authority, m_name->text());
     if (const auto* const refusal = std::get_if<GroupRefusal>(&outcome)) {
         explain(*refusal, Add);
         return;
@@ -167,7 +168,7 @@ void OmadaKvdikvn::renameGroup()
             QStringLiteral("Να γίνει η μεταβολή των στοιχείων;")))
         return;
     const qint32 group = *m_loaded;
-    if (const auto refusal = lorvan::renameGroup(m_main, group, m_name->text())) {
+    if (const auto refusal = lorvan::renameGroup(m_main, m_authority, group, m_name->text())) {
         explain(*refusal, Rename);
         return;
     }
@@ -183,7 +184,7 @@ void OmadaKvdikvn::removeGroup()
     if (!askOkCancel(this, QMessageBox::Critical, QStringLiteral("Διαγραφή ομάδας"),
             QStringLiteral("Να γίνει η διαγραφή της ομάδας;")))
         return;
-    if (const auto refusal = lorvan::removeGroup(m_main, *m_loaded)) {
+    if (const auto refusal = lorvan::removeGroup(m_main, m_authority, *m_loaded)) {
         explain(*refusal, Remove);
         return;
     }

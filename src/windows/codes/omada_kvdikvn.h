@@ -3,6 +3,7 @@
 #include "codes/group_maintenance.h"
 #include "controls/action_gate.h"
 #include "controls/control_array.h"
+#include "platform/authority.h"
 
 #include <QDialog>
 
@@ -28,7 +29,7 @@ public:
 
     /// `main` must outlive the window. `mayChange` is asked before each change. Throws SqlError when the groups cannot
     /// be read.
-    OmadaKvdikvn(Connection& main, MayChange mayChange, QWidget* parent = nullptr);
+    OmadaKvdikvn(Connection& main, Authority authority, MayChange mayChange, QWidget* parent = nullptr);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -54,6 +55,7 @@ private:
     [[nodiscard]] bool holdsUnstoredText() const;
 
     Connection& m_main;
+    const Authority m_authority;
     const MayChange m_mayChange;
     const ActionGate m_gate;
     PlainList* m_list;

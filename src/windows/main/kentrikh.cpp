@@ -35,17 +35,17 @@ constexpr QSize leastSize{720, 500};
 } // namespace
 
 Kentrikh::Kentrikh(
-    Book book, UsageMarker marker, Rights rights, DataFolderSettings settings, Clock clock, KeyRing& keys)
+    Book book, UsageMarker marker, Authority authority, DataFolderSettings settings, Clock clock, KeyRing& keys)
     : m_book(std::move(book))
     , m_marker(std::move(marker))
-    , m_rights(rights)
+    , m_authority(std::move(authority))
     , m_settings(std::move(settings))
     , m_clock(std::move(clock))
     , m_locks(lockReachOf(BookFiles(m_settings.dataFolder)))
     , m_band(new TabBand(this))
     , m_pages(new QStackedWidget(this))
-    , m_entryPage(new MovementEntryPage(m_book, m_marker, rights, m_clock, this))
-    , m_codesPage(new CodesPage(m_book, this))
+    , m_entryPage(new MovementEntryPage(m_book, m_marker, m_authority, m_clock, this))
+    , m_codesPage(new CodesPage(m_book, m_authority, this))
     , m_printingPage(new PrintingPage(m_clock, this))
     , m_totals(new TotalsBar(this))
     , m_notices(m_settings.dataFolder, m_marker, m_clock, this)
@@ -204,7 +204,7 @@ void Kentrikh::insertCode()
 void Kentrikh::editGroups()
 {
     OmadaKvdikvn groups(
-        m_book.main(), [this](QWidget* asking) { return !refusedByMarker(asking); }, this);
+        m_book.main(), m_authority, [this](QWidget* asking) { return !refusedByMarker(asking); }, this);
     groups.exec();
     m_codesPage->refreshGroups();
 }
@@ -306,7 +306,7 @@ void Kentrikh::fillPage(int tab, int earlierTab)
         m_entryPage->focusEntry();
         break;
     case tab::codes:
-        m_codesPage->start(m_rights.modifyCodes);
+        m_codesPage->start();
         break;
     case tab::printing:
         m_printingPage->fill(

@@ -10,9 +10,9 @@
 #include "controls/away_watch.h"
 #include "main/main_notices.h"
 #include "main/session_end.h"
+#include "platform/authority.h"
 #include "platform/clock.h"
 #include "printing/report_desk.h"
-#include "users/sign_in.h"
 
 #include <QMainWindow>
 
@@ -33,7 +33,8 @@ class Kentrikh : public QMainWindow {
 
 public:
     /// The keys must outlive the window.
-    Kentrikh(Book book, UsageMarker marker, Rights rights, DataFolderSettings settings, Clock clock, KeyRing& keys);
+    Kentrikh(
+        Book book, UsageMarker marker, Authority authority, DataFolderSettings settings, Clock clock, KeyRing& keys);
     ~Kentrikh() override;
 
     /// Shows today, claims the usage marker and sets the caption. Throws what the core throws; the program then ends.
@@ -83,7 +84,7 @@ private:
 
     Book m_book;
     UsageMarker m_marker;
-    const Rights m_rights;
+    const Authority m_authority;
     const DataFolderSettings m_settings;
     const Clock m_clock;
     const LockReach m_locks;

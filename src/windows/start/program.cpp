@@ -118,11 +118,12 @@ void Program::openMainWindow(const UserSession& session)
         const BookFiles files(m_settings.dataFolder);
         UsageMarker marker(files.usageMarker(), machineIdentity());
         const auto ask = [this] { return askOpeningBalance(m_clock); };
-        Book book = openBook(files, m_keys, marker, ask, openingSteps());
+        const Authority authority = Authority::user(session.user, session.rights, m_clock);
+        Book book = openBook(files, m_keys, marker, authority, ask, openingSteps());
         if (m_settings.hasOwnColour())
             Theme::instance().setPageColour(colourOf(m_settings.backgroundColour));
         m_mainWindow =
-            std::make_unique<Kentrikh>(std::move(book), std::move(marker), session.rights, m_settings, m_clock, m_keys);
+            std::make_unique<Kentrikh>(std::move(book), std::move(marker), authority, m_settings, m_clock, m_keys);
         connect(m_mainWindow.get(), &Kentrikh::closed, this, &Program::end);
         m_mainWindow->initialise();
     } catch (const OpeningBalanceNotGiven&) {

@@ -7,6 +7,7 @@
 #include "controls/guarded_window.h"
 #include "controls/path_label.h"
 #include "look/message_window.h"
+#include "platform/authority.h"
 #include "platform/engine/connection.h"
 #include "users/administration.h"
 
@@ -80,8 +81,8 @@ void AdministrationRow::closeDays()
             QStringLiteral("Να κλείσουν όλα τα ανοικτά ταμεία μέχρι σήμερα;"), DefaultAnswer::Yes))
         return;
     guarded(window(), [this] {
-        Connection auxiliary = openUnguarded(m_files.auxiliaryDatabase(), m_keys);
-        closeOpenDays(auxiliary, [this] {
+        Connection book = openUnguarded(m_files, m_keys);
+        closeOpenDays(book, Authority::administrator(m_clock), [this] {
             QCoreApplication::processEvents();
             return window()->isVisible();
         });
@@ -97,7 +98,7 @@ void AdministrationRow::deleteData()
     m_delete->setEnabled(false);
     guarded(window(), [this] {
         admitUnguarded(m_files);
-        m_copyPath->setPath(deleteAllData(m_files, m_keys, m_clock.now()).mainDatabase);
+        m_copyPath->setPath(deleteAllData(m_files, m_keys, Authority::administrator(m_clock)).mainDatabase);
         m_copyCaption->show();
     });
     m_delete->setEnabled(true);

@@ -155,7 +155,7 @@ QWidget* Login::maintenanceArea(const Clock& clock)
     auto* const rows = new QVBoxLayout(area);
     rows->setContentsMargins(margin, betweenControls, margin, 12);
     rows->setSpacing(betweenControls);
-    m_users = new UserMaintenance(m_files, m_keys, area);
+    m_users = new UserMaintenance(m_files, m_keys, clock, area);
     addUserCommands(m_users);
     m_users->layOut({m_commands[AddUser], m_commands[ChangeUser], m_commands[RemoveUser]});
     rows->addWidget(m_users, 1);

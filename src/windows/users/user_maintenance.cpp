@@ -39,10 +39,11 @@ void addLabelled(QGridLayout* grid, int row, int labelIndex, EntryField* field)
 
 } // namespace
 
-UserMaintenance::UserMaintenance(BookFiles files, KeyRing& keys, QWidget* parent)
+UserMaintenance::UserMaintenance(BookFiles files, KeyRing& keys, Clock clock, QWidget* parent)
     : QGroupBox(QStringLiteral("Μεταβολή χρηστών"), parent)
     , m_files(std::move(files))
     , m_keys(keys)
+    , m_clock(std::move(clock))
     , m_list(new PlainList(PlainList::Face::Desktop, this))
     , m_name(
           newField(this, QStringLiteral("Text1(2)"), QStringLiteral("Χρήστης"), QStringLiteral("Το όνομα του χρήστη")))
@@ -167,11 +168,11 @@ bool UserMaintenance::refusedAsIncomplete()
     return true;
 }
 
-bool UserMaintenance::write(const std::function<void(Connection&)>& change)
+bool UserMaintenance::write(const std::function<void(Connection&, const Authority&)>& change)
 {
     const bool written = guarded(window(), [this, &change] {
-        Connection auxiliary = openUnguarded(m_files.auxiliaryDatabase(), m_keys);
-        change(auxiliary);
+        Connection book = openUnguarded(m_files, m_keys);
+        change(book, Authority::administrator(m_clock));
     });
     if (written)
         fillList();
@@ -184,7 +185,9 @@ void UserMaintenance::addUser()
         return;
     const UserAccount user = typed();
     qint64 row = 0;
-    if (!write([&](Connection& auxiliary) { row = lorvan::addUser(auxiliary, user.name, user.password, user.rights); }))
+    if (!write([&](Connection& book, const Authority& authority) {
+            row = lorvan::addUser(book, authority, user.name, user.password, user.rights);
+        }))
         return;
     m_list->selectData(row);
     offer(std::nullopt);
@@ -197,7 +200,9 @@ void UserMaintenance::changeUser()
     UserAccount user = typed();
     user.row = m_offered->row;
     bool isThere = false;
-    if (!write([&](Connection& auxiliary) { isThere = lorvan::changeUser(auxiliary, *m_offered, user); }))
+    if (!write([&](Connection& book, const Authority& authority) {
+            isThere = lorvan::changeUser(book, authority, *m_offered, user);
+        }))
         return;
     if (isThere && m_list->selectData(user.row))
         offer(userAt(m_list->currentIndex()));
@@ -212,7 +217,9 @@ void UserMaintenance::removeUser()
             QStringLiteral("Να γίνει η διαγραφή του χρήστη; ")))
         return;
     bool wasThere = false;
-    if (!write([&](Connection& auxiliary) { wasThere = lorvan::removeUser(auxiliary, *m_offered); }))
+    if (!write([&](Connection& book, const Authority& authority) {
+            wasThere = lorvan::removeUser(book, authority, *m_offered);
+        }))
         return;
     if (!wasThere)
         return tellThatUserIsGone();

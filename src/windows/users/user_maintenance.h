@@ -26,7 +26,7 @@ class UserMaintenance : public QGroupBox {
 
 public:
     /// `keys` must outlive the frame.
-    UserMaintenance(BookFiles files, KeyRing& keys, QWidget* parent);
+    UserMaintenance(BookFiles files, KeyRing& keys, Clock clock, QWidget* parent);
 
     /// Reads the users again and selects none; a failure is shown in a box and leaves the list empty.
     void refill();
@@ -61,10 +61,11 @@ private:
     [[nodiscard]] UserAccount typed() const;
     void tellThatUserIsGone();
     [[nodiscard]] bool refusedAsIncomplete();
-    bool write(const std::function<void(Connection&)>& change);
+    bool write(const std::function<void(Connection&, const Authority&)>& change);
 
     BookFiles m_files;
     KeyRing& m_keys;
+    const Clock m_clock;
     std::vector<UserAccount> m_users;
     std::optional<UserAccount> m_offered; ///< The user, as read, whom the buttons change and delete.
     PlainList* m_list;

@@ -77,7 +77,7 @@ TEST(BookBackup, givesLocksBackAndHoldsThemOnlyAtLast)
     std::optional<Transaction> busy;
     const StopCheck beginWriting([&] {
         if (!busy)
-            busy.emplace(other, Transaction::Mode::Exclusive);
+            busy.emplace(other, Transaction::View::Alone);
         return true;
     });
     QDir().mkdir(book.path("second"));

@@ -136,10 +136,10 @@ TEST_F(BookRestoreTest, whoHasTheOldBookOpenWritesNothingAnyMore)
     Book lookerOn{openAt(files.mainDatabase()), openAt(files.auxiliaryDatabase())};
     RestoredBook restored(backup, files);
     (void)restored.replace(now);
-    CashBook cashBook(lookerOn, {});
+    CashBook cashBook(lookerOn, by());
     const auto replaced = SqlError::Kind::Replaced;
     EXPECT_EQ(troubleOf([&] { (void)cashBook.insert(incomeOf(now.date(), cents(5))); }), replaced);
-    EXPECT_EQ(troubleOf([&] { (void)addUser(lookerOn.auxiliary(), "x", "y", {}); }), replaced);
+    EXPECT_EQ(troubleOf([&] { (void)addUser(lookerOn.auxiliary(), byAll(), "x", "y", {}); }), replaced);
     EXPECT_EQ(troubleOf([&] { lookerOn.refuseReplaced(); }), replaced);
     EXPECT_EQ(bookIn(aside), theOld);
     EXPECT_EQ(bookIn(folder), theNew);

@@ -85,7 +85,7 @@ protected:
             onQuestion();
             return OpeningBalance{QDate(2024, 1, 1), cents(1)};
         };
-        return openBook(book.files(), testKeys(), marker, ask, openingSteps());
+        return openBook(book.files(), testKeys(), marker, byAll(), ask, openingSteps());
     }
 
     [[nodiscard]] bool isUpgraded() { return !needsUpgrade(main); }
@@ -143,7 +143,7 @@ TEST(BookSchema, aForeignBookGetsTheIndexesItLacksAndKeepsItsOwn)
         "21");
 
     Connection writer = book.openMain();
-    const Transaction busy(writer);
+    const Transaction busy(writer, byAll());
     main.setBusyTimeout(std::chrono::milliseconds(0));
     EXPECT_NO_THROW(ensureMainSchema(main, openingSteps())) << "a complete book is only looked at";
 }
@@ -179,10 +179,10 @@ TEST(SchemaUpgrade, bringsEachVersionToTheCurrentOneOnce)
         Connection main = book.openMain();
         main.execute(change);
         EXPECT_EQ(needsUpgrade(main), version != std::string("3")) << version;
-        upgradeSchema(main, counted, openingSteps());
+        upgradeSchema(main, byAll(), counted, openingSteps());
         EXPECT_EQ(state(main), after) << version;
         EXPECT_FALSE(needsUpgrade(main)) << version;
-        upgradeSchema(main, {QDate(2000, 1, 1), cents(1)}, openingSteps());
+        upgradeSchema(main, byAll(), {QDate(2000, 1, 1), cents(1)}, openingSteps());
         EXPECT_EQ(state(main), after) << version << ": what another computer has done is done";
     }
 }
@@ -194,7 +194,7 @@ TEST(SchemaUpgrade, anUnknownVersionIsReportedAndNothingIsChanged)
         makeOld(book, version);
         Connection main = book.openMain();
         EXPECT_THROW((void)needsUpgrade(main), UnknownSchemaVersion) << version;
-        EXPECT_THROW(upgradeSchema(main, counted, openingSteps()), UnknownSchemaVersion) << version;
+        EXPECT_THROW(upgradeSchema(main, byAll(), counted, openingSteps()), UnknownSchemaVersion) << version;
         EXPECT_EQ(valueOf(main, "SELECT sum(ypoloipo) FROM tameio"), "30004") << version;
         EXPECT_FALSE(main.inTransaction());
     }
@@ -207,7 +207,7 @@ TEST(SchemaUpgrade, aStepThatFailsUndoesTheStepsBeforeIt)
     book.execute("CREATE TRIGGER stop BEFORE INSERT ON taytothta BEGIN SELECT raise(ABORT, 'stopped'); END");
     Connection main = book.openMain();
     letTriggersRun(main);
-    EXPECT_THROW(upgradeSchema(main, counted, openingSteps()), SqlError);
+    EXPECT_THROW(upgradeSchema(main, byAll(), counted, openingSteps()), SqlError);
     EXPECT_THROW((void)main.prepare("SELECT L_tajeos FROM kinhseis"), SqlError);
     EXPECT_EQ(valueOf(main, "SELECT sum(ypoloipo) FROM tameio"), "30004");
 }

@@ -78,7 +78,7 @@ TEST(HostileFolder, whatIsPlantedInItLeadsNobodyOutOfIt)
             const auto before = contentOf(outside.path());
             (void)failureOf([&] { makeDailyBackup(book.files(), testKeys(), morning); });
             (void)failureOf([&] { finishRestore(book.files()); });
-            (void)failureOf([&] { (void)deleteAllData(book.files(), testKeys(), morning); });
+            (void)failureOf([&] { (void)deleteAllData(book.files(), testKeys(), byAll()); });
             (void)failureOf([&] { RestoredBook(backup, book.files()).replace(morning); });
             EXPECT_EQ(contentOf(outside.path()), before) << names[0].toStdString() << ": " << kind;
         }
@@ -184,7 +184,7 @@ TEST(HostileFolder, copiesAreForThoseWhoMayReadTheBook)
     EXPECT_EQ(modeOf(backupFolder(book.files())), 0700U);
     RestoredBook(*made, book.files()).replace(morning);
     EXPECT_EQ(modeOf(book.files().mainDatabase()), 0640U);
-    EXPECT_EQ(modeOf(deleteAllData(book.files(), testKeys(), morning).mainDatabase), 0640U);
+    EXPECT_EQ(modeOf(deleteAllData(book.files(), testKeys(), byAll()).mainDatabase), 0640U);
     const QString fresh = book.path("fresh");
     RestoredBook(*made, BookFiles(fresh)).replace(morning);
     EXPECT_EQ(modeOf(fresh + "/mapcodes.mdb"), 0600U);

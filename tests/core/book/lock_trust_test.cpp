@@ -20,7 +20,7 @@ Book openBookOf(const TemporaryBook& book)
 {
     UsageMarker marker(book.files().usageMarker(), {"Μαρία", "A"});
     const auto ask = [] { return OpeningBalance{}; };
-    return openBook(book.files(), testKeys(), marker, ask, openingSteps());
+    return openBook(book.files(), testKeys(), marker, byAll(), ask, openingSteps());
 }
 
 void overwrite(const QString& path, const QByteArray& beginning)

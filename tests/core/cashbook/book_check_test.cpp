@@ -165,7 +165,7 @@ TEST(BookCheck, findsEachDamageAndTheRepairSetsRightWhatHasOneAnswer)
         connection.execute(damage);
         EXPECT_EQ(findingsIn(connection), findings) << what;
         const QString others = everythingElse(connection);
-        (void)repairBook(connection, book.files(), book.keys(), fixedClock().now(), noProgress);
+        (void)repairBook(connection, book.files(), book.keys(), byAll(), noProgress);
         EXPECT_EQ(findingsIn(connection), withoutRepaired(findings)) << what;
         EXPECT_EQ(storedCashDays(connection), repaired) << what;
         EXPECT_EQ(everythingElse(connection), others) << what;

@@ -18,7 +18,7 @@ const QDate friday(2024, 3, 15);
 
 class CashBookTest : public testing::Test {
 protected:
-    static DayView made(const ChangeOutcome& outcome) { return std::get<DayView>(outcome); }
+    static DayView made(const ChangeOutcome& outcome) { return std::get<ChangedDay>(outcome).view; }
 
     static std::optional<MovementRefusal> refusalOf(const ChangeOutcome& outcome)
     {
@@ -32,7 +32,7 @@ protected:
 
     TemporaryBook book;
     Book open = book.open();
-    CashBook cashBook{open, {}};
+    CashBook cashBook{open, by()};
 };
 
 constexpr auto whatIsStored = "SELECT group_concat(hmeromhnia || '|' || kvdikos || '|' || perigrafh || '|' || esoda"
@@ -42,8 +42,8 @@ constexpr auto whatIsStored = "SELECT group_concat(hmeromhnia || '|' || kvdikos 
 qint64 enterAtOnce(const TemporaryBook& temporary, const std::vector<MovementDraft>& drafts)
 {
     Book book = temporary.open();
-    Transaction writing(book.main());
-    MovementBatch batch(book.main(), book.auxiliary(), {});
+    Transaction writing(book.main(), byAll());
+    MovementBatch batch(book.main(), book.auxiliary(), by());
     for (const MovementDraft& draft : drafts)
         EXPECT_FALSE(batch.add(draft));
     const qint64 repeated = batch.settle();
@@ -137,8 +137,8 @@ TEST_F(CashBookTest, refusesInTheOrderOfTheChecksAndWritesNothing)
 TEST_F(CashBookTest, aClosedDayIsClosedToThoseWithoutTheRight)
 {
     const qint64 key = inserted(incomeOf(monday, cents(5)));
-    EXPECT_TRUE(closeDay(open.auxiliary(), monday));
-    EXPECT_FALSE(closeDay(open.auxiliary(), monday));
+    EXPECT_TRUE(closeDay(open.auxiliary(), byAll(), monday));
+    EXPECT_FALSE(closeDay(open.auxiliary(), byAll(), monday));
     EXPECT_EQ(valueOf(open.auxiliary(), "SELECT count(*) FROM klhsimotameioy"), "1");
     EXPECT_TRUE(cashBook.isDayClosed(monday));
     EXPECT_FALSE(cashBook.isDayClosed(friday));
@@ -151,7 +151,7 @@ TEST_F(CashBookTest, aClosedDayIsClosedToThoseWithoutTheRight)
     EXPECT_TRUE(cashBook.mayChange(friday));
     EXPECT_EQ(days(), (CashDayLines{"20240311 5 0 5"}));
 
-    CashBook allowed(open, {.modifyCash = true});
+    CashBook allowed(open, by({.modifyCash = true}));
     EXPECT_TRUE(allowed.isDayClosed(monday));
     (void)made(allowed.insert(incomeOf(monday, cents(1))));
     (void)made(allowed.modify(key, incomeOf(monday, cents(2))));
@@ -166,11 +166,11 @@ TEST_F(CashBookTest, daysThatWereForgottenAreCounted)
     const auto before = [this](QDate day) { return openDaysBefore(open.main(), open.auxiliary(), day); };
     EXPECT_EQ(before(monday), OpenDays{});
     EXPECT_EQ(before(friday), (OpenDays{2, monday}));
-    closeDay(open.auxiliary(), monday.addDays(-9)); // a day without movements
-    closeDay(open.auxiliary(), monday);
+    closeDay(open.auxiliary(), byAll(), monday.addDays(-9)); // a day without movements
+    closeDay(open.auxiliary(), byAll(), monday);
     EXPECT_EQ(before(friday), (OpenDays{1, wednesday}));
     EXPECT_EQ(before(friday.addDays(1)), (OpenDays{2, wednesday}));
-    closeDay(open.auxiliary(), wednesday);
+    closeDay(open.auxiliary(), byAll(), wednesday);
     EXPECT_EQ(before(friday), OpenDays{});
     for (const int count : {0, 1, 7}) {
         const QString text = closingText(friday, {cents(500), {}, cents(123456)}, {count, monday});
@@ -201,7 +201,7 @@ TEST_F(CashBookTest, aReadOnlyFolderShowsTheBookAndRefusesChanges)
     if (!Mount::readOnly(book.folder()))
         GTEST_SKIP() << "SKIPPED: the system does not let a test mount a folder for reading only";
     Book reading = book.open();
-    CashBook looking(reading, {});
+    CashBook looking(reading, by());
     EXPECT_TRUE(reading.main().isReadOnly());
     EXPECT_EQ(looking.showDay(monday, DayRow::Write).figures.closingBalance, cents(5));
     EXPECT_EQ(troubleOf([&] { (void)looking.insert(incomeOf(monday, cents(1))); }), SqlError::Kind::ReadOnly);
@@ -226,7 +226,7 @@ TEST(MovementBatch, storesMovementsAsTypingDoes)
     enterAtOnce(batched, drafts);
     Book book = typed.open();
     for (const MovementDraft& draft : drafts)
-        ASSERT_TRUE(std::holds_alternative<DayView>(CashBook(book, {}).insert(draft)));
+        ASSERT_TRUE(std::holds_alternative<ChangedDay>(CashBook(book, by()).insert(draft)));
     Connection actual = batched.openMain();
     EXPECT_EQ(storedCashDays(actual), storedCashDays(book.main()));
     EXPECT_EQ(valueOf(actual, whatIsStored), valueOf(book.main(), whatIsStored));
@@ -249,12 +249,12 @@ TEST(MovementBatch, tellsRepeatedMovementsAndRefusesWhatTypingRefuses)
     Connection auxiliary = book.openAuxiliary();
     MovementDraft unknown = incomeOf(day, cents(5));
     unknown.code = 999;
-    MovementBatch batch(main, auxiliary, {});
+    MovementBatch batch(main, auxiliary, by());
     EXPECT_EQ(batch.add(incomeOf(closed, cents(1))), MovementRefusal::DayIsClosed);
     EXPECT_EQ(batch.add(incomeOf(QDate(), cents(1))), MovementRefusal::DateIsInvalid);
     EXPECT_EQ(batch.add(unknown), MovementRefusal::CodeHasChanged);
     EXPECT_EQ(batch.add(incomeOf(day, cents(1), " ")), MovementRefusal::NoDescription);
-    EXPECT_FALSE(MovementBatch(main, auxiliary, {.modifyCash = true}).refusalOf(incomeOf(closed, cents(1))));
+    EXPECT_FALSE(MovementBatch(main, auxiliary, by({.modifyCash = true})).refusalOf(incomeOf(closed, cents(1))));
     EXPECT_EQ(valueOf(main, "SELECT count(*) FROM kinhseis"), "7");
 }
 

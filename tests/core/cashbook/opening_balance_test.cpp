@@ -53,7 +53,7 @@ TEST(OpeningBalance, ofAnEarlierReleaseIsKeptWhereNoOtherReasonIsPossible)
         EXPECT_EQ(valueOf(book.main(), "SELECT coalesce(group_concat(day||' '||amount), '') FROM opening_difference"),
             differences)
             << what;
-        CashBook cashBook(book, {});
+        CashBook cashBook(book, by());
         for (const int day : {15, 12, 11}) {
             if (*differences != '\0')
                 (void)cashBook.showDay(QDate(2024, 3, day), DayRow::Write);
@@ -67,7 +67,7 @@ TEST(OpeningBalance, isLookedForOnceAndNotMissedWhereTheBookKeepsNone)
     const TemporaryBook folder;
     folder.execute(earlierBook);
     Book book = folder.open();
-    CashBook cashBook(book, {});
+    CashBook cashBook(book, by());
     EXPECT_EQ(cashBook.showDay(QDate(2024, 3, 15), DayRow::Write).carried.balance.tenThousandths(), 7000);
     ensureMainSchema(book.main(), openingSteps());
     book.main().execute("UPDATE tameio SET ypoloipo=ypoloipo+500 WHERE hmeromhnia>20240311; DROP TABLE taken_imports");

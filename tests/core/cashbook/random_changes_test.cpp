@@ -64,14 +64,14 @@ private:
     void change()
     {
         const ModelChange change = m_changes.next(m_model.movements());
-        ASSERT_TRUE(std::holds_alternative<DayView>(makeChange(m_cashBook, change)));
+        ASSERT_TRUE(std::holds_alternative<ChangedDay>(makeChange(m_cashBook, change)));
         m_model.apply(change);
     }
 
     void enterMany()
     {
-        Transaction writing(m_open.main());
-        MovementBatch batch(m_open.main(), m_open.auxiliary(), {});
+        Transaction writing(m_open.main(), byAll());
+        MovementBatch batch(m_open.main(), m_open.auxiliary(), by());
         for (int i = 0; i < 15; ++i) {
             const ModelChange change = m_changes.next({});
             ASSERT_FALSE(batch.add(draftOf(change.movement)));
@@ -93,7 +93,7 @@ private:
     {
         const OpeningBalance counted{someDay(), cents(m_random() % 100'000)};
         m_open.main().execute("UPDATE taytothta SET ariumos=2");
-        upgradeSchema(m_open.main(), counted, openingSteps());
+        upgradeSchema(m_open.main(), byAll(), counted, openingSteps());
         m_model.count(storedDate(counted.day), counted.amount.tenThousandths() / 100);
         m_isCounted = true;
     }
@@ -119,7 +119,7 @@ private:
     {
         damage();
         OpenedBook book(m_folder.folder(), Connection::Access::ReadWrite);
-        (void)repairBook(book.connection(), book.files(), book.keys(), fixedClock().now(), noProgress);
+        (void)repairBook(book.connection(), book.files(), book.keys(), byAll(), noProgress);
         ASSERT_TRUE(checkContent(book.connection(), noProgress).findings.isInOrder());
         for (const char* copy : {"lorvan-2024-03-15-120000.mdb", "mapcodes-2024-03-15-120000.mdb"})
             QFile::remove(m_folder.path(copy));
@@ -127,7 +127,7 @@ private:
 
     const TemporaryBook m_folder;
     Book m_open = m_folder.open();
-    CashBook m_cashBook{m_open, {}};
+    CashBook m_cashBook{m_open, by()};
     BookModel m_model;
     RandomChanges m_changes;
     std::mt19937 m_random;

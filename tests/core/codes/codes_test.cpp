@@ -104,7 +104,7 @@ TEST_F(CodeMaintenanceTest, anInsertionIsCheckedInOrderAndStoresNothingWhenRefus
         {{"301", "  παλιος ", "ΑΛΛΗ"}, DescriptionExists}, {{"301", "ΝΕΟΣ", "ΑΛΛΗ"}, UnknownGroup},
         {{"301", "ΝΕΟΣ", "' OR 1=1 --"}, UnknownGroup}};
     for (const auto& [entry, refusal] : cases) {
-        const auto outcome = insertCode(main, entry);
+        const auto outcome = insertCode(main, byAll(), entry);
         ASSERT_TRUE(std::holds_alternative<CodeRefusal>(outcome)) << entry.code.toStdString();
         EXPECT_EQ(std::get<CodeRefusal>(outcome), refusal) << entry.code.toStdString();
     }
@@ -118,7 +118,7 @@ TEST_F(CodeMaintenanceTest, anInsertedCodeIsTrimmedButItsLineAndGroupStandAsType
         {{"-2147483648", "ΧΩΡΙΣ", "  ", false, true}, "-2147483648/ΧΩΡΙΣ//0/83648 ΧΩΡΙΣ/0/-1"},
     };
     for (const auto& [entry, row] : cases) {
-        const auto outcome = insertCode(main, entry);
+        const auto outcome = insertCode(main, byAll(), entry);
         ASSERT_TRUE(std::holds_alternative<MovementCode>(outcome)) << row;
         EXPECT_EQ(stored("SELECT kvdikos||'/'||perigrafh||'/'||omada||'/'||aa_omadas||'/'||lista||'/'||esodo||'/'"
                          "||energos FROM kvdikoi ORDER BY aa DESC LIMIT 1"),
@@ -130,17 +130,18 @@ TEST_F(CodeMaintenanceTest, anInsertedCodeIsTrimmedButItsLineAndGroupStandAsType
 TEST_F(CodeMaintenanceTest, aModificationStoresWhatStandsThereAndTakesTheMovementsOfItsNumberAlong)
 {
     const qint64 row = rowOf(100);
-    EXPECT_FALSE(modifyCode(main, row, {"100", " ΛΙΑΝΙΚΗ", "ΑΣΧΕΤΟ", true, false}, 7));
+    EXPECT_FALSE(modifyCode(main, byAll(), row, {"100", " ΛΙΑΝΙΚΗ", "ΑΣΧΕΤΟ", true, false}, 7));
     EXPECT_EQ(stored("SELECT perigrafh||omada||aa_omadas||lista||energos FROM kvdikoi WHERE kvdikos=100"),
         "ΛΙΑΝΙΚΗΑΣΧΕΤΟ7  100  ΛΙΑΝΙΚΗ0");
     EXPECT_EQ(movementGroups(), "100:7,100:7,200:0");
 
-    EXPECT_FALSE(modifyCode(main, row, {"200", {}, {}, true, true}, 9)) << "another row's number, no description";
+    EXPECT_FALSE(modifyCode(main, byAll(), row, {"200", {}, {}, true, true}, 9))
+        << "another row's number, no description";
     EXPECT_EQ(movementGroups(), "100:7,100:7,200:9") << "movements keep the number they were entered under";
 
     for (const char* const code : {"", "12.5", "4000000000"})
-        EXPECT_EQ(modifyCode(main, row, {code, "Χ", {}}, 1), CodeRefusal::NoWholeNumber) << code;
-    EXPECT_EQ(modifyCode(main, 4711, {"200", "Χ", {}}, 1), CodeRefusal::IsGone);
+        EXPECT_EQ(modifyCode(main, byAll(), row, {code, "Χ", {}}, 1), CodeRefusal::NoWholeNumber) << code;
+    EXPECT_EQ(modifyCode(main, byAll(), 4711, {"200", "Χ", {}}, 1), CodeRefusal::IsGone);
     EXPECT_EQ(movementGroups(), "100:7,100:7,200:9");
 }
 
@@ -167,42 +168,42 @@ TEST_F(CodeMaintenanceTest, aCodeWithMovementsIsNotRemoved)
     const qint64 used = rowOf(100);
     const qint64 unused = rowOf(300);
     EXPECT_EQ(refusalOfRemoval(main, used), CodeRefusal::IsUsed);
-    EXPECT_EQ(removeCode(main, used), CodeRefusal::IsUsed);
-    EXPECT_FALSE(removeCode(main, unused));
-    EXPECT_EQ(removeCode(main, unused), CodeRefusal::IsGone);
+    EXPECT_EQ(removeCode(main, byAll(), used), CodeRefusal::IsUsed);
+    EXPECT_FALSE(removeCode(main, byAll(), unused));
+    EXPECT_EQ(removeCode(main, byAll(), unused), CodeRefusal::IsGone);
     EXPECT_EQ(stored("SELECT group_concat(kvdikos) FROM kvdikoi"), "100,200");
 }
 
 TEST_F(GroupMaintenanceTest, addTrimsAndRefusesWhatIsThereAlready)
 {
     for (const char* name : {"", " \t "})
-        EXPECT_EQ(std::get<GroupRefusal>(addGroup(main, name)), GroupRefusal::NoName);
+        EXPECT_EQ(std::get<GroupRefusal>(addGroup(main, byAll(), name)), GroupRefusal::NoName);
     for (const char* name : {"Πωλήσεις", "  πωλήσεισ ", "ΈΞΟΔΑ"})
-        EXPECT_EQ(std::get<GroupRefusal>(addGroup(main, name)), GroupRefusal::NameExists) << name;
+        EXPECT_EQ(std::get<GroupRefusal>(addGroup(main, byAll(), name)), GroupRefusal::NameExists) << name;
     EXPECT_EQ(groups(), originalGroups);
 
-    ASSERT_FALSE(removeGroup(main, 2));
+    ASSERT_FALSE(removeGroup(main, byAll(), 2));
     const QString typed = " Εξοδα', omada=\"' -- ";
-    const auto added = std::get<CodeGroup>(addGroup(main, typed));
+    const auto added = std::get<CodeGroup>(addGroup(main, byAll(), typed));
     EXPECT_EQ(added.number, 3) << "a deleted number is not given again";
     EXPECT_EQ(listGroups(main).back().name, typed.trimmed());
 }
 
 TEST_F(GroupMaintenanceTest, renameTakesAlongTheCodesOfTheGroupAlone)
 {
-    EXPECT_FALSE(renameGroup(main, 1, " Έξοδα "));
+    EXPECT_FALSE(renameGroup(main, byAll(), 1, " Έξοδα "));
     EXPECT_EQ(groups(), "1=Έξοδα 2=Έξοδα");
     const QString renamed = "100:1/Έξοδα 101:1/Έξοδα 102:1/Έξοδα 200:0/ 201:2/Έξοδα";
     EXPECT_EQ(codes(), renamed);
 
     book.execute("UPDATE kvdikoi SET omada='άλλο' WHERE kvdikos=102");
-    EXPECT_FALSE(renameGroup(main, 1, "Έξοδα"));
+    EXPECT_FALSE(renameGroup(main, byAll(), 1, "Έξοδα"));
     EXPECT_EQ(codes(), renamed) << "an equal name brings the copies in step";
 }
 
 TEST_F(GroupMaintenanceTest, removalLeavesItsCodesWithoutAGroupAndItsMovementsAlone)
 {
-    EXPECT_FALSE(removeGroup(main, 1));
+    EXPECT_FALSE(removeGroup(main, byAll(), 1));
     EXPECT_EQ(groups(), "2=Έξοδα");
     EXPECT_EQ(codes(), "100:0/  101:0/  102:0/  200:0/ 201:2/Έξοδα");
     EXPECT_EQ(valueOf(main, "SELECT aa_omada FROM kinhseis"), "1");
@@ -213,8 +214,8 @@ TEST_F(GroupMaintenanceTest, aFailureMidwayUndoesTheWholeChange)
     book.execute("CREATE TRIGGER refuse BEFORE UPDATE ON kvdikoi WHEN old.kvdikos=102"
                  " BEGIN SELECT raise(ABORT, 'no'); END");
     letTriggersRun(main);
-    EXPECT_THROW((void)renameGroup(main, 1, "Νέο"), SqlError);
-    EXPECT_THROW((void)removeGroup(main, 1), SqlError);
+    EXPECT_THROW((void)renameGroup(main, byAll(), 1, "Νέο"), SqlError);
+    EXPECT_THROW((void)removeGroup(main, byAll(), 1), SqlError);
     EXPECT_EQ(groups(), originalGroups);
     EXPECT_EQ(codes(), originalCodes);
 }

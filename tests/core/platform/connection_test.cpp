@@ -79,11 +79,11 @@ TEST_F(ConnectionTest, aSecondWriterIsToldThatTheBookIsBusy)
 {
     Connection other = book.openMain();
     other.setBusyTimeout(std::chrono::milliseconds(20));
-    std::optional<Transaction> writing(std::in_place, main);
-    EXPECT_EQ(troubleOf([&] { const Transaction second(other); }), SqlError::Kind::Busy);
+    std::optional<Transaction> writing(std::in_place, main, byAll());
+    EXPECT_EQ(troubleOf([&] { const Transaction second(other, byAll()); }), SqlError::Kind::Busy);
     EXPECT_EQ(valueOf(other, "SELECT count(*) FROM omades"), "1") << "readers are let in";
     writing.reset();
-    EXPECT_NO_THROW(const Transaction second(other));
+    EXPECT_NO_THROW(const Transaction second(other, byAll()));
 }
 
 TEST_F(ConnectionTest, aFullDiskIsToldAsSuch)
@@ -97,7 +97,7 @@ TEST_F(ConnectionTest, anAttachedFileTakesPartInTheTransaction)
     const QString path = book.files().auxiliaryDatabase();
     main.attach(path, testKeys().keyFor(path), "aux");
     {
-        const Transaction undone(main);
+        const Transaction undone(main, byAll());
         main.execute("DELETE FROM omades; INSERT INTO aux.klhsimotameioy (hmeraklhsimatos) VALUES (20240101)");
     }
     EXPECT_EQ(valueOf(main, "SELECT (SELECT count(*) FROM omades) || (SELECT count(*) FROM aux.klhsimotameioy)"), "10");

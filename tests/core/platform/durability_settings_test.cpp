@@ -67,7 +67,7 @@ TEST_F(DurabilitySettings, aFileSystemThatKnowsNoFolderSyncIsWrittenAllTheSame)
         Connection both = openBook();
         EXPECT_EQ(valueOf(both, "PRAGMA main.synchronous"), "2");
         EXPECT_EQ(valueOf(both, "PRAGMA auxiliary.synchronous"), "2");
-        Transaction writing(both);
+        Transaction writing(both, byAll());
         both.execute("DELETE FROM main.kvdikoi; DELETE FROM auxiliary.codes");
         EXPECT_NO_THROW(writing.commit());
         EXPECT_FALSE(takeUnconfirmed());
@@ -89,7 +89,7 @@ TEST_F(DurabilitySettings, aCommitWhoseEndIsNotConfirmedCountsAsWhatItIs)
         const QString before = valueOf(main, "SELECT count(*) FROM kvdikoi");
         const FolderSyncFails disk(EIO, isEnd ? 2 : 1);
         const auto change = [&main] {
-            Transaction writing(main);
+            Transaction writing(main, byAll());
             main.execute("INSERT INTO kvdikoi (kvdikos) VALUES (7)");
             writing.commit();
         };

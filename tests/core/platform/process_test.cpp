@@ -53,7 +53,7 @@ TEST(KeyRing, derivesAKeyForEachSaltFollowsAReplacedFileAndLeavesTheProcessesLoc
     const QByteArray before = keys.keyFor(path).engineText();
     {
         Connection main = Connection::open(path, keys.keyFor(path), Connection::Access::ReadWrite);
-        const Transaction writing(main);
+        const Transaction writing(main, byAll());
         EXPECT_EQ(keys.keyFor(path).engineText(), before);
         const auto lockSeenByAnother = [&path] {
             struct flock lock { };

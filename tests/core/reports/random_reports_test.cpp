@@ -30,7 +30,7 @@ void fillAtRandom(Connection& main, const Random& below)
     const char* const names[] = {"", " ", "Άλφα", "βήτα", " ΒΉΤΑ", "Γάμμα"};
     constexpr std::int64_t amounts[] = {0, 0, 100, 200, 100'000, -300};
     const auto amount = [&] { return cents(100 * amounts[below(6)]); };
-    Transaction transaction(main);
+    Transaction transaction(main, byAll());
     main.execute("DELETE FROM kvdikoi");
     for (int code = 0; code < mostCodes; code += below(4) == 0 ? 0 : 1 + below(2))
         main.prepare("INSERT INTO kvdikoi (kvdikos, perigrafh, omada, aa_omadas) VALUES (?,'κ',?,?)")

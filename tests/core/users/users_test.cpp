@@ -48,7 +48,7 @@ protected:
     void copyToDisk(const char* name) const { ASSERT_TRUE(QFile::copy(book.path(name), disk + u'/' + name)); }
     [[nodiscard]] CopiedBook deleteAll(const QString& folder) const
     {
-        return deleteAllData(BookFiles(folder), testKeys(), fixedClock().now());
+        return deleteAllData(BookFiles(folder), testKeys(), byAll());
     }
     [[nodiscard]] static QString valueIn(const QString& path, std::string_view sql)
     {
@@ -78,7 +78,7 @@ TEST(CloseOpenDays, fillsTheGapsBetweenTheFirstAndTheLast)
         Connection auxiliary = book.openAuxiliary();
         for (const int day : closed)
             auxiliary.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)").bind(day).run();
-        closeOpenDays(auxiliary, [] { return true; });
+        closeOpenDays(auxiliary, byAll(), [] { return true; });
         auto days = auxiliary.prepare("SELECT hmeraklhsimatos FROM klhsimotameioy ORDER BY 1");
         std::vector<int> found;
         while (days.step())
@@ -117,7 +117,7 @@ TEST_F(DeletionTest, whatAWriterElsewhereIsJustSavingIsCopiedToo)
     std::promise<void> writing;
     const auto writer = std::async(std::launch::async, [&] {
         Connection other = book.openMain();
-        Transaction change(other);
+        Transaction change(other, byAll());
         other.execute("INSERT INTO kinhseis (kvdikos) VALUES (100)");
         writing.set_value();
         std::this_thread::sleep_for(std::chrono::milliseconds(200));
@@ -156,11 +156,11 @@ TEST(SignIn, findsTheFirstUserOfThatNameAndPassword)
 {
     const TemporaryBook book;
     Connection auxiliary = book.openAuxiliary();
-    addUser(auxiliary, " Μαρία ", " κλειδί ", {.modifyCash = true});
-    addUser(auxiliary, "nikos", "abc", {.closeCash = true});
-    addUser(auxiliary, "Nikos", "ABC", {.modifyCodes = true});
-    addUser(auxiliary, "nikos", "def", {.modifyCodes = true});
-    addUser(auxiliary, "O'Neil", "\"%_", {});
+    addUser(auxiliary, byAll(), " Μαρία ", " κλειδί ", {.modifyCash = true});
+    addUser(auxiliary, byAll(), "nikos", "abc", {.closeCash = true});
+    addUser(auxiliary, byAll(), "Nikos", "ABC", {.modifyCodes = true});
+    addUser(auxiliary, byAll(), "nikos", "def", {.modifyCodes = true});
+    addUser(auxiliary, byAll(), "O'Neil", "\"%_", {});
     const QString injection = "' or '1'='1";
     const struct {
         QString name, password;

@@ -77,7 +77,7 @@ Obstacle shut(const QString& database)
     struct Shut {
         explicit Shut(const QString& path)
             : connection(openAt(path))
-            , transaction(connection, Transaction::Mode::Exclusive)
+            , transaction(connection, Transaction::View::Alone)
         {
         }
         Connection connection;

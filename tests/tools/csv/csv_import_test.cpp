@@ -23,18 +23,18 @@ void fillAwkwardly(const TemporaryBook& temporary, QDate today)
     temporary.execute(
         "UPDATE kvdikoi SET omada='' WHERE kvdikos=200; UPDATE kvdikoi SET omada=' ' WHERE kvdikos=1234567");
     Book book = temporary.open();
-    CashBook cashBook(book, {});
+    CashBook cashBook(book, by());
     const QString long10000 = QString(5'000, u'ώ') + QString(5'000, u'"');
     for (const QString& text : {QString("a,b;\"c\""), QString("πάνω\r\nκάτω"), long10000})
-        ASSERT_TRUE(std::holds_alternative<DayView>(cashBook.insert(incomeOf(closed, cents(12'345), text))));
+        ASSERT_TRUE(std::holds_alternative<ChangedDay>(cashBook.insert(incomeOf(closed, cents(12'345), text))));
     MovementDraft exact = expenseOf(today, Currency::fromTenThousandths(922'337'203'685'477'5807 / 4));
     exact.memorandum = Currency::fromTenThousandths(-12'340);
     exact.cheque = true;
-    ASSERT_TRUE(std::holds_alternative<DayView>(cashBook.insert(exact)));
-    Transaction counting(book.main());
-    setOpeningBalance(book.main(), closed, cents(77'777));
+    ASSERT_TRUE(std::holds_alternative<ChangedDay>(cashBook.insert(exact)));
+    Transaction counting(book.main(), byAll());
+    setOpeningBalance(book.main(), byAll(), {closed, cents(77'777)});
     counting.commit();
-    ASSERT_TRUE(std::holds_alternative<DayView>(cashBook.insert(incomeOf(closed, Currency()))));
+    ASSERT_TRUE(std::holds_alternative<ChangedDay>(cashBook.insert(incomeOf(closed, Currency()))));
 }
 
 class CsvImportTest : public CommandTest {
@@ -84,7 +84,7 @@ TEST_F(CsvImportTest, takesWhatASpreadsheetWritesAndShiftsLaterDays)
 {
     {
         Book opened = book.open();
-        (void)CashBook(opened, {}).insert(incomeOf(today, cents(1'000)));
+        (void)CashBook(opened, by()).insert(incomeOf(today, cents(1'000)));
     }
     write("kvdikoi.csv", "\xEF\xBB\xBFPerigrafh;ESODO;kvdikos;omada\r\n\"Νέος; κωδικός\";0;300;Πωλήσεις\r\n");
     write("kinhseis.csv",

@@ -24,7 +24,7 @@ protected:
     void enter(const MovementDraft& draft) const
     {
         Book opened = book.open();
-        ASSERT_TRUE(std::holds_alternative<DayView>(CashBook(opened, {}).insert(draft)));
+        ASSERT_TRUE(std::holds_alternative<ChangedDay>(CashBook(opened, by()).insert(draft)));
     }
     [[nodiscard]] QByteArray written(const char* name) const
     {

@@ -15,7 +15,7 @@ protected:
     void SetUp() override
     {
         book.addGroup(2, "Έξοδα");
-        window.emplace(main, [this](QWidget*) { return mayChange; });
+        window.emplace(main, byAll(), [this](QWidget*) { return mayChange; });
         user.emplace(*window);
         showActive(*window);
     }

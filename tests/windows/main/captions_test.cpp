@@ -75,7 +75,7 @@ TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
     const SettingsStore settings(book.path("Lorvan.ini"));
     Printers printers([] { return std::vector<Printer>(); });
     ReportSaver saver;
-    found += captionsIn(OmadaKvdikvn(main, [](QWidget*) { return true; }));
+    found += captionsIn(OmadaKvdikvn(main, byAll(), [](QWidget*) { return true; }));
     found += captionsIn(FR_ErvthshUpdate(fixedClock()));
     found += captionsIn(AnalyshFRM(main, settings, "1/3/2024"));
     found += captionsIn(Ervthsh());

@@ -91,6 +91,14 @@ void Statement::bindAt(int parameter, const std::optional<QString>& text)
         check(sqlite3_bind_null(m_handle, parameter));
 }
 
+void Statement::bindAt(int parameter, std::optional<std::int64_t> value)
+{
+    if (value)
+        bindInteger(parameter, *value);
+    else
+        bindAt(parameter, nullptr);
+}
+
 void Statement::bindAt(int parameter, QDate date)
 {
     bindInteger(parameter, storedDate(date));

@@ -50,6 +50,7 @@ public:
         else
             bindInteger(parameter, static_cast<std::int64_t>(value));
     }
+    void bindAt(int parameter, std::optional<std::int64_t> value); ///< NULL if there is no value.
 
     /// True if there is a row, false if there are no more.
     [[nodiscard]] bool step();

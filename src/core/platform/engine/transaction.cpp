@@ -7,39 +7,62 @@
 #include <QRandomGenerator>
 
 #include <limits>
+#include <stdexcept>
 #include <string>
 
 namespace lorvan {
 
 namespace {
 
-std::string_view beginning(Transaction::Mode mode)
+constexpr std::string_view exclusive = "BEGIN EXCLUSIVE";
+
+std::string_view beginning(Transaction::Writing writing)
 {
-    switch (mode) {
-    case Transaction::Mode::Read:
+    switch (writing) {
+    case Transaction::Writing::Later:
         return "BEGIN";
-    case Transaction::Mode::Write:
+    case Transaction::Writing::AtOnce:
         break;
-    case Transaction::Mode::Exclusive:
-        return "BEGIN EXCLUSIVE";
+    case Transaction::Writing::Alone:
+        return exclusive;
     }
     return "BEGIN IMMEDIATE";
 }
 
 } // namespace
 
-Transaction::Transaction(Connection& connection, Mode mode)
+Transaction::Transaction(Connection& connection, View view)
     : m_connection(connection)
     , m_rowsBefore(connection.changedRows())
+    , m_mayWrite(false)
 {
-    (void)connection.beginReading();
-    connection.prepare(beginning(mode)).run();
-    if (mode == Mode::Read)
-        return;
+    begin(view == View::Alone ? exclusive : "BEGIN");
+    if (view == View::Alone)
+        refuseReplaced();
+}
+
+Transaction::Transaction(Connection& connection, const Authority&, Writing writing)
+    : m_connection(connection)
+    , m_rowsBefore(connection.changedRows())
+    , m_mayWrite(true)
+{
+    begin(beginning(writing));
+    refuseReplaced();
+}
+
+void Transaction::begin(std::string_view statement)
+{
+    (void)m_connection.beginReading();
+    m_connection.prepare(statement).run();
+}
+
+/// Not earlier: while a file is being replaced, writers are locked out.
+void Transaction::refuseReplaced()
+{
     try {
-        connection.refuseReplaced(); // not earlier: while a file is being replaced, writers are locked out
+        m_connection.refuseReplaced();
     } catch (const SqlError&) {
-        connection.prepare("ROLLBACK").run();
+        m_connection.prepare("ROLLBACK").run();
         throw;
     }
 }
@@ -64,6 +87,8 @@ void Transaction::commit()
         m_connection.prepare("COMMIT").run();
         return;
     }
+    if (!m_mayWrite)
+        throw std::logic_error("a transaction for reading has written");
     const qint32 stamp = QRandomGenerator::global()->bounded(1, std::numeric_limits<qint32>::max());
     m_connection.execute("PRAGMA main.user_version = " + std::to_string(stamp));
     try {
