@@ -1,10 +1,8 @@
 #include "cashbook/day_list_delegate.h"
 
 #include "cashbook/day_list.h"
-#include "controls/row_delegate.h"
 #include "look/theme.h"
 
-#include <QHelpEvent>
 #include <QPainter>
 
 namespace lorvan {
@@ -96,14 +94,9 @@ private:
     bool m_selected;
 };
 
-void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index, bool isBalance)
+bool isBalance(const QModelIndex& index)
 {
-    if (option.state.testFlag(QStyle::State_Selected))
-        return;
-    if (isBalance)
-        painter.fillRect(option.rect, Theme::instance().colour(ColourRole::BalanceRow));
-    else if (index.row() % 2 == 0)
-        painter.fillRect(option.rect, Theme::instance().colour(ColourRole::Alternate));
+    return index.data(Qt::UserRole).toLongLong() == 0;
 }
 
 void paintMovement(LinePainter& line)
@@ -121,22 +114,27 @@ void paintMovement(LinePainter& line)
 
 void DayListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    if (!isSelected && isBalance(index))
+        painter->fillRect(option.rect, Theme::instance().colour(ColourRole::BalanceRow));
+    else if (!isSelected && index.row() % 2 == 0)
+        painter->fillRect(option.rect, Theme::instance().colour(ColourRole::Alternate));
+    RowDelegate::paint(painter, option, index);
+}
+
+void DayListDelegate::paintText(
+    QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index, const QColor& colour) const
+{
     const auto* const list = qobject_cast<const DayList*>(option.widget);
     if (!list)
         return;
-    const bool isBalance = index.data(Qt::UserRole).toLongLong() == 0;
-    painter->save();
-    paintGround(*painter, option, index, isBalance);
-    const QColor colour = paintRowGround(*painter, option, index);
-    painter->setFont(option.font);
-    LinePainter line(*painter, list->lineLayout(), option, index);
+    LinePainter line(painter, list->lineLayout(), option, index);
     if (option.state.testFlag(QStyle::State_Selected) && list->hasFocus())
         line.forceColour(colour);
-    if (isBalance)
+    if (isBalance(index))
         line.whole();
     else
         paintMovement(line);
-    painter->restore();
 }
 
 QSize DayListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const
@@ -145,15 +143,12 @@ QSize DayListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModel
     return list ? QSize(list->scrollWidth(), list->rowHeight()) : QSize();
 }
 
-bool DayListDelegate::helpEvent(
-    QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option, const QModelIndex& index)
+QString DayListDelegate::toolTipOf(
+    const QAbstractItemView& view, const QStyleOptionViewItem&, const QModelIndex& index) const
 {
+    const QString hint = view.toolTip();
     const QString whole = index.data(Qt::ToolTipRole).toString();
-    if (event->type() != QEvent::ToolTip || whole.isEmpty())
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const QString hint = view->toolTip();
-    showPlainToolTip(event->globalPos(), hint.isEmpty() ? whole : whole + u'\n' + hint, view->viewport(), option.rect);
-    return true;
+    return hint.isEmpty() || whole.isEmpty() ? whole : whole + u'\n' + hint;
 }
 
 } // namespace lorvan

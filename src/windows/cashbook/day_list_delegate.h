@@ -1,20 +1,24 @@
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "controls/row_delegate.h"
 
 namespace lorvan {
 
 /// Paints a day's movements in columns, from their own values, and the balance line as one text.
-class DayListDelegate : public QStyledItemDelegate {
+class DayListDelegate : public RowDelegate {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using RowDelegate::RowDelegate;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-        const QModelIndex& index) override;
+
+protected:
+    void paintText(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+        const QColor& colour) const override;
+    [[nodiscard]] QString toolTipOf(
+        const QAbstractItemView& view, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 };
 
 } // namespace lorvan

@@ -127,7 +127,7 @@ void OmadaKvdikvn::connectList()
 
 void OmadaKvdikvn::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isEnter(*event))
         focusNextChild();
     else if (event->matches(QKeySequence::Cancel) && holdsUnstoredText())
         m_name->setFocus(Qt::OtherFocusReason); // closing would lose it

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "look/focus_rules.h"
+
 #include <QCheckBox>
 #include <QKeyEvent>
 
@@ -13,7 +15,7 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override
     {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        if (isEnter(*event))
             focusNextPrevChild(true);
         else
             QCheckBox::keyPressEvent(event);

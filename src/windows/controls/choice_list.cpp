@@ -154,21 +154,15 @@ bool ChoiceList::takeListKey(const QKeyEvent& event)
 
 bool ChoiceList::takeFieldKey(const QKeyEvent& event)
 {
-    switch (event.key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
+    if (event.key() == Qt::Key_Up || event.key() == Qt::Key_Down)
         findNext(event.key() == Qt::Key_Down ? 1 : -1);
-        return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
+    else if (isEnter(event))
         toggleFound();
-        return true;
-    case Qt::Key_Escape:
+    else if (event.key() == Qt::Key_Escape)
         m_list->setFocus(Qt::OtherFocusReason);
-        return true;
-    default:
+    else
         return false;
-    }
+    return true;
 }
 
 // Finding

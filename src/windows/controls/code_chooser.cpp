@@ -16,11 +16,6 @@ namespace {
 
 constexpr int rowsShown = 14;
 
-bool isEnter(const QKeyEvent& event)
-{
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
-
 /// Selected with the cursor at the front, so that the beginning of a long text is visible.
 void selectFromEnd(QLineEdit& field)
 {

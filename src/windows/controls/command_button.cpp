@@ -1,5 +1,6 @@
 #include "controls/command_button.h"
 
+#include "look/focus_rules.h"
 #include "look/icons.h"
 #include "look/style_painting.h"
 
@@ -181,7 +182,7 @@ void CommandButton::resizeEvent(QResizeEvent* event)
 
 void CommandButton::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    if (!isEnter(*event)) {
         QPushButton::keyPressEvent(event);
         return;
     }

@@ -16,11 +16,6 @@
 namespace lorvan {
 namespace {
 
-bool isEnter(const QKeyEvent& event)
-{
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
-
 bool isTyping(const QKeyEvent& event)
 {
     const QString text = event.text();

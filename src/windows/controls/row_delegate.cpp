@@ -46,8 +46,6 @@ void paintTick(QPainter& painter, const QRect& row, const QColor& colour)
     paintIcon(painter, tick, QStringLiteral("check"), colour);
 }
 
-} // namespace
-
 QColor paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index)
 {
     const Theme& theme = Theme::instance();
@@ -76,6 +74,8 @@ QColor paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, con
     return theme.colour(selected && focused ? ColourRole::HighlightText : ColourRole::Text);
 }
 
+} // namespace
+
 void showPlainToolTip(QPoint globalPosition, const QString& text, QWidget* widget, const QRect& rect)
 {
     const bool needsMarkup = Qt::mightBeRichText(text) || text.size() > longestToolTipLine; // only markup wraps lines
@@ -88,18 +88,23 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
 {
     painter->save();
     const QColor colour = paintRowGround(*painter, option, index);
+    painter->setFont(option.font);
+    paintText(*painter, option, index, colour);
+    painter->restore();
+}
+
+void RowDelegate::paintText(
+    QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index, const QColor& colour) const
+{
     const PlainList* const list = listOf(option);
     if (list && list->showsTicks() && option.state.testFlag(QStyle::State_Selected)) {
         const bool focused = list->hasFocus();
-        paintTick(*painter, option.rect, focused ? colour : Theme::instance().colour(ColourRole::Accent));
+        paintTick(painter, option.rect, focused ? colour : Theme::instance().colour(ColourRole::Accent));
     }
     const QRect area = textRect(option);
-    const QString text = index.data().toString();
-    painter->setFont(option.font);
-    painter->setPen(colour);
-    painter->drawText(area, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-        option.fontMetrics.elidedText(text, Qt::ElideRight, area.width()));
-    painter->restore();
+    painter.setPen(colour);
+    painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, area.width()));
 }
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
@@ -116,14 +121,20 @@ QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInde
 bool RowDelegate::helpEvent(
     QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option, const QModelIndex& index)
 {
-    if (event->type() != QEvent::ToolTip || !index.isValid())
+    const bool isAsked = event->type() == QEvent::ToolTip && index.isValid();
+    const QString text = isAsked ? toolTipOf(*view, option, index) : QString();
+    if (text.isEmpty())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const QString text = index.data().toString();
-    const int shown = std::min(textRect(option).width(), view->viewport()->width() - textInset);
-    if (option.fontMetrics.horizontalAdvance(text) <= shown)
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
-    showPlainToolTip(event->globalPos(), text.trimmed(), view->viewport(), option.rect);
+    showPlainToolTip(event->globalPos(), text, view->viewport(), option.rect);
     return true;
+}
+
+QString RowDelegate::toolTipOf(
+    const QAbstractItemView& view, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const QString text = index.data().toString();
+    const int shown = std::min(textRect(option).width(), view.viewport()->width() - textInset);
+    return option.fontMetrics.horizontalAdvance(text) > shown ? text.trimmed() : QString();
 }
 
 } // namespace lorvan

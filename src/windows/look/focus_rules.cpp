@@ -36,6 +36,11 @@ QString textOf(QWidget& field)
     return line ? line->text() : QString();
 }
 
+bool isEnter(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
 bool isAltTyping(const QKeyEvent& event)
 {
     const QString text = event.text();

@@ -18,6 +18,9 @@ void goBackTo(QWidget& field);
 /// The content of a field or chooser.
 [[nodiscard]] QString textOf(QWidget& field);
 
+/// Whether a key is Enter, of the keypad or not.
+[[nodiscard]] bool isEnter(const QKeyEvent& event);
+
 /// Whether a key types a character while Alt or the logo key is held down. No command uses such a key, so fields ignore
 /// it. AltGr, the third level of a keyboard, does not count as such a modifier.
 [[nodiscard]] bool isAltTyping(const QKeyEvent& event);

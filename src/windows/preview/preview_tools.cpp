@@ -1,6 +1,7 @@
 #include "preview/preview_tools.h"
 
 #include "controls/command_button.h"
+#include "look/focus_rules.h"
 #include "look/icons.h"
 #include "look/theme.h"
 #include "look/themed_label.h"
@@ -216,8 +217,7 @@ bool PreviewTools::eventFilter(QObject* watched, QEvent* event)
         Q_EMIT left();
         return true;
     }
-    const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-    if (watched == m_sought && isEnter) {
+    if (watched == m_sought && isEnter(*key)) {
         const bool isBack = key->modifiers().testFlag(Qt::ShiftModifier);
         Q_EMIT findAsked(isBack ? Direction::Backward : Direction::Forward);
         return true;

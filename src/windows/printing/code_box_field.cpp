@@ -1,6 +1,7 @@
 #include "printing/code_box_field.h"
 
 #include "controls/row_delegate.h"
+#include "look/focus_rules.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -43,17 +44,12 @@ void CodeBoxField::focusInEvent(QFocusEvent* event)
 
 void CodeBoxField::keyPressEvent(QKeyEvent* event)
 {
-    switch (event->key()) {
-    case Qt::Key_Delete:
+    if (event->key() == Qt::Key_Delete)
         setBox({});
-        break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
+    else if (isEnter(*event))
         focusNextPrevChild(true);
-        break;
-    default:
+    else
         QLineEdit::keyPressEvent(event);
-    }
 }
 
 } // namespace lorvan

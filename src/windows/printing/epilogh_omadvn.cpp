@@ -3,6 +3,7 @@
 #include "controls/guarded_window.h"
 #include "controls/tick_list.h"
 #include "look/busy_pointer.h"
+#include "look/focus_rules.h"
 #include "look/themed_label.h"
 #include "look/window_placement.h"
 
@@ -143,7 +144,7 @@ void EpiloghOmadvn::done(int result)
 
 void EpiloghOmadvn::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+    if (!isEnter(*event))
         QDialog::keyPressEvent(event);
     else if (focusWidget() == m_lists.back())
         accept();

@@ -1,5 +1,6 @@
 #include "printing/report_list.h"
 
+#include "look/focus_rules.h"
 #include "reports/report_catalogue.h"
 
 #include <QKeyEvent>
@@ -31,7 +32,7 @@ void ReportList::keyPressEvent(QKeyEvent* event)
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (isPlain && event->key() >= Qt::Key_1 && event->key() <= Qt::Key_9)
         selectData(event->key() - Qt::Key_0);
-    else if (isPlain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+    else if (isPlain && isEnter(*event))
         focusNextChild();
     else
         PlainList::keyPressEvent(event);

@@ -49,15 +49,10 @@ void TitleEditor::focusOutEvent(QFocusEvent* event)
 
 void TitleEditor::keyPressEvent(QKeyEvent* event)
 {
-    switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Escape:
+    if (isEnter(*event) || event->key() == Qt::Key_Escape)
         finish();
-        break;
-    default:
+    else
         QLineEdit::keyPressEvent(event);
-    }
 }
 
 } // namespace lorvan

@@ -278,7 +278,7 @@ void Login::closeEvent(QCloseEvent* event)
 
 void Login::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isEnter(*event))
         focusNextPrevChild(true);
     else
         event->ignore(); // Escape would end the program
