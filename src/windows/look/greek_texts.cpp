@@ -7,8 +7,6 @@
 namespace lorvan {
 namespace {
 
-constexpr QByteArrayView envelope = "Envelope "; // forty sizes of paper begin with it
-
 const QHash<QByteArrayView, QString>& greekBySource()
 {
     static const QHash<QByteArrayView, QString> texts = [] {
@@ -24,10 +22,7 @@ const QHash<QByteArrayView, QString>& greekBySource()
 
 QString GreekTexts::translate(const char*, const char* sourceText, const char*, int) const
 {
-    const QByteArrayView source(sourceText);
-    if (source.startsWith(envelope))
-        return QStringLiteral("Φάκελος ") + QString::fromUtf8(source.sliced(envelope.size()));
-    return greekBySource().value(source);
+    return greekBySource().value(sourceText);
 }
 
 } // namespace lorvan

@@ -4,7 +4,7 @@
 
 namespace lorvan {
 
-/// Greek translations of the toolkit's own texts: standard buttons, context menus, file, print and colour dialogs.
+/// Greek translations of the toolkit's own texts: standard buttons, context menus, the file dialog.
 class GreekTexts : public QTranslator {
     Q_OBJECT
 
