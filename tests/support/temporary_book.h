@@ -47,7 +47,7 @@ public:
 
     [[nodiscard]] Connection openMain() const { return openAt(files().mainDatabase()); }
     [[nodiscard]] Connection openAuxiliary() const { return openAt(files().auxiliaryDatabase()); }
-    [[nodiscard]] Book open() const { return {openMain(), openAuxiliary()}; }
+    [[nodiscard]] Book open() const { return {files(), testKeys(), Connection::Access::ReadWrite}; }
 
     /// Runs statements on the main database, as another program would.
     void execute(std::string_view sql) const { openMain().execute(sql); }

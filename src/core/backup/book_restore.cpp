@@ -3,9 +3,11 @@
 #include "backup/book_archive.h"
 #include "backup/book_proof.h"
 #include "backup/copy_writing.h"
+#include "backup/restore_record.h"
 #include "book/book_files.h"
 #include "book/pending_restore.h"
 #include "book/work_folder.h"
+#include "platform/authority.h"
 #include "platform/engine/key_ring.h"
 #include "platform/files/durable_files.h"
 #include "platform/stop_check.h"
@@ -67,8 +69,9 @@ QString RestoreFailed::plainText() const
 }
 
 struct RestoredBook::Staging {
-    explicit Staging(const BookFiles& target)
-        : made(target.dataFolder())
+    Staging(const QString& from, const BookFiles& target)
+        : backup(from)
+        , made(target.dataFolder())
         , book(target.dataFolder())
         , data(book.dataFolder())
         , work((removeUndecidedRestores(data), data), stagedPrefix())
@@ -76,6 +79,7 @@ struct RestoredBook::Staging {
     {
     }
 
+    QString backup;
     MadeFolders made;
     BookFiles book;
     Folder data;
@@ -86,7 +90,7 @@ struct RestoredBook::Staging {
 RestoredBook::RestoredBook(const QString& backup, const BookFiles& book)
 {
     try {
-        m_staging = std::make_unique<Staging>(book);
+        m_staging = std::make_unique<Staging>(backup, book);
         unpackBook(backup, m_staging->work.folder());
     } catch (const FileError& failure) {
         throw RestoreFailed(failure.what());
@@ -110,12 +114,13 @@ const BookFiles& RestoredBook::staged() const
     return m_staging->staged;
 }
 
-std::optional<QString> RestoredBook::replace(const QDateTime& now)
+std::optional<QString> RestoredBook::replace(const Authority& authority)
 {
     const Folder& data = m_staging->data;
     QString aside;
     try {
-        aside = asideFor(data, now);
+        recordRestore(m_staging->staged, m_staging->book, m_staging->backup, authority);
+        aside = asideFor(data, authority.now());
         for (const auto& name : {QStringLiteral("lorvan.mdb"), QStringLiteral("mapcodes.mdb")})
             takeOverAccess(data, m_staging->work.folder(), name);
         m_staging->work.folder().sync();

@@ -2,7 +2,6 @@
 
 #include "book/failure_text.h"
 
-#include <QDateTime>
 #include <QString>
 
 #include <memory>
@@ -11,6 +10,7 @@
 
 namespace lorvan {
 
+class Authority;
 class BookFiles;
 
 /// The backup could not be unpacked into the data folder. what() says why.
@@ -36,11 +36,12 @@ public:
     /// For those who want to look at it.
     [[nodiscard]] const BookFiles& staged() const;
 
-    /// Puts it in its place, and what was there aside. The new files take the access that the old ones have. The usage
-    /// marker is free then; whoever calls holds it, if there is one. Killed on the way, there is either the old book
-    /// or, from the next start of a program on, the new one. Returns the folder where the old files are, if there were
-    /// any. Throws RestoreFailed when nothing is decided yet, RestoreUnfinished afterwards.
-    std::optional<QString> replace(const QDateTime& now);
+    /// Adds a row to its journal (see recordRestore()), puts it in its place, and what was there aside. The new files
+    /// take the access that the old ones have. The usage marker is free then; whoever calls holds it, if there is one.
+    /// Killed on the way, there is either the old book or, from the next start of a program on, the new one. Returns
+    /// the folder where the old files are, if there were any. Throws RestoreFailed when nothing is decided yet,
+    /// RestoreUnfinished afterwards.
+    std::optional<QString> replace(const Authority& authority);
 
 private:
     struct Staging;

@@ -71,7 +71,7 @@ void Book::ensureSchema(const OpeningSteps& steps)
     if (!m_main.isReadOnly())
         ensureMainSchema(m_main, steps);
     if (!m_auxiliary.isReadOnly())
-        ensureAuxiliaryIndexes(m_auxiliary);
+        ensureAuxiliarySchema(m_auxiliary);
     if (!m_main.isReadOnly())
         steps.keepJournal(m_main, m_auxiliary);
 }

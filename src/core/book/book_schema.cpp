@@ -78,6 +78,31 @@ CREATE INDEX IF NOT EXISTS lorvan_journal_day ON journal(day);
 CREATE INDEX IF NOT EXISTS lorvan_journal_subject ON journal(subject);
 )";
 
+/// What closed days held: see day_seal.h.
+constexpr auto sealsSql = R"(
+CREATE TABLE IF NOT EXISTS seals (
+    id INTEGER PRIMARY KEY,
+    at INTEGER,
+    user TEXT,
+    computer TEXT,
+    day INTEGER,
+    version INTEGER,
+    late INTEGER,
+    income INTEGER,
+    expense INTEGER,
+    movements INTEGER,
+    content TEXT,
+    previous TEXT,
+    journal TEXT,
+    hash TEXT,
+    carried INTEGER,
+    balance INTEGER,
+    balance_hash TEXT,
+    counted TEXT
+);
+CREATE INDEX IF NOT EXISTS lorvan_seals_day ON seals(day);
+)";
+
 constexpr auto auxiliaryTables = R"(
 CREATE TABLE klhsimotameioy (
     aa INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -205,6 +230,11 @@ const QStringList& ownTables()
     return names;
 }
 
+bool isOwnTable(const QString& name)
+{
+    return ownTables().contains(name) || name == QLatin1String(sealsTable);
+}
+
 void createOwnTables(Connection& connection)
 {
     connection.execute(ownTablesSql);
@@ -223,6 +253,7 @@ void createAuxiliarySchema(Connection& connection)
 {
     Transaction transaction(connection, Authority::program());
     createTables(connection, auxiliaryTables, auxiliaryIndexes());
+    connection.execute(sealsSql);
     transaction.commit();
 }
 
@@ -233,8 +264,13 @@ void ensureMainSchema(Connection& connection, const OpeningSteps& steps)
     ensureIndexes(connection, mainIndexes());
 }
 
-void ensureAuxiliaryIndexes(Connection& connection)
+void ensureAuxiliarySchema(Connection& connection)
 {
+    if (!hasTable(connection, QLatin1String(sealsTable))) {
+        Transaction transaction(connection, Authority::program());
+        connection.execute(sealsSql);
+        transaction.commit();
+    }
     ensureIndexes(connection, auxiliaryIndexes());
 }
 

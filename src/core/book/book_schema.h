@@ -19,7 +19,11 @@ void createAuxiliarySchema(Connection& connection);
 /// writing since, may lack them.
 inline constexpr auto openingDifferenceTable = "opening_difference";
 inline constexpr auto journalTable = "journal";
+/// And the one in the auxiliary database.
+inline constexpr auto sealsTable = "seals";
 [[nodiscard]] const QStringList& ownTables();
+/// True for those and for the one in the auxiliary database.
+[[nodiscard]] bool isOwnTable(const QString& name);
 
 /// Makes those of its own tables that are missing, inside the caller's transaction.
 void createOwnTables(Connection& connection);
@@ -28,6 +32,6 @@ void createOwnTables(Connection& connection);
 /// An index of any name counts as present if its first column is the wanted one. If nothing is missing, it writes
 /// nothing and begins no transaction.
 void ensureMainSchema(Connection& connection, const OpeningSteps& steps);
-void ensureAuxiliaryIndexes(Connection& connection);
+void ensureAuxiliarySchema(Connection& connection);
 
 } // namespace lorvan

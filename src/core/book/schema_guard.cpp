@@ -34,7 +34,10 @@ const Tables& tablesOf(BookDatabase database)
             {openingDifferenceTable, "day amount"},
             {journalTable, "id at user computer action subject day code before after previous hash"}});
     static const Tables auxiliary =
-        tablesFrom({{"klhsimotameioy", "aa hmeraklhsimatos"}, {"codes", "uname upass r_eggrafes r_klhsimo r_kvdikoi"}});
+        tablesFrom({{"klhsimotameioy", "aa hmeraklhsimatos"}, {"codes", "uname upass r_eggrafes r_klhsimo r_kvdikoi"},
+            {sealsTable,
+                "id at user computer day version late income expense movements content previous journal hash"
+                " carried balance balance_hash counted"}});
     return database == BookDatabase::Main ? main : auxiliary;
 }
 
@@ -265,7 +268,7 @@ private:
             return each.kind == Kind::Table && each.name.compare(table, Qt::CaseInsensitive) == 0;
         });
         const bool isTable = object != m_objects.end();
-        if (!isTable && ownTables().contains(table))
+        if (!isTable && isOwnTable(table))
             return;
         if (!isTable) {
             add(m_found.unreadable, QStringLiteral("λείπει ο πίνακας «%1»").arg(table));

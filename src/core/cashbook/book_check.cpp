@@ -2,6 +2,7 @@
 
 #include "book/schema_guard.h"
 #include "cashbook/record_audit.h"
+#include "cashbook/trail_audit.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/sql_error.h"
@@ -253,6 +254,7 @@ BookCheck checkContent(Connection& book, const CheckProgress& progress)
         const CashAudit audit = auditCash(book, progress);
         check = {findingsOf(audit), totalsOf(book, audit.movements.totals)};
         check.findings.merge(auditRecords(book));
+        check.findings.merge(auditTrail(book).findings());
     });
     return check;
 }

@@ -34,6 +34,13 @@ enum class FindingKind {
     ClosedDayWithoutDate, ///< Somebody has closed a day, but it is still open.
     CodeWithoutNumber,
     UserWithoutName, ///< Can sign in with an empty name.
+    JournalBroken, ///< A row of the journal, `key`, was changed, or rows before it are missing.
+    SealBroken, ///< The same of a seal; `day` is its day.
+    SealWithoutJournal, ///< The journal has lost the row that a seal, `key`, names.
+    SealedDayAltered, ///< A sealed day does not hold what was sealed.
+    MovementAltered, ///< A movement is not as the journal says; `day` is 0 if it is gone.
+    CodeAltered, ///< A code, `key` is its row.
+    GroupAltered,
 
     OpeningBalance, ///< A day from which on the balances include a recorded opening difference.
     OpeningNotKept, ///< The same, but only the balances show it: repairBook() records it.
@@ -46,6 +53,8 @@ enum class FindingKind {
     RepeatedClosedDay,
     RepeatedUser,
     OtherObject, ///< A table, column or index added by another program, named in `text`.
+    CarryMoved, ///< A sealed day's carried balance is not the printed one: an earlier day was changed.
+    AcceptedFaults, ///< So many, `rows`, were accepted earlier.
     ReadableByOthers, ///< A database that every account on the machine may read; `text` is its path.
 };
 

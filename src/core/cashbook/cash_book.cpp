@@ -2,6 +2,7 @@
 
 #include "book/book.h"
 #include "cashbook/cash_closing.h"
+#include "cashbook/day_seal.h"
 #include "cashbook/journal_states.h"
 #include "cashbook/movement_store.h"
 #include "journal/journal.h"
@@ -136,23 +137,51 @@ bool CashBook::close(QDate day)
     return closeDay(both, m_authority, day);
 }
 
-/// The shared lock on the closed days is held to the end, so that the day cannot be closed in the meantime.
-ChangeOutcome CashBook::inTransaction(const std::function<ChangeOutcome(Connection& main)>& change)
+ChangeOutcome CashBook::changeDay(QDate day, const Change& change)
+{
+    if (!isSealed(m_book.auxiliary(), day)) {
+        if (auto outcome = changeUnsealed(day, change))
+            return std::move(*outcome);
+    }
+    return changeSealed(day, change);
+}
+
+/// In the main database alone. The shared lock on the other one is held to the end, so that the day cannot be closed in
+/// the meantime. Changes nothing and returns no value if it was sealed by now.
+std::optional<ChangeOutcome> CashBook::changeUnsealed(QDate day, const Change& change)
 {
     Transaction closedDays(m_book.auxiliary(), Transaction::View::Steady);
     Transaction writing(m_book.main(), m_authority);
+    if (isSealed(m_book.auxiliary(), day))
+        return std::nullopt;
     ChangeOutcome outcome = change(m_book.main());
     if (std::holds_alternative<ChangedDay>(outcome))
         writing.commit();
     return outcome;
 }
 
+/// In both databases: the day is sealed again.
+ChangeOutcome CashBook::changeSealed(QDate day, const Change& change)
+{
+    Connection both = m_book.openBoth();
+    Transaction writing(both, m_authority);
+    ChangeOutcome outcome = change(both);
+    if (!std::holds_alternative<ChangedDay>(outcome))
+        return outcome;
+    sealDay(both, m_authority, day, lastJournalHash(both));
+    writing.commit();
+    return outcome;
+}
+
 ChangeOutcome CashBook::changeStored(
     qint64 key, const std::function<ChangeOutcome(Connection& main, const Movement& stored, bool isClosed)>& change)
 {
-    return inTransaction([&](Connection& main) -> ChangeOutcome {
+    const auto before = find(key);
+    if (!before)
+        return MovementRefusal::MovementIsGone;
+    return changeDay(before->day, [&](Connection& main) -> ChangeOutcome {
         const auto stored = findMovement(main, key);
-        if (!stored)
+        if (!stored || stored->day != before->day)
             return MovementRefusal::MovementIsGone;
         const auto closed = closedState(stored->day);
         if (const auto* const refusal = std::get_if<MovementRefusal>(&closed))
@@ -163,7 +192,7 @@ ChangeOutcome CashBook::changeStored(
 
 ChangeOutcome CashBook::insert(const MovementDraft& draft)
 {
-    return inTransaction([&](Connection& main) -> ChangeOutcome {
+    return changeDay(draft.day, [&](Connection& main) -> ChangeOutcome {
         const auto closed = closedState(draft.day);
         if (const auto* const refusal = std::get_if<MovementRefusal>(&closed))
             return *refusal;

@@ -74,7 +74,11 @@ private:
     void correct(Connection& main, const DayView& view) const;
     /// The draft's code, if the draft may be stored.
     [[nodiscard]] std::variant<MovementCode, MovementRefusal> validateActive(const MovementDraft& draft);
-    ChangeOutcome inTransaction(const std::function<ChangeOutcome(Connection& main)>& change);
+    using Change = std::function<ChangeOutcome(Connection& main)>;
+    /// Runs `change` in one transaction, which is committed if it succeeds. A day that was sealed is sealed again.
+    ChangeOutcome changeDay(QDate day, const Change& change);
+    std::optional<ChangeOutcome> changeUnsealed(QDate day, const Change& change);
+    ChangeOutcome changeSealed(QDate day, const Change& change);
     /// The same for a stored movement that may be changed.
     ChangeOutcome changeStored(qint64 key,
         const std::function<ChangeOutcome(Connection& main, const Movement& stored, bool isClosed)>& change);

@@ -1,6 +1,7 @@
 #include "cashbook/cash_closing.h"
 
 #include "cashbook/cash_day.h"
+#include "cashbook/day_seal.h"
 #include "journal/journal.h"
 #include "platform/amount_text.h"
 #include "platform/date_text.h"
@@ -14,9 +15,9 @@
 namespace lorvan {
 namespace {
 
-void record(Connection& book, const Authority& authority, JournalAction action, const Closing& closing)
+QString record(Connection& book, const Authority& authority, JournalAction action, const Closing& closing)
 {
-    recordChange(book, authority,
+    return recordChange(book, authority,
         {action, journal_subject::day(closing.day), closing.day, {}, {},
             {{QStringLiteral("hmeraklhsimatos"), storedDate(closing.day)}, {QStringLiteral("aa"), closing.key}}});
 }
@@ -38,7 +39,8 @@ qint64 closingsRecordedTogether(Connection& main)
 
 bool isRecorded(Connection& main, const Closing& closing)
 {
-    auto rows = main.prepare("SELECT after FROM main.journal WHERE subject=? AND action IN ('close', 'found')");
+    auto rows =
+        main.prepare("SELECT after FROM main.journal WHERE subject=? AND action IN ('close', 'found', 'accept')");
     for (rows.bind(journal_subject::day(closing.day)); rows.step();) {
         if (keyIn(rows.text(0)) == closing.key)
             return true;
@@ -62,7 +64,9 @@ bool closeDay(Connection& book, const Authority& authority, QDate day)
     if (keepsJournal(book))
         recordFound(book, authority, unrecordedClosings(book, book));
     book.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)").bind(day).run();
-    record(book, authority, JournalAction::Close, {book.lastInsertedKey(), day});
+    const QString journal = record(book, authority, JournalAction::Close, {book.lastInsertedKey(), day});
+    if (!journal.isEmpty() && keepsSeals(book))
+        sealDay(book, authority, day, journal);
     transaction.commit();
     return true;
 }

@@ -14,9 +14,9 @@ struct CashDayFigures;
 /// True if the day's cash has been closed for good.
 [[nodiscard]] bool isClosed(Connection& auxiliary, QDate day);
 
-/// Closes the day's cash; does nothing if it is already closed. One transaction over `book`, which holds both databases
-/// or, if the main one cannot be written, only the auxiliary one. Returns true if the day was open. Throws NotPermitted
-/// and SqlError.
+/// Closes the day's cash and seals it; does nothing if it is already closed. One transaction over `book`, which holds
+/// both databases or, if the main one cannot be written, only the auxiliary one. Returns true if the day was open.
+/// Throws NotPermitted and SqlError.
 bool closeDay(Connection& book, const Authority& authority, QDate day);
 
 /// A row of `klhsimotameioy`.

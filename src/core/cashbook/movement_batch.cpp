@@ -115,4 +115,12 @@ qint64 MovementBatch::settle(const std::function<void(qint64, qint64)>& progress
     return repeated;
 }
 
+std::vector<QDate> MovementBatch::days() const
+{
+    std::vector<QDate> days;
+    for (const auto& [day, difference] : m_differences)
+        days.push_back(day);
+    return days;
+}
+
 } // namespace lorvan

@@ -5,6 +5,7 @@
 #include "platform/currency.h"
 
 #include <map>
+#include <vector>
 
 namespace lorvan {
 
@@ -31,6 +32,9 @@ public:
     /// once, after the last add(). `progress` is called with the number of days done and the total. Returns how many of
     /// the movements equal one that their day already held. Throws CurrencyOverflow.
     [[nodiscard]] qint64 settle(const std::function<void(qint64, qint64)>& progress = {});
+
+    /// The days to which movements were added.
+    [[nodiscard]] std::vector<QDate> days() const;
 
 private:
     [[nodiscard]] bool mayChange(QDate day);

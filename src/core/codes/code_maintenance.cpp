@@ -99,14 +99,6 @@ MovedMovements giveGroupToMovements(Connection& main, qint32 code, qint32 group)
     return moved;
 }
 
-QJsonObject stateOf(const MovementCode& code)
-{
-    return {{QStringLiteral("aa"), code.row}, {QStringLiteral("kvdikos"), code.code},
-        {QStringLiteral("perigrafh"), code.description}, {QStringLiteral("omada"), code.groupName},
-        {QStringLiteral("aa_omadas"), code.group}, {QStringLiteral("esodo"), code.income},
-        {QStringLiteral("energos"), code.active}};
-}
-
 void record(Connection& main, const Authority& authority, JournalAction action, const MovementCode& code,
     const QJsonObject& before, const QJsonObject& after)
 {
@@ -136,6 +128,14 @@ bool isUsed(Connection& main, qint32 code)
 
 } // namespace
 
+QJsonObject journalState(const MovementCode& code)
+{
+    return {{QStringLiteral("aa"), code.row}, {QStringLiteral("kvdikos"), code.code},
+        {QStringLiteral("perigrafh"), code.description}, {QStringLiteral("omada"), code.groupName},
+        {QStringLiteral("aa_omadas"), code.group}, {QStringLiteral("esodo"), code.income},
+        {QStringLiteral("energos"), code.active}};
+}
+
 qint64 storeCode(Connection& main, const MovementCode& code)
 {
     const auto groupName = code.groupName.isNull() ? std::nullopt : std::optional(code.groupName);
@@ -154,7 +154,7 @@ std::variant<MovementCode, CodeRefusal> insertCode(Connection& main, const Autho
     auto checked = validateInsertion(main, entry);
     if (auto* const code = std::get_if<MovementCode>(&checked)) {
         code->row = storeCode(main, *code);
-        record(main, authority, JournalAction::Insert, *code, {}, stateOf(*code));
+        record(main, authority, JournalAction::Insert, *code, {}, journalState(*code));
         writing.commit();
     }
     return checked;
@@ -178,7 +178,7 @@ std::optional<CodeRefusal> modifyCode(
         .bind(code.code, code.description, code.listLine, code.group, code.income, code.active, code.groupName, row)
         .run();
     const MovedMovements moved = giveGroupToMovements(main, code.code, code.group);
-    record(main, authority, JournalAction::Modify, code, withMoved(stateOf(*former), moved), stateOf(code));
+    record(main, authority, JournalAction::Modify, code, withMoved(journalState(*former), moved), journalState(code));
     writing.commit();
     return std::nullopt;
 }
@@ -220,7 +220,7 @@ std::optional<CodeRefusal> removeCode(Connection& main, const Authority& authori
         return refusal;
     const MovementCode former = readCode(main, row).value();
     main.prepare("DELETE FROM kvdikoi WHERE aa=?").bind(row).run();
-    record(main, authority, JournalAction::Remove, former, stateOf(former), {});
+    record(main, authority, JournalAction::Remove, former, journalState(former), {});
     writing.commit();
     return std::nullopt;
 }

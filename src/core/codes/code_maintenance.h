@@ -2,6 +2,8 @@
 
 #include "codes/code_catalogue.h"
 
+#include <QJsonObject>
+
 #include <optional>
 #include <variant>
 
@@ -47,6 +49,9 @@ qint64 storeCode(Connection& main, const MovementCode& code);
 /// gone).
 [[nodiscard]] std::optional<CodeRefusal> modifyCode(
     Connection& main, const Authority& authority, qint64 row, const CodeEntry& entry, qint32 group);
+
+/// What the journal stores of a code: columns with their values as in the file, without the display line.
+[[nodiscard]] QJsonObject journalState(const MovementCode& code);
 
 /// What modifyCode() would do apart from storing the entry.
 struct ModificationEffects {

@@ -23,9 +23,7 @@ std::optional<CodeGroup> readGroup(Connection& main, qint32 number)
 
 QJsonObject stateOf(const std::optional<CodeGroup>& group)
 {
-    if (!group)
-        return {};
-    return {{QStringLiteral("aa"), group->number}, {QStringLiteral("perigrafh"), group->name}};
+    return group ? journalState(*group) : QJsonObject();
 }
 
 void record(Connection& main, const Authority& authority, JournalAction action, const std::optional<CodeGroup>& before,
@@ -36,6 +34,11 @@ void record(Connection& main, const Authority& authority, JournalAction action, 
 }
 
 } // namespace
+
+QJsonObject journalState(const CodeGroup& group)
+{
+    return {{QStringLiteral("aa"), group.number}, {QStringLiteral("perigrafh"), group.name}};
+}
 
 bool isGroupName(const QString& name)
 {

@@ -2,6 +2,8 @@
 
 #include "codes/code_catalogue.h"
 
+#include <QJsonObject>
+
 #include <optional>
 #include <variant>
 
@@ -32,6 +34,9 @@ void storeGroup(Connection& main, const CodeGroup& group, const std::optional<QS
 /// codes are updated to it. Never refuses with NameExists.
 [[nodiscard]] std::optional<GroupRefusal> renameGroup(
     Connection& main, const Authority& authority, qint32 number, const QString& name);
+
+/// What the journal stores of a group.
+[[nodiscard]] QJsonObject journalState(const CodeGroup& group);
 
 /// Deletes a group. Its codes get the number 0 and a single blank as group name.
 [[nodiscard]] std::optional<GroupRefusal> removeGroup(Connection& main, const Authority& authority, qint32 number);

@@ -103,6 +103,16 @@ QString user(const QString& name)
     return QStringLiteral("user/") + name;
 }
 
+QString journal(std::int64_t id)
+{
+    return QStringLiteral("journal/%1").arg(id);
+}
+
+QString seal(std::int64_t id)
+{
+    return QStringLiteral("seal/%1").arg(id);
+}
+
 QString book()
 {
     return QStringLiteral("book");

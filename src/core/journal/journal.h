@@ -37,7 +37,7 @@ enum class JournalAction {
 [[nodiscard]] std::optional<JournalAction> journalAction(const QString& word);
 
 /// What a row of the journal is about, as stored: "movement/17" by key, "day/20261123", "code/4" and "group/2" by row,
-/// "user/ΜΑΡΙΑ" by name, and "book".
+/// "user/ΜΑΡΙΑ" by name, "journal/9" and "seal/3" by id, and "book".
 namespace journal_subject {
 [[nodiscard]] QString movement(std::int64_t key);
 [[nodiscard]] QString day(QDate day);
@@ -45,6 +45,9 @@ namespace journal_subject {
 [[nodiscard]] QString group(std::int64_t number);
 [[nodiscard]] QString user(const QString& name);
 [[nodiscard]] QString book();
+/// A row of the journal or a seal whose fault was accepted.
+[[nodiscard]] QString journal(std::int64_t id);
+[[nodiscard]] QString seal(std::int64_t id);
 } // namespace journal_subject
 
 /// One change. The states before and after are columns with their values as stored, or counts and a digest for work on

@@ -4,8 +4,12 @@
 #include "book/schema_guard.h"
 #include "cashbook/book_check.h"
 #include "cashbook/book_repair.h"
+#include "cashbook/code_answer.h"
+#include "cashbook/trail_audit.h"
 #include "commands/findings_text.h"
 #include "platform/authority.h"
+#include "platform/engine/steady_reading.h"
+#include "platform/engine/transaction.h"
 #include "support/claimed_marker.h"
 #include "support/opened_book.h"
 #include "support/progress_bar.h"
@@ -96,11 +100,40 @@ ExitStatus checkBook(const QString& folder, bool wantsRepair, const ToolContext&
     return found->findings.isInOrder() ? ExitStatus::Done : ExitStatus::Found;
 }
 
+ExitStatus checkCodeFromPaper(const QString& folder, const QString& code, const ToolContext& context)
+{
+    OpenedBook book(folder, Connection::Access::ReadOnly);
+    CodeAnswer answer;
+    readSteadily(book.connection(), [&] {
+        const Transaction reading(book.connection(), Transaction::View::Steady);
+        answer = answerForCode(book.connection(), code);
+    });
+    context.out << answerText(answer).toStdString() << '\n';
+    return answer.verdict == CodeAnswer::Verdict::Holds || answer.verdict == CodeAnswer::Verdict::Resealed
+        ? ExitStatus::Done
+        : ExitStatus::Found;
+}
+
+void accept(const QString& folder, const ToolContext& context)
+{
+    readyBook(BookFiles(folder));
+    const ClaimedMarker marker{BookFiles(folder)};
+    OpenedBook book(folder, Connection::Access::ReadWrite);
+    const std::int64_t accepted = acceptFaults(book.connection(), Authority::companion(context.clock));
+    context.out << "Ευρήματα ημερολογίου και σφραγίδων που έγιναν αποδεκτά: " << accepted << "\n\n";
+}
+
 ExitStatus check(Arguments& arguments, const ToolContext& context)
 {
     const bool wantsRepair = arguments.takeFlag(QStringLiteral("--repair"));
+    const bool accepts = arguments.takeFlag(QStringLiteral("--accept"));
+    const auto code = arguments.takeOption(QStringLiteral("--code"));
     const QString folder = arguments.takeBookFolder();
     arguments.finish();
+    if (code)
+        return checkCodeFromPaper(folder, *code, context);
+    if (accepts)
+        accept(folder, context);
     try {
         return checkBook(folder, wantsRepair, context);
     } catch (const ForeignObjects& foreign) {
@@ -117,13 +150,16 @@ ExitStatus check(Arguments& arguments, const ToolContext& context)
 
 Command checkCommand()
 {
-    return {QStringLiteral("check"), QStringLiteral("ΦΑΚΕΛΟΣ [--repair]"),
+    return {QStringLiteral("check"), QStringLiteral("ΦΑΚΕΛΟΣ [--repair] [--accept] | ΦΑΚΕΛΟΣ --code ΚΩΔΙΚΟΣ"),
         QStringLiteral("Ελέγχει ένα βιβλίο και δείχνει τα σύνολά του."),
         QStringLiteral(
             "\n  --repair   διορθώνει όσα έχουν μία μόνο σωστή απάντηση: σύνολα και υπόλοιπα ημερών, ημέρες\n"
             "             που λείπουν, ημέρες γραμμένες δύο φορές. Ένα υπόλοιπο ανοίγματος που φαίνεται μόνο στα\n"
-            "             υπόλοιπα το καταχωρίζει. Πριν γράφει αντίγραφο δίπλα στο βιβλίο.\n\n"
-            "Χωρίς --repair δεν αλλάζει τίποτα και δουλεύει και όσο το πρόγραμμα είναι ανοικτό. Δύο ίδια\n"
+            "             υπόλοιπα το καταχωρίζει. Πριν γράφει αντίγραφο δίπλα στο βιβλίο.\n"
+            "  --accept   δέχεται ό,τι άλλαξε έξω από το πρόγραμμα σε κινήσεις, κωδικούς, ημερολόγιο και\n"
+            "             σφραγίδες: το γράφει στο ημερολόγιο και σφραγίζει ξανά τις ημέρες.\n"
+            "  --code ΚΩΔΙΚΟΣ   λέει αν η ημέρα είναι όπως στο χαρτί που έχει αυτόν τον κωδικό ελέγχου.\n\n"
+            "Χωρίς αυτά δεν αλλάζει τίποτα και δουλεύει και όσο το πρόγραμμα είναι ανοικτό. Δύο ίδια\n"
             "βιβλία δίνουν τα ίδια «Σύνολα».\n"
             "Κωδικός εξόδου: 0 κανένα λάθος, 1 βρέθηκαν (ή έμειναν) λάθη, 2 δεν έγινε ο έλεγχος.\n"),
         check};

@@ -121,6 +121,33 @@ QString textLine(const Finding& finding)
     return finding.text;
 }
 
+QString trailRowLine(const Finding& finding)
+{
+    return QStringLiteral("εγγραφή %1").arg(finding.key);
+}
+
+QString sealLine(const Finding& finding)
+{
+    return QStringLiteral("%1, σφραγίδα %2").arg(dayText(finding.day), number(finding.key));
+}
+
+QString alteredMovementLine(const Finding& finding)
+{
+    return finding.day == 0 ? QStringLiteral("κίνηση %1: λείπει").arg(finding.key)
+                            : QStringLiteral("κίνηση %1, ημέρα %2").arg(number(finding.key), dayText(finding.day));
+}
+
+QString movedCarryLine(const Finding& finding)
+{
+    return dayText(finding.day)
+        + insteadOf(QStringLiteral("μεταφορά"), finding.expected.closingBalance, finding.stored.closingBalance);
+}
+
+QString acceptedLine(const Finding& finding)
+{
+    return QString::number(finding.rows);
+}
+
 QString noLine(const Finding&)
 {
     return {};
@@ -152,6 +179,20 @@ const Wording& wordingOf(FindingKind kind)
             {QStringLiteral("Κλεισίματα ταμείου χωρίς έγκυρη ημερομηνία"), closedDayLine}},
         {FindingKind::CodeWithoutNumber, {QStringLiteral("Κωδικοί χωρίς αριθμό"), rowTextLine}},
         {FindingKind::UserWithoutName, {QStringLiteral("Χρήστες χωρίς όνομα"), rowTextLine}},
+        {FindingKind::JournalBroken,
+            {QStringLiteral("Το ημερολόγιο άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση"), trailRowLine}},
+        {FindingKind::SealBroken,
+            {QStringLiteral("Σφραγίδες που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), sealLine}},
+        {FindingKind::SealWithoutJournal,
+            {QStringLiteral("Σφραγίδες που η εγγραφή τους λείπει από το ημερολόγιο"), sealLine}},
+        {FindingKind::SealedDayAltered,
+            {QStringLiteral("Σφραγισμένες ημέρες που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), sealLine}},
+        {FindingKind::MovementAltered,
+            {QStringLiteral("Κινήσεις που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), alteredMovementLine}},
+        {FindingKind::CodeAltered,
+            {QStringLiteral("Κωδικοί που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), trailRowLine}},
+        {FindingKind::GroupAltered,
+            {QStringLiteral("Ομάδες που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), trailRowLine}},
         {FindingKind::OpeningBalance, {QStringLiteral("Υπόλοιπο ανοίγματος"), openingLine}},
         {FindingKind::OpeningNotKept,
             {QStringLiteral("Υπόλοιπο ανοίγματος που φαίνεται μόνο στα υπόλοιπα (το --repair το καταχωρίζει)"),
@@ -166,6 +207,8 @@ const Wording& wordingOf(FindingKind kind)
         {FindingKind::RepeatedClosedDay, {QStringLiteral("Ημέρες κλεισμένες περισσότερες φορές"), closedDayLine}},
         {FindingKind::RepeatedUser, {QStringLiteral("Χρήστες με το ίδιο όνομα"), userLine}},
         {FindingKind::OtherObject, {QStringLiteral("Αντικείμενα άλλου προγράμματος στις βάσεις"), textLine}},
+        {FindingKind::CarryMoved, {QStringLiteral("Σφραγισμένες ημέρες όπου μεταβλήθηκε η μεταφορά"), movedCarryLine}},
+        {FindingKind::AcceptedFaults, {QStringLiteral("Ευρήματα που έγιναν αποδεκτά"), acceptedLine}},
         {FindingKind::ReadableByOthers,
             {QStringLiteral("Βάσεις που μπορεί να διαβάσει κάθε χρήστης του υπολογιστή"), textLine}},
     };

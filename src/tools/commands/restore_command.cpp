@@ -5,6 +5,7 @@
 #include "book/failure_text.h"
 #include "book/pending_restore.h"
 #include "commands/findings_text.h"
+#include "platform/authority.h"
 #include "platform/stop_check.h"
 #include "support/claimed_marker.h"
 #include "support/interruption.h"
@@ -77,7 +78,7 @@ ExitStatus restore(Arguments& arguments, const ToolContext& context)
     Interruption::throwIfCome();
     std::optional<QString> aside;
     try {
-        aside = restored->replace(context.clock.now());
+        aside = restored->replace(Authority::companion(context.clock));
     } catch (const RestoreUnfinished& unfinished) {
         context.errors << "lorvan-data: " << failureText(unfinished).toStdString() << '\n';
         return ExitStatus::Found;

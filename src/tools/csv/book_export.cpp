@@ -164,7 +164,7 @@ private:
     /// This program's own tables may be missing in a book made elsewhere.
     [[nodiscard]] bool isThere(const BookTable& table)
     {
-        return !ownTables().contains(QLatin1String(table.name)) || m_main.knowsTable(table.name);
+        return !isOwnTable(QLatin1String(table.name)) || databaseOf(table).knowsTable(table.name);
     }
     [[nodiscard]] std::vector<BookColumn> columnsOf(const BookTable& table) const;
     void writeTable(const BookTable& table);

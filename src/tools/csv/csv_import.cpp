@@ -2,6 +2,7 @@
 
 #include "cashbook/cash_closing.h"
 #include "cashbook/cash_day.h"
+#include "cashbook/day_seal.h"
 #include "cashbook/journal_keeping.h"
 #include "cashbook/movement_batch.h"
 #include "cashbook/opening_difference.h"
@@ -11,6 +12,7 @@
 #include "csv/import_digest.h"
 #include "csv/import_reasons.h"
 #include "csv/taken_imports.h"
+#include "journal/journal.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
@@ -44,6 +46,8 @@ public:
         const StepProgress& progress);
 
     [[nodiscard]] CsvImportOutcome run();
+    /// Seals the days again that were sealed and got movements; the journal's last row tells of them.
+    void sealAgain(const Authority& authority) const;
     [[nodiscard]] QString digest() const { return m_digest.text(); } ///< Of all that run() has read.
 
 private:
@@ -114,6 +118,14 @@ CsvImportOutcome Import::run()
         });
     }
     return std::move(m_outcome);
+}
+
+void Import::sealAgain(const Authority& authority) const
+{
+    for (const QDate day : m_batch.days()) {
+        if (isSealed(m_book, day))
+            sealDay(m_book, authority, day, lastJournalHash(m_book));
+    }
 }
 
 void Import::noteWhatIsThere()
@@ -386,6 +398,7 @@ CsvImportOutcome importCsv(Connection& book, const Authority& authority, const Q
         rememberImport(book, import.digest(), outcome, authority);
     }
     recordImport(book, import.digest(), outcome, authority);
+    import.sealAgain(authority);
     writing.commit();
     return outcome;
 }

@@ -2,6 +2,8 @@
 
 #include "book/book.h"
 #include "cashbook/cash_day.h"
+#include "cashbook/day_seal.h"
+#include "cashbook/journal_keeping.h"
 #include "cashbook/movement_store.h"
 #include "demo/demo_ledger.h"
 #include "demo/demo_shop.h"
@@ -84,6 +86,11 @@ void fillDemoBook(Book& book, QDate today, std::uint64_t seed)
     const auto dates = workingDaysUntil(today.addDays(-1), demoWorkingDays);
     fillMain(book.main(), dates, seed);
     fillAuxiliary(book.auxiliary(), dates);
+    keepJournal(book.main(), book.auxiliary());
+    Connection both = book.openBoth();
+    constexpr int daysInATransaction = 100;
+    while (sealOlderDays(both, Authority::companion(), daysInATransaction) > 0)
+        ;
 }
 
 } // namespace lorvan

@@ -23,16 +23,6 @@ std::array<QString, 3> pathsOf(const BookFiles& files)
     return {files.auxiliaryDatabase(), files.usageMarker(), files.mainDatabase()};
 }
 
-Book openBook(const BookFiles& files)
-{
-    KeyRing keys(bookPassword());
-    const QString main = files.mainDatabase();
-    const QString auxiliary = files.auxiliaryDatabase();
-    keys.prepare(auxiliary);
-    return {Connection::open(main, keys.keyFor(main), Connection::Access::ReadWrite),
-        Connection::open(auxiliary, keys.keyFor(auxiliary), Connection::Access::ReadWrite)};
-}
-
 } // namespace
 
 void refuseExistingBook(const BookFiles& files)
@@ -56,6 +46,7 @@ void fillHidden(const std::function<void()>& fill)
 
 NewBook::NewBook(const QString& dataFolder)
     : m_target(QFileInfo(dataFolder).absoluteFilePath())
+    , m_keys(bookPassword())
 {
     refuseExistingBook(m_target);
     try {
@@ -64,7 +55,8 @@ NewBook::NewBook(const QString& dataFolder)
         m_staging.emplace(folder);
         const BookFiles staged = m_staging->files();
         fillHidden([&] { createBook(staged); });
-        m_book.emplace(openBook(staged));
+        m_keys.prepare(staged.auxiliaryDatabase());
+        m_book.emplace(staged, m_keys, Connection::Access::ReadWrite);
     } catch (...) {
         removeFolders();
         throw;

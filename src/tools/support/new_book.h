@@ -43,6 +43,7 @@ private:
     BookFiles m_target;
     QStringList m_madeFolders; // innermost first
     std::optional<StagingFolder> m_staging;
+    KeyRing m_keys;
     std::optional<Book> m_book;
     bool m_kept = false;
 };

@@ -124,7 +124,7 @@ TEST_F(BookRestoreTest, putsADamagedBookAside)
     writeFile(files.mainDatabase(), "no database at all");
     writeFile(files.mainDatabase() + "-journal", "a journal");
     RestoredBook restored(backup, files);
-    EXPECT_EQ(restored.replace(now), aside);
+    EXPECT_EQ(restored.replace(Authority::companion(Clock(now))), aside);
     EXPECT_EQ(bookIn(folder), theNew);
     EXPECT_EQ(readFile(aside + "/lorvan.mdb"), "no database at all");
     EXPECT_EQ(namesIn(folder), "lorvan.dat lorvan.mdb mapcodes.mdb " + asideName);
@@ -135,7 +135,7 @@ TEST_F(BookRestoreTest, whoHasTheOldBookOpenWritesNothingAnyMore)
 {
     Book lookerOn{openAt(files.mainDatabase()), openAt(files.auxiliaryDatabase())};
     RestoredBook restored(backup, files);
-    (void)restored.replace(now);
+    (void)restored.replace(Authority::companion(Clock(now)));
     CashBook cashBook(lookerOn, by());
     const auto replaced = SqlError::Kind::Replaced;
     EXPECT_EQ(troubleOf([&] { (void)cashBook.insert(incomeOf(now.date(), cents(5))); }), replaced);

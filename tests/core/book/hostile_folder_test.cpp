@@ -79,7 +79,7 @@ TEST(HostileFolder, whatIsPlantedInItLeadsNobodyOutOfIt)
             (void)failureOf([&] { makeDailyBackup(book.files(), testKeys(), morning); });
             (void)failureOf([&] { finishRestore(book.files()); });
             (void)failureOf([&] { (void)deleteAllData(book.files(), testKeys(), byAll()); });
-            (void)failureOf([&] { RestoredBook(backup, book.files()).replace(morning); });
+            (void)failureOf([&] { RestoredBook(backup, book.files()).replace(byAll()); });
             EXPECT_EQ(contentOf(outside.path()), before) << names[0].toStdString() << ": " << kind;
         }
     }
@@ -182,11 +182,11 @@ TEST(HostileFolder, copiesAreForThoseWhoMayReadTheBook)
     ASSERT_TRUE(made);
     EXPECT_EQ(modeOf(*made), 0600U);
     EXPECT_EQ(modeOf(backupFolder(book.files())), 0700U);
-    RestoredBook(*made, book.files()).replace(morning);
+    RestoredBook(*made, book.files()).replace(byAll());
     EXPECT_EQ(modeOf(book.files().mainDatabase()), 0640U);
     EXPECT_EQ(modeOf(deleteAllData(book.files(), testKeys(), byAll()).mainDatabase), 0640U);
     const QString fresh = book.path("fresh");
-    RestoredBook(*made, BookFiles(fresh)).replace(morning);
+    RestoredBook(*made, BookFiles(fresh)).replace(byAll());
     EXPECT_EQ(modeOf(fresh + "/mapcodes.mdb"), 0600U);
 }
 

@@ -116,6 +116,7 @@ TEST_F(CheckCommandTest, findsADamagedPageAndDoesNotRepairThen)
     book.execute(
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<2000)"
         " INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh) SELECT 100, 20240301, 'μια μακριά περιγραφή' FROM n");
+    book.addUser(QString(3000, 'x'), "1");
     for (const QString& path : {book.files().mainDatabase(), book.files().auxiliaryDatabase()}) {
         const QByteArray sound = readFile(path);
         // One bit in the last page of a table: too little for the engine to stumble over, but not for the

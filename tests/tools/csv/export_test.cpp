@@ -75,8 +75,8 @@ TEST_F(ExportTest, writesEveryTableInPlainFormsAndPasswordsOnlyWhenAsked)
 
     EXPECT_EQ(entriesOf(words("#")), QStringList("έξοδος"));
     EXPECT_EQ(entriesOf(words("#/έξοδος")).join(u' '),
-        "codes.csv kinhseis.csv kinhseis.xlsx klhsimotameioy.csv kvdikoi.csv omades.csv"
-        " opening_difference.csv sqlite_sequence.csv taken_imports.csv tameio.csv taytothta.csv");
+        "codes.csv journal.csv kinhseis.csv kinhseis.xlsx klhsimotameioy.csv kvdikoi.csv omades.csv"
+        " opening_difference.csv seals.csv sqlite_sequence.csv taken_imports.csv tameio.csv taytothta.csv");
     EXPECT_TRUE(written("kinhseis.csv").contains("\n1,100,2024-03-15,\"α,\"\"β\"\"\",1234.00,0.00,1,\"  100 "));
     EXPECT_TRUE(written("kinhseis.csv").endsWith("\",1,-0.0001\n"));
     EXPECT_EQ(written("tameio.csv"), "aa,hmeromhnia,esoda,ejoda,ypoloipo\n1,2024-03-15,1234.00,0.00,1234.00\n");

@@ -303,7 +303,7 @@ bool Connection::isReadOnly() const
 
 bool Connection::knowsTable(const char* name) const
 {
-    return sqlite3_table_column_metadata(handle(), "main", name, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr)
+    return sqlite3_table_column_metadata(handle(), nullptr, name, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr)
         == SQLITE_OK;
 }
 

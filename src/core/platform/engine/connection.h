@@ -84,8 +84,8 @@ public:
     [[nodiscard]] int changedRows() const;
     [[nodiscard]] bool isReadOnly() const;
 
-    /// True if the main database has a table of that name, in any letter case, according to the schema that the last
-    /// statement found. Reads nothing.
+    /// True if one of the open databases has a table of that name, in any letter case, according to the schema that the
+    /// last statement found. Reads nothing.
     [[nodiscard]] bool knowsTable(const char* name) const;
     [[nodiscard]] bool inTransaction() const;
 

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/currency.h"
+
+#include <QDate>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace lorvan {
+
+class Authority;
+class Connection;
+struct Movement;
+
+/// A row of the table `seals` in the auxiliary database: what a closed day held when it was closed, or was changed
+/// afterwards by somebody who may. Seals make a chain, and each names the row of the journal that it belongs to.
+struct DaySeal {
+    std::int64_t id = 0;
+    std::int64_t at = 0; ///< UTC milliseconds since 1970.
+    QString user;
+    QString computer;
+    std::int64_t day = 0; ///< yyyymmdd.
+    std::int64_t version = 1; ///< Counts the seals of the day.
+    bool isLate = false; ///< The day had been closed without a seal.
+    Currency income;
+    Currency expense;
+    std::int64_t movements = 0; ///< Their number.
+    QString content; ///< The digest of the movements, see contentDigest().
+    QString previous; ///< The hash of the seal with the next lower id; empty in the first.
+    QString journal; ///< The hash of the row in the journal that closed or changed the day.
+    QString hash; ///< Of all of the above, see sealHash().
+    Currency carried; ///< As printed; may differ later, when an earlier day is changed.
+    Currency balance;
+    QString balanceHash; ///< Of `hash` and the two above, see balanceHash().
+    std::optional<QString> counted; ///< The cash that was counted, see CountedCash.
+};
+
+/// The columns of a statement that selects a seal, in their order, and the seal in its row.
+inline constexpr auto sealColumns = "id, at, user, computer, day, version, late, income, expense, movements, content,"
+                                    " previous, journal, hash, carried, balance, balance_hash, counted";
+class Statement;
+[[nodiscard]] DaySeal sealIn(const Statement& row);
+
+/// The hashes that a seal should carry, and the digest of a day's movements, in the order of their keys: SHA-256 in
+/// hexadecimal digits of the texts described in docs/data-files.md.
+[[nodiscard]] QString sealHash(const DaySeal& seal);
+[[nodiscard]] QString balanceHash(const DaySeal& seal);
+[[nodiscard]] QString contentDigest(const std::vector<Movement>& movements);
+
+/// All of these read or write `book`, which has both databases, and throw SqlError. A book without the table has no
+/// seals and gets none. Those that write run inside the caller's transaction.
+
+[[nodiscard]] bool keepsSeals(const Connection& book);
+
+/// Also for the auxiliary database alone.
+[[nodiscard]] bool isSealed(Connection& auxiliary, QDate day);
+
+/// The day's last seal.
+[[nodiscard]] std::optional<DaySeal> lastSealOf(Connection& auxiliary, QDate day);
+
+/// The seal that carries this check code.
+[[nodiscard]] std::optional<DaySeal> sealWithCode(Connection& auxiliary, const QString& code);
+
+enum class SealTime { AtClosing, Later };
+
+/// Seals the day as it is now, as the next version. `journal` is the hash of the row in the journal that closed or
+/// changed it.
+DaySeal sealDay(Connection& book, const Authority& authority, QDate day, const QString& journal,
+    SealTime time = SealTime::AtClosing);
+
+/// Seals up to `most` closed days that have no seal, oldest first, in one transaction of its own with one row in the
+/// journal. Returns how many. Throws NotPermitted without the right to close.
+int sealOlderDays(Connection& book, const Authority& authority, int most);
+
+} // namespace lorvan

@@ -1,0 +1,251 @@
+#include "cashbook/trail_audit.h"
+
+#include "backup/book_restore.h"
+#include "backup/daily_backup.h"
+#include "cashbook/cash_book.h"
+#include "cashbook/cash_closing.h"
+#include "cashbook/code_answer.h"
+#include "cashbook/journal_keeping.h"
+#include "cashbook/opening_balance.h"
+#include "codes/code_maintenance.h"
+#include "codes/group_maintenance.h"
+#include "journal/check_code.h"
+#include "platform/engine/transaction.h"
+#include "support/files.h"
+#include "support/temporary_book.h"
+#include "users/administration.h"
+#include "users/user_accounts.h"
+
+namespace lorvan::test {
+namespace {
+
+const QDate monday(2024, 3, 11);
+const QDate friday(2024, 3, 15);
+
+/// A book with two movements on a closed and sealed Monday and one on an open Friday.
+class TrailTest : public testing::Test {
+protected:
+    TrailTest()
+    {
+        keepJournal(book.main(), book.auxiliary());
+        for (const auto& [day, amount] : {std::pair(monday, 900), {monday, 1'100}, {friday, 1'000}})
+            (void)cashBook.insert(incomeOf(day, cents(amount)));
+        cashBook.close(monday);
+    }
+
+    [[nodiscard]] Connection both() const { return book.openBoth(); }
+
+    /// The kinds and numbers of all faults, "kind/key".
+    [[nodiscard]] std::string faults() const
+    {
+        Connection opened = both();
+        std::string text;
+        for (const TrailFault& fault : auditTrail(opened).faults)
+            text += std::to_string(static_cast<int>(fault.kind)) + '/' + std::to_string(fault.key) + ' ';
+        return text;
+    }
+    static std::string fault(FindingKind kind, int key)
+    {
+        return std::to_string(static_cast<int>(kind)) + '/' + std::to_string(key) + ' ';
+    }
+
+    [[nodiscard]] CodeAnswer answer(const QString& code) const
+    {
+        Connection opened = both();
+        return answerForCode(opened, code);
+    }
+    [[nodiscard]] QString lastCode() const
+    {
+        Connection opened = both();
+        return checkCode(valueOf(opened, "SELECT hash FROM seals ORDER BY id DESC LIMIT 1"));
+    }
+
+    TemporaryBook temporary;
+    Book book = temporary.open();
+    CashBook cashBook{book, byAll()};
+};
+
+constexpr auto lastRow = "SELECT action || ' ' || subject || ' ' || ifnull(day, '-') || ' ' || ifnull(code, '-') || ' '"
+                         " || user || ' ' || ifnull(before, '-') || ' ' || ifnull(after, '-')"
+                         " FROM journal ORDER BY id DESC LIMIT 1";
+
+} // namespace
+
+TEST_F(TrailTest, eachChangeLeavesItsRow)
+{
+    const MovementDraft changed = expenseOf(friday, cents(250), " ΔΕΗ ");
+    const auto state = [](const char* code, int amount, const char* column, const char* text) {
+        return QString("{\"L_tajeos\":0,\"aa\":3,%1\"epitagh\":0,%2\"hmeromhnia\":20240315,\"kvdikos\":%3,"
+                       "\"perigrafh\":\"%4\"}")
+            .arg(QString(column) == "ejoda" ? QString("\"ejoda\":%1,").arg(amount) : QString("\"ejoda\":0,"),
+                QString(column) == "esoda" ? QString("\"esoda\":%1,").arg(amount) : QString("\"esoda\":0,"), code,
+                text);
+    };
+    const QString before = state("100", 100'000, "esoda", "είσπραξη");
+    const QString after = state("200", 25'000, "ejoda", "ΔΕΗ");
+    Connection main = temporary.openMain();
+    const auto expectRow = [&](const QString& row) { EXPECT_EQ(valueOf(main, lastRow), row); };
+    (void)cashBook.modify(3, changed);
+    expectRow("modify movement/3 20240315 200 Σοφία " + before + ' ' + after);
+    (void)cashBook.remove(3);
+    expectRow("remove movement/3 20240315 200 Σοφία " + after + " -");
+    (void)renameGroup(main, byAll(), 1, "Έσοδα");
+    expectRow(R"(modify group/1 - - Σοφία {"aa":1,"perigrafh":"Πωλήσεις"} {"aa":1,"perigrafh":"Έσοδα"})");
+    (void)modifyCode(main, byAll(), 1, {"100", "Νέα", "Έσοδα", true}, 0);
+    expectRow(R"(modify code/1 - 100 Σοφία {"aa":1,"aa_omada":1,"aa_omadas":1,"digest":)"
+              R"("7b76def98004c3eb3878e6d0612898129c4b58898ef64559478bec1a44bec4ff","energos":true,"esodo":true,)"
+              R"("kvdikos":100,"moved":2,"omada":"Έσοδα","perigrafh":"Λιανική"} {"aa":1,"aa_omadas":0,"energos":true,)"
+              R"("esodo":true,"kvdikos":100,"omada":"Έσοδα","perigrafh":"Νέα"})");
+    Connection all = both();
+    const qint64 user = addUser(all, byAll(), "Άννα", "μυστικό", {});
+    expectRow(
+        R"(insert user/Άννα - - Σοφία - {"r_eggrafes":false,"r_klhsimo":false,"r_kvdikoi":false,"uname":"Άννα"})");
+    EXPECT_TRUE(changeUser(all, byAll(), {user, "Άννα", "μυστικό", {}}, {user, "Άννα", "άλλο", {}}));
+    expectRow(R"(modify user/Άννα - - Σοφία {"r_eggrafes":false,"r_klhsimo":false,"r_kvdikoi":false,"uname":"Άννα"})"
+              R"( {"newPassword":true,"r_eggrafes":false,"r_klhsimo":false,"r_kvdikoi":false,"uname":"Άννα"})");
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM journal WHERE before || after LIKE '%μυστικό%'"), "0");
+    EXPECT_EQ(faults(), "");
+}
+
+TEST_F(TrailTest, whatWasChangedWithoutTheJournalIsRecordedWhenItIsFound)
+{
+    temporary.addUser("Νίκος", "1");
+    temporary.close(friday);
+    keepJournal(book.main(), book.auxiliary());
+    EXPECT_EQ(valueOf(book.main(), "SELECT group_concat(action || ' ' || subject) FROM journal WHERE id>5"),
+        "found user/Νίκος,found day/20240315");
+    keepJournal(book.main(), book.auxiliary());
+    EXPECT_EQ(valueOf(book.main(), "SELECT count(*) FROM journal"), "7") << "once";
+    EXPECT_EQ(faults(), "");
+}
+
+TEST_F(TrailTest, namesWhatWasChangedAroundTheProgram)
+{
+    const struct {
+        const char* main;
+        const char* auxiliary;
+        std::string faults;
+    } cases[] = {
+        {"UPDATE kinhseis SET esoda=esoda+1 WHERE aa=1; UPDATE kinhseis SET esoda=esoda-1 WHERE aa=2", "",
+            fault(FindingKind::SealedDayAltered, 1) + fault(FindingKind::MovementAltered, 1)
+                + fault(FindingKind::MovementAltered, 2)},
+        {"DELETE FROM kinhseis WHERE aa=2", "",
+            fault(FindingKind::SealedDayAltered, 1) + fault(FindingKind::MovementAltered, 2)},
+        {"INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos) VALUES"
+         " (100, 20240311, 'x', 0, 0, 0, 0)",
+            "", fault(FindingKind::SealedDayAltered, 1)},
+        {"UPDATE kinhseis SET aa=-aa WHERE aa<3; UPDATE kinhseis SET aa=3+aa WHERE aa<0", "",
+            fault(FindingKind::SealedDayAltered, 1) + fault(FindingKind::MovementAltered, 1)
+                + fault(FindingKind::MovementAltered, 2)}, // the other order
+        {"UPDATE kinhseis SET perigrafh='άλλη' WHERE aa=3", "", fault(FindingKind::MovementAltered, 3)},
+        {"", "DELETE FROM klhsimotameioy", fault(FindingKind::SealedDayAltered, 1)},
+        {"UPDATE journal SET user='άλλος' WHERE id=3", "", fault(FindingKind::JournalBroken, 3)},
+        {"DELETE FROM journal WHERE id=2", "", fault(FindingKind::JournalBroken, 3)},
+        {"DELETE FROM journal WHERE id=5", "", fault(FindingKind::SealWithoutJournal, 1)},
+        {"", "UPDATE seals SET income=1", fault(FindingKind::SealBroken, 1) + fault(FindingKind::SealedDayAltered, 1)},
+        {"", "UPDATE seals SET carried=1", fault(FindingKind::SealBroken, 1)},
+    };
+    const QByteArray main = readFile(temporary.files().mainDatabase());
+    const QByteArray auxiliary = readFile(temporary.files().auxiliaryDatabase());
+    for (const auto& each : cases) {
+        openCopy(temporary.files().mainDatabase()).execute(each.main);
+        openCopy(temporary.files().auxiliaryDatabase()).execute(each.auxiliary);
+        EXPECT_EQ(faults(), each.faults) << each.main << each.auxiliary;
+        Connection opened = both();
+        EXPECT_GT(acceptFaults(opened, byAll()), 0);
+        EXPECT_EQ(faults(), "") << each.main << each.auxiliary;
+        EXPECT_TRUE(auditTrail(opened).findings().isInOrder());
+        book = Book(temporary.openMain(), temporary.openAuxiliary());
+        writeFile(temporary.files().mainDatabase(), main);
+        writeFile(temporary.files().auxiliaryDatabase(), auxiliary);
+        book = temporary.open();
+    }
+}
+
+TEST_F(TrailTest, aSealedDayThatIsChangedIsSealedAgain)
+{
+    const QString first = lastCode();
+    EXPECT_EQ(answer(first.toLower().remove('-')).verdict, CodeAnswer::Verdict::Holds);
+    (void)cashBook.insert(incomeOf(friday.addDays(-20), cents(5)));
+    EXPECT_EQ(answer(first).verdict, CodeAnswer::Verdict::Holds) << "only the carried balance differs";
+    Connection opened = both();
+    EXPECT_EQ(auditTrail(opened).findings().count(FindingKind::CarryMoved), 1);
+    (void)cashBook.remove(1);
+    EXPECT_EQ(answer(first).verdict, CodeAnswer::Verdict::Resealed);
+    EXPECT_EQ(answer(lastCode()).seal.version, 2);
+    EXPECT_EQ(answer(lastCode()).verdict, CodeAnswer::Verdict::Holds);
+    opened.execute("UPDATE kinhseis SET esoda=7 WHERE aa=2");
+    EXPECT_EQ(answer(lastCode()).verdict, CodeAnswer::Verdict::Altered);
+    EXPECT_EQ(answer("0000-0000-00").verdict, CodeAnswer::Verdict::Unknown);
+    EXPECT_EQ(answer("K7QF-2M9T").verdict, CodeAnswer::Verdict::NoCode);
+}
+
+TEST_F(TrailTest, daysClosedEarlierAreSealedInSteps)
+{
+    temporary.close(friday);
+    temporary.close(monday.addDays(-1));
+    Connection opened = both();
+    EXPECT_EQ(sealOlderDays(opened, byAll(), 1), 1);
+    EXPECT_EQ(sealOlderDays(opened, byAll(), 5), 1);
+    EXPECT_EQ(sealOlderDays(opened, byAll(), 5), 0);
+    EXPECT_EQ(
+        valueOf(opened, "SELECT group_concat(day || ' ' || late) FROM seals"), "20240311 0,20240310 -1,20240315 -1");
+    EXPECT_EQ(faults(), "");
+}
+
+TEST_F(TrailTest, theJournalOutlivesADeletionAndARestore)
+{
+    const QString copy = makeDailyBackup(temporary.files(), testKeys(), fixedClock().now()).value();
+    cashBook.close(friday);
+    const QString onPaper = lastCode();
+    RestoredBook(copy, temporary.files()).replace(byAll());
+    book = temporary.open();
+    EXPECT_EQ(faults(), "");
+    EXPECT_EQ(valueOf(book.main(), lastRow).left(49), "restore book - - Σοφία - {\"codes\":[\"" + onPaper);
+    EXPECT_EQ(answer(onPaper).verdict, CodeAnswer::Verdict::NewerThanCopy);
+    EXPECT_EQ(answer(lastCode()).verdict, CodeAnswer::Verdict::Holds);
+    (void)deleteAllData(temporary.files(), testKeys(), byAll());
+    EXPECT_EQ(faults(), "");
+    EXPECT_EQ(valueOf(book.main(), "SELECT group_concat(action) FROM (SELECT action FROM journal WHERE id>4)"),
+        "close,restore,clear");
+    EXPECT_EQ(valueOf(book.auxiliary(), "SELECT count(*) FROM seals"), "0");
+}
+
+TEST(Authority, isAskedOnEveryRoad)
+{
+    const TemporaryBook temporary;
+    Book book = temporary.open();
+    Connection all = book.openBoth();
+    const Authority nobody = by();
+    const Authority closer = by({.closeCash = true});
+    EXPECT_THROW((void)closeDay(all, by({true, false, true}), monday), NotPermitted);
+    EXPECT_THROW(closeOpenDays(all, nobody, [] { return true; }), NotPermitted);
+    EXPECT_THROW((void)sealOlderDays(all, nobody, 1), NotPermitted);
+    EXPECT_THROW((void)acceptFaults(all, closer), NotPermitted);
+    EXPECT_TRUE(closeDay(all, closer, monday));
+    EXPECT_EQ(std::get<MovementRefusal>(CashBook(book, by({false, true, true})).insert(incomeOf(monday, cents(1)))),
+        MovementRefusal::DayIsClosed);
+    EXPECT_TRUE(std::holds_alternative<ChangedDay>(
+        CashBook(book, by({.modifyCash = true})).insert(incomeOf(monday, cents(1)))));
+    const std::function<void(const Authority&)> needCodes[] = {
+        [&](const Authority& who) {
+            (void)insertCode(all, who, {"1", "x", {}});
+        },
+        [&](const Authority& who) {
+            (void)modifyCode(all, who, 1, {"1", "x", {}}, 0);
+        },
+        [&](const Authority& who) { (void)removeCode(all, who, 1); },
+        [&](const Authority& who) { (void)addGroup(all, who, "x"); },
+        [&](const Authority& who) { (void)renameGroup(all, who, 1, "x"); },
+        [&](const Authority& who) { (void)removeGroup(all, who, 1); },
+    };
+    for (const auto& change : needCodes) {
+        EXPECT_THROW(change(by({true, true, false})), NotPermitted);
+        EXPECT_NO_THROW(change(by({.modifyCodes = true})));
+    }
+    Transaction reading(all, Transaction::View::Steady);
+    all.execute("UPDATE omades SET perigrafh='x'");
+    EXPECT_THROW(reading.commit(), std::logic_error);
+}
+
+} // namespace lorvan::test
