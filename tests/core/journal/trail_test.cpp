@@ -201,7 +201,7 @@ TEST_F(TrailTest, theJournalOutlivesADeletionAndARestore)
     RestoredBook(copy, temporary.files()).replace(byAll());
     book = temporary.open();
     EXPECT_EQ(faults(), "");
-    EXPECT_EQ(valueOf(book.main(), lastRow).left(49), "restore book - - Σοφία - {\"codes\":[\"" + onPaper);
+    EXPECT_TRUE(valueOf(book.main(), lastRow).startsWith("restore book - - Σοφία - {\"codes\":[\"" + onPaper));
     EXPECT_EQ(answer(onPaper).verdict, CodeAnswer::Verdict::NewerThanCopy);
     EXPECT_EQ(answer(lastCode()).verdict, CodeAnswer::Verdict::Holds);
     (void)deleteAllData(temporary.files(), testKeys(), byAll());
