@@ -4,11 +4,11 @@
 #include "cashbook/opening_balance.h"
 #include "main/kentrikh.h"
 #include "support/book_model.h"
+#include "support/files.h"
 #include "support/temporary_book.h"
 #include "windows/box_script.h"
 
 #include <QComboBox>
-#include <QFile>
 #include <QTabBar>
 
 #include <memory>
@@ -126,11 +126,7 @@ protected:
         Connection auxiliary = book.openAuxiliary();
         return valueOf(auxiliary, "SELECT group_concat(hmeraklhsimatos) FROM klhsimotameioy");
     }
-    [[nodiscard]] QByteArray markerBytes() const
-    {
-        QFile file(book.files().usageMarker());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    [[nodiscard]] QByteArray markerBytes() const { return readFile(book.files().usageMarker()); }
     [[nodiscard]] UsageMarker otherComputer() const { return {book.files().usageMarker(), otherUser()}; }
 
     static inline const QDate today{2024, 3, 15}, tomorrow{2024, 3, 16}, yesterday{2024, 3, 14};

@@ -1,12 +1,9 @@
 #pragma once
 
 #include "start/program.h"
+#include "support/files.h"
 #include "support/temporary_book.h"
 #include "windows/box_script.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 namespace lorvan::test {
 
@@ -16,9 +13,7 @@ protected:
     ProgramTest()
     {
         book.addUser("Σοφία", "μυστικό");
-        QFile file(pathFileName());
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(book.folder().toUtf8());
+        writeFile(pathFileName(), book.folder().toUtf8());
     }
 
     [[nodiscard]] QString pathFileName() const { return programFolder.filePath("DIADROMH.DAT"); }
@@ -88,11 +83,8 @@ protected:
     [[nodiscard]] std::map<QString, QByteArray> files() const
     {
         std::map<QString, QByteArray> contents;
-        for (const QString& name : QDir(book.folder()).entryList(QDir::Files)) {
-            QFile file(book.path(name));
-            EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-            contents[name] = file.readAll();
-        }
+        for (const QString& name : QDir(book.folder()).entryList(QDir::Files))
+            contents[name] = readFile(book.path(name));
         return contents;
     }
     [[nodiscard]] char markerState() const { return files().at("lorvan.dat").front(); }

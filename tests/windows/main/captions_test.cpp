@@ -53,14 +53,6 @@ QString captionsIn(const QWidget& window)
 
 class Captions : public ProgramTest { };
 
-/// The table of what stands in every window, a control on each line.
-std::string expected()
-{
-    QFile table(QStringLiteral(QT_TESTCASE_SOURCEDIR "/windows/main/captions.txt"));
-    EXPECT_TRUE(table.open(QIODevice::ReadOnly));
-    return table.readAll().toStdString();
-}
-
 } // namespace
 
 TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
@@ -85,7 +77,7 @@ TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
     found += captionsIn(PrinterChoice(printers, nullptr));
     found += captionsIn(ProgressWindow({"Εκτύπωση", "Διαβάζονται οι κινήσεις", "Γραμμές"}, nullptr));
     found += captionsIn(SaveDialog("Αποθήκευση", {{"Έγγραφο PDF (*.pdf)", "pdf"}}, nullptr));
-    EXPECT_EQ(found.toStdString(), expected());
+    EXPECT_EQ(found.toStdString(), readFile(QT_TESTCASE_SOURCEDIR "/windows/main/captions.txt").toStdString());
 
     for (const char* const label : {"Label3D1(0)", "Label3D1(1)", "Label3D1(3)"}) {
         QWidget* const shown = cashBook.findChild<QWidget*>(label);

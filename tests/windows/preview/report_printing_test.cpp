@@ -1,21 +1,11 @@
 #include "windows/preview/printing_test.h"
 
-#include <QDir>
-#include <QProcess>
 #include <QStandardPaths>
 
 #include <iostream>
 
 namespace lorvan::test {
 namespace {
-
-QString outputOf(const QString& program, const QStringList& arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished();
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
 
 /// A print server of the test's own, with one queue, which keeps what it is given as files.
 class PrintServer {
@@ -55,10 +45,8 @@ public:
     /// Whether the server's record of the job comes to hold the words.
     [[nodiscard]] bool tellsOf(int job, const QByteArray& words) const
     {
-        return comesTrue([&] {
-            QFile record(path("spool/c%1").arg(job, 5, 10, QLatin1Char('0')));
-            return record.open(QIODevice::ReadOnly) && record.readAll().contains(words);
-        });
+        const QString record = path("spool/c%1").arg(job, 5, 10, QLatin1Char('0'));
+        return comesTrue([&] { return readFile(record).contains(words); });
     }
 
 private:
@@ -66,9 +54,7 @@ private:
 
     void write(const char* name, QString text) const
     {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text.replace(u'@', m_folder.path()).toUtf8());
+        writeFile(path(name), text.replace(u'@', m_folder.path()).toUtf8());
     }
     void writeFiles() const
     {
@@ -122,7 +108,7 @@ protected:
 
 int pagesIn(const QString& pdf)
 {
-    return outputOf("pdfinfo", {pdf}).section("Pages:", 1).section(u'\n', 0, 0).toInt();
+    return QString(outputOf("pdfinfo", {pdf})).section("Pages:", 1).section(u'\n', 0, 0).toInt();
 }
 
 } // namespace
@@ -137,7 +123,7 @@ TEST_F(ReportPrinting, handsOverAllPagesOrTheOneShown)
     user.press(Qt::Key_PageDown);
     trigger("menu(15)");
     EXPECT_EQ(pagesIn(printSystem.documentOf(2)), 1);
-    const QString text = outputOf("pdftotext", {printSystem.documentOf(2), "-"});
+    const QString text = QString::fromUtf8(outputOf("pdftotext", {printSystem.documentOf(2), "-"}));
     EXPECT_TRUE(text.contains("ΓΡΑΜΜΗ70") && text.contains("Σελίδα 2"));
     EXPECT_FALSE(text.contains("ΓΡΑΜΜΗ1\n"));
 }

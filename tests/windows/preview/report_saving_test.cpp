@@ -1,8 +1,6 @@
 #include "support/mount.h"
 #include "windows/preview/printing_test.h"
 
-#include <QDir>
-
 namespace lorvan::test {
 namespace {
 
@@ -35,18 +33,8 @@ protected:
         });
         trigger(action);
     }
-    [[nodiscard]] QByteArray content(const char* name) const
-    {
-        QFile file(folder.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
-        return file.readAll();
-    }
-    void writeBefore() const
-    {
-        QFile file(folder.filePath("α.pdf"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("before");
-    }
+    [[nodiscard]] QByteArray content(const char* name) const { return readFile(folder.filePath(name)); }
+    void writeBefore() const { writeFile(folder.filePath("α.pdf"), "before"); }
     void expectReplaceQuestion(QMessageBox::StandardButton answer)
     {
         boxes.expect(

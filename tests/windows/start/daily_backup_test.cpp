@@ -3,8 +3,6 @@
 #include "backup/book_backup.h"
 #include "backup/book_restore.h"
 
-#include <QDir>
-
 namespace lorvan::test {
 namespace {
 
@@ -39,7 +37,7 @@ TEST_F(DailyBackupWindowTest, theFirstClaimOfADayMakesOne)
 
 TEST_F(DailyBackupWindowTest, aFailureIsSaidInALineAlone)
 {
-    ASSERT_TRUE(QFile(book.path("backup")).open(QIODevice::WriteOnly)); // in the folder's place
+    writeFile(book.path("backup"), {}); // in the folder's place
     start();
     EXPECT_EQ(notice(), "");
     ASSERT_TRUE(comesTrue([&] { return !notice().isEmpty(); }));

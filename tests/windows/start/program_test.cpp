@@ -39,26 +39,22 @@ TEST_F(ProgramStart, withoutAUsablePathItWritesItsOwnFolderAndEnds)
         "Η διαδρομή για τη βάση δεν βρέθηκε, και ορίζετε ως τρέχουσα η διαδρομή του προγράμματος\n"
         " H διαδρομή φυλάσετε μέσα στο αρχείο diadromh.dat"));
     EXPECT_FALSE(start());
-    QFile file(programFolder.filePath("DIADROMH.dat"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), programFolder.path().toUtf8() + "\r\n");
-    EXPECT_EQ(QDir(programFolder.path()).entryList(QDir::Files).size(), 1);
+    EXPECT_EQ(readFile(programFolder.filePath("DIADROMH.dat")), programFolder.path().toUtf8() + "\r\n");
+    EXPECT_EQ(namesIn(programFolder.path()), "DIADROMH.dat");
     EXPECT_EQ(shownWindow("Login"), nullptr);
 }
 
 TEST_F(ProgramStart, aFolderWithoutABookOfTodaysFormatIsToldAndLeftAsItIs)
 {
-    QFile main(book.files().mainDatabase());
-    ASSERT_TRUE(main.remove());
+    const QString main = book.files().mainDatabase();
+    ASSERT_TRUE(QFile::remove(main));
     const QString title = "Προσοχή στη διαδρομή";
     boxes.expect(
         withDetails(stop(title, "Τα αρχεία του προγράμματος δεν βρέθηκαν. Ορίστε τη διαδρομή ξανά."), book.folder()));
     EXPECT_FALSE(start());
-    EXPECT_FALSE(main.exists());
+    EXPECT_FALSE(QFile::exists(main));
 
-    ASSERT_TRUE(main.open(QIODevice::WriteOnly));
-    main.write(QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(4076, '\0'));
-    main.close();
+    writeFile(main, QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(4076, '\0'));
     const auto before = files();
     boxes.expect(partly(stop(title, "lorvan-data import")));
     EXPECT_FALSE(start());

@@ -101,16 +101,13 @@ TEST_F(AdministrationTest, unlockFreesTheMarkerAndNeedsNeitherUsersNorAMarkerFil
         press(Unlock);
     };
     const QByteArray names(50, 'x');
-    QFile marker(book.files().usageMarker());
-    ASSERT_TRUE(marker.open(QIODevice::ReadWrite | QIODevice::Truncate));
-    marker.write('1' + names);
-    marker.close();
+    writeFile(book.files().usageMarker(), '1' + names);
     startAsAdministrator();
     unlock();
     EXPECT_EQ(files().at("lorvan.dat"), '0' + names);
 
     program.reset();
-    ASSERT_TRUE(QFile::remove(book.files().auxiliaryDatabase()) && marker.remove());
+    ASSERT_TRUE(QFile::remove(book.files().auxiliaryDatabase()) && QFile::remove(book.files().usageMarker()));
     boxes.expect(warningWith("δεν ανοίγει"));
     startAsAdministrator();
     unlock();
