@@ -18,15 +18,6 @@ std::string centsIn(std::int64_t stored)
 
 } // namespace
 
-BookModel::BookModel(const std::vector<ModelMovement>& movements)
-{
-    for (const ModelMovement& movement : movements) {
-        m_movements[movement.key] = movement;
-        m_days[movement.day] = true;
-        m_lastKey = std::max(m_lastKey, movement.key);
-    }
-}
-
 void BookModel::apply(const ModelChange& change)
 {
     ModelMovement movement = change.movement;

@@ -33,9 +33,6 @@ using CashDayLines = std::vector<std::string>;
 
 class BookModel {
 public:
-    /// Takes the movements over; each of their days has its row.
-    explicit BookModel(const std::vector<ModelMovement>& movements = {});
-
     /// An inserted movement gets the key after the greatest ever given.
     void apply(const ModelChange& change);
 

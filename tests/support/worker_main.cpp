@@ -1,7 +1,6 @@
-// The process that tests start beside themselves: to be killed in the middle of its work, or to quarrel with a second
-// one over the usage marker. What it is about to do, and has done, it appends to a log line by line.
+// The process that tests start beside themselves, to work on the same book. What it has done it appends to a log line
+// by line.
 //
-//   lorvan_test_worker changes DIR LOG SEED            random changes of the book until it is killed
 //   lorvan_test_worker pairs   DIR LOG COUNT           so many movements and closed days, four in each transaction
 //   lorvan_test_worker typing  DIR LOG MILLISECONDS    random changes where locks do nothing, with moments between them
 //   lorvan_test_worker looking DIR LOG MILLISECONDS    reads a book all that time in each of the ways, locks or not
@@ -31,9 +30,11 @@
 #include <QTemporaryDir>
 
 #include <chrono>
+#include <cstdarg>
 #include <cstdio>
 #include <fcntl.h>
 #include <sched.h>
+#include <sqlite3.h>
 #include <sstream>
 #include <sys/file.h>
 #include <thread>
@@ -42,23 +43,30 @@
 namespace lorvan::test {
 namespace {
 
+/// In place of the engine's fcntl().
+int lockInVain(int descriptor, int command, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, command);
+    void* const argument = va_arg(arguments, void*);
+    va_end(arguments);
+    if (command == F_GETLK)
+        static_cast<struct flock*>(argument)->l_type = F_UNLCK;
+    const bool isLock = command == F_GETLK || command == F_SETLK || command == F_SETLKW;
+    return isLock ? 0 : ::fcntl(descriptor, command, argument);
+}
+
+/// The same for the engine's locks, in this process for good.
+void makeEngineLocksVain()
+{
+    sqlite3_initialize();
+    sqlite3_vfs* const files = sqlite3_vfs_find("unix");
+    files->xSetSystemCall(files, "fcntl", reinterpret_cast<sqlite3_syscall_ptr>(lockInVain));
+}
+
 Book openBook(const BookFiles& files)
 {
     return {openAt(files.mainDatabase()), openAt(files.auxiliaryDatabase())};
-}
-
-int changeUntilKilled(const BookFiles& files, WorkerLog& log, unsigned seed)
-{
-    Book book = openBook(files);
-    CashBook cashBook(book, by());
-    RandomChanges changes(seed);
-    for (;;) {
-        const ModelChange change = changes.next(storedMovements(book.main()));
-        log.append(changeLine(change));
-        if (!std::holds_alternative<ChangedDay>(makeChange(cashBook, change)))
-            return 1;
-        log.append("done");
-    }
 }
 
 /// Movements, closed days and a balance go up together.
@@ -256,8 +264,6 @@ int run(const QStringList& arguments)
     const QString task = arguments.value(1);
     const BookFiles files(arguments.value(2));
     WorkerLog log(arguments.value(3));
-    if (task == "changes")
-        return changeUntilKilled(files, log, arguments.value(4).toUInt());
     if (task == "pairs")
         return changeBothFiles(files, log, arguments.value(4).toInt());
     if (task == "typing")
