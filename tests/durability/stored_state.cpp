@@ -13,49 +13,27 @@
 #include <QDirIterator>
 #include <QFile>
 
-#include <sqlite3.h>
-
 #include <filesystem>
-#include <sstream>
-#include <stdexcept>
 
 namespace lorvan::test {
 namespace {
 
 const std::string trouble = "TROUBLE ";
 
-/// The results of a query, a line for each row.
-std::string linesOf(Connection& book, const std::string& sql)
-{
-    std::string lines;
-    const auto add = [](void* all, int count, char** values, char**) {
-        for (int i = 0; i < count; ++i)
-            static_cast<std::string*>(all)->append(values[i] ? values[i] : "NULL").append(i + 1 < count ? "|" : "\n");
-        return 0;
-    };
-    if (sqlite3_exec(book.handle(), sql.c_str(), add, &lines, nullptr) != SQLITE_OK)
-        throw std::runtime_error(sqlite3_errmsg(book.handle()));
-    return lines;
-}
-
-/// Times, and hashes that follow from them, are another's in each run; whether they fit is for the check to find.
-std::string columnsOf(const std::string& table)
-{
-    if (table == "journal")
-        return "id, user, action, subject, day, code, before, after";
-    return table == "seals" ? "id, user, day, version, late, income, expense, movements, content, carried" : "*";
-}
-
 std::string contentOf(Connection& book)
 {
-    std::string all;
-    for (const std::string schema : {"main", "auxiliary"}) {
-        std::istringstream tables(
-            linesOf(book, "SELECT name FROM " + schema + ".sqlite_master WHERE type='table' ORDER BY name"));
-        for (std::string table; std::getline(tables, table);)
-            all += table + '\n' + linesOf(book, "SELECT " + columnsOf(table) + " FROM " + schema + ".\"" + table + '"');
+    // Times, and hashes that follow from them, differ in each run; whether they fit is for the check to find.
+    const QStringList ofEachRun{"at", "computer", "previous", "journal", "hash", "balance_hash"};
+    QByteArray all;
+    for (const char* const schema : {"main", "auxiliary"}) {
+        const QString tables = valueOf(book,
+            "SELECT group_concat(name) FROM (SELECT name FROM " + std::string(schema)
+                + ".sqlite_master WHERE type='table' ORDER BY name)");
+        for (const QString& table : tables.split(u','))
+            all += table.toUtf8() + '\n'
+                + rowsOf(book, table, schema, table == "journal" || table == "seals" ? ofEachRun : QStringList());
     }
-    return all;
+    return all.toStdString();
 }
 
 std::string findingsIn(Connection& book)

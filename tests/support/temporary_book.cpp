@@ -2,11 +2,14 @@
 
 #include "cashbook/cash_closing.h"
 #include "codes/code_catalogue.h"
+#include "support/files.h"
 #include "users/user_accounts.h"
 
 #include <QTime>
 
 #include <sqlite3.h>
+
+#include <map>
 
 namespace lorvan::test {
 
@@ -92,10 +95,43 @@ void TemporaryBook::makeVersionless() const
             "DELETE FROM taytothta");
 }
 
+void leaveJournal(const QString& database, std::string_view change)
+{
+    std::map<QString, QByteArray> left;
+    {
+        Connection killed = openAt(database);
+        killed.execute("PRAGMA cache_size = 2; BEGIN");
+        killed.execute(change);
+        killed.execute("CREATE TABLE spill AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<900)"
+                       " SELECT randomblob(100) FROM n");
+        for (const QString& path : {database, database + "-journal"})
+            left[path] = readFile(path);
+    }
+    for (const auto& [path, bytes] : left)
+        writeFile(path, bytes);
+}
+
 QString valueOf(Connection& connection, std::string_view sql)
 {
     auto row = connection.prepare(sql);
     return row.step() ? row.text(0) : QString();
+}
+
+QByteArray rowsOf(Connection& connection, const QString& table, const QString& schema, const QStringList& without)
+{
+    QStringList columns;
+    auto info = connection.prepare(QString("PRAGMA %1.table_info(\"%2\")").arg(schema, table).toStdString());
+    while (info.step()) {
+        if (!without.contains(info.text(1)))
+            columns += info.text(1);
+    }
+    const QString values = "quote(" + columns.join(")||','||quote(") + u')';
+    auto row = connection.prepare(
+        QString("SELECT %1 FROM %2.\"%3\" ORDER BY %4").arg(values, schema, table, columns[0]).toStdString());
+    QByteArray lines;
+    while (row.step())
+        lines += row.text(0).toUtf8() + '\n';
+    return lines;
 }
 
 Clock fixedClock()

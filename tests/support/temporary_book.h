@@ -67,8 +67,15 @@ private:
 /// Lets the triggers that a test makes run on this connection, to have a step of a change refused.
 void letTriggersRun(Connection& connection);
 
+/// Leaves a journal beside a database, as a program does that is killed in the middle of a change.
+void leaveJournal(const QString& database, std::string_view change);
+
 /// The first column of the first row, as text; empty when there is no row.
 [[nodiscard]] QString valueOf(Connection& connection, std::string_view sql);
+
+/// All rows of a table by its first column, one on each line, their values as SQL writes them, `without` some columns.
+[[nodiscard]] QByteArray rowsOf(
+    Connection& connection, const QString& table, const QString& schema = "main", const QStringList& without = {});
 
 /// Midday of a day with nothing special about it, 15 March 2024 (a Friday).
 [[nodiscard]] Clock fixedClock();

@@ -30,19 +30,6 @@ void overwrite(const QString& path, const QByteArray& beginning)
     ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.write(beginning) == beginning.size());
 }
 
-/// As a program leaves a book that is killed while it writes.
-void leaveJournal(const TemporaryBook& book)
-{
-    const auto writeAndDie = [&book] {
-        Connection killed = book.openMain();
-        killed.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<900)"
-                       " INSERT INTO tameio (hmeromhnia) SELECT 20240000+i FROM n;"
-                       "PRAGMA cache_size = 2; BEGIN; UPDATE tameio SET esoda = 1; DELETE FROM kvdikoi");
-        ::_exit(0);
-    };
-    EXPECT_EXIT(writeAndDie(), testing::ExitedWithCode(0), "");
-}
-
 } // namespace
 
 TEST(LockTrust, knowsMountsThatKeepLocksToThemselves)
@@ -156,7 +143,7 @@ TEST(LockTrust, whereLocksDoNothingWriterAndReadersLeaveTheBookWhole)
 TEST(LockTrust, whatAKilledProgramLeftIsTakenBackUnlessAnotherHoldsTheMarker)
 {
     const TemporaryBook book;
-    leaveJournal(book);
+    leaveJournal(book.files().mainDatabase(), "DELETE FROM kvdikoi");
     ASSERT_TRUE(Connection::hasJournal(book.files().mainDatabase()));
     UsageMarker other(book.files().usageMarker(), {"Νίκος", "PC7"});
     ASSERT_TRUE(other.claim());

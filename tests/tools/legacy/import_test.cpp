@@ -5,28 +5,10 @@
 #include <functional>
 #include <set>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 namespace lorvan::test {
 namespace {
 
-/// All rows of a table by its first column, their values as SQL writes them. The files of a sample book say the same,
-/// with 0 in a memorandum column that is not there yet.
-QByteArray storedRows(Connection& connection, const std::string& table)
-{
-    QStringList columns;
-    auto info = connection.prepare("PRAGMA table_info(" + table + ')');
-    while (info.step())
-        columns += info.text(1);
-    auto row = connection.prepare("SELECT quote(" + columns.join(")||','||quote(").toStdString() + ") FROM " + table
-        + " ORDER BY " + columns[0].toStdString());
-    QByteArray lines;
-    while (row.step())
-        lines += row.text(0).toUtf8() + '\n';
-    return lines;
-}
-
+/// What rowsOf() a table in a sample book should give, with 0 in a memorandum column that is not there yet.
 QByteArray truthRows(const QString& book, const char* table)
 {
     return readFile(olderBook(book) + u'/' + QLatin1String(table) + ".txt");
@@ -84,9 +66,9 @@ TEST_F(Import, bringsOverEveryRowAndLeavesTheOlderBookAlone)
         Connection main = made();
         Connection auxiliary = openCopy(words("#/new/mapcodes.mdb"));
         for (const char* const table : {"kinhseis", "tameio", "kvdikoi", "omades", "taytothta"})
-            EXPECT_TRUE(storedRows(main, table) == truthRows(older, table)) << name << table;
+            EXPECT_TRUE(rowsOf(main, table) == truthRows(older, table)) << name << table;
         for (const char* const table : {"klhsimotameioy", "codes"})
-            EXPECT_TRUE(storedRows(auxiliary, table) == truthRows(older, table)) << name << table;
+            EXPECT_TRUE(rowsOf(auxiliary, table) == truthRows(older, table)) << name << table;
         EXPECT_EQ(valueOf(main, "SELECT ariumos FROM taytothta"), QString::fromLatin1(version));
         EXPECT_EQ(needsUpgrade(main), older != "v3");
         main.execute("DELETE FROM kinhseis; INSERT INTO kinhseis (kvdikos) VALUES (1)");
@@ -186,32 +168,12 @@ TEST_F(Import, salvagesWhatCanBeReadAndListsTheRest)
     Connection main = made();
     const auto rows = truthRows("v3", "kinhseis").split('\n');
     const std::set<QByteArray> truth(rows.begin(), rows.end());
-    const auto stored = storedRows(main, "kinhseis").split('\n');
+    const auto stored = rowsOf(main, "kinhseis").split('\n');
     EXPECT_GT(stored.size(), 1'000);
     EXPECT_LT(stored.size(), rows.size());
     for (const QByteArray& row : stored)
         EXPECT_TRUE(truth.contains(row)) << row.toStdString();
     EXPECT_EQ(valueOf(main, "SELECT ariumos FROM taytothta"), "3");
-}
-
-TEST_F(Import, takesBackAMoveThatAKilledProcessDidNotFinish)
-{
-    copyOlder("v1");
-    QDir().mkdir(words("#/new"));
-    const pid_t child = fork();
-    if (child == 0) {
-        const BookFiles target(words("#/new"));
-        const StagingFolder staging(target.dataFolder());
-        createBook(staging.files());
-        staging.noteMove();
-        QFile::rename(staging.files().auxiliaryDatabase(), target.auxiliaryDatabase());
-        QFile::rename(staging.files().usageMarker(), target.usageMarker());
-        _exit(0);
-    }
-    ASSERT_EQ(waitpid(child, nullptr, 0), child);
-    ASSERT_EQ(contentOf(words("#/new")).size(), 6u) << "both files, the folder with the third, its lock, and the note";
-    EXPECT_EQ(runImport().status, ExitStatus::Done);
-    EXPECT_EQ(contentOf(words("#/new")).size(), 3u);
 }
 
 TEST_F(Import, keepsWhatIsNotCertainlyARemainder)
