@@ -176,6 +176,7 @@ TEST_F(FaultTest, changesOfTheOpenBook)
             (void)modifyCode(open.main(), byAll(), row, {"101", "Νέα", {}}, 0);
         },
         [](Book& open) { (void)renameGroup(open.main(), byAll(), 1, "Έσοδα"); },
+        [](Book& open) { (void)removeGroup(open.main(), byAll(), 1); },
     };
     for (const auto& change : changes)
         failEachCall(change);

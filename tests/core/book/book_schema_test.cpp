@@ -10,15 +10,6 @@
 namespace lorvan::test {
 namespace {
 
-QString columnsOf(Connection& connection, const std::string& table)
-{
-    auto info = connection.prepare("PRAGMA table_info(" + table + ")");
-    QStringList columns;
-    while (info.step())
-        columns += info.text(1);
-    return columns.join(u' ');
-}
-
 QString planOf(Connection& connection, const std::string& query)
 {
     auto plan = connection.prepare("EXPLAIN QUERY PLAN " + query);
@@ -104,19 +95,12 @@ protected:
 
 } // namespace
 
-TEST(BookSchema, hasTheColumnsInTheirOrder)
+TEST(BookSchema, aNewBookHasItsVersionAndIndexes)
 {
     const TemporaryBook book;
     Connection main = book.openMain();
     Connection auxiliary = book.openAuxiliary();
-    EXPECT_EQ(
-        columnsOf(main, "kinhseis"), "aa kvdikos hmeromhnia perigrafh esoda ejoda aa_omada grammh epitagh L_tajeos");
-    EXPECT_EQ(columnsOf(main, "tameio"), "aa hmeromhnia esoda ejoda ypoloipo");
-    EXPECT_EQ(columnsOf(main, "kvdikoi"), "aa kvdikos perigrafh omada aa_omadas lista esodo energos");
-    EXPECT_EQ(columnsOf(main, "omades"), "aa sxolia perigrafh");
     EXPECT_EQ(valueOf(main, "SELECT ariumos FROM taytothta"), "3");
-    EXPECT_EQ(columnsOf(auxiliary, "klhsimotameioy"), "aa hmeraklhsimatos");
-    EXPECT_EQ(columnsOf(auxiliary, "codes"), "uname upass r_eggrafes r_klhsimo r_kvdikoi");
     for (const char* query : indexedQueries)
         EXPECT_TRUE(usesIndex(main, query)) << query;
     EXPECT_TRUE(usesIndex(auxiliary, "SELECT * FROM klhsimotameioy WHERE hmeraklhsimatos=1"));

@@ -35,10 +35,6 @@ protected:
     CashBook cashBook{open, by()};
 };
 
-constexpr auto whatIsStored = "SELECT group_concat(hmeromhnia || '|' || kvdikos || '|' || perigrafh || '|' || esoda"
-                              " || '|' || ejoda || '|' || aa_omada || '|' || grammh || '|' || epitagh || '|' ||"
-                              " L_tajeos, '/') FROM (SELECT * FROM kinhseis ORDER BY hmeromhnia, aa)";
-
 qint64 enterAtOnce(const TemporaryBook& temporary, const std::vector<MovementDraft>& drafts)
 {
     Book book = temporary.open();
@@ -209,27 +205,6 @@ TEST_F(CashBookTest, aReadOnlyFolderShowsTheBookAndRefusesChanges)
     EXPECT_THROW((void)marker.claim(), MarkerError);
     EXPECT_EQ(days(), (CashDayLines{"20240311 5 0 5"}));
     Mount::undo(book.folder());
-}
-
-TEST(MovementBatch, storesMovementsAsTypingDoes)
-{
-    const TemporaryBook typed;
-    const TemporaryBook batched;
-    std::vector<MovementDraft> drafts;
-    for (int i = 0; i < 8; ++i) {
-        const Currency amount = Currency::fromTenThousandths(1234 * i);
-        const QDate day = QDate(2024, 1, 20).addDays(i / 3);
-        drafts.push_back(i % 2 == 0 ? incomeOf(day, amount) : expenseOf(day, amount, "  πληρωμή "));
-        drafts.back().cheque = i % 3 == 0;
-        drafts.back().memorandum = cents(i);
-    }
-    enterAtOnce(batched, drafts);
-    Book book = typed.open();
-    for (const MovementDraft& draft : drafts)
-        ASSERT_TRUE(std::holds_alternative<ChangedDay>(CashBook(book, by()).insert(draft)));
-    Connection actual = batched.openMain();
-    EXPECT_EQ(storedCashDays(actual), storedCashDays(book.main()));
-    EXPECT_EQ(valueOf(actual, whatIsStored), valueOf(book.main(), whatIsStored));
 }
 
 TEST(MovementBatch, tellsRepeatedMovementsAndRefusesWhatTypingRefuses)

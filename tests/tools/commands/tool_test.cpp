@@ -4,7 +4,6 @@
 #include "support/mount.h"
 #include "support/progress_bar.h"
 #include "tools/tool_run.h"
-#include "users/sign_in.h"
 
 #include <cerrno>
 
@@ -56,28 +55,6 @@ TEST(Tool, refusesSayingWhyAndChangesNothing)
         EXPECT_EQ(run.out, "") << line;
         EXPECT_EQ(contentOf(folder.path()), before) << line;
     }
-}
-
-TEST(CreateCommand, makesFoldersAnEmptyBookAndItsFirstUser)
-{
-    QTemporaryDir folder;
-    const QString target = folder.filePath("υπο/βιβλίο");
-    const QString password = "κλειδί";
-    const auto run = runTool(someDay, QString("create|%1|--user| ΆΝΝΑ ").arg(target), password);
-    ASSERT_EQ(run.status, ExitStatus::Done) << run.errors;
-    EXPECT_FALSE(QString::fromStdString(run.out + run.errors).contains(password));
-
-    auto content = contentOf(target);
-    EXPECT_EQ(content.size(), 3u);
-    EXPECT_EQ(content["lorvan.dat"], '0' + QByteArray(50, ' '));
-    const BookFiles files(target);
-    Connection main = openAt(files.mainDatabase());
-    EXPECT_EQ(valueOf(main, "SELECT ariumos FROM taytothta"), "3");
-    EXPECT_EQ(valueOf(main, "SELECT (SELECT count(*) FROM kinhseis) + (SELECT count(*) FROM kvdikoi)"), "0");
-    Connection users = openAt(files.auxiliaryDatabase());
-    const auto session = signIn(users, "ΆΝΝΑ", password);
-    ASSERT_TRUE(session);
-    EXPECT_TRUE(session->rights.modifyCash && session->rights.closeCash && session->rights.modifyCodes);
 }
 
 TEST_F(CommandTest, aBookThatDoesNotFitLeavesNothingBehind)

@@ -2,7 +2,6 @@
 #include "cashbook/cash_book.h"
 #include "export/movement_workbook.h"
 #include "platform/files/file_calls.h"
-#include "support/mount.h"
 #include "tools/tool_run.h"
 
 #include <fcntl.h>
@@ -117,29 +116,6 @@ TEST_F(ExportTest, clearsAwayWhatAnEarlierReleaseLeft)
     ASSERT_EQ(run("export|@|#/έξοδος").status, ExitStatus::Done);
     EXPECT_EQ(entriesOf(words("#")).size(), 2);
     EXPECT_TRUE(QFile::exists(left + "inUse1"));
-}
-
-TEST_F(ExportTest, showsTheLastCommitWhileAnotherWritesAndLeavesTheBookAlone)
-{
-    enter(incomeOf(today, cents(100)));
-    Connection writer = book.openMain();
-    writer.execute("BEGIN IMMEDIATE; UPDATE kinhseis SET esoda=7; DELETE FROM kvdikoi");
-    ASSERT_EQ(run("export|@|#/έξοδος").status, ExitStatus::Done);
-    EXPECT_TRUE(written("kinhseis.csv").contains(",1.00,0.00,"));
-    EXPECT_EQ(written("kvdikoi.csv").count('\n'), 3);
-    writer.execute("COMMIT"); // nobody holds a lock any more
-}
-
-TEST_F(ExportTest, leavesNothingWhenTheDiskRunsFull)
-{
-    book.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<6000)"
-                 " INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda, ejoda)"
-                 " SELECT 100, 20240101, hex(randomblob(10)), 10000, 0 FROM n");
-    if (!Mount::smallDisk(beside.path()))
-        GTEST_SKIP() << "SKIPPED: the system does not let a test mount a small disk";
-    EXPECT_EQ(run("export|@|#/έξοδος").status, ExitStatus::Failed);
-    EXPECT_EQ(entriesOf(beside.path()), QStringList());
-    Mount::undo(beside.path());
 }
 
 TEST(MovementWorkbook, holdsNumbersAndDatesAndGoesOnInFurtherSheets)

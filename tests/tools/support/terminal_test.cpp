@@ -21,13 +21,13 @@ protected:
         process.setStandardInputFile(input);
         process.setReadChannel(QProcess::StandardError);
         process.start(
-            QCoreApplication::applicationDirPath() + "/lorvan-data", {"create", files.dataFolder(), "--user=ΑΝΝΑ"});
+            QCoreApplication::applicationDirPath() + "/lorvan-data", {"create", files.dataFolder(), "--user= ΑΝΝΑ "});
     }
     int exitCode() { return process.waitForFinished(patience) ? process.exitCode() : -1; }
 
     static constexpr int patience = 20'000;
     const QTemporaryDir folder;
-    const BookFiles files{folder.filePath("book")};
+    const BookFiles files{folder.filePath("υπο/βιβλίο")};
     QProcess process;
 };
 
@@ -41,7 +41,9 @@ TEST_F(PasswordTest, isOneLineOfAPipedInput)
     EXPECT_EQ(exitCode(), 0);
     EXPECT_FALSE((process.readAllStandardOutput() + process.readAllStandardError()).contains("κωδικός μου"));
     Connection users = openAt(files.auxiliaryDatabase());
-    EXPECT_TRUE(signIn(users, "ΑΝΝΑ", "κωδικός μου"));
+    const auto session = signIn(users, "ΑΝΝΑ", "κωδικός μου");
+    ASSERT_TRUE(session);
+    EXPECT_TRUE(session->rights.modifyCash && session->rights.closeCash && session->rights.modifyCodes);
 }
 
 TEST_F(PasswordTest, isAskedForTwiceAndNeverShownOnATerminal)
