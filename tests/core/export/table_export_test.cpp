@@ -5,6 +5,7 @@
 #include "support/mount.h"
 #include "support/printing.h"
 
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 
@@ -55,23 +56,16 @@ QByteArray workbookOf(const QByteArray& types, const QByteArray& sheet)
 /// The number formats of a workbook by the styles that its cells name.
 QStringList formatsOf(const QString& workbook)
 {
-    QXmlStreamReader styles(partOf(workbook, "xl/styles.xml"));
-    std::map<int, QString> formats{{0, "-"}, {1, "0"}, {4, "#,##0.00"}};
+    static const QRegularExpression ownFormat("<numFmt numFmtId=\"(\\d+)\" formatCode=\"([^\"]*)\"");
+    static const QRegularExpression style("<xf numFmtId=\"(\\d+)\"");
+    const QString styles = partOf(workbook, "xl/styles.xml");
+    std::map<QString, QString> formats{{"0", "-"}, {"1", "0"}, {"4", "#,##0.00"}};
+    for (const QRegularExpressionMatch& own : ownFormat.globalMatch(styles))
+        formats[own.captured(1)] = own.captured(2);
     QStringList byStyle;
-    bool isCellStyle = false;
-    while (styles.readNextStartElement() || !styles.atEnd()) {
-        const auto attributes = styles.attributes();
-        if (!styles.isStartElement())
-            continue;
-        if (styles.name() == u"numFmt")
-            formats[attributes.value(QLatin1String("numFmtId")).toInt()] =
-                attributes.value(QLatin1String("formatCode")).toString();
-        isCellStyle = isCellStyle || styles.name() == u"cellXfs";
-        if (styles.name() == u"cellStyles")
-            break;
-        if (styles.name() == u"xf" && isCellStyle)
-            byStyle += formats[attributes.value(QLatin1String("numFmtId")).toInt()];
-    }
+    for (const QRegularExpressionMatch& each :
+        style.globalMatch(styles.section("<cellXfs", 1).section("</cellXfs", 0, 0)))
+        byStyle += formats[each.captured(1)];
     return byStyle;
 }
 
