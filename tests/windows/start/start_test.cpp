@@ -37,20 +37,13 @@ TEST_F(StartTest, showsTodayUnderTheCarriedBalanceAndWritesTheDayRow)
     EXPECT_EQ(user().focusName(), "DBCombo1");
 }
 
-TEST_F(StartTest, anEmptyBookShowsZeroesWritesNoDayAndIsMarkedWhileItIsOpen)
+TEST_F(StartTest, anEmptyBookShowsZeroesAndWritesNoDay)
 {
     start();
     EXPECT_EQ(linesOf(list()), "Υπόλοιπο από την προηγούμενη 0");
     EXPECT_EQ(shownFigures(), "0 | 0 | 0");
     EXPECT_EQ(entry(), "0 | 0 | 0 |  | ");
     EXPECT_EQ(cashDays(), CashDayLines{});
-
-    const QByteArray names // user and computer in the bytes of the Greek code page
-        = QByteArray("\xCC\xE1\xF1\xDF\xE1").leftJustified(25)
-        + QByteArray("\xF4\xE1\xEC\xE5\xDF\xEF").leftJustified(25);
-    EXPECT_EQ(markerBytes(), '1' + names);
-    window().close();
-    EXPECT_EQ(markerBytes(), '0' + names);
 }
 
 TEST_F(StartTest, showsTheButtonsThatTheRightsAllow)
