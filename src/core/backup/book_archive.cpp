@@ -24,8 +24,8 @@ QStringList members()
     return {QStringLiteral("lorvan.mdb"), QStringLiteral("mapcodes.mdb")};
 }
 
-/// The file that the library reads or writes through its callbacks. No exception may pass the library: it is kept here
-/// until the library has returned.
+/// The file that the library reads or writes through callbacks. An exception must not pass through the library, so it
+/// is stored here until the library has returned.
 struct ArchiveFile {
     explicit ArchiveFile(File& archive)
         : file(archive)
@@ -71,7 +71,7 @@ public:
         , m_archive(archive_write_new())
     {
         check(archive_write_set_format_pax_restricted(m_archive.get()));
-        check(archive_write_set_bytes_in_last_block(m_archive.get(), 1)); // nothing after the tar's own end
+        check(archive_write_set_bytes_in_last_block(m_archive.get(), 1)); // no padding after the end of the archive
         check(archive_write_open(m_archive.get(), &m_file, nullptr, ArchiveFile::write, nullptr));
     }
 
@@ -135,7 +135,7 @@ public:
             fail();
     }
 
-    /// The name of the next member; empty after the last.
+    /// Goes to the next member and returns its name; an empty text after the last.
     [[nodiscard]] QString next()
     {
         const int code = archive_read_next_header(m_archive.get(), &m_entry);
@@ -211,8 +211,8 @@ File openArchive(const QString& path)
     }
 }
 
-/// What reads as zeros but lies nowhere: a small file with holes would be unpacked into a large one. File systems that
-/// know no holes say that there are none.
+/// True if parts of the file read as zeros but take no room on the disk: unpacked, such a file could be far larger than
+/// it is itself. On file systems without holes this is false.
 bool hasHoles(const File& archive)
 {
     const off_t hole = ::lseek(archive.descriptor(), 0, SEEK_HOLE);
@@ -248,7 +248,7 @@ void unpackBook(File& archive, const Folder& copy)
         Unpacker unpacker(archive);
         if (hasHoles(archive))
             unpacker.refuseHole();
-        refuseWithoutRoom(copy, archive.size()); // without holes the members are no larger together
+        refuseWithoutRoom(copy, archive.size()); // without holes the members are not larger than the archive
         for (QString name = unpacker.next(); !name.isEmpty(); name = unpacker.next()) {
             if (!missing.removeOne(name))
                 unpacker.refuse(QStringLiteral("περιέχει ένα ξένο αρχείο, το «%1».").arg(printableName(name)));

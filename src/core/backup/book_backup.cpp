@@ -19,7 +19,7 @@ const QString workPurpose = QStringLiteral(".lorvan-backup-");
 const QString archiveName = QStringLiteral("archive");
 const QString folderName = QStringLiteral("backup");
 
-/// A backup in the making, in a folder of its own beside its place.
+/// A backup that is being made, in a hidden folder of its own.
 class UnfinishedBackup {
 public:
     UnfinishedBackup(const Folder& target, const QString& name)
@@ -59,7 +59,7 @@ public:
         }
     }
 
-    /// From the name on the backup is there, whatever fails afterwards.
+    /// Once it has its name the backup exists, whatever fails afterwards.
     void complete()
     {
         m_work.folder().rename(archiveName, m_target, m_name);
@@ -81,7 +81,8 @@ private:
     std::optional<Folder> m_staging;
 };
 
-/// An archive with a folder beside it, as they were once made in the open: both may go when nobody holds the archive.
+/// Earlier releases made the archive, and a folder beside it, in the backup folder itself. Both are removed if no
+/// program has the archive locked.
 void removeEarlierForm(const Folder& folder, const QString& part)
 {
     try {
@@ -91,7 +92,7 @@ void removeEarlierForm(const Folder& folder, const QString& part)
             folder.removeTree(staging);
         folder.remove(part);
     } catch (const std::exception&) {
-        // Somebody is at work on it, or it cannot be removed; it does no harm.
+        // In use, or it cannot be removed; it does no harm.
     }
 }
 
@@ -130,13 +131,14 @@ void removeUnfinishedBackups(const Folder& folder) noexcept
     static const QRegularExpression earlierForm(QStringLiteral("\\Alorvan-(daily-)?[-0-9]+\\.tar\\.part\\z"));
     try {
         WorkFolder::removeAbandoned(folder, WorkFolder::prefixHere(workPurpose));
-        WorkFolder::removeAbandoned(folder, workPurpose); // as they were once named
+        // Names of earlier releases.
+        WorkFolder::removeAbandoned(folder, workPurpose);
         for (const QString& name : folder.names()) {
             if (earlierForm.match(name).hasMatch())
                 removeEarlierForm(folder, name);
         }
     } catch (const std::exception&) {
-        // They do no harm.
+        // What is left does no harm.
     }
 }
 
@@ -158,7 +160,7 @@ CopyEffort makeBackup(const BookFiles& book, const Folder& folder, const QString
         throw BookCopyFailed(folder.pathOf(name), QString::fromUtf8(refusal.what()));
     } catch (const std::exception&) {
         if (!StopCheck::goesOn())
-            throw GivenUp(); // whatever it was that noticed it
+            throw GivenUp(); // whichever step failed because of it
         throw;
     }
 }

@@ -8,33 +8,33 @@
 
 namespace lorvan {
 
-/// Whose turn a backup in the folder "backup" was, which its name tells.
+/// Who made a backup in the folder "backup"; its name says so.
 enum class BackupKind {
-    ByHand, ///< lorvan-2026-11-23-101530.tar: never removed by the program.
-    Daily ///< lorvan-daily-2026-11-23-101530.tar: the program's own, see backup_retention.h.
+    ByHand, ///< A user: lorvan-2026-11-23-101530.tar. The program never deletes it.
+    Daily ///< The program: lorvan-daily-2026-11-23-101530.tar. It is deleted as backup_retention.h says.
 };
 
 /// The folder "backup" in the data folder.
 [[nodiscard]] QString backupFolder(const BookFiles& book);
 
-/// The same, made where it is missing, for its owner alone. Throws BookCopyFailed, also for a link in its place.
+/// Opens that folder, and makes it first if it is missing, for its owner only. Throws BookCopyFailed, also if there is
+/// a link in its place.
 [[nodiscard]] Folder openBackupFolder(const BookFiles& book);
 
-/// A name that is free in a folder: that of `now` or of the first second after it.
+/// A file name that is free in the folder: with the time `now`, or the first second after it that is free.
 [[nodiscard]] QString backupName(const Folder& folder, BackupKind kind, QDateTime now);
 
-/// What backups that were cut short have left in a folder, where nobody is at work on them.
+/// Removes from a folder what unfinished backups have left there, unless a program is still working on it.
 void removeUnfinishedBackups(const Folder& folder) noexcept;
 
-/// Makes one file of both databases of a book, as they are at one moment, while programs go on using it (see
-/// copyBook()), and opens it again to prove that it can be restored. Until then it stands in a hidden folder beside its
-/// place. Only its owner may read it. That the disk did not confirm its name is noted with noteUnconfirmed(). Needs
-/// twice the book's size for the while.
-/// Throws BookCopyFailed, also when there is a file of that name, SqlError when the book cannot be read, GivenUp when
-/// a StopCheck, asked for every megabyte of each of the four passes and from time to time in the proof, says no;
-/// nothing stays behind then.
+/// Makes one file of both databases, in the state of one moment, while programs go on using the book (see copyBook()),
+/// and unpacks it again to prove that it can be restored. Until then it is in a hidden folder in `folder`. Only its
+/// owner may read it. Meanwhile it needs disk space of twice the book's size. If the disk does not confirm the file's
+/// name, noteUnconfirmed() is called.
+/// Throws BookCopyFailed, also if a file of that name exists, SqlError if the book cannot be read, and GivenUp if a
+/// StopCheck says no, which is asked after every megabyte; nothing is left behind then.
 CopyEffort makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys);
-/// The same under a path that a user names.
+/// The same for a path given by the user.
 CopyEffort makeBackup(const BookFiles& book, const QString& path, KeyRing& keys);
 
 } // namespace lorvan

@@ -28,7 +28,7 @@ QDateTime firstFreeSecond(const Folder& folder, QDateTime at)
     return at;
 }
 
-/// Of copies that a crash cut short. Nobody else copies this book at the time.
+/// Removes unfinished copies left by a crash. Nobody else copies this book now, since the caller has locked it.
 void removeRemains(const Folder& folder)
 {
     static const QRegularExpression form(QStringLiteral("\\A(lorvan|mapcodes)-[-0-9]+\\.mdb\\.part\\z"));
@@ -56,7 +56,7 @@ CopiedFile::~CopiedFile()
         m_folder.remove(m_current);
         m_folder.sync();
     } catch (const FileError&) {
-        // It is a whole copy, or has a name that the next one removes.
+        // It is a complete copy, or one whose name tells the next copy to remove it.
     }
 }
 

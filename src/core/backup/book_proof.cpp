@@ -22,7 +22,8 @@ bool isNoDamage(const SqlError& error)
     return error.kind() == SqlError::Kind::InputOutput || error.kind() == SqlError::Kind::Interrupted;
 }
 
-/// A page that the disk does not hand out looks like damage: then the file cannot be read whole either.
+/// To the engine a page that the disk cannot read looks like damage. If that is so, the file cannot be read to its end
+/// either, and this throws.
 void checkPages(Connection& copy, const QString& path)
 {
     const StoppableReading stoppable;
@@ -33,7 +34,7 @@ void checkPages(Connection& copy, const QString& path)
     throw BookCopyFailed(path, check.text(0));
 }
 
-/// A book's database is judged by its schema before anything in it is read.
+/// Checks the schema before anything else in the database is read.
 void prove(const QString& path, KeyRing& keys, std::optional<BookDatabase> kind)
 {
     try {

@@ -19,7 +19,7 @@
 namespace lorvan {
 namespace {
 
-/// The name, not the path, of a folder that is free.
+/// A name (without path) that no folder has yet.
 QString asideFor(const Folder& data, QDateTime now)
 {
     for (;; now = now.addSecs(1)) {
@@ -29,7 +29,7 @@ QString asideFor(const Folder& data, QDateTime now)
     }
 }
 
-/// Who may read and write the old file may do so with the new one, as far as the system lets us.
+/// Gives the new file the owner and the permissions of the old one, as far as the system permits it.
 void takeOverAccess(const Folder& data, const Folder& staged, const QString& name)
 {
     File file = staged.open(name, Folder::Opening::Write);
@@ -40,7 +40,7 @@ void takeOverAccess(const Folder& data, const Folder& staged, const QString& nam
     file.sync();
 }
 
-/// The folders that were made for the book, removed again unless they are kept.
+/// The folders that were made for the book. The destructor removes them, unless they are kept.
 class MadeFolders {
 public:
     explicit MadeFolders(const QString& path)

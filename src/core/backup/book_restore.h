@@ -20,27 +20,26 @@ public:
     [[nodiscard]] QString plainText() const override;
 };
 
-/// The book in a backup, unpacked and proven in a hidden folder inside the data folder, and not in its place yet.
-/// Without replace() it goes with the object.
+/// The book in a backup, unpacked and proven in a hidden folder inside the data folder. replace() moves it into its
+/// place; without that, the destructor removes it.
 class RestoredBook {
 public:
-    /// Makes the data folder where it is missing, for its owner alone. Throws BackupUnusable when the file is no
-    /// backup, or a damaged one, UnknownSchemaVersion, and RestoreFailed when the folder cannot be written. A StopCheck
-    /// is asked for every megabyte unpacked and from time to time in the proof; when it says no, GivenUp or SqlError is
-    /// thrown.
+    /// Makes the data folder if it is missing, for its owner only. Throws BackupUnusable if the file is not a backup or
+    /// is damaged, UnknownSchemaVersion, and RestoreFailed if the folder cannot be written. If a StopCheck says no,
+    /// which is asked after every megabyte, GivenUp or SqlError is thrown.
     RestoredBook(const QString& backup, const BookFiles& book);
     ~RestoredBook();
     RestoredBook(const RestoredBook&) = delete;
     RestoredBook& operator=(const RestoredBook&) = delete;
 
-    /// For those who want to look at it.
+    /// The unpacked book, to be read only.
     [[nodiscard]] const BookFiles& staged() const;
 
-    /// Adds a row to its journal (see recordRestore()), puts it in its place, and what was there aside. The new files
-    /// take the access that the old ones have. The usage marker is free then; whoever calls holds it, if there is one.
-    /// Killed on the way, there is either the old book or, from the next start of a program on, the new one. Returns
-    /// the folder where the old files are, if there were any. Throws RestoreFailed when nothing is decided yet,
-    /// RestoreUnfinished afterwards.
+    /// Adds a row to the journal (see recordRestore()), puts the old files aside and the new ones in their place, with
+    /// the permissions of the old ones. The caller holds the usage marker, if there is one; afterwards it is free. If
+    /// the process is killed in between, the book is still the old one, or the next start of a program completes the
+    /// new one. Returns the folder with the old files, if there were any. Throws RestoreFailed if the old book stays,
+    /// and RestoreUnfinished if the new one has been decided on and could not be completed.
     std::optional<QString> replace(const Authority& authority);
 
 private:

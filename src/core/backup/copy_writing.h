@@ -31,10 +31,12 @@ template <typename Action> auto asCopy(const Action& action) -> decltype(action(
     }
 }
 
-/// Of a plain file, without opening it: closing a database would drop the locks that the process holds on it.
+/// The status of a plain file; no value for anything else. The file is not opened, because closing a database would
+/// drop the locks that this process holds on it.
 [[nodiscard]] std::optional<struct stat> statusOf(const Folder& folder, const QString& name);
 
-/// Throws FileError (ENOSPC) where the disk has no room for so many bytes. One that does not tell is believed.
+/// Throws FileError (ENOSPC) if the disk has no room for so many bytes. If the disk does not say, it is assumed to have
+/// room.
 void refuseWithoutRoom(const Folder& folder, qint64 bytes);
 
 } // namespace lorvan

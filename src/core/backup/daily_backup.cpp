@@ -14,7 +14,7 @@
 namespace lorvan {
 namespace {
 
-constexpr std::chrono::seconds afterTheClaim{1}; // when a start or a change of the page has been painted
+constexpr std::chrono::seconds afterTheClaim{1}; // by then the window that has just been opened is painted
 constexpr int secondsToNextAttempt = 15 * 60;
 
 QStringList filesIn(const Folder& folder)
@@ -24,7 +24,7 @@ QStringList filesIn(const Folder& folder)
     return names;
 }
 
-/// One that cannot be removed does no harm.
+/// A backup that cannot be deleted does no harm.
 void removeOutdated(const Folder& folder, QDate today)
 {
     try {
@@ -32,7 +32,7 @@ void removeOutdated(const Folder& folder, QDate today)
             folder.remove(name);
         folder.sync();
     } catch (const FileError&) {
-        // The next day's backup tries again.
+        // Tried again with the next day's backup.
     }
 }
 
@@ -79,7 +79,7 @@ void DailyBackup::start()
         m_thread = std::thread(&DailyBackup::run, this, m_clock.now());
 }
 
-/// On the other thread.
+/// Runs in the backup's own thread.
 void DailyBackup::run(const QDateTime& now)
 {
     QString reason;

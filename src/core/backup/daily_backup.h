@@ -14,13 +14,12 @@ namespace lorvan {
 
 class KeyRing;
 
-/// Makes the backup of the day, if there is none yet, and removes those that have had their time (see
-/// backup_retention.h), as well as what killed restores left. Returns its path if it was made. Throws like
-/// makeBackup().
+/// Makes the day's backup, if there is none yet, deletes outdated ones (see outdatedBackups()) and what killed restores
+/// have left. Returns the path of the backup if it was made. Throws like makeBackup().
 std::optional<QString> makeDailyBackup(const BookFiles& book, KeyRing& keys, const QDateTime& now);
 
-/// The program's own backups: one on each day on which this computer changes the data. They run on a thread of their
-/// own, a moment after they are asked for, and are given up when the program ends.
+/// Makes a backup on each day on which this computer changes the data, in a thread of its own. It begins a moment after
+/// markerHeld(), and is cancelled when the program ends.
 class DailyBackup : public QObject {
     Q_OBJECT
 
@@ -29,16 +28,16 @@ public:
     DailyBackup(const BookFiles& book, KeyRing& keys, Clock clock);
     ~DailyBackup() override;
 
-    /// To be called whenever this computer holds the usage marker. Costs nothing where the day's backup is made or
-    /// under way; one that has failed is tried again after a quarter of an hour.
+    /// To be called whenever this computer holds the usage marker. It does nothing if the day's backup exists or is
+    /// being made. A backup that has failed is tried again after a quarter of an hour.
     void markerHeld();
 
-    /// Gives up what is under way; nothing is begun any more.
+    /// Cancels the backup that is being made, and begins no other.
     void retire();
 
 Q_SIGNALS:
     void made();
-    void failed(const QString& reason); ///< What failureText() says.
+    void failed(const QString& reason); ///< The reason is a failureText().
 
 private:
     void start();

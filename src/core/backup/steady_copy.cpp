@@ -32,7 +32,7 @@ Digest digestOf(const QByteArray& block)
     return digest;
 }
 
-/// The copy of one database's file, brought in line with it as often as necessary.
+/// The copy of one database's file. It can be brought up to date any number of times.
 class FileCopy {
 public:
     FileCopy(QString schema, const Folder& folder, const QString& name)
@@ -41,7 +41,8 @@ public:
     {
     }
 
-    /// Reads all of the database, and writes what differs from the last time. False when `hasTime` has cut it short.
+    /// Reads all of the database, and writes what differs from the last time. Returns false if `hasTime` ended it
+    /// early.
     bool update(Connection& book, const std::function<bool()>& hasTime)
     {
         std::size_t count = 0;
@@ -70,7 +71,7 @@ private:
     {
         const Digest digest = digestOf(block);
         if (number == m_digests.size())
-            m_digests.emplace_back(); // no digest of anything
+            m_digests.emplace_back(); // zeros, which no block has as its digest
         if (m_digests[number] != digest) {
             m_file.seek(m_size);
             asCopy([&] { m_file.write(block); });
@@ -85,7 +86,7 @@ private:
     qint64 m_size = 0;
 };
 
-/// Locks that let others read but not write, on both databases.
+/// Shared locks on both databases: others may read, but not write.
 class SharedLock {
 public:
     SharedLock(Connection& book, const CopyPatience& patience)
@@ -126,8 +127,8 @@ public:
     }
 
 private:
-    /// Tries until nobody's lock is in the way. Often, since the engine's own waiting soon asks ten times a second
-    /// only, and a busy writer leaves but moments.
+    /// Tries the action every millisecond until no other program's lock prevents it. The engine's own waiting soon
+    /// tries only ten times a second, and a busy writer leaves only moments.
     template <typename Action> auto untilUnlocked(const Action& action) const -> decltype(action())
     {
         const auto since = Clock::now();
@@ -143,7 +144,7 @@ private:
         }
     }
 
-    /// A journal that stands is a writer's who has just begun, or of one that was killed.
+    /// A journal belongs to a writer that has just begun, or to one that was killed.
     [[nodiscard]] Clock::duration patienceWith(SqlError::Kind trouble) const
     {
         if (trouble == SqlError::Kind::Busy)
@@ -174,11 +175,11 @@ private:
         try {
             (void)update([] { return true; });
         } catch (const SqlError&) {
-            // A file that became shorter meanwhile. What is really wrong with it shows under the lock.
+            // A file that became shorter meanwhile. If it is really damaged, the reading under the lock fails too.
         }
     }
 
-    /// False when the locks had to be given back before all was copied.
+    /// Returns false if the locks had to be released before everything was copied.
     [[nodiscard]] bool copyLocked()
     {
         const SharedLock lock(m_book, m_patience);

@@ -16,8 +16,8 @@ struct SheetColumn {
 enum Place { Key, Day, Code, Description, Income, Expense, Memorandum, Cheque };
 
 constexpr double longestAmount = 24;
-constexpr Currency wideAmount =
-    Currency::fromTenThousandths(1'000'000'000'000); ///< From here on wider than its column.
+/// The smallest amount that is wider than its column.
+constexpr Currency wideAmount = Currency::fromTenThousandths(1'000'000'000'000);
 
 constexpr std::array sheetColumns{
     SheetColumn{"Α/Α", 10},
@@ -40,7 +40,7 @@ MovementWorkbook::MovementWorkbook(const QString& path, unsigned rowsOfSheet)
     , m_amount(m_workbook.newFormat("#,##0.00##"))
     , m_rowsOfSheet(rowsOfSheet)
 {
-    format_set_align(m_amount, LXW_ALIGN_RIGHT); // also where it stands as a text
+    format_set_align(m_amount, LXW_ALIGN_RIGHT); // for amounts that are written as text
     format_set_bold(m_titles);
     format_set_bottom(m_titles, LXW_BORDER_THIN);
     beginSheet();
@@ -59,7 +59,7 @@ void MovementWorkbook::beginSheet()
     m_workbook.endRow();
 }
 
-/// A number that is longer than its column would be shown as a row of hashes.
+/// A number that is wider than its column is shown as a row of hashes.
 void MovementWorkbook::addAmount(int column, Currency amount)
 {
     if (amount >= wideAmount || amount <= -wideAmount)

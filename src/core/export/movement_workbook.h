@@ -5,9 +5,9 @@
 
 namespace lorvan {
 
-/// Writes movements as an XLSX workbook into a new file: amounts as numbers (as texts beyond fifteen digits), days as
-/// dates, titles that stay in view. Where a sheet is full, the next one begins. Until finish() there is no file
-/// (XlsxWorkbook).
+/// Writes movements as an XLSX workbook into a new file. Days are dates; amounts are numbers, or text if they have more
+/// than fifteen digits; the titles stay in view. When a sheet is full, the next one begins. The file appears with
+/// finish(), see XlsxWorkbook.
 class MovementWorkbook {
 public:
     /// A sheet has `rowsOfSheet` rows, titles included. Throws TableExportError.

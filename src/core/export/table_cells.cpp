@@ -7,7 +7,7 @@
 namespace lorvan {
 namespace {
 
-constexpr qsizetype longestWhole = 15; ///< Digits that a spreadsheet keeps exactly.
+constexpr qsizetype longestWhole = 15; // digits that a spreadsheet stores exactly
 constexpr std::int64_t endOfWhole = 1'000'000'000'000'000;
 
 bool areDigits(QStringView text)
@@ -16,7 +16,7 @@ bool areDigits(QStringView text)
         && std::all_of(text.begin(), text.end(), [](QChar each) { return each >= u'0' && each <= u'9'; });
 }
 
-/// One with a zero before it is a sign, not a number.
+/// Digits that begin with a zero are an identifier, not a number.
 bool isWhole(QStringView text)
 {
     const QStringView digits = text.startsWith(u'-') ? text.sliced(1) : text;
@@ -28,7 +28,7 @@ bool isAmount(QStringView text)
     return text.size() >= 4 && text[text.size() - 3] == u',' && readAmount(text);
 }
 
-/// Day, month and year in four digits, with "-" or "/" between; invalid for anything else.
+/// Reads a day, a month and a year of four digits with "-" or "/" in between; an invalid date for anything else.
 QDate dateIn(QStringView text)
 {
     const QList<QStringView> parts = text.split(text.contains(u'/') ? u'/' : u'-');
@@ -37,7 +37,7 @@ QDate dateIn(QStringView text)
     return hasParts ? QDate(parts[2].toInt(), parts[1].toInt(), parts[0].toInt()) : QDate();
 }
 
-/// A date after the two letters of its weekday.
+/// Reads a date that follows the two letters of its weekday.
 QDate weekdayDateIn(QStringView text)
 {
     const bool hasWeekday = text.size() > 3 && text[0].isLetter() && text[1].isLetter() && text[2] == u' ';

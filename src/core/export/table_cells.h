@@ -10,22 +10,23 @@
 
 namespace lorvan {
 
-/// A cell of a report as a spreadsheet keeps it.
+/// A cell of a report as it is stored in a spreadsheet.
 struct TableCell {
     enum class Kind { Empty, Text, Whole, Amount, Date, WeekdayDate };
 
     Kind kind = Kind::Empty;
-    QString text; ///< As in the report, without blanks around it.
-    Currency number; ///< Of a whole number or an amount.
+    QString text; ///< As in the report, without leading and trailing blanks.
+    Currency number; ///< The value of a Whole or an Amount.
     QDate date;
 };
 
-/// A spreadsheet keeps fifteen digits of a number; an amount that has more must stand there as a text.
+/// True if the amount has no more than the fifteen digits that a spreadsheet stores of a number; any other must be
+/// written as text.
 [[nodiscard]] bool fitsSpreadsheet(Currency amount);
 
-/// Tells what the cells of a document are. Amounts (1.234,56) and dates are that wherever they stand; a whole number is
-/// one where its column is not left-aligned or holds nothing else, so that a description of digits stays a text. The
-/// document must outlive it.
+/// Decides what each cell of a document is. An amount (1.234,56) or a date is recognised in any column. Digits are a
+/// whole number if their column is not left-aligned or holds nothing else, so that a description made of digits remains
+/// text. The document must outlive the object.
 class TableCells {
 public:
     explicit TableCells(const ReportDocument& document);

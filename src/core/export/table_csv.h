@@ -4,7 +4,7 @@
 
 namespace lorvan {
 
-/// Writes a table as text, see TableFormat::Csv. The device must be open.
+/// Writes a table as text, see TableFormat::Csv, to a device that is open.
 class CsvSink : public TableSink {
 public:
     explicit CsvSink(QIODevice& device);

@@ -46,7 +46,7 @@ void addItem(TableSink& sink, const TableCells& cells, const ReportItem& item)
         sink.addRow(row, look);
 }
 
-/// False when given up.
+/// Returns false if it was cancelled.
 bool writeTable(const ReportDocument& document, TableSink& sink, const ExportProgress& progress)
 {
     const TableCells cells(document);
@@ -74,7 +74,7 @@ void copy(const QString& path, QIODevice& target)
     }
 }
 
-/// The library writes to names, and says nothing of a file that was there: it gets one of its own.
+/// The library opens files by name and overwrites what is there without a word, so it gets a temporary folder.
 bool writeXlsx(const ReportDocument& document, QIODevice& target, const ExportProgress& progress)
 {
     const QTemporaryDir folder;

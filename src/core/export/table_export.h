@@ -13,7 +13,7 @@ namespace lorvan {
 
 class ReportDocument;
 
-/// What the rows of a table look like, where the format can show it.
+/// How a row looks; a format that cannot show it ignores it.
 struct TableRowLook {
     enum class Kind { Heading, Text, Titles, Row };
 
@@ -22,22 +22,23 @@ struct TableRowLook {
     ReportColour colour = 0;
 };
 
-/// A file that takes a table row by row.
+/// Writes a table row by row.
 class TableSink {
 public:
     virtual ~TableSink() = default;
     /// Throws TableExportError.
     virtual void addRow(const std::vector<TableCell>& cells, const TableRowLook& look) = 0;
-    /// After the last row; without it nothing is whole. Throws TableExportError.
+    /// To be called after the last row; the table is incomplete without it. Throws TableExportError.
     virtual void finish() = 0;
 };
 
 enum class TableFormat {
-    Csv, ///< Semicolons, comma decimals without grouping, dd/MM/yyyy; UTF-8 with a mark, lines end in CR LF.
-    Xlsx, ///< One sheet with numbers and dates as such.
+    Csv, ///< Semicolons, decimal commas, no digit grouping, dd/MM/yyyy; UTF-8 with a byte order mark, lines end in CR
+         ///< LF.
+    Xlsx, ///< One sheet; numbers are numbers and dates are dates.
 };
 
-/// Called now and then with the rows written and all there are; false gives up.
+/// Called now and then with the number of rows written so far and of all rows; returns false to cancel.
 using ExportProgress = std::function<bool(int done, int all)>;
 
 /// The table could not be written. what() says why, in UTF-8.
@@ -46,9 +47,9 @@ public:
     explicit TableExportError(const QString& reason);
 };
 
-/// Writes a report as a table: its header and paragraphs, titles and rows in their order, without the empty ones. The
-/// file appears whole or not at all: given up or failed, an earlier file of that name stays. False when given up. Runs
-/// on any thread. Throws TableExportError.
+/// Writes a report as a table: header, paragraphs, titles and rows in their order, without empty ones. Returns false if
+/// it was cancelled. The file replaces an earlier one of that name only once it is complete. May be called in any
+/// thread. Throws TableExportError.
 [[nodiscard]] bool saveTable(
     const ReportDocument& document, const QString& path, TableFormat format, const ExportProgress& progress);
 

@@ -8,7 +8,7 @@ namespace lorvan {
 namespace {
 
 constexpr std::uint8_t a4Paper = 9;
-constexpr double twipsInCharacter = 105; ///< Seven pixels of fifteen twips.
+constexpr double twipsInCharacter = 105; // seven pixels of fifteen twips
 constexpr double leastWidth = 8;
 constexpr double headingSize = 12;
 
@@ -22,7 +22,7 @@ const char* numberFormat(TableCell::Kind kind)
     case TableCell::Kind::Date:
         return "dd/mm/yyyy";
     case TableCell::Kind::WeekdayDate:
-        return "[$-408]ddd dd/mm/yyyy"; // in Greek
+        return "[$-408]ddd dd/mm/yyyy"; // 408: the weekday in Greek
     case TableCell::Kind::Empty:
     case TableCell::Kind::Text:
         break;
@@ -47,7 +47,7 @@ XlsxSink::XlsxSink(const QString& path, const ReportDocument& document)
     setColumns(document);
 }
 
-/// As wide as in the report's first table.
+/// The columns are as wide as those of the report's first table.
 void XlsxSink::setColumns(const ReportDocument& document)
 {
     for (int index = 0; index < document.itemCount(); ++index) {
@@ -68,7 +68,7 @@ void XlsxSink::setWidth(std::size_t column, double width)
     m_workbook.setWidth(static_cast<int>(column), width);
 }
 
-/// A number that is longer than its column would be shown as a row of hashes, a total's text cut.
+/// In a column that is too narrow a number is shown as a row of hashes, and the text of a total is cut.
 void XlsxSink::widenFor(int column, const TableCell& cell, const TableRowLook& look)
 {
     const auto place = static_cast<std::size_t>(column);
@@ -117,7 +117,7 @@ lxw_format* XlsxSink::formatFor(TableCell::Kind kind, const TableRowLook& look)
         return format;
     format = m_workbook.newFormat(numberFormat(kind));
     if (kind == TableCell::Kind::Amount)
-        format_set_align(format, LXW_ALIGN_RIGHT); // also where it stands as a text
+        format_set_align(format, LXW_ALIGN_RIGHT); // for amounts that are written as text
     if (look.isBold || look.kind == TableRowLook::Kind::Titles || look.kind == TableRowLook::Kind::Heading)
         format_set_bold(format);
     if (look.kind == TableRowLook::Kind::Heading)

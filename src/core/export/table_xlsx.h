@@ -9,10 +9,10 @@
 
 namespace lorvan {
 
-/// Writes a table as a workbook of one sheet into a new file (XlsxWorkbook).
+/// Writes a table as a workbook of one sheet into a new file, see XlsxWorkbook.
 class XlsxSink : public TableSink {
 public:
-    /// Throws TableExportError. The document gives page and columns.
+    /// Page and column widths are taken from the document. Throws TableExportError.
     XlsxSink(const QString& path, const ReportDocument& document);
 
     void addRow(const std::vector<TableCell>& cells, const TableRowLook& look) override;

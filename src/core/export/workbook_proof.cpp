@@ -23,7 +23,7 @@ TableExportError incomplete()
     return TableExportError(QStringLiteral("Το αρχείο XLSX δεν γράφτηκε ολόκληρο. Ίσως ο δίσκος είναι γεμάτος."));
 }
 
-/// Counts the ends of rows in a text that comes in pieces, and remembers how the text ends.
+/// Counts the row ends in a text that is read in pieces, and keeps the end of the text.
 class RowCount {
 public:
     void take(const QByteArray& piece)
@@ -42,18 +42,18 @@ private:
     qint64 m_rows = 0;
 };
 
-/// Reads an archive part by part. A length or checksum that is not the written one is a failure.
+/// Reads an archive part by part. It is an error if a length or a checksum differs from the one in the archive.
 class PartReader {
 public:
     explicit PartReader(const QString& path)
         : m_archive(archive_read_new())
     {
-        archive_read_support_format_zip_seekable(m_archive.get()); // goes by the directory at the archive's end
+        archive_read_support_format_zip_seekable(m_archive.get()); // reads the directory at the end of the archive
         if (archive_read_open_filename(m_archive.get(), QFile::encodeName(path).constData(), readAtOnce) != ARCHIVE_OK)
             throw incomplete();
     }
 
-    /// The next part's name; empty when none is left.
+    /// Goes to the next part and returns its name; an empty text after the last.
     [[nodiscard]] QByteArray next()
     {
         archive_entry* entry = nullptr;
@@ -66,7 +66,7 @@ public:
         return name;
     }
 
-    /// Empty at the part's end.
+    /// The next bytes of the part; none at its end.
     [[nodiscard]] QByteArray read()
     {
         QByteArray piece(readAtOnce, Qt::Uninitialized);
@@ -93,7 +93,7 @@ void proveSheet(PartReader& parts, qint64 expectedRows)
         throw incomplete();
 }
 
-/// Any other part is a whole XML document.
+/// Parts other than sheets must be complete XML documents.
 void proveDocument(PartReader& parts)
 {
     QXmlStreamReader document;

@@ -17,7 +17,8 @@ namespace lorvan {
 namespace {
 
 constexpr qsizetype longestText = 32767;
-constexpr int firstYear = 1900; // the library would write a negative number, which is shown as a row of hashes
+/// For earlier dates the library would write a negative number, which is shown as a row of hashes.
+constexpr int firstYear = 1900;
 
 void check(lxw_error outcome)
 {
@@ -34,8 +35,8 @@ lxw_workbook* newWorkbook(const QString& path)
     return workbook_new_opt(QFile::encodeName(path).constData(), &options);
 }
 
-/// The library takes seconds to pack a large workbook and asks nobody meanwhile: once a check says no, it is left to
-/// end by itself or with the process.
+/// The library takes seconds to pack a large workbook and cannot be interrupted. Once a check says no, nobody waits for
+/// it any longer; it ends by itself or with the process.
 lxw_error closeUnlessStopped(lxw_workbook* workbook)
 {
     constexpr std::chrono::milliseconds betweenQuestions{20};
