@@ -38,7 +38,7 @@ const std::vector<CsvColumn> openingColumns{{"day"}, {"amount"}};
 const std::vector<CsvColumn> counterColumns{{"name"}, {"seq"}};
 
 constexpr qint64 rowsBetweenProgress = 256;
-constexpr qint64 settlingShare = 4; ///< Settling the days is taken for a fourth of reading the files.
+constexpr qint64 settlingShare = 4; // for the progress: settling the days takes about a quarter of the time of reading
 
 class Import {
 public:
@@ -48,7 +48,7 @@ public:
     [[nodiscard]] CsvImportOutcome run();
     /// Seals the days again that were sealed and got movements; the journal's last row tells of them.
     void sealAgain(const Authority& authority) const;
-    [[nodiscard]] QString digest() const { return m_digest.text(); } ///< Of all that run() has read.
+    [[nodiscard]] QString digest() const { return m_digest.text(); } ///< A digest of everything that run() has read.
 
 private:
     using TakeRow = void (Import::*)(const CsvTable& row);
@@ -81,10 +81,10 @@ private:
     const ClosedDays m_closedDays;
     MovementBatch m_batch;
     CsvImportOutcome m_outcome;
-    std::map<qint32, QString> m_groups; ///< Names by number.
+    std::map<qint32, QString> m_groups; ///< Name by number.
     std::set<QString> m_groupNamesBefore;
     std::set<QString> m_codeNamesBefore;
-    std::set<qint32> m_badCodes; ///< Movements under them are not blamed as well.
+    std::set<qint32> m_badCodes; ///< Their movements are not reported as bad too.
     ImportDigest m_digest;
     QString m_file;
     bool m_fileIsLost = false;
@@ -138,7 +138,7 @@ void Import::noteWhatIsThere()
         m_codeNamesBefore.insert(code.description.trimmed().toCaseFolded());
 }
 
-/// A file that cannot be understood hides what the next ones refer to: these are then not read.
+/// If a file cannot be understood, the next ones are not read, since they refer to its rows.
 void Import::readFile(const char* name, const std::vector<CsvColumn>& columns, TakeRow take)
 {
     if (m_fileIsLost || !QFileInfo::exists(pathOf(name)))
@@ -163,7 +163,7 @@ void Import::readRows(CsvTable& table, const std::vector<CsvColumn>& columns, Ta
     }
 }
 
-/// What stands beside the rows that an import is remembered by: taken again, it changes nothing.
+/// True for files that are not part of the digest, since importing them again changes nothing.
 bool isBesides(const QString& file)
 {
     return file == QLatin1String(import_files::counters) || file == QLatin1String(import_files::openingDifferences);
@@ -230,7 +230,7 @@ qint32 Import::groupNamed(const QString& name) const
     return found->first;
 }
 
-/// The number counts where there is one; the name is the code's own copy, which a book may hold otherwise.
+/// The number is decisive if there is one. The name is the code's own copy and may differ from the group's.
 void Import::giveGroup(MovementCode& code, const CsvTable& row) const
 {
     const QString name = row.text("omada").value_or(QString());
@@ -253,7 +253,7 @@ MovementCode Import::codeIn(const CsvTable& row)
 {
     MovementCode code;
     code.code = row.number("kvdikos");
-    m_badCodes.insert(code.code); // until the row has been taken
+    m_badCodes.insert(code.code); // removed again when the row is accepted
     code.description = row.text("perigrafh").value_or(QString()).trimmed();
     if (code.description.isEmpty())
         throw import_reasons::codeDescriptionMissing();
@@ -300,7 +300,7 @@ MovementDraft movementIn(const CsvTable& row)
     return draft;
 }
 
-/// Nothing will be kept after a bad line: the rest is only looked through.
+/// After a bad line nothing will be stored, so the rest is only checked.
 std::optional<MovementRefusal> Import::enter(const MovementDraft& draft)
 {
     try {
@@ -338,7 +338,7 @@ void Import::takeOpening(const CsvTable& row)
     ++m_outcome.openingDifferences.added;
 }
 
-/// Before the days are settled: the movements' share of the balances comes on top.
+/// Runs before the days are settled, which adds the movements to the balances.
 void Import::enterOpening(QDate day, Currency amount)
 {
     try {
@@ -349,7 +349,7 @@ void Import::enterOpening(QDate day, Currency amount)
     }
 }
 
-/// A number that was given once is not given again, also where its group or code is there no more.
+/// Raises the counters, so that the number of a deleted row is not given to a new one.
 void Import::takeCounter(const CsvTable& row)
 {
     const QString table = row.text("name").value_or(QString());

@@ -11,7 +11,7 @@ namespace lorvan {
 class Authority;
 class Connection;
 
-/// What an import takes and what it leaves, by file.
+/// The files that an import reads.
 namespace import_files {
 inline constexpr auto groups = "omades.csv";
 inline constexpr auto codes = "kvdikoi.csv";
@@ -21,11 +21,11 @@ inline constexpr auto counters = "sqlite_sequence.csv";
 } // namespace import_files
 
 enum class ClosedDays {
-    Refuse, ///< As typed by a user who may not change closed days.
+    Refuse, ///< As for a user without the right to change closed days.
     Accept
 };
 
-/// What becomes of rows that were imported once, as the digest in the book's table `taken_imports` tells.
+/// What to do with rows that were imported before; the book's table `taken_imports` has their digest.
 enum class TakenBefore { Refuse, Accept };
 
 struct ImportChoices {
@@ -35,13 +35,13 @@ struct ImportChoices {
 
 struct BadLine {
     QString file;
-    qint64 line = 0; ///< From 1, the row of titles.
+    qint64 line = 0; ///< Line 1 has the titles.
     QString reason; ///< In Greek.
 };
 
 struct ImportedRows {
     qint64 added = 0;
-    qint64 present = 0; ///< Left out, since the book holds just the same.
+    qint64 present = 0; ///< Left out because the book already has the same.
 };
 
 struct CsvImportOutcome {
@@ -51,22 +51,23 @@ struct CsvImportOutcome {
     ImportedRows codes;
     ImportedRows openingDifferences;
     qint64 movements = 0;
-    qint64 repeatedMovements = 0; ///< Of these, those that equal one which the book held already.
-    std::vector<BadLine> badLines; ///< The first ones, in the order of the files.
-    qint64 badLineCount = 0; ///< Unless it is 0, nothing was stored.
+    qint64 repeatedMovements = 0; ///< How many of these equal a movement that the book already had.
+    std::vector<BadLine> badLines; ///< The first `mostBadLines`, in the order of the files.
+    qint64 badLineCount = 0; ///< How many there are; if there is any, nothing was stored.
 };
 
-/// Takes groups, codes and movements from the CSV files of a folder, in one transaction; each file may be missing, but
-/// not all three; with them opening differences and counters. `book` has the main database open and the auxiliary one
-/// attached.
+/// Imports groups, codes, movements, opening differences and counters from the CSV files in a folder, in one
+/// transaction. At least one file of the first three must be there. `book` has the main database open and the auxiliary
+/// one attached as `auxiliary`.
 ///
-/// Groups and codes keep their numbers; one that is taken by something else is a bad line. Movements are added as if
-/// typed, in the order of the file within each day, under any code that the book or the file holds, with the group of
-/// that code.
-/// An opening difference moves the balances from its day on; a day that has another one already is a bad line.
-/// The book remembers what it took, unless that was nothing new; the journal has one row for each file.
-/// Throws Refused when no file is there or one cannot be read, or when all of it was taken before, SqlError, and
-/// CurrencyOverflow when a balance leaves its range; the book is then as it was.
+/// Groups and codes keep their numbers; a number that belongs to something else makes a bad line. Movements are added
+/// as if they were typed: within each day in the order of the file, with a code of the book or of the file, and in the
+/// group of that code. An opening difference changes the balances from its day on; a second one for the same day is a
+/// bad line. If anything was new, a digest of the import is stored in the book. The journal gets a row for each
+/// file.
+///
+/// Throws Refused if there is no file, if one cannot be read, or if all of this was imported before; SqlError; and
+/// CurrencyOverflow if a balance is out of range. The book is then unchanged.
 [[nodiscard]] CsvImportOutcome importCsv(Connection& book, const Authority& authority, const QString& folder,
     ImportChoices choices, const StepProgress& progress = {});
 

@@ -6,16 +6,14 @@ namespace lorvan {
 
 class BookFiles;
 
-/// The usage marker of a book, claimed for a command that writes, for as long as the object lives.
-///
-/// However the command ends, the marker is free afterwards: with an exception, and also after a signal, where an
-/// Interruption lives meanwhile. What a killed program of this user left on this computer is taken back first
-/// (UsageMarker::heal()).
+/// Claims the usage marker of a book for a command that writes, and releases it in the destructor: also after an
+/// exception, and after a signal if there is an Interruption. A marker left by a killed program of this user on this
+/// computer is released first, see UsageMarker::heal().
 class ClaimedMarker {
 public:
-    /// Throws Refused, naming user and computer, when the marker is in use: by anybody, since a program of this very
-    /// user on this very computer would be surprised no less. Refuses a missing and an invalid marker too. Throws
-    /// MarkerError when the file cannot be written, LocksUntrusted where locks keep nobody out.
+    /// Throws Refused with user and computer if the marker is in use, even by this user on this computer, and if it is
+    /// missing or invalid. Throws MarkerError if the file cannot be written, and LocksUntrusted if locks keep nobody
+    /// out.
     explicit ClaimedMarker(const BookFiles& files);
     ~ClaimedMarker();
     ClaimedMarker(const ClaimedMarker&) = delete;
@@ -27,7 +25,7 @@ private:
     UsageMarker m_marker;
 };
 
-/// True once after a marker could not be written free again: whoever tells how the command ended says so too.
+/// True, once, if a marker could not be released; the caller tells the user so.
 [[nodiscard]] bool takeMarkerLeftInUse() noexcept;
 
 } // namespace lorvan

@@ -4,10 +4,10 @@
 
 namespace lorvan {
 
-/// While one lives, a signal that asks the process to end (SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE) does not end it:
-/// a command asks from time to time whether one came, and ends by itself, so that what it was making is cleared away
-/// and what is being committed is finished. A signal that is ignored stays ignored. Only one lives at a time; its end
-/// gives the signals back.
+/// While the object exists, a signal that asks the process to end (SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE) is only
+/// recorded. The command asks from time to time whether there was one, and ends by itself, after it has completed a
+/// commit and removed unfinished files. Signals that are ignored remain ignored. There is one object at a time; its
+/// destructor restores the signals.
 class Interruption {
 public:
     Interruption();
@@ -16,9 +16,9 @@ public:
     Interruption& operator=(const Interruption&) = delete;
 
     [[nodiscard]] static bool hasCome();
-    /// What the user is told then.
+    /// What to tell the user if there was a signal.
     [[nodiscard]] static QString message();
-    /// Throws Refused with the message when a signal has come.
+    /// Throws Refused with the message if there was a signal.
     static void throwIfCome();
 };
 

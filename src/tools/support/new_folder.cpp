@@ -56,7 +56,7 @@ QStringList NewFolder::keep(const QStringList& files)
     QStringList staying;
     try {
         confirmFiles(m_work.folder(), files);
-        // In one step, and only over a folder that is empty still.
+        // One step, which fails if the folder in the place is no longer empty.
         staying = m_work.keepAs(QFileInfo(m_place).fileName(), files);
     } catch (const FileError& error) {
         throw Refused(QStringLiteral("Ο φάκελος %1 δεν παίρνει τη θέση του. %2").arg(m_place, error.reason()));

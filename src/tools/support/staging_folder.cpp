@@ -7,7 +7,7 @@
 namespace lorvan {
 namespace {
 
-constexpr qint64 saltLength = 16; // the first bytes of an encrypted file, which no two files share
+constexpr qint64 saltLength = 16; // an encrypted file begins with these bytes; they differ from file to file
 
 const QString noteName = QStringLiteral("moving");
 
@@ -26,7 +26,7 @@ QByteArray beginningOf(const Folder& folder, const QString& name)
     return folder.isFile(name) ? folder.open(name, Folder::Opening::Read).read(saltLength) : QByteArray();
 }
 
-/// True where the auxiliary database came out of the staging folder and the main one, which follows last, did not.
+/// True if the auxiliary database was moved out of the staging folder, but not the main one, which is the last.
 bool wasKilledWhileMoving(const Folder& staged, const Folder& target, const BookFiles& files)
 {
     const QByteArray note = beginningOf(staged, noteName);

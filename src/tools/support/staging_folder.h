@@ -5,11 +5,11 @@
 
 namespace lorvan {
 
-/// The hidden folder inside a data folder in which a new book is made. It carries the computer's name and is locked as
-/// long as its process lives, so that one left behind by a killed process is told from one in use.
+/// The hidden folder inside a data folder in which a new book is made. Its name contains the computer's, and it is
+/// locked while its process is alive, so that a folder left by a killed process can be told from one in use.
 class StagingFolder {
 public:
-    /// Throws Refused when it cannot be made.
+    /// Throws Refused if it cannot be made.
     explicit StagingFolder(const QString& dataFolder);
     StagingFolder(const StagingFolder&) = delete;
     StagingFolder& operator=(const StagingFolder&) = delete;
@@ -18,8 +18,8 @@ public:
     [[nodiscard]] const Folder& folder() const { return m_work.folder(); }
     [[nodiscard]] const Folder& dataFolder() const { return m_dataFolder; }
 
-    /// To be called before the first file is moved into the data folder: notes what tells the staged book from others,
-    /// so that the move can be taken back when the process is killed in its midst. The disk has then confirmed the
+    /// To be called before the first file is moved into the data folder: writes a note that identifies the staged book,
+    /// so that the move can be undone if the process is killed before its end. Returns when the disk has confirmed the
     /// staged files and the note. Throws Refused.
     void noteMove() const;
 
@@ -28,9 +28,9 @@ private:
     WorkFolder m_work;
 };
 
-/// Removes the staging folders that killed processes of this computer left in a data folder, and the files which such a
-/// process had moved out already without reaching the main database, the last. What is in use, or not certainly such a
-/// remainder, stays. Throws FileError where the data folder cannot be opened.
+/// Removes the staging folders that killed processes of this computer have left in a data folder. If such a process had
+/// moved some of the files out, but not yet the main database, which is the last, these are removed too. Whatever is in
+/// use, or not certainly left by such a process, stays. Throws FileError if the data folder cannot be opened.
 void removeStagingRemainders(const BookFiles& files);
 
 } // namespace lorvan

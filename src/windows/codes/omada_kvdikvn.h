@@ -18,16 +18,16 @@ class CommandButton;
 class EntryField;
 class PlainList;
 
-/// The groups window: adds, renames and deletes the groups that codes belong to. A click on a group makes ready to add
-/// one, a double click offers to rename and delete the group. Modal; leaving it hides it.
+/// The groups window, in which groups of codes are added, renamed and deleted. A double click on a group offers to
+/// rename or delete it, a click takes the offer back. Modal; leaving the window hides it.
 class OmadaKvdikvn : public QDialog {
     Q_OBJECT
 
 public:
-    /// Whether data may be changed now. Where not, it tells the user why in a box over the given window.
+    /// Returns true if data may be changed now; if not, it has told the user why, in a box over the given window.
     using MayChange = std::function<bool(QWidget* window)>;
 
-    /// `main` must outlive the window. `mayChange` is asked before each change. Throws SqlError when the groups cannot
+    /// `main` must outlive the window. `mayChange` is called before each change. Throws SqlError if the groups cannot
     /// be read.
     OmadaKvdikvn(Connection& main, Authority authority, MayChange mayChange, QWidget* parent = nullptr);
 

@@ -223,7 +223,7 @@ void Kentrikh::printReport()
 void Kentrikh::selectTab(int tab)
 {
     if (tab != tab::exit && !(m_entryPage->leaveAll() && m_printingPage->leaveAll() && !m_closed)) {
-        keepTab(); // what was refused stays in sight
+        keepTab(); // the refused field stays visible
         return;
     }
     m_notices.actionBegins();
@@ -257,8 +257,9 @@ void Kentrikh::refreshCaption()
     follow(m_marker.heldByAnother());
 }
 
-/// Nothing may be written beside a holder, nor where locks keep nobody out. Where they keep other computers in, one of
-/// these may write as soon as the marker is free.
+/// The book is read-only while somebody else holds the marker, and if locks keep nobody out. If locks do not reach
+/// other computers, it is read-only unless this program holds the marker: another computer could write as soon as it is
+/// free.
 void Kentrikh::follow(const std::optional<MachineIdentity>& holder)
 {
     setWindowTitle(markerCaption(holder));

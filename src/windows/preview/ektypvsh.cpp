@@ -171,7 +171,7 @@ void Ektypvsh::unload()
     hide();
 }
 
-/// Where the user has changed it: what a small screen left of it is not for the next one.
+/// Keeps the size if the user has changed it. A size reduced to fit a small screen is not kept.
 void Ektypvsh::keepSize()
 {
     if (isVisible() && (size() != m_openedSize || isMaximized() != m_openedMaximised))
@@ -269,7 +269,7 @@ bool Ektypvsh::hasPrinter()
 
 void Ektypvsh::print(std::optional<int> page)
 {
-    m_area->say({}); // what is said there was of another job
+    m_area->say({}); // removes the result of the previous job
     if (!hasPrinter())
         return;
     const std::shared_ptr<const ReportPages> pages = m_area->view().pages(); // the frame may be closed meanwhile

@@ -17,22 +17,23 @@ class PreviewTools;
 class Printers;
 class ReportSaver;
 
-/// The report frame: the preview of one report, from which it is printed and saved. Made for each report anew.
+/// The preview of one report, from which it can be printed and saved. Each report gets a new one.
 class Ektypvsh : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// Both must outlive the frame. The printers are asked for at once.
+    /// Both must outlive the frame. The search for printers begins at once.
     Ektypvsh(Printers& printers, ReportSaver& saver);
     ~Ektypvsh() override;
 
-    /// Takes the report, once. The title text comes from the list of reports; the file name is proposed for saving.
+    /// Shows the report; to be called once. `titleText` comes from the list of reports; `fileName` is proposed for
+    /// saving.
     void open(ReportDocument document, const QString& titleText, const QString& fileName);
 
-    /// Says above the pages what the report leaves out. It reaches neither paper nor files.
+    /// Shows above the pages what the report leaves out. It is neither printed nor saved.
     void tell(const std::vector<ReportOmission>& omissions);
 
-    /// Gives up what is under way, lets go of the report and hides the window. Again, it does nothing.
+    /// Cancels the work in progress, releases the report and hides the window. A second call does nothing.
     void unload();
 
 protected:
@@ -72,7 +73,7 @@ private:
     QString m_fileName;
     QSize m_openedSize;
     bool m_openedMaximised = false;
-    bool m_hasWaited = false; ///< Long enough for the printers' first answer.
+    bool m_hasWaited = false; ///< For the first answer of the print system.
 };
 
 } // namespace lorvan

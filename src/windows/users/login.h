@@ -18,8 +18,8 @@ class EntryField;
 class KeyRing;
 class UserMaintenance;
 
-/// The sign-in window. The built-in administrator gets it enlarged by the maintenance area: the users, and the
-/// operations on the whole book.
+/// The sign-in window. For the built-in administrator it also shows the list of users and the operations on the whole
+/// book.
 class Login : public QDialog {
     Q_OBJECT
 
@@ -29,7 +29,7 @@ public:
 
 Q_SIGNALS:
     void signedIn(const lorvan::UserSession& session);
-    void abandoned(); ///< Ended or closed, or the users could not be read: the program ends.
+    void abandoned(); ///< The window was closed, or the users could not be read; the program has to end.
 
 protected:
     void closeEvent(QCloseEvent* event) override;
