@@ -1,6 +1,7 @@
 #include "report_pages.h"
 #include "report_pdf.h"
 #include "support/files.h"
+#include "support/ink.h"
 #include "support/mount.h"
 
 #include <QImage>
@@ -39,22 +40,6 @@ QImage painted(const ReportDocument& document, double pixelsInTwip)
     return image;
 }
 
-/// The first and the last column of the area that holds anything but white.
-std::pair<int, int> inked(const QImage& image, QRect area)
-{
-    int first = area.right() + 1;
-    int last = -1;
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        for (int x = area.left(); x <= area.right(); ++x) {
-            if (qGray(image.pixel(x, y)) > 200)
-                continue;
-            first = std::min(first, x);
-            last = std::max(last, x);
-        }
-    }
-    return {first, last};
-}
-
 } // namespace
 
 TEST(ReportPages, paintNothingOutsideTheMargins)
@@ -78,9 +63,8 @@ TEST(ReportPages, paintNothingOutsideTheMargins)
         document.AddTableRow(columns, QString(), text, 0, reportColour(100, 100, 100));
         document.Paragraph(QString(text).remove(u'|').repeated(10));
         const QImage image = painted(document, 0.1);
-        const auto [first, last] = inked(image, image.rect());
-        EXPECT_GE(first, 35 - 1) << name;
-        EXPECT_LE(last, 1190 - 45) << name;
+        EXPECT_GE(inkIn(image).left(), 35 - 1) << name;
+        EXPECT_LE(inkIn(image).right(), 1190 - 45) << name;
     }
 }
 
@@ -89,7 +73,7 @@ TEST(ReportPages, endRightAlignedNumbersOnOnePixel)
     const QImage image = painted(dailyCash(3), 96.0 / 1440 * 2);
     std::vector<int> ends;
     for (int row = 2; row < 5; ++row)
-        ends.push_back(inked(image, QRect(1040, 114 + row * 38, 160, 34)).second);
+        ends.push_back(inkIn(image, QRect(1040, 114 + row * 38, 160, 34)).right());
     ASSERT_GT(ends[0], 0);
     EXPECT_NEAR(ends[0], ends[1], 1);
     EXPECT_NEAR(ends[0], ends[2], 1);
@@ -101,9 +85,7 @@ TEST(ReportPages, setTextsThatNeedShapingAsWideAsTheirLetters)
         ReportDocument document;
         document.SetFooter(QString());
         document.Paragraph(text);
-        const QImage image = painted(document, 0.1);
-        const auto [first, last] = inked(image, image.rect());
-        return last - first;
+        return inkIn(painted(document, 0.1)).width();
     };
     EXPECT_GT(widthOf(u"ααα"), 0);
     EXPECT_NEAR(widthOf(u"α\u0301α\u0301α\u0301"), widthOf(u"ααα"), 1) << "an accent takes no room of its own";

@@ -1,4 +1,5 @@
 #include "controls/label3d.h"
+#include "support/ink.h"
 #include "windows/shown_form.h"
 
 #include <QSignalSpy>
@@ -11,13 +12,7 @@ QPoint inkOf(Label3D& label, const QColor& back, const QColor& front)
 {
     label.setForeColor1(back);
     label.setForeColor2(front);
-    const QImage image = label.grab().toImage();
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (image.pixelColor(x, y) != QColor(Qt::white))
-                ink |= QRect(x, y, 1, 1);
-    return ink.topLeft();
+    return inkIn(label.grab().toImage(), {}, 254).topLeft();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "cashbook/day_view.h"
 #include "controls/choice_list.h"
 #include "controls/tick_list.h"
+#include "support/ink.h"
 #include "windows/shown_form.h"
 
 #include <QAbstractButton>
@@ -58,15 +59,12 @@ QString toolTipOver(const QListView& list, int row)
     return QToolTip::text();
 }
 
+constexpr int lightestText = 160; // lines and grounds are lighter
+
 /// The last column of a heading in which something is written.
 int lastInkOf(QWidget& heading)
 {
-    const QImage image = heading.grab().toImage().convertToFormat(QImage::Format_Grayscale8);
-    for (int x = image.width() - 1; x > 0; --x)
-        for (int y = 0; y < image.height(); ++y)
-            if (qGray(image.pixel(x, y)) < 160)
-                return x;
-    return -1;
+    return inkIn(heading.grab().toImage(), {}, lightestText).right();
 }
 
 /// A plain list of five rows and a day of three movements, below one another.
@@ -243,18 +241,9 @@ TEST(DayList, paintsWholeAmountsAndAsMuchOfTheDescriptionAsThereIsRoomFor)
     // The columns of the row that are without ink between the description and the next text.
     const auto gapAfter = [&](int row, DayColumn next, int characters) {
         const QRect line = list.visualRect(list.model()->index(row, 0));
-        const QImage image = list.viewport()->grab(line).toImage().convertToFormat(QImage::Format_Grayscale8);
+        const QImage image = list.viewport()->grab(line).toImage();
         const int end = qFloor(layout.right(next) - characters * layout.advance);
-        int ink = end - 1;
-        const auto hasInk = [&](int x) {
-            for (int y = 4; y < image.height() - 4; ++y)
-                if (qGray(image.pixel(x, y)) < 160)
-                    return true;
-            return false;
-        };
-        while (ink > 0 && !hasInk(ink))
-            --ink;
-        return (end - ink) / layout.advance;
+        return (end - inkIn(image, QRect(0, 4, end, image.height() - 8), lightestText).right()) / layout.advance;
     };
     EXPECT_NEAR(gapAfter(0, DayColumn::Income, 1), 1, 1) << "on over the empty memorandum column";
     EXPECT_NEAR(gapAfter(1, DayColumn::Memorandum, 22), 1, 1);
