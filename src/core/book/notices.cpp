@@ -40,9 +40,20 @@ Notice NoticeBoard::shown() const
     return first;
 }
 
+std::optional<NoticeKind> NoticeBoard::shownKind() const
+{
+    return m_notices.empty() ? std::nullopt : std::optional(m_notices.begin()->first);
+}
+
 Notice dayClosedNotice(QDate day)
 {
     return {QStringLiteral("Η ημέρα %1 έκλεισε").arg(dateText(day)), {}, false};
+}
+
+Notice openDaysNotice(int count, QDate since)
+{
+    return {QStringLiteral("Ανοικτές ημέρες: %1 (από %2)").arg(count).arg(dateText(since)),
+        QStringLiteral("Ημέρες του ταμείου πριν από σήμερα που δεν έκλεισαν. Με κλικ φαίνονται όλες."), false, true};
 }
 
 Notice heldNotice(const MarkerHolder& holder, const QDateTime& now)

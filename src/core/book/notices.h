@@ -17,11 +17,12 @@ struct Notice {
     QString text;
     QString reason = {};
     bool isWarning = true;
+    bool leadsOn = false; ///< A click on the line shows more.
 };
 
-/// What may have to be said at the same time, most urgent first: the answer to what the user has just done, then what
-/// forbids changes, then what endangers them, then what can wait.
-enum class NoticeKind { DayClosed, LocksKeepNobodyOut, HeldByAnother, DiskIsWeak, BackupFailed };
+/// What may have to be said at the same time, most urgent first: what forbids changes, then what endangers them, then
+/// the answer to what the user has just done, then what can wait.
+enum class NoticeKind { HeldByAnother, LocksKeepNobodyOut, DiskIsWeak, BackupFailed, DayClosed, OpenDays };
 
 /// All current notices, and which of them is shown.
 class NoticeBoard {
@@ -33,6 +34,7 @@ public:
     /// The most urgent notice, which also says how many others there are; its reason lists all of them, each with its
     /// own reason. The text is empty if there is no notice.
     [[nodiscard]] Notice shown() const;
+    [[nodiscard]] std::optional<NoticeKind> shownKind() const;
 
 private:
     std::map<NoticeKind, Notice> m_notices;
@@ -40,6 +42,9 @@ private:
 
 /// "Η ημέρα 21-11-2026 έκλεισε".
 [[nodiscard]] Notice dayClosedNotice(QDate day);
+
+/// "Ανοικτές ημέρες: 3 (από 14-11-2026)".
+[[nodiscard]] Notice openDaysNotice(int count, QDate since);
 
 /// Who holds the book and since when, provided that is earlier than `now`, and what can be done nevertheless.
 [[nodiscard]] Notice heldNotice(const MarkerHolder& holder, const QDateTime& now);

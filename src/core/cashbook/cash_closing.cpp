@@ -15,6 +15,8 @@
 namespace lorvan {
 namespace {
 
+constexpr int daysOfHabit = 60; ///< In a book where none of them was closed, nobody closes days.
+
 QString record(Connection& book, const Authority& authority, JournalAction action, const Closing& closing)
 {
     return recordChange(book, authority,
@@ -46,6 +48,21 @@ bool isRecorded(Connection& main, const Closing& closing)
             return true;
     }
     return false;
+}
+
+template <typename Take> void walkOpenDays(Connection& main, Connection& auxiliary, QDate before, const Take& take)
+{
+    auto closed = auxiliary.prepare(
+        "SELECT hmeraklhsimatos FROM klhsimotameioy WHERE hmeraklhsimatos<? ORDER BY hmeraklhsimatos");
+    auto days = main.prepare("SELECT DISTINCT hmeromhnia FROM tameio WHERE hmeromhnia<? ORDER BY hmeromhnia");
+    bool hasClosed = closed.bind(before).step();
+    for (days.bind(before); days.step();) {
+        const qint64 cashDay = days.integer(0);
+        while (hasClosed && closed.integer(0) < cashDay)
+            hasClosed = closed.step();
+        if (!hasClosed || closed.integer(0) != cashDay)
+            take(days.date(0));
+    }
 }
 
 } // namespace
@@ -93,20 +110,28 @@ void recordFound(Connection& main, const Authority& authority, const std::vector
 
 OpenDays openDaysBefore(Connection& main, Connection& auxiliary, QDate day)
 {
-    auto closed = auxiliary.prepare(
-        "SELECT hmeraklhsimatos FROM klhsimotameioy WHERE hmeraklhsimatos<? ORDER BY hmeraklhsimatos");
-    auto days = main.prepare("SELECT DISTINCT hmeromhnia FROM tameio WHERE hmeromhnia<? ORDER BY hmeromhnia");
-    bool hasClosed = closed.bind(day).step();
     OpenDays open;
-    for (days.bind(day); days.step();) {
-        const qint64 cashDay = days.integer(0);
-        while (hasClosed && closed.integer(0) < cashDay)
-            hasClosed = closed.step();
-        const bool isClosed = hasClosed && closed.integer(0) == cashDay;
-        if (!isClosed && open.count++ == 0)
-            open.since = days.date(0);
-    }
+    walkOpenDays(main, auxiliary, day, [&open](QDate each) {
+        if (open.count++ == 0)
+            open.since = each;
+    });
     return open;
+}
+
+std::vector<QDate> listOpenDaysBefore(Connection& main, Connection& auxiliary, QDate day)
+{
+    std::vector<QDate> days;
+    walkOpenDays(main, auxiliary, day, [&days](QDate each) { days.push_back(each); });
+    return days;
+}
+
+OpenDays forgottenDays(Connection& main, Connection& auxiliary, QDate today)
+{
+    const bool areDaysClosed =
+        auxiliary.prepare("SELECT 1 FROM klhsimotameioy WHERE hmeraklhsimatos>=? AND hmeraklhsimatos<? LIMIT 1")
+            .bind(today.addDays(-daysOfHabit), today)
+            .step();
+    return areDaysClosed ? openDaysBefore(main, auxiliary, today) : OpenDays{};
 }
 
 QString closingText(QDate day, const CashDayFigures& figures, const OpenDays& before)

@@ -42,6 +42,13 @@ struct OpenDays {
 /// The open days before `day`. Each day is read once, through the indexes. Throws SqlError.
 [[nodiscard]] OpenDays openDaysBefore(Connection& main, Connection& auxiliary, QDate day);
 
+/// The same days themselves, the first one first.
+[[nodiscard]] std::vector<QDate> listOpenDaysBefore(Connection& main, Connection& auxiliary, QDate day);
+
+/// The open days before today that the user should be reminded of: those of openDaysBefore() in a book in which one of
+/// the last 60 days before today was closed; none where days are not closed any more. Throws SqlError.
+[[nodiscard]] OpenDays forgottenDays(Connection& main, Connection& auxiliary, QDate today);
+
 /// What the user should know before closing the day: its figures, and which earlier days were not closed.
 [[nodiscard]] QString closingText(QDate day, const CashDayFigures& figures, const OpenDays& before);
 

@@ -47,6 +47,12 @@ bool MovementEntryPage::dateLeft()
     return true;
 }
 
+void MovementEntryPage::goTo(QDate day)
+{
+    m_date->setText(dateText(day));
+    dateLeft();
+}
+
 void MovementEntryPage::goToDay(QDate day)
 {
     forgetCleared();

@@ -58,6 +58,10 @@ public:
     /// kept. The box about a closed day is shown only if it was closed in the meantime.
     void lookAgain();
 
+    /// Shows another day, as if the user had typed the date and left it; the fields must have been checked before (see
+    /// leaveAll()).
+    void goTo(QDate day);
+
     void insertMovement();
     void modifyMovement();
     void removeMovement();

@@ -34,14 +34,18 @@ void ActionGate::connect(QAbstractButton* button, const Conditions& conditions, 
 
 void ActionGate::connectWindow(QAbstractButton* button, const Conditions& conditions, const Step& open) const
 {
-    QObject::connect(button, &QAbstractButton::clicked, m_widget, [=, this] {
-        bool opens = false;
-        run([&] { opens = conditions.areMet(*button); });
-        if (!opens)
-            return;
-        guarded(m_widget->window(), open);
-        m_ends();
-    });
+    QObject::connect(button, &QAbstractButton::clicked, m_widget,
+        [=, this] { runWindow([&] { return conditions.areMet(*button); }, open); });
+}
+
+void ActionGate::runWindow(const Condition& mayOpen, const Step& open) const
+{
+    bool opens = false;
+    run([&] { opens = mayOpen(); });
+    if (!opens)
+        return;
+    guarded(m_widget->window(), open);
+    m_ends();
 }
 
 void ActionGate::run(const Step& action) const

@@ -39,6 +39,8 @@ public:
     void connectWindow(QAbstractButton* button, const Conditions& conditions, const Step& open) const;
 
     void run(const Step& action) const;
+    /// As connectWindow() does it for a button.
+    void runWindow(const Condition& mayOpen, const Step& open) const;
     /// The same without the busy pointer, for quick steps.
     void runQuick(const Step& step) const;
 

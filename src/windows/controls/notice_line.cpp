@@ -1,6 +1,10 @@
 #include "controls/notice_line.h"
 
+#include "look/style_painting.h"
+
 #include <QAccessible>
+#include <QKeyEvent>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -29,6 +33,7 @@ NoticeLine::NoticeLine(const QString& objectName, QWidget* parent)
     QSizePolicy lines(QSizePolicy::Ignored, QSizePolicy::Minimum);
     lines.setHeightForWidth(true);
     setSizePolicy(lines);
+    connect(&Theme::instance(), &Theme::changed, this, &NoticeLine::underline);
 }
 
 void NoticeLine::tell(const QString& text, const QString& reason, ColourRole role)
@@ -36,6 +41,7 @@ void NoticeLine::tell(const QString& text, const QString& reason, ColourRole rol
     if (text == this->text() && reason == accessibleDescription())
         return;
     setRole(role);
+    underline();
     setText(text);
     setToolTip(toolTipFor(reason));
     setAccessibleDescription(reason);
@@ -43,6 +49,59 @@ void NoticeLine::tell(const QString& text, const QString& reason, ColourRole rol
         return;
     QAccessibleEvent announced(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&announced);
+}
+
+void NoticeLine::setLeadsOn(bool leadsOn)
+{
+    m_leadsOn = leadsOn;
+    setFocusPolicy(leadsOn ? Qt::TabFocus : Qt::NoFocus);
+    setCursor(leadsOn ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    underline();
+}
+
+void NoticeLine::underline()
+{
+    QFont underlined = font();
+    underlined.setUnderline(m_leadsOn);
+    setFont(underlined);
+}
+
+void NoticeLine::keyPressEvent(QKeyEvent* event)
+{
+    const bool isPress =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (m_leadsOn && isPress && !event->isAutoRepeat())
+        Q_EMIT clicked();
+    else
+        ThemedLabel::keyPressEvent(event);
+}
+
+void NoticeLine::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (m_leadsOn && event->button() == Qt::LeftButton && rect().contains(event->pos()))
+        Q_EMIT clicked();
+}
+
+void NoticeLine::focusInEvent(QFocusEvent* event)
+{
+    ThemedLabel::focusInEvent(event);
+    update();
+}
+
+void NoticeLine::focusOutEvent(QFocusEvent* event)
+{
+    ThemedLabel::focusOutEvent(event);
+    update();
+}
+
+void NoticeLine::paintEvent(QPaintEvent* event)
+{
+    ThemedLabel::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QPainter painter(this);
+    const QRectF around = QRectF(rect()).adjusted(sideMargin - 4, 1, 4 - sideMargin, 0);
+    paintPanel(painter, around, Qt::transparent, Theme::instance().colour(ColourRole::PageAccent), 1);
 }
 
 int NoticeLine::heightForWidth(int width) const

@@ -15,10 +15,28 @@ public:
 
     /// Empty texts clear the line.
     void tell(const QString& text, const QString& reason, ColourRole role);
+    /// Whether a click on the line, or Enter or the space bar in it, is of any use: then the Tab key reaches it, and
+    /// its text is underlined.
+    void setLeadsOn(bool leadsOn);
 
     [[nodiscard]] int heightForWidth(int width) const override;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+Q_SIGNALS:
+    void clicked(); ///< Only if the line leads on.
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void underline();
+
+    bool m_leadsOn = false;
 };
 
 } // namespace lorvan

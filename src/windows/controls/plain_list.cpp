@@ -20,8 +20,8 @@ constexpr int charactersOfStep = 8;
 
 } // namespace
 
-PlainList::PlainList(Face face, QWidget* parent)
-    : RecordList(Moves::Click, parent)
+PlainList::PlainList(Face face, QWidget* parent, Moves moves)
+    : RecordList(moves, parent)
     , m_rows(new QStandardItemModel(this))
     , m_face(face)
 {

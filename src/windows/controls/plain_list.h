@@ -23,7 +23,7 @@ class PlainList : public RecordList {
 public:
     enum class Face { Desktop, FixedWidth };
 
-    explicit PlainList(Face face = Face::Desktop, QWidget* parent = nullptr);
+    explicit PlainList(Face face = Face::Desktop, QWidget* parent = nullptr, Moves moves = Moves::Click);
 
     /// Replaces all rows; nothing is selected afterwards.
     void setRows(const std::vector<ListRow>& rows);

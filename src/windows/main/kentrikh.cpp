@@ -49,6 +49,7 @@ Kentrikh::Kentrikh(
     , m_printingPage(new PrintingPage(m_clock, this))
     , m_totals(new TotalsBar(this))
     , m_notices(m_settings.dataFolder, m_marker, m_clock, this)
+    , m_openDays(m_book, m_clock)
     , m_gate(
           this, ActionGate::Opened::OnItsOwn, [this] { m_notices.actionBegins(); }, [this] { tellUnconfirmed(this); })
     , m_reports(BookFiles(m_settings.dataFolder), keys)
@@ -61,6 +62,7 @@ Kentrikh::Kentrikh(
     addTabKeys();
     connectPages();
     connectButtons();
+    connectTools();
 }
 
 Kentrikh::~Kentrikh() = default;
@@ -142,6 +144,7 @@ void Kentrikh::initialise()
     refreshCaption();
     m_notices.tellLocks(m_locks, m_book.main().isReadOnly());
     m_band->setHeading(m_settings.heading);
+    m_openDays.look();
 }
 
 void Kentrikh::showEvent(QShowEvent* event)

@@ -9,6 +9,7 @@
 #include "controls/action_gate.h"
 #include "controls/away_watch.h"
 #include "main/main_notices.h"
+#include "main/open_days_watch.h"
 #include "main/session_end.h"
 #include "platform/authority.h"
 #include "platform/clock.h"
@@ -59,6 +60,7 @@ private:
     void addTabKeys();
     void connectPages();
     void connectButtons();
+    void connectTools();
 
     void insertCode();
     void editGroups();
@@ -68,6 +70,10 @@ private:
     [[nodiscard]] bool settle();
     /// Tells the user over the window that asks when another computer holds the marker.
     [[nodiscard]] bool refusedByMarker(QWidget* asking);
+
+    void followNotice(NoticeKind kind);
+    void listOpenDays();
+    void goToDay(QDate day);
 
     void selectTab(int tab);
     void keepTab();
@@ -95,6 +101,7 @@ private:
     PrintingPage* m_printingPage;
     TotalsBar* m_totals;
     MainNotices m_notices;
+    OpenDaysWatch m_openDays;
     const ActionGate m_gate;
     ReportDesk m_reports;
     DailyBackup m_backup;

@@ -23,6 +23,10 @@ MainNotices::MainNotices(const QString& dataFolder, const UsageMarker& marker, C
 {
     m_closedStands.setSingleShot(true);
     connect(&m_closedStands, &QTimer::timeout, this, &MainNotices::actionBegins);
+    connect(m_line, &NoticeLine::clicked, this, [this] {
+        if (const auto kind = m_board.shownKind())
+            Q_EMIT followed(*kind);
+    });
     connect(&m_watch, &MarkerWatch::seen, this, &MainNotices::tellHolder);
 }
 
@@ -81,9 +85,18 @@ void MainNotices::dayClosed(QDate day)
     m_closedStands.start(closedStandsFor);
 }
 
+void MainNotices::tellOpenDays(const OpenDays& open)
+{
+    if (open.count > 0)
+        put(NoticeKind::OpenDays, openDaysNotice(open.count, open.since));
+    else
+        remove(NoticeKind::OpenDays);
+}
+
 void MainNotices::show()
 {
     const Notice notice = m_board.shown();
+    m_line->setLeadsOn(notice.leadsOn);
     m_line->tell(notice.text, notice.reason, notice.isWarning ? ColourRole::Warning : ColourRole::Text);
 }
 

@@ -2,6 +2,7 @@
 
 #include "book/marker_watch.h"
 #include "book/notices.h"
+#include "cashbook/cash_closing.h"
 #include "platform/clock.h"
 
 #include <QObject>
@@ -32,12 +33,18 @@ public:
     /// Shows whether the day's backup was made.
     void followBackup(DailyBackup& backup);
 
+    /// How many days are still open, until the next call; a count of zero takes the notice away.
+    void tellOpenDays(const OpenDays& open);
+
     /// Shown for ten seconds, or until actionBegins().
     void dayClosed(QDate day);
     void actionBegins() { remove(NoticeKind::DayClosed); }
 
     /// Stops looking at the marker.
     void retire();
+
+Q_SIGNALS:
+    void followed(lorvan::NoticeKind kind); ///< The user clicked on a notice that leads on.
 
 private:
     void tellHolder(const std::optional<MarkerHolder>& seen);

@@ -11,18 +11,21 @@ TEST(NoticeBoard, theMostUrgentIsShownAndTheOthersAreCounted)
     const auto saying = [](const char* text) { return Notice{text, "because"}; };
     NoticeBoard board;
     EXPECT_EQ(board.shown().text, QString());
-    board.put(BackupFailed, saying("backup"));
-    EXPECT_EQ(board.shown().text, "backup");
-    board.put(HeldByAnother, saying("held"));
-    board.put(DiskIsWeak, saying("disk"));
-    board.put(LocksKeepNobodyOut, saying("locks"));
+    board.put(OpenDays, {"open", "because", false, true});
+    EXPECT_EQ(board.shown().text, "open");
     board.put(DayClosed, {"closed", {}, false});
-    const std::pair<NoticeKind, const char*> inOrder[] = {{DayClosed, "closed  (και 4 ακόμη)"},
-        {LocksKeepNobodyOut, "locks  (και 3 ακόμη)"}, {HeldByAnother, "held  (και 2 ακόμη)"},
-        {DiskIsWeak, "disk  (και 1 ακόμη)"}, {BackupFailed, "backup"}};
+    board.put(BackupFailed, saying("backup"));
+    board.put(LocksKeepNobodyOut, saying("locks"));
+    board.put(DiskIsWeak, saying("disk"));
+    board.put(HeldByAnother, saying("held"));
+    const std::pair<NoticeKind, const char*> inOrder[] = {{HeldByAnother, "held  (και 5 ακόμη)"},
+        {LocksKeepNobodyOut, "locks  (και 4 ακόμη)"}, {DiskIsWeak, "disk  (και 3 ακόμη)"},
+        {BackupFailed, "backup  (και 2 ακόμη)"}, {DayClosed, "closed  (και 1 ακόμη)"}, {OpenDays, "open"}};
     for (const auto& [kind, text] : inOrder) {
         EXPECT_EQ(board.shown().text, text);
-        EXPECT_EQ(board.shown().isWarning, kind != DayClosed);
+        EXPECT_EQ(board.shownKind(), kind);
+        EXPECT_EQ(board.shown().isWarning, kind < DayClosed);
+        EXPECT_EQ(board.shown().leadsOn, kind == OpenDays);
         EXPECT_TRUE(board.shown().reason.endsWith("because")) << "the last one's stays to the end";
         board.remove(kind);
     }

@@ -3,6 +3,7 @@
 #include "book/usage_marker.h"
 #include "cashbook/cash_closing.h"
 #include "cashbook/movement_batch.h"
+#include "platform/date_text.h"
 #include "platform/engine/transaction.h"
 #include "support/book_model.h"
 #include "support/files.h"
@@ -166,6 +167,11 @@ TEST_F(CashBookTest, daysThatWereForgottenAreCounted)
     closeDay(open.auxiliary(), byAll(), monday);
     EXPECT_EQ(before(friday), (OpenDays{1, wednesday}));
     EXPECT_EQ(before(friday.addDays(1)), (OpenDays{2, wednesday}));
+    EXPECT_EQ(listOpenDaysBefore(open.main(), open.auxiliary(), friday.addDays(1)), (std::vector{wednesday, friday}));
+    const std::pair<QDate, OpenDays> reminders[] = {
+        {monday, {}}, {friday, {1, wednesday}}, {monday.addDays(60), {2, wednesday}}, {monday.addDays(61), {}}};
+    for (const auto& [today, expected] : reminders)
+        EXPECT_EQ(forgottenDays(open.main(), open.auxiliary(), today), expected) << dateText(today).toStdString();
     closeDay(open.auxiliary(), byAll(), wednesday);
     EXPECT_EQ(before(friday), OpenDays{});
     for (const int count : {0, 1, 7}) {
