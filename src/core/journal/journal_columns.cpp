@@ -1,0 +1,168 @@
+#include "journal/journal_columns.h"
+
+#include "journal/journal_filter.h"
+#include "platform/amount_text.h"
+#include "platform/date_text.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <cstdlib>
+
+namespace lorvan {
+namespace {
+
+using Form = JournalForm;
+using Columns = std::vector<JournalColumn>;
+
+constexpr bool slight = true;
+
+const Columns& movementColumns()
+{
+    static const Columns columns{{"hmeromhnia", "Ημερομηνία", Form::Day}, {"kvdikos", "Κωδικός", Form::Number},
+        {"perigrafh", "Περιγραφή"}, {"esoda", "Έσοδα", Form::Amount}, {"ejoda", "Έξοδα", Form::Amount},
+        {"epitagh", "Επιταγή", Form::YesNo}, {"L_tajeos", "Λογαριασμός τάξεως", Form::Amount},
+        {"aa", "Αριθμός κίνησης", Form::Number, slight}};
+    return columns;
+}
+
+const Columns& dayColumns()
+{
+    static const Columns columns{{"hmeraklhsimatos", "Ημέρα που έκλεισε", Form::Day}, {"esoda", "Έσοδα", Form::Amount},
+        {"ejoda", "Έξοδα", Form::Amount}, {"ypoloipo", "Υπόλοιπο", Form::Amount},
+        {"aa", "Αριθμός κλεισίματος", Form::Number, slight}};
+    return columns;
+}
+
+const Columns& codeColumns()
+{
+    static const Columns columns{{"kvdikos", "Κωδικός", Form::Number}, {"perigrafh", "Περιγραφή"}, {"omada", "Ομάδα"},
+        {"esodo", "Είναι έσοδο", Form::YesNo}, {"energos", "Ενεργός", Form::YesNo},
+        {"moved", "Κινήσεις που άλλαξαν ομάδα", Form::Number},
+        {"aa_omada", "Αριθμός ομάδας που είχαν", Form::Number, slight},
+        {"aa_omadas", "Αριθμός ομάδας", Form::Number, slight}, {"aa", "Αριθμός εγγραφής", Form::Number, slight},
+        {"digest", "Αποτύπωμα", Form::Text, slight}};
+    return columns;
+}
+
+const Columns& groupColumns()
+{
+    static const Columns columns{{"perigrafh", "Ονομασία ομάδας"}, {"aa", "Αριθμός ομάδας", Form::Number, slight}};
+    return columns;
+}
+
+const Columns& userColumns()
+{
+    static const Columns columns{{"uname", "Όνομα χρήστη"}, {"r_eggrafes", "Αλλάζει κλεισμένες ημέρες", Form::YesNo},
+        {"r_klhsimo", "Κλείνει το ταμείο", Form::YesNo}, {"r_kvdikoi", "Αλλάζει ομάδες και κωδικούς", Form::YesNo},
+        {"newPassword", "Νέος κωδικός πρόσβασης", Form::YesNo}};
+    return columns;
+}
+
+const Columns& bookColumns()
+{
+    static const Columns columns{{"file", "Αρχείο"}, {"added", "Γραμμές που προστέθηκαν", Form::Number},
+        {"from", "Από", Form::Day}, {"to", "Έως", Form::Day}, {"days", "Ημέρες που έκλεισαν", Form::Number},
+        {"kinhseis", "Κινήσεις", Form::Number}, {"tameio", "Ημέρες ταμείου", Form::Number},
+        {"kvdikoi", "Κωδικοί", Form::Number}, {"omades", "Ομάδες", Form::Number},
+        {"klhsimotameioy", "Κλεισμένες ημέρες", Form::Number}, {"codes", "Χρήστες", Form::Number},
+        {"mergedDays", "Ημέρες που έμειναν με μία γραμμή", Form::Number},
+        {"removedRows", "Γραμμές που αφαιρέθηκαν", Form::Number}, {"addedDays", "Ημέρες που προστέθηκαν", Form::Number},
+        {"correctedDays", "Ημέρες με σύνολα ή υπόλοιπο που διορθώθηκαν", Form::Number},
+        {"keptDifferences", "Υπόλοιπα ανοίγματος που καταχωρίστηκαν", Form::Number},
+        {"taytothta", "Εκδόσεις", Form::Number, slight}, {"aa", "Αριθμός τελευταίου κλεισίματος", Form::Number, slight},
+        {"digest", "Αποτύπωμα", Form::Text, slight}};
+    return columns;
+}
+
+const Columns& columnsOf(JournalKind kind)
+{
+    switch (kind) {
+    case JournalKind::Movement:
+        return movementColumns();
+    case JournalKind::CashDay:
+        return dayColumns();
+    case JournalKind::Code:
+        return codeColumns();
+    case JournalKind::Group:
+        return groupColumns();
+    case JournalKind::User:
+        return userColumns();
+    case JournalKind::Book:
+        break;
+    }
+    return bookColumns();
+}
+
+std::optional<std::int64_t> wholeNumber(const QJsonValue& value)
+{
+    constexpr qint64 none = -1;
+    const qint64 number = value.toInteger(none);
+    const bool isWhole = value.isDouble() && (number != none || value.toInteger(0) == none);
+    return isWhole ? std::optional<std::int64_t>(number) : std::nullopt;
+}
+
+QString yesOrNo(bool yes)
+{
+    return yes ? QStringLiteral("ναι") : QStringLiteral("όχι");
+}
+
+/// With all of its decimals: two amounts that differ are never the same text.
+QString exactAmount(std::int64_t units)
+{
+    const std::int64_t belowCents = units % Currency::unitsPerCent;
+    const QString cents = amountText(Currency::fromTenThousandths(units - belowCents));
+    if (belowCents == 0)
+        return cents;
+    const QString sign = units < 0 && !cents.startsWith(u'-') ? QStringLiteral("-") : QString();
+    return sign + cents + QString::number(std::abs(belowCents)).rightJustified(2, u'0');
+}
+
+QString asStored(const QJsonValue& value)
+{
+    if (value.isString())
+        return value.toString();
+    const QByteArray json = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    return QString::fromUtf8(json.sliced(1, json.size() - 2)); // without the brackets
+}
+
+} // namespace
+
+const std::vector<JournalColumn>& journalColumnsOf(const QString& subject)
+{
+    static const Columns none;
+    const auto kind = journalKind(subject);
+    return kind ? columnsOf(*kind) : none;
+}
+
+JournalColumn otherJournalColumn(const JournalRow& row, const QString& name)
+{
+    const QDate day = row.action == journalWord(JournalAction::Opening) ? dateFromStored(name.toLongLong()) : QDate();
+    if (day.isValid())
+        return {name, QStringLiteral("Διαφορά ανοίγματος της ") + dateText(day), Form::Amount};
+    return {name, name};
+}
+
+QString journalValueText(const QJsonValue& value, JournalForm form)
+{
+    if (value.isUndefined() || value.isNull())
+        return {};
+    if (form == Form::YesNo && value.isBool())
+        return yesOrNo(value.toBool());
+    const auto number = wholeNumber(value);
+    if (number && form == Form::YesNo)
+        return yesOrNo(*number != 0);
+    if (number && form == Form::Amount)
+        return exactAmount(*number);
+    if (number && form == Form::Day && dateFromStored(*number).isValid())
+        return dateText(dateFromStored(*number));
+    return asStored(value);
+}
+
+bool saysNothing(const QJsonValue& value, JournalForm form)
+{
+    const bool isZero = form != Form::Day && (wholeNumber(value) == 0 || (value.isBool() && !value.toBool()));
+    return isZero || journalValueText(value, form).trimmed().isEmpty();
+}
+
+} // namespace lorvan
