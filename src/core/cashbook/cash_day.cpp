@@ -21,6 +21,11 @@ void shift(Statement& update)
 
 } // namespace
 
+bool namesItsDay(const CarriedBalance& carried)
+{
+    return !carried.balance.isZero() && carried.difference.isZero();
+}
+
 CarriedBalance carriedBalance(Connection& main, QDate day)
 {
     CarriedBalance carried;

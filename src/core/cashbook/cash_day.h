@@ -26,6 +26,10 @@ struct CarriedBalance {
     Currency difference = {}; ///< The opening differences contained in the balance.
 };
 
+/// Whether the first line of a day names the day that its balance comes from: not if the balance is zero or contains an
+/// opening difference.
+[[nodiscard]] bool namesItsDay(const CarriedBalance& carried);
+
 /// The closing balance of the latest cash day before `day`, or zero if there is none, plus the opening differences of
 /// the days after that one up to and including `day`. Uses indexes only. Throws CurrencyOverflow.
 [[nodiscard]] CarriedBalance carriedBalance(Connection& main, QDate day);

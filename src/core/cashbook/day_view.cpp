@@ -62,7 +62,7 @@ DayView readDay(Connection& main, QDate day)
 
 QString carriedLine(const CarriedBalance& carried)
 {
-    if (carried.balance.isZero() || !carried.difference.isZero())
+    if (!namesItsDay(carried))
         return QStringLiteral("Υπόλοιπο από την προηγούμενη ") + amountOrZeroText(carried.balance);
     return QStringLiteral("Υπόλοιπο για την ") + dateText(carried.fromDay) + QStringLiteral("    ")
         + amountText(carried.balance);

@@ -22,7 +22,8 @@ using ReportColour = std::uint32_t;
 
 inline constexpr ReportColour noShade = 0;
 
-/// A font in a document. The name is the one the report asks for; the painter decides which font to draw it with.
+/// A font in a document. The name is the one the report asks for; FontShelf (pages/report_fonts) decides which
+/// installed font it is measured and painted with.
 struct ReportFont {
     QString name = QStringLiteral("Arial greek");
     double size = 10; ///< points

@@ -14,8 +14,8 @@ enum class TypingRule {
     Capitals, ///< Letters become capitals but keep their accents.
     Date, ///< Digits and commas; a blank and the other characters up to "/" become "-"; the rest is dropped.
     Amount, ///< Digits; everything else becomes ",".
-    OpeningDate, ///< Digits; everything else becomes "-".
-    OpeningAmount, ///< Digits, "-" and ","; everything else becomes ",".
+    OpeningDate, ///< Digits and "€"; everything else becomes "-".
+    OpeningAmount, ///< Digits, "-", "," and "€"; everything else becomes ",".
 };
 
 /// What a typed printable character becomes; no value if it is dropped.

@@ -21,7 +21,7 @@ CarriedBalance carriedInto(Connection& main, QDate day)
 
 QString carriedText(const CarriedBalance& carried)
 {
-    if (carried.balance.isZero() || !carried.difference.isZero())
+    if (!namesItsDay(carried))
         return QStringLiteral("Υπόλοιπο από την προηγούμενη ") + amountOrZeroText(carried.balance);
     return QStringLiteral("Υπόλοιπο από την ") + dateText(carried.fromDay) + QStringLiteral("    ")
         + amountText(carried.balance);

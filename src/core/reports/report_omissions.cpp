@@ -180,7 +180,8 @@ Omissions ofUnclosedDays(Connection& auxiliary, const ReportInputs& inputs)
 
 bool readsPeriod(Report report)
 {
-    return report != Report::DailyCash && report != Report::CodeList && report != Report::CashAnalysis;
+    const PeriodUse use = periodUse(report);
+    return use.start && use.end;
 }
 
 } // namespace

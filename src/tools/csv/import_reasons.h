@@ -5,7 +5,8 @@
 
 namespace lorvan::import_reasons {
 
-// Why a row that can be read is not taken into the book.
+// Why a row that was read is not taken into the book. Rows that cannot be read: csv_reader.h (quotes, sizes),
+// csv_table.h (titles, fields), csv_values.h (values).
 
 [[nodiscard]] BadRow groupNumberTooSmall();
 [[nodiscard]] BadRow groupNameMissing();
