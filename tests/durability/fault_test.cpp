@@ -171,6 +171,10 @@ TEST_F(FaultTest, changesOfTheOpenBook)
         [&](Book& open) { (void)CashBook(open, by()).modify(3, incomeOf(today, cents(5), longText)); },
         [](Book& open) { (void)CashBook(open, by()).remove(3); },
         [](Book& open) { closeDay(open.auxiliary(), byAll(), today); },
+        [this](Book&) {
+            Connection both = openBoth(book);
+            closeDay(both, byAll(), today);
+        },
         [](Book& open) {
             const qint64 row = listCodes(open.main(), CodeSelection::All).front().row;
             (void)modifyCode(open.main(), byAll(), row, {"101", "Νέα", {}}, 0);

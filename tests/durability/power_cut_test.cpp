@@ -142,17 +142,22 @@ std::string bookBelow(const QString& folder)
 
 TEST_F(PowerCutTest, changesOfTheBook)
 {
-    Book open = openBookToWrite(book);
-    CashBook cashBook(open, by());
+    KeyRing keys(bookPassword());
+    Book open(BookFiles(book), keys, Connection::Access::ReadWrite);
+    CashBook cashBook(open, byAll());
     const QString longText(3000, u'ω');
     const qint64 code = listCodes(open.main(), CodeSelection::All).front().row;
     cutDuring({
                   [&] { (void)cashBook.insert(incomeOf(today, cents(5))); },
                   [&] { (void)cashBook.insert(expenseOf(today.addDays(-2), cents(7), longText)); },
                   [&] { (void)cashBook.modify(3, incomeOf(today, cents(4), longText)); },
-                  [&] { closeDay(open.auxiliary(), byAll(), today.addDays(-2)); },
+                  [&] { cashBook.close(today.addDays(-2)); },
+                  [&] { (void)cashBook.insert(incomeOf(today.addDays(-2), cents(3))); }, // seals it again
                   [&] { (void)cashBook.remove(5); },
-                  [&] { addUser(open.auxiliary(), byAll(), "Νίκος", "άλλος", {}); },
+                  [&] {
+                      Connection both = open.openBoth();
+                      addUser(both, byAll(), "Νίκος", "άλλος", {});
+                  },
                   [&] {
                       (void)modifyCode(open.main(), byAll(), code, {"101", "Νέα", {}}, 1);
                   },
