@@ -1,5 +1,7 @@
 #include "platform/clock.h"
 
+#include <utility>
+
 namespace lorvan {
 
 Clock::Clock()
@@ -8,7 +10,7 @@ Clock::Clock()
 }
 
 Clock::Clock(QDateTime fixed)
-    : m_now([fixed] { return fixed; })
+    : m_now([fixed = std::move(fixed)] { return fixed; })
 {
 }
 
