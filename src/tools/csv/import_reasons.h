@@ -5,8 +5,7 @@
 
 namespace lorvan::import_reasons {
 
-// Why a row that was read is not taken into the book. Rows that cannot be read: csv_reader.h (quotes, sizes),
-// csv_table.h (titles, fields), csv_values.h (values).
+// The reasons for refusing a row that could be read.
 
 [[nodiscard]] BadRow groupNumberTooSmall();
 [[nodiscard]] BadRow groupNameMissing();
