@@ -5,7 +5,8 @@
 
 namespace lorvan::import_reasons {
 
-// The reasons for refusing a row that could be read.
+// The reasons for refusing a row that could be read. Rows that cannot be: csv_reader.h (quotes, sizes), csv_table.h
+// (titles, fields), csv_values.h (values).
 
 [[nodiscard]] BadRow groupNumberTooSmall();
 [[nodiscard]] BadRow groupNameMissing();
