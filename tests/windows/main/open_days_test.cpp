@@ -40,13 +40,13 @@ TEST_F(OpenDaysTest, areToldAndAClickLeadsToOneOfThem)
     EXPECT_EQ(user().field(date).text(), "12-03-2024");
     EXPECT_EQ(shownFigures(), "5,00 | 0 | 5,00");
 
-    user().enter(income, "1,2,3");
+    user().enter(expense, "1,2,3");
     boxes.expect(partly(warning("Προσοχή", "1,2,3")));
     follow([](const Driver& list) { list.press(Qt::Key_Return); });
     EXPECT_EQ(user().field(date).text(), "12-03-2024") << "a refused amount keeps the user there";
-    EXPECT_EQ(user().field(income).text(), "1,2,3");
+    EXPECT_EQ(user().field(expense).text(), "1,2,3");
 
-    user().enter(income, "0");
+    user().enter(expense, "0");
     follow([](const Driver& list) {
         list.press(Qt::Key_Down);
         list.press(Qt::Key_Return);
