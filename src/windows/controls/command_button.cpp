@@ -68,7 +68,7 @@ void CommandButton::setSmall(bool isSmall)
 void CommandButton::setFrameless(bool isFrameless)
 {
     m_frameless = isFrameless;
-    updateGeometry();
+    dressCaption();
     update();
 }
 
@@ -132,8 +132,8 @@ bool CommandButton::event(QEvent* event)
 void CommandButton::changeEvent(QEvent* event)
 {
     QPushButton::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::StyleChange)
-        dressCaption(); // a style sheet overrides what a child was given, also when the button is moved to a window
+    if (event->type() == QEvent::EnabledChange)
+        dressCaption();
     if (event->type() == QEvent::FontChange)
         updateGeometry();
 }

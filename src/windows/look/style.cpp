@@ -12,7 +12,6 @@
 #include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOption>
-#include <QTextEdit>
 
 namespace lorvan {
 namespace {
@@ -30,6 +29,13 @@ constexpr int fieldPadding = 8; ///< The field itself adds 2 before the text.
 constexpr int figurePadding = 5; ///< On the right of right-aligned figures.
 constexpr int arrowExtent = 16;
 constexpr int arrowPadding = 5;
+constexpr int leastHandle = 28;
+constexpr int titleLeft = 10 + titleInset;
+constexpr int toolTipPadding = 11;
+constexpr int menuPadding = 4; ///< Above the first entry and below the last.
+constexpr QSize aroundMenuEntry{2 * menuInset, 10};
+constexpr int spaceBeforeKeys = 12;
+constexpr QSize aroundMenuBarEntry{20, 12};
 
 QString messageIconName(QStyle::StandardPixmap pixmap)
 {
@@ -54,14 +60,29 @@ ColourRole messageIconRole(QStyle::StandardPixmap pixmap)
     return pixmap == QStyle::SP_MessageBoxCritical ? ColourRole::Expense : ColourRole::Accent;
 }
 
-bool isFieldArea(const QWidget* widget)
-{
-    return qobject_cast<const QAbstractItemView*>(widget) || qobject_cast<const QTextEdit*>(widget);
-}
-
 bool isInMessageBox(const QWidget* widget)
 {
     return widget && qobject_cast<const QMessageBox*>(widget->window());
+}
+
+QRect partOfGroupBox(const QStyleOptionGroupBox& box, QStyle::SubControl part)
+{
+    const int height = box.fontMetrics.height();
+    const QRect frame = box.rect.adjusted(0, qRound(0.55 * height), 0, 0);
+    if (part == QStyle::SC_GroupBoxFrame)
+        return frame;
+    if (part == QStyle::SC_GroupBoxContents)
+        return frame.adjusted(1, 1 + qRound(0.25 * height), -1, -1);
+    return {titleLeft, box.rect.top(), box.fontMetrics.size(Qt::TextShowMnemonic, box.text + u' ').width(), height};
+}
+
+/// The toolkit divides a bar that is longer by the buttons at its ends, which are not wanted.
+QRect partOfScrollBar(const QStyle& toolkit, const QStyleOptionSlider& bar, QStyle::SubControl part)
+{
+    const QPoint button = bar.orientation == Qt::Horizontal ? QPoint(scrollBarExtent, 0) : QPoint(0, scrollBarExtent);
+    QStyleOptionSlider longer = bar;
+    longer.rect.setBottomRight(bar.rect.bottomRight() + 2 * button);
+    return toolkit.subControlRect(QStyle::CC_ScrollBar, &longer, part).translated(-button) & bar.rect;
 }
 
 bool isRightAligned(const QWidget* widget)
@@ -88,8 +109,13 @@ void Style::polish(QWidget* widget)
     QProxyStyle::polish(widget);
     if (qobject_cast<QLineEdit*>(widget) || qobject_cast<QAbstractScrollArea*>(widget))
         widget->setAttribute(Qt::WA_Hover, false); // nothing in them changes under the mouse
-    if (m_theme.hasPageColour() && isInMessageBox(widget))
-        widget->setPalette(m_theme.desktopPalette());
+    if (auto* const box = qobject_cast<QMessageBox*>(widget)) {
+        box->setPalette(m_theme.desktopPalette());
+        connect(&m_theme, &Theme::changed, box, [this, box] {
+            box->setPalette(m_theme.desktopPalette());
+            box->setIcon(box->icon()); // painted again
+        });
+    }
 }
 
 void Style::drawPrimitive(
@@ -106,7 +132,7 @@ void Style::drawPrimitive(
     case PE_FrameLineEdit:
         return;
     case PE_Frame:
-        if (isFieldArea(widget)) {
+        if (qobject_cast<const QAbstractItemView*>(widget)) {
             paintAreaFrame(*painter, *option, *widget, m_theme);
             return;
         }
@@ -123,8 +149,13 @@ void Style::drawPrimitive(
     case PE_IndicatorRadioButton:
         paintRadioButton(*painter, *option, m_theme);
         return;
-    case PE_FrameFocusRect:
-        return; // every control shows its focus in its own border
+    case PE_PanelMenu:
+    case PE_PanelTipLabel:
+        paintPopup(*painter, option->rect, m_theme);
+        return;
+    case PE_FrameMenu: // part of the panel
+    case PE_FrameFocusRect: // every control shows its focus in its own border
+        return;
     default:
         break;
     }
@@ -135,28 +166,34 @@ void Style::drawControl(
     ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
 {
     const Theme::DesktopColours ofBoxes(m_theme, isInMessageBox(widget));
-    if (element == CE_PushButtonBevel) {
-        const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
-        if (!button || !button->features.testFlag(QStyleOptionButton::Flat))
-            paintButton(*painter, *option, m_theme);
-        else
-            paintToolButton(*painter, *option, m_theme);
-        return;
-    }
-    QProxyStyle::drawControl(element, option, painter, widget);
+    const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    const auto* const entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element == CE_PushButtonBevel && button && button->features.testFlag(QStyleOptionButton::Flat))
+        paintToolButton(*painter, *option, m_theme);
+    else if (element == CE_PushButtonBevel)
+        paintButton(*painter, *option, m_theme);
+    else if (element == CE_MenuItem && entry)
+        paintMenuEntry(*painter, *entry, m_theme);
+    else if ((element == CE_MenuBarItem || element == CE_MenuBarEmptyArea) && entry)
+        paintMenuBar(*painter, *entry, m_theme);
+    else
+        QProxyStyle::drawControl(element, option, painter, widget);
 }
 
 void Style::drawComplexControl(
     ComplexControl control, const QStyleOptionComplex* option, QPainter* painter, const QWidget* widget) const
 {
     const Theme::DesktopColours ofBoxes(m_theme, isInMessageBox(widget));
-    const auto* const combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
-    if (control == CC_ComboBox && combo) {
-        const QRect arrow = proxy()->subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget);
-        paintComboBox(*painter, *combo, arrow, m_theme);
-        return;
-    }
-    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const auto rectOf = [&](SubControl part) { return subControlRect(control, option, part, widget); };
+    if (const auto* const combo = qstyleoption_cast<const QStyleOptionComboBox*>(option))
+        paintComboBox(*painter, *combo, rectOf(SC_ComboBoxArrow), m_theme);
+    else if (const auto* const box = qstyleoption_cast<const QStyleOptionGroupBox*>(option))
+        paintGroupBox(*painter, *box, rectOf(SC_GroupBoxFrame), rectOf(SC_GroupBoxLabel), m_theme);
+    else if (const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+             control == CC_ScrollBar && bar)
+        paintScrollBar(*painter, *bar, rectOf(SC_ScrollBarSlider), m_theme);
+    else
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
 QRect Style::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const
@@ -173,6 +210,10 @@ QRect Style::subElementRect(SubElement element, const QStyleOption* option, cons
 QRect Style::subControlRect(
     ComplexControl control, const QStyleOptionComplex* option, SubControl part, const QWidget* widget) const
 {
+    if (const auto* const box = qstyleoption_cast<const QStyleOptionGroupBox*>(option))
+        return partOfGroupBox(*box, part);
+    if (const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option); control == CC_ScrollBar && bar)
+        return partOfScrollBar(*baseStyle(), *bar, part);
     if (control != CC_ComboBox)
         return QProxyStyle::subControlRect(control, option, part, widget);
     const QRect field = option->rect;
@@ -197,6 +238,14 @@ QSize Style::sizeFromContents(
         return {size.width() + fieldPadding + arrowExtent + 2 * arrowPadding, std::max(fieldHeight, lineHeight)};
     case CT_PushButton:
         return {std::max(size.width() + 2 * buttonPadding, leastButtonWidth), std::max(buttonHeight, lineHeight)};
+    case CT_MenuItem: {
+        const auto* const entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        const bool isSeparator = entry && entry->menuItemType == QStyleOptionMenuItem::Separator;
+        const int beforeKeys = entry && entry->text.contains(u'\t') ? spaceBeforeKeys : 0;
+        return isSeparator ? QSize(2 * menuInset, 9) : size + aroundMenuEntry + QSize(beforeKeys, 0);
+    }
+    case CT_MenuBarItem:
+        return size + aroundMenuBarEntry;
     default:
         return QProxyStyle::sizeFromContents(type, option, size, widget);
     }
@@ -219,8 +268,16 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
         return buttonIconExtent;
     case PM_ScrollBarExtent:
         return scrollBarExtent;
+    case PM_ScrollBarSliderMin:
+        return leastHandle;
+    case PM_MenuPanelWidth:
+        return 1;
+    case PM_MenuVMargin:
+        return menuPadding;
+    case PM_ToolTipLabelFrameWidth:
+        return toolTipPadding;
     case PM_DefaultFrameWidth:
-        if (isFieldArea(widget))
+        if (qobject_cast<const QAbstractItemView*>(widget))
             return static_cast<int>(focusWidth);
         break;
     case PM_ButtonShiftHorizontal:
@@ -243,6 +300,8 @@ int Style::styleHint(
     case SH_EtchDisabledText:
     case SH_UnderlineShortcut:
         return 0;
+    case SH_GroupBox_TextLabelColor:
+        return static_cast<int>(m_theme.colour(ColourRole::PageMuted).rgb());
     default:
         return QProxyStyle::styleHint(hint, option, widget, returned);
     }

@@ -6,7 +6,8 @@ namespace lorvan {
 
 class Theme;
 
-/// The Fusion style with our own fields, buttons, indicators, focus rings and message icons.
+/// The Fusion style with our own fields, buttons, indicators, scroll bars, frames with a title, menus, tooltips, focus
+/// rings and message icons. The only place that decides how a toolkit's control is painted.
 class Style : public QProxyStyle {
     Q_OBJECT
 

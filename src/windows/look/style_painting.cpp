@@ -112,6 +112,74 @@ void paintComboBox(QPainter& painter, const QStyleOptionComboBox& option, const 
     paintIcon(painter, arrow, QStringLiteral("down"), colour);
 }
 
+void paintScrollBar(QPainter& painter, const QStyleOptionSlider& option, const QRect& slider, const Theme& theme)
+{
+    const bool hovered =
+        option.state.testFlag(QStyle::State_MouseOver) && option.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider);
+    const QColor colour = theme.colour(hovered ? ColourRole::Muted : ColourRole::Edge);
+    const int across = 3;
+    const int along = 2;
+    const bool isLevel = option.orientation == Qt::Horizontal;
+    const QMargins around = isLevel ? QMargins(along, across, along, across) : QMargins(across, along, across, along);
+    paintPanel(painter, slider.marginsRemoved(around), colour, Qt::transparent, 0, across);
+}
+
+void paintGroupBox(
+    QPainter& painter, const QStyleOptionGroupBox& option, const QRect& frame, const QRect& title, const Theme& theme)
+{
+    painter.save();
+    if (!option.text.isEmpty())
+        painter.setClipRegion(QRegion(option.rect) - title.adjusted(-titleInset, 0, titleInset, 0));
+    paintPanel(painter, frame, Qt::transparent, theme.colour(ColourRole::PageLine), 1);
+    painter.restore();
+    painter.setPen(option.textColor);
+    painter.drawText(title, Qt::AlignCenter | Qt::TextHideMnemonic, option.text);
+}
+
+void paintPopup(QPainter& painter, const QRect& rect, const Theme& theme)
+{
+    painter.fillRect(rect, theme.colour(ColourRole::Edge));
+    painter.fillRect(rect.adjusted(1, 1, -1, -1), theme.colour(ColourRole::Base));
+}
+
+void paintMenuBar(QPainter& painter, const QStyleOptionMenuItem& option, const Theme& theme)
+{
+    const QRect bar = option.rect;
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    painter.fillRect(bar, theme.colour(selected ? ColourRole::ButtonHover : ColourRole::Band));
+    if (!selected)
+        painter.fillRect(bar.left(), bar.bottom(), bar.width(), 1, theme.colour(ColourRole::PageLine));
+    painter.setPen(theme.colour(selected ? ColourRole::Text : ColourRole::PageText));
+    painter.drawText(bar, Qt::AlignCenter | Qt::TextHideMnemonic, option.text);
+}
+
+void paintMenuEntry(QPainter& painter, const QStyleOptionMenuItem& option, const Theme& theme)
+{
+    const QRect row = option.rect;
+    if (option.menuItemType == QStyleOptionMenuItem::Separator) {
+        painter.fillRect(row.left(), row.center().y(), row.width(), 1, theme.colour(ColourRole::Line));
+        return;
+    }
+    const bool selected = option.state.testFlag(QStyle::State_Selected) && !isOff(option);
+    if (selected)
+        painter.fillRect(row, theme.colour(ColourRole::Highlight));
+    const ColourRole usual = isOff(option) ? ColourRole::OffText : ColourRole::Text;
+    const QColor colour = theme.colour(selected ? ColourRole::HighlightText : usual);
+    const QRect text = row.adjusted(menuInset, 0, -menuInset, 0);
+    const int side = 16;
+    QRect mark(0, 0, side, side);
+    mark.moveCenter({row.left() + menuInset / 2, row.center().y()});
+    option.icon.paint(&painter, mark, Qt::AlignCenter, isOff(option) ? QIcon::Disabled : QIcon::Normal);
+    if (option.checked)
+        paintIcon(painter, mark, QStringLiteral("tick"), colour);
+    if (option.menuItemType == QStyleOptionMenuItem::SubMenu)
+        paintIcon(painter, mark.translated(row.width() - menuInset, 0), QStringLiteral("next"), colour);
+    painter.setPen(colour);
+    painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextHideMnemonic, option.text.section(u'\t', 0, 0));
+    painter.drawText(text.adjusted(text.width() - option.reservedShortcutWidth, 0, 0, 0),
+        Qt::AlignVCenter | Qt::AlignLeft, option.text.section(u'\t', 1));
+}
+
 void paintPanel(
     QPainter& painter, const QRectF& rect, const QColor& ground, const QColor& border, qreal width, qreal radius)
 {

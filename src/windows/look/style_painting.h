@@ -8,6 +8,9 @@
 class QPainter;
 class QStyleOption;
 class QStyleOptionComboBox;
+class QStyleOptionGroupBox;
+class QStyleOptionMenuItem;
+class QStyleOptionSlider;
 class QWidget;
 
 namespace lorvan {
@@ -31,6 +34,23 @@ void paintAreaFrame(QPainter& painter, const QStyleOption& option, const QWidget
 /// `arrow` is the rectangle of the arrow.
 void paintComboBox(QPainter& painter, const QStyleOptionComboBox& option, const QRect& arrow, const Theme& theme);
 
+/// Only the handle, which lies inside `slider`; a scroll bar has no background and no buttons.
+void paintScrollBar(QPainter& painter, const QStyleOptionSlider& option, const QRect& slider, const Theme& theme);
+
+/// A frame with its title in a gap of the upper edge.
+void paintGroupBox(
+    QPainter& painter, const QStyleOptionGroupBox& option, const QRect& frame, const QRect& title, const Theme& theme);
+
+/// The background of a menu or a tooltip.
+void paintPopup(QPainter& painter, const QRect& rect, const Theme& theme);
+
+/// An entry of the menu bar, or the bar beside them.
+void paintMenuBar(QPainter& painter, const QStyleOptionMenuItem& option, const Theme& theme);
+
+inline constexpr int menuInset = 28; ///< On both sides of an entry's text; a mark or an icon is on the left.
+void paintMenuEntry(QPainter& painter, const QStyleOptionMenuItem& option, const Theme& theme);
+
+inline constexpr int titleInset = 6; ///< On both sides of a frame's title.
 inline constexpr qreal cornerRadius = 4;
 inline constexpr qreal focusWidth = 2;
 

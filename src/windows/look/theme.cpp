@@ -3,13 +3,13 @@
 #include "look/colours.h"
 #include "look/greek_texts.h"
 #include "look/style.h"
-#include "look/style_sheet.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QFontMetricsF>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QToolTip>
 
 /// The icons are in a static library, whose resources the linker leaves out unless they are requested by name; this can
 /// only be done outside a namespace.
@@ -185,7 +185,7 @@ void Theme::apply()
     m_dark = m_system.color(QPalette::Window).lightness() < darkBelow;
     m_applied = palette();
     QApplication::setPalette(m_applied);
-    qApp->setStyleSheet(styleSheet(*this));
+    QToolTip::setPalette(m_applied);
     Q_EMIT changed();
 }
 

@@ -57,7 +57,7 @@ class Theme : public QObject {
     Q_OBJECT
 
 public:
-    /// Sets style, palette, style sheet and the Greek texts of the toolkit's own dialogs. To be called once, before the
+    /// Sets style, palette and the Greek texts of the toolkit's own dialogs. To be called once, before the
     /// first window is made; a second call returns the same theme.
     static Theme& install(QApplication& application);
 
@@ -101,7 +101,7 @@ public:
     void noteSystemPalette(const QPalette& system);
 
 Q_SIGNALS:
-    /// Colours or fonts have changed; palettes and style sheet are already up to date.
+    /// Colours or fonts have changed; palettes are already up to date.
     void changed();
 
 protected:

@@ -1,8 +1,11 @@
 #include "printing/group_frame.h"
 
+#include "look/theme.h"
+
 #include <QMouseEvent>
 #include <QStyle>
 #include <QStyleOptionGroupBox>
+#include <QStylePainter>
 
 namespace lorvan {
 namespace {
@@ -19,12 +22,6 @@ QString literally(QString title)
 
 } // namespace
 
-GroupFrame::GroupFrame(QWidget* parent)
-    : QGroupBox(parent)
-{
-    setProperty("strong", true);
-}
-
 void GroupFrame::setGroupTitle(const QString& title)
 {
     m_title = title;
@@ -35,13 +32,31 @@ void GroupFrame::setGroupTitle(const QString& title)
 void GroupFrame::initStyleOption(QStyleOptionGroupBox* option) const
 {
     QGroupBox::initStyleOption(option);
-    option->text = literally(fontMetrics().elidedText(m_title, Qt::ElideRight, width() - titleSides));
+    option->fontMetrics = QFontMetrics(titleFont());
+    option->textColor = Theme::instance().colour(ColourRole::PageText);
+    option->text = literally(option->fontMetrics.elidedText(m_title, Qt::ElideRight, width() - titleSides));
+}
+
+QFont GroupFrame::titleFont() const
+{
+    QFont strong = font(); // not its own font, which its fields would inherit
+    strong.setWeight(QFont::DemiBold);
+    return strong;
+}
+
+void GroupFrame::paintEvent(QPaintEvent*)
+{
+    QStyleOptionGroupBox option;
+    initStyleOption(&option);
+    QStylePainter painter(this);
+    painter.setFont(titleFont());
+    painter.drawComplexControl(QStyle::CC_GroupBox, option);
 }
 
 QRect GroupFrame::titleStrip() const
 {
     QStyleOptionGroupBox option;
-    QGroupBox::initStyleOption(&option);
+    initStyleOption(&option);
     option.text = QStringLiteral("Α"); // an empty title would have no place
     const QRect label = style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, this);
     return {titleInset, label.top() - aroundTitle, width() - 2 * titleInset, label.height() + 2 * aroundTitle};

@@ -9,7 +9,10 @@ class GroupFrame : public QGroupBox {
     Q_OBJECT
 
 public:
-    explicit GroupFrame(QWidget* parent = nullptr);
+    explicit GroupFrame(QWidget* parent = nullptr)
+        : QGroupBox(parent)
+    {
+    }
 
     void setGroupTitle(const QString& title);
     [[nodiscard]] const QString& groupTitle() const { return m_title; }
@@ -25,8 +28,11 @@ Q_SIGNALS:
 protected:
     void initStyleOption(QStyleOptionGroupBox* option) const override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
+    [[nodiscard]] QFont titleFont() const;
+
     QString m_title;
 };
 
