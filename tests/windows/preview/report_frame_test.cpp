@@ -232,8 +232,7 @@ TEST_F(ReportFrame, sizeChangesByKeysWheelAndFit)
     EXPECT_EQ(view().currentPage(), 2);
     const QString before = zoom();
     frame->resize(frame->size() + QSize(120, 0));
-    QApplication::processEvents();
-    EXPECT_NE(zoom(), before);
+    EXPECT_TRUE(comesTrue([&] { return zoom() != before; }));
     EXPECT_EQ(view().horizontalScrollBar()->maximum(), 0);
 }
 
