@@ -13,7 +13,8 @@ namespace lorvan::bench {
 /// Reports over the whole book and over a month.
 [[nodiscard]] std::vector<Comparison> reportBenchmarks(const BookFiles& files);
 
-/// The check of a book's content, the engine's integrity check of its files not included.
+/// The check of a book's content, the engine's integrity check of its files not included, and the proof of its
+/// balances.
 [[nodiscard]] std::vector<Comparison> checkBenchmarks(const BookFiles& files);
 
 /// Makes a book of a million movements, half of them of the one code that is moved; one that is there is used as it is.

@@ -1,6 +1,7 @@
 #include "benchmarks.h"
 
 #include "bare_sql.h"
+#include "cashbook/balance_proof.h"
 #include "cashbook/book_check.h"
 #include "platform/engine/connection.h"
 
@@ -10,11 +11,13 @@ namespace lorvan::bench {
 namespace {
 
 constexpr double checkTarget = 3;
+constexpr double proofTarget = 1.3;
 constexpr int samples = 5;
 
 /// The columns that the check needs, of both tables, in the order in which they are stored.
 constexpr auto movements = "SELECT aa, kvdikos, hmeromhnia, esoda, ejoda, aa_omada, epitagh, L_tajeos"
                            " FROM kinhseis NOT INDEXED";
+constexpr auto amounts = "SELECT rowid, hmeromhnia, esoda, ejoda FROM kinhseis NOT INDEXED";
 constexpr auto cashDays = "SELECT aa, hmeromhnia, esoda, ejoda, ypoloipo FROM tameio NOT INDEXED";
 
 struct CheckBench {
@@ -23,6 +26,7 @@ struct CheckBench {
         , bare(files.mainDatabase(), keys.keyFor(files.mainDatabase()).engineText())
         , book(Connection::open(files.mainDatabase(), keys.keyFor(files.mainDatabase()), Connection::Access::ReadWrite))
         , readMovements(bare, movements)
+        , readAmounts(bare, amounts)
         , readDays(bare, cashDays)
     {
         const QString auxiliary = files.auxiliaryDatabase();
@@ -33,6 +37,7 @@ struct CheckBench {
     BareConnection bare;
     Connection book;
     BareStatement readMovements;
+    BareStatement readAmounts;
     BareStatement readDays;
 };
 
@@ -41,11 +46,17 @@ struct CheckBench {
 std::vector<Comparison> checkBenchmarks(const BookFiles& files)
 {
     const auto bench = std::make_shared<CheckBench>(files);
-    return {{QStringLiteral("check, whole book"), {[bench] {
-                 bench->readMovements.run();
-                 bench->readDays.run();
-             }},
-        {[bench] { (void)checkContent(bench->book, [](std::int64_t, std::int64_t) {}); }}, checkTarget, samples}};
+    return {
+        {QStringLiteral("check, whole book"), {[bench] {
+             bench->readMovements.run();
+             bench->readDays.run();
+         }},
+            {[bench] { (void)checkContent(bench->book, [](std::int64_t, std::int64_t) {}); }}, checkTarget, samples},
+        {QStringLiteral("balances proved, whole book"), {[bench] {
+             bench->readAmounts.run();
+             bench->readDays.run();
+         }},
+            {[bench] { (void)proveBalances(bench->book); }}, proofTarget, samples}};
 }
 
 } // namespace lorvan::bench

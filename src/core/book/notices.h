@@ -20,9 +20,18 @@ struct Notice {
     bool leadsOn = false; ///< A click on the line shows more.
 };
 
-/// What may have to be said at the same time, most urgent first: what forbids changes, then what endangers them, then
-/// the answer to what the user has just done, then what can wait.
-enum class NoticeKind { HeldByAnother, LocksKeepNobodyOut, DiskIsWeak, BackupFailed, DayClosed, OpenDays };
+/// What may have to be said at the same time, most urgent first: what is wrong in the book, what forbids changes, what
+/// endangers them, then the answer to what the user has just done, then what can wait.
+enum class NoticeKind {
+    BalancesWrong,
+    DayCorrected,
+    HeldByAnother,
+    LocksKeepNobodyOut,
+    DiskIsWeak,
+    BackupFailed,
+    DayClosed,
+    OpenDays
+};
 
 /// All current notices, and which of them is shown.
 class NoticeBoard {

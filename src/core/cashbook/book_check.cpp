@@ -1,6 +1,7 @@
 #include "cashbook/book_check.h"
 
 #include "book/schema_guard.h"
+#include "cashbook/cash_day_findings.h"
 #include "cashbook/record_audit.h"
 #include "cashbook/trail_audit.h"
 #include "platform/date_text.h"
@@ -21,73 +22,6 @@
 namespace lorvan {
 namespace {
 
-bool isAmount(const Statement& row, int column)
-{
-    const auto type = row.storedType(column);
-    return type == Statement::StoredType::Integer || type == Statement::StoredType::Null;
-}
-
-/// The rows whose date is an integer, and a finding for each row without a date.
-std::vector<CashDayRow> readCashDays(Connection& book, BookFindings& findings)
-{
-    std::vector<CashDayRow> days;
-    auto rows = book.prepare("SELECT aa, hmeromhnia, esoda, ejoda, ypoloipo FROM tameio NOT INDEXED");
-    while (rows.step()) {
-        const bool isNumber = rows.storedType(1) == Statement::StoredType::Integer;
-        const bool sumsAreAmounts = isAmount(rows, 2) && isAmount(rows, 3);
-        const bool balanceIsAmount = isAmount(rows, 4);
-        const CashDayRow day{rows.integer(0), rows.integer(1), {rows.currency(2), rows.currency(3), rows.currency(4)},
-            sumsAreAmounts, balanceIsAmount};
-        if (isNumber)
-            days.push_back(day);
-        if (isNumber && dateFromStored(day.day).isValid())
-            continue;
-        Finding finding{FindingKind::DayWithoutDate};
-        finding.key = day.key;
-        finding.day = day.day;
-        finding.stored = day.figures;
-        findings.add(std::move(finding));
-    }
-    return days;
-}
-
-void addDay(BookFindings& findings, const AuditedDay& day)
-{
-    const auto add = [&](FindingKind kind, std::int64_t key, bool isNoAmount = false) {
-        Finding finding{kind};
-        finding.key = key;
-        finding.day = day.day;
-        finding.rows = static_cast<std::int64_t>(day.repeatedKeys.size()) + 1;
-        finding.stored = day.row ? day.row->figures : CashDayFigures{};
-        finding.isNoAmount = isNoAmount;
-        finding.expected = day.expected;
-        findings.add(std::move(finding));
-    };
-    if (!day.row) {
-        add(FindingKind::MissingDay, 0);
-        return;
-    }
-    if (!day.repeatedKeys.empty())
-        add(FindingKind::RepeatedDay, day.row->key);
-    if (day.sumsWrong)
-        add(FindingKind::DaySums, day.row->key, !day.row->sumsAreAmounts);
-    if (day.balanceWrong)
-        add(FindingKind::DayBalance, day.row->key, !day.row->balanceIsAmount);
-}
-
-void addOpening(BookFindings& findings, const CashDayAudit& days)
-{
-    Currency sum;
-    for (const auto& [day, difference] : days.differences) {
-        if (difference.isZero())
-            continue;
-        Finding finding{days.differencesAreKept ? FindingKind::OpeningBalance : FindingKind::OpeningNotKept};
-        finding.day = day;
-        finding.expected.closingBalance = sum += difference;
-        findings.add(std::move(finding));
-    }
-}
-
 BookFindings findingsOf(const CashAudit& audit)
 {
     BookFindings findings = audit.movements.findings;
@@ -96,9 +30,7 @@ BookFindings findingsOf(const CashAudit& audit)
         findings.add({FindingKind::SumTooLarge});
         return findings;
     }
-    for (const AuditedDay& day : audit.days->days)
-        addDay(findings, day);
-    addOpening(findings, *audit.days);
+    findings.merge(findingsOf(*audit.days));
     return findings;
 }
 
@@ -244,6 +176,11 @@ BookFindings checkFiles(Connection& book, const CheckProgress& progress)
     checkFile(findings, book, QStringLiteral("main"), QStringLiteral("lorvan.mdb"));
     checkFile(findings, book, QStringLiteral("auxiliary"), QStringLiteral("mapcodes.mdb"));
     return findings;
+}
+
+bool isReadable(const BookFindings& files)
+{
+    return files.count(FindingKind::FileDamaged) == 0 && files.count(FindingKind::SchemaUnreadable) == 0;
 }
 
 BookCheck checkContent(Connection& book, const CheckProgress& progress)

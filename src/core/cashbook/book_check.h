@@ -34,6 +34,9 @@ struct BookCheck {
 /// cannot be read.
 [[nodiscard]] BookFindings checkFiles(Connection& book, const CheckProgress& progress);
 
+/// Whether the content can be checked after that.
+[[nodiscard]] bool isReadable(const BookFindings& files);
+
 /// Checks everything in a book that can be compared with something else, and adds up its totals, in one read
 /// transaction: both files as they were at one moment, whoever else is writing. `book` has the auxiliary database
 /// attached as `auxiliary`. Throws SqlError if the book cannot be read.

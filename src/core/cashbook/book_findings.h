@@ -81,7 +81,7 @@ struct Finding {
 /// All findings: for each kind the first ones, and the total count.
 class BookFindings {
 public:
-    static constexpr std::size_t listed = 20;
+    static constexpr std::size_t listed = 1'000;
 
     struct List {
         std::vector<Finding> first;

@@ -58,20 +58,18 @@ DayView CashBook::showDay(QDate day, DayRow row)
         isRight = row == DayRow::LeaveAlone || view.movements.empty() || main.isReadOnly()
             || cashDayHolds(main, day, view.figures);
     });
-    if (isRight)
-        return view;
-    Transaction writing(main, m_authority);
-    view = readDay(main, day);
-    if (!view.movements.empty())
-        correct(main, view);
-    writing.commit();
+    if (!isRight)
+        correct(view);
     return view;
 }
 
-void CashBook::bringInLine(const DayView& shown)
+std::optional<DayCorrection> CashBook::bringInLine(const DayView& shown)
 {
-    if (!shown.movements.empty() && !cashDayHolds(m_book.main(), shown.day, shown.figures))
-        (void)showDay(shown.day, DayRow::Write);
+    Connection& main = m_book.main();
+    if (shown.movements.empty() || main.isReadOnly() || cashDayHolds(main, shown.day, shown.figures))
+        return std::nullopt;
+    DayView view = shown;
+    return correct(view);
 }
 
 bool CashBook::isDayClosed(QDate day)
@@ -119,14 +117,19 @@ void CashBook::record(Connection& main, JournalAction action, const std::optiona
             stateOf(after)});
 }
 
-/// Inside the caller's transaction.
-void CashBook::correct(Connection& main, const DayView& view) const
+std::optional<DayCorrection> CashBook::correct(DayView& view)
 {
+    Connection& main = m_book.main();
+    Transaction writing(main, m_authority);
+    view = readDay(main, view.day);
     const auto former = storedCashDay(main, view.day);
-    if (writeCashDay(main, view.day, view.figures))
-        recordChange(main, m_authority,
-            {JournalAction::Correct, journal_subject::day(view.day), view.day, {},
-                former ? journalState(*former) : QJsonObject(), journalState(view.figures)});
+    if (view.movements.empty() || !writeCashDay(main, view.day, view.figures))
+        return std::nullopt;
+    recordChange(main, m_authority,
+        {JournalAction::Correct, journal_subject::day(view.day), view.day, {},
+            former ? journalState(*former) : QJsonObject(), journalState(view.figures)});
+    writing.commit();
+    return DayCorrection{view.day, former, view.figures};
 }
 
 bool CashBook::close(QDate day)

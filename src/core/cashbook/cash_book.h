@@ -25,6 +25,13 @@ using ChangeOutcome = std::variant<ChangedDay, MovementRefusal>;
 
 enum class DayRow { Write, LeaveAlone };
 
+/// A cash day whose row did not match its movements.
+struct DayCorrection {
+    QDate day;
+    std::optional<CashDayFigures> former; ///< No value if the row was missing.
+    CashDayFigures corrected;
+};
+
 /// The rules for adding, changing and deleting movements.
 ///
 /// A change is one transaction: the movement's row, the recalculated row of its day, the shift of the balances of all
@@ -39,8 +46,8 @@ public:
     [[nodiscard]] DayView showDay(QDate day, DayRow row);
 
     /// For a day that was read with DayRow::LeaveAlone and shown: does what DayRow::Write does, with a single look-up
-    /// if the row is already correct.
-    void bringInLine(const DayView& shown);
+    /// if the row is already correct. Returns what was corrected.
+    std::optional<DayCorrection> bringInLine(const DayView& shown);
 
     [[nodiscard]] bool isDayClosed(QDate day);
 
@@ -71,7 +78,8 @@ public:
 private:
     void record(Connection& main, JournalAction action, const std::optional<Movement>& before,
         const std::optional<Movement>& after) const;
-    void correct(Connection& main, const DayView& view) const;
+    /// Reads the day again and corrects its row, in one transaction.
+    std::optional<DayCorrection> correct(DayView& view);
     /// The draft's code, if the draft may be stored.
     [[nodiscard]] std::variant<MovementCode, MovementRefusal> validateActive(const MovementDraft& draft);
     using Change = std::function<ChangeOutcome(Connection& main)>;

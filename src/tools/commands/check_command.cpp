@@ -23,11 +23,6 @@ template <typename Work> auto withProgress(const ToolContext& context, const QSt
     return work([&bar](std::int64_t done, std::int64_t whole) { bar.show(done, whole); });
 }
 
-bool isReadable(const BookFindings& findings)
-{
-    return findings.count(FindingKind::FileDamaged) == 0 && findings.count(FindingKind::SchemaUnreadable) == 0;
-}
-
 /// The engine's check of the files and, only if that finds nothing, the check of their content.
 BookCheck examine(OpenedBook& book, const ToolContext& context)
 {

@@ -18,7 +18,10 @@ TEST(NoticeBoard, theMostUrgentIsShownAndTheOthersAreCounted)
     board.put(LocksKeepNobodyOut, saying("locks"));
     board.put(DiskIsWeak, saying("disk"));
     board.put(HeldByAnother, saying("held"));
-    const std::pair<NoticeKind, const char*> inOrder[] = {{HeldByAnother, "held  (και 5 ακόμη)"},
+    board.put(DayCorrected, saying("corrected"));
+    board.put(BalancesWrong, saying("wrong"));
+    const std::pair<NoticeKind, const char*> inOrder[] = {{BalancesWrong, "wrong  (και 7 ακόμη)"},
+        {DayCorrected, "corrected  (και 6 ακόμη)"}, {HeldByAnother, "held  (και 5 ακόμη)"},
         {LocksKeepNobodyOut, "locks  (και 4 ακόμη)"}, {DiskIsWeak, "disk  (και 3 ακόμη)"},
         {BackupFailed, "backup  (και 2 ακόμη)"}, {DayClosed, "closed  (και 1 ακόμη)"}, {OpenDays, "open"}};
     for (const auto& [kind, text] : inOrder) {
