@@ -15,63 +15,68 @@ namespace {
 using Form = JournalForm;
 using Columns = std::vector<JournalColumn>;
 
-constexpr bool slight = true;
+constexpr auto withName = JournalColumn::Told::WithName;
+constexpr auto alone = JournalColumn::Told::Alone;
+constexpr auto never = JournalColumn::Told::Never;
+constexpr bool ofChange = true;
 
 const Columns& movementColumns()
 {
-    static const Columns columns{{"hmeromhnia", "Ημερομηνία", Form::Day}, {"kvdikos", "Κωδικός", Form::Number},
-        {"perigrafh", "Περιγραφή"}, {"esoda", "Έσοδα", Form::Amount}, {"ejoda", "Έξοδα", Form::Amount},
-        {"epitagh", "Επιταγή", Form::YesNo}, {"L_tajeos", "Λογαριασμός τάξεως", Form::Amount},
-        {"aa", "Αριθμός κίνησης", Form::Number, slight}};
+    static const Columns columns{{"hmeromhnia", "Ημερομηνία", Form::Day, alone}, {"kvdikos", "Κωδικός", Form::Number},
+        {"perigrafh", "Περιγραφή", Form::Text, alone}, {"esoda", "Έσοδα", Form::Amount},
+        {"ejoda", "Έξοδα", Form::Amount}, {"epitagh", "Επιταγή", Form::YesNo},
+        {"L_tajeos", "Λογαριασμός τάξεως", Form::Amount}, {"aa", "Αριθμός κίνησης", Form::Number, never}};
     return columns;
 }
 
 const Columns& dayColumns()
 {
-    static const Columns columns{{"hmeraklhsimatos", "Ημέρα που έκλεισε", Form::Day}, {"esoda", "Έσοδα", Form::Amount},
-        {"ejoda", "Έξοδα", Form::Amount}, {"ypoloipo", "Υπόλοιπο", Form::Amount},
-        {"aa", "Αριθμός κλεισίματος", Form::Number, slight}};
+    static const Columns columns{{"hmeraklhsimatos", "Ημέρα που έκλεισε", Form::Day, never},
+        {"esoda", "Έσοδα", Form::Amount}, {"ejoda", "Έξοδα", Form::Amount}, {"ypoloipo", "Υπόλοιπο", Form::Amount},
+        {"aa", "Αριθμός κλεισίματος", Form::Number, never}};
     return columns;
 }
 
 const Columns& codeColumns()
 {
-    static const Columns columns{{"kvdikos", "Κωδικός", Form::Number}, {"perigrafh", "Περιγραφή"}, {"omada", "Ομάδα"},
-        {"esodo", "Είναι έσοδο", Form::YesNo}, {"energos", "Ενεργός", Form::YesNo},
-        {"moved", "Κινήσεις που άλλαξαν ομάδα", Form::Number},
-        {"aa_omada", "Αριθμός ομάδας που είχαν", Form::Number, slight},
-        {"aa_omadas", "Αριθμός ομάδας", Form::Number, slight}, {"aa", "Αριθμός εγγραφής", Form::Number, slight},
-        {"digest", "Αποτύπωμα", Form::Text, slight}};
+    static const Columns columns{{"kvdikos", "Κωδικός", Form::Number}, {"perigrafh", "Περιγραφή", Form::Text, alone},
+        {"omada", "Ομάδα"}, {"esodo", "Είναι έσοδο", Form::YesNo}, {"energos", "Ενεργός", Form::YesNo},
+        {"moved", "Κινήσεις που άλλαξαν ομάδα", Form::Number, withName, ofChange},
+        {"aa_omada", "Αριθμός ομάδας που είχαν", Form::Number, never, ofChange},
+        {"aa_omadas", "Αριθμός ομάδας", Form::Number, never}, {"aa", "Αριθμός εγγραφής", Form::Number, never},
+        {"digest", "Αποτύπωμα", Form::Text, never, ofChange}};
     return columns;
 }
 
 const Columns& groupColumns()
 {
-    static const Columns columns{{"perigrafh", "Ονομασία ομάδας"}, {"aa", "Αριθμός ομάδας", Form::Number, slight}};
+    static const Columns columns{
+        {"perigrafh", "Ονομασία ομάδας", Form::Text, alone}, {"aa", "Αριθμός ομάδας", Form::Number, never}};
     return columns;
 }
 
 const Columns& userColumns()
 {
-    static const Columns columns{{"uname", "Όνομα χρήστη"}, {"r_eggrafes", "Αλλάζει κλεισμένες ημέρες", Form::YesNo},
-        {"r_klhsimo", "Κλείνει το ταμείο", Form::YesNo}, {"r_kvdikoi", "Αλλάζει ομάδες και κωδικούς", Form::YesNo},
+    static const Columns columns{{"uname", "Όνομα χρήστη", Form::Text, alone},
+        {"r_eggrafes", "Αλλάζει κλεισμένες ημέρες", Form::YesNo}, {"r_klhsimo", "Κλείνει το ταμείο", Form::YesNo},
+        {"r_kvdikoi", "Αλλάζει ομάδες και κωδικούς", Form::YesNo},
         {"newPassword", "Νέος κωδικός πρόσβασης", Form::YesNo}};
     return columns;
 }
 
 const Columns& bookColumns()
 {
-    static const Columns columns{{"file", "Αρχείο"}, {"added", "Γραμμές που προστέθηκαν", Form::Number},
-        {"from", "Από", Form::Day}, {"to", "Έως", Form::Day}, {"days", "Ημέρες που έκλεισαν", Form::Number},
-        {"kinhseis", "Κινήσεις", Form::Number}, {"tameio", "Ημέρες ταμείου", Form::Number},
-        {"kvdikoi", "Κωδικοί", Form::Number}, {"omades", "Ομάδες", Form::Number},
-        {"klhsimotameioy", "Κλεισμένες ημέρες", Form::Number}, {"codes", "Χρήστες", Form::Number},
-        {"mergedDays", "Ημέρες που έμειναν με μία γραμμή", Form::Number},
+    static const Columns columns{{"file", "Αρχείο", Form::Text, alone},
+        {"added", "Γραμμές που προστέθηκαν", Form::Number}, {"from", "Από", Form::Day}, {"to", "Έως", Form::Day},
+        {"days", "Ημέρες που έκλεισαν", Form::Number}, {"kinhseis", "Κινήσεις", Form::Number},
+        {"tameio", "Ημέρες ταμείου", Form::Number}, {"kvdikoi", "Κωδικοί", Form::Number},
+        {"omades", "Ομάδες", Form::Number}, {"klhsimotameioy", "Κλεισμένες ημέρες", Form::Number},
+        {"codes", "Χρήστες", Form::Number}, {"mergedDays", "Ημέρες που έμειναν με μία γραμμή", Form::Number},
         {"removedRows", "Γραμμές που αφαιρέθηκαν", Form::Number}, {"addedDays", "Ημέρες που προστέθηκαν", Form::Number},
         {"correctedDays", "Ημέρες με σύνολα ή υπόλοιπο που διορθώθηκαν", Form::Number},
         {"keptDifferences", "Υπόλοιπα ανοίγματος που καταχωρίστηκαν", Form::Number},
-        {"taytothta", "Εκδόσεις", Form::Number, slight}, {"aa", "Αριθμός τελευταίου κλεισίματος", Form::Number, slight},
-        {"digest", "Αποτύπωμα", Form::Text, slight}};
+        {"taytothta", "Εκδόσεις", Form::Number, never}, {"aa", "Αριθμός τελευταίου κλεισίματος", Form::Number, never},
+        {"digest", "Αποτύπωμα", Form::Text, never}};
     return columns;
 }
 

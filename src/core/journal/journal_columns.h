@@ -17,7 +17,9 @@ struct JournalColumn {
     QString name;
     QString label;
     JournalForm form = JournalForm::Text;
-    bool isSlight = false; ///< Says nothing to a user who reads a summary.
+    /// How its value stands in a summary.
+    enum class Told { WithName, Alone, Never } told = Told::WithName;
+    bool isOfChange = false; ///< About the change itself, not a value that the subject had or has.
 };
 
 /// The known columns of a subject's kind, in the order in which they are read; none for a subject of a newer version.

@@ -38,8 +38,12 @@ JournalLine lineOf(const QString& name, const JournalColumn& column, const State
     const QJsonValue before = states.before[name];
     const QJsonValue after = states.after[name];
     JournalLine line{column.label, journalValueText(before, column.form), journalValueText(after, column.form)};
-    line.differs = states.areBoth() && before != after;
-    if (column.isSlight || (!line.differs && saysNothing(after.isUndefined() ? before : after, column.form)))
+    line.isOfChange = column.isOfChange;
+    line.differs = states.areBoth() && before != after && !column.isOfChange;
+    if (column.told == JournalColumn::Told::Alone)
+        line.weight = JournalLine::Weight::Clear;
+    if (column.told == JournalColumn::Told::Never
+        || (!line.differs && saysNothing(after.isUndefined() ? before : after, column.form)))
         line.weight = JournalLine::Weight::Slight;
     return line;
 }

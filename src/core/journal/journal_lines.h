@@ -10,9 +10,11 @@ namespace lorvan {
 
 /// One value of what a row of the journal is about, in words for the user.
 struct JournalLine {
+    /// How it stands in a summary of the change.
     enum class Weight {
         Ordinary,
-        Slight ///< Says nothing by itself: a number of a row, an amount of zero, a digest.
+        Clear, ///< Its value needs no name: a date, a description.
+        Slight ///< Not at all: a number of a row, an amount of zero, a digest.
     };
 
     QString name; ///< "Έσοδα"; the column's own name if this version does not know it.
@@ -20,6 +22,7 @@ struct JournalLine {
     QString after;
     bool differs = false; ///< There was a state before and there is one after, and they are not the same in this.
     Weight weight = Weight::Ordinary;
+    bool isOfChange = false; ///< About the change itself, so that it never differs.
 };
 
 /// The states before and after a change side by side, in the order in which a user reads them, then what this version

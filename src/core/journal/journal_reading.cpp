@@ -67,13 +67,21 @@ void JournalReading::findRareKind(Connection& main)
         return;
     const auto [from, to] = journalSubjects(*filter.kind);
     std::vector<std::int64_t> rows;
+    bool isRare = false;
     readSteadily(main, [&] {
         rows.clear();
+        const Deadline deadline = std::chrono::steady_clock::now() + readingTime;
+        isRare = false;
         auto found = main.prepare("SELECT id FROM main.journal WHERE subject>=? AND subject<? LIMIT ?");
-        for (found.bind(from, to, fewRows + 1); found.step();)
-            rows.push_back(found.integer(0));
+        found.bind(from, to, fewRows + 1);
+        while (!isRare && !isOver(deadline)) {
+            if (found.step())
+                rows.push_back(found.integer(0));
+            else
+                isRare = true;
+        }
     });
-    if (std::int64_t(rows.size()) > fewRows)
+    if (!isRare || std::int64_t(rows.size()) > fewRows)
         return;
     std::sort(rows.begin(), rows.end(), std::greater<>());
     m_ofKind = std::move(rows);

@@ -111,7 +111,8 @@ QString differenceText(const JournalLine& line)
 
 QString valueText(const JournalLine& line)
 {
-    return line.name + u' ' + (line.after.isEmpty() ? line.before : line.after);
+    const QString& value = line.after.isEmpty() ? line.before : line.after;
+    return line.weight == JournalLine::Weight::Clear ? value : line.name + u' ' + value;
 }
 
 /// A code is known by its number, not by that of its row.
@@ -166,8 +167,8 @@ QString journalSummary(const JournalRow& row)
         std::any_of(lines.begin(), lines.end(), [](const JournalLine& line) { return line.differs; });
     QStringList parts;
     for (const JournalLine& line : lines) {
-        if (line.weight == JournalLine::Weight::Ordinary && line.differs == isDifference)
-            parts += isDifference ? differenceText(line) : valueText(line);
+        if (line.weight != JournalLine::Weight::Slight && (line.differs == isDifference || line.isOfChange))
+            parts += line.differs ? differenceText(line) : valueText(line);
     }
     const QString title = titleOf(row) + (isDifference ? keptDescription(lines) : QString());
     return parts.isEmpty() ? title : title + QStringLiteral(": ") + parts.join(QStringLiteral(", "));
