@@ -37,6 +37,19 @@ void BookModel::apply(const ModelChange& change)
     }
 }
 
+void BookModel::put(std::int64_t key, const std::optional<ModelMovement>& state)
+{
+    m_movements.erase(key);
+    if (state)
+        m_movements[key] = *state;
+}
+
+std::optional<ModelMovement> BookModel::find(std::int64_t key) const
+{
+    const auto found = m_movements.find(key);
+    return found == m_movements.end() ? std::nullopt : std::optional(found->second);
+}
+
 void BookModel::count(int day, std::int64_t cents)
 {
     m_differences.erase(m_differences.lower_bound(day), m_differences.end());

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,10 +37,15 @@ public:
     /// An inserted movement gets the key after the greatest ever given.
     void apply(const ModelChange& change);
 
+    /// Makes a movement what it was at some time before; without a state there is none with the key.
+    void put(std::int64_t key, const std::optional<ModelMovement>& state);
+
     /// So much was counted at the end of the day: earlier answers for it and for later days no longer count.
     void count(int day, std::int64_t cents);
 
     [[nodiscard]] std::vector<ModelMovement> movements() const;
+    [[nodiscard]] std::optional<ModelMovement> find(std::int64_t key) const;
+    [[nodiscard]] std::int64_t lastKey() const { return m_lastKey; }
     [[nodiscard]] CashDayLines cashDays() const;
     [[nodiscard]] std::int64_t balanceAtEndOf(int day) const; ///< In cents, also of a day without a row.
 

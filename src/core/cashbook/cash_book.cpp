@@ -12,9 +12,9 @@
 namespace lorvan {
 namespace {
 
-Currency effect(const MovementDraft& movement)
+Currency effect(const std::optional<Movement>& movement)
 {
-    return movement.income - movement.expense;
+    return movement ? movement->income - movement->expense : Currency();
 }
 
 /// Recalculates the row of a day from its movements and shifts the later days. Inside the caller's transaction.
@@ -26,12 +26,32 @@ DayView settleDay(Connection& main, QDate day, Currency difference)
     return view;
 }
 
-Movement withKey(const MovementDraft& draft, qint64 key)
+/// What the row will hold.
+Movement storedForm(const MovementDraft& draft)
 {
     Movement movement;
     static_cast<MovementDraft&>(movement) = draft;
-    movement.key = key;
+    movement.description = draft.description.trimmed();
     return movement;
+}
+
+/// Writes the row alone, and gives a new movement its key.
+void writeRow(Connection& main, MovementChange& change, qint32 group)
+{
+    auto& [before, after] = change;
+    if (!after)
+        removeMovement(main, before.value().key);
+    else if (before)
+        overwriteMovement(main, after->key, *after, group);
+    else
+        after->key = addMovement(main, *after, group, after->key == 0 ? std::nullopt : std::optional(after->key));
+}
+
+/// An inactive code will do: the movement had it.
+std::optional<MovementCode> codeOfReturned(Connection& main, qint32 code)
+{
+    const auto active = findCode(main, code, CodeSelection::Active);
+    return active ? active : findCode(main, code, CodeSelection::All);
 }
 
 QJsonObject stateOf(const std::optional<Movement>& movement)
@@ -108,13 +128,17 @@ std::optional<Movement> CashBook::find(qint64 key)
     return findMovement(m_book.main(), key);
 }
 
-void CashBook::record(Connection& main, JournalAction action, const std::optional<Movement>& before,
-    const std::optional<Movement>& after) const
+/// Inside the caller's transaction, everything having been checked.
+ChangedDay CashBook::store(
+    Connection& main, JournalAction action, MovementChange change, qint32 group, bool isClosed) const
 {
-    const Movement& movement = (after ? after : before).value();
+    writeRow(main, change, group);
+    const Movement& movement = change.movement();
+    DayView view = settleDay(main, movement.day, effect(change.after) - effect(change.before));
     recordChange(main, m_authority,
-        {action, journal_subject::movement(movement.key), movement.day, movement.code, stateOf(before),
-            stateOf(after)});
+        {action, journal_subject::movement(movement.key), movement.day, movement.code, stateOf(change.before),
+            stateOf(change.after)});
+    return {std::move(view), isClosed, std::move(change)};
 }
 
 std::optional<DayCorrection> CashBook::correct(DayView& view)
@@ -202,10 +226,8 @@ ChangeOutcome CashBook::insert(const MovementDraft& draft)
         const auto code = validateActive(draft);
         if (const auto* const refusal = std::get_if<MovementRefusal>(&code))
             return *refusal;
-        const qint64 key = addMovement(main, draft, std::get<MovementCode>(code).group);
-        DayView view = settleDay(main, draft.day, effect(draft));
-        record(main, JournalAction::Insert, std::nullopt, withKey(draft, key));
-        return ChangedDay{std::move(view), std::get<bool>(closed)};
+        return store(main, JournalAction::Insert, {std::nullopt, storedForm(draft)}, std::get<MovementCode>(code).group,
+            std::get<bool>(closed));
     });
 }
 
@@ -215,22 +237,35 @@ ChangeOutcome CashBook::modify(qint64 key, const MovementDraft& draft)
         const auto code = validateActive(draft);
         if (const auto* const refusal = std::get_if<MovementRefusal>(&code))
             return *refusal;
-        overwriteMovement(main, key, draft, std::get<MovementCode>(code).group);
-        DayView view = settleDay(main, stored.day, effect(draft) - effect(stored));
-        Movement changed = withKey(draft, key);
+        Movement changed = storedForm(draft);
+        changed.key = stored.key;
         changed.day = stored.day;
-        record(main, JournalAction::Modify, stored, changed);
-        return ChangedDay{std::move(view), isClosed};
+        return store(main, JournalAction::Modify, {stored, changed}, std::get<MovementCode>(code).group, isClosed);
     });
 }
 
 ChangeOutcome CashBook::remove(qint64 key)
 {
     return changeStored(key, [&](Connection& main, const Movement& stored, bool isClosed) -> ChangeOutcome {
-        removeMovement(main, key);
-        DayView view = settleDay(main, stored.day, -effect(stored));
-        record(main, JournalAction::Remove, stored, std::nullopt);
-        return ChangedDay{std::move(view), isClosed};
+        return store(main, JournalAction::Remove, {stored, std::nullopt}, 0, isClosed);
+    });
+}
+
+ChangeOutcome CashBook::repeat(const MovementChange& change, JournalAction action)
+{
+    return changeDay(change.movement().day, [&](Connection& main) -> ChangeOutcome {
+        const auto closed = closedState(change.movement().day);
+        if (const auto* const refusal = std::get_if<MovementRefusal>(&closed))
+            return *refusal;
+        const auto stored = findMovement(main, change.movement().key);
+        if (change.before && !stored)
+            return MovementRefusal::MovementIsGone;
+        if (stored != change.before)
+            return MovementRefusal::MovementIsAnother;
+        const auto code = change.after ? codeOfReturned(main, change.after->code) : MovementCode();
+        if (!code)
+            return MovementRefusal::CodeHasChanged;
+        return store(main, action, change, code->group, std::get<bool>(closed));
     });
 }
 

@@ -18,6 +18,7 @@ enum class JournalAction;
 struct ChangedDay {
     DayView view;
     bool isClosed = false; ///< Changed nevertheless, by a user who may.
+    MovementChange change; ///< As stored.
 };
 
 /// The changed day, or the reason why nothing was changed.
@@ -68,6 +69,11 @@ public:
     /// Deletes a movement. A day without movements left keeps its row, with zero totals and the carried balance.
     [[nodiscard]] ChangeOutcome remove(qint64 key);
 
+    /// Makes a change that was made before, or the reverse of one, as an undo or a redo: a movement that comes back has
+    /// its old key, and its code's present group number. Refused if the movement is not in the state that the change
+    /// begins with, or its code no longer exists.
+    [[nodiscard]] ChangeOutcome repeat(const MovementChange& change, JournalAction action);
+
     /// Closes the day's cash; returns false if it was closed already. Where the main database cannot be written, the
     /// journal records it when it is found. Throws NotPermitted without the right to close.
     bool close(QDate day);
@@ -76,8 +82,7 @@ public:
     [[nodiscard]] std::optional<Movement> find(qint64 key);
 
 private:
-    void record(Connection& main, JournalAction action, const std::optional<Movement>& before,
-        const std::optional<Movement>& after) const;
+    ChangedDay store(Connection& main, JournalAction action, MovementChange change, qint32 group, bool isClosed) const;
     /// Reads the day again and corrects its row, in one transaction.
     std::optional<DayCorrection> correct(DayView& view);
     /// The draft's code, if the draft may be stored.

@@ -5,6 +5,8 @@
 #include <QDate>
 #include <QString>
 
+#include <optional>
+
 namespace lorvan {
 
 /// What a user enters: one income or expense of a cash day. One of the two amounts is zero.
@@ -23,6 +25,15 @@ struct MovementDraft {
 /// A stored movement, a row of `kinhseis`.
 struct Movement : MovementDraft {
     qint64 key = 0; ///< `aa`; the movements of a day are in the order of their keys.
+};
+
+/// What a change made of a movement, which keeps its key and its day: without a former state it was inserted, without a
+/// later one deleted.
+struct MovementChange {
+    std::optional<Movement> before;
+    std::optional<Movement> after;
+
+    [[nodiscard]] const Movement& movement() const { return (after ? after : before).value(); }
 };
 
 } // namespace lorvan

@@ -49,13 +49,13 @@ void forEachMovement(Connection& main, const std::function<void(const Movement&)
         take(movementIn(rows));
 }
 
-qint64 addMovement(Connection& main, const MovementDraft& movement, qint32 group)
+qint64 addMovement(Connection& main, const MovementDraft& movement, qint32 group, std::optional<qint64> key)
 {
     main.prepare("INSERT OR ABORT INTO kinhseis"
-                 " (kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, grammh, epitagh, L_tajeos)"
-                 " VALUES (?,?,?,?,?,?,?,?,?)")
-        .bind(movement.code, movement.day, movement.description.trimmed(), movement.income, movement.expense, group,
-            storedLine(movement), movement.cheque, movement.memorandum)
+                 " (aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, aa_omada, grammh, epitagh, L_tajeos)"
+                 " VALUES (?,?,?,?,?,?,?,?,?,?)")
+        .bind(key, movement.code, movement.day, movement.description.trimmed(), movement.income, movement.expense,
+            group, storedLine(movement), movement.cheque, movement.memorandum)
         .run();
     return main.lastInsertedKey();
 }

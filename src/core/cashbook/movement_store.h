@@ -22,8 +22,9 @@ class Connection;
 void forEachMovement(Connection& main, const std::function<void(const Movement&)>& take);
 
 /// Stores the description trimmed, and the display line with it; `group` is the group number of the movement's code.
-/// Returns the new key.
-qint64 addMovement(Connection& main, const MovementDraft& movement, qint32 group);
+/// Without a key, which must be free, it gets the next one. Returns the row's key.
+qint64 addMovement(
+    Connection& main, const MovementDraft& movement, qint32 group, std::optional<qint64> key = std::nullopt);
 
 /// Like addMovement(), but overwrites an existing row; key and day are kept.
 void overwriteMovement(Connection& main, qint64 key, const MovementDraft& movement, qint32 group);

@@ -17,6 +17,7 @@ enum class MovementRefusal {
     CodeHasChanged, ///< The chosen code is no longer among the active ones.
     NoDescription,
     MovementIsGone, ///< Somebody else has deleted the movement.
+    MovementIsAnother, ///< Its row is no longer what the change to be taken back or repeated begins with.
 };
 
 /// The code with that number, if movements may use it.

@@ -19,6 +19,8 @@ struct MovementCode {
     bool active = true;
     QString groupName = {}; ///< The group's name as last written here; a blank after the group was deleted.
     qint64 row = 0; ///< Identifies the row as long as it exists.
+
+    friend bool operator==(const MovementCode&, const MovementCode&) = default;
 };
 
 struct CodeGroup {

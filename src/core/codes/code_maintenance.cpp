@@ -119,6 +119,53 @@ QString nameOfGroup(Connection& main, qint32 group)
     return row.step() ? row.text(0) : QString();
 }
 
+void overwriteCode(Connection& main, const MovementCode& code)
+{
+    const auto groupName = code.groupName.isNull() ? std::nullopt : std::optional(code.groupName);
+    main.prepare("UPDATE kvdikoi SET kvdikos=?, perigrafh=?, lista=?, aa_omadas=?, esodo=?, energos=?, omada=?"
+                 " WHERE aa=?")
+        .bind(code.code, code.description, code.listLine, code.group, code.income, code.active, groupName, code.row)
+        .run();
+}
+
+CodeChange changeOf(Connection& main, const MovementCode& former, const MovementCode& code, const MovedMovements& moved)
+{
+    CodeChange change;
+    change.number = code.code;
+    change.movements = count(main, "SELECT count(*) FROM kinhseis WHERE kvdikos=?", code.code);
+    change.before = {former, nameOfGroup(main, former.group), moved.commonGroup.value_or(code.group)};
+    change.after = {code, nameOfGroup(main, code.group), code.group};
+    change.isReversible = moved.count == 0 || (moved.commonGroup && moved.count == change.movements);
+    return change;
+}
+
+/// True if the modification has nothing to do with movements, or all of them are as it left them.
+bool movementsAre(Connection& main, const CodeChange& change)
+{
+    const CodeChange::State& before = change.before;
+    const CodeChange::State& after = change.after;
+    if (before.groupOfMovements == after.groupOfMovements && before.code.code == after.code.code)
+        return true;
+    return count(main, "SELECT count(*) FROM kinhseis WHERE kvdikos=?", change.number) == change.movements
+        && movementsOutside(main, change.number, before.groupOfMovements).count == 0;
+}
+
+std::optional<CodeRefusal> refusalOfRepeating(Connection& main, const CodeChange& change)
+{
+    const MovementCode& code = change.after.code;
+    const auto stored = readCode(main, code.row);
+    if (!stored)
+        return CodeRefusal::IsGone;
+    if (*stored != change.before.code)
+        return CodeRefusal::IsAnother;
+    if (nameOfGroup(main, code.group) != change.after.groupName)
+        return CodeRefusal::UnknownGroup;
+    if (code.code != stored->code
+        && count(main, "SELECT count(*) FROM kvdikoi WHERE kvdikos=? AND aa<>?", code.code, code.row) > 0)
+        return CodeRefusal::CodeExists;
+    return movementsAre(main, change) ? std::nullopt : std::optional(CodeRefusal::MovementsDiffer);
+}
+
 bool isUsed(Connection& main, qint32 code)
 {
     auto movement = main.prepare("SELECT 1 FROM kinhseis WHERE kvdikos=? LIMIT 1");
@@ -160,7 +207,7 @@ std::variant<MovementCode, CodeRefusal> insertCode(Connection& main, const Autho
     return checked;
 }
 
-std::optional<CodeRefusal> modifyCode(
+std::variant<CodeChange, CodeRefusal> modifyCode(
     Connection& main, const Authority& authority, qint64 row, const CodeEntry& entry, qint32 group)
 {
     authority.require(Right::ModifyCodes);
@@ -173,12 +220,28 @@ std::optional<CodeRefusal> modifyCode(
     const auto former = readCode(main, row);
     if (!former)
         return CodeRefusal::IsGone;
-    main.prepare("UPDATE kvdikoi SET kvdikos=?, perigrafh=?, lista=?, aa_omadas=?, esodo=?, energos=?, omada=?"
-                 " WHERE aa=?")
-        .bind(code.code, code.description, code.listLine, code.group, code.income, code.active, code.groupName, row)
-        .run();
+    overwriteCode(main, code);
     const MovedMovements moved = giveGroupToMovements(main, code.code, code.group);
     record(main, authority, JournalAction::Modify, code, withMoved(journalState(*former), moved), journalState(code));
+    CodeChange change = changeOf(main, *former, code, moved);
+    writing.commit();
+    return change;
+}
+
+std::optional<CodeRefusal> repeatModification(
+    Connection& main, const Authority& authority, const CodeChange& change, JournalAction action)
+{
+    authority.require(Right::ModifyCodes);
+    Transaction writing(main, authority);
+    if (const auto refusal = refusalOfRepeating(main, change))
+        return refusal;
+    const CodeChange::State& before = change.before;
+    const CodeChange::State& after = change.after;
+    overwriteCode(main, after.code);
+    MovedMovements moved;
+    if (before.groupOfMovements != after.groupOfMovements)
+        moved = giveGroupToMovements(main, change.number, after.groupOfMovements);
+    record(main, authority, action, after.code, withMoved(journalState(before.code), moved), journalState(after.code));
     writing.commit();
     return std::nullopt;
 }

@@ -10,6 +10,7 @@
 namespace lorvan {
 
 class Authority;
+enum class JournalAction;
 
 /// A code as shown in the entry fields.
 struct CodeEntry {
@@ -29,6 +30,22 @@ enum class CodeRefusal {
     UnknownGroup,
     IsUsed, ///< The code is used in a movement.
     IsGone, ///< Somebody else has deleted the code.
+    IsAnother, ///< Its row is no longer what the modification to be taken back or repeated begins with.
+    MovementsDiffer, ///< And neither are the movements that it moved.
+};
+
+/// A modification of a code, with what is needed to take it back.
+struct CodeChange {
+    struct State {
+        MovementCode code;
+        QString groupName; ///< Of the group with the code's group number; empty if there was none.
+        qint32 groupOfMovements = 0;
+    };
+    State before;
+    State after;
+    qint32 number = 0; ///< Of the movements that were given the code's group.
+    qint64 movements = 0; ///< All that had the number.
+    bool isReversible = false; ///< Whether these movements had one group in common, if any was moved.
 };
 
 /// Each operation is one transaction, recorded in the journal, and throws NotPermitted without the right to change
@@ -47,8 +64,13 @@ qint64 storeCode(Connection& main, const MovementCode& code);
 /// Overwrites a row as typed, duplicates included, and sets the group number of every movement with the code's new
 /// number. Movements with its former number keep theirs. Refused only if the code is not an integer (or the row is
 /// gone).
-[[nodiscard]] std::optional<CodeRefusal> modifyCode(
+[[nodiscard]] std::variant<CodeChange, CodeRefusal> modifyCode(
     Connection& main, const Authority& authority, qint64 row, const CodeEntry& entry, qint32 group);
+
+/// Makes a reversible modification again, or the reverse of one, as an undo or a redo. Refused if the code, its
+/// movements or the group it would get are no longer what they were, or if another code has the number by now.
+[[nodiscard]] std::optional<CodeRefusal> repeatModification(
+    Connection& main, const Authority& authority, const CodeChange& change, JournalAction action);
 
 /// What the journal stores of a code: columns with their values as in the file, without the display line.
 [[nodiscard]] QJsonObject journalState(const MovementCode& code);

@@ -33,6 +33,15 @@ void record(Connection& main, const Authority& authority, JournalAction action, 
     recordChange(main, authority, {action, journal_subject::group(number), {}, {}, stateOf(before), stateOf(after)});
 }
 
+/// Inside the caller's transaction.
+void rename(Connection& main, const Authority& authority, const GroupChange& change, JournalAction action)
+{
+    const auto& [number, name] = change.after;
+    main.prepare("UPDATE omades SET perigrafh=? WHERE aa=?").bind(name, number).run();
+    main.prepare("UPDATE kvdikoi SET omada=? WHERE aa_omadas=?").bind(name, number).run();
+    record(main, authority, action, change.before, change.after);
+}
+
 } // namespace
 
 QJsonObject journalState(const CodeGroup& group)
@@ -68,20 +77,33 @@ void storeGroup(Connection& main, const CodeGroup& group, const std::optional<QS
         .run();
 }
 
-std::optional<GroupRefusal> renameGroup(
+std::variant<GroupChange, GroupRefusal> renameGroup(
     Connection& main, const Authority& authority, qint32 number, const QString& name)
 {
     authority.require(Right::ModifyCodes);
     if (!isGroupName(name))
         return GroupRefusal::NoName;
-    const CodeGroup renamed{number, name.trimmed()};
     Transaction writing(main, authority);
     const auto former = readGroup(main, number);
     if (!former)
         return GroupRefusal::IsGone;
-    main.prepare("UPDATE omades SET perigrafh=? WHERE aa=?").bind(renamed.name, number).run();
-    main.prepare("UPDATE kvdikoi SET omada=? WHERE aa_omadas=?").bind(renamed.name, number).run();
-    record(main, authority, JournalAction::Modify, former, renamed);
+    const GroupChange change{*former, {number, name.trimmed()}};
+    rename(main, authority, change, JournalAction::Modify);
+    writing.commit();
+    return change;
+}
+
+std::optional<GroupRefusal> repeatRenaming(
+    Connection& main, const Authority& authority, const GroupChange& change, JournalAction action)
+{
+    authority.require(Right::ModifyCodes);
+    Transaction writing(main, authority);
+    const auto stored = readGroup(main, change.before.number);
+    if (!stored)
+        return GroupRefusal::IsGone;
+    if (stored->name != change.before.name)
+        return GroupRefusal::IsAnother;
+    rename(main, authority, change, action);
     writing.commit();
     return std::nullopt;
 }

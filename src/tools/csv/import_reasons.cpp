@@ -72,6 +72,7 @@ BadRow movementRefused(MovementRefusal refusal, const MovementDraft& draft)
         return BadRow(QStringLiteral("λείπει η περιγραφή της κίνησης"));
     case MovementRefusal::DateIsInvalid:
     case MovementRefusal::MovementIsGone:
+    case MovementRefusal::MovementIsAnother:
         break;
     }
     return BadRow(QStringLiteral("η ημερομηνία δεν είναι σωστή"));

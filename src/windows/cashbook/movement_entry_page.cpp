@@ -237,9 +237,9 @@ bool MovementEntryPage::change(RefusedOperation operation, const std::function<C
         explain(*refusal, operation);
         return false;
     }
-    const auto& [view, isClosed] = std::get<ChangedDay>(outcome);
-    showClosedState(isClosed);
-    fill(view);
+    const auto& changed = std::get<ChangedDay>(outcome);
+    showClosedState(changed.isClosed);
+    fill(changed.view);
     return true;
 }
 

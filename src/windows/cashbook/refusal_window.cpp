@@ -32,6 +32,8 @@ void explainRefusal(QWidget* parent, MovementRefusal refusal, RefusedOperation o
     case MovementRefusal::MovementIsGone:
         inform(attention, QStringLiteral("Η κίνηση δεν υπάρχει πια. Την έχει διαγράψει άλλος χρήστης."));
         break;
+    case MovementRefusal::MovementIsAnother: // an undo or a redo, which explains itself
+        break;
     }
 }
 

@@ -22,6 +22,9 @@ QString textOf(CodeRefusal refusal)
         return QStringLiteral("Ο κωδικός χρεισιμοποιήτε στις κινήσεις του ταμείου και δεν μπορεί να διαγραφεί !");
     case CodeRefusal::IsGone:
         return QStringLiteral("Ο κωδικός δεν υπάρχει πια. Τον έχει διαγράψει άλλος χρήστης.");
+    case CodeRefusal::IsAnother: // an undo or a redo, which explains itself
+    case CodeRefusal::MovementsDiffer:
+        break;
     }
     return {};
 }

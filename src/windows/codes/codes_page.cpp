@@ -230,7 +230,8 @@ void CodesPage::modifyCode()
     const auto effects = effectsOfModification(m_book.main(), *m_selected, typed(), m_group);
     if (!askModification(window(), effects.value_or(ModificationEffects())))
         return;
-    if (const auto refusal = lorvan::modifyCode(m_book.main(), m_authority, *m_selected, typed(), m_group))
+    const auto outcome = lorvan::modifyCode(m_book.main(), m_authority, *m_selected, typed(), m_group);
+    if (const auto* const refusal = std::get_if<CodeRefusal>(&outcome))
         explain(*refusal);
     else
         changed();
@@ -292,6 +293,8 @@ EntryField* CodesPage::fieldToCorrect(CodeRefusal refusal) const
         return m_fields[field::codeGroup];
     case CodeRefusal::IsUsed:
     case CodeRefusal::IsGone:
+    case CodeRefusal::IsAnother:
+    case CodeRefusal::MovementsDiffer:
         break;
     }
     return nullptr;

@@ -168,7 +168,8 @@ void OmadaKvdikvn::renameGroup()
             QStringLiteral("Να γίνει η μεταβολή των στοιχείων;")))
         return;
     const qint32 group = *m_loaded;
-    if (const auto refusal = lorvan::renameGroup(m_main, m_authority, group, m_name->text())) {
+    const auto outcome = lorvan::renameGroup(m_main, m_authority, group, m_name->text());
+    if (const auto* const refusal = std::get_if<GroupRefusal>(&outcome)) {
         explain(*refusal, Rename);
         return;
     }
@@ -215,6 +216,8 @@ void OmadaKvdikvn::explain(GroupRefusal refusal, Command refused)
         inform(QStringLiteral("Η ομάδα δεν υπάρχει πια. Την έχει διαγράψει άλλος χρήστης."));
         setLoaded(std::nullopt);
         refill();
+        break;
+    case GroupRefusal::IsAnother: // an undo or a redo, which explains itself
         break;
     }
     goBackTo(*m_name);

@@ -5,6 +5,7 @@
 #include "cashbook/book_repair.h"
 #include "cashbook/movement_batch.h"
 #include "cashbook/opening_balance.h"
+#include "cashbook/undo_list.h"
 #include "platform/date_text.h"
 #include "platform/engine/transaction.h"
 #include "support/opened_book.h"
@@ -31,7 +32,8 @@ public:
         m_open.main().execute("PRAGMA synchronous = OFF");
     }
 
-    /// Mostly changes and looks; now and then an opening balance, a repair of damage, or many movements at once.
+    /// Mostly changes and looks; now and then an opening balance, a repair of damage, many movements at once, or a run
+    /// of undos and redos.
     void doSomething()
     {
         const auto drawn = m_random() % 500;
@@ -41,8 +43,10 @@ public:
             repair();
         else if (drawn < 16)
             enterMany();
-        else if (drawn < 250)
+        else if (drawn < 100)
             show();
+        else if (drawn < 160)
+            undoAndRedo();
         else
             change();
     }
@@ -54,13 +58,52 @@ public:
     }
 
 private:
+    struct States {
+        std::int64_t key;
+        std::optional<ModelMovement> before;
+        std::optional<ModelMovement> after;
+    };
+
     QDate someDay() { return QDate(2023, 12, 1).addDays(m_random() % 60); }
 
     void change()
     {
         const ModelChange change = m_changes.next(m_model.movements());
-        ASSERT_TRUE(std::holds_alternative<ChangedDay>(makeChange(m_cashBook, change)));
+        const ChangeOutcome outcome = makeChange(m_cashBook, change);
+        ASSERT_TRUE(std::holds_alternative<ChangedDay>(outcome));
+        const bool isListed = m_undoList.add(std::get<ChangedDay>(outcome).change);
+        const auto before = m_model.find(change.movement.key);
         m_model.apply(change);
+        const auto key = before ? before->key : m_model.lastKey();
+        ASSERT_EQ(isListed, before != m_model.find(key));
+        if (!isListed)
+            return;
+        m_done.push_back({key, before, m_model.find(key)});
+        if (m_done.size() > UndoList::depth)
+            m_done.erase(m_done.begin());
+        m_undone.clear();
+    }
+
+    void undoAndRedo()
+    {
+        for (auto times = m_random() % 8; times > 0; --times)
+            take(UndoStep::Undo, m_done, m_undone);
+        for (auto times = m_random() % 8; times > 0; --times)
+            take(UndoStep::Redo, m_undone, m_done);
+    }
+
+    void take(UndoStep step, std::vector<States>& from, std::vector<States>& to)
+    {
+        const auto result = m_undoList.take(step);
+        ASSERT_EQ(result.has_value(), !from.empty());
+        if (!result)
+            return;
+        ASSERT_EQ(result->refusal, "");
+        const auto [key, before, after] = from.back();
+        m_model.put(key, step == UndoStep::Undo ? before : after);
+        to.push_back(from.back());
+        from.pop_back();
+        compare();
     }
 
     void enterMany()
@@ -123,6 +166,9 @@ private:
     const TemporaryBook m_folder;
     Book m_open = m_folder.open();
     CashBook m_cashBook{m_open, by()};
+    UndoList m_undoList{m_open, by()};
+    std::vector<States> m_done;
+    std::vector<States> m_undone;
     BookModel m_model;
     RandomChanges m_changes;
     std::mt19937 m_random;

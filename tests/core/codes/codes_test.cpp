@@ -10,6 +10,12 @@ class CodesTest : public testing::Test {
 protected:
     [[nodiscard]] QString stored(std::string_view sql) { return valueOf(main, sql); }
     [[nodiscard]] qint64 rowOf(qint32 code) { return findCode(main, code, CodeSelection::All)->row; }
+    template <typename Change, typename Refusal>
+    static std::optional<Refusal> refusalOf(const std::variant<Change, Refusal>& outcome)
+    {
+        const auto* const refusal = std::get_if<Refusal>(&outcome);
+        return refusal ? std::optional(*refusal) : std::nullopt;
+    }
 
     const TemporaryBook book;
     Connection main = book.openMain();
@@ -129,18 +135,18 @@ TEST_F(CodeMaintenanceTest, anInsertedCodeIsTrimmedButItsLineAndGroupStandAsType
 TEST_F(CodeMaintenanceTest, aModificationStoresWhatStandsThereAndTakesTheMovementsOfItsNumberAlong)
 {
     const qint64 row = rowOf(100);
-    EXPECT_FALSE(modifyCode(main, byAll(), row, {"100", " ΛΙΑΝΙΚΗ", "ΑΣΧΕΤΟ", true, false}, 7));
+    EXPECT_FALSE(refusalOf(modifyCode(main, byAll(), row, {"100", " ΛΙΑΝΙΚΗ", "ΑΣΧΕΤΟ", true, false}, 7)));
     EXPECT_EQ(stored("SELECT perigrafh||omada||aa_omadas||lista||energos FROM kvdikoi WHERE kvdikos=100"),
         "ΛΙΑΝΙΚΗΑΣΧΕΤΟ7  100  ΛΙΑΝΙΚΗ0");
     EXPECT_EQ(movementGroups(), "100:7,100:7,200:0");
 
-    EXPECT_FALSE(modifyCode(main, byAll(), row, {"200", {}, {}, true, true}, 9))
+    EXPECT_FALSE(refusalOf(modifyCode(main, byAll(), row, {"200", {}, {}, true, true}, 9)))
         << "another row's number, no description";
     EXPECT_EQ(movementGroups(), "100:7,100:7,200:9") << "movements keep the number they were entered under";
 
     for (const char* const code : {"", "12.5", "4000000000"})
-        EXPECT_EQ(modifyCode(main, byAll(), row, {code, "Χ", {}}, 1), CodeRefusal::NoWholeNumber) << code;
-    EXPECT_EQ(modifyCode(main, byAll(), 4711, {"200", "Χ", {}}, 1), CodeRefusal::IsGone);
+        EXPECT_EQ(refusalOf(modifyCode(main, byAll(), row, {code, "Χ", {}}, 1)), CodeRefusal::NoWholeNumber) << code;
+    EXPECT_EQ(refusalOf(modifyCode(main, byAll(), 4711, {"200", "Χ", {}}, 1)), CodeRefusal::IsGone);
     EXPECT_EQ(movementGroups(), "100:7,100:7,200:9");
 }
 
@@ -190,13 +196,13 @@ TEST_F(GroupMaintenanceTest, addTrimsAndRefusesWhatIsThereAlready)
 
 TEST_F(GroupMaintenanceTest, renameTakesAlongTheCodesOfTheGroupAlone)
 {
-    EXPECT_FALSE(renameGroup(main, byAll(), 1, " Έξοδα "));
+    EXPECT_FALSE(refusalOf(renameGroup(main, byAll(), 1, " Έξοδα ")));
     EXPECT_EQ(groups(), "1=Έξοδα 2=Έξοδα");
     const QString renamed = "100:1/Έξοδα 101:1/Έξοδα 102:1/Έξοδα 200:0/ 201:2/Έξοδα";
     EXPECT_EQ(codes(), renamed);
 
     book.execute("UPDATE kvdikoi SET omada='άλλο' WHERE kvdikos=102");
-    EXPECT_FALSE(renameGroup(main, byAll(), 1, "Έξοδα"));
+    EXPECT_FALSE(refusalOf(renameGroup(main, byAll(), 1, "Έξοδα")));
     EXPECT_EQ(codes(), renamed) << "an equal name brings the copies in step";
 }
 
