@@ -10,6 +10,7 @@
 #include "controls/guarded_window.h"
 #include "controls/main_controls.h"
 #include "controls/notice_line.h"
+#include "journal/journal_window.h"
 #include "look/message_window.h"
 #include "look/remembered_size.h"
 #include "look/window_placement.h"
@@ -41,6 +42,7 @@ Kentrikh::Kentrikh(
     , m_authority(std::move(authority))
     , m_settings(std::move(settings))
     , m_clock(std::move(clock))
+    , m_keys(keys)
     , m_locks(lockReachOf(BookFiles(m_settings.dataFolder)))
     , m_band(new TabBand(this))
     , m_pages(new QStackedWidget(this))
@@ -60,6 +62,7 @@ Kentrikh::Kentrikh(
     setObjectName(QStringLiteral("kentrikh"));
     layOut();
     addTabKeys();
+    addHistoryKey();
     connectPages();
     connectButtons();
     connectTools();

@@ -17,11 +17,14 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class QStackedWidget;
 
 namespace lorvan {
 
 class CodesPage;
+class JournalWindow;
 class MovementEntryPage;
 class PrintingPage;
 class TabBand;
@@ -44,6 +47,9 @@ public:
     /// True once the marker is released and the program is ending.
     [[nodiscard]] bool isClosed() const { return m_closed; }
 
+    /// Shows the window "Ιστορικό", or brings it to the front.
+    void openHistory();
+
     /// Closes the window without a question, whatever was typed.
     void end();
 
@@ -58,6 +64,7 @@ private:
     void layOut();
     QWidget* scrolling(QWidget* page);
     void addTabKeys();
+    void addHistoryKey();
     void connectPages();
     void connectButtons();
     void connectTools();
@@ -93,6 +100,7 @@ private:
     const Authority m_authority;
     const DataFolderSettings m_settings;
     const Clock m_clock;
+    KeyRing& m_keys;
     const LockReach m_locks;
     TabBand* m_band;
     QStackedWidget* m_pages;
@@ -104,6 +112,7 @@ private:
     OpenDaysWatch m_openDays;
     const ActionGate m_gate;
     ReportDesk m_reports;
+    std::unique_ptr<JournalWindow> m_history; ///< Made when it is first asked for.
     DailyBackup m_backup;
     SessionEnd m_session;
     AwayWatch m_away;

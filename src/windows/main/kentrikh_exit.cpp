@@ -1,5 +1,6 @@
 #include "cashbook/movement_entry_page.h"
 #include "controls/guarded_window.h"
+#include "journal/journal_window.h"
 #include "look/message_window.h"
 #include "look/remembered_size.h"
 #include "main/kentrikh.h"
@@ -41,6 +42,8 @@ void Kentrikh::closeEvent(QCloseEvent* event)
         return;
     }
     rememberSize(this);
+    if (m_history)
+        m_history->hide();
     m_reports.close();
     m_backup.retire();
     m_notices.retire();

@@ -15,16 +15,37 @@ ReportDesk::~ReportDesk() = default;
 
 void ReportDesk::print(ReportRequest request, QWidget* window)
 {
+    auto frame = newFrame();
+    if (!askQuestions(request, m_files, m_keys, window) || m_isClosed)
+        return;
+    const auto build = [&request](const BookFiles& files, KeyRing& keys, const ReportProgress& progress) {
+        return buildReport(request, files, keys, progress);
+    };
+    if (show(std::move(frame), {request.title, suggestedFileName(request), build}, window))
+        findOmissions(request);
+}
+
+void ReportDesk::print(const DocumentRequest& request, QWidget* window)
+{
+    (void)show(newFrame(), request, window);
+}
+
+std::unique_ptr<Ektypvsh> ReportDesk::newFrame()
+{
     m_omissions.cancel();
     m_frame.reset();
-    auto frame = std::make_unique<Ektypvsh>(m_printers, m_saver);
+    return std::make_unique<Ektypvsh>(m_printers, m_saver);
+}
+
+bool ReportDesk::show(std::unique_ptr<Ektypvsh> frame, const DocumentRequest& request, QWidget* window)
+{
     ReportDocument document;
-    if (!askQuestions(request, m_files, m_keys, window) || m_isClosed || !build(request, window, document))
-        return;
-    frame->open(std::move(document), request.title, suggestedFileName(request));
+    if (!build(request, window, document))
+        return false;
+    frame->open(std::move(document), request.title, request.fileName);
     m_frame = std::move(frame);
     m_frame->show();
-    findOmissions(request);
+    return true;
 }
 
 /// Runs beside the preview, so that its first page waits for nothing.
@@ -37,11 +58,11 @@ void ReportDesk::findOmissions(const ReportRequest& request)
         [this](const std::vector<ReportOmission>& omissions) { m_frame->tell(omissions); });
 }
 
-bool ReportDesk::build(const ReportRequest& request, QWidget* window, ReportDocument& document)
+bool ReportDesk::build(const DocumentRequest& request, QWidget* window, ReportDocument& document)
 {
     const ProgressTexts texts{request.title, QStringLiteral("Ετοιμάζεται η εκτύπωση…"), QStringLiteral("Γραμμές")};
     return m_run.run(window, texts, [this, &request, &document](const BackgroundRun::Progress& progress) {
-        document = buildReport(request, m_files, m_keys, [&progress](int rows) { return progress(rows, 0); });
+        document = request.build(m_files, m_keys, [&progress](int rows) { return progress(rows, 0); });
         return true;
     });
 }

@@ -7,12 +7,21 @@
 #include "preview/report_saver.h"
 #include "reports/report_building.h"
 
+#include <functional>
 #include <memory>
 
 namespace lorvan {
 
 class Ektypvsh;
 class KeyRing;
+
+/// A document that is none of the reports of the list.
+struct DocumentRequest {
+    QString title; ///< The title of its window.
+    QString fileName; ///< A suggested name for the file in which it is saved, without extension.
+    /// Runs in a thread of its own and must not touch any window.
+    std::function<ReportDocument(const BookFiles& files, KeyRing& keys, const ReportProgress& progress)> build;
+};
 
 /// Builds and shows reports: has one preview window at a time, the printers, and the folder in which reports are saved.
 class ReportDesk {
@@ -25,13 +34,18 @@ public:
     /// it in a new preview window. A report that fails or is cancelled leaves none. To be called while the busy pointer
     /// is shown. Throws what the report throws.
     void print(ReportRequest request, QWidget* window);
+    /// The same without questions.
+    void print(const DocumentRequest& request, QWidget* window);
 
     /// The program ends: hides the preview window, cancels any building, saving or printing, and builds nothing more.
     void close();
 
 private:
     void findOmissions(const ReportRequest& request);
-    [[nodiscard]] bool build(const ReportRequest& request, QWidget* window, ReportDocument& document);
+    [[nodiscard]] std::unique_ptr<Ektypvsh> newFrame();
+    /// False if it was cancelled.
+    [[nodiscard]] bool show(std::unique_ptr<Ektypvsh> frame, const DocumentRequest& request, QWidget* window);
+    [[nodiscard]] bool build(const DocumentRequest& request, QWidget* window, ReportDocument& document);
 
     const BookFiles m_files;
     KeyRing& m_keys;
