@@ -29,6 +29,7 @@ enum class NoticeKind {
     LocksKeepNobodyOut,
     DiskIsWeak,
     BackupFailed,
+    Undo,
     DayClosed,
     OpenDays
 };

@@ -19,6 +19,8 @@ struct CodeEntry {
     QString group; ///< The group's name, empty if there is no group.
     bool income = false;
     bool active = true;
+
+    friend bool operator==(const CodeEntry&, const CodeEntry&) = default;
 };
 
 /// Why a change of codes is refused, in cases that the user can correct.

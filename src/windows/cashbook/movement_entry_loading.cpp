@@ -29,13 +29,9 @@ void MovementEntryPage::releaseChanged()
 
 void MovementEntryPage::addKeys()
 {
-    const auto add = [this](const QKeySequence& keys, void (MovementEntryPage::*step)()) {
-        auto* const shortcut = new QShortcut(keys, this);
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        connect(shortcut, &QShortcut::activated, this, m_gate.quick(this, step));
-    };
-    add(Qt::Key_Escape, &MovementEntryPage::takeBack);
-    add(Qt::CTRL | Qt::Key_Z, &MovementEntryPage::bringBackCleared);
+    auto* const escape = new QShortcut(Qt::Key_Escape, this);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, this, m_gate.quick(this, &MovementEntryPage::takeBack));
 }
 
 void MovementEntryPage::takeBack()

@@ -238,6 +238,7 @@ bool MovementEntryPage::change(RefusedOperation operation, const std::function<C
         return false;
     }
     const auto& changed = std::get<ChangedDay>(outcome);
+    Q_EMIT stored(changed.change);
     showClosedState(changed.isClosed);
     fill(changed.view);
     return true;

@@ -4,6 +4,7 @@
 #include "cashbook/cleared_entry.h"
 #include "cashbook/movement_fields.h"
 #include "cashbook/refusal_window.h"
+#include "cashbook/stored_change.h"
 #include "controls/action_gate.h"
 #include "controls/control_array.h"
 #include "controls/leave_checks.h"
@@ -54,6 +55,13 @@ public:
     /// What would be lost if the program ended now.
     [[nodiscard]] UnsavedEntry unsaved() const;
 
+    /// True if no movement is loaded and none is being typed.
+    [[nodiscard]] bool isEntryEmpty() const { return !m_loaded && entry().isEmpty(); }
+    /// Whether an entry was cleared a moment ago and can be brought back.
+    [[nodiscard]] bool hasCleared() const { return m_cleared.has_value(); }
+    void bringBackCleared();
+    [[nodiscard]] QDate shownDay() const { return m_day; }
+
     /// Reads the shown day again after a time in which another computer may have changed it; what the user has typed is
     /// kept. The box about a closed day is shown only if it was closed in the meantime.
     void lookAgain();
@@ -70,6 +78,7 @@ public:
 Q_SIGNALS:
     void figuresChanged(const lorvan::CashDayFigures& figures);
     void figuresUnknown(); ///< The day could not be read.
+    void stored(const lorvan::StoredChange& change); ///< By this user, just now.
     void dayClosed(QDate day); ///< It had been open until now.
 
 private:
@@ -124,7 +133,6 @@ private:
     void setEntry(const EntryContent& content);
     void keepCleared();
     void forgetCleared();
-    void bringBackCleared();
     void markMemorandum();
     void releaseChanged();
     void addKeys();

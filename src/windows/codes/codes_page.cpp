@@ -89,6 +89,7 @@ void CodesPage::clearFields()
     for (const int index : {field::code, field::codeDescription, field::codeGroup})
         m_fields[index]->clear();
     m_income->setChecked(false);
+    m_settled = typed();
     setGroup(0);
 }
 
@@ -118,10 +119,20 @@ void CodesPage::refreshGroups()
     refill();
     if (!m_groupName)
         return;
+    const bool wasUntouched = isUntouched();
     const CodeGroup* const now = findGroup(m_groups, m_group);
     if (m_fields[field::codeGroup]->text() == *m_groupName)
         m_fields[field::codeGroup]->setText(nameOf(now));
     setGroup(now ? m_group : 0);
+    if (wasUntouched)
+        m_settled = typed();
+}
+
+void CodesPage::lookAgain()
+{
+    refreshGroups();
+    if (m_selected && isUntouched())
+        show(*m_selected);
 }
 
 void CodesPage::setGroup(qint32 group)
@@ -170,6 +181,7 @@ bool CodesPage::show(qint64 row)
         m_fields[index]->setCursorPosition(0);
     m_income->setChecked(code->income);
     m_active->setChecked(code->active);
+    m_settled = typed();
     setGroup(code->group);
     return true;
 }
@@ -200,6 +212,14 @@ void CodesPage::groupOpened(const QModelIndex& index)
 
 // Changes
 
+/// What they contain is stored: none of it can be taken back as typing.
+void CodesPage::settleFields()
+{
+    for (const auto& [index, entryField] : m_fields)
+        entryField->setText(entryField->text());
+    m_settled = typed();
+}
+
 CodeEntry CodesPage::typed() const
 {
     return {m_fields[field::code]->text(), m_fields[field::codeDescription]->text(), m_fields[field::codeGroup]->text(),
@@ -218,6 +238,7 @@ void CodesPage::insertCode()
     const auto& inserted = std::get<MovementCode>(outcome);
     setGroup(inserted.group);
     m_selected = inserted.row;
+    settleFields();
     changed();
     goBackTo(*m_fields[field::code]);
 }
@@ -231,10 +252,13 @@ void CodesPage::modifyCode()
     if (!askModification(window(), effects.value_or(ModificationEffects())))
         return;
     const auto outcome = lorvan::modifyCode(m_book.main(), m_authority, *m_selected, typed(), m_group);
-    if (const auto* const refusal = std::get_if<CodeRefusal>(&outcome))
+    if (const auto* const refusal = std::get_if<CodeRefusal>(&outcome)) {
         explain(*refusal);
-    else
-        changed();
+        return;
+    }
+    settleFields();
+    Q_EMIT stored(std::get<CodeChange>(outcome));
+    changed();
 }
 
 void CodesPage::removeCode()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cashbook/stored_change.h"
 #include "codes/code_maintenance.h"
 #include "controls/action_gate.h"
 #include "controls/control_array.h"
@@ -46,7 +47,13 @@ public:
     /// SqlError.
     void refreshGroups();
 
+    /// True if nothing was typed since the fields were filled or stored.
+    [[nodiscard]] bool isUntouched() const { return typed() == m_settled; }
+    /// Reads codes and groups again after an undo or redo; what was typed is kept. Throws SqlError.
+    void lookAgain();
+
 Q_SIGNALS:
+    void stored(const lorvan::StoredChange& change); ///< By this user, just now; only of the kinds that can be undone.
     void codesChanged();
 
 private:
@@ -79,6 +86,7 @@ private:
 
     [[nodiscard]] CodeEntry typed() const;
     void clearFields();
+    void settleFields();
     void changed();
     void explain(CodeRefusal refusal);
     [[nodiscard]] EntryField* fieldToCorrect(CodeRefusal refusal) const;
@@ -97,6 +105,7 @@ private:
     qint32 m_group = 0; ///< The current group number, which is stored with the next change of a code.
     std::optional<QString> m_groupName; ///< Its name when it became current; no value if it had none.
     qint32 m_listedGroup = 0; ///< The group whose codes are listed.
+    CodeEntry m_settled; ///< What the fields contained when they were last filled or stored.
     std::optional<qint64> m_selected; ///< The row of the last code clicked.
     bool m_offered = false; ///< Whether the selected code may be modified and removed.
 };

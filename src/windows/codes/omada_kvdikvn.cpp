@@ -173,6 +173,7 @@ void OmadaKvdikvn::renameGroup()
         explain(*refusal, Rename);
         return;
     }
+    Q_EMIT stored(std::get<GroupChange>(outcome));
     m_name->setModified(false);
     refill();
     m_list->selectData(group);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cashbook/stored_change.h"
 #include "codes/group_maintenance.h"
 #include "controls/action_gate.h"
 #include "controls/control_array.h"
@@ -30,6 +31,9 @@ public:
     /// `main` must outlive the window. `mayChange` is called before each change. Throws SqlError if the groups cannot
     /// be read.
     OmadaKvdikvn(Connection& main, Authority authority, MayChange mayChange, QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    void stored(const lorvan::StoredChange& change); ///< A group was renamed.
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

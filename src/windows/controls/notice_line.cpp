@@ -13,6 +13,7 @@ namespace {
 
 constexpr int sideMargin = 12; // that of the page below
 constexpr int above = 3;
+constexpr int betweenButtonAndText = 4;
 constexpr qreal smallType = 0.9;
 
 QString toolTipFor(const QString& reason)
@@ -57,6 +58,22 @@ void NoticeLine::setLeadsOn(bool leadsOn)
     setFocusPolicy(leadsOn ? Qt::TabFocus : Qt::NoFocus);
     setCursor(leadsOn ? Qt::PointingHandCursor : Qt::ArrowCursor);
     underline();
+}
+
+void NoticeLine::setButton(QWidget* button)
+{
+    m_button = button;
+    m_button->setParent(this);
+    m_button->hide();
+}
+
+void NoticeLine::showButton(bool isShown)
+{
+    const int height = sizeHint().height();
+    m_button->setGeometry(sideMargin, 0, height + betweenButtonAndText, height);
+    m_button->setVisible(isShown);
+    setContentsMargins(
+        isShown ? m_button->geometry().right() + 1 + betweenButtonAndText : sideMargin, above, sideMargin, 0);
 }
 
 void NoticeLine::underline()

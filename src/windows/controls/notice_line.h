@@ -18,6 +18,9 @@ public:
     /// Whether a click on the line, or Enter or the space bar in it, is of any use: then the Tab key reaches it, and
     /// its text is underlined.
     void setLeadsOn(bool leadsOn);
+    /// Takes over a button that can be shown before the text.
+    void setButton(QWidget* button);
+    void showButton(bool isShown);
 
     [[nodiscard]] int heightForWidth(int width) const override;
     [[nodiscard]] QSize sizeHint() const override;
@@ -36,6 +39,7 @@ protected:
 private:
     void underline();
 
+    QWidget* m_button = nullptr;
     bool m_leadsOn = false;
 };
 

@@ -7,16 +7,11 @@
 #include <iterator>
 
 namespace lorvan {
-namespace {
-
-/// The field's line edit; null if it has none.
 QLineEdit* lineOf(QWidget& field)
 {
     auto* const chooser = qobject_cast<QComboBox*>(&field);
     return chooser ? chooser->lineEdit() : qobject_cast<QLineEdit*>(&field);
 }
-
-} // namespace
 
 bool isRealFocusChange(Qt::FocusReason reason)
 {
@@ -50,7 +45,8 @@ bool isAltTyping(const QKeyEvent& event)
 
 bool leavesUndo(const QKeyEvent& event, const QLineEdit& field)
 {
-    return event.matches(QKeySequence::Undo) && !field.isUndoAvailable();
+    return (event.matches(QKeySequence::Undo) && !field.isUndoAvailable())
+        || (event.matches(QKeySequence::Redo) && !field.isRedoAvailable());
 }
 
 void chainTabOrder(const QWidgetList& order)

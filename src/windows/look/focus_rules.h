@@ -15,6 +15,9 @@ namespace lorvan {
 /// it.
 void goBackTo(QWidget& field);
 
+/// The line edit of a field or chooser; null if it has none.
+[[nodiscard]] QLineEdit* lineOf(QWidget& field);
+
 /// The content of a field or chooser.
 [[nodiscard]] QString textOf(QWidget& field);
 
@@ -25,7 +28,7 @@ void goBackTo(QWidget& field);
 /// it. AltGr, the third level of a keyboard, does not count as such a modifier.
 [[nodiscard]] bool isAltTyping(const QKeyEvent& event);
 
-/// Whether a field passes the undo key on because it has no typing of its own to undo.
+/// Whether a field passes the key for undo or redo on because it has no typing of its own to undo or redo.
 [[nodiscard]] bool leavesUndo(const QKeyEvent& event, const QLineEdit& field);
 
 /// Makes the Tab key move from each of the widgets to the next.

@@ -44,6 +44,7 @@ Kentrikh::Kentrikh(
     , m_clock(std::move(clock))
     , m_keys(keys)
     , m_locks(lockReachOf(BookFiles(m_settings.dataFolder)))
+    , m_undoList(m_book, m_authority)
     , m_band(new TabBand(this))
     , m_pages(new QStackedWidget(this))
     , m_entryPage(new MovementEntryPage(m_book, m_marker, m_authority, m_clock, this))
@@ -66,6 +67,7 @@ Kentrikh::Kentrikh(
     connectPages();
     connectButtons();
     connectTools();
+    connectUndo();
 }
 
 Kentrikh::~Kentrikh() = default;
@@ -211,6 +213,7 @@ void Kentrikh::editGroups()
 {
     OmadaKvdikvn groups(
         m_book.main(), m_authority, [this](QWidget* asking) { return !refusedByMarker(asking); }, this);
+    connect(&groups, &OmadaKvdikvn::stored, this, &Kentrikh::takeUp);
     groups.exec();
     m_codesPage->refreshGroups();
 }
@@ -290,6 +293,7 @@ void Kentrikh::followMarker(int tab)
     if (tab == tab::printing) {
         m_marker.release();
         m_book.setAccess(Connection::Access::ReadOnly);
+        m_notices.forgetUndo();
         return;
     }
     if (m_locks != LockReach::Nobody)

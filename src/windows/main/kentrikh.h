@@ -6,6 +6,7 @@
 #include "book/path_file.h"
 #include "book/usage_marker.h"
 #include "cashbook/cash_day.h"
+#include "cashbook/undo_list.h"
 #include "controls/action_gate.h"
 #include "controls/away_watch.h"
 #include "main/main_notices.h"
@@ -68,6 +69,7 @@ private:
     void connectPages();
     void connectButtons();
     void connectTools();
+    void connectUndo();
 
     void insertCode();
     void editGroups();
@@ -77,6 +79,12 @@ private:
     [[nodiscard]] bool settle();
     /// Tells the user over the window that asks when another computer holds the marker.
     [[nodiscard]] bool refusedByMarker(QWidget* asking);
+
+    void takeUp(const StoredChange& change);
+    void undoByKey(UndoStep step);
+    [[nodiscard]] bool mayUndoByKey(UndoStep step) const;
+    void undo(UndoStep step);
+    void showUndone(const UndoResult& result);
 
     void followNotice(NoticeKind kind);
     void listOpenDays();
@@ -102,6 +110,7 @@ private:
     const Clock m_clock;
     KeyRing& m_keys;
     const LockReach m_locks;
+    UndoList m_undoList;
     TabBand* m_band;
     QStackedWidget* m_pages;
     MovementEntryPage* m_entryPage;

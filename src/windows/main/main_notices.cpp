@@ -2,6 +2,7 @@
 
 #include "backup/daily_backup.h"
 #include "book/book_files.h"
+#include "controls/command_button.h"
 #include "controls/notice_line.h"
 #include "platform/files/folder.h"
 
@@ -11,6 +12,7 @@ namespace lorvan {
 namespace {
 
 constexpr std::chrono::seconds closedStandsFor{10};
+constexpr std::chrono::seconds undoStandsFor{20};
 
 } // namespace
 
@@ -20,7 +22,14 @@ MainNotices::MainNotices(const QString& dataFolder, const UsageMarker& marker, C
     , m_clock(std::move(clock))
     , m_watch(BookFiles(dataFolder).usageMarker())
     , m_line(new NoticeLine(QStringLiteral("notices"), window))
+    , m_undo(new CommandButton(QStringLiteral("undo"), {}))
 {
+    m_undo->setObjectName(QStringLiteral("undo"));
+    m_undo->setFrameless(true);
+    m_undo->setFocusPolicy(Qt::TabFocus); // a click leaves the focus where it is
+    m_line->setButton(m_undo);
+    m_undoStands.setSingleShot(true);
+    connect(&m_undoStands, &QTimer::timeout, this, &MainNotices::forgetUndo);
     m_closedStands.setSingleShot(true);
     connect(&m_closedStands, &QTimer::timeout, this, &MainNotices::actionBegins);
     connect(m_line, &NoticeLine::clicked, this, [this] {
@@ -79,8 +88,18 @@ void MainNotices::followBackup(DailyBackup& backup)
         [this](const QString& reason) { put(NoticeKind::BackupFailed, backupFailedNotice(reason)); });
 }
 
+void MainNotices::tellUndo(const Notice& notice, const QString& offered)
+{
+    m_offersUndo = !offered.isEmpty();
+    m_undo->setAccessibleName(QStringLiteral("Αναίρεση: ") + offered);
+    m_undo->setToolTip(m_undo->accessibleName().toHtmlEscaped() + QStringLiteral(" (Ctrl+Z)"));
+    put(NoticeKind::Undo, notice);
+    m_undoStands.start(undoStandsFor);
+}
+
 void MainNotices::dayClosed(QDate day)
 {
+    forgetUndo();
     put(NoticeKind::DayClosed, dayClosedNotice(day));
     m_closedStands.start(closedStandsFor);
 }
@@ -97,6 +116,7 @@ void MainNotices::show()
 {
     const Notice notice = m_board.shown();
     m_line->setLeadsOn(notice.leadsOn);
+    m_line->showButton(m_offersUndo && m_board.shownKind() == NoticeKind::Undo);
     m_line->tell(notice.text, notice.reason, notice.isWarning ? ColourRole::Warning : ColourRole::Text);
 }
 

@@ -10,6 +10,7 @@
 
 namespace lorvan {
 
+class CommandButton;
 class DailyBackup;
 class NoticeLine;
 
@@ -36,7 +37,12 @@ public:
     /// How many days are still open, until the next call; a count of zero takes the notice away.
     void tellOpenDays(const OpenDays& open);
 
-    /// Shown for ten seconds, or until actionBegins().
+    /// What can be undone, or has just been: shown for 20 seconds. With a name, the button is offered, to undo that.
+    void tellUndo(const Notice& notice, const QString& offered);
+    void forgetUndo() { remove(NoticeKind::Undo); }
+    [[nodiscard]] CommandButton* undoButton() const { return m_undo; }
+
+    /// Shown for ten seconds, or until actionBegins(), in place of what can be undone.
     void dayClosed(QDate day);
     void actionBegins() { remove(NoticeKind::DayClosed); }
 
@@ -58,7 +64,10 @@ private:
     MarkerWatch m_watch;
     NoticeLine* m_line;
     NoticeBoard m_board;
+    CommandButton* m_undo;
     QTimer m_closedStands;
+    QTimer m_undoStands;
+    bool m_offersUndo = false;
     bool m_isRetired = false;
 };
 

@@ -14,20 +14,22 @@ TEST(NoticeBoard, theMostUrgentIsShownAndTheOthersAreCounted)
     board.put(OpenDays, {"open", "because", false, true});
     EXPECT_EQ(board.shown().text, "open");
     board.put(DayClosed, {"closed", {}, false});
+    board.put(Undo, {"undo", {}, false});
     board.put(BackupFailed, saying("backup"));
     board.put(LocksKeepNobodyOut, saying("locks"));
     board.put(DiskIsWeak, saying("disk"));
     board.put(HeldByAnother, saying("held"));
     board.put(DayCorrected, saying("corrected"));
     board.put(BalancesWrong, saying("wrong"));
-    const std::pair<NoticeKind, const char*> inOrder[] = {{BalancesWrong, "wrong  (και 7 ακόμη)"},
-        {DayCorrected, "corrected  (και 6 ακόμη)"}, {HeldByAnother, "held  (και 5 ακόμη)"},
-        {LocksKeepNobodyOut, "locks  (και 4 ακόμη)"}, {DiskIsWeak, "disk  (και 3 ακόμη)"},
-        {BackupFailed, "backup  (και 2 ακόμη)"}, {DayClosed, "closed  (και 1 ακόμη)"}, {OpenDays, "open"}};
+    const std::pair<NoticeKind, const char*> inOrder[] = {{BalancesWrong, "wrong  (και 8 ακόμη)"},
+        {DayCorrected, "corrected  (και 7 ακόμη)"}, {HeldByAnother, "held  (και 6 ακόμη)"},
+        {LocksKeepNobodyOut, "locks  (και 5 ακόμη)"}, {DiskIsWeak, "disk  (και 4 ακόμη)"},
+        {BackupFailed, "backup  (και 3 ακόμη)"}, {Undo, "undo  (και 2 ακόμη)"}, {DayClosed, "closed  (και 1 ακόμη)"},
+        {OpenDays, "open"}};
     for (const auto& [kind, text] : inOrder) {
         EXPECT_EQ(board.shown().text, text);
         EXPECT_EQ(board.shownKind(), kind);
-        EXPECT_EQ(board.shown().isWarning, kind < DayClosed);
+        EXPECT_EQ(board.shown().isWarning, kind < Undo);
         EXPECT_EQ(board.shown().leadsOn, kind == OpenDays);
         EXPECT_TRUE(board.shown().reason.endsWith("because")) << "the last one's stays to the end";
         board.remove(kind);
