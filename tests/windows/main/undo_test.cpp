@@ -86,18 +86,18 @@ TEST_F(UndoTest, aModifiedCodeIsTakenBackOnItsPage)
 {
     selectTab(CodesTab);
     user().doubleClickRow(list("DBList1(0)"), 0);
-    user().enter(words, "Χονδρική");
+    user().enter(words, "ΧΟΝΔΡΙΚΉ");
     boxes.expect(modifyQuestion(QMessageBox::Ok));
     press(modifyCode);
-    ASSERT_EQ(notice(), "Αναίρεση: μεταβολή κωδικού 100 Χονδρική");
+    ASSERT_EQ(notice(), "Αναίρεση: μεταβολή κωδικού 100 ΧΟΝΔΡΙΚΉ");
     user().goTo(user().field(words));
     user().type("ς");
     undo();
-    EXPECT_EQ(stored("SELECT perigrafh FROM kvdikoi WHERE kvdikos=100"), "Χονδρική") << "the typing went back";
+    EXPECT_EQ(stored("SELECT perigrafh FROM kvdikoi WHERE kvdikos=100"), "ΧΟΝΔΡΙΚΉ") << "the typing went back";
     undo();
     EXPECT_EQ(stored("SELECT perigrafh FROM kvdikoi WHERE kvdikos=100"), "Λιανική");
     EXPECT_EQ(user().field(words).text(), "Λιανική");
-    EXPECT_EQ(notice(), "Αναιρέθηκε: μεταβολή κωδικού 100 Χονδρική  ·  επόμενη αναίρεση: εισαγωγή ΔΕΗ 214,67");
+    EXPECT_EQ(notice(), "Αναιρέθηκε: μεταβολή κωδικού 100 ΧΟΝΔΡΙΚΉ  ·  επόμενη αναίρεση: εισαγωγή ΔΕΗ 214,67");
 }
 
 } // namespace lorvan::test
