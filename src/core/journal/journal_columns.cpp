@@ -68,7 +68,7 @@ const Columns& bookColumns()
 {
     static const Columns columns{{"file", "Αρχείο", Form::Text, alone},
         {"added", "Γραμμές που προστέθηκαν", Form::Number}, {"from", "Από", Form::Day}, {"to", "Έως", Form::Day},
-        {"days", "Ημέρες που έκλεισαν", Form::Number}, {"kinhseis", "Κινήσεις", Form::Number},
+        {"days", "Ημέρες", Form::Number}, {"kinhseis", "Κινήσεις", Form::Number},
         {"tameio", "Ημέρες ταμείου", Form::Number}, {"kvdikoi", "Κωδικοί", Form::Number},
         {"omades", "Ομάδες", Form::Number}, {"klhsimotameioy", "Κλεισμένες ημέρες", Form::Number},
         {"codes", "Χρήστες", Form::Number}, {"mergedDays", "Ημέρες που έμειναν με μία γραμμή", Form::Number},
