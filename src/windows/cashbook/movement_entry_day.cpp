@@ -149,8 +149,10 @@ DayView MovementEntryPage::readDay()
 {
     DayView view = m_cashBook.showDay(m_day, DayRow::LeaveAlone);
     guarded(window(), [this, &view] {
-        if (!m_marker.heldByAnother())
-            m_cashBook.bringInLine(view);
+        if (m_marker.heldByAnother())
+            return;
+        if (const auto correction = m_cashBook.bringInLine(view))
+            Q_EMIT dayCorrected(*correction);
     });
     return view;
 }

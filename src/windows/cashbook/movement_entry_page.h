@@ -79,6 +79,7 @@ Q_SIGNALS:
     void figuresChanged(const lorvan::CashDayFigures& figures);
     void figuresUnknown(); ///< The day could not be read.
     void stored(const lorvan::StoredChange& change); ///< By this user, just now.
+    void dayCorrected(const lorvan::DayCorrection& correction); ///< When it was shown.
     void dayClosed(QDate day); ///< It had been open until now.
 
 private:

@@ -53,6 +53,7 @@ Kentrikh::Kentrikh(
     , m_totals(new TotalsBar(this))
     , m_notices(m_settings.dataFolder, m_marker, m_clock, this)
     , m_openDays(m_book, m_clock)
+    , m_balances(BookFiles(m_settings.dataFolder), keys, m_clock)
     , m_gate(
           this, ActionGate::Opened::OnItsOwn, [this] { m_notices.actionBegins(); }, [this] { tellUnconfirmed(this); })
     , m_reports(BookFiles(m_settings.dataFolder), keys)
@@ -277,6 +278,8 @@ void Kentrikh::follow(const std::optional<MachineIdentity>& holder)
     m_notices.followMarker(holder.has_value());
     if (isNew)
         m_book.ensureSchema(openingSteps());
+    if (mayWrite)
+        m_balances.bookIsWritable();
 }
 
 /// Another computer may have changed the shown day meanwhile.

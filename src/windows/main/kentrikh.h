@@ -5,6 +5,7 @@
 #include "book/lock_trust.h"
 #include "book/path_file.h"
 #include "book/usage_marker.h"
+#include "cashbook/balance_watch.h"
 #include "cashbook/cash_day.h"
 #include "cashbook/undo_list.h"
 #include "controls/action_gate.h"
@@ -88,6 +89,11 @@ private:
 
     void followNotice(NoticeKind kind);
     void listOpenDays();
+    void tellProved(const LastProof& proof);
+    void tellFound(const BalanceProof& proof);
+    void openTool(const std::function<void()>& open);
+    /// Shows what the last proof has found, or else checks the whole book.
+    void checkBook(bool showsFound);
     void goToDay(QDate day);
 
     void selectTab(int tab);
@@ -119,6 +125,8 @@ private:
     TotalsBar* m_totals;
     MainNotices m_notices;
     OpenDaysWatch m_openDays;
+    BalanceWatch m_balances;
+    std::optional<BalanceProof> m_found; ///< By the last proof, if the balances are not proved.
     const ActionGate m_gate;
     ReportDesk m_reports;
     std::unique_ptr<JournalWindow> m_history; ///< Made when it is first asked for.

@@ -1,25 +1,70 @@
+#include "book/book_files.h"
 #include "cashbook/cash_closing.h"
 #include "cashbook/movement_entry_page.h"
+#include "cashbook/proof_texts.h"
 #include "controls/main_controls.h"
+#include "main/check_window.h"
 #include "main/kentrikh.h"
 #include "main/open_days_list.h"
+#include "main/proof_mark.h"
 #include "main/tab_band.h"
+#include "main/tools_button.h"
 
+#include <QAction>
 #include <QTabBar>
 
 namespace lorvan {
 
 void Kentrikh::connectTools()
 {
-    connect(&m_openDays, &OpenDaysWatch::counted, &m_notices, &MainNotices::tellOpenDays);
-    connect(m_entryPage, &MovementEntryPage::dayClosed, &m_openDays, &OpenDaysWatch::look);
+    ToolsButton* const tools = m_band->tools();
+    const QAction* const check = tools->add(QStringLiteral("check"), QStringLiteral("Έλεγχος του βιβλίου"));
+    connect(check, &QAction::triggered, this, [this] { openTool([this] { checkBook(false); }); });
+    const QAction* const openDays = tools->add(QStringLiteral("openDays"), QStringLiteral("Ανοικτές ημέρες"));
+    connect(openDays, &QAction::triggered, this, [this] { openTool([this] { listOpenDays(); }); });
     connect(&m_notices, &MainNotices::followed, this, &Kentrikh::followNotice);
+
+    connect(m_entryPage, &MovementEntryPage::dayClosed, &m_openDays, &OpenDaysWatch::look);
+    connect(m_entryPage, &MovementEntryPage::dayCorrected, &m_notices, &MainNotices::tellCorrection);
+    connect(m_entryPage, &MovementEntryPage::dayCorrected, &m_balances, &BalanceWatch::proveSoon);
+    connect(&m_openDays, &OpenDaysWatch::counted, &m_notices, &MainNotices::tellOpenDays);
+    connect(&m_openDays, &OpenDaysWatch::counted, this, [this] {
+        if (!m_book.main()
+                 .isReadOnly()) // after a closing and after midnight; a computer that looks on must be asked to
+            m_balances.proveSoon();
+    });
+    connect(&m_balances, &BalanceWatch::proved, this, &Kentrikh::tellProved);
+    connect(&m_balances, &BalanceWatch::found, this, &Kentrikh::tellFound);
+    connect(&m_balances, &BalanceWatch::failed, m_band->proof(), &ProofMark::showFailed);
+}
+
+void Kentrikh::tellProved(const LastProof& proof)
+{
+    m_found.reset();
+    m_notices.tellBalances(std::nullopt);
+    m_band->proof()->showProved(proof, m_clock.today());
+}
+
+void Kentrikh::tellFound(const BalanceProof& proof)
+{
+    m_found = proof;
+    m_notices.tellBalances(proofNotice(proof));
+    m_band->proof()->showNothing();
 }
 
 void Kentrikh::followNotice(NoticeKind kind)
 {
-    if (kind == NoticeKind::OpenDays)
-        m_gate.runWindow([this] { return settle(); }, [this] { listOpenDays(); });
+    if (kind == NoticeKind::BalancesWrong)
+        openTool([this] { checkBook(true); });
+    else if (kind == NoticeKind::OpenDays)
+        openTool([this] { listOpenDays(); });
+    else if (kind == NoticeKind::DayCorrected)
+        m_notices.forgetCorrections();
+}
+
+void Kentrikh::openTool(const std::function<void()>& open)
+{
+    m_gate.runWindow([this] { return settle(); }, open);
 }
 
 void Kentrikh::listOpenDays()
@@ -27,6 +72,24 @@ void Kentrikh::listOpenDays()
     OpenDaysList list(listOpenDaysBefore(m_book.main(), m_book.auxiliary(), m_clock.today()), this);
     list.exec();
     if (const auto day = list.chosen())
+        goToDay(*day);
+}
+
+void Kentrikh::checkBook(bool showsFound)
+{
+    const auto mayChange = [this](QWidget* asking) { return !refusedByMarker(asking); };
+    CheckWindow window(BookFiles(m_settings.dataFolder), m_keys, m_authority, mayChange, this);
+    connect(&window, &CheckWindow::repaired, this, [this] {
+        m_entryPage->lookAgain();
+        m_balances.proveNow();
+    });
+    if (showsFound && m_found)
+        window.showFound(*m_found);
+    else
+        connect(&window, &CheckWindow::opened, &window, &CheckWindow::check);
+    connect(&window, &CheckWindow::checked, &m_balances, &BalanceWatch::proveNow);
+    window.exec();
+    if (const auto day = window.chosen())
         goToDay(*day);
 }
 

@@ -2,6 +2,7 @@
 
 #include "backup/daily_backup.h"
 #include "book/book_files.h"
+#include "cashbook/proof_texts.h"
 #include "controls/command_button.h"
 #include "controls/notice_line.h"
 #include "platform/files/folder.h"
@@ -102,6 +103,26 @@ void MainNotices::dayClosed(QDate day)
     forgetUndo();
     put(NoticeKind::DayClosed, dayClosedNotice(day));
     m_closedStands.start(closedStandsFor);
+}
+
+void MainNotices::tellBalances(const std::optional<Notice>& found)
+{
+    if (found)
+        put(NoticeKind::BalancesWrong, *found);
+    else
+        remove(NoticeKind::BalancesWrong);
+}
+
+void MainNotices::tellCorrection(const DayCorrection& correction)
+{
+    m_corrections.push_back(correction);
+    put(NoticeKind::DayCorrected, correctedNotice(m_corrections));
+}
+
+void MainNotices::forgetCorrections()
+{
+    m_corrections.clear();
+    remove(NoticeKind::DayCorrected);
 }
 
 void MainNotices::tellOpenDays(const OpenDays& open)

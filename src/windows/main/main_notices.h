@@ -2,6 +2,7 @@
 
 #include "book/marker_watch.h"
 #include "book/notices.h"
+#include "cashbook/cash_book.h"
 #include "cashbook/cash_closing.h"
 #include "platform/clock.h"
 
@@ -34,6 +35,13 @@ public:
     /// Shows whether the day's backup was made.
     void followBackup(DailyBackup& backup);
 
+    /// What is wrong with the balances; no value if nothing is.
+    void tellBalances(const std::optional<Notice>& found);
+
+    /// Stands until the user clicks on it.
+    void tellCorrection(const DayCorrection& correction);
+    void forgetCorrections();
+
     /// How many days are still open, until the next call; a count of zero takes the notice away.
     void tellOpenDays(const OpenDays& open);
 
@@ -65,6 +73,7 @@ private:
     NoticeLine* m_line;
     NoticeBoard m_board;
     CommandButton* m_undo;
+    std::vector<DayCorrection> m_corrections;
     QTimer m_closedStands;
     QTimer m_undoStands;
     bool m_offersUndo = false;

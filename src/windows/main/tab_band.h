@@ -6,9 +6,12 @@
 namespace lorvan {
 
 class Label3D;
+class ProofMark;
+class ToolsButton;
 
 /// The band at the top of the main window: on the left the tabs `Tab1`; on the right the heading `Label3D1(1)` above
-/// the version `Label3D1(0)`, with an ellipsis and a tooltip if they are too long.
+/// the version `Label3D1(0)`, with an ellipsis and a tooltip if they are too long. Before these the menu button `tools`
+/// above the mark of the last proof; where they would cut the heading they shrink to icons.
 class TabBand : public QFrame {
     Q_OBJECT
 
@@ -19,6 +22,8 @@ public:
     int addTab(const QString& iconName, const QString& caption, const QString& toolTip);
 
     [[nodiscard]] QTabBar* tabs() const { return m_tabs; }
+    [[nodiscard]] ToolsButton* tools() const { return m_tools; }
+    [[nodiscard]] ProofMark* proof() const { return m_proof; }
 
     void setHeading(const QString& text);
     void setVersion(const QString& text);
@@ -33,9 +38,12 @@ protected:
 private:
     void dress();
     void layOut();
-    void placeLabel(Label3D& label, int top);
+    void placeTools(const QRect& place, bool isWide);
+    void placeLabel(Label3D& label, int top, int available);
 
     QTabBar* m_tabs;
+    ToolsButton* m_tools;
+    ProofMark* m_proof;
     Label3D* m_heading;
     Label3D* m_version;
 };

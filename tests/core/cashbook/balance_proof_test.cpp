@@ -76,6 +76,12 @@ TEST(BalanceProof, tellsEachDamageInPlainWords)
     }
 }
 
+TEST(BalanceProof, aCorrectionOfAMissingDayIsToldAsSuch)
+{
+    EXPECT_EQ(correctionText({QDate(2024, 3, 12), std::nullopt, {cents(500), {}, cents(700)}}),
+        "Η 12-03-2024 έλειπε από τις ημέρες του ταμείου και γράφτηκε: υπόλοιπο 7,00");
+}
+
 TEST(BalanceProof, beginsAgainAfterAChangeAndAfterManyWaitsForQuiet)
 {
     for (const int changes : {1, 3, 4, 6}) {

@@ -3,6 +3,8 @@
 
 #include "book/version.h"
 #include "codes/omada_kvdikvn.h"
+#include "main/check_window.h"
+#include "main/open_days_list.h"
 #include "preview/ektypvsh.h"
 #include "preview/printer_choice.h"
 #include "preview/progress_window.h"
@@ -68,6 +70,9 @@ TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
     Printers printers([] { return std::vector<Printer>(); });
     ReportSaver saver;
     found += captionsIn(OmadaKvdikvn(main, byAll(), [](QWidget*) { return true; }));
+    found += captionsIn(OpenDaysList({}, nullptr));
+    found += captionsIn(CheckWindow(
+        book.files(), testKeys(), byAll(), [](QWidget*) { return true; }, nullptr));
     found += captionsIn(FR_ErvthshUpdate(fixedClock()));
     found += captionsIn(AnalyshFRM(main, settings, "1/3/2024"));
     found += captionsIn(Ervthsh());

@@ -7,8 +7,10 @@ class OpenDaysTest : public MainWindowTest {
 protected:
     OpenDaysTest()
     {
-        for (const QDate day : {today.addDays(-20), today.addDays(-3), yesterday, today})
-            addCashDay(day, {});
+        book.execute("INSERT INTO tameio (hmeromhnia, esoda, ejoda, ypoloipo) VALUES (20240312, 50000, 0, 50000)");
+        addCashDay(today.addDays(-20), {});
+        addCashDay(yesterday, cents(500));
+        addCashDay(today, cents(500));
         addMovement(incomeOf(today.addDays(-3), cents(500), "Α"));
         book.close(today.addDays(-20));
     }
@@ -40,13 +42,14 @@ TEST_F(OpenDaysTest, areToldAndAClickLeadsToOneOfThem)
     EXPECT_EQ(user().field(date).text(), "12-03-2024");
     EXPECT_EQ(shownFigures(), "5,00 | 0 | 5,00");
 
-    user().enter(expense, "1,2,3");
+    chooseCode("100");
+    user().enter(income, "1,2,3");
     boxes.expect(partly(warning("Προσοχή", "1,2,3")));
     follow([](const Driver& list) { list.press(Qt::Key_Return); });
     EXPECT_EQ(user().field(date).text(), "12-03-2024") << "a refused amount keeps the user there";
-    EXPECT_EQ(user().field(expense).text(), "1,2,3");
+    EXPECT_EQ(user().field(income).text(), "1,2,3");
 
-    user().enter(expense, "0");
+    user().enter(income, "0");
     follow([](const Driver& list) {
         list.press(Qt::Key_Down);
         list.press(Qt::Key_Return);

@@ -1,0 +1,248 @@
+#include "main/check_window.h"
+
+#include "cashbook/open_book_check.h"
+#include "controls/command_button.h"
+#include "controls/guarded_window.h"
+#include "controls/plain_list.h"
+#include "look/focus_rules.h"
+#include "look/message_window.h"
+#include "look/themed_label.h"
+#include "look/window_placement.h"
+#include "platform/date_text.h"
+#include "platform/stop_check.h"
+
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <limits>
+
+namespace lorvan {
+namespace {
+
+constexpr QSize firstSize{720, 460};
+constexpr int margin = 16;
+constexpr int betweenControls = 8;
+
+const QString title = QStringLiteral("Έλεγχος");
+const FindingsForm form{QStringLiteral("η «Διόρθωση»")};
+
+std::vector<ListRow> rowsOf(const std::vector<CheckLine>& lines)
+{
+    std::vector<ListRow> rows;
+    for (const CheckLine& line : lines)
+        rows.push_back({line.text, line.day.isValid() ? line.day.toJulianDay() : 0});
+    return rows;
+}
+
+std::vector<CheckLine> linesOf(const BookCheck& check)
+{
+    std::vector<CheckLine> lines = findingLines(check.findings, form);
+    lines.push_back({});
+    if (isReadable(check.findings))
+        for (CheckLine& line : totalLines(check))
+            lines.push_back(std::move(line));
+    else
+        lines.push_back(
+            {QStringLiteral("Το περιεχόμενο δεν ελέγχθηκε. Επαναφέρετε το βιβλίο από ένα αντίγραφο ασφαλείας.")});
+    return lines;
+}
+
+int asCount(std::int64_t rows)
+{
+    return static_cast<int>(std::min<std::int64_t>(rows, std::numeric_limits<int>::max()));
+}
+
+/// Work in another thread that reports to a progress window and stops when that says so.
+template <typename Work> BackgroundRun::Work stoppable(const Work& work)
+{
+    return [work](const BackgroundRun::Progress& progress) {
+        int done = 0;
+        int all = 0;
+        const StopCheck stop([&] { return progress(done, all); });
+        work([&](std::int64_t rows, std::int64_t whole) {
+            done = asCount(rows);
+            all = asCount(std::max(rows, whole));
+            (void)progress(done, all);
+        });
+        return true;
+    };
+}
+
+} // namespace
+
+CheckWindow::CheckWindow(BookFiles book, KeyRing& keys, Authority authority, MayChange mayChange, QWidget* parent)
+    : QDialog(parent)
+    , m_book(std::move(book))
+    , m_keys(keys)
+    , m_authority(std::move(authority))
+    , m_mayChange(std::move(mayChange))
+    , m_gate(
+          this, ActionGate::Opened::OnItsOwn, [] {}, [this] { tellUnconfirmed(this); })
+    , m_summary(new ThemedLabel({}, ColourRole::Text))
+    , m_list(new PlainList(PlainList::Face::Desktop, this, RecordList::Moves::Select))
+    , m_check(new CommandButton(QStringLiteral("check"), QStringLiteral("Πλήρης έλεγχος")))
+    , m_repair(new CommandButton(QStringLiteral("modify"), QStringLiteral("Διόρθωση")))
+    , m_go(new CommandButton({}, QStringLiteral("Μετάβαση")))
+    , m_close(new CommandButton({}, QStringLiteral("Κλείσιμο")))
+{
+    setObjectName(QStringLiteral("check"));
+    setWindowTitle(title);
+    setModal(true);
+    layOut();
+    m_gate.connect(m_check, {}, [this] { runCheck(); });
+    m_gate.connect(m_repair, {{}, [this] { return m_mayChange(this); }}, [this] { repair(); });
+    connect(m_go, &CommandButton::clicked, this, [this] { choose(m_list->currentIndex()); });
+    connect(m_close, &CommandButton::clicked, this, &QDialog::reject);
+    connect(m_list, &PlainList::opened, this, &CheckWindow::choose);
+    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+        [this](const QModelIndex& line) { m_go->setEnabled(line.data(Qt::UserRole).toLongLong() != 0); });
+    tell({}, {}, {});
+}
+
+void CheckWindow::layOut()
+{
+    m_summary->setObjectName(QStringLiteral("summary"));
+    m_summary->setWordWrap(true);
+    m_list->setObjectName(QStringLiteral("findings"));
+    m_list->setAccessibleName(QStringLiteral("Τι βρέθηκε"));
+    m_list->setScrollsSideways();
+    auto* const hint =
+        new ThemedLabel(QStringLiteral("Με διπλό κλικ ή Enter σε μια γραμμή με ημέρα το ταμείο πηγαίνει σε αυτήν."),
+            ColourRole::Muted, 0.9);
+    hint->setWordWrap(true);
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(margin, margin, margin, margin);
+    rows->setSpacing(betweenControls);
+    rows->addWidget(m_summary);
+    rows->addWidget(m_list, 1);
+    rows->addWidget(hint);
+    rows->addLayout(commandRow());
+    chainTabOrder({m_list, m_go, m_repair, m_check, m_close});
+    sizeWithin(this, firstSize);
+    m_list->setFocus(Qt::OtherFocusReason);
+}
+
+QLayout* CheckWindow::commandRow()
+{
+    m_check->setObjectName(QStringLiteral("fullCheck"));
+    m_check->setToolTip(QStringLiteral("Ελέγχει ολόκληρο το βιβλίο: αρχεία, κινήσεις, ημέρες, κωδικούς"));
+    m_repair->setObjectName(QStringLiteral("repair"));
+    m_repair->setToolTip(QStringLiteral("Γράφει ξανά τις ημέρες του ταμείου από τις κινήσεις"));
+    m_go->setObjectName(QStringLiteral("go"));
+    m_go->setToolTip(QStringLiteral("Δείχνει την ημέρα της γραμμής"));
+    m_close->setObjectName(QStringLiteral("close"));
+    m_close->setLook(CommandButton::Look::Quiet);
+    QSizePolicy keepPlace = m_repair->sizePolicy();
+    keepPlace.setRetainSizeWhenHidden(true);
+    m_repair->setSizePolicy(keepPlace);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(betweenControls);
+    row->addWidget(m_go);
+    row->addWidget(m_repair);
+    row->addStretch(1);
+    row->addWidget(m_check);
+    row->addWidget(m_close);
+    return row;
+}
+
+void CheckWindow::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (!std::exchange(m_wasOpened, true))
+        QMetaObject::invokeMethod(this, &CheckWindow::opened, Qt::QueuedConnection);
+}
+
+void CheckWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (isEnter(*event) && m_list->hasFocus())
+        choose(m_list->currentIndex());
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void CheckWindow::showFound(const BalanceProof& proof)
+{
+    tell(QStringLiteral("Ο έλεγχος των υπολοίπων βρήκε ημέρες που δεν συμφωνούν με τις κινήσεις."), proof.findings,
+        findingLines(proof.findings, form));
+}
+
+void CheckWindow::check()
+{
+    m_gate.run([this] { runCheck(); });
+}
+
+void CheckWindow::runCheck()
+{
+    BookCheck found;
+    const ProgressTexts texts{title, QStringLiteral("Ελέγχεται το βιβλίο…"), QStringLiteral("Κινήσεις")};
+    const bool isWhole = m_run.run(this, texts,
+        stoppable([this, &found](const CheckProgress& progress) { found = checkOpenBook(m_book, m_keys, progress); }));
+    if (!isWhole) {
+        m_summary->setText(QStringLiteral("Ο έλεγχος ακυρώθηκε."));
+        return;
+    }
+    tell(QStringLiteral("Πλήρης έλεγχος του βιβλίου"), found.findings, linesOf(found));
+    Q_EMIT checked();
+}
+
+bool CheckWindow::confirmRepair()
+{
+    QString details = QStringLiteral("Τα σύνολα και τα υπόλοιπα των ημερών γράφονται ξανά από τις κινήσεις, που δεν"
+                                     " αλλάζουν. Πριν γίνεται αντίγραφο ασφαλείας του βιβλίου.");
+    if (const auto kept = m_findings.byKind().find(FindingKind::OpeningNotKept); kept != m_findings.byKind().end()) {
+        const Finding& last = kept->second.first.back();
+        details +=
+            QStringLiteral("\n\nΤο ποσό %1, που από %2 δεν εξηγείται από τις κινήσεις, θα καταχωριστεί ως υπόλοιπο"
+                           " ανοίγματος.")
+                .arg(exactAmountText(last.expected.closingBalance), storedDayText(last.day));
+    }
+    return askOkCancel(this, QMessageBox::Question, QStringLiteral("Διόρθωση"),
+        QStringLiteral("Να διορθωθούν οι ημέρες του ταμείου;"), details, DefaultAnswer::No);
+}
+
+/// Once it is made, it counts, even if the user has cancelled too late.
+void CheckWindow::repair()
+{
+    if (!confirmRepair())
+        return;
+    std::optional<BookRepair> made;
+    const ProgressTexts texts{
+        QStringLiteral("Διόρθωση"), QStringLiteral("Γίνεται αντίγραφο και διόρθωση…"), QStringLiteral("Κινήσεις")};
+    const bool isWhole = m_run.run(this, texts, stoppable([this, &made](const CheckProgress& progress) {
+        made = repairOpenBook(m_book, m_keys, m_authority, progress);
+    }));
+    if (!made) {
+        m_summary->setText(QStringLiteral("Η διόρθωση ακυρώθηκε και το βιβλίο έμεινε όπως ήταν."));
+        return;
+    }
+    Q_EMIT repaired();
+    if (isWhole)
+        runCheck();
+    m_summary->setText(repairText(*made));
+}
+
+void CheckWindow::tell(const QString& summary, const BookFindings& findings, const std::vector<CheckLine>& lines)
+{
+    m_findings = findings;
+    m_summary->setText(summary);
+    m_list->setRows(rowsOf(lines));
+    const auto first =
+        std::find_if(lines.begin(), lines.end(), [](const CheckLine& line) { return line.day.isValid(); });
+    const auto row = first == lines.end() ? 0 : static_cast<int>(first - lines.begin());
+    m_go->setEnabled(first != lines.end());
+    m_list->selectRow(m_list->model()->index(row, 0));
+    m_repair->setVisible(m_authority.has(Right::ModifyCash) && findings.anythingRepairable());
+}
+
+void CheckWindow::choose(const QModelIndex& line)
+{
+    const qint64 day = line.data(Qt::UserRole).toLongLong();
+    if (day == 0)
+        return;
+    m_chosen = QDate::fromJulianDay(day);
+    accept();
+}
+
+} // namespace lorvan

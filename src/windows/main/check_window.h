@@ -1,0 +1,80 @@
+#pragma once
+
+#include "book/book_files.h"
+#include "cashbook/balance_proof.h"
+#include "cashbook/findings_text.h"
+#include "controls/action_gate.h"
+#include "platform/authority.h"
+#include "preview/background_run.h"
+
+#include <QDate>
+#include <QDialog>
+
+#include <functional>
+#include <optional>
+
+class QLabel;
+class QLayout;
+
+namespace lorvan {
+
+class CommandButton;
+class KeyRing;
+class PlainList;
+
+/// The window "Έλεγχος": checks the book as the companion does, lists what was found, leads to the days concerned, and
+/// lets users who may change cash records repair the cash days.
+class CheckWindow : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Whether data may be changed now. Where not, it tells the user why in a box over the given window.
+    using MayChange = std::function<bool(QWidget* window)>;
+
+    /// `keys` must outlive the window. `mayChange` is asked before a repair.
+    CheckWindow(BookFiles book, KeyRing& keys, Authority authority, MayChange mayChange, QWidget* parent);
+
+    /// What a proof of the balances has found.
+    void showFound(const BalanceProof& proof);
+    /// Checks the whole book, in the background; the user may cancel.
+    void check();
+
+    /// The day that the user wants to go to, if any.
+    [[nodiscard]] std::optional<QDate> chosen() const { return m_chosen; }
+
+Q_SIGNALS:
+    void opened(); ///< The window is shown for the first time.
+    void checked();
+    void repaired();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void layOut();
+    QLayout* commandRow();
+    void runCheck();
+    void repair();
+    [[nodiscard]] bool confirmRepair();
+    void tell(const QString& summary, const BookFindings& findings, const std::vector<CheckLine>& lines);
+    void choose(const QModelIndex& line);
+
+    const BookFiles m_book;
+    KeyRing& m_keys;
+    const Authority m_authority;
+    const MayChange m_mayChange;
+    const ActionGate m_gate;
+    BackgroundRun m_run;
+    QLabel* m_summary;
+    PlainList* m_list;
+    CommandButton* m_check;
+    CommandButton* m_repair;
+    CommandButton* m_go;
+    CommandButton* m_close;
+    BookFindings m_findings;
+    std::optional<QDate> m_chosen;
+    bool m_wasOpened = false;
+};
+
+} // namespace lorvan
