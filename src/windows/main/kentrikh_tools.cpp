@@ -28,9 +28,8 @@ void Kentrikh::connectTools()
     connect(m_entryPage, &MovementEntryPage::dayCorrected, &m_notices, &MainNotices::tellCorrection);
     connect(m_entryPage, &MovementEntryPage::dayCorrected, &m_balances, &BalanceWatch::proveSoon);
     connect(&m_openDays, &OpenDaysWatch::counted, &m_notices, &MainNotices::tellOpenDays);
-    connect(&m_openDays, &OpenDaysWatch::counted, this, [this] {
-        if (!m_book.main()
-                 .isReadOnly()) // after a closing and after midnight; a computer that looks on must be asked to
+    connect(&m_openDays, &OpenDaysWatch::counted, this, [this] { // at the start, after a closing and after midnight
+        if (!m_book.main().isReadOnly())
             m_balances.proveSoon();
     });
     connect(&m_balances, &BalanceWatch::proved, this, &Kentrikh::tellProved);

@@ -65,7 +65,7 @@ TEST_F(ProofTest, aFindingLeadsToItsDayAndToTheRepairOfThoseWhoMay)
             [&](const Driver& shown) {
                 EXPECT_EQ(shown.find("repair").isVisible(), rights.modifyCash);
                 selectLine(shown, "12-03-2024");
-                shown.press(Qt::Key_Escape);
+                shown.click(shown.find("close"));
             },
             true);
         EXPECT_EQ(user().field(date).text(), "15-03-2024");
@@ -77,7 +77,7 @@ TEST_F(ProofTest, aFindingLeadsToItsDayAndToTheRepairOfThoseWhoMay)
         EXPECT_EQ(shown.text("summary"), "Η διόρθωση έγινε: ημέρες που διορθώθηκαν 1.");
         EXPECT_TRUE(hasLine(shown, "Δεν βρέθηκαν λάθη."));
         EXPECT_FALSE(shown.find("repair").isVisible());
-        shown.press(Qt::Key_Escape);
+        shown.click(shown.find("close"));
     });
     EXPECT_EQ(stored("SELECT ypoloipo FROM tameio WHERE hmeromhnia=20240312"), "50000");
     EXPECT_FALSE(QDir(book.folder() + "/backup").entryList({"lorvan-2024-*.tar"}).isEmpty());
@@ -118,7 +118,7 @@ TEST_F(ProofTest, whoLooksOnProvesOnlyWhenAsked)
         EXPECT_TRUE(comesTrue([&] { return hasLine(shown, "Λάθη"); }));
         boxes.expect(information("Αδύνατη η πρόσβαση", "Η βάση χρησιμοποιήτε από τον (την) Ελένη στον Η/Υ γραφείο"));
         shown.click(shown.find("repair"));
-        shown.press(Qt::Key_Escape);
+        shown.click(shown.find("close"));
     });
     EXPECT_TRUE(comesTrue([this] { return notice().startsWith(wrong); }));
     EXPECT_EQ(stored("SELECT ypoloipo FROM tameio WHERE hmeromhnia=20240312"), "450000");
