@@ -1,10 +1,7 @@
 #include "controls/notice_line.h"
 
-#include "look/style_painting.h"
-
 #include <QAccessible>
-#include <QKeyEvent>
-#include <QPainter>
+#include <QMouseEvent>
 
 #include <algorithm>
 
@@ -55,7 +52,6 @@ void NoticeLine::tell(const QString& text, const QString& reason, ColourRole rol
 void NoticeLine::setLeadsOn(bool leadsOn)
 {
     m_leadsOn = leadsOn;
-    setFocusPolicy(leadsOn ? Qt::TabFocus : Qt::NoFocus);
     setCursor(leadsOn ? Qt::PointingHandCursor : Qt::ArrowCursor);
     underline();
 }
@@ -83,42 +79,10 @@ void NoticeLine::underline()
     setFont(underlined);
 }
 
-void NoticeLine::keyPressEvent(QKeyEvent* event)
-{
-    const bool isPress =
-        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
-    if (m_leadsOn && isPress && !event->isAutoRepeat())
-        Q_EMIT clicked();
-    else
-        ThemedLabel::keyPressEvent(event);
-}
-
 void NoticeLine::mouseReleaseEvent(QMouseEvent* event)
 {
     if (m_leadsOn && event->button() == Qt::LeftButton && rect().contains(event->pos()))
         Q_EMIT clicked();
-}
-
-void NoticeLine::focusInEvent(QFocusEvent* event)
-{
-    ThemedLabel::focusInEvent(event);
-    update();
-}
-
-void NoticeLine::focusOutEvent(QFocusEvent* event)
-{
-    ThemedLabel::focusOutEvent(event);
-    update();
-}
-
-void NoticeLine::paintEvent(QPaintEvent* event)
-{
-    ThemedLabel::paintEvent(event);
-    if (!hasFocus())
-        return;
-    QPainter painter(this);
-    const QRectF around = QRectF(rect()).adjusted(sideMargin - 4, 1, 4 - sideMargin, 0);
-    paintPanel(painter, around, Qt::transparent, Theme::instance().colour(ColourRole::PageAccent), 1);
 }
 
 int NoticeLine::heightForWidth(int width) const

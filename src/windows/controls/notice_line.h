@@ -15,8 +15,8 @@ public:
 
     /// Empty texts clear the line.
     void tell(const QString& text, const QString& reason, ColourRole role);
-    /// Whether a click on the line, or Enter or the space bar in it, is of any use: then the Tab key reaches it, and
-    /// its text is underlined.
+    /// Whether a click on the line is of any use: then its text is underlined. The Tab key does not reach it; what it
+    /// leads to is in the tools menu too.
     void setLeadsOn(bool leadsOn);
     /// Takes over a button that can be shown before the text.
     void setButton(QWidget* button);
@@ -30,11 +30,7 @@ Q_SIGNALS:
     void clicked(); ///< Only if the line leads on.
 
 protected:
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     void underline();

@@ -22,6 +22,8 @@ void Kentrikh::connectTools()
     connect(check, &QAction::triggered, this, [this] { openTool([this] { checkBook(false); }); });
     const QAction* const openDays = tools->add(QStringLiteral("openDays"), QStringLiteral("Ανοικτές ημέρες"));
     connect(openDays, &QAction::triggered, this, [this] { openTool([this] { listOpenDays(); }); });
+    const QAction* const history = tools->add(QStringLiteral("history"), QStringLiteral("Ιστορικό\tCtrl+H"));
+    connect(history, &QAction::triggered, this, m_gate.quick(this, &Kentrikh::openHistory));
     connect(&m_notices, &MainNotices::followed, this, &Kentrikh::followNotice);
 
     connect(m_entryPage, &MovementEntryPage::dayClosed, &m_openDays, &OpenDaysWatch::look);

@@ -27,7 +27,7 @@ MainNotices::MainNotices(const QString& dataFolder, const UsageMarker& marker, C
 {
     m_undo->setObjectName(QStringLiteral("undo"));
     m_undo->setFrameless(true);
-    m_undo->setFocusPolicy(Qt::TabFocus); // a click leaves the focus where it is
+    m_undo->setFocusPolicy(Qt::NoFocus); // a click leaves the focus where it is, and there is Ctrl+Z
     m_line->setButton(m_undo);
     m_undoStands.setSingleShot(true);
     connect(&m_undoStands, &QTimer::timeout, this, &MainNotices::forgetUndo);

@@ -9,10 +9,11 @@ ToolsButton::ToolsButton(QWidget* parent)
     , m_menu(new QMenu(this))
 {
     setObjectName(QStringLiteral("tools"));
-    setToolTip(QStringLiteral("Έλεγχος του βιβλίου, ανοικτές ημέρες"));
+    setToolTip(QStringLiteral("Έλεγχος, ιστορικό, ανοικτές ημέρες (F10)"));
     setSmall(true);
     setFrameless(true);
-    setFocusPolicy(Qt::TabFocus);
+    setFocusPolicy(Qt::NoFocus); // the Tab key goes through the pages as ever
+    setShortcut(QKeySequence(Qt::Key_F10));
     connect(this, &CommandButton::clicked, this, &ToolsButton::offer);
 }
 

@@ -6,7 +6,7 @@ class QMenu;
 
 namespace lorvan {
 
-/// The menu button `tools` in the tab band.
+/// The menu button `tools` in the tab band; F10 opens it.
 class ToolsButton : public CommandButton {
     Q_OBJECT
 

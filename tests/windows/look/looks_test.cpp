@@ -1,3 +1,4 @@
+#include "cashbook/cash_book.h"
 #include "windows/main_window_test.h"
 #include "windows/program_run.h"
 
@@ -158,7 +159,8 @@ void expectOrder(const Driver& user, const QString& names)
 
 TEST_F(MainWindowLooks, everyPageIsGreekAndWhole)
 {
-    addMovement(incomeOf(today, cents(123456789), "Πώληση"));
+    Book filled = book.open();
+    (void)CashBook(filled, byAll()).insert(incomeOf(today, cents(123456789), "Πώληση"));
     underEachFont([this](bool isLarge) {
         start(allRights);
         if (isLarge) {
