@@ -37,11 +37,11 @@ constexpr auto manyRows = R"(
         'modify', CASE WHEN i<300 THEN 'user/ΧΡΗΣΤΗΣ '||(i%5) WHEN i%10=0 THEN 'day/'||(20200101+i/1000)
             ELSE 'movement/'||(i/2) END,
         20200101+i/1000, 100+i%40,
-        '{"L_tajeos":0,"aa":'||(i/2)||',"ejoda":0,"epitagh":0,"esoda":'||i*100||',"hmeromhnia":20200101,"kvdikos":'
+        '{"L_tajeos":0,"aa":'||(i/2)||',"ejoda":0,"epitagh":0,"esoda":'||(i*100)||',"hmeromhnia":20200101,"kvdikos":'
             ||(100+i%40)||',"perigrafh":"Τιμολόγιο πελάτη"}',
-        '{"L_tajeos":0,"aa":'||(i/2)||',"ejoda":0,"epitagh":0,"esoda":'||i*200||',"hmeromhnia":20200101,"kvdikos":'
+        '{"L_tajeos":0,"aa":'||(i/2)||',"ejoda":0,"epitagh":0,"esoda":'||(i*200)||',"hmeromhnia":20200101,"kvdikos":'
             ||(100+i%40)||',"perigrafh":"Τιμολόγιο πελάτη"}',
-        hex(zeroblob(32)), hex(zeroblob(32)) FROM n)";
+        hex(randomblob(32)), hex(randomblob(32)) FROM n)";
 
 struct Search {
     const char* name;

@@ -20,11 +20,12 @@ constexpr auto alone = JournalColumn::Told::Alone;
 constexpr auto never = JournalColumn::Told::Never;
 constexpr bool ofChange = true;
 
+/// The amount stands before what may be long, so that a summary that is cut still shows it.
 const Columns& movementColumns()
 {
-    static const Columns columns{{"hmeromhnia", "Ημερομηνία", Form::Day, alone}, {"kvdikos", "Κωδικός", Form::Number},
-        {"perigrafh", "Περιγραφή", Form::Text, alone}, {"esoda", "Έσοδα", Form::Amount},
-        {"ejoda", "Έξοδα", Form::Amount}, {"epitagh", "Επιταγή", Form::YesNo},
+    static const Columns columns{{"kvdikos", "Κωδικός", Form::Number}, {"esoda", "Έσοδα", Form::Amount},
+        {"ejoda", "Έξοδα", Form::Amount}, {"perigrafh", "Περιγραφή", Form::Text, alone},
+        {"hmeromhnia", "Ημερομηνία", Form::Day, alone}, {"epitagh", "Επιταγή", Form::YesNo},
         {"L_tajeos", "Λογαριασμός τάξεως", Form::Amount}, {"aa", "Αριθμός κίνησης", Form::Number, never}};
     return columns;
 }

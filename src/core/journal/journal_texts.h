@@ -14,7 +14,7 @@ namespace lorvan {
 [[nodiscard]] QString journalSubjectText(const QString& subject);
 
 /// The change in one line: its subject, then what differs ("Κίνηση 17 (ΔΕΗ): Έξοδα 214,67 → 241,67"), or what was added
-/// or removed ("Κίνηση 17: 23-11-2026, Κωδικός 5, ΔΕΗ, Έξοδα 214,67").
+/// or removed ("Κίνηση 17: Κωδικός 5, Έξοδα 214,67, ΔΕΗ, 23-11-2026").
 [[nodiscard]] QString journalSummary(const JournalRow& row);
 
 /// When it was done, in local time: "23-11-2026 10:15:30".

@@ -74,15 +74,4 @@ QVariant JournalModel::headerData(int section, Qt::Orientation orientation, int 
     return isTitle ? titles.value(section) : QVariant();
 }
 
-bool JournalModel::canFetchMore(const QModelIndex& parent) const
-{
-    return !parent.isValid() && m_reader.canReadOn();
-}
-
-void JournalModel::fetchMore(const QModelIndex& parent)
-{
-    if (!parent.isValid())
-        m_reader.readOn();
-}
-
 } // namespace lorvan

@@ -8,7 +8,7 @@
 
 namespace lorvan {
 
-/// The rows of the journal that have been read, newest first; more are read when a view asks for them.
+/// The rows of the journal that have been read, newest first.
 class JournalModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -27,8 +27,6 @@ public:
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-    [[nodiscard]] bool canFetchMore(const QModelIndex& parent) const override;
-    void fetchMore(const QModelIndex& parent) override;
 
 private:
     void append(const std::vector<JournalRow>& rows);

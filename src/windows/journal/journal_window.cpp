@@ -12,6 +12,7 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 
@@ -133,6 +134,7 @@ void JournalWindow::connectReader()
             m_list->setCurrentIndex(m_model->index(0, 0));
         tellState();
     });
+    connect(m_list->verticalScrollBar(), &QScrollBar::valueChanged, this, &JournalWindow::readOnAtEnd);
     connect(&m_reader, &JournalReader::hasNoJournal, this, [this] { m_hasJournal = false; });
     connect(&m_reader, &JournalReader::pageRead, this, &JournalWindow::tellState);
     connect(&m_reader, &JournalReader::failed, this, [this](const QString& reason) {
@@ -158,6 +160,16 @@ void JournalWindow::readAgain()
     m_hasJournal = true;
     m_model->show(m_filters->filter());
     showRow();
+    tellState();
+}
+
+/// The view itself would ask for more each time that rows are added.
+void JournalWindow::readOnAtEnd()
+{
+    const QScrollBar& bar = *m_list->verticalScrollBar();
+    if (bar.value() + bar.pageStep() < bar.maximum() || !m_reader.canReadOn())
+        return;
+    m_reader.readOn();
     tellState();
 }
 
@@ -210,7 +222,18 @@ void JournalWindow::hideEvent(QHideEvent* event)
 {
     QDialog::hideEvent(event);
     m_reader.cancel();
-    rememberSize(this);
+    if (size() != m_openedSize || isMaximized() != m_openedMaximised)
+        rememberSize(this);
+}
+
+/// What a small screen leaves of the size is not for the next one.
+void JournalWindow::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (event->spontaneous())
+        return;
+    m_openedSize = size();
+    m_openedMaximised = isMaximized();
 }
 
 /// Escape closes the window.

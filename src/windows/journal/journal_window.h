@@ -37,6 +37,7 @@ public:
 
 protected:
     void hideEvent(QHideEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -47,6 +48,7 @@ private:
     void connectReader();
 
     void readAgain();
+    void readOnAtEnd();
     void showRow();
     void showHistory();
     void tellState();
@@ -67,6 +69,8 @@ private:
     CommandButton* m_close;
     QString m_failure; ///< Why no more can be read.
     bool m_hasJournal = true;
+    QSize m_openedSize;
+    bool m_openedMaximised = false;
 };
 
 } // namespace lorvan

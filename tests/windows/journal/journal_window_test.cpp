@@ -66,7 +66,7 @@ TEST_F(JournalWindowTest, showsWhatDiffersNarrowsDownAndPrints)
     start();
     open();
     const QString changes = "Μεταβολή κίνησης|Κίνηση 1 (νερό): Έξοδα 12,00 → 13,00\n"
-                            "Εισαγωγή κίνησης|Κίνηση 1: 15-03-2024, Κωδικός 200, νερό, Έξοδα 12,00";
+                            "Εισαγωγή κίνησης|Κίνηση 1: Κωδικός 200, Έξοδα 12,00, νερό, 15-03-2024";
     EXPECT_EQ(rows("changes", 2).section(u'\n', 1, 2), changes);
     there().press(Qt::Key_Down);
     EXPECT_TRUE(there().text("change").startsWith("Μεταβολή κίνησης, ")) << there().text("change").toStdString();
