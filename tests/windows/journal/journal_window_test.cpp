@@ -98,6 +98,24 @@ TEST_F(JournalWindowTest, showsWhatDiffersNarrowsDownAndPrints)
     EXPECT_FALSE(journal->isVisible());
 }
 
+TEST_F(JournalWindowTest, readsOnePageMoreWhenTheUserReachesTheEnd)
+{
+    book.execute("WITH RECURSIVE n(i) AS (SELECT 1000 UNION ALL SELECT i+1 FROM n WHERE i<1900)"
+                 " INSERT INTO journal (id, action, subject) SELECT i, 'insert', 'movement/'||i FROM n");
+    start();
+    open();
+    const QAbstractItemModel& changes = *view("changes").model();
+    EXPECT_EQ(changes.rowCount(), 200);
+    there().goTo(view("changes"));
+    for (const int expected : {400, 600}) {
+        there().press(Qt::Key_End);
+        EXPECT_TRUE(comesTrue([&] { return changes.rowCount() >= expected; }));
+        waitUntilRead();
+        QTest::qWait(50); // enough for another page, if it were read
+        EXPECT_EQ(changes.rowCount(), expected);
+    }
+}
+
 TEST_F(JournalWindowTest, saysThatThereIsNoJournalInABookThatHasNone)
 {
     UsageMarker other = otherComputer();
