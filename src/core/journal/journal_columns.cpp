@@ -7,6 +7,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace lorvan {
@@ -77,7 +78,17 @@ const Columns& bookColumns()
         {"correctedDays", "Ημέρες με σύνολα ή υπόλοιπο που διορθώθηκαν", Form::Number},
         {"keptDifferences", "Υπόλοιπα ανοίγματος που καταχωρίστηκαν", Form::Number},
         {"taytothta", "Εκδόσεις", Form::Number, never}, {"aa", "Αριθμός τελευταίου κλεισίματος", Form::Number, never},
-        {"digest", "Αποτύπωμα", Form::Text, never}};
+        {"seal", "Τελευταία σφραγίδα", Form::Text, never, ofChange}, {"digest", "Αποτύπωμα", Form::Text, never}};
+    return columns;
+}
+
+/// What the restored copy was, and the ends of both chains in the book that it replaced.
+const Columns& restoreColumns()
+{
+    static const Columns columns{{"copy", "Αντίγραφο", Form::Text, alone},
+        {"codes", "Κωδικοί ελέγχου νεότεροι από το αντίγραφο"},
+        {"journal", "Τέλος του ιστορικού πριν", Form::Text, never},
+        {"seal", "Τελευταία σφραγίδα πριν", Form::Text, never}};
     return columns;
 }
 
@@ -124,20 +135,29 @@ QString exactAmount(std::int64_t units)
     return sign + cents + QString::number(std::abs(belowCents)).rightJustified(2, u'0');
 }
 
+bool isListOfTexts(const QJsonArray& list)
+{
+    return std::all_of(list.begin(), list.end(), [](const QJsonValue& each) { return each.isString(); });
+}
+
 QString asStored(const QJsonValue& value)
 {
     if (value.isString())
         return value.toString();
+    if (value.isArray() && isListOfTexts(value.toArray()))
+        return value.toVariant().toStringList().join(QStringLiteral(", "));
     const QByteArray json = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
     return QString::fromUtf8(json.sliced(1, json.size() - 2)); // without the brackets
 }
 
 } // namespace
 
-const std::vector<JournalColumn>& journalColumnsOf(const QString& subject)
+const std::vector<JournalColumn>& journalColumnsOf(const JournalRow& row)
 {
     static const Columns none;
-    const auto kind = journalKind(subject);
+    if (row.action == journalWord(JournalAction::Restore))
+        return restoreColumns();
+    const auto kind = journalKind(row.subject);
     return kind ? columnsOf(*kind) : none;
 }
 

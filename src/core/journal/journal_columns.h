@@ -22,8 +22,8 @@ struct JournalColumn {
     bool isOfChange = false; ///< About the change itself, not a value that the subject had or has.
 };
 
-/// The known columns of a subject's kind, in the order in which they are read; none for a subject of a newer version.
-[[nodiscard]] const std::vector<JournalColumn>& journalColumnsOf(const QString& subject);
+/// The known columns of a row's states, in the order in which they are read; none for a subject of a newer version.
+[[nodiscard]] const std::vector<JournalColumn>& journalColumnsOf(const JournalRow& row);
 
 /// A column that is none of these: a day of an opening balance, or one of a newer version, which keeps its name.
 [[nodiscard]] JournalColumn otherJournalColumn(const JournalRow& row, const QString& name);

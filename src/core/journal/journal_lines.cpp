@@ -63,7 +63,7 @@ std::vector<JournalLine> journalLines(const JournalRow& row)
         return {wholeText(row)};
     std::vector<JournalLine> lines;
     QStringList names = states.names();
-    for (const JournalColumn& column : journalColumnsOf(row.subject)) {
+    for (const JournalColumn& column : journalColumnsOf(row)) {
         if (names.removeAll(column.name) > 0)
             lines.push_back(lineOf(column.name, column, states));
     }

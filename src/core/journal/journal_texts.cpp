@@ -45,8 +45,6 @@ QString transitive(JournalAction action)
         return QStringLiteral("Αναίρεση αλλαγής ");
     case JournalAction::Redo:
         return QStringLiteral("Επανάληψη αλλαγής ");
-    case JournalAction::Seal:
-        return QStringLiteral("Σφράγιση ");
     case JournalAction::Correct:
         return QStringLiteral("Διόρθωση ");
     case JournalAction::Found:
@@ -78,9 +76,13 @@ QString alone(JournalAction action)
     }
 }
 
-QString closingText(JournalKind kind)
+/// Of one day, or of many together.
+QString textForDays(JournalAction action, JournalKind kind)
 {
-    return kind == JournalKind::Book ? QStringLiteral("Κλείσιμο ανοικτών ημερών") : QStringLiteral("Κλείσιμο ημέρας");
+    const bool isOne = kind == JournalKind::CashDay;
+    if (action == JournalAction::Close)
+        return isOne ? QStringLiteral("Κλείσιμο ημέρας") : QStringLiteral("Κλείσιμο ανοικτών ημερών");
+    return isOne ? QStringLiteral("Σφράγιση ημέρας") : QStringLiteral("Σφράγιση κλεισμένων ημερών");
 }
 
 /// As it stands in front of its number or name.
@@ -140,8 +142,8 @@ QString journalActionText(const JournalRow& row)
     const auto kind = journalKind(row.subject);
     if (!action)
         return row.action;
-    if (*action == JournalAction::Close && kind)
-        return closingText(*kind);
+    if (kind && (*action == JournalAction::Close || *action == JournalAction::Seal))
+        return textForDays(*action, *kind);
     const QString text = alone(*action);
     if (!text.isEmpty())
         return text;
