@@ -3,6 +3,7 @@
 
 #include "book/version.h"
 #include "codes/omada_kvdikvn.h"
+#include "journal/journal_window.h"
 #include "main/check_window.h"
 #include "main/open_days_list.h"
 #include "preview/ektypvsh.h"
@@ -82,6 +83,7 @@ TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
     found += captionsIn(PrinterChoice(printers, nullptr));
     found += captionsIn(ProgressWindow({"Εκτύπωση", "Διαβάζονται οι κινήσεις", "Γραμμές"}, nullptr));
     found += captionsIn(SaveDialog("Αποθήκευση", {{"Έγγραφο PDF (*.pdf)", "pdf"}}, nullptr));
+    found += captionsIn(JournalWindow(book.files(), testKeys(), fixedClock(), {}, nullptr));
     EXPECT_EQ(found.toStdString(), readFile(QT_TESTCASE_SOURCEDIR "/windows/main/captions.txt").toStdString());
 
     for (const char* const label : {"Label3D1(0)", "Label3D1(1)", "Label3D1(3)"}) {
