@@ -45,9 +45,10 @@ std::optional<NoticeKind> NoticeBoard::shownKind() const
     return m_notices.empty() ? std::nullopt : std::optional(m_notices.begin()->first);
 }
 
-Notice dayClosedNotice(QDate day)
+Notice dayClosedNotice(QDate day, const QString& checkCode)
 {
-    return {QStringLiteral("Η ημέρα %1 έκλεισε").arg(dateText(day)), {}, false};
+    const QString code = checkCode.isEmpty() ? QString() : QStringLiteral(", κωδικός ελέγχου ") + checkCode;
+    return {QStringLiteral("Η ημέρα %1 έκλεισε").arg(dateText(day)) + code, {}, false};
 }
 
 Notice openDaysNotice(int count, QDate since)

@@ -50,8 +50,8 @@ private:
     std::map<NoticeKind, Notice> m_notices;
 };
 
-/// "Η ημέρα 21-11-2026 έκλεισε".
-[[nodiscard]] Notice dayClosedNotice(QDate day);
+/// "Η ημέρα 21-11-2026 έκλεισε", followed by the check code of its seal, if it has one.
+[[nodiscard]] Notice dayClosedNotice(QDate day, const QString& checkCode);
 
 /// "Ανοικτές ημέρες: 3 (από 14-11-2026)".
 [[nodiscard]] Notice openDaysNotice(int count, QDate since);

@@ -1,8 +1,6 @@
 #include "cashbook/cash_book.h"
 
 #include "book/book.h"
-#include "cashbook/cash_closing.h"
-#include "cashbook/day_seal.h"
 #include "cashbook/journal_states.h"
 #include "cashbook/movement_store.h"
 #include "journal/journal.h"
@@ -156,12 +154,17 @@ std::optional<DayCorrection> CashBook::correct(DayView& view)
     return DayCorrection{view.day, former, view.figures};
 }
 
-bool CashBook::close(QDate day)
+std::optional<ClosedDay> CashBook::close(QDate day)
 {
     if (m_book.main().isReadOnly())
         return closeDay(m_book.auxiliary(), m_authority, day);
     Connection both = m_book.openBoth();
     return closeDay(both, m_authority, day);
+}
+
+std::optional<DaySeal> CashBook::sealOf(QDate day)
+{
+    return lastSealOf(m_book.auxiliary(), day);
 }
 
 ChangeOutcome CashBook::changeDay(QDate day, const Change& change)

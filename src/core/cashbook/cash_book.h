@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cashbook/cash_closing.h"
+#include "cashbook/day_seal.h"
 #include "cashbook/day_view.h"
 #include "cashbook/movement_validation.h"
 #include "platform/authority.h"
@@ -74,9 +76,12 @@ public:
     /// begins with, or its code no longer exists.
     [[nodiscard]] ChangeOutcome repeat(const MovementChange& change, JournalAction action);
 
-    /// Closes the day's cash; returns false if it was closed already. Where the main database cannot be written, the
-    /// journal records it when it is found. Throws NotPermitted without the right to close.
-    bool close(QDate day);
+    /// Closes the day's cash; returns no value if it was closed already. Where the main database cannot be written, the
+    /// journal records it when it is found, and there is no seal yet. Throws NotPermitted without the right to close.
+    std::optional<ClosedDay> close(QDate day);
+
+    /// The day's last seal.
+    [[nodiscard]] std::optional<DaySeal> sealOf(QDate day);
 
     /// The stored movement with that key, if it still exists.
     [[nodiscard]] std::optional<Movement> find(qint64 key);

@@ -2,6 +2,7 @@
 
 #include "cashbook/cash_day.h"
 #include "cashbook/day_seal.h"
+#include "journal/check_code.h"
 #include "journal/journal.h"
 #include "platform/amount_text.h"
 #include "platform/date_text.h"
@@ -72,20 +73,21 @@ bool isClosed(Connection& auxiliary, QDate day)
     return auxiliary.prepare("SELECT 1 FROM klhsimotameioy WHERE hmeraklhsimatos=? LIMIT 1").bind(day).step();
 }
 
-bool closeDay(Connection& book, const Authority& authority, QDate day)
+std::optional<ClosedDay> closeDay(Connection& book, const Authority& authority, QDate day)
 {
     authority.require(Right::CloseCash);
     Transaction transaction(book, authority);
     if (isClosed(book, day))
-        return false;
+        return std::nullopt;
     if (keepsJournal(book))
         recordFound(book, authority, unrecordedClosings(book, book));
     book.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)").bind(day).run();
     const QString journal = record(book, authority, JournalAction::Close, {book.lastInsertedKey(), day});
+    ClosedDay closed{day};
     if (!journal.isEmpty() && keepsSeals(book))
-        sealDay(book, authority, day, journal);
+        closed.checkCode = checkCode(sealDay(book, authority, day, journal).hash);
     transaction.commit();
-    return true;
+    return closed;
 }
 
 std::vector<Closing> unrecordedClosings(Connection& main, Connection& auxiliary)

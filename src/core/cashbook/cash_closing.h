@@ -3,6 +3,7 @@
 #include <QDate>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace lorvan {
@@ -14,10 +15,16 @@ struct CashDayFigures;
 /// True if the day's cash has been closed for good.
 [[nodiscard]] bool isClosed(Connection& auxiliary, QDate day);
 
-/// Closes the day's cash and seals it; does nothing if it is already closed. One transaction over `book`, which holds
-/// both databases or, if the main one cannot be written, only the auxiliary one. Returns true if the day was open.
-/// Throws NotPermitted and SqlError.
-bool closeDay(Connection& book, const Authority& authority, QDate day);
+/// A day that was open until now.
+struct ClosedDay {
+    QDate day;
+    QString checkCode = {}; ///< Of its seal; empty if it could not be sealed yet.
+};
+
+/// Closes the day's cash and seals it. One transaction over `book`, which holds both databases or, if the main one
+/// cannot be written, only the auxiliary one. Does nothing and returns no value if the day is already closed. Throws
+/// NotPermitted and SqlError.
+std::optional<ClosedDay> closeDay(Connection& book, const Authority& authority, QDate day);
 
 /// A row of `klhsimotameioy`.
 struct Closing {

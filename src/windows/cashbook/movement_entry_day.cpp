@@ -2,6 +2,7 @@
 #include "cashbook/code_picker.h"
 #include "cashbook/day_list.h"
 #include "cashbook/movement_entry_page.h"
+#include "cashbook/seal_texts.h"
 #include "controls/code_chooser.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
@@ -141,6 +142,8 @@ void MovementEntryPage::showClosedState(bool isClosed)
         m_state->showClosed();
     else
         m_state->showOpen();
+    const auto seal = isClosed ? m_cashBook.sealOf(m_day) : std::nullopt;
+    m_state->explain(seal ? sealCodeText(*seal) : QString());
 }
 
 /// Reads the shown day and corrects its row. The day is what matters: if something keeps its row from being written (a

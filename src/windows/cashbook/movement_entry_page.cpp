@@ -269,8 +269,9 @@ void MovementEntryPage::closeCash()
             QStringLiteral("Ο χρήστης δεν έχει το δικαίωμα να κλίνει το ταμείο"));
     } else if (!day.isValid()) {
         explain(MovementRefusal::DateIsInvalid, RefusedOperation::Change);
-    } else if (askToClose(day) && m_cashBook.close(day)) {
-        Q_EMIT dayClosed(day);
+    } else if (askToClose(day)) {
+        if (const auto closed = m_cashBook.close(day))
+            Q_EMIT dayClosed(*closed);
     }
 }
 

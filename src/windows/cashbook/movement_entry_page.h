@@ -52,6 +52,9 @@ public:
     /// The same, but also checks the field that has the focus, since the page is about to be left.
     bool leaveAll();
 
+    /// The last day shown.
+    [[nodiscard]] QDate day() const { return m_day; }
+
     /// What would be lost if the program ended now.
     [[nodiscard]] UnsavedEntry unsaved() const;
 
@@ -80,7 +83,7 @@ Q_SIGNALS:
     void figuresUnknown(); ///< The day could not be read.
     void stored(const lorvan::StoredChange& change); ///< By this user, just now.
     void dayCorrected(const lorvan::DayCorrection& correction); ///< When it was shown.
-    void dayClosed(QDate day); ///< It had been open until now.
+    void dayClosed(const lorvan::ClosedDay& closed);
 
 private:
     void createControls();

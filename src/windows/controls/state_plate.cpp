@@ -52,6 +52,13 @@ void StatePlate::showClosed()
     show(m_closedCaption, red, redBehind);
 }
 
+void StatePlate::explain(const QString& text)
+{
+    setToolTip(text);
+    m_label->setToolTip(text);
+    m_label->setAccessibleDescription(text);
+}
+
 void StatePlate::show(const QString& caption, QColor front, QColor back)
 {
     m_label->setCaption(caption);

@@ -18,6 +18,9 @@ public:
     void showOpen(); ///< The open caption, in green.
     void showClosed(); ///< The closed caption, in red.
 
+    /// The tool tip of plate and label; empty for none.
+    void explain(const QString& text);
+
     [[nodiscard]] Label3D* label() const { return m_label; }
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -41,8 +41,8 @@ Kentrikh::Kentrikh(
     , m_marker(std::move(marker))
     , m_authority(std::move(authority))
     , m_settings(std::move(settings))
-    , m_clock(std::move(clock))
     , m_keys(keys)
+    , m_clock(std::move(clock))
     , m_locks(lockReachOf(BookFiles(m_settings.dataFolder)))
     , m_undoList(m_book, m_authority)
     , m_band(new TabBand(this))
@@ -91,7 +91,7 @@ void Kentrikh::layOut()
     rows->setContentsMargins({});
     rows->setSpacing(0);
     rows->addWidget(m_band);
-    rows->addWidget(m_notices.line());
+    rows->addLayout(m_notices.row());
     rows->addWidget(m_pages, 1);
     rows->addWidget(m_totals);
     setCentralWidget(central);

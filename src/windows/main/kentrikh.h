@@ -51,6 +51,8 @@ public:
 
     /// Shows the window "Ιστορικό", or brings it to the front.
     void openHistory();
+    /// Shows the closing sheet of the shown day, or says that the day is still open.
+    void openClosingSheet();
 
     /// Closes the window without a question, whatever was typed.
     void end();
@@ -95,6 +97,9 @@ private:
     /// Shows what the last proof has found, or else checks the whole book.
     void checkBook(bool showsFound);
     void goToDay(QDate day);
+    void printClosingSheet(QDate day);
+    /// Offers to enter the cash that was counted, unless this user cannot keep it. Returns false if no sheet is wanted.
+    [[nodiscard]] bool askForCount(QDate day);
 
     void selectTab(int tab);
     void keepTab();
@@ -113,8 +118,8 @@ private:
     UsageMarker m_marker;
     const Authority m_authority;
     const DataFolderSettings m_settings;
-    const Clock m_clock;
     KeyRing& m_keys;
+    const Clock m_clock;
     const LockReach m_locks;
     UndoList m_undoList;
     TabBand* m_band;
@@ -133,6 +138,7 @@ private:
     DailyBackup m_backup;
     SessionEnd m_session;
     AwayWatch m_away;
+    QDate m_closedDay; ///< The last one that was closed here.
     bool m_isEnding = false; ///< Nothing more is asked.
     int m_tab = 0; ///< The tab whose page is shown.
     bool m_closed = false;

@@ -1,19 +1,30 @@
 #include "book/book_files.h"
 #include "cashbook/cash_closing.h"
+#include "cashbook/count_window.h"
+#include "cashbook/counted_cash.h"
+#include "cashbook/day_seal.h"
 #include "cashbook/movement_entry_page.h"
 #include "cashbook/proof_texts.h"
 #include "controls/main_controls.h"
+#include "look/message_window.h"
 #include "main/check_window.h"
 #include "main/kentrikh.h"
 #include "main/open_days_list.h"
 #include "main/proof_mark.h"
 #include "main/tab_band.h"
 #include "main/tools_button.h"
+#include "platform/date_text.h"
+#include "reports/closing_sheet.h"
 
 #include <QAction>
 #include <QTabBar>
 
 namespace lorvan {
+namespace {
+
+const QString sheetTitle = QStringLiteral("Φύλλο κλεισίματος");
+
+} // namespace
 
 void Kentrikh::connectTools()
 {
@@ -24,7 +35,13 @@ void Kentrikh::connectTools()
     connect(openDays, &QAction::triggered, this, [this] { openTool([this] { listOpenDays(); }); });
     const QAction* const history = tools->add(QStringLiteral("history"), QStringLiteral("Ιστορικό\tCtrl+H"));
     connect(history, &QAction::triggered, this, m_gate.quick(this, &Kentrikh::openHistory));
+    const QAction* const sheet = tools->add(QStringLiteral("closingSheet"), sheetTitle);
+    connect(sheet, &QAction::triggered, this, &Kentrikh::openClosingSheet);
     connect(&m_notices, &MainNotices::followed, this, &Kentrikh::followNotice);
+    connect(m_entryPage, &MovementEntryPage::dayClosed, this,
+        [this](const ClosedDay& closed) { m_closedDay = closed.day; });
+    connect(&m_notices, &MainNotices::sheetWanted, this,
+        [this] { m_gate.runWindow([this] { return settle(); }, [this] { printClosingSheet(m_closedDay); }); });
 
     connect(m_entryPage, &MovementEntryPage::dayClosed, &m_openDays, &OpenDaysWatch::look);
     connect(m_entryPage, &MovementEntryPage::dayCorrected, &m_notices, &MainNotices::tellCorrection);
@@ -100,6 +117,48 @@ void Kentrikh::goToDay(QDate day)
     m_band->tabs()->setCurrentIndex(tab::cashBook);
     if (m_tab == tab::cashBook && !m_closed && m_entryPage->leaveAll() && !m_closed)
         m_entryPage->goTo(day);
+}
+
+/// From another page the tab is changed first: what is counted is kept under the marker, as on the cash page.
+void Kentrikh::openClosingSheet()
+{
+    const auto open = [this] {
+        m_band->tabs()->setCurrentIndex(tab::cashBook);
+        const QDate day = m_entryPage->day();
+        if (m_tab != tab::cashBook || m_closed)
+            return;
+        if (lorvan::isClosed(m_book.auxiliary(), day))
+            printClosingSheet(day);
+        else
+            showMessage(this, QMessageBox::Information, sheetTitle,
+                QStringLiteral("Η ημέρα %1 δεν έχει κλείσει.").arg(dateText(day)));
+    };
+    m_gate.runWindow([this] { return settle(); }, open);
+}
+
+void Kentrikh::printClosingSheet(QDate day)
+{
+    if (!askForCount(day))
+        return;
+    m_gate.run([this, day] {
+        const auto build = [day, heading = m_settings.heading](
+                               const BookFiles& files, KeyRing& keys, const ReportProgress& progress) {
+            return buildClosingSheet(day, heading, files, keys, progress);
+        };
+        m_reports.print({sheetTitle, closingSheetFileName(day), build}, this);
+    });
+}
+
+bool Kentrikh::askForCount(QDate day)
+{
+    const auto seal = lastSealOf(m_book.auxiliary(), day);
+    if (!seal || !m_authority.has(Right::CloseCash) || m_locks == LockReach::Nobody || m_marker.heldByAnother())
+        return true;
+    CountWindow window(day, seal->balance, countedCashOf(m_book.auxiliary(), day).value_or(CountedCash()), this);
+    window.setKeeping([this, day, &window](const CountedCash& counted) {
+        return !refusedByMarker(&window) && keepCountedCash(m_book.auxiliary(), m_authority, day, counted);
+    });
+    return window.exec() == QDialog::Accepted && !m_closed;
 }
 
 } // namespace lorvan

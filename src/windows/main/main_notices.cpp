@@ -7,6 +7,8 @@
 #include "controls/notice_line.h"
 #include "platform/files/folder.h"
 
+#include <QHBoxLayout>
+
 #include <chrono>
 
 namespace lorvan {
@@ -14,6 +16,7 @@ namespace {
 
 constexpr std::chrono::seconds closedStandsFor{10};
 constexpr std::chrono::seconds undoStandsFor{20};
+constexpr int besideButton = 12;
 
 } // namespace
 
@@ -23,6 +26,8 @@ MainNotices::MainNotices(const QString& dataFolder, const UsageMarker& marker, C
     , m_clock(std::move(clock))
     , m_watch(BookFiles(dataFolder).usageMarker())
     , m_line(new NoticeLine(QStringLiteral("notices"), window))
+    , m_sheet(new CommandButton({}, QStringLiteral("Φύλλο κλεισίματος"), window))
+    , m_row(new QHBoxLayout)
     , m_undo(new CommandButton(QStringLiteral("undo"), {}))
 {
     m_undo->setObjectName(QStringLiteral("undo"));
@@ -31,6 +36,15 @@ MainNotices::MainNotices(const QString& dataFolder, const UsageMarker& marker, C
     m_line->setButton(m_undo);
     m_undoStands.setSingleShot(true);
     connect(&m_undoStands, &QTimer::timeout, this, &MainNotices::forgetUndo);
+    m_sheet->setObjectName(QStringLiteral("closingSheet"));
+    m_sheet->setToolTip(QStringLiteral("Ετοιμάζει το φύλλο κλεισίματος της ημέρας"));
+    m_sheet->setFocusPolicy(Qt::NoFocus); // the sheet is in the tools menu too
+    m_sheet->setFixedHeight(m_line->sizeHint().height()); // so that nothing moves when it comes and goes
+    m_sheet->hide();
+    connect(m_sheet, &CommandButton::clicked, this, &MainNotices::sheetWanted);
+    m_row->setContentsMargins(0, 0, besideButton, 0);
+    m_row->addWidget(m_line, 1);
+    m_row->addWidget(m_sheet, 0, Qt::AlignBottom);
     m_closedStands.setSingleShot(true);
     connect(&m_closedStands, &QTimer::timeout, this, &MainNotices::actionBegins);
     connect(m_line, &NoticeLine::clicked, this, [this] {
@@ -98,10 +112,10 @@ void MainNotices::tellUndo(const Notice& notice, const QString& offered)
     m_undoStands.start(undoStandsFor);
 }
 
-void MainNotices::dayClosed(QDate day)
+void MainNotices::dayClosed(const ClosedDay& closed)
 {
     forgetUndo();
-    put(NoticeKind::DayClosed, dayClosedNotice(day));
+    put(NoticeKind::DayClosed, dayClosedNotice(closed.day, closed.checkCode));
     m_closedStands.start(closedStandsFor);
 }
 
@@ -136,6 +150,7 @@ void MainNotices::tellOpenDays(const OpenDays& open)
 void MainNotices::show()
 {
     const Notice notice = m_board.shown();
+    m_sheet->setVisible(m_board.shownKind() == NoticeKind::DayClosed);
     m_line->setLeadsOn(notice.leadsOn);
     m_line->showButton(m_offersUndo && m_board.shownKind() == NoticeKind::Undo);
     m_line->tell(notice.text, notice.reason, notice.isWarning ? ColourRole::Warning : ColourRole::Text);

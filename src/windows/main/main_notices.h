@@ -9,6 +9,8 @@
 #include <QObject>
 #include <QTimer>
 
+class QHBoxLayout;
+
 namespace lorvan {
 
 class CommandButton;
@@ -23,7 +25,8 @@ public:
     /// The line belongs to the window; the marker must outlive the object.
     MainNotices(const QString& dataFolder, const UsageMarker& marker, Clock clock, QWidget* window);
 
-    [[nodiscard]] NoticeLine* line() const { return m_line; }
+    /// The line, and the button that appears beside it while it tells of a closing: it offers the closing sheet.
+    [[nodiscard]] QHBoxLayout* row() const { return m_row; }
 
     /// Says in which way the book's folder is not reliable.
     void tellLocks(LockReach locks, bool isReadOnly);
@@ -51,7 +54,7 @@ public:
     [[nodiscard]] CommandButton* undoButton() const { return m_undo; }
 
     /// Shown for ten seconds, or until actionBegins(), in place of what can be undone.
-    void dayClosed(QDate day);
+    void dayClosed(const ClosedDay& closed);
     void actionBegins() { remove(NoticeKind::DayClosed); }
 
     /// Stops looking at the marker.
@@ -59,6 +62,7 @@ public:
 
 Q_SIGNALS:
     void followed(lorvan::NoticeKind kind); ///< The user clicked on a notice that leads on.
+    void sheetWanted(); ///< The closing sheet of the day that was closed.
 
 private:
     void tellHolder(const std::optional<MarkerHolder>& seen);
@@ -71,6 +75,8 @@ private:
     Clock m_clock;
     MarkerWatch m_watch;
     NoticeLine* m_line;
+    CommandButton* m_sheet;
+    QHBoxLayout* m_row;
     NoticeBoard m_board;
     CommandButton* m_undo;
     std::vector<DayCorrection> m_corrections;

@@ -35,7 +35,7 @@ AdministrationRow::AdministrationRow(BookFiles files, KeyRing& keys, Clock clock
     m_copyPath->setObjectName(QStringLiteral("copyPath"));
 }
 
-void AdministrationRow::layOut(const std::array<CommandButton*, 3>& commands)
+void AdministrationRow::layOut(const std::array<CommandButton*, 3>& commands, CommandButton* beside)
 {
     m_delete = commands.back();
     auto* const row = new QHBoxLayout(this);
@@ -43,6 +43,7 @@ void AdministrationRow::layOut(const std::array<CommandButton*, 3>& commands)
     row->setSpacing(betweenControls);
     row->addWidget(commands[0]);
     row->addWidget(commands[1]);
+    row->addWidget(beside);
     row->addSpacing(aroundCopy);
     row->addLayout(copyLines(), 1);
     row->addSpacing(aroundCopy);

@@ -24,7 +24,8 @@ public:
     AdministrationRow(BookFiles files, KeyRing& keys, Clock clock, QWidget* parent);
 
     /// Lays out the row with the buttons that unlock, close days and delete the data.
-    void layOut(const std::array<CommandButton*, 3>& commands);
+    /// `beside` stands behind the second.
+    void layOut(const std::array<CommandButton*, 3>& commands, CommandButton* beside);
 
     /// Makes the usage marker free, whoever holds it.
     void unlock();

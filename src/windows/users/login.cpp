@@ -14,6 +14,7 @@
 #include "look/window_placement.h"
 #include "platform/engine/connection.h"
 #include "users/administration_row.h"
+#include "users/seals_entry.h"
 #include "users/user_maintenance.h"
 
 #include <QCheckBox>
@@ -161,7 +162,8 @@ QWidget* Login::maintenanceArea(const Clock& clock)
     rows->addWidget(m_users, 1);
     m_administration = new AdministrationRow(m_files, m_keys, clock, area);
     addAdministrationCommands(m_administration);
-    m_administration->layOut({m_commands[Unlock], m_commands[CloseDays], m_commands[DeleteData]});
+    m_seals = new SealsEntry(m_files, m_keys, clock, m_gate, m_administration);
+    m_administration->layOut({m_commands[Unlock], m_commands[CloseDays], m_commands[DeleteData]}, m_seals);
     rows->addWidget(m_administration);
     return area;
 }
@@ -195,7 +197,7 @@ void Login::setTabOrders()
     const auto& checks = m_users->checks();
     chainTabOrder({m_fields[Name], m_fields[Password], m_commands[SignIn], m_commands[End], m_users->list(),
         m_users->name(), m_users->password(), checks[0], checks[1], checks[2], m_commands[AddUser],
-        m_commands[ChangeUser], m_commands[RemoveUser], m_commands[Unlock], m_commands[CloseDays],
+        m_commands[ChangeUser], m_commands[RemoveUser], m_commands[Unlock], m_commands[CloseDays], m_seals,
         m_administration->copyPath(), m_commands[DeleteData]});
 }
 

@@ -16,6 +16,7 @@ class Clock;
 class CommandButton;
 class EntryField;
 class KeyRing;
+class SealsEntry;
 class UserMaintenance;
 
 /// The sign-in window. For the built-in administrator it also shows the list of users and the operations on the whole
@@ -61,6 +62,7 @@ private:
     ControlArray<CommandButton> m_commands;
     UserMaintenance* m_users = nullptr;
     AdministrationRow* m_administration = nullptr;
+    SealsEntry* m_seals = nullptr;
     QWidget* m_maintenance;
 };
 
