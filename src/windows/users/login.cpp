@@ -197,8 +197,8 @@ void Login::setTabOrders()
     const auto& checks = m_users->checks();
     chainTabOrder({m_fields[Name], m_fields[Password], m_commands[SignIn], m_commands[End], m_users->list(),
         m_users->name(), m_users->password(), checks[0], checks[1], checks[2], m_commands[AddUser],
-        m_commands[ChangeUser], m_commands[RemoveUser], m_commands[Unlock], m_commands[CloseDays], m_seals,
-        m_administration->copyPath(), m_commands[DeleteData]});
+        m_commands[ChangeUser], m_commands[RemoveUser], m_commands[Unlock], m_commands[CloseDays],
+        m_administration->copyPath(), m_commands[DeleteData], m_seals});
 }
 
 void Login::connectCommands()

@@ -184,7 +184,7 @@ TEST_F(DateFieldTest, closingAsksWritesOneRowAndShowsAtTheNextLook)
         press(closeCash);
         EXPECT_EQ(closedDays(), "20240315");
         EXPECT_EQ(state(), "Ταμείο ανοικτό");
-        EXPECT_EQ(notice(), told) << "of a day that was open";
+        EXPECT_EQ(notice().section(u',', 0, 0), told) << "of a day that was open";
     }
     boxes.expect(dayIsClosed());
     leaveDate("15-03-2024");
