@@ -1,9 +1,9 @@
 #include "benchmarks.h"
 
 #include "bare_sql.h"
-#include "cashbook/balance_proof.h"
-#include "cashbook/book_check.h"
 #include "platform/engine/connection.h"
+#include "proof/balance_proof.h"
+#include "proof/book_check.h"
 
 #include <memory>
 

@@ -1,12 +1,12 @@
 #include "durability/stored_state.h"
 
 #include "book/pending_restore.h"
-#include "cashbook/book_check.h"
 #include "cashbook/cash_book.h"
 #include "cashbook/cash_closing.h"
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
 #include "platform/engine/transaction.h"
+#include "proof/book_check.h"
 #include "support/temporary_book.h"
 #include "users/user_accounts.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "book/book_opening.h"
-#include "cashbook/opening_balance.h"
 #include "main/kentrikh.h"
+#include "proof/opening_balance.h"
 #include "support/book_model.h"
 #include "support/files.h"
 #include "support/temporary_book.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cashbook/findings_text.h"
+#include "proof/findings_text.h"
 
 #include <ostream>
 

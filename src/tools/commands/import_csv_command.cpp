@@ -1,9 +1,9 @@
 #include "support/command.h"
 
 #include "book/book_schema.h"
-#include "cashbook/opening_balance.h"
 #include "csv/csv_import.h"
 #include "platform/authority.h"
+#include "proof/opening_balance.h"
 #include "support/claimed_marker.h"
 #include "support/interruption.h"
 #include "support/opened_book.h"

@@ -1,12 +1,12 @@
 #include "legacy/import_tally.h"
 
 #include "book/book.h"
-#include "cashbook/book_check.h"
 #include "jet/jet_damage.h"
 #include "legacy/legacy_book.h"
 #include "platform/amount_text.h"
 #include "platform/date_text.h"
 #include "platform/engine/transaction.h"
+#include "proof/book_check.h"
 
 #include <algorithm>
 #include <iterator>

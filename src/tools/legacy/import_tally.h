@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cashbook/cash_day_audit.h"
+#include "proof/cash_day_audit.h"
 
 #include <QString>
 

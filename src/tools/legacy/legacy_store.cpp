@@ -2,10 +2,10 @@
 
 #include "book/book.h"
 #include "cashbook/journal_keeping.h"
-#include "cashbook/opening_balance.h"
 #include "journal/journal.h"
 #include "legacy/legacy_book.h"
 #include "platform/engine/transaction.h"
+#include "proof/opening_balance.h"
 
 #include <QStringList>
 

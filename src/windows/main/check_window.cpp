@@ -1,6 +1,5 @@
 #include "main/check_window.h"
 
-#include "cashbook/open_book_check.h"
 #include "controls/command_button.h"
 #include "controls/guarded_window.h"
 #include "controls/plain_list.h"
@@ -10,6 +9,7 @@
 #include "look/window_placement.h"
 #include "platform/date_text.h"
 #include "platform/stop_check.h"
+#include "proof/open_book_check.h"
 
 #include <QItemSelectionModel>
 #include <QKeyEvent>

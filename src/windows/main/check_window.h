@@ -1,11 +1,11 @@
 #pragma once
 
 #include "book/book_files.h"
-#include "cashbook/balance_proof.h"
-#include "cashbook/findings_text.h"
 #include "controls/action_gate.h"
 #include "platform/authority.h"
 #include "preview/background_run.h"
+#include "proof/balance_proof.h"
+#include "proof/findings_text.h"
 
 #include <QDate>
 #include <QDialog>

@@ -2,7 +2,6 @@
 
 #include "book/version.h"
 #include "cashbook/movement_entry_page.h"
-#include "cashbook/opening_balance.h"
 #include "codes/code_catalogue.h"
 #include "codes/codes_page.h"
 #include "codes/omada_kvdikvn.h"
@@ -18,6 +17,7 @@
 #include "main/totals_bar.h"
 #include "platform/amount_text.h"
 #include "printing/printing_page.h"
+#include "proof/opening_balance.h"
 
 #include <QScopeGuard>
 #include <QScrollArea>

@@ -5,7 +5,6 @@
 #include "book/lock_trust.h"
 #include "book/path_file.h"
 #include "book/usage_marker.h"
-#include "cashbook/balance_watch.h"
 #include "cashbook/cash_day.h"
 #include "cashbook/undo_list.h"
 #include "controls/action_gate.h"
@@ -16,6 +15,7 @@
 #include "platform/authority.h"
 #include "platform/clock.h"
 #include "printing/report_desk.h"
+#include "proof/balance_watch.h"
 
 #include <QMainWindow>
 

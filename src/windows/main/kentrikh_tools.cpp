@@ -4,7 +4,6 @@
 #include "cashbook/counted_cash.h"
 #include "cashbook/day_seal.h"
 #include "cashbook/movement_entry_page.h"
-#include "cashbook/proof_texts.h"
 #include "controls/main_controls.h"
 #include "look/message_window.h"
 #include "main/check_window.h"
@@ -14,6 +13,7 @@
 #include "main/tab_band.h"
 #include "main/tools_button.h"
 #include "platform/date_text.h"
+#include "proof/proof_texts.h"
 #include "reports/closing_sheet.h"
 
 #include <QAction>

@@ -2,10 +2,10 @@
 
 #include "backup/daily_backup.h"
 #include "book/book_files.h"
-#include "cashbook/proof_texts.h"
 #include "controls/command_button.h"
 #include "controls/notice_line.h"
 #include "platform/files/folder.h"
+#include "proof/proof_texts.h"
 
 #include <QHBoxLayout>
 

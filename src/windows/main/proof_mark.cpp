@@ -1,8 +1,8 @@
 #include "main/proof_mark.h"
 
-#include "cashbook/proof_texts.h"
 #include "look/icons.h"
 #include "look/themed_label.h"
+#include "proof/proof_texts.h"
 
 #include <QHBoxLayout>
 

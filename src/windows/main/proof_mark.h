@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cashbook/last_proof.h"
+#include "proof/last_proof.h"
 
 #include <QWidget>
 

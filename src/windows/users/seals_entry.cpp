@@ -2,14 +2,14 @@
 
 #include "book/lock_trust.h"
 #include "cashbook/day_seal.h"
-#include "cashbook/findings_text.h"
-#include "cashbook/trail_audit.h"
 #include "controls/action_gate.h"
 #include "look/message_window.h"
 #include "platform/authority.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/steady_reading.h"
 #include "platform/engine/transaction.h"
+#include "proof/findings_text.h"
+#include "proof/trail_audit.h"
 
 #include <QCoreApplication>
 #include <QMenu>

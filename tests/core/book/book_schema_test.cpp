@@ -2,8 +2,8 @@
 
 #include "book/book_opening.h"
 #include "book/schema_upgrade.h"
-#include "cashbook/opening_balance.h"
 #include "platform/engine/transaction.h"
+#include "proof/opening_balance.h"
 #include "support/files.h"
 #include "support/temporary_book.h"
 

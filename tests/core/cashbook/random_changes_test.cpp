@@ -1,13 +1,13 @@
 #include "support/random_changes.h"
 
 #include "book/schema_upgrade.h"
-#include "cashbook/book_check.h"
-#include "cashbook/book_repair.h"
 #include "cashbook/movement_batch.h"
-#include "cashbook/opening_balance.h"
 #include "cashbook/undo_list.h"
 #include "platform/date_text.h"
 #include "platform/engine/transaction.h"
+#include "proof/book_check.h"
+#include "proof/book_repair.h"
+#include "proof/opening_balance.h"
 #include "support/opened_book.h"
 #include "support/temporary_book.h"
 

@@ -1,6 +1,6 @@
 #include "cashbook/cash_book.h"
-#include "cashbook/opening_balance.h"
 #include "platform/engine/transaction.h"
+#include "proof/opening_balance.h"
 #include "support/book_model.h"
 #include "tools/tool_run.h"
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "proof/book_findings.h"
+#include "proof/cash_day_audit.h"
+
+namespace lorvan {
+
+class Connection;
+
+/// The rows of tameio whose date is an integer, and a finding for each row without a date. Runs inside the caller's
+/// transaction. Throws SqlError.
+[[nodiscard]] std::vector<CashDayRow> readCashDays(Connection& book, BookFindings& findings);
+
+/// What the comparison of cash days and movements has found: missing and repeated rows, wrong sums and balances, and
+/// the opening differences as notices.
+[[nodiscard]] BookFindings findingsOf(const CashDayAudit& audit);
+
+} // namespace lorvan

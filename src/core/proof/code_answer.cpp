@@ -1,0 +1,88 @@
+#include "proof/code_answer.h"
+
+#include "cashbook/cash_closing.h"
+#include "cashbook/movement_store.h"
+#include "journal/check_code.h"
+#include "journal/journal.h"
+#include "platform/date_text.h"
+#include "platform/engine/connection.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace lorvan {
+namespace {
+
+using Verdict = CodeAnswer::Verdict;
+
+bool wasLostInARestore(Connection& book, const QString& code)
+{
+    if (!keepsJournal(book))
+        return false;
+    auto rows = book.prepare("SELECT after FROM main.journal WHERE subject='book' AND action='restore'");
+    while (rows.step()) {
+        if (QJsonDocument::fromJson(rows.text(0).toUtf8())[QStringLiteral("codes")].toArray().contains(code))
+            return true;
+    }
+    return false;
+}
+
+Verdict verdictOf(Connection& book, const DaySeal& seal, std::int64_t lastVersion)
+{
+    if (seal.hash != sealHash(seal))
+        return Verdict::Altered;
+    if (seal.version != lastVersion)
+        return Verdict::Resealed;
+    const QDate day = dateFromStored(seal.day);
+    const bool isSame = contentDigest(movementsOf(book, day)) == seal.content && isClosed(book, day);
+    return isSame ? Verdict::Holds : Verdict::Altered;
+}
+
+} // namespace
+
+CodeAnswer answerForCode(Connection& book, const QString& typed)
+{
+    CodeAnswer answer;
+    answer.code = readCheckCode(typed);
+    if (answer.code.isEmpty()) {
+        answer.verdict = Verdict::NoCode;
+        return answer;
+    }
+    const auto seal = sealWithCode(book, answer.code);
+    if (!seal) {
+        answer.verdict = wasLostInARestore(book, answer.code) ? Verdict::NewerThanCopy : Verdict::Unknown;
+        return answer;
+    }
+    answer.seal = *seal;
+    const auto last = lastSealOf(book, dateFromStored(seal->day));
+    answer.lastVersion = last ? last->version : seal->version;
+    answer.verdict = verdictOf(book, *seal, answer.lastVersion);
+    return answer;
+}
+
+QString answerText(const CodeAnswer& answer)
+{
+    const QString whose = QStringLiteral("Ο κωδικός %1 είναι της ημέρας %2, έκδοση %3. ")
+                              .arg(answer.code, dateText(dateFromStored(answer.seal.day)))
+                              .arg(answer.seal.version);
+    switch (answer.verdict) {
+    case Verdict::NoCode:
+        return QStringLiteral("Δεν είναι κωδικός ελέγχου. Γράφεται όπως K7QF-2M9T-XD.");
+    case Verdict::Holds:
+        return whose + QStringLiteral("Η ημέρα είναι όπως τυπώθηκε.");
+    case Verdict::Resealed:
+        return whose
+            + QStringLiteral("Η ημέρα άλλαξε μετά από χρήστη με το δικαίωμα και σφραγίστηκε ξανά, ως έκδοση %1.")
+                  .arg(answer.lastVersion);
+    case Verdict::Altered:
+        return whose + QStringLiteral("Η ημέρα άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση.");
+    case Verdict::NewerThanCopy:
+        return QStringLiteral("Ο κωδικός %1 είναι νεότερος από το αντίγραφο από το οποίο επανήλθε το βιβλίο.")
+            .arg(answer.code);
+    case Verdict::Unknown:
+        break;
+    }
+    return QStringLiteral("Ο κωδικός %1 δεν υπάρχει σε αυτό το βιβλίο.").arg(answer.code);
+}
+
+} // namespace lorvan
