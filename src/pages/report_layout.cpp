@@ -69,6 +69,8 @@ QSizeF ReportLayout::pageSize() const
 ItemSize ReportLayout::size(int index) const
 {
     const ReportItem item = m_document.item(index);
+    if (item.isChart())
+        return {1, static_cast<float>(item.chartHeight()), 0};
     const float lineHeight = font(item).lineHeight();
     if (item.isParagraph())
         return {static_cast<int>(paragraphLines(item).size()), lineHeight + rowPadding, 0};

@@ -64,6 +64,8 @@ ReportPage::ReportPage(const ReportLayout& layout, const std::vector<FlowBlock>&
         const ReportItem item = document.item(block.item);
         if (item.isParagraph())
             placeParagraph(item, block, bodyTop + block.top);
+        else if (item.isChart())
+            placeChart(item, bodyTop + block.top);
         else
             placeRow(item, block, bodyTop + block.top);
     }
@@ -84,6 +86,12 @@ void ReportPage::placeParagraph(const ReportItem& item, const FlowBlock& block, 
             line.isPlain, static_cast<float>(m_layout.body().left()), baseline});
         baseline += block.size.lineHeight;
     }
+}
+
+void ReportPage::placeChart(const ReportItem& item, float top)
+{
+    const QRectF& body = m_layout.body();
+    m_charts.push_back({&item.chart(), QRectF(body.left(), top, body.width(), item.chartHeight())});
 }
 
 void ReportPage::placeRow(const ReportItem& item, const FlowBlock& block, float top)

@@ -36,6 +36,11 @@ struct PlacedRule {
     Look look = Look::Strong;
 };
 
+struct DrawnChart {
+    const Chart* chart = nullptr;
+    QRectF area;
+};
+
 /// Everything that is visible on one page, measured from the page's top left corner, in twips. Holds views of the
 /// document's texts.
 class ReportPage {
@@ -47,6 +52,7 @@ public:
     [[nodiscard]] const QRectF& clip() const { return m_clip; }
     [[nodiscard]] const std::vector<PlacedShade>& shades() const { return m_shades; }
     [[nodiscard]] const std::vector<PlacedRule>& rules() const { return m_rules; }
+    [[nodiscard]] const std::vector<DrawnChart>& charts() const { return m_charts; }
     [[nodiscard]] const std::vector<PlacedText>& texts() const { return m_texts; }
 
     /// The readable text, one line for each line on paper; texts side by side are separated by tabs.
@@ -57,6 +63,7 @@ public:
 
 private:
     void placeParagraph(const ReportItem& item, const FlowBlock& block, float top);
+    void placeChart(const ReportItem& item, float top);
     void placeRow(const ReportItem& item, const FlowBlock& block, float top);
     void placeGround(const ReportItem& item, float top, float bottom, float width);
     void placeThreeParts(std::array<QString, 3>& parts, const QString& text, float bottom);
@@ -68,6 +75,7 @@ private:
     std::array<QString, 3> m_footer;
     std::vector<PlacedShade> m_shades;
     std::vector<PlacedRule> m_rules;
+    std::vector<DrawnChart> m_charts;
     std::vector<PlacedText> m_texts;
 };
 

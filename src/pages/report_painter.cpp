@@ -1,5 +1,6 @@
 #include "report_painter.h"
 
+#include "chart_painter.h"
 #include "report_page.h"
 
 #include <QGlyphRun>
@@ -14,6 +15,7 @@ namespace lorvan {
 namespace {
 
 constexpr double ruleWidth = 10; // twips, unless the device's own pixels are larger
+constexpr double chartPoints = 8; // the size of texts in a chart
 constexpr QRgb quietRule = qRgb(0xc8, 0xcc, 0xcc);
 
 QColor colourOf(ReportColour colour)
@@ -111,6 +113,8 @@ void paintReportPage(QPainter& painter, const ReportPage& page)
     for (const PlacedShade& shade : page.shades())
         painter.fillRect(shade.area, colourOf(shade.colour));
     drawRules(painter, page);
+    for (const DrawnChart& drawn : page.charts())
+        paintChart(painter, drawn.area, *drawn.chart, paperLook(chartPoints));
     TextPainter texts(painter);
     for (const PlacedText& text : page.texts())
         texts.draw(text);

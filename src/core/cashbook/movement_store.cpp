@@ -20,6 +20,14 @@ Movement movementIn(const Statement& row)
     return movement;
 }
 
+std::vector<Movement> movementsIn(Statement& rows)
+{
+    std::vector<Movement> movements;
+    while (rows.step())
+        movements.push_back(movementIn(rows));
+    return movements;
+}
+
 } // namespace
 
 std::vector<Movement> movementsOf(Connection& main, QDate day)
@@ -27,10 +35,15 @@ std::vector<Movement> movementsOf(Connection& main, QDate day)
     auto rows = main.prepare("SELECT aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
                              " WHERE hmeromhnia=? ORDER BY aa");
     rows.bind(day);
-    std::vector<Movement> movements;
-    while (rows.step())
-        movements.push_back(movementIn(rows));
-    return movements;
+    return movementsIn(rows);
+}
+
+std::vector<Movement> movementsOfCode(Connection& main, qint32 code, QDate from, QDate to)
+{
+    auto rows = main.prepare("SELECT aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
+                             " WHERE kvdikos=? AND hmeromhnia BETWEEN ? AND ? ORDER BY hmeromhnia, aa");
+    rows.bind(code, from, to);
+    return movementsIn(rows);
 }
 
 std::optional<Movement> findMovement(Connection& main, qint64 key)

@@ -16,6 +16,10 @@ class Connection;
 /// The movements of a day in the order of entry, found through the date index.
 [[nodiscard]] std::vector<Movement> movementsOf(Connection& main, QDate day);
 
+/// The movements of a code from one day to another, by day, then in the order of entry; found through the index of
+/// codes.
+[[nodiscard]] std::vector<Movement> movementsOfCode(Connection& main, qint32 code, QDate from, QDate to);
+
 [[nodiscard]] std::optional<Movement> findMovement(Connection& main, qint64 key);
 
 /// Passes all movements to `take`, one at a time, in the order of their keys.

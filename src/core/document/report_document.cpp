@@ -37,6 +37,7 @@ void ReportDocument::StartDoc()
     m_items.clear();
     m_styles.clear();
     m_columns.clear();
+    m_charts.clear();
     m_format.clear();
     m_next.columns = -1;
     m_next.titles = -1;
@@ -109,6 +110,12 @@ void ReportDocument::AddTableRow(const QString& format, const CellTexts& header,
     addRow(format, body, bodyShade);
 }
 
+void ReportDocument::AddChart(const Chart& chart, int height)
+{
+    m_charts.push_back({chart, height});
+    finishItem(Kind::Chart, noShade);
+}
+
 void ReportDocument::addRow(const QString& format, const CellTexts& body, ReportColour shade)
 {
     useFormat(format);
@@ -148,10 +155,12 @@ std::uint32_t ReportDocument::styleFor(Kind kind)
     wanted.kind = kind;
     if (kind != Kind::Row)
         wanted.titles = -1;
-    if (kind == Kind::Paragraph) {
+    if (kind == Kind::Paragraph || kind == Kind::Chart) {
         wanted.columns = -1;
         wanted.border = 0;
     }
+    if (kind == Kind::Chart)
+        wanted.chart = static_cast<int>(m_charts.size()) - 1;
     constexpr std::ptrdiff_t lookBack = 16;
     const auto last = m_styles.rbegin();
     const auto end = std::next(last, std::min(lookBack, std::ssize(m_styles)));
@@ -194,7 +203,8 @@ bool operator==(const ReportDocument& left, const ReportDocument& right)
 {
     return left.m_page == right.m_page && left.m_header == right.m_header && left.m_headerFont == right.m_headerFont
         && left.m_footer == right.m_footer && left.m_text == right.m_text && left.m_textEnds == right.m_textEnds
-        && left.m_items == right.m_items && left.m_styles == right.m_styles && left.m_columns == right.m_columns;
+        && left.m_items == right.m_items && left.m_styles == right.m_styles && left.m_columns == right.m_columns
+        && left.m_charts == right.m_charts;
 }
 
 QStringView ReportItem::cell(int column) const

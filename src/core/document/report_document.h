@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/chart.h"
 #include "document/report_format.h"
 
 #include <cstdint>
@@ -70,6 +71,10 @@ public:
     void AddTableRow(const QString& format, const CellTexts& header, const CellTexts& body,
         ReportColour headerShade = noShade, ReportColour bodyShade = noShade);
 
+    /// A chart across the text area, that many twips high, which is never split between pages. It has no text: a table
+    /// of the same figures goes with it.
+    void AddChart(const Chart& chart, int height);
+
     [[nodiscard]] const ReportPageSettings& page() const { return m_page; }
     [[nodiscard]] const QString& header() const { return m_header; }
     [[nodiscard]] const ReportFont& headerFont() const { return m_headerFont; }
@@ -77,7 +82,7 @@ public:
     [[nodiscard]] const PreviewMouse& mouse() const { return m_mouse; }
     [[nodiscard]] bool isComplete() const { return m_isComplete; }
 
-    /// Paragraphs, titles and rows together, in order.
+    /// Paragraphs, charts, titles and rows together, in order.
     [[nodiscard]] int itemCount() const { return static_cast<int>(m_items.size()); }
     [[nodiscard]] ReportItem item(int index) const;
 
@@ -90,7 +95,14 @@ public:
 
 private:
     friend class ReportItem;
-    enum class Kind : std::uint8_t { Paragraph, Titles, Row };
+    enum class Kind : std::uint8_t { Paragraph, Titles, Row, Chart };
+
+    struct PlacedChart {
+        Chart chart;
+        int height = 0; ///< twips
+
+        friend bool operator==(const PlacedChart&, const PlacedChart&) = default;
+    };
 
     /// Properties that many items share.
     struct Style {
@@ -100,6 +112,7 @@ private:
         ReportFont font;
         int columns = -1; ///< in m_columns; none for a paragraph
         int titles = -1; ///< the item that holds the titles of the row's table, if any
+        int chart = -1; ///< in m_charts; none but for a chart
 
         friend bool operator==(const Style&, const Style&) = default;
     };
@@ -131,6 +144,7 @@ private:
     std::vector<Item> m_items;
     std::vector<Style> m_styles;
     std::vector<std::vector<ReportColumn>> m_columns;
+    std::vector<PlacedChart> m_charts;
 
     Style m_next; ///< for the text to come
     QString m_format; ///< the one from which m_next.columns was read
@@ -138,13 +152,18 @@ private:
     bool m_isComplete = false;
 };
 
-/// A view of one paragraph, one table's titles or one table row. Valid until its document is changed, moved or
-/// destroyed.
+/// A view of one paragraph, one chart, one table's titles or one table row. Valid until its document is changed, moved
+/// or destroyed.
 class ReportItem {
 public:
     [[nodiscard]] bool isParagraph() const { return style().kind == ReportDocument::Kind::Paragraph; }
     [[nodiscard]] bool isTitles() const { return style().kind == ReportDocument::Kind::Titles; }
     [[nodiscard]] bool isRow() const { return style().kind == ReportDocument::Kind::Row; }
+    [[nodiscard]] bool isChart() const { return style().kind == ReportDocument::Kind::Chart; }
+
+    /// Only of a chart; the height is in twips.
+    [[nodiscard]] const Chart& chart() const { return placedChart().chart; }
+    [[nodiscard]] int chartHeight() const { return placedChart().height; }
 
     /// The text of a paragraph with its line breaks; a row's first cell.
     [[nodiscard]] QStringView text() const { return cell(0); }
@@ -173,6 +192,10 @@ private:
 
     [[nodiscard]] const ReportDocument::Item& record() const { return m_document->m_items[m_index]; }
     [[nodiscard]] const ReportDocument::Style& style() const { return m_document->m_styles[record().style]; }
+    [[nodiscard]] const ReportDocument::PlacedChart& placedChart() const
+    {
+        return m_document->m_charts[static_cast<std::size_t>(style().chart)];
+    }
     [[nodiscard]] std::uint32_t firstCell() const { return m_index ? m_document->m_items[m_index - 1].cellEnd : 0; }
 
     const ReportDocument* m_document;

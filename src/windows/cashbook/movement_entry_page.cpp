@@ -122,6 +122,15 @@ void MovementEntryPage::showLines(const DayView& view)
 
 // The code
 
+std::optional<qint32> MovementEntryPage::chosenCode() const
+{
+    if (m_picker->code() != 0)
+        return m_picker->code();
+    bool isNumber = false;
+    const qint32 typed = textOf(*m_chooser).trimmed().toInt(&isNumber);
+    return isNumber && typed != 0 ? std::optional(typed) : std::nullopt;
+}
+
 MovementFields::Kind MovementEntryPage::selectedKind() const
 {
     return m_picker->isIncome() ? MovementFields::Kind::Income : MovementFields::Kind::Expense;

@@ -64,6 +64,8 @@ public:
     [[nodiscard]] bool hasCleared() const { return m_cleared.has_value(); }
     void bringBackCleared();
     [[nodiscard]] QDate shownDay() const { return m_day; }
+    /// The code that the chooser has selected or whose number is typed into it; none if there is neither.
+    [[nodiscard]] std::optional<qint32> chosenCode() const;
 
     /// Reads the shown day again after a time in which another computer may have changed it; what the user has typed is
     /// kept. The box about a closed day is shown only if it was closed in the meantime.

@@ -226,6 +226,12 @@ CodeEntry CodesPage::typed() const
         m_income->isChecked(), m_active->isChecked()};
 }
 
+std::optional<qint32> CodesPage::shownCode() const
+{
+    const auto code = m_selected ? readCode(m_book.main(), *m_selected) : std::nullopt;
+    return code ? std::optional(code->code) : std::nullopt;
+}
+
 void CodesPage::insertCode()
 {
     const auto outcome = lorvan::insertCode(m_book.main(), m_authority, typed());

@@ -47,6 +47,9 @@ public:
     /// SqlError.
     void refreshGroups();
 
+    /// The code that was last clicked in the list of codes, if any.
+    [[nodiscard]] std::optional<qint32> shownCode() const;
+
     /// True if nothing was typed since the fields were filled or stored.
     [[nodiscard]] bool isUntouched() const { return typed() == m_settled; }
     /// Reads codes and groups again after an undo or redo; what was typed is kept. Throws SqlError.

@@ -9,6 +9,8 @@
 #include "controls/guarded_window.h"
 #include "controls/main_controls.h"
 #include "controls/notice_line.h"
+#include "figures/card_window.h"
+#include "figures/picture_window.h"
 #include "journal/journal_window.h"
 #include "look/message_window.h"
 #include "look/remembered_size.h"
@@ -69,6 +71,7 @@ Kentrikh::Kentrikh(
     connectButtons();
     connectTools();
     connectUndo();
+    connectFigures();
 }
 
 Kentrikh::~Kentrikh() = default;

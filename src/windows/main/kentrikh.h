@@ -25,9 +25,11 @@ class QStackedWidget;
 
 namespace lorvan {
 
+class CardWindow;
 class CodesPage;
 class JournalWindow;
 class MovementEntryPage;
+class PictureWindow;
 class PrintingPage;
 class TabBand;
 class TotalsBar;
@@ -54,6 +56,11 @@ public:
     /// Shows the closing sheet of the shown day, or says that the day is still open.
     void openClosingSheet();
 
+    /// Shows the window "Εικόνα του βιβλίου", or brings it to the front.
+    void openPicture();
+    /// The same for the window "Καρτέλα κωδικού" with the card of a code.
+    void openCard(qint32 code);
+
     /// Closes the window without a question, whatever was typed.
     void end();
 
@@ -73,6 +80,7 @@ private:
     void connectButtons();
     void connectTools();
     void connectUndo();
+    void connectFigures();
 
     void insertCode();
     void editGroups();
@@ -97,6 +105,9 @@ private:
     /// Shows what the last proof has found, or else checks the whole book.
     void checkBook(bool showsFound);
     void goToDay(QDate day);
+    void hideTools(); ///< The windows beside this one.
+    void openCardOfChosen();
+    void bringDay(QDate day);
     void printClosingSheet(QDate day);
     /// Offers to enter the cash that was counted, unless this user cannot keep it. Returns false if no sheet is wanted.
     [[nodiscard]] bool askForCount(QDate day);
@@ -135,6 +146,8 @@ private:
     const ActionGate m_gate;
     ReportDesk m_reports;
     std::unique_ptr<JournalWindow> m_history; ///< Made when it is first asked for.
+    std::unique_ptr<PictureWindow> m_picture; ///< The same.
+    std::unique_ptr<CardWindow> m_card; ///< The same.
     DailyBackup m_backup;
     SessionEnd m_session;
     AwayWatch m_away;

@@ -42,8 +42,7 @@ void Kentrikh::closeEvent(QCloseEvent* event)
         return;
     }
     rememberSize(this);
-    if (m_history)
-        m_history->hide();
+    hideTools();
     m_reports.close();
     m_backup.retire();
     m_notices.retire();

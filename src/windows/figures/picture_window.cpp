@@ -1,0 +1,272 @@
+#include "figures/picture_window.h"
+
+#include "controls/check_field.h"
+#include "controls/command_button.h"
+#include "figures/chart_view.h"
+#include "figures/figure_table.h"
+#include "look/focus_rules.h"
+#include "look/remembered_size.h"
+#include "look/themed_label.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QShortcut>
+#include <QSplitter>
+
+#include <algorithm>
+
+namespace lorvan {
+namespace {
+
+constexpr QSize firstSize{900, 640};
+constexpr int margin = 12;
+constexpr int between = 8;
+constexpr int besideChoice = 56; // frame and arrow
+constexpr int shareOfChart = 3; // of the height, against
+constexpr int shareOfTable = 2;
+
+const QString nothingThere = QStringLiteral("Δεν υπάρχουν κινήσεις σε αυτό το διάστημα.");
+const QString widestSpan = QStringLiteral("Σεπτέμβριος 8888");
+
+CommandButton* newCommand(const char* name, const QString& icon, const QString& caption, const QString& tip)
+{
+    auto* const button = new CommandButton(icon, caption);
+    button->setObjectName(QLatin1String(name));
+    button->setToolTip(tip);
+    if (caption.isEmpty())
+        button->setAccessibleName(tip);
+    return button;
+}
+
+} // namespace
+
+PictureWindow::PictureWindow(BookFiles files, KeyRing& keys, Clock clock, Print print, QWidget* parent)
+    : QDialog(parent)
+    , m_clock(std::move(clock))
+    , m_print(std::move(print))
+    , m_gate(this)
+    , m_reader(std::move(files), keys)
+    , m_request{PictureSubject::Cash, spanWith(m_clock.today(), FigureStep::Month), true}
+    , m_subject(newChoice("subject", QStringLiteral("Τι φαίνεται"),
+          {QStringLiteral("Ταμείο"), QStringLiteral("Ομάδες"), QStringLiteral("Κωδικοί")}))
+    , m_step(newChoice("step", QStringLiteral("Ανά"),
+          {QStringLiteral("Ημέρα"), QStringLiteral("Εβδομάδα"), QStringLiteral("Μήνα"), QStringLiteral("Έτος")}))
+    , m_earlier(newCommand("earlier", QStringLiteral("prev"), {}, QStringLiteral("Πιο πριν (PgUp)")))
+    , m_span(new ThemedLabel({}, ColourRole::PageText, 1.0, QFont::DemiBold))
+    , m_later(newCommand("later", QStringLiteral("next"), {}, QStringLiteral("Πιο μετά (PgDn)")))
+    , m_compares(new CheckField(QStringLiteral("Δίπλα το προηγούμενο έτος"), this))
+    , m_title(new ThemedLabel({}, ColourRole::PageMuted))
+    , m_chart(new ChartView(this))
+    , m_table(new FigureTable(this))
+    , m_printing(newCommand("print", QStringLiteral("print"), QStringLiteral("Εκτύπωση"),
+          QStringLiteral("Προεπισκόπηση της εικόνας με τον πίνακά της (Ctrl+P)")))
+    , m_close(newCommand("close", QStringLiteral("exit"), QStringLiteral("Κλείσιμο"), {}))
+{
+    setObjectName(QStringLiteral("picture"));
+    setWindowTitle(QStringLiteral("Εικόνα του βιβλίου"));
+    layOut();
+    connectControls();
+    restoreSize(this, firstSize);
+}
+
+PictureWindow::~PictureWindow() = default;
+
+QComboBox* PictureWindow::newChoice(const char* name, const QString& caption, const QStringList& entries)
+{
+    auto* const choice = new QComboBox(this);
+    choice->setObjectName(QLatin1String(name));
+    choice->setAccessibleName(caption);
+    choice->addItems(entries);
+    int widest = 0;
+    for (const QString& entry : entries)
+        widest = std::max(widest, choice->fontMetrics().horizontalAdvance(entry));
+    choice->setMinimumWidth(widest + besideChoice);
+    return choice;
+}
+
+void PictureWindow::layOut()
+{
+    m_chart->setObjectName(QStringLiteral("chart"));
+    m_chart->setEmptyText(nothingThere);
+    m_table->setObjectName(QStringLiteral("figures"));
+    m_table->setEmptyText(nothingThere);
+    m_table->setAccessibleName(QStringLiteral("Τα ποσά της εικόνας"));
+    m_title->setObjectName(QStringLiteral("title"));
+    m_title->setWordWrap(true);
+    auto* const both = new QSplitter(Qt::Vertical, this);
+    both->setChildrenCollapsible(false);
+    both->addWidget(m_chart);
+    both->addWidget(m_table);
+    both->setStretchFactor(0, shareOfChart);
+    both->setStretchFactor(1, shareOfTable);
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(margin, margin, margin, margin);
+    rows->setSpacing(between);
+    rows->addLayout(choiceRow());
+    rows->addWidget(m_title);
+    rows->addWidget(both, 1);
+    rows->addLayout(commandRow());
+    chainTabOrder({m_subject, m_step, m_earlier, m_later, m_compares, m_chart, m_table, m_printing, m_close});
+}
+
+QLayout* PictureWindow::choiceRow()
+{
+    m_span->setObjectName(QStringLiteral("span"));
+    m_span->setAlignment(Qt::AlignCenter);
+    m_span->setMinimumWidth(m_span->fontMetrics().horizontalAdvance(widestSpan) + margin);
+    m_compares->setObjectName(QStringLiteral("compares"));
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(between);
+    row->addWidget(m_subject);
+    row->addWidget(fieldCaption(QStringLiteral("ανά")));
+    row->addWidget(m_step);
+    row->addSpacing(between);
+    row->addWidget(m_earlier);
+    row->addWidget(m_span);
+    row->addWidget(m_later);
+    row->addSpacing(between);
+    row->addWidget(m_compares);
+    row->addStretch(1);
+    return row;
+}
+
+QLayout* PictureWindow::commandRow()
+{
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(between);
+    row->addStretch(1);
+    row->addWidget(m_printing);
+    row->addWidget(m_close);
+    m_close->setLook(CommandButton::Look::Quiet);
+    return row;
+}
+
+void PictureWindow::connectControls()
+{
+    connect(m_subject, &QComboBox::activated, this, [this](int index) {
+        PictureRequest request = m_request;
+        request.subject = static_cast<PictureSubject>(index);
+        ask(request);
+    });
+    connect(m_step, &QComboBox::activated, this, [this](int index) { changeStep(static_cast<FigureStep>(index)); });
+    connect(m_compares, &QCheckBox::clicked, this, [this](bool compares) {
+        PictureRequest request = m_request;
+        request.comparesYears = compares;
+        ask(request);
+    });
+    m_gate.connect(m_earlier, {}, [this] { moveSpan(-1); });
+    m_gate.connect(m_later, {}, [this] { moveSpan(1); });
+    m_gate.connect(m_printing, {}, [this] { m_print(m_request, this); });
+    m_gate.connect(m_close, {}, [this] { hide(); });
+    connect(new QShortcut(QKeySequence::Print, this), &QShortcut::activated, m_printing, &CommandButton::click);
+    connect(m_chart, &ChartView::placeMarked, m_table, &FigureTable::select);
+    connect(m_table, &FigureTable::rowSelected, m_chart, &ChartView::mark);
+    connect(m_chart, &ChartView::placeChosen, this, m_gate.quick(this, &PictureWindow::choose));
+    connect(m_table, &FigureTable::rowChosen, this, m_gate.quick(this, &PictureWindow::choose));
+    connect(&m_reader, &FigureReader::failed, this, [this](const QString& reason) {
+        m_chart->setEmptyText(reason);
+        showPicture(BookPicture());
+    });
+}
+
+void PictureWindow::present()
+{
+    const bool wasHidden = isHidden();
+    show();
+    raise();
+    activateWindow();
+    if (wasHidden)
+        m_chart->setFocus(Qt::OtherFocusReason);
+    read();
+}
+
+void PictureWindow::ask(const PictureRequest& request)
+{
+    if (request == m_request)
+        return;
+    m_request = request;
+    read();
+}
+
+/// The day that was shown stays within what is shown: of a year still running, today.
+void PictureWindow::changeStep(FigureStep step)
+{
+    const QDate today = m_clock.today();
+    const bool hasToday = m_request.span.from <= today && today <= m_request.span.to;
+    PictureRequest request = m_request;
+    request.span = spanWith(hasToday ? today : m_request.span.to, step);
+    ask(request);
+}
+
+void PictureWindow::moveSpan(int direction)
+{
+    PictureRequest request = m_request;
+    request.span = spanBeside(m_request.span, direction);
+    if (request.span.from.isValid() && request.span.to.year() <= 9999)
+        ask(request);
+}
+
+void PictureWindow::read()
+{
+    const bool isCash = m_request.subject == PictureSubject::Cash;
+    m_subject->setCurrentIndex(static_cast<int>(m_request.subject));
+    m_step->setCurrentIndex(static_cast<int>(m_request.span.step));
+    m_span->setText(spanText(m_request.span));
+    m_compares->setChecked(m_request.comparesYears);
+    m_compares->setEnabled(isCash && m_request.span.step != FigureStep::Year);
+    m_chart->setEmptyText(nothingThere);
+    m_reader.begin([this, request = m_request](Connection& main) -> FigureReader::Show {
+        return [this, picture = readBookPicture(main, request)] { showPicture(picture); };
+    });
+}
+
+void PictureWindow::showPicture(const BookPicture& picture)
+{
+    m_picture = picture;
+    m_title->setText(picture.remark.isEmpty() ? picture.title : picture.title + QStringLiteral(" – ") + picture.remark);
+    m_chart->setChart(picture.chart, picture.title);
+    m_table->setRows(picture.columns, picture.rows, picture.sums);
+}
+
+/// A year leads to its months, a month or week to its days, a day to the cash page, a code to its card.
+void PictureWindow::choose(int place)
+{
+    const auto row = static_cast<std::size_t>(place);
+    if (row < m_picture.codes.size()) {
+        Q_EMIT codeChosen(m_picture.codes[row]);
+        return;
+    }
+    if (row >= m_picture.days.size())
+        return;
+    const QDate day = m_picture.days[row];
+    if (m_request.span.step == FigureStep::Day) {
+        Q_EMIT dayChosen(day);
+        return;
+    }
+    PictureRequest request = m_request;
+    request.span = spanWith(day, m_request.span.step == FigureStep::Year ? FigureStep::Month : FigureStep::Day);
+    ask(request);
+}
+
+void PictureWindow::hideEvent(QHideEvent* event)
+{
+    QDialog::hideEvent(event);
+    m_reader.cancel();
+    rememberSize(this);
+}
+
+/// Escape closes the window.
+void PictureWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_PageUp)
+        m_earlier->click();
+    else if (event->key() == Qt::Key_PageDown)
+        m_later->click();
+    else if (isEnter(*event))
+        focusNextChild();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+} // namespace lorvan

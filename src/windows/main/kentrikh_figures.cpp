@@ -1,0 +1,87 @@
+#include "cashbook/movement_entry_page.h"
+#include "codes/codes_page.h"
+#include "controls/main_controls.h"
+#include "figures/card_window.h"
+#include "figures/picture_window.h"
+#include "journal/journal_window.h"
+#include "look/message_window.h"
+#include "main/kentrikh.h"
+#include "main/tab_band.h"
+#include "main/tools_button.h"
+
+#include <QAction>
+#include <QShortcut>
+
+namespace lorvan {
+
+void Kentrikh::connectFigures()
+{
+    ToolsButton* const tools = m_band->tools();
+    const QAction* const picture = tools->add(QStringLiteral("picture"), QStringLiteral("Εικόνα του βιβλίου\tCtrl+G"));
+    connect(picture, &QAction::triggered, this, m_gate.quick(this, &Kentrikh::openPicture));
+    const QAction* const card = tools->add(QStringLiteral("card"), QStringLiteral("Καρτέλα κωδικού\tCtrl+K"));
+    connect(card, &QAction::triggered, this, m_gate.quick(this, &Kentrikh::openCardOfChosen));
+    auto* const pictureKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_G), this);
+    connect(pictureKey, &QShortcut::activated, this, m_gate.quick(this, &Kentrikh::openPicture));
+    auto* const cardKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_K), this);
+    connect(cardKey, &QShortcut::activated, this, m_gate.quick(this, &Kentrikh::openCardOfChosen));
+}
+
+void Kentrikh::openPicture()
+{
+    if (!m_picture) {
+        const auto print = [this](const PictureRequest& request, QWidget* window) {
+            const auto build = [request, heading = m_settings.heading](
+                                   const BookFiles& files, KeyRing& keys, const ReportProgress& progress) {
+                return buildPictureDocument(request, heading, files, keys, progress);
+            };
+            m_reports.print(
+                {QStringLiteral("Εικόνα του βιβλίου"), QStringLiteral("Εικόνα του βιβλίου"), build}, window);
+        };
+        m_picture = std::make_unique<PictureWindow>(BookFiles(m_settings.dataFolder), m_keys, m_clock, print, this);
+        connect(m_picture.get(), &PictureWindow::dayChosen, this, &Kentrikh::bringDay);
+        connect(m_picture.get(), &PictureWindow::codeChosen, this, &Kentrikh::openCard);
+    }
+    m_picture->present();
+}
+
+void Kentrikh::openCardOfChosen()
+{
+    const auto code = m_tab == tab::codes ? m_codesPage->shownCode() : m_entryPage->chosenCode();
+    if (code)
+        openCard(*code);
+    else
+        showMessage(this, QMessageBox::Information, QStringLiteral("Καρτέλα κωδικού"),
+            QStringLiteral("Διαλέξτε πρώτα έναν κωδικό."));
+}
+
+void Kentrikh::openCard(qint32 code)
+{
+    if (!m_card) {
+        m_card = std::make_unique<CardWindow>(BookFiles(m_settings.dataFolder), m_keys, this);
+        connect(m_card.get(), &CardWindow::movementChosen, this,
+            [this](const Movement& movement) { bringDay(movement.day); });
+    }
+    m_card->present(code);
+}
+
+void Kentrikh::hideTools()
+{
+    if (m_history)
+        m_history->hide();
+    if (m_picture)
+        m_picture->hide();
+    if (m_card)
+        m_card->hide();
+}
+
+/// Brings the main window to the front with that day on the cash page. The windows beside it would hide it.
+void Kentrikh::bringDay(QDate day)
+{
+    hideTools();
+    activateWindow();
+    raise();
+    openTool([this, day] { goToDay(day); });
+}
+
+} // namespace lorvan
