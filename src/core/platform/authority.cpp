@@ -70,6 +70,11 @@ Authority Authority::program(Clock clock)
     return {QStringLiteral("Lorvan"), {}, std::move(clock)};
 }
 
+Authority Authority::sealing(Clock clock)
+{
+    return {QStringLiteral("Lorvan"), {.closeCash = true}, std::move(clock)};
+}
+
 Authority Authority::without(Right right) const
 {
     Authority less = *this;

@@ -34,6 +34,10 @@ public:
     static Authority companion(Clock clock = Clock());
     /// The program's own housekeeping: tables, indexes, what a killed program left. It has no rights.
     static Authority program(Clock clock = Clock());
+    /// The program, where it seals days that users have closed without a seal: it may close, as sealing asks for, and
+    /// nothing else. Nobody has to be asked, since a seal only records what such a day holds; its closing is already in
+    /// the journal, in the name of whoever made it or as found.
+    static Authority sealing(Clock clock = Clock());
 
     /// The same with one right less, for an option that was not given.
     [[nodiscard]] Authority without(Right right) const;

@@ -75,6 +75,7 @@ void BalanceWatch::end(const BalanceProof& proof)
         // See remembered().
     }
     Q_EMIT proved(last);
+    Q_EMIT provedNow();
 }
 
 } // namespace lorvan

@@ -29,6 +29,7 @@ public:
 
 Q_SIGNALS:
     void proved(const lorvan::LastProof& proof); ///< Now, or recently enough.
+    void provedNow(); ///< After proved().
     void found(const lorvan::BalanceProof& proof);
     void failed(const QString& reason); ///< What failureText() says.
 

@@ -56,6 +56,7 @@ Kentrikh::Kentrikh(
     , m_notices(m_settings.dataFolder, m_marker, m_clock, this)
     , m_openDays(m_book, m_clock)
     , m_balances(BookFiles(m_settings.dataFolder), keys, m_clock)
+    , m_sealing(BookFiles(m_settings.dataFolder), keys, m_clock)
     , m_gate(
           this, ActionGate::Opened::OnItsOwn, [this] { m_notices.actionBegins(); }, [this] { tellUnconfirmed(this); })
     , m_reports(BookFiles(m_settings.dataFolder), keys)
@@ -276,6 +277,8 @@ void Kentrikh::refreshCaption()
 void Kentrikh::follow(const std::optional<MachineIdentity>& holder)
 {
     setWindowTitle(markerCaption(holder));
+    if (!m_marker.owns())
+        m_sealing.stop();
     const bool mayWrite = m_marker.owns() || (!holder && m_locks == LockReach::Everybody);
     const bool isNew = m_book.setAccess(mayWrite ? Connection::Access::ReadWrite : Connection::Access::ReadOnly);
     m_notices.followMarker(holder.has_value());
@@ -297,6 +300,7 @@ void Kentrikh::lookAgain()
 void Kentrikh::followMarker(int tab)
 {
     if (tab == tab::printing) {
+        m_sealing.stop();
         m_marker.release();
         m_book.setAccess(Connection::Access::ReadOnly);
         m_notices.forgetUndo();

@@ -6,6 +6,7 @@
 #include "book/path_file.h"
 #include "book/usage_marker.h"
 #include "cashbook/cash_day.h"
+#include "cashbook/late_sealing.h"
 #include "cashbook/undo_list.h"
 #include "controls/action_gate.h"
 #include "controls/away_watch.h"
@@ -99,6 +100,7 @@ private:
 
     void followNotice(NoticeKind kind);
     void listOpenDays();
+    void sealOlder();
     void tellProved(const LastProof& proof);
     void tellFound(const BalanceProof& proof);
     void openTool(const std::function<void()>& open);
@@ -142,6 +144,7 @@ private:
     MainNotices m_notices;
     OpenDaysWatch m_openDays;
     BalanceWatch m_balances;
+    LateSealing m_sealing;
     std::optional<BalanceProof> m_found; ///< By the last proof, if the balances are not proved.
     const ActionGate m_gate;
     ReportDesk m_reports;

@@ -48,6 +48,7 @@ void Kentrikh::closeEvent(QCloseEvent* event)
     m_notices.retire();
     m_openDays.retire();
     m_balances.retire();
+    m_sealing.retire();
     m_closed = true;
     guarded(this, [this] { m_marker.retire(); }); // the program ends all the same
     event->accept();

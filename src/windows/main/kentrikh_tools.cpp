@@ -52,8 +52,25 @@ void Kentrikh::connectTools()
             m_balances.proveSoon();
     });
     connect(&m_balances, &BalanceWatch::proved, this, &Kentrikh::tellProved);
+    connect(&m_balances, &BalanceWatch::provedNow, this, &Kentrikh::sealOlder);
+    connect(&m_sealing, &LateSealing::ended, this, [this](int days) {
+        if (days > 0)
+            m_balances.proveSoon();
+    });
     connect(&m_balances, &BalanceWatch::found, this, &Kentrikh::tellFound);
     connect(&m_balances, &BalanceWatch::failed, m_band->proof(), &ProofMark::showFailed);
+}
+
+/// Only what was just proved is worth a seal, and only whoever holds the marker writes.
+void Kentrikh::sealOlder()
+{
+    try {
+        const auto seen = UsageMarker::look(BookFiles(m_settings.dataFolder).usageMarker());
+        if (seen && m_marker.isOwn(*seen))
+            m_sealing.start(seen->identity);
+    } catch (const MarkerError&) {
+        // The next proof comes soon enough.
+    }
 }
 
 void Kentrikh::tellProved(const LastProof& proof)
