@@ -46,4 +46,13 @@ qsizetype SearchText::indexIn(QStringView text, qsizetype from) const
     return found == text.end() ? -1 : std::distance(text.begin(), found);
 }
 
+bool SearchText::beginsWordIn(QStringView text) const
+{
+    for (qsizetype at = indexIn(text); at >= 0; at = indexIn(text, at + 1)) {
+        if (at == 0 || !text.at(at - 1).isLetterOrNumber())
+            return true;
+    }
+    return false;
+}
+
 } // namespace lorvan

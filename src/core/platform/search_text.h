@@ -17,6 +17,9 @@ public:
     /// The position of the first match at or after `from`; -1 if there is none. An empty text is never found.
     [[nodiscard]] qsizetype indexIn(QStringView text, qsizetype from = 0) const;
 
+    /// Whether a word of the text begins with this one; a word is a run of letters and digits.
+    [[nodiscard]] bool beginsWordIn(QStringView text) const;
+
 private:
     QString m_folded;
 };

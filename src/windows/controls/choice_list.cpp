@@ -23,11 +23,7 @@ enum class Place { WordStart, Anywhere };
 
 bool holds(const SearchText& wanted, const QString& row, Place place)
 {
-    for (qsizetype at = wanted.indexIn(row); at >= 0; at = wanted.indexIn(row, at + 1)) {
-        if (place == Place::Anywhere || at == 0 || !row.at(at - 1).isLetterOrNumber())
-            return true;
-    }
-    return false;
+    return place == Place::WordStart ? wanted.beginsWordIn(row) : wanted.indexIn(row) >= 0;
 }
 
 bool isTyped(const QKeyEvent& event)
