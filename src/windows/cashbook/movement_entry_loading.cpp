@@ -1,12 +1,15 @@
 #include "book/book.h"
 #include "cashbook/code_picker.h"
+#include "cashbook/day_keys.h"
 #include "cashbook/day_list.h"
 #include "cashbook/movement_entry_page.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/guarded_window.h"
+#include "controls/key_binding.h"
 #include "controls/main_controls.h"
 
+#include <QApplication>
 #include <QShortcut>
 
 namespace lorvan {
@@ -32,6 +35,30 @@ void MovementEntryPage::addKeys()
     auto* const escape = new QShortcut(Qt::Key_Escape, this);
     escape->setContext(Qt::WidgetWithChildrenShortcut);
     connect(escape, &QShortcut::activated, this, m_gate.quick(this, &MovementEntryPage::takeBack));
+    bindKeys(KeyUse::Store, this, Qt::WidgetWithChildrenShortcut, m_gate.quick(this, &MovementEntryPage::storeByKey));
+    for (const int index : {command::insertMovement, command::modifyMovement})
+        showKeyInTip(m_commands[index], KeyUse::Store);
+    auto* const dayKeys = new DayKeys(m_date, m_chooser, m_list, this);
+    connect(dayKeys, &DayKeys::stepAsked, this, m_gate.quick(this, &MovementEntryPage::step));
+    connect(dayKeys, &DayKeys::listAsked, this, &MovementEntryPage::goToList);
+}
+
+void MovementEntryPage::goToList()
+{
+    if (!m_list->selectionModel()->hasSelection())
+        m_list->selectLast();
+    m_list->setFocus(Qt::TabFocusReason);
+}
+
+/// Ctrl+Enter: the press of the button that Enter leads to.
+void MovementEntryPage::storeByKey()
+{
+    const QDate shown = m_day;
+    if (QApplication::activePopupWidget() || !m_checks.settleFocused() || m_day != shown)
+        return;
+    CommandButton* const button = m_commands[m_loaded ? command::modifyMovement : command::insertMovement];
+    if (button->isVisible())
+        button->click();
 }
 
 void MovementEntryPage::takeBack()

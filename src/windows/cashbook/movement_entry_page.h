@@ -2,6 +2,7 @@
 
 #include "cashbook/cash_book.h"
 #include "cashbook/cleared_entry.h"
+#include "cashbook/day_steps.h"
 #include "cashbook/movement_fields.h"
 #include "cashbook/refusal_window.h"
 #include "cashbook/stored_change.h"
@@ -75,6 +76,10 @@ public:
     /// leaveAll()).
     void goTo(QDate day);
 
+    /// Leads to another day as a key does: with the checks, boxes and reading of a typed date. Does nothing while a
+    /// movement is loaded. What was typed and is cleared on the way can be brought back.
+    void step(DayStep step);
+
     void insertMovement();
     void modifyMovement();
     void removeMovement();
@@ -102,6 +107,10 @@ private:
 
     bool dateLeft();
     void goToDay(QDate day);
+    void changeDay(QDate day);
+    /// Where a step begins: the day in the date field while it is being typed. No value if that is none; the user has
+    /// been told.
+    [[nodiscard]] std::optional<QDate> dayToStepFrom();
     /// Checks again whether the shown day is closed and reads its rows; entry, focus and selected line are kept.
     void lookAtDayAgain(bool tellsKnownRefusal);
     /// Focus that the user did not request: leaving the date unchanged then does not count as a visit.
@@ -142,6 +151,8 @@ private:
     void markMemorandum();
     void releaseChanged();
     void addKeys();
+    void goToList();
+    void storeByKey();
     /// Escape: undoes a typed date that has not been shown yet, or unloads the movement.
     void takeBack();
     void setLoaded(const std::optional<Movement>& movement);

@@ -31,6 +31,8 @@ public:
     void setQuiet(bool isQuiet);
     [[nodiscard]] bool isQuiet() const { return m_isQuiet; }
 
+    [[nodiscard]] bool hidesText() const; ///< Whether a part of the text does not fit.
+
 Q_SIGNALS:
     /// The user went to another field. Emitted while the focus is moving: only open a message box from a posted call,
     /// or it would swallow the mouse release that follows.
@@ -45,7 +47,6 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    [[nodiscard]] bool hidesText() const;
     [[nodiscard]] int widthOfText() const;
     [[nodiscard]] int widthForText() const;
     void growWithText();

@@ -64,6 +64,13 @@ bool LeaveChecks::leaveAll()
     return true;
 }
 
+bool LeaveChecks::settleFocused()
+{
+    if (QWidget* const focused = focusedField())
+        left(focused);
+    return settle();
+}
+
 QWidget* LeaveChecks::focusedField() const
 {
     for (const auto& [widget, field] : m_fields) {

@@ -36,6 +36,9 @@ public:
     /// Runs the waiting checks immediately. Returns false if one of them refused.
     bool settle();
 
+    /// The same, but also checks the field that has the focus, as if it had been left; the focus stays there.
+    bool settleFocused();
+
     /// Drops the waiting checks: the fields are about to be checked in another way.
     void drop() { m_waiting.clear(); }
 

@@ -1,0 +1,54 @@
+#include "book/book.h"
+#include "cashbook/day_list.h"
+#include "cashbook/movement_entry_page.h"
+#include "controls/code_chooser.h"
+#include "controls/entry_field.h"
+#include "look/focus_rules.h"
+#include "platform/date_text.h"
+
+namespace lorvan {
+
+void MovementEntryPage::step(DayStep step)
+{
+    if (m_loaded || !settle())
+        return;
+    const auto from = dayToStepFrom();
+    if (!from)
+        return;
+    const QDate day = dayAfterStep(m_book.main(), *from, step, m_clock.today());
+    if (day.isValid())
+        changeDay(day);
+}
+
+std::optional<QDate> MovementEntryPage::dayToStepFrom()
+{
+    if (!m_date->hasFocus() || m_date->text() == dateText(m_day))
+        return m_day;
+    const auto typed = checkDate(*m_date, m_clock.today());
+    if (!typed)
+        goBackTo(*m_date);
+    return typed;
+}
+
+/// The focus goes to the code as after any change of the day, but stays where the next key changes the day again: in
+/// the list, and in the date if there is a text in the code.
+void MovementEntryPage::changeDay(QDate day)
+{
+    const EntryContent before = entry();
+    const auto clearedBefore = m_cleared;
+    QWidget* const asking = window()->focusWidget();
+    m_date->setText(dateText(day));
+    if (day == m_day)
+        return;
+    m_putIntoDate = m_date->hasFocus(); // the day is shown here; leaving the field need not read it again
+    goToDay(day);
+    if (entry() != before)
+        m_cleared = {before, {}};
+    else if (clearedBefore && !clearedBefore->loaded)
+        m_cleared = clearedBefore;
+    const bool keepsFocus = asking == m_list || (asking == m_date && !m_chooser->currentText().isEmpty());
+    if (keepsFocus && !m_isRefused)
+        asking->setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace lorvan

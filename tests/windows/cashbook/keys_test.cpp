@@ -1,0 +1,107 @@
+#include "windows/main_window_test.h"
+
+namespace lorvan::test {
+namespace {
+
+class KeysTest : public MainWindowTest {
+protected:
+    KeysTest()
+    {
+        addMovement(incomeOf({2024, 2, 1}, cents(100), "ΠΑΛΙΑ"));
+        addMovement(incomeOf(yesterday, cents(200), "ΧΘΕΣ"));
+        addCashDay({2024, 2, 1}, cents(100));
+        addCashDay(yesterday, cents(300));
+    }
+    void expectDay(const char* day, const char* focus, const char* why) const
+    {
+        EXPECT_EQ(user().field(date).text(), day) << why;
+        EXPECT_EQ(user().focusName(), focus) << why;
+    }
+};
+
+} // namespace
+
+TEST_F(KeysTest, pagesLeadFromDayToDay)
+{
+    constexpr auto shift = Qt::ShiftModifier, alt = Qt::AltModifier, ctrl = Qt::ControlModifier;
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        const char* day;
+        const char* focus;
+    } cases[] = {{Qt::Key_PageUp, {}, "14-03-2024", "DBCombo1"}, {Qt::Key_PageUp, {}, "01-02-2024", "DBCombo1"},
+        {Qt::Key_PageUp, {}, "01-02-2024", "DBCombo1"}, {Qt::Key_PageDown, alt, "02-02-2024", "DBCombo1"},
+        {Qt::Key_PageDown, shift, "02-03-2024", "DBCombo1"}, {Qt::Key_Home, alt, "15-03-2024", "DBCombo1"},
+        {Qt::Key_Up, {}, "15-03-2024", "List1"}, {Qt::Key_Up, ctrl, "14-03-2024", "List1"},
+        {Qt::Key_Down, ctrl, "15-03-2024", "List1"}};
+    start();
+    for (const auto& each : cases) {
+        user().press(each.key, each.modifiers);
+        expectDay(each.day, each.focus, each.day);
+    }
+    user().enter(date, "3-2");
+    user().press(Qt::Key_PageUp);
+    expectDay("01-02-2024", "DBCombo1", "from the day that is being typed");
+    user().enter(date, "31-2");
+    boxes.expect(warning("Λάθος ημερομηνία", "Η εισαγωγή της ημερομηνίας είναι λάθος"));
+    user().press(Qt::Key_PageUp);
+    expectDay("31-2", "Text1(0)", "refused");
+}
+
+TEST_F(KeysTest, anotherDayKeepsWhatWasTypedAndNothingMovesUnderALoadedMovement)
+{
+    start();
+    typeMovement("100", "λάδι", "5");
+    const QString typed = entry();
+    user().goTo(user().field(date));
+    user().press(Qt::Key_PageUp);
+    expectDay("14-03-2024", "Text1(0)", "the code still holds a text");
+    user().press(Qt::Key_PageUp);
+    EXPECT_NE(entry(), typed);
+    user().press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(entry(), typed);
+    expectDay("01-02-2024", "DBCombo1", "brought back");
+
+    user().doubleClickRow(list(), 1);
+    user().goTo(list());
+    user().press(Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(entry(), "1,00 | 0 | 0 | ΠΑΛΙΑ | 100 Λιανική");
+}
+
+TEST_F(KeysTest, aClosedDayOnTheWayIsToldAndLeft)
+{
+    book.close(yesterday);
+    start();
+    boxes.expect(dayIsClosed());
+    user().press(Qt::Key_PageUp);
+    expectDay("14-03-2024", "Text1(0)", "closed");
+    user().press(Qt::Key_PageUp);
+    expectDay("01-02-2024", "DBCombo1", "open");
+}
+
+TEST_F(KeysTest, controlEnterStoresFromAnyFieldOrStopsWhereLeavingItWould)
+{
+    start();
+    user().goTo(chooser());
+    user().type("100\nλάδι\n5");
+    user().press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(
+        stored("SELECT hmeromhnia||perigrafh||esoda FROM kinhseis ORDER BY aa DESC LIMIT 1"), "20240315ΛΆΔΙ50000");
+    user().type("100\nξύδι\n1,2,3");
+    boxes.expect(warningWith("1,2,3"));
+    user().press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(user().focusName(), "Text1(2)");
+    user().type("3");
+    user().enter(date, "14-3");
+    user().press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(user().field(date).text(), "14-03-2024") << "another day is shown, nothing is stored";
+    EXPECT_EQ(stored("SELECT count(*) FROM kinhseis"), "3");
+
+    user().doubleClickRow(list(), 1);
+    user().type("7");
+    boxes.expect(modifyQuestion(QMessageBox::Ok));
+    user().press(Qt::Key_Enter, Qt::ControlModifier);
+    EXPECT_EQ(stored("SELECT esoda FROM kinhseis WHERE perigrafh='ΧΘΕΣ'"), "70000");
+}
+
+} // namespace lorvan::test
