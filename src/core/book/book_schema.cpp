@@ -121,6 +121,7 @@ struct Index {
     QString table;
     QString column;
     QString carried = {}; ///< Further columns, so that a sum need not read the rows.
+    QString condition = {}; ///< Of the rows that are in it, without blanks; empty for all rows.
 };
 
 const std::vector<Index>& mainIndexes()
@@ -128,6 +129,7 @@ const std::vector<Index>& mainIndexes()
     static const std::vector<Index> indexes{
         {QStringLiteral("kinhseis"), QStringLiteral("hmeromhnia")},
         {QStringLiteral("kinhseis"), QStringLiteral("kvdikos"), QStringLiteral(", hmeromhnia, esoda, ejoda, L_tajeos")},
+        {QStringLiteral("kinhseis"), QStringLiteral("hmeromhnia"), {}, QLatin1String(chequeCondition)},
         {QStringLiteral("tameio"), QStringLiteral("hmeromhnia")},
         {QStringLiteral("kvdikoi"), QStringLiteral("kvdikos")},
     };
@@ -158,10 +160,18 @@ QString firstColumn(Connection& connection, const QString& index)
     return info.step() ? info.text(2) : QString();
 }
 
+QString conditionOf(Connection& connection, const QString& index)
+{
+    auto row = connection.prepare("SELECT sql FROM sqlite_master WHERE type='index' AND name=?");
+    row.bind(index);
+    return row.step() ? indexCondition(row.text(0)) : QString();
+}
+
 bool isThere(Connection& connection, const Index& wanted)
 {
     for (const QString& name : indexNames(connection, wanted.table)) {
-        if (firstColumn(connection, name).compare(wanted.column, Qt::CaseInsensitive) == 0)
+        if (firstColumn(connection, name).compare(wanted.column, Qt::CaseInsensitive) == 0
+            && conditionOf(connection, name) == wanted.condition)
             return true;
     }
     return false;
@@ -169,9 +179,12 @@ bool isThere(Connection& connection, const Index& wanted)
 
 void createIndex(Connection& connection, const Index& index)
 {
-    connection.execute(QStringLiteral("CREATE INDEX IF NOT EXISTS lorvan_%1_%2 ON %1(%2%3)")
-                           .arg(index.table, index.column, index.carried)
-                           .toStdString());
+    const QString name = index.condition.isEmpty() ? index.column : index.column + QStringLiteral("_cheques");
+    QString statement = QStringLiteral("CREATE INDEX IF NOT EXISTS lorvan_%1_%2 ON %1(%3%4)")
+                            .arg(index.table, name, index.column, index.carried);
+    if (!index.condition.isEmpty())
+        statement += QStringLiteral(" WHERE ") + index.condition;
+    connection.execute(statement.toStdString());
 }
 
 void ensureIndexes(Connection& connection, const std::vector<Index>& wanted)
@@ -228,6 +241,16 @@ const QStringList& ownTables()
     static const QStringList names{
         QStringLiteral("taken_imports"), QLatin1String(openingDifferenceTable), QLatin1String(journalTable)};
     return names;
+}
+
+QString indexCondition(const QString& statement)
+{
+    const qsizetype where = statement.lastIndexOf(QStringLiteral("WHERE"), -1, Qt::CaseInsensitive);
+    if (where < 0)
+        return {};
+    QString condition = statement.mid(where + 5).toLower(); // the word itself
+    condition.removeIf([](QChar character) { return character.isSpace(); });
+    return condition;
 }
 
 bool isOwnTable(const QString& name)

@@ -25,11 +25,16 @@ inline constexpr auto sealsTable = "seals";
 /// True for those and for the one in the auxiliary database.
 [[nodiscard]] bool isOwnTable(const QString& name);
 
+/// The cheques have an index of their own with this condition.
+inline constexpr auto chequeCondition = "epitagh<>0";
+/// The condition at the end of a statement that makes an index, in lower case and without blanks; empty if it has none.
+[[nodiscard]] QString indexCondition(const QString& statement);
+
 /// Makes those of its own tables that are missing, inside the caller's transaction.
 void createOwnTables(Connection& connection);
 
 /// Makes the indexes that a book made elsewhere may lack, and the program's own tables, adopting the opening balance.
-/// An index of any name counts as present if its first column is the wanted one. If nothing is missing, it writes
+/// An index of any name counts as present if its first column and its condition are the wanted ones. If nothing is missing, it writes
 /// nothing and begins no transaction.
 void ensureMainSchema(Connection& connection, const OpeningSteps& steps);
 void ensureAuxiliarySchema(Connection& connection);

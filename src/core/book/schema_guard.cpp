@@ -255,11 +255,18 @@ private:
         }
         auto indexes = m_connection.prepare(pragma("index_list"));
         while (indexes.step()) {
-            if (indexes.integer(4) != 0)
+            if (indexes.integer(4) != 0 && !isOfCheques(indexes.text(1)))
                 add(m_found.foreign,
                     QStringLiteral("ευρετήριο «%1» με συνθήκη στον πίνακα «%2»")
                         .arg(printableName(indexes.text(1)), table.name));
         }
+    }
+
+    [[nodiscard]] bool isOfCheques(const QString& index) const
+    {
+        const auto object = std::find_if(m_objects.begin(), m_objects.end(),
+            [&](const Object& each) { return each.kind == Kind::Index && each.name == index; });
+        return object != m_objects.end() && indexCondition(object->sql) == QLatin1String(chequeCondition);
     }
 
     void compare(const QString& table, const QStringList& columns)

@@ -105,6 +105,9 @@ TEST(BookSchema, aNewBookHasItsVersionAndIndexes)
         EXPECT_TRUE(usesIndex(main, query)) << query;
     EXPECT_TRUE(usesIndex(auxiliary, "SELECT * FROM klhsimotameioy WHERE hmeraklhsimatos=1"));
     EXPECT_TRUE(
+        planOf(main, "SELECT * FROM kinhseis WHERE hmeromhnia BETWEEN 1 AND 2 AND epitagh<>0").contains("cheques"));
+    EXPECT_FALSE(planOf(main, "SELECT * FROM kinhseis WHERE hmeromhnia BETWEEN 1 AND 2").contains("cheques"));
+    EXPECT_TRUE(
         planOf(main, "SELECT sum(esoda), sum(ejoda), sum(L_tajeos) FROM kinhseis WHERE kvdikos=1 AND hmeromhnia<2")
             .contains("COVERING INDEX"));
 }
@@ -114,6 +117,7 @@ TEST(BookSchema, aForeignBookGetsTheIndexesItLacksAndKeepsItsOwn)
     const TemporaryBook book;
     book.execute(
         "DROP INDEX lorvan_kinhseis_kvdikos; DROP INDEX lorvan_kinhseis_hmeromhnia;"
+        "DROP INDEX lorvan_kinhseis_hmeromhnia_cheques; CREATE INDEX few ON kinhseis(hmeromhnia) WHERE epitagh = 7;"
         "DROP TABLE tameio; CREATE TABLE Tameio (aa INTEGER PRIMARY KEY, Hmeromhnia INTEGER, ypoloipo INTEGER);"
         "CREATE INDEX mine ON Tameio(Hmeromhnia);"
         "CREATE INDEX \"my \"\"own\"\"\" ON KINHSEIS(HMEROMHNIA, aa)");
@@ -124,7 +128,7 @@ TEST(BookSchema, aForeignBookGetsTheIndexesItLacksAndKeepsItsOwn)
     EXPECT_EQ(valueOf(main,
                   "SELECT sum(tbl_name LIKE 'kinhseis') || sum(tbl_name LIKE 'tameio') FROM sqlite_master"
                   " WHERE type='index'"),
-        "21");
+        "41");
 
     Connection writer = book.openMain();
     const Transaction busy(writer, byAll());
