@@ -218,11 +218,17 @@ bool Statement::boolean(int column) const
     return integer(column) != 0;
 }
 
-QString Statement::text(int column) const
+std::string_view Statement::utf8(int column) const
 {
     sqlite3_value* const stored = Ahead::valueIn(*this, column);
-    const unsigned char* utf8 = sqlite3_value_text(stored);
-    return QString::fromUtf8(reinterpret_cast<const char*>(utf8), sqlite3_value_bytes(stored));
+    const auto* const bytes = reinterpret_cast<const char*>(sqlite3_value_text(stored));
+    return bytes ? std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(stored))) : std::string_view();
+}
+
+QString Statement::text(int column) const
+{
+    const std::string_view bytes = utf8(column);
+    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
 } // namespace lorvan

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 struct sqlite3_stmt;
 
@@ -70,6 +71,8 @@ public:
     [[nodiscard]] QDate date(int column) const;
     [[nodiscard]] bool boolean(int column) const; ///< Any non-zero value is true.
     [[nodiscard]] QString text(int column) const;
+    /// The bytes of text(), valid until the next step.
+    [[nodiscard]] std::string_view utf8(int column) const;
 
 private:
     friend class Connection;
