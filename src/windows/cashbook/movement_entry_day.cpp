@@ -50,8 +50,25 @@ bool MovementEntryPage::dateLeft()
 
 void MovementEntryPage::goTo(QDate day)
 {
+    const EntryContent typed = entry();
     m_date->setText(dateText(day));
     dateLeft();
+    if (entry() != typed)
+        m_cleared = {typed, {}};
+}
+
+bool MovementEntryPage::showMovement(QDate day, qint64 key)
+{
+    if (day == m_day)
+        lookAgain();
+    else
+        goTo(day);
+    if (m_list->model()->rowCount() == 0) // it could not be read, and the user knows why
+        return true;
+    const bool isThere = selectLine(key);
+    if (isThere)
+        m_list->setFocus(Qt::OtherFocusReason);
+    return isThere;
 }
 
 void MovementEntryPage::goToDay(QDate day)
@@ -184,12 +201,15 @@ void MovementEntryPage::showLinesAgain(const DayView& view)
     m_list->verticalScrollBar()->setValue(scrolled);
 }
 
-void MovementEntryPage::selectLine(qint64 key)
+bool MovementEntryPage::selectLine(qint64 key)
 {
     const QModelIndex first = m_list->model()->index(0, 0);
     const auto same = m_list->model()->match(first, Qt::UserRole, key, 1, Qt::MatchExactly);
-    if (!same.isEmpty())
-        m_list->setCurrentIndex(same.first());
+    if (same.isEmpty())
+        return false;
+    m_list->setCurrentIndex(same.first());
+    m_list->scrollTo(same.first());
+    return true;
 }
 
 } // namespace lorvan

@@ -73,12 +73,18 @@ public:
     void lookAgain();
 
     /// Shows another day, as if the user had typed the date and left it; the fields must have been checked before (see
-    /// leaveAll()).
+    /// leaveAll()). An entry that this clears can be brought back.
     void goTo(QDate day);
 
     /// Leads to another day as a key does: with the checks, boxes and reading of a typed date. Does nothing while a
     /// movement is loaded. What was typed and is cleared on the way can be brought back.
     void step(DayStep step);
+    /// Shows a movement on its day: as goTo() does it, if another day is shown; then the movement's line is selected
+    /// and the list has the focus. Returns false if the day is shown and has no such movement. Not to be called while a
+    /// movement is loaded.
+    [[nodiscard]] bool showMovement(QDate day, qint64 key);
+    /// Whether a movement is loaded for modification or deletion.
+    [[nodiscard]] bool isLoaded() const { return m_loaded.has_value(); }
 
     void insertMovement();
     void modifyMovement();
@@ -124,8 +130,8 @@ private:
     void fill(const DayView& view);
     void showLines(const DayView& view);
     void showLinesAgain(const DayView& view);
-    /// Selects the movement's line, if the list has one.
-    void selectLine(qint64 key);
+    /// Selects the movement's line; false if the list has none.
+    bool selectLine(qint64 key);
     /// The date in the date field; invalid if there is none.
     [[nodiscard]] QDate enteredDay() const;
 

@@ -68,6 +68,7 @@ Kentrikh::Kentrikh(
     layOut();
     addTabKeys();
     addHistoryKey();
+    addBackKey();
     connectPages();
     connectButtons();
     connectTools();

@@ -19,8 +19,10 @@
 #include "proof/balance_watch.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <memory>
+#include <vector>
 
 class QStackedWidget;
 
@@ -61,6 +63,10 @@ public:
     void openPicture();
     /// The same for the window "Καρτέλα κωδικού" with the card of a code.
     void openCard(qint32 code);
+    /// Shows a movement on its day in the cash page's list, in place of the window `from`, which hides; Alt+Left leads
+    /// back to it and to the day that was shown before. Loads and changes nothing; while a movement is loaded, or where
+    /// a field is refused, everything stays as it is.
+    void showMovement(QDate day, qint64 key, QWidget* from);
 
     /// Closes the window without a question, whatever was typed.
     void end();
@@ -110,6 +116,11 @@ private:
     void hideTools(); ///< The windows beside this one.
     void openCardOfChosen();
     void bringDay(QDate day);
+    void addBackKey();
+    /// Tells the user over the window that asks when a movement is loaded, which keeps its day on screen.
+    [[nodiscard]] bool mayLeaveDay(QWidget* asking);
+    void goToMovement(QDate day, qint64 key, QWidget* from);
+    void goBack();
     void printClosingSheet(QDate day);
     /// Offers to enter the cash that was counted, unless this user cannot keep it. Returns false if no sheet is wanted.
     [[nodiscard]] bool askForCount(QDate day);
@@ -154,6 +165,12 @@ private:
     DailyBackup m_backup;
     SessionEnd m_session;
     AwayWatch m_away;
+    struct Origin {
+        QPointer<QWidget> window;
+        QDate day; ///< That was shown before,
+        QDate shown; ///< and the one shown instead.
+    };
+    std::vector<Origin> m_origins; ///< Of the movements that were gone to, the last one at the end.
     QDate m_closedDay; ///< The last one that was closed here.
     bool m_isEnding = false; ///< Nothing more is asked.
     int m_tab = 0; ///< The tab whose page is shown.

@@ -1,0 +1,78 @@
+#include "cashbook/movement_entry_page.h"
+#include "controls/main_controls.h"
+#include "look/message_window.h"
+#include "main/kentrikh.h"
+#include "main/tab_band.h"
+
+#include <QShortcut>
+#include <QTabBar>
+
+namespace lorvan {
+namespace {
+
+constexpr std::size_t mostOrigins = 20;
+
+const QString attention = QStringLiteral("Προσοχή");
+
+} // namespace
+
+void Kentrikh::addBackKey()
+{
+    auto* const shortcut = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Left), this);
+    shortcut->setAutoRepeat(false);
+    connect(shortcut, &QShortcut::activated, this, &Kentrikh::goBack);
+}
+
+bool Kentrikh::mayLeaveDay(QWidget* asking)
+{
+    if (m_entryPage->isLoaded()) {
+        showMessage(asking, QMessageBox::Information, attention,
+            QStringLiteral("Μια κίνηση είναι ανοικτή για μεταβολή ή διαγραφή. Τελειώστε πρώτα με αυτή."));
+        return false;
+    }
+    return settle();
+}
+
+void Kentrikh::showMovement(QDate day, qint64 key, QWidget* from)
+{
+    m_gate.runWindow([this, from] { return mayLeaveDay(from); }, [=, this] { goToMovement(day, key, from); });
+}
+
+/// On another page the tab is changed first, with the checks of that page.
+void Kentrikh::goToMovement(QDate day, qint64 key, QWidget* from)
+{
+    m_band->tabs()->setCurrentIndex(tab::cashBook);
+    if (m_tab != tab::cashBook || m_closed || !m_entryPage->leaveAll() || m_closed)
+        return;
+    if (m_origins.size() == mostOrigins)
+        m_origins.erase(m_origins.begin());
+    m_origins.push_back({from, m_entryPage->day(), day});
+    from->hide();
+    activateWindow();
+    if (!m_entryPage->showMovement(day, key))
+        showMessage(this, QMessageBox::Information, attention, QStringLiteral("Η κίνηση δεν υπάρχει πια."));
+}
+
+/// The day that was shown before comes back only if the user has not gone on to another one.
+void Kentrikh::goBack()
+{
+    if (m_origins.empty())
+        return;
+    const auto lead = [this] {
+        const Origin origin = m_origins.back();
+        if (m_tab == tab::cashBook && m_entryPage->day() == origin.shown && origin.day != origin.shown) {
+            goToDay(origin.day);
+            if (m_entryPage->day() != origin.day || m_closed)
+                return;
+        }
+        m_origins.pop_back();
+        if (!origin.window)
+            return;
+        origin.window->show();
+        origin.window->raise();
+        origin.window->activateWindow();
+    };
+    m_gate.runWindow([this] { return mayLeaveDay(this); }, lead);
+}
+
+} // namespace lorvan
