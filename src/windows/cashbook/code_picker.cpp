@@ -1,6 +1,8 @@
 #include "cashbook/code_picker.h"
 
+#include "cashbook/code_offer_list.h"
 #include "cashbook/entry_content.h"
+#include "codes/code_offers.h"
 #include "controls/code_chooser.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
@@ -14,10 +16,16 @@ namespace lorvan {
 CodePicker::CodePicker(CodeChooser* chooser)
     : QObject(chooser)
     , m_chooser(chooser)
+    , m_offers(new CodeOfferList(chooser))
 {
     connect(chooser, &CodeChooser::picked, this, &CodePicker::pick);
     connect(chooser, &CodeChooser::enterPressed, this, &CodePicker::enter);
-    connect(chooser, &CodeChooser::typed, this, [this] { m_selected = 0; });
+    connect(chooser, &CodeChooser::typed, this, [this] {
+        m_selected = 0;
+        offer();
+    });
+    connect(m_offers, &CodeOfferList::picked, this, [this](qint64 row) { pick(static_cast<int>(row)); });
+    connect(chooser, &CodeChooser::shown, m_offers, &QWidget::hide);
 }
 
 void CodePicker::setCodes(std::vector<MovementCode> codes)
@@ -67,6 +75,14 @@ void CodePicker::settle()
     }
     m_income = false;
     Q_EMIT unresolved();
+}
+
+void CodePicker::offer()
+{
+    std::vector<ListRow> rows;
+    for (const int row : offeredCodes(m_codes, m_chooser->currentText()))
+        rows.push_back({m_codes[static_cast<std::size_t>(row)].listLine, row});
+    m_offers->offer(rows);
 }
 
 void CodePicker::pick(int row)

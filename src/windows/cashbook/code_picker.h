@@ -10,9 +10,11 @@
 namespace lorvan {
 
 class CodeChooser;
+class CodeOfferList;
 struct EntryContent;
 
-/// The choice of a movement's code in `DBCombo1`: from the list of active codes, or by typing its number and Enter.
+/// The choice of a movement's code in `DBCombo1`: from the list of active codes, by typing its number and Enter, or by
+/// typing the beginning of a word and choosing among what it offers.
 class CodePicker : public QObject {
     Q_OBJECT
 
@@ -46,6 +48,7 @@ Q_SIGNALS:
     void entered(); ///< Enter has selected a code.
 
 private:
+    void offer();
     void pick(int row);
     void enter();
     void select(const MovementCode& code);
@@ -53,6 +56,7 @@ private:
     void say(const QString& text);
 
     CodeChooser* m_chooser;
+    CodeOfferList* m_offers;
     std::vector<MovementCode> m_codes;
     qint32 m_selected = 0;
     bool m_income = false;

@@ -62,6 +62,7 @@ void CodeChooser::setRows(const QStringList& rows)
 
 void CodeChooser::showText(const QString& text)
 {
+    Q_EMIT shown();
     const QSignalBlocker silence(this);
     m_shown = text;
     if (lineEdit()->text() != text)
@@ -83,6 +84,7 @@ void CodeChooser::setCurrentRow(int row)
 
 void CodeChooser::showPopup()
 {
+    Q_EMIT shown();
     if (m_rowIsStale)
         setCurrentRow(-1);
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, view());

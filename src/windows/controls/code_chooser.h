@@ -30,6 +30,7 @@ Q_SIGNALS:
     void picked(int row); ///< From the list or with the arrow keys. The old text is still shown.
     void enterPressed(); ///< Return or keypad Enter with the list closed; the key is not passed on.
     void typed(); ///< The user has edited the text.
+    void shown(); ///< The owner shows a text, or the list is opened.
     void left(); ///< Like EntryField::left().
 
 protected:

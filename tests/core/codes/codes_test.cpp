@@ -1,4 +1,5 @@
 #include "codes/code_maintenance.h"
+#include "codes/code_offers.h"
 #include "codes/group_maintenance.h"
 #include "support/files.h"
 #include "support/temporary_book.h"
@@ -212,6 +213,18 @@ TEST_F(GroupMaintenanceTest, removalLeavesItsCodesWithoutAGroupAndItsMovementsAl
     EXPECT_EQ(groups(), "2=Έξοδα");
     EXPECT_EQ(codes(), "100:0/  101:0/  102:0/  200:0/ 201:2/Έξοδα");
     EXPECT_EQ(valueOf(main, "SELECT aa_omada FROM kinhseis"), "1");
+}
+
+TEST(CodeOffers, areTheCodesWithAWordThatBeginsSo)
+{
+    std::vector<MovementCode> codes;
+    for (const char* const description : {"ΠΩΛΉΣΕΙΣ Λιανικής", "ΔΕΗ - ΎΔΡΕΥΣΗ", "ΠΡΟΜ/ΤΗΣ ΑΛΦΑ 4"})
+        codes.emplace_back().description = QString::fromUtf8(description);
+    const std::pair<const char*, std::vector<int>> cases[] = {{"λια", {0}}, {"πωλησεισ", {0}}, {"ύδ δε", {1}},
+        {"δεη-υδ", {1}}, {"π", {0, 2}}, {"προμ/τη 4", {2}}, {"ανικ", {}}, {"λια αλφα", {}}, {"4", {}}, {"", {}},
+        {" - ", {}}, {"π 2", {}}};
+    for (const auto& [typed, rows] : cases)
+        EXPECT_EQ(offeredCodes(codes, QString::fromUtf8(typed)), rows) << typed;
 }
 
 } // namespace lorvan::test

@@ -104,4 +104,44 @@ TEST_F(ChooserTest, anotherKindOfCodeMovesTheLoadedAmount)
     EXPECT_EQ(cashDays(), (CashDayLines{"20240315 0 123450 -123450", "20240316 0 0 -123450"}));
 }
 
+TEST_F(ChooserTest, lettersOfferCodesBelowAndEnterInTheFieldStaysAsItIs)
+{
+    book.addCode(110, "Λιανική με κάρτα", true);
+    start();
+    auto& offers = user().find<QListView>("codeOffers");
+    const auto type = [&](const char* text) {
+        user().goTo(chooser());
+        user().press(Qt::Key_A, Qt::ControlModifier);
+        user().press(Qt::Key_Delete);
+        user().type(text);
+    };
+    type("λια");
+    EXPECT_EQ(linesOf(offers), "  100 Λιανική\n  110 Λιανική με κάρτα");
+    EXPECT_TRUE(offers.isVisible());
+    EXPECT_EQ(user().focusName(), "DBCombo1");
+    boxes.expect(information("Προσοχη", "Δεν βρέθηκε ο κωδικός της κίνησης"));
+    user().press(Qt::Key_Return);
+    type("λια");
+    user().press(Qt::Key_Down);
+    user().press(Qt::Key_Down);
+    EXPECT_EQ(user().focusName(), "codeOffers");
+    user().press(Qt::Key_Return);
+    expectShown("110 Λιανική με κάρτα", true);
+    EXPECT_FALSE(offers.isVisible());
+    EXPECT_EQ(user().focusName(), "DBCombo1");
+
+    type("πρ");
+    user().clickRow(offers, 0);
+    expectShown("200 Προμήθειες", false);
+    type("πα");
+    EXPECT_FALSE(offers.isVisible()) << "an inactive code";
+    type("λ");
+    user().press(Qt::Key_Down);
+    user().type("ι");
+    EXPECT_EQ(chooser().currentText(), "λι");
+    user().press(Qt::Key_Tab);
+    EXPECT_FALSE(offers.isVisible());
+    EXPECT_EQ(user().focusName(), "Text1(1)");
+}
+
 } // namespace lorvan::test
