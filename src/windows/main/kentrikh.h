@@ -63,10 +63,10 @@ public:
     void openPicture();
     /// The same for the window "Καρτέλα κωδικού" with the card of a code.
     void openCard(qint32 code);
-    /// Shows a movement on its day in the cash page's list, in place of the window `from`, which hides; Alt+Left leads
-    /// back to it and to the day that was shown before. Loads and changes nothing; while a movement is loaded, or where
-    /// a field is refused, everything stays as it is.
-    void showMovement(QDate day, qint64 key, QWidget* from);
+    /// Shows a movement on its day in the cash page's list (without a key the day alone), in place of the window
+    /// `from`, which hides; Alt+Left leads back to it and to the day that was shown before. Loads and changes nothing;
+    /// while a movement is loaded, or where a field is refused, everything stays as it is.
+    void showMovement(QDate day, std::optional<qint64> key, QWidget* from);
 
     /// Closes the window without a question, whatever was typed.
     void end();
@@ -115,11 +115,10 @@ private:
     void goToDay(QDate day);
     void hideTools(); ///< The windows beside this one.
     void openCardOfChosen();
-    void bringDay(QDate day);
     void addBackKey();
     /// Tells the user over the window that asks when a movement is loaded, which keeps its day on screen.
     [[nodiscard]] bool mayLeaveDay(QWidget* asking);
-    void goToMovement(QDate day, qint64 key, QWidget* from);
+    void goToMovement(QDate day, std::optional<qint64> key, QWidget* from);
     void goBack();
     void printClosingSheet(QDate day);
     /// Offers to enter the cash that was counted, unless this user cannot keep it. Returns false if no sheet is wanted.

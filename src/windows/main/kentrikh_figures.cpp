@@ -39,7 +39,8 @@ void Kentrikh::openPicture()
                 {QStringLiteral("Εικόνα του βιβλίου"), QStringLiteral("Εικόνα του βιβλίου"), build}, window);
         };
         m_picture = std::make_unique<PictureWindow>(BookFiles(m_settings.dataFolder), m_keys, m_clock, print, this);
-        connect(m_picture.get(), &PictureWindow::dayChosen, this, &Kentrikh::bringDay);
+        connect(m_picture.get(), &PictureWindow::dayChosen, this,
+            [this](QDate day) { showMovement(day, std::nullopt, m_picture.get()); });
         connect(m_picture.get(), &PictureWindow::codeChosen, this, &Kentrikh::openCard);
     }
     m_picture->present();
@@ -60,7 +61,7 @@ void Kentrikh::openCard(qint32 code)
     if (!m_card) {
         m_card = std::make_unique<CardWindow>(BookFiles(m_settings.dataFolder), m_keys, this);
         connect(m_card.get(), &CardWindow::movementChosen, this,
-            [this](const Movement& movement) { bringDay(movement.day); });
+            [this](const Movement& movement) { showMovement(movement.day, movement.key, m_card.get()); });
     }
     m_card->present(code);
 }
@@ -73,15 +74,6 @@ void Kentrikh::hideTools()
         m_picture->hide();
     if (m_card)
         m_card->hide();
-}
-
-/// Brings the main window to the front with that day on the cash page. The windows beside it would hide it.
-void Kentrikh::bringDay(QDate day)
-{
-    hideTools();
-    activateWindow();
-    raise();
-    openTool([this, day] { goToDay(day); });
 }
 
 } // namespace lorvan

@@ -33,13 +33,13 @@ bool Kentrikh::mayLeaveDay(QWidget* asking)
     return settle();
 }
 
-void Kentrikh::showMovement(QDate day, qint64 key, QWidget* from)
+void Kentrikh::showMovement(QDate day, std::optional<qint64> key, QWidget* from)
 {
     m_gate.runWindow([this, from] { return mayLeaveDay(from); }, [=, this] { goToMovement(day, key, from); });
 }
 
 /// On another page the tab is changed first, with the checks of that page.
-void Kentrikh::goToMovement(QDate day, qint64 key, QWidget* from)
+void Kentrikh::goToMovement(QDate day, std::optional<qint64> key, QWidget* from)
 {
     m_band->tabs()->setCurrentIndex(tab::cashBook);
     if (m_tab != tab::cashBook || m_closed || !m_entryPage->leaveAll() || m_closed)
@@ -49,7 +49,9 @@ void Kentrikh::goToMovement(QDate day, qint64 key, QWidget* from)
     m_origins.push_back({from, m_entryPage->day(), day});
     from->hide();
     activateWindow();
-    if (!m_entryPage->showMovement(day, key))
+    if (!key)
+        m_entryPage->goTo(day);
+    else if (!m_entryPage->showMovement(day, *key))
         showMessage(this, QMessageBox::Information, attention, QStringLiteral("Η κίνηση δεν υπάρχει πια."));
 }
 

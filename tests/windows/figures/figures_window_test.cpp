@@ -67,6 +67,10 @@ TEST_F(FiguresWindowTest, ThePictureLeadsFromTheYearToTheDay)
         there.press(Qt::Key_Right);
     there.press(Qt::Key_Return);
     EXPECT_TRUE(comesTrue([&] { return user().field(date).text() == "15-02-2024"; }));
+    waitForActive(window());
+    user().press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_TRUE(picture.isVisible());
+    EXPECT_EQ(user().field(date).text(), "15-03-2024");
 }
 
 TEST_F(FiguresWindowTest, ACardOpensForTheNumberTypedAndLeadsToTheDay)
