@@ -22,10 +22,10 @@ public:
     [[nodiscard]] float room() const { return m_height - m_used; }
     [[nodiscard]] bool isEmpty() const { return m_isEmpty; }
 
-    /// A page with only repeated titles counts as empty: something of the document must follow them.
-    void repeatTitles(int item, const ItemSize& size)
+    /// A page with only repeated titles and carried sums counts as empty: something of the document must follow them.
+    void repeat(int item, const ItemSize& size, FlowBlock::Kind kind)
     {
-        place({item, 0, size.lines, m_used, size});
+        place({item, 0, size.lines, m_used, size, kind});
         m_isEmpty = true;
     }
 
@@ -68,20 +68,32 @@ std::optional<FlowPosition> ReportFlow::fillPage(FlowPosition at, std::vector<Fl
         const int titles = document.item(at.item).titlesItem();
         const ItemSize size = m_layout.size(titles);
         if (size.height() <= page.height() / 2)
-            page.repeatTitles(titles, size);
+            page.repeat(titles, size, FlowBlock::Kind::Item);
     }
+    if (at.line == 0 && m_layout.carriesInto(at.item))
+        page.repeat(at.item, m_layout.carrySize(at.item), FlowBlock::Kind::CarriedIn);
     while (at.item < count) {
         const ItemSize size = m_layout.size(at.item);
         const int left = size.lines - at.line;
         const bool isParagraph = document.item(at.item).isParagraph();
-        const int going = linesThatGo(page, size, left, keptTogether(at.item), isParagraph);
+        const float after = keptTogether(at.item) + carryHeight(at.item + 1);
+        const int going = linesThatGo(page, size, left, after, isParagraph);
         if (going > 0)
             page.place({at.item, at.line, going, page.used(), size});
-        if (going < left)
+        if (going < left) {
+            if (at.line + going == 0 && carryHeight(at.item) > 0 && carryHeight(at.item) <= page.room())
+                page.place({at.item, 0, 1, page.used(), m_layout.carrySize(at.item), FlowBlock::Kind::CarriedOn});
             return FlowPosition{at.item, at.line + going};
+        }
         at = {at.item + 1, 0};
     }
     return std::nullopt;
+}
+
+/// The height of the line of sums if a page is broken before the item.
+float ReportFlow::carryHeight(int item) const
+{
+    return m_layout.carriesInto(item) ? m_layout.carrySize(item).height() : 0;
 }
 
 /// The height of the rows that must follow titles on the same page.

@@ -54,8 +54,9 @@ TableBoxes placeColumns(const std::vector<ReportColumn>& columns, float textWidt
 
 } // namespace
 
-ReportLayout::ReportLayout(const ReportDocument& document)
+ReportLayout::ReportLayout(const ReportDocument& document, CarryLines carries)
     : m_document(document)
+    , m_carries(carries)
     , m_body(bodyOf(document.page()))
 {
 }
@@ -75,6 +76,23 @@ ItemSize ReportLayout::size(int index) const
     if (item.isParagraph())
         return {static_cast<int>(paragraphLines(item).size()), lineHeight + rowPadding, 0};
     return {rowLines(item), lineHeight, rowPadding};
+}
+
+bool ReportLayout::carriesInto(int item) const
+{
+    return m_carries == CarryLines::Yes && m_document.carried().isCarriedInto(item);
+}
+
+ItemSize ReportLayout::carrySize(int item) const
+{
+    return {1, carryFont(item).lineHeight(), rowPadding};
+}
+
+const GlyphFont& ReportLayout::carryFont(int item) const
+{
+    ReportFont font = m_document.item(m_document.carried().firstItem(item)).font();
+    font.bold = true;
+    return m_fonts.get(font);
 }
 
 const GlyphFont& ReportLayout::font(const ReportItem& item) const

@@ -40,11 +40,14 @@ struct CellLines {
     TextLines lines;
 };
 
+/// Whether pages that break a table end and begin with the sums up to there.
+enum class CarryLines { No, Yes };
+
 /// The measurements of a document, in twips: its page, the number of lines of each text, the positions of columns. The
 /// document must outlive it unchanged.
 class ReportLayout {
 public:
-    explicit ReportLayout(const ReportDocument& document);
+    explicit ReportLayout(const ReportDocument& document, CarryLines carries = CarryLines::No);
 
     [[nodiscard]] const ReportDocument& document() const { return m_document; }
     [[nodiscard]] QSizeF pageSize() const;
@@ -52,6 +55,12 @@ public:
     [[nodiscard]] const QRectF& body() const { return m_body; }
 
     [[nodiscard]] ItemSize size(int item) const;
+
+    /// Whether a page that begins with this item carries sums.
+    [[nodiscard]] bool carriesInto(int item) const;
+    /// The line of those sums, which is set like the first row they come from, in bold.
+    [[nodiscard]] ItemSize carrySize(int item) const;
+    [[nodiscard]] const GlyphFont& carryFont(int item) const;
     [[nodiscard]] const GlyphFont& font(const ReportItem& item) const;
     [[nodiscard]] const GlyphFont& headerFont() const { return m_fonts.get(m_document.headerFont()); }
     [[nodiscard]] const TableBoxes& boxes(const ReportItem& item) const;
@@ -67,6 +76,7 @@ private:
     [[nodiscard]] const GlyphFont* smallerFont(const GlyphFont& font, const ColumnBox& box, QStringView text) const;
 
     const ReportDocument& m_document;
+    const CarryLines m_carries;
     QRectF m_body;
     FontShelf m_fonts;
     mutable std::vector<std::pair<const std::vector<ReportColumn>*, std::unique_ptr<TableBoxes>>> m_boxes;

@@ -1,5 +1,7 @@
 #include "report_page.h"
 
+#include "document/report_cells.h"
+
 #include <QTextLayout>
 
 #include <algorithm>
@@ -62,7 +64,9 @@ ReportPage::ReportPage(const ReportLayout& layout, const std::vector<FlowBlock>&
     placeThreeParts(m_header, document.header(), bodyTop - headerDistance);
     for (const FlowBlock& block : blocks) {
         const ReportItem item = document.item(block.item);
-        if (item.isParagraph())
+        if (block.kind != FlowBlock::Kind::Item)
+            placeCarried(block, bodyTop + block.top);
+        else if (item.isParagraph())
             placeParagraph(item, block, bodyTop + block.top);
         else if (item.isChart())
             placeChart(item, bodyTop + block.top);
@@ -86,6 +90,37 @@ void ReportPage::placeParagraph(const ReportItem& item, const FlowBlock& block, 
             line.isPlain, static_cast<float>(m_layout.body().left()), baseline});
         baseline += block.size.lineHeight;
     }
+}
+
+/// The words take the columns left of the first sum; what does not fit there is cut.
+void ReportPage::placeCarried(const FlowBlock& block, float top)
+{
+    const CarriedRows& rows = m_layout.document().carried();
+    const CarriedSums carried = rows.before(block.item).value_or(CarriedSums());
+    const TableBoxes& boxes = m_layout.boxes(m_layout.document().item(rows.firstItem(block.item)));
+    const GlyphFont& font = m_layout.carryFont(block.item);
+    const float bodyLeft = static_cast<float>(m_layout.body().left());
+    const float baseline = top + block.size.padding / 2 + font.ascent();
+    const auto place = [&](const QString& text, const ColumnBox& box) {
+        m_carried.push_back(text);
+        const QStringView whole = m_carried.back();
+        const CellLines cell = m_layout.cellLines(font, box, whole);
+        if (cell.lines.isEmpty())
+            return;
+        const TextLine& line = cell.lines.front();
+        m_carriedTexts.push_back({cell.font, 0, whole.sliced(line.start, line.length), whole, line.isPlain,
+            alignedLeft(box.alignment, bodyLeft + box.left, box.width, line.width), baseline});
+    };
+    const bool isHead = block.kind == FlowBlock::Kind::CarriedIn;
+    const QString words = isHead ? QStringLiteral("Από μεταφορά") : QStringLiteral("Σε μεταφορά");
+    const ColumnBox& firstSum = boxes.columns[static_cast<std::size_t>(carried.columns.front())];
+    const float wordsLeft = boxes.columns.front().left;
+    place(carried.name.isEmpty() ? words : words + QStringLiteral("  ") + carried.name,
+        {wordsLeft, firstSum.left - wordsLeft, ColumnAlignment::Left});
+    for (std::size_t sum = 0; sum < carried.columns.size(); ++sum)
+        place(amountOrBlankText(carried.sums[sum]), boxes.columns[static_cast<std::size_t>(carried.columns[sum])]);
+    m_rules.push_back(
+        {bodyLeft, bodyLeft + boxes.width, isHead ? top + block.size.height() : top, PlacedRule::Look::Quiet});
 }
 
 void ReportPage::placeChart(const ReportItem& item, float top)

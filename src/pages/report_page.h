@@ -6,6 +6,7 @@
 #include <QRectF>
 
 #include <array>
+#include <deque>
 #include <vector>
 
 namespace lorvan {
@@ -54,6 +55,8 @@ public:
     [[nodiscard]] const std::vector<PlacedRule>& rules() const { return m_rules; }
     [[nodiscard]] const std::vector<DrawnChart>& charts() const { return m_charts; }
     [[nodiscard]] const std::vector<PlacedText>& texts() const { return m_texts; }
+    /// The lines that carry sums; they are no part of the readable text and are not found.
+    [[nodiscard]] const std::vector<PlacedText>& carriedTexts() const { return m_carriedTexts; }
 
     /// The readable text, one line for each line on paper; texts side by side are separated by tabs.
     [[nodiscard]] QString text() const;
@@ -63,6 +66,7 @@ public:
 
 private:
     void placeParagraph(const ReportItem& item, const FlowBlock& block, float top);
+    void placeCarried(const FlowBlock& block, float top);
     void placeChart(const ReportItem& item, float top);
     void placeRow(const ReportItem& item, const FlowBlock& block, float top);
     void placeGround(const ReportItem& item, float top, float bottom, float width);
@@ -77,6 +81,8 @@ private:
     std::vector<PlacedRule> m_rules;
     std::vector<DrawnChart> m_charts;
     std::vector<PlacedText> m_texts;
+    std::deque<QString> m_carried; ///< What the next ones show.
+    std::vector<PlacedText> m_carriedTexts;
 };
 
 } // namespace lorvan

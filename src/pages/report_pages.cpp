@@ -6,9 +6,10 @@
 
 namespace lorvan {
 
-ReportPages::ReportPages(ReportDocument document)
+ReportPages::ReportPages(ReportDocument document, CarryLines carries)
     : m_document(std::move(document))
-    , m_layout(m_document)
+    , m_carries(carries)
+    , m_layout(m_document, carries)
     , m_flow(m_layout)
     , m_starts{FlowPosition{}}
 {

@@ -22,12 +22,13 @@ namespace lorvan {
 ///         timer.start(0); // pageCount() has grown; there is more to come
 class ReportPages {
 public:
-    explicit ReportPages(ReportDocument document);
+    explicit ReportPages(ReportDocument document, CarryLines carries = CarryLines::No);
 
     ReportPages(const ReportPages&) = delete;
     ReportPages& operator=(const ReportPages&) = delete;
 
     [[nodiscard]] const ReportDocument& document() const { return m_document; }
+    [[nodiscard]] CarryLines carries() const { return m_carries; }
 
     /// Lays out more pages until the deadline has passed; true when all are laid out.
     bool layOut(QDeadlineTimer deadline = QDeadlineTimer(QDeadlineTimer::Forever));
@@ -60,6 +61,7 @@ private:
     void addPage();
 
     const ReportDocument m_document;
+    const CarryLines m_carries;
     const ReportLayout m_layout;
     const ReportFlow m_flow;
     std::vector<FlowPosition> m_starts;

@@ -118,6 +118,8 @@ void paintReportPage(QPainter& painter, const ReportPage& page)
     TextPainter texts(painter);
     for (const PlacedText& text : page.texts())
         texts.draw(text);
+    for (const PlacedText& text : page.carriedTexts())
+        texts.draw(text);
     texts.flush();
     painter.restore();
 }

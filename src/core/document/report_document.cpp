@@ -38,6 +38,7 @@ void ReportDocument::StartDoc()
     m_styles.clear();
     m_columns.clear();
     m_charts.clear();
+    m_carried.clear();
     m_format.clear();
     m_next.columns = -1;
     m_next.titles = -1;
@@ -108,6 +109,11 @@ void ReportDocument::AddTableRow(const QString& format, const CellTexts& header,
     if (!m_hasTable)
         AddTable(format, header, QStringView(), headerShade);
     addRow(format, body, bodyShade);
+}
+
+void ReportDocument::BeginCarry(const std::vector<int>& columns, const QString& name)
+{
+    m_carried.begin(itemCount(), columns, name);
 }
 
 void ReportDocument::AddChart(const Chart& chart, int height)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/carried_sums.h"
 #include "document/chart.h"
 #include "document/report_format.h"
 
@@ -70,6 +71,15 @@ public:
     /// ignored if there is a table: only without an earlier AddTable() does it begin the table, with that shade.
     void AddTableRow(const QString& format, const CellTexts& header, const CellTexts& body,
         ReportColour headerShade = noShade, ReportColour bodyShade = noShade);
+
+    /// The rows added from now on add up in these columns, for a reader who wants each page to carry the sums of the
+    /// one before; `name` is the code or group that they belong to. Ends with the next call.
+    void BeginCarry(const std::vector<int>& columns, const QString& name = {});
+    /// The amounts of the row just added, in the order of the columns. Throws CurrencyOverflow.
+    void CarryRow(const std::vector<Currency>& amounts) { m_carried.add(amounts); }
+    /// The rows that follow belong to no sum.
+    void EndCarry() { m_carried.end(itemCount()); }
+    [[nodiscard]] const CarriedRows& carried() const { return m_carried; }
 
     /// A chart across the text area, that many twips high, which is never split between pages. It has no text: a table
     /// of the same figures goes with it.
@@ -145,6 +155,7 @@ private:
     std::vector<Style> m_styles;
     std::vector<std::vector<ReportColumn>> m_columns;
     std::vector<PlacedChart> m_charts;
+    CarriedRows m_carried;
 
     Style m_next; ///< for the text to come
     QString m_format; ///< the one from which m_next.columns was read

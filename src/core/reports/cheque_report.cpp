@@ -65,18 +65,21 @@ void startCheques(ReportDocument& document, const QString& font)
 }
 
 /// From the statement's current row.
-Amounts addCheques(ReportTable& table, Statement& cheques)
+Amounts addCheques(ReportDocument& document, ReportTable& table, Statement& cheques)
 {
     Amounts totals;
+    document.BeginCarry({4, 5, 6});
     do {
         const Amounts amounts = amountsIn(cheques);
         table.addRow({numberCell(table.nextNumber()), weekdayDateText(cheques.date(0)),
             QString::number(cheques.number(4)), cheques.text(5), amountOrBlankText(amounts.memorandum),
             amountOrZeroText(amounts.income), amountOrZeroText(amounts.expense)});
+        document.CarryRow({amounts.memorandum, amounts.income, amounts.expense});
         totals.memorandum += amounts.memorandum;
         totals.income += amounts.income;
         totals.expense += amounts.expense;
     } while (cheques.step());
+    document.EndCarry();
     return totals;
 }
 
@@ -88,7 +91,7 @@ void addDetails(ReportDocument& document, Statement cheques, const ReportProgres
     ReportTable table(document, QStringLiteral("^800|1500|900|<3400|>1350|>1250|>1250"), progress);
     table.begin(1, rightAligned(u"α/α", 4) + QStringLiteral("|Ημερ/νια|Κωδ.|Περιγραφή|Λ τάξεως|Εσοδα|Εξοδα"),
         QStringLiteral(" |  | | ||"));
-    const Amounts totals = addCheques(table, cheques);
+    const Amounts totals = addCheques(document, table, cheques);
     document.SetFont({.size = 11, .bold = true});
     table.addTotals({u"", u"", u"", QStringLiteral("Διαφορά = ") + amountOrZeroText(totals.income - totals.expense),
         amountText(totals.memorandum), amountOrZeroText(totals.income), amountOrZeroText(totals.expense)});
@@ -122,10 +125,13 @@ void addSums(ReportDocument& document, const std::vector<ChequeSum>& sums, const
     startCheques(document, QStringLiteral("courier new greek"));
     ReportTable table(document, QStringLiteral("^800|1800|2500"), progress);
     table.begin(1, rightAligned(u"α/α", 4) + QStringLiteral("|Ημερ/νια|Σύνολο LT"), QStringLiteral("|||"));
+    document.BeginCarry({2});
     for (const ChequeSum& sum : sums) {
         table.addRow({numberCell(table.nextNumber()), weekdayDateText(sum.day),
             amountOrBlankText(sum.amounts.memorandum).rightJustified(sumWidth)});
+        document.CarryRow({sum.amounts.memorandum});
     }
+    document.EndCarry();
 }
 
 } // namespace

@@ -34,15 +34,19 @@ void addTotalsWithoutMovements(ReportDocument& document, Currency carried)
     document.SetFont({.bold = false});
 }
 
-CashDayFigures addRows(ReportTable& table, const std::vector<Movement>& movements, Currency carried)
+CashDayFigures addRows(
+    ReportDocument& document, ReportTable& table, const std::vector<Movement>& movements, Currency carried)
 {
     CashDayFigures figures;
+    document.BeginCarry({3, 4});
     for (const Movement& movement : movements) {
         table.addRow({numberCell(table.nextNumber()), QString::number(movement.code), movement.description,
             amountOrZeroText(movement.income), amountOrZeroText(movement.expense)});
+        document.CarryRow({movement.income, movement.expense});
         figures.income += movement.income;
         figures.expense += movement.expense;
     }
+    document.EndCarry();
     figures.closingBalance = carried + figures.income - figures.expense;
     return figures;
 }
@@ -54,7 +58,7 @@ void addMovements(
     ReportTable table(document, QStringLiteral("^1100|^1000|<4000|>1500|>1500"), progress);
     table.begin(
         1, rightAligned(u"α/α", 5) + QStringLiteral("|Κωδ.|Περιγραφή|Εσοδα|Εξοδα"), QStringLiteral(" |  | | |"));
-    const CashDayFigures figures = addRows(table, movements, carried);
+    const CashDayFigures figures = addRows(document, table, movements, carried);
     document.SetFont({.size = 10, .bold = true});
     table.addTotals({u"", u"", QStringLiteral("Υπόλοιπο = ") + amountOrZeroText(figures.closingBalance),
         amountOrZeroText(figures.income), amountOrZeroText(figures.expense)});

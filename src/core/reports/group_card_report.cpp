@@ -90,8 +90,9 @@ void addHeadings(ReportDocument& document, const ReportInputs& inputs)
 /// Adds line by line and sums up each column.
 class CardLines {
 public:
-    CardLines(const CardEntries& entries, ReportTable& table)
+    CardLines(const CardEntries& entries, ReportDocument& document, ReportTable& table)
         : m_entries(entries)
+        , m_document(document)
         , m_table(table)
     {
     }
@@ -99,13 +100,16 @@ public:
     void add(std::size_t line)
     {
         QStringList cells;
+        std::vector<Currency> amounts;
         for (std::size_t column = 0; column < cardColumns; ++column) {
             const bool isThere = line < m_entries[column].size();
             const CardEntry entry = isThere ? m_entries[column][line] : CardEntry();
             m_totals[column] += entry.amount;
+            amounts.push_back(entry.amount);
             cells << entry.description << (isThere ? amountOrZeroText(entry.amount) : QString());
         }
         m_table.addRow(cells);
+        m_document.CarryRow(amounts);
     }
 
     [[nodiscard]] QStringList totalCells() const
@@ -118,6 +122,7 @@ public:
 
 private:
     const CardEntries& m_entries;
+    ReportDocument& m_document;
     ReportTable& m_table;
     std::array<Currency, cardColumns> m_totals;
 };
@@ -126,9 +131,11 @@ void addLines(ReportDocument& document, const CardEntries& entries, const Report
 {
     const QString format = QStringLiteral("<3500|>1800|<3500|>1800|<3500|>1800");
     ReportTable table(document, format, progress);
-    CardLines lines(entries, table);
+    CardLines lines(entries, document, table);
+    document.BeginCarry({1, 3, 5});
     for (std::size_t line = 0; line < lineCount(entries); ++line)
         lines.add(line);
+    document.EndCarry();
     document.SetFont({.bold = true});
     document.AddTable(format, QStringView(), lines.totalCells());
 }

@@ -22,11 +22,17 @@ public:
     /// Makes the cells of a line of sums, given its label.
     using SumCells = std::function<QStringList(const QString& label, const MovementSums& sums)>;
 
-    MovementSections(ReportDocument& document, ReportTable& table, SumCells sumCells);
+    /// The columns of the amounts, in ascending order.
+    struct Column {
+        int number = 0;
+        Currency MovementSums::*amount = nullptr;
+    };
+
+    MovementSections(ReportDocument& document, ReportTable& table, SumCells sumCells, std::vector<Column> columns);
 
     /// Moves to the section of the next row, ending the previous one. True if the row is to show the section's name;
-    /// never for a first section with the number 0.
-    [[nodiscard]] bool enter(qint32 number);
+    /// never for a first section with the number 0. Pages that carry sums call the section by its name.
+    [[nodiscard]] bool enter(qint32 number, const QString& name);
 
     /// Adds a row to the section. Throws CurrencyOverflow, ReportCancelled.
     void addRow(const CellTexts& cells, const MovementSums& amounts);
@@ -40,6 +46,9 @@ private:
     ReportDocument& m_document;
     ReportTable& m_table;
     SumCells m_sumCells;
+    std::vector<Column> m_columns;
+    std::vector<int> m_columnNumbers;
+    std::vector<Currency> m_amounts; ///< Of the last row, in these columns.
     std::optional<qint32> m_section;
     MovementSums m_subtotal;
     MovementSums m_totals;

@@ -67,10 +67,12 @@ Statement detailsOf(Connection& main, const ReportInputs& inputs)
 MovementSums addDetails(Connection& main, ReportDocument& document, ReportTable& table, Statement& movements)
 {
     auto lines = codeLines(main);
-    MovementSections sections(document, table, detailedSumCells);
+    MovementSections sections(document, table, detailedSumCells,
+        {{4, &MovementSums::memorandum}, {5, &MovementSums::income}, {6, &MovementSums::expense}});
     do {
         const qint32 code = movements.number(0);
-        const QString codeCell = sections.enter(code) ? lines.try_emplace(code, u' ').first->second : QString(u' ');
+        const QString& line = lines.try_emplace(code, u' ').first->second;
+        const QString codeCell = sections.enter(code, line) ? line : QString(u' ');
         const MovementSums amounts{movements.currency(4), movements.currency(5), wholeEuros(movements.currency(3))};
         sections.addRow({QString::number(table.nextNumber()), codeCell, shortDateText(movements.date(1)),
                             movements.text(2).trimmed(), amountOrBlankText(amounts.memorandum),

@@ -33,9 +33,10 @@ QStringList sumCells(const QString& label, const MovementSums& sums)
 
 void addRows(ReportDocument& document, ReportTable& table, const std::vector<GroupMovement>& movements)
 {
-    MovementSections sections(document, table, sumCells);
+    MovementSections sections(document, table, sumCells,
+        {{5, &MovementSums::income}, {6, &MovementSums::expense}, {7, &MovementSums::memorandum}});
     for (const GroupMovement& movement : movements) {
-        const QString group = sections.enter(movement.group) ? movement.groupName : QString(u' ');
+        const QString group = sections.enter(movement.group, movement.groupName) ? movement.groupName : QString(u' ');
         sections.addRow(
             {QString::number(table.nextNumber()), group, QString::number(movement.code), shortDateText(movement.day),
                 movement.description.trimmed(), amountOrBlankText(movement.amounts.income),

@@ -202,12 +202,12 @@ void CommandButton::mouseDoubleClickEvent(QMouseEvent* event)
 QColor CommandButton::groundColour() const
 {
     const Theme& theme = Theme::instance();
-    const bool touched = isEnabled() && (isDown() || underMouse());
+    const bool touched = isEnabled() && (isDown() || underMouse() || isChecked());
     if (isSolid())
         return theme.colour(touched ? ColourRole::SolidHover : ColourRole::Accent);
     if (isBare()) {
         QColor shade = theme.colour(ColourRole::PageText);
-        shade.setAlphaF(!touched ? 0 : isDown() ? pressedShade : hoverShade);
+        shade.setAlphaF(!touched ? 0 : isDown() || isChecked() ? pressedShade : hoverShade);
         return shade;
     }
     if (!isEnabled())
@@ -259,8 +259,14 @@ ActionButton::ActionButton(QAction* action, const QString& icon, const QString& 
     setAccessibleDescription(action->text()); // the caption becomes the name
     setToolTip(action->toolTip());
     setEnabled(action->isEnabled());
-    connect(this, &CommandButton::clicked, action, &QAction::trigger);
+    connect(this, &CommandButton::clicked, this, [this, action] {
+        action->trigger();
+        setChecked(action->isChecked());
+    });
     connect(action, &QAction::enabledChanged, this, &ActionButton::setEnabled);
+    setCheckable(action->isCheckable());
+    setChecked(action->isChecked());
+    connect(action, &QAction::toggled, this, &ActionButton::setChecked);
 }
 
 void ActionButton::showCaption(bool isShown)

@@ -6,6 +6,7 @@
 #include "look/opening_placement.h"
 #include "look/remembered_size.h"
 #include "look/window_placement.h"
+#include "preview/carry_choice.h"
 #include "preview/omission_strip.h"
 #include "preview/preview_area.h"
 #include "preview/preview_tools.h"
@@ -106,6 +107,7 @@ void Ektypvsh::connectActions()
     connectTo(m_actions.fitPage, [&view] { view.setFit(PageView::Fit::Page); });
     connectTo(m_actions.savePdf, [this] { save(&ReportSaver::savePdf); });
     connectTo(m_actions.saveTable, [this] { save(&ReportSaver::saveTable); });
+    connectTo(m_actions.carrySums, [this] { carrySums(); });
     connectTo(m_actions.goToSearch, [this] { m_tools->goToSearch(); });
     connectTo(m_actions.findNext, [this] { m_search.findNext(PageSearch::Direction::Forward); });
     connectTo(m_actions.findPrevious, [this] { m_search.findNext(PageSearch::Direction::Backward); });
@@ -151,10 +153,30 @@ void Ektypvsh::open(ReportDocument document, const QString& titleText, const QSt
 {
     m_titleText = titleText;
     m_fileName = fileName;
-    m_area->view().setPages(std::make_shared<ReportPages>(std::move(document)));
-    m_search.setPages(m_area->view().pages().get());
-    showPages();
+    const bool carries = carriesSums();
+    m_actions.carrySums->setChecked(carries);
+    m_actions.carrySums->setEnabled(!document.carried().isEmpty());
+    setPages(std::move(document), carries);
     showPrinterState();
+}
+
+void Ektypvsh::setPages(ReportDocument document, bool carries)
+{
+    auto pages = std::make_shared<ReportPages>(std::move(document), carries ? CarryLines::Yes : CarryLines::No);
+    m_search.setPages(pages.get());
+    m_area->view().setPages(std::move(pages));
+    showPages();
+}
+
+/// The choice holds for all reports to come.
+void Ektypvsh::carrySums()
+{
+    m_area->say({});
+    const std::shared_ptr<const ReportPages> pages = m_area->view().pages();
+    const bool carries = pages->carries() == CarryLines::No;
+    m_actions.carrySums->setChecked(carries);
+    rememberCarriesSums(carries);
+    setPages(pages->document(), carries);
 }
 
 void Ektypvsh::tell(const std::vector<ReportOmission>& omissions)
@@ -275,7 +297,7 @@ void Ektypvsh::print(std::optional<int> page)
     const std::shared_ptr<const ReportPages> pages = m_area->view().pages(); // the frame may be closed meanwhile
     const PrintJob job{m_printers.currentName(), m_titleText, page};
     try {
-        if (printReport(this, m_run, pages->document(), job))
+        if (printReport(this, m_run, *pages, job))
             m_area->say(QStringLiteral("Στάλθηκε στον εκτυπωτή %1.").arg(job.printer));
     } catch (const std::exception& failure) {
         showMessage(this, QMessageBox::Warning, QStringLiteral("Προσοχή"),
@@ -284,11 +306,11 @@ void Ektypvsh::print(std::optional<int> page)
 }
 
 void Ektypvsh::save(
-    std::optional<QString> (ReportSaver::*how)(QWidget*, BackgroundRun&, const ReportDocument&, const QString&))
+    std::optional<QString> (ReportSaver::*how)(QWidget*, BackgroundRun&, const ReportPages&, const QString&))
 {
     m_area->say({});
     const std::shared_ptr<const ReportPages> pages = m_area->view().pages(); // the frame may be closed meanwhile
-    if (const auto path = (m_saver.*how)(this, m_run, pages->document(), m_fileName))
+    if (const auto path = (m_saver.*how)(this, m_run, *pages, m_fileName))
         m_area->say(QStringLiteral("Αποθηκεύτηκε: %1").arg(*path));
 }
 

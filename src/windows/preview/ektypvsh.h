@@ -56,8 +56,9 @@ private:
     void choosePrinter();
     void print(std::optional<int> page);
     [[nodiscard]] bool hasPrinter();
-    void save(
-        std::optional<QString> (ReportSaver::*how)(QWidget*, BackgroundRun&, const ReportDocument&, const QString&));
+    void save(std::optional<QString> (ReportSaver::*how)(QWidget*, BackgroundRun&, const ReportPages&, const QString&));
+    void setPages(ReportDocument document, bool carries);
+    void carrySums();
     void showPages();
 
     Printers& m_printers;

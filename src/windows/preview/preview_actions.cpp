@@ -42,10 +42,13 @@ PreviewActions::PreviewActions(QWidget* window)
     , savePdf(addAction(window, "savePdf", QStringLiteral("Αποθήκευση ως PDF"), {Qt::CTRL | Qt::Key_S}))
     , saveTable(addAction(
           window, "saveTable", QStringLiteral("Αποθήκευση ως πίνακας, XLSX ή CSV"), {Qt::CTRL | Qt::SHIFT | Qt::Key_S}))
+    , carrySums(addAction(window, "carrySums",
+          QStringLiteral("Μεταφορές: τα αθροίσματα στο τέλος και στην αρχή κάθε σελίδας"), {Qt::CTRL | Qt::Key_M}))
     , goToSearch(addAction(window, "goToSearch", QStringLiteral("Εύρεση"), {Qt::CTRL | Qt::Key_F}))
     , findNext(addAction(window, "findNext", QStringLiteral("Εύρεση επόμενου"), {Qt::Key_F3}))
     , findPrevious(addAction(window, "findPrevious", QStringLiteral("Εύρεση προηγούμενου"), {Qt::SHIFT | Qt::Key_F3}))
 {
+    carrySums->setCheckable(true);
 }
 
 } // namespace lorvan

@@ -27,6 +27,7 @@ struct PreviewActions {
     QAction* fitPage;
     QAction* savePdf;
     QAction* saveTable;
+    QAction* carrySums; ///< Checkable.
     QAction* goToSearch;
     QAction* findNext;
     QAction* findPrevious;

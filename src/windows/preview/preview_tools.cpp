@@ -85,6 +85,7 @@ PreviewTools::PreviewTools(const PreviewActions& actions, QWidget* parent)
     add(actions.fitWidth, "width");
     add(actions.fitPage, "pages");
     addSeparator();
+    ActionButton* const carries = add(actions.carrySums, "carry", QStringLiteral("Μεταφορές"));
     ActionButton* const pdf = add(actions.savePdf, "pdf", QStringLiteral("PDF"));
     ActionButton* const table = add(actions.saveTable, "table", QStringLiteral("XLSX"));
     m_row->addStretch(1);
@@ -95,7 +96,7 @@ PreviewTools::PreviewTools(const PreviewActions& actions, QWidget* parent)
     for (ActionButton* const button : {print, back})
         button->setFrameless(false);
     m_digits = leastDigits;
-    m_captioned = {{pdf, table}, {back}, {print}};
+    m_captioned = {{carries}, {pdf, table}, {back}, {print}};
     connect(&Theme::instance(), &Theme::changed, this, &PreviewTools::measure);
     measure();
 }

@@ -25,11 +25,11 @@ PageOutcome writePages(
 
 } // namespace
 
-bool printReport(QWidget* window, BackgroundRun& run, const ReportDocument& document, const PrintJob& job)
+bool printReport(QWidget* window, BackgroundRun& run, const ReportPages& shown, const PrintJob& job)
 {
     const ProgressTexts texts{job.title, QStringLiteral("Αποστολή στον εκτυπωτή…"), QStringLiteral("Σελίδες")};
-    return run.run(window, texts, [&document, &job](const BackgroundRun::Progress& progress) {
-        ReportPages pages(document);
+    return run.run(window, texts, [&shown, &job](const BackgroundRun::Progress& progress) {
+        ReportPages pages(shown.document(), shown.carries());
         QBuffer pdf;
         pdf.open(QIODevice::WriteOnly);
         if (writePages(pages, pdf, job.page, progress) == PageOutcome::Cancelled)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "document/report_document.h"
 #include "preview/background_run.h"
 
 #include <QString>
@@ -9,6 +8,8 @@
 
 namespace lorvan {
 
+class ReportPages;
+
 /// A report to be printed.
 struct PrintJob {
     QString printer;
@@ -16,9 +17,8 @@ struct PrintJob {
     std::optional<int> page = {}; ///< Counted from 0; no value means all pages.
 };
 
-/// Sends the report to the printer without asking. Returns true if the print system has accepted all of it, false if
-/// the user has cancelled. Throws PrintJobError, PageOutputError.
-[[nodiscard]] bool printReport(
-    QWidget* window, BackgroundRun& run, const ReportDocument& document, const PrintJob& job);
+/// Sends the report, divided into the pages that are shown, to the printer without asking. Returns true if the print
+/// system has accepted all of it, false if the user has cancelled. Throws PrintJobError, PageOutputError.
+[[nodiscard]] bool printReport(QWidget* window, BackgroundRun& run, const ReportPages& shown, const PrintJob& job);
 
 } // namespace lorvan

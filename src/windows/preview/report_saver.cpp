@@ -50,7 +50,7 @@ std::optional<QString> ReportSaver::askPath(SaveDialog& dialog, const QString& n
 }
 
 std::optional<QString> ReportSaver::savePdf(
-    QWidget* window, BackgroundRun& run, const ReportDocument& document, const QString& name)
+    QWidget* window, BackgroundRun& run, const ReportPages& shown, const QString& name)
 {
     SaveDialog dialog(
         QStringLiteral("Αποθήκευση ως PDF"), {{QStringLiteral("Έγγραφο PDF (*.pdf)"), QStringLiteral("pdf")}}, window);
@@ -58,14 +58,14 @@ std::optional<QString> ReportSaver::savePdf(
     if (!path)
         return std::nullopt;
     const ProgressTexts texts{name, QStringLiteral("Αποθηκεύεται το PDF…"), QStringLiteral("Σελίδες")};
-    return write(window, run, *path, texts, [&document, &path](const BackgroundRun::Progress& progress) {
-        ReportPages pages(document);
+    return write(window, run, *path, texts, [&shown, &path](const BackgroundRun::Progress& progress) {
+        ReportPages pages(shown.document(), shown.carries());
         return lorvan::savePdf(pages, *path, progress) == PageOutcome::Done;
     });
 }
 
 std::optional<QString> ReportSaver::saveTable(
-    QWidget* window, BackgroundRun& run, const ReportDocument& document, const QString& name)
+    QWidget* window, BackgroundRun& run, const ReportPages& shown, const QString& name)
 {
     SaveDialog dialog(QStringLiteral("Αποθήκευση ως πίνακας"),
         {{QStringLiteral("Υπολογιστικό φύλλο XLSX (*.xlsx)"), QStringLiteral("xlsx")},
@@ -77,8 +77,8 @@ std::optional<QString> ReportSaver::saveTable(
     const bool isCsv = QFileInfo(*path).suffix().compare(csv, Qt::CaseInsensitive) == 0;
     const TableFormat format = isCsv ? TableFormat::Csv : TableFormat::Xlsx;
     const ProgressTexts texts{name, QStringLiteral("Αποθηκεύεται ο πίνακας…"), QStringLiteral("Γραμμές")};
-    return write(window, run, *path, texts, [&document, &path, format](const BackgroundRun::Progress& progress) {
-        return lorvan::saveTable(document, *path, format, progress);
+    return write(window, run, *path, texts, [&shown, &path, format](const BackgroundRun::Progress& progress) {
+        return lorvan::saveTable(shown.document(), *path, format, progress);
     });
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "document/report_document.h"
 #include "preview/background_run.h"
 
 #include <QString>
@@ -9,6 +8,7 @@
 
 namespace lorvan {
 
+class ReportPages;
 class SaveDialog;
 
 /// Saves reports as files named by the user, and remembers the folder for the next time.
@@ -17,9 +17,9 @@ public:
     /// Both return the path that was written; no value if the user cancelled. `name` is the suggested name, without
     /// extension. A failure is shown in a box.
     [[nodiscard]] std::optional<QString> savePdf(
-        QWidget* window, BackgroundRun& run, const ReportDocument& document, const QString& name);
+        QWidget* window, BackgroundRun& run, const ReportPages& shown, const QString& name);
     [[nodiscard]] std::optional<QString> saveTable(
-        QWidget* window, BackgroundRun& run, const ReportDocument& document, const QString& name);
+        QWidget* window, BackgroundRun& run, const ReportPages& shown, const QString& name);
 
 private:
     [[nodiscard]] std::optional<QString> askPath(SaveDialog& dialog, const QString& name);

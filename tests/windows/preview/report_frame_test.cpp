@@ -142,12 +142,12 @@ TEST_F(ReportFrame, theNextReportHasTheChosenPrinterAndTheSizeLeft)
     });
     action("menu(1)").trigger();
     expectTitle(" Ταμείο ημέρας  στον  Α");
-    frame->resize(700, 500);
+    frame->resize(720, 500);
     frame->unload();
     frame.emplace(*printers, saver);
     frame->open(report(1), " Επιταγές", {});
     EXPECT_EQ(frame->windowTitle(), " Επιταγές  στον  Α");
-    EXPECT_EQ(frame->size(), QSize(700, 500)) << "as the user left the one before";
+    EXPECT_EQ(frame->size(), QSize(720, 500)) << "as the user left the one before";
 }
 
 TEST_F(ReportFrame, theKeysOfTheMenuWorkInAFieldTooButNotWhileAnotherActionRuns)
