@@ -55,9 +55,13 @@ struct SearchTotals {
 };
 
 /// All that a search has found so far, each movement at the place of its day: the newest day first, in it the greatest
-/// key. Hits keep their address.
+/// key. Hits keep their address. Can be moved, not copied.
 class SearchHits {
 public:
+    SearchHits() = default;
+    SearchHits(SearchHits&&) noexcept = default;
+    SearchHits& operator=(SearchHits&&) noexcept = default;
+
     /// Batches come in the order in which they were read.
     void add(SearchBatch batch);
 
