@@ -1,4 +1,4 @@
-#include "journal/table_list.h"
+#include "controls/table_list.h"
 
 #include "controls/row_delegate.h"
 #include "look/theme.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "journal/table_list.h"
+#include "controls/table_list.h"
 
 #include <vector>
 

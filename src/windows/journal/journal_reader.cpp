@@ -1,8 +1,6 @@
 #include "journal/journal_reader.h"
 
-#include "book/failure_text.h"
 #include "book/lock_trust.h"
-#include "platform/stop_check.h"
 
 #include <utility>
 
@@ -36,45 +34,29 @@ void JournalReader::readOn()
 
 void JournalReader::start()
 {
-    m_isCancelled = false;
     m_isReading = true;
     m_canReadOn = false;
-    m_thread = std::thread([this, number = ++m_number] {
-        try {
-            read(number);
-        } catch (const std::exception& failure) {
-            tell(number, [this, reason = failureText(failure)] {
-                m_isReading = false;
-                Q_EMIT failed(reason);
-            });
-        }
-    });
+    m_thread.start([this] { read(); },
+        [this](const QString& reason) {
+            m_isReading = false;
+            Q_EMIT failed(reason);
+        });
 }
 
 /// In the thread.
-void JournalReader::read(unsigned number)
+void JournalReader::read()
 {
-    const StopCheck check([this] { return !m_isCancelled; });
     Connection main = openBookFile(m_files.mainDatabase(), m_keys);
     if (!keepsJournal(main))
-        tell(number, [this] { Q_EMIT hasNoJournal(); });
+        m_thread.tell([this] { Q_EMIT hasNoJournal(); });
     std::size_t left = rowsOfPage;
-    while (left > 0 && !m_reading->isAtEnd() && !m_isCancelled) {
+    while (left > 0 && !m_reading->isAtEnd() && !m_thread.isCancelled()) {
         auto rows = m_reading->readOn(main, left);
         left -= rows.size();
         if (!rows.empty())
-            tell(number, [this, rows = std::move(rows)] { Q_EMIT found(rows); });
+            m_thread.tell([this, rows = std::move(rows)] { Q_EMIT found(rows); });
     }
-    tell(number, [this, isAtEnd = m_reading->isAtEnd()] { endPage(isAtEnd); });
-}
-
-void JournalReader::tell(unsigned number, std::function<void()> what)
-{
-    const auto ifStillWanted = [this, number, what = std::move(what)] {
-        if (number == m_number && !m_isCancelled)
-            what();
-    };
-    QMetaObject::invokeMethod(this, ifStillWanted, Qt::QueuedConnection);
+    m_thread.tell([this, isAtEnd = m_reading->isAtEnd()] { endPage(isAtEnd); });
 }
 
 void JournalReader::endPage(bool isAtEnd)
@@ -86,9 +68,7 @@ void JournalReader::endPage(bool isAtEnd)
 
 void JournalReader::cancel()
 {
-    m_isCancelled = true;
-    if (m_thread.joinable())
-        m_thread.join();
+    m_thread.cancel();
     m_isReading = false;
     m_canReadOn = false;
 }

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "book/book_files.h"
+#include "controls/reading_thread.h"
 #include "journal/journal_reading.h"
 
 #include <QObject>
 
-#include <atomic>
 #include <memory>
-#include <thread>
 #include <vector>
 
 namespace lorvan {
@@ -42,16 +41,13 @@ Q_SIGNALS:
 
 private:
     void start();
-    void read(unsigned number);
-    void tell(unsigned number, std::function<void()> what);
+    void read();
     void endPage(bool isAtEnd);
 
     const BookFiles m_files;
     KeyRing& m_keys;
     std::unique_ptr<JournalReading> m_reading; ///< Belongs to the thread while that runs.
-    std::thread m_thread;
-    std::atomic<bool> m_isCancelled = false;
-    unsigned m_number = 0; ///< Of the page; what earlier ones tell is ignored.
+    ReadingThread m_thread;
     bool m_isReading = false;
     bool m_canReadOn = false;
 };

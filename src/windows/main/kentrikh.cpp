@@ -20,6 +20,7 @@
 #include "platform/amount_text.h"
 #include "printing/printing_page.h"
 #include "proof/opening_balance.h"
+#include "search/search_window.h"
 
 #include <QScopeGuard>
 #include <QScrollArea>
@@ -68,6 +69,7 @@ Kentrikh::Kentrikh(
     layOut();
     addTabKeys();
     addHistoryKey();
+    addSearchKey();
     addBackKey();
     connectPages();
     connectButtons();

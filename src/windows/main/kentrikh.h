@@ -34,6 +34,7 @@ class JournalWindow;
 class MovementEntryPage;
 class PictureWindow;
 class PrintingPage;
+class SearchWindow;
 class TabBand;
 class TotalsBar;
 
@@ -56,6 +57,8 @@ public:
 
     /// Shows the window "Ιστορικό", or brings it to the front.
     void openHistory();
+    /// Shows the window "Αναζήτηση", or brings it to the front.
+    void openSearch();
     /// Shows the closing sheet of the shown day, or says that the day is still open.
     void openClosingSheet();
 
@@ -115,6 +118,7 @@ private:
     void goToDay(QDate day);
     void hideTools(); ///< The windows beside this one.
     void openCardOfChosen();
+    void addSearchKey();
     void addBackKey();
     /// Tells the user over the window that asks when a movement is loaded, which keeps its day on screen.
     [[nodiscard]] bool mayLeaveDay(QWidget* asking);
@@ -161,6 +165,7 @@ private:
     std::unique_ptr<JournalWindow> m_history; ///< Made when it is first asked for.
     std::unique_ptr<PictureWindow> m_picture; ///< The same.
     std::unique_ptr<CardWindow> m_card; ///< The same.
+    std::unique_ptr<SearchWindow> m_search; ///< The same.
     DailyBackup m_backup;
     SessionEnd m_session;
     AwayWatch m_away;

@@ -8,6 +8,7 @@
 #include "main/kentrikh.h"
 #include "main/tab_band.h"
 #include "main/tools_button.h"
+#include "search/search_window.h"
 
 #include <QAction>
 #include <QShortcut>
@@ -70,6 +71,8 @@ void Kentrikh::hideTools()
 {
     if (m_history)
         m_history->hide();
+    if (m_search)
+        m_search->hide();
     if (m_picture)
         m_picture->hide();
     if (m_card)

@@ -37,6 +37,8 @@ void Kentrikh::connectTools()
     connect(history, &QAction::triggered, this, m_gate.quick(this, &Kentrikh::openHistory));
     const QAction* const sheet = tools->add(QStringLiteral("closingSheet"), sheetTitle);
     connect(sheet, &QAction::triggered, this, &Kentrikh::openClosingSheet);
+    const QAction* const search = tools->add(QStringLiteral("search"), QStringLiteral("Αναζήτηση…\tCtrl+F"));
+    connect(search, &QAction::triggered, this, m_gate.quick(this, &Kentrikh::openSearch));
     connect(&m_notices, &MainNotices::followed, this, &Kentrikh::followNotice);
     connect(m_entryPage, &MovementEntryPage::dayClosed, this,
         [this](const ClosedDay& closed) { m_closedDay = closed.day; });
