@@ -39,7 +39,7 @@ void addRows(ReportTable& table, const SearchHits& hits, const CodeNames& names)
             amountOrZeroText(hit.income), amountOrZeroText(hit.expense), hit.cheque ? QStringLiteral("§") : QString()});
     });
     const SearchTotals& totals = hits.totals();
-    table.addTotals({u"Σύνολα", u"", u"", searchCountText(totals.count), sumText(totals, totals.income),
+    table.addTotals({u"Σύνολα", u"", u"", movementCountText(totals.count), sumText(totals, totals.income),
         sumText(totals, totals.expense), u""});
 }
 

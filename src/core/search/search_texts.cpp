@@ -29,12 +29,17 @@ QString searchCountText(std::int64_t count)
     return text;
 }
 
+QString movementCountText(std::int64_t count)
+{
+    return searchCountText(count) + (count == 1 ? QStringLiteral(" κίνηση") : QStringLiteral(" κινήσεις"));
+}
+
 QString searchTotalsText(const SearchTotals& totals)
 {
     if (totals.count == 0)
         return QStringLiteral("Δεν βρέθηκε καμία κίνηση");
-    const QString found = totals.count == 1 ? QStringLiteral("Βρέθηκε 1 κίνηση")
-                                            : QStringLiteral("Βρέθηκαν %1 κινήσεις").arg(searchCountText(totals.count));
+    const QString found = (totals.count == 1 ? QStringLiteral("Βρέθηκε ") : QStringLiteral("Βρέθηκαν "))
+        + movementCountText(totals.count);
     if (totals.isOutOfRange)
         return found + QStringLiteral("   Τα σύνολα είναι εκτός ορίων");
     return found + QStringLiteral("   Έσοδα ") + amountOrZeroText(totals.income) + QStringLiteral("   Έξοδα ")

@@ -10,6 +10,9 @@ namespace lorvan {
 /// A count with its thousands grouped: 1.234.
 [[nodiscard]] QString searchCountText(std::int64_t count);
 
+/// "1 κίνηση", "1.234 κινήσεις".
+[[nodiscard]] QString movementCountText(std::int64_t count);
+
 /// How many movements were found, and their sums.
 [[nodiscard]] QString searchTotalsText(const SearchTotals& totals);
 

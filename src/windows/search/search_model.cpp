@@ -28,10 +28,19 @@ QColor colourOf(Currency amount, int column)
 
 } // namespace
 
-void SearchModel::add(SearchBatch batch)
+void SearchModel::clear()
+{
+    m_wanted = page;
+    beginResetModel();
+    m_rows.clear();
+    m_hits = {};
+    endResetModel();
+}
+
+void SearchModel::add(SearchBatch batch, int lastNeeded)
 {
     m_hits.add(std::move(batch));
-    showHits();
+    showHits(lastNeeded < rowCount() && lastNeeded >= 0 ? &hit(lastNeeded) : nullptr);
 }
 
 void SearchModel::replace(SearchHits hits)
@@ -46,13 +55,16 @@ void SearchModel::replace(SearchHits hits)
 void SearchModel::showMore()
 {
     m_wanted = m_rows.size() + page;
-    showHits();
+    showHits(nullptr);
 }
 
-/// What is shown already stays.
-void SearchModel::showHits()
+/// Movements of early days that were found first would otherwise draw all that lie between them into the list.
+void SearchModel::showHits(const SearchHit* lastNeeded)
 {
-    const auto hits = m_hits.newest(m_wanted, m_rows.empty() ? nullptr : m_rows.back());
+    const auto hits = m_hits.newest(m_wanted, lastNeeded);
+    if (hits.empty())
+        return;
+    removeRowsAfter(hits.back());
     for (std::size_t row = 0; row < hits.size(); ++row) {
         std::size_t end = row;
         while (end < hits.size() && (row == m_rows.size() || hits[end] != m_rows[row]))
@@ -63,6 +75,19 @@ void SearchModel::showHits()
             row, hits.begin() + static_cast<std::ptrdiff_t>(row), hits.begin() + static_cast<std::ptrdiff_t>(end));
         row = end - 1;
     }
+}
+
+void SearchModel::removeRowsAfter(const SearchHit* last)
+{
+    const auto isBefore = [](const SearchHit* one, const SearchHit* other) {
+        return std::pair(one->day, one->key) > std::pair(other->day, other->key);
+    };
+    const auto first = std::upper_bound(m_rows.begin(), m_rows.end(), last, isBefore);
+    if (first == m_rows.end())
+        return;
+    beginRemoveRows({}, static_cast<int>(first - m_rows.begin()), rowCount() - 1);
+    m_rows.erase(first, m_rows.end());
+    endRemoveRows();
 }
 
 void SearchModel::insertRows(std::size_t first, std::vector<const SearchHit*>::const_iterator begin,

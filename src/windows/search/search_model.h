@@ -21,9 +21,10 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void setCodeNames(const CodeNames& names) { m_names = names; }
-    /// Puts movements that were found at their places.
-    void add(SearchBatch batch);
-    /// Shows these in place of all others.
+    void clear();
+    /// Puts movements that were found at their places. Rows up to `lastNeeded` stay; others may make room for them.
+    void add(SearchBatch batch, int lastNeeded);
+    /// Shows these in place of all others, as many as before.
     void replace(SearchHits hits);
     /// Shows a page more, if there is more.
     void showMore();
@@ -41,7 +42,8 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    void showHits();
+    void showHits(const SearchHit* lastNeeded);
+    void removeRowsAfter(const SearchHit* last);
     void insertRows(std::size_t first, std::vector<const SearchHit*>::const_iterator begin,
         std::vector<const SearchHit*>::const_iterator end);
     [[nodiscard]] QString textOf(const SearchHit& hit, int column) const;

@@ -80,9 +80,10 @@ void SearchWindow::setUpList()
     m_list->setModel(m_model);
     QHeaderView& header = *m_list->header();
     header.setStretchLastSection(false);
-    m_list->setColumnWidths({QStringLiteral("88-88-8888"), QStringLiteral("88888 ΠΕΡΙΓΡΑΦΗ ΚΩΔΙΚΟΥ"), {},
-        QStringLiteral("888.888,88"), QStringLiteral("888.888,88"), QStringLiteral("Επ.  ")});
-    header.setSectionResizeMode(SearchModel::Description, QHeaderView::Stretch);
+    m_list->setColumnWidths({QStringLiteral("88-88-8888"), {}, {}, QStringLiteral("888.888,88"),
+        QStringLiteral("888.888,88"), QStringLiteral("Επ.  ")});
+    for (const int column : {SearchModel::Code, SearchModel::Description})
+        header.setSectionResizeMode(column, QHeaderView::Stretch);
 }
 
 QLayout* SearchWindow::fieldRow()
@@ -183,7 +184,7 @@ void SearchWindow::present()
 void SearchWindow::search()
 {
     m_anew.reset();
-    m_model->replace({});
+    m_model->clear();
     begin();
 }
 
@@ -227,11 +228,21 @@ void SearchWindow::take(SearchBatch batch)
         m_anew->add(std::move(batch));
         return;
     }
-    m_model->add(std::move(batch));
-    if (!m_list->currentIndex().isValid())
+    m_model->add(std::move(batch), lastRowInUse());
+    if (lastRowInUse() == 0)
         m_list->setCurrentIndex(m_model->index(0, 0));
     widenAmounts();
     tellState();
+}
+
+/// Until the user goes into the list or scrolls it, that is the first.
+int SearchWindow::lastRowInUse() const
+{
+    const int selected = focusWidget() == m_list ? m_list->currentIndex().row() : 0;
+    if (m_list->verticalScrollBar()->value() == 0)
+        return std::max(selected, 0);
+    const QModelIndex lowest = m_list->indexAt(m_list->viewport()->rect().bottomLeft());
+    return std::max(selected, lowest.isValid() ? lowest.row() : m_model->rowCount() - 1);
 }
 
 void SearchWindow::end()

@@ -61,6 +61,7 @@ private:
     void begin();
     void choose(std::size_t term, SearchReading reading);
     void take(SearchBatch batch);
+    [[nodiscard]] int lastRowInUse() const;
     void end();
     void showAnew();
     void readOnAtEnd();

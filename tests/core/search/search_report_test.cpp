@@ -25,7 +25,7 @@ TEST(SearchReportTest, hasWhatIsFoundTheNewestDayFirstAndItsSums)
         lines += row.cells().join(u'|');
     EXPECT_EQ(lines.mid(1),
         QStringList({"15-03-2024|200|Προμήθειες|ΝΕΡΟ|0|12.345,67|", "14-03-2024|100|Λιανική|νερό|0,50|0|",
-            "Σύνολα|||2|0,50|12.345,67|"}));
+            "Σύνολα|||2 κινήσεις|0,50|12.345,67|"}));
     EXPECT_EQ(print("έξοδα τίποτα").paragraphs().back().text(), u"Δεν βρέθηκε καμία κίνηση.");
     EXPECT_EQ(searchQueryText(readSearch(u"έξοδα κωδ 5", day)),
         "Αναζήτηση: «έξοδα» (κινήσεις εξόδων ή στην περιγραφή) «κωδ 5» (κωδικός 5 ή στην περιγραφή)");

@@ -134,10 +134,12 @@ TEST_F(SearchWindowTest, showsMoreOfManyOnDemandAndPreviewsAll)
 {
     book.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<1800) INSERT INTO kinhseis"
                  " (kvdikos, hmeromhnia, perigrafh, esoda, ejoda) SELECT 100, 20230101, 'ΠΟΛΛΕΣ', 100, 0 FROM n");
+    book.execute("UPDATE kinhseis SET hmeromhnia=20220101 WHERE aa=(SELECT max(aa) FROM kinhseis)");
     start(noRights);
     open();
     type("πολλες");
     EXPECT_EQ(found().model()->rowCount(), 500);
+    EXPECT_EQ(found().currentIndex().row(), 0);
     EXPECT_EQ(state(), "Βρέθηκαν 1.800 κινήσεις   Έσοδα 18,00   Έξοδα 0");
     there().goTo(found());
     for (const int expected : {1000, 1500, 1800}) {
