@@ -64,13 +64,10 @@ void CodeOfferList::place()
 
 bool CodeOfferList::eventFilter(QObject* watched, QEvent* event)
 {
-    if (!isVisible())
-        return false;
-    if (watched != m_chooser) {
-        if (event->type() == QEvent::Resize)
-            hide();
-        return false;
-    }
+    if (watched == m_chooser->window() && event->type() == QEvent::Resize)
+        hide();
+    if (!isVisible() || watched != m_chooser)
+        return PlainList::eventFilter(watched, event); // the base class watches its own parts
     const bool isEscape = (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress)
         && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
     if (isEscape && event->type() == QEvent::ShortcutOverride) {
