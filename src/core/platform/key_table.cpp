@@ -25,6 +25,7 @@ std::vector<KeyEntry> mainWindowKeys()
         listed(MainWindow, QStringLiteral("Ctrl+Y Ctrl+Shift+Z"), QStringLiteral("ξανά ό,τι αναιρέθηκε")),
         listed(MainWindow, QStringLiteral("Ctrl+H"), QStringLiteral("ιστορικό")),
         listed(MainWindow, QStringLiteral("F10"), QStringLiteral("εργαλεία")),
+        entry(KeyUse::KeySheet, MainWindow, QStringLiteral("Shift+F1"), QStringLiteral("τα πλήκτρα, σε μια σελίδα")),
     };
 }
 
@@ -34,6 +35,8 @@ std::vector<KeyEntry> cashPageKeys()
     return {
         entry(KeyUse::Store, CashPage, QStringLiteral("Ctrl+Return"),
             QStringLiteral("«Εισαγωγή», ή «Μεταβολή» της κίνησης που διορθώνετε, από όποιο πεδίο και αν είστε")),
+        entry(KeyUse::PreviewDay, CashPage, QStringLiteral("Ctrl+P"),
+            QStringLiteral("προεπισκόπηση του ταμείου της ημέρας που φαίνεται")),
         listed(CashPage, QStringLiteral("Esc"), QStringLiteral("αφήνει την κίνηση που διορθώνετε")),
         entry(KeyUse::PreviousCashDay, DateOrEmptyCode, QStringLiteral("PgUp"),
             QStringLiteral("η προηγούμενη ημέρα με ταμείο")),
@@ -51,6 +54,9 @@ std::vector<KeyEntry> cashPageKeys()
         entry(
             KeyUse::ListNextCashDay, DayList, QStringLiteral("Ctrl+Down"), QStringLiteral("η επόμενη ημέρα με ταμείο")),
         listed(DayList, QStringLiteral("F2"), QStringLiteral("φέρνει την κίνηση στα πεδία για διόρθωση")),
+        entry(KeyUse::Copy, DayList, QStringLiteral("Ctrl+D"), QStringLiteral("την αντιγράφει σε μια νέα κίνηση")),
+        entry(KeyUse::CopyToToday, DayList, QStringLiteral("Ctrl+Shift+D"),
+            QStringLiteral("την αντιγράφει σε μια νέα σημερινή κίνηση")),
     };
 }
 
@@ -71,6 +77,7 @@ std::vector<KeyEntry> reportKeys()
         listed(Preview, QStringLiteral("Ctrl+P"), QStringLiteral("εκτύπωση όλων των σελίδων")),
         listed(Preview, QStringLiteral("Ctrl+E"), QStringLiteral("επιστροφή")),
         listed(History, QStringLiteral("Ctrl+P"), QStringLiteral("προεπισκόπηση όσων ταιριάζουν στα φίλτρα")),
+        listed(History, QStringLiteral("F5"), QStringLiteral("διαβάζει ξανά")),
         listed(History, QStringLiteral("Esc"), QStringLiteral("κλείνει το παράθυρο")),
     };
 }

@@ -35,6 +35,10 @@ enum class KeyUse {
     ListNextCashDay,
     Store,
     GoToDayList,
+    Copy,
+    CopyToToday,
+    PreviewDay,
+    KeySheet,
 };
 
 struct KeyEntry {

@@ -40,7 +40,9 @@ DayKeys::DayKeys(EntryField* date, CodeChooser* chooser, DayList* list, QObject*
     for (QObject* const field : std::initializer_list<QObject*>{date, chooser, list})
         field->installEventFilter(this);
     showKeysInTip(date, usesOf(stepsInFields));
-    showKeysInTip(list, usesOf(stepsInList));
+    std::vector<KeyUse> usesInList = usesOf(stepsInList);
+    usesInList.insert(usesInList.end(), {KeyUse::Copy, KeyUse::CopyToToday});
+    showKeysInTip(list, usesInList);
 }
 
 bool DayKeys::eventFilter(QObject* watched, QEvent* event)

@@ -38,6 +38,9 @@ void MovementEntryPage::addKeys()
     bindKeys(KeyUse::Store, this, Qt::WidgetWithChildrenShortcut, m_gate.quick(this, &MovementEntryPage::storeByKey));
     for (const int index : {command::insertMovement, command::modifyMovement})
         showKeyInTip(m_commands[index], KeyUse::Store);
+    bindKeys(KeyUse::Copy, m_list, Qt::WidgetShortcut, [this] { m_gate.runQuick([this] { copyLine(m_day); }); });
+    bindKeys(KeyUse::CopyToToday, m_list, Qt::WidgetShortcut,
+        [this] { m_gate.runQuick([this] { copyLine(m_clock.today()); }); });
     auto* const dayKeys = new DayKeys(m_date, m_chooser, m_list, this);
     connect(dayKeys, &DayKeys::stepAsked, this, m_gate.quick(this, &MovementEntryPage::step));
     connect(dayKeys, &DayKeys::listAsked, this, &MovementEntryPage::goToList);
@@ -95,8 +98,7 @@ void MovementEntryPage::bringBackCleared()
     const auto stored = loaded ? m_cashBook.find(loaded->key) : std::nullopt;
     const EntryReturn outcome = returnOf(*m_cleared, stored, !loaded || m_cashBook.mayChange(loaded->day));
     const QString refusal = returnRefusalText(outcome);
-    m_notBack->setText(refusal);
-    m_notBack->setVisible(!refusal.isEmpty());
+    sayBelowList(refusal);
     if (!refusal.isEmpty()) {
         showLinesAgain(readDay());
         return;
@@ -110,6 +112,12 @@ void MovementEntryPage::bringBackCleared()
     }
     setEntry(cleared.typed);
     forgetCleared();
+}
+
+void MovementEntryPage::sayBelowList(const QString& text)
+{
+    m_notBack->setText(text);
+    m_notBack->setVisible(!text.isEmpty());
 }
 
 void MovementEntryPage::release()

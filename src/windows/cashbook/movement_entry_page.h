@@ -3,6 +3,7 @@
 #include "cashbook/cash_book.h"
 #include "cashbook/cleared_entry.h"
 #include "cashbook/day_steps.h"
+#include "cashbook/entry_copy.h"
 #include "cashbook/movement_fields.h"
 #include "cashbook/refusal_window.h"
 #include "cashbook/stored_change.h"
@@ -86,6 +87,11 @@ public:
     /// Whether a movement is loaded for modification or deletion.
     [[nodiscard]] bool isLoaded() const { return m_loaded.has_value(); }
 
+    /// Copies code, description, amount and cheque mark of a movement into the entry of a day, which is shown first;
+    /// stores nothing. What was typed there can be brought back. If it cannot be copied, a line below the list says
+    /// why.
+    void copyIntoEntry(const MovementDraft& movement, QDate day);
+
     void insertMovement();
     void modifyMovement();
     void removeMovement();
@@ -158,6 +164,9 @@ private:
     void releaseChanged();
     void addKeys();
     void goToList();
+    void copyLine(QDate day);
+    [[nodiscard]] std::optional<CopyRefusal> copyRefusal(const std::optional<MovementCode>& code, QDate day) const;
+    void sayBelowList(const QString& text);
     void storeByKey();
     /// Escape: undoes a typed date that has not been shown yet, or unloads the movement.
     void takeBack();
@@ -190,7 +199,7 @@ private:
     };
     std::optional<Loaded> m_loaded; ///< For modification or deletion.
     std::optional<ClearedEntry> m_cleared; ///< Until the next key typed or the next action.
-    QLabel* m_notBack = nullptr; ///< Says why a cleared entry cannot be restored.
+    QLabel* m_notBack = nullptr; ///< Says why a cleared entry is not restored, or a movement not copied.
 };
 
 } // namespace lorvan

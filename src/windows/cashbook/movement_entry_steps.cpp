@@ -3,6 +3,7 @@
 #include "cashbook/movement_entry_page.h"
 #include "controls/code_chooser.h"
 #include "controls/entry_field.h"
+#include "controls/main_controls.h"
 #include "look/focus_rules.h"
 #include "platform/date_text.h"
 
@@ -49,6 +50,51 @@ void MovementEntryPage::changeDay(QDate day)
     const bool keepsFocus = asking == m_list || (asking == m_date && !m_chooser->currentText().isEmpty());
     if (keepsFocus && !m_isRefused)
         asking->setFocus(Qt::OtherFocusReason);
+}
+
+void MovementEntryPage::copyLine(QDate day)
+{
+    const QModelIndexList chosen = m_list->selectionModel()->selectedIndexes();
+    const qint64 key = chosen.isEmpty() ? 0 : chosen.front().data(Qt::UserRole).toLongLong();
+    if (key == 0 || !settle())
+        return;
+    if (const auto movement = m_cashBook.find(key))
+        copyIntoEntry(*movement, day);
+    else
+        explain(MovementRefusal::MovementIsGone, RefusedOperation::Change);
+}
+
+std::optional<CopyRefusal> MovementEntryPage::copyRefusal(const std::optional<MovementCode>& code, QDate day) const
+{
+    if (!code)
+        return CopyRefusal::CodeIsInactive;
+    if (day != m_day)
+        return m_loaded ? std::optional(CopyRefusal::MovementIsLoaded) : std::nullopt;
+    return m_isRefused ? std::optional(CopyRefusal::DayIsClosed) : std::nullopt;
+}
+
+void MovementEntryPage::copyIntoEntry(const MovementDraft& movement, QDate day)
+{
+    const auto code = findCode(m_book.main(), movement.code, CodeSelection::Active);
+    if (const auto refusal = copyRefusal(code, day)) {
+        sayBelowList(copyRefusalText(*refusal, movement.code));
+        return;
+    }
+    const EntryContent typed = entry();
+    const auto loaded = m_loaded;
+    if (day != m_day)
+        changeDay(day);
+    if (m_isRefused)
+        return; // a box has said why
+    if (loaded)
+        release();
+    setEntry(copyInto(entry(), movement, *code));
+    m_fields.field(code->income ? field::income : field::expense)->setFocus(Qt::OtherFocusReason);
+    forgetCleared();
+    if (loaded)
+        m_cleared = {typed, loaded->movement};
+    else if (!typed.isBlank())
+        m_cleared = {typed, {}};
 }
 
 } // namespace lorvan

@@ -76,6 +76,7 @@ Kentrikh::Kentrikh(
     connectTools();
     connectUndo();
     connectFigures();
+    addReportKeys();
 }
 
 Kentrikh::~Kentrikh() = default;

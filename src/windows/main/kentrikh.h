@@ -86,6 +86,7 @@ private:
     QWidget* scrolling(QWidget* page);
     void addTabKeys();
     void addHistoryKey();
+    void addReportKeys();
     void connectPages();
     void connectButtons();
     void connectTools();
@@ -95,6 +96,8 @@ private:
     void insertCode();
     void editGroups();
     void printReport();
+    void previewDay();
+    void previewKeys();
     /// Checks the fields of the cash page that were left and have not been checked yet. Returns false if one was
     /// refused or the program has ended meanwhile. Throws if the book was replaced.
     [[nodiscard]] bool settle();

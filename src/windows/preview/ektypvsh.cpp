@@ -7,6 +7,7 @@
 #include "look/remembered_size.h"
 #include "look/window_placement.h"
 #include "preview/carry_choice.h"
+#include "preview/held_key.h"
 #include "preview/omission_strip.h"
 #include "preview/preview_area.h"
 #include "preview/preview_tools.h"
@@ -47,6 +48,7 @@ Ektypvsh::Ektypvsh(Printers& printers, ReportSaver& saver)
     connectActions();
     connectView();
     connectSearch();
+    guardPrintKey();
     connect(&m_printers, &Printers::answered, this, &Ektypvsh::showPrinterState);
     m_printers.ask();
 }
@@ -122,6 +124,30 @@ void Ektypvsh::connectView()
     connect(m_tools, &PreviewTools::pageEntered, &view, &PageView::goToPage);
     connect(m_tools, &PreviewTools::left, &view, [&view] { view.setFocus(Qt::OtherFocusReason); });
     m_tools->setZoom(view.zoom());
+}
+
+void Ektypvsh::guardPrintKey()
+{
+    m_actions.print->setAutoRepeat(false);
+    m_actions.print->installEventFilter(this);
+    m_area->view().viewport()->installEventFilter(this);
+    connect(&HeldKey::instance(), &HeldKey::released, this, &Ektypvsh::noteKeyIsFree);
+}
+
+bool Ektypvsh::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_actions.print)
+        return event->type() == QEvent::Shortcut && !m_takesPrintKey;
+    if (event->type() == QEvent::Paint && m_area->view().pages() && !m_isPageShown) {
+        m_isPageShown = true;
+        noteKeyIsFree();
+    }
+    return false;
+}
+
+void Ektypvsh::noteKeyIsFree()
+{
+    m_takesPrintKey = m_takesPrintKey || (m_isPageShown && !HeldKey::instance().isHeld());
 }
 
 void Ektypvsh::connectSearch()

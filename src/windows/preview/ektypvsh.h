@@ -36,6 +36,8 @@ public:
     /// Cancels the work in progress, releases the report and hides the window. A second call does nothing.
     void unload();
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -47,6 +49,8 @@ private:
     void addMenu();
     void connectActions();
     void connectView();
+    void guardPrintKey();
+    void noteKeyIsFree();
     void connectSearch();
 
     void activate();
@@ -74,6 +78,8 @@ private:
     QString m_fileName;
     QSize m_openedSize;
     bool m_openedMaximised = false;
+    bool m_isPageShown = false;
+    bool m_takesPrintKey = false; ///< Not the key that opened the window, however long it is held.
     bool m_hasWaited = false; ///< For the first answer of the print system.
 };
 

@@ -1,6 +1,7 @@
 #include "printing/report_desk.h"
 
 #include "preview/ektypvsh.h"
+#include "preview/held_key.h"
 #include "printing/report_questions.h"
 
 namespace lorvan {
@@ -9,6 +10,7 @@ ReportDesk::ReportDesk(BookFiles files, KeyRing& keys)
     : m_files(std::move(files))
     , m_keys(keys)
 {
+    HeldKey::instance(); // knows the key that asks for a report
 }
 
 ReportDesk::~ReportDesk() = default;

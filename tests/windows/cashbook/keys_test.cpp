@@ -104,4 +104,70 @@ TEST_F(KeysTest, controlEnterStoresFromAnyFieldOrStopsWhereLeavingItWould)
     EXPECT_EQ(stored("SELECT esoda FROM kinhseis WHERE perigrafh='ΧΘΕΣ'"), "70000");
 }
 
+TEST_F(KeysTest, aCopyOfALineWaitsInTheEntryAndStoresNothing)
+{
+    constexpr auto both = Qt::ControlModifier | Qt::ShiftModifier;
+    book.addCode(300, "Παλιός", true, 0, false);
+    MovementDraft old = incomeOf(yesterday, cents(50), "ΑΝΕΝΕΡΓΟΣ");
+    old.code = 300;
+    addMovement(old);
+    MovementDraft cheque = expenseOf(yesterday, cents(700), "ΜΕ ΕΠΙΤΑΓΗ");
+    cheque.cheque = true;
+    cheque.memorandum = cents(9);
+    addMovement(cheque);
+    start();
+    user().press(Qt::Key_PageUp);
+    typeMovement("100", "ξύδι", "3");
+    const QString typed = entry();
+    user().goTo(list());
+    user().press(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(entry(), "0 | 7,00 | 0 | ΜΕ ΕΠΙΤΑΓΗ | 200 Προμήθειες");
+    EXPECT_EQ(user().focusName(), "Text1(3)");
+    EXPECT_TRUE(user().find<QAbstractButton>("Check1(0)").isChecked());
+    user().press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(entry(), typed);
+
+    user().goTo(list());
+    user().press(Qt::Key_Up);
+    user().press(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(user().text("entryNotBack"), "Η κίνηση δεν αντιγράφεται: ο κωδικός 300 δεν είναι ενεργός.");
+    EXPECT_EQ(entry(), typed);
+    user().press(Qt::Key_Up);
+    user().press(Qt::Key_D, both);
+    EXPECT_EQ(entry(), "2,00 | 0 | 0 | ΧΘΕΣ | 100 Λιανική");
+    expectDay("15-03-2024", "Text1(2)", "for today");
+    user().press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(stored("SELECT group_concat(perigrafh) FROM kinhseis WHERE hmeromhnia=20240315"), "ΧΘΕΣ");
+}
+
+TEST_F(KeysTest, theShownDayIsPreviewedAndPrintedOnlyByAnotherPressOfTheKey)
+{
+    start();
+    user().press(Qt::Key_PageUp);
+    const QByteArray marker = markerBytes();
+    QTest::sendKeyEvent(QTest::Press, window().windowHandle(), Qt::Key_P, QString(), Qt::ControlModifier);
+    QWidget* preview = nullptr;
+    for (QWidget* const each : QApplication::topLevelWidgets()) {
+        if (each->objectName() == "Ektypvsh" && each->isVisible())
+            preview = each;
+    }
+    ASSERT_TRUE(preview);
+    waitForActive(*preview);
+    EXPECT_EQ(markerBytes(), marker);
+    auto& print = Driver(*preview).find<QAction>("menu(20)");
+    int printed = 0;
+    QObject::connect(&print, &QAction::triggered, [&printed] { ++printed; });
+    boxes.expect(partly(information("Προσοχή", "")));
+    QTest::qWait(30); // the first page is painted
+    const auto send = [&](QTest::KeyAction action) {
+        print.setEnabled(true); // as with a printer
+        QTest::sendKeyEvent(action, preview->windowHandle(), Qt::Key_P, QString(), Qt::ControlModifier);
+    };
+    send(QTest::Press);
+    EXPECT_EQ(printed, 0) << "the key is still the one that opened the preview";
+    send(QTest::Release);
+    send(QTest::Press);
+    EXPECT_EQ(printed, 1);
+}
+
 } // namespace lorvan::test
