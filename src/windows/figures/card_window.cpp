@@ -49,7 +49,11 @@ QString lastText(const Movement& last)
 CardWindow::CardWindow(BookFiles files, KeyRing& keys, QWidget* parent)
     : QDialog(parent)
     , m_gate(this)
-    , m_reader(std::move(files), keys)
+    , m_reader(std::move(files), keys,
+          [this](const QString& reason) {
+              m_chart->setEmptyText(reason);
+              showCard(CodeCard());
+          })
     , m_title(new ThemedLabel({}, ColourRole::PageText, 1.15, QFont::Bold))
     , m_sums(new ThemedLabel({}, ColourRole::PageText))
     , m_last(new ThemedLabel({}, ColourRole::PageMuted))
@@ -123,10 +127,6 @@ void CardWindow::connectControls()
     connect(m_list, &FigureTable::rowChosen, this, m_gate.quick(this, &CardWindow::goTo));
     connect(m_list, &FigureTable::rowSelected, this, [this] { m_go->setEnabled(true); });
     m_gate.connect(m_go, {}, [this] { goTo(m_list->selected()); });
-    connect(&m_reader, &FigureReader::failed, this, [this](const QString& reason) {
-        m_chart->setEmptyText(reason);
-        showCard(CodeCard());
-    });
 }
 
 void CardWindow::present(qint32 code)

@@ -46,7 +46,11 @@ PictureWindow::PictureWindow(BookFiles files, KeyRing& keys, Clock clock, Print 
     , m_clock(std::move(clock))
     , m_print(std::move(print))
     , m_gate(this)
-    , m_reader(std::move(files), keys)
+    , m_reader(std::move(files), keys,
+          [this](const QString& reason) {
+              m_chart->setEmptyText(reason);
+              showPicture(BookPicture());
+          })
     , m_request{PictureSubject::Cash, spanWith(m_clock.today(), FigureStep::Month), true}
     , m_subject(newChoice("subject", QStringLiteral("Τι φαίνεται"),
           {QStringLiteral("Ταμείο"), QStringLiteral("Ομάδες"), QStringLiteral("Κωδικοί")}))
@@ -164,10 +168,6 @@ void PictureWindow::connectControls()
     connect(m_table, &FigureTable::rowSelected, m_chart, &ChartView::mark);
     connect(m_chart, &ChartView::placeChosen, this, m_gate.quick(this, &PictureWindow::choose));
     connect(m_table, &FigureTable::rowChosen, this, m_gate.quick(this, &PictureWindow::choose));
-    connect(&m_reader, &FigureReader::failed, this, [this](const QString& reason) {
-        m_chart->setEmptyText(reason);
-        showPicture(BookPicture());
-    });
 }
 
 void PictureWindow::present()
