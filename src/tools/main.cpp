@@ -1,3 +1,4 @@
+#include "book/program_folder.h"
 #include "support/terminal.h"
 #include "support/tool.h"
 
@@ -9,6 +10,6 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const lorvan::ToolContext context{std::cout, std::cerr, lorvan::askNewPassword, lorvan::Clock(),
-        QCoreApplication::applicationDirPath(), lorvan::errorTerminalColumns()};
+        lorvan::programFolder(QCoreApplication::applicationDirPath()), lorvan::errorTerminalColumns()};
     return static_cast<int>(lorvan::runTool(QCoreApplication::arguments().mid(1), context));
 }

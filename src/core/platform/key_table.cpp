@@ -24,7 +24,10 @@ std::vector<KeyEntry> mainWindowKeys()
         listed(MainWindow, QStringLiteral("Ctrl+Z"), QStringLiteral("αναίρεση")),
         listed(MainWindow, QStringLiteral("Ctrl+Y Ctrl+Shift+Z"), QStringLiteral("ξανά ό,τι αναιρέθηκε")),
         listed(MainWindow, QStringLiteral("Ctrl+H"), QStringLiteral("ιστορικό")),
+        entry(KeyUse::Picture, MainWindow, QStringLiteral("Ctrl+G"), QStringLiteral("η εικόνα του βιβλίου")),
+        entry(KeyUse::Card, MainWindow, QStringLiteral("Ctrl+K"), QStringLiteral("η καρτέλα του κωδικού")),
         listed(MainWindow, QStringLiteral("F10"), QStringLiteral("εργαλεία")),
+        entry(KeyUse::Manual, MainWindow, QStringLiteral("F1"), QStringLiteral("οι οδηγίες, στο κεφάλαιο της σελίδας")),
         entry(KeyUse::KeySheet, MainWindow, QStringLiteral("Shift+F1"), QStringLiteral("τα πλήκτρα, σε μια σελίδα")),
     };
 }
@@ -67,6 +70,7 @@ std::vector<KeyEntry> reportKeys()
         listed(PrintingPage, QStringLiteral("1 2 3 4 5 6 7 8 9"), QStringLiteral("η εκτύπωση με αυτόν τον αριθμό")),
         listed(PrintingPage, QStringLiteral("F2"), QStringLiteral("προεπισκόπηση της εκτύπωσης")),
         listed(Preview, QStringLiteral("PgUp PgDown"), QStringLiteral("άλλη σελίδα")),
+        entry(KeyUse::CarrySums, Preview, QStringLiteral("Ctrl+M"), QStringLiteral("μεταφορές των αθροισμάτων")),
         listed(Preview, QStringLiteral("Home End"), QStringLiteral("η πρώτη, η τελευταία σελίδα")),
         listed(Preview, QStringLiteral("Ctrl++ Ctrl+-"), QStringLiteral("μεγαλύτερα, μικρότερα")),
         listed(Preview, QStringLiteral("Ctrl+0"), QStringLiteral("φυσικό μέγεθος")),

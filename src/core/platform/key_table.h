@@ -39,6 +39,10 @@ enum class KeyUse {
     CopyToToday,
     PreviewDay,
     KeySheet,
+    Manual,
+    Picture,
+    Card,
+    CarrySums,
 };
 
 struct KeyEntry {

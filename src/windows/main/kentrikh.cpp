@@ -11,6 +11,7 @@
 #include "controls/notice_line.h"
 #include "figures/card_window.h"
 #include "figures/picture_window.h"
+#include "help/help_window.h"
 #include "journal/journal_window.h"
 #include "look/message_window.h"
 #include "look/remembered_size.h"
@@ -76,6 +77,7 @@ Kentrikh::Kentrikh(
     connectTools();
     connectUndo();
     connectFigures();
+    connectHelp();
     addReportKeys();
 }
 

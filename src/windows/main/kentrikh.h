@@ -30,6 +30,7 @@ namespace lorvan {
 
 class CardWindow;
 class CodesPage;
+class HelpWindow;
 class JournalWindow;
 class MovementEntryPage;
 class PictureWindow;
@@ -92,6 +93,8 @@ private:
     void connectTools();
     void connectUndo();
     void connectFigures();
+    void connectHelp();
+    void openManual();
 
     void insertCode();
     void editGroups();
@@ -168,6 +171,7 @@ private:
     std::unique_ptr<JournalWindow> m_history; ///< Made when it is first asked for.
     std::unique_ptr<PictureWindow> m_picture; ///< The same.
     std::unique_ptr<CardWindow> m_card; ///< The same.
+    std::unique_ptr<HelpWindow> m_help; ///< The same.
     std::unique_ptr<SearchWindow> m_search; ///< The same.
     DailyBackup m_backup;
     SessionEnd m_session;

@@ -1,8 +1,10 @@
 #include "cashbook/movement_entry_page.h"
 #include "codes/codes_page.h"
+#include "controls/key_binding.h"
 #include "controls/main_controls.h"
 #include "figures/card_window.h"
 #include "figures/picture_window.h"
+#include "help/help_window.h"
 #include "journal/journal_window.h"
 #include "look/message_window.h"
 #include "main/kentrikh.h"
@@ -11,7 +13,6 @@
 #include "search/search_window.h"
 
 #include <QAction>
-#include <QShortcut>
 
 namespace lorvan {
 
@@ -22,10 +23,8 @@ void Kentrikh::connectFigures()
     connect(picture, &QAction::triggered, this, m_gate.quick(this, &Kentrikh::openPicture));
     const QAction* const card = tools->add(QStringLiteral("card"), QStringLiteral("Καρτέλα κωδικού\tCtrl+K"));
     connect(card, &QAction::triggered, this, m_gate.quick(this, &Kentrikh::openCardOfChosen));
-    auto* const pictureKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_G), this);
-    connect(pictureKey, &QShortcut::activated, this, m_gate.quick(this, &Kentrikh::openPicture));
-    auto* const cardKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_K), this);
-    connect(cardKey, &QShortcut::activated, this, m_gate.quick(this, &Kentrikh::openCardOfChosen));
+    bindKeys(KeyUse::Picture, this, Qt::WindowShortcut, m_gate.quick(this, &Kentrikh::openPicture));
+    bindKeys(KeyUse::Card, this, Qt::WindowShortcut, m_gate.quick(this, &Kentrikh::openCardOfChosen));
 }
 
 void Kentrikh::openPicture()
@@ -77,6 +76,8 @@ void Kentrikh::hideTools()
         m_picture->hide();
     if (m_card)
         m_card->hide();
+    if (m_help)
+        m_help->hide();
 }
 
 } // namespace lorvan

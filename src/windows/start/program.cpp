@@ -2,6 +2,7 @@
 
 #include "book/book_opening.h"
 #include "book/book_recovery.h"
+#include "book/program_folder.h"
 #include "controls/guarded_window.h"
 #include "look/message_window.h"
 #include "look/theme.h"
@@ -52,7 +53,7 @@ bool Program::start()
     }
     m_instance.whenCalled([this](const QByteArray& token) { comeForward(token); });
     const StopCheck stop(isWanted);
-    const StartDecision decision = decideStart(QFileInfo(m_programFile).absolutePath());
+    const StartDecision decision = decideStart(programFolder(QFileInfo(m_programFile).absolutePath()));
     m_settings = decision.settings;
     if (!isWanted() || !announce(decision))
         return false;

@@ -1,4 +1,5 @@
 #include "book/path_file.h"
+#include "book/program_folder.h"
 #include "book/startup.h"
 #include "platform/windows1253.h"
 #include "support/files.h"
@@ -91,6 +92,26 @@ TEST_F(PathFileTest, isNotReplacedWhereItCannotBeReadOrTheCodePageLacksTheFolder
     EXPECT_FALSE(pathFile.writeFolder("/café"));
     EXPECT_EQ(read(name), "/d\r\n");
     EXPECT_FALSE(PathFile(folder.filePath("none")).writeFolder("/d"));
+}
+
+TEST_F(PathFileTest, standsBesideAProgramUnlessThatIsInstalled)
+{
+    const QDir root(folder.path());
+    ASSERT_TRUE(
+        root.mkpath("noted") && root.mkpath("plain") && QFile::link(root.filePath("plain"), root.filePath("link")));
+    write("noted/diadromh.DAT", "/books");
+    qputenv("XDG_CONFIG_HOME", root.filePath("config").toUtf8());
+    const struct {
+        const char* own;
+        const char* installed;
+        const char* expected;
+    } cases[] = {{"noted", "noted", "noted"}, {"plain", "noted", "plain"}, {"plain", "plain", "config/Lorvan"},
+        {"plain", "link", "config/Lorvan"}, {"plain", "nowhere", "plain"}};
+    for (const auto& [own, installed, expected] : cases)
+        EXPECT_EQ(programFolder(root.filePath(own), root.filePath(installed)), root.filePath(expected))
+            << own << installed;
+    EXPECT_EQ(QFileInfo(root.filePath("config/Lorvan")).permissions() & 0x077, 0);
+    qunsetenv("XDG_CONFIG_HOME");
 }
 
 TEST_F(PathFileTest, decidesHowTheProgramStarts)
