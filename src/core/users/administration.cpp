@@ -3,11 +3,11 @@
 #include "backup/book_copy.h"
 #include "book/book_schema.h"
 #include "book/lock_trust.h"
+#include "book/row_counts.h"
 #include "journal/journal.h"
 #include "platform/date_text.h"
 #include "platform/engine/transaction.h"
 
-#include <string>
 #include <vector>
 
 namespace lorvan {
@@ -24,16 +24,6 @@ std::vector<QDate> closedDays(Connection& book)
             days.push_back(day);
     }
     return days;
-}
-
-QJsonObject countRows(Connection& book)
-{
-    QJsonObject counts;
-    for (const char* const table : {"kinhseis", "tameio", "kvdikoi", "omades", "klhsimotameioy"}) {
-        auto row = book.prepare(std::string("SELECT count(*) FROM ") + table);
-        counts[QLatin1String(table)] = row.step() ? qint64(row.integer(0)) : 0;
-    }
-    return counts;
 }
 
 /// Returns the hash of the last one.
@@ -81,7 +71,7 @@ CopiedBook deleteAllData(const BookFiles& files, KeyRing& keys, const Authority&
     Connection book = openBoth(files, keys);
     Transaction transaction(book, authority, Transaction::Writing::Alone);
     BookCopy copy(book, files, keys, authority.now());
-    const QJsonObject counts = countRows(book);
+    const QJsonObject counts = countRows(book, book);
     book.execute("DELETE FROM main.kinhseis; DELETE FROM main.kvdikoi; DELETE FROM main.omades;"
                  "DELETE FROM main.tameio; DELETE FROM auxiliary.klhsimotameioy");
     const QString lastSeal = deleteSeals(book);

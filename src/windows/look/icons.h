@@ -9,9 +9,9 @@ namespace lorvan {
 
 /// One of our line icons by name: daybook, codes, print, exit, insert, modify, delete, closecash, unlock, groups,
 /// users, key, calendar, zoomin, zoomout, search, pages, width, pdf, table, first, prev, next, last, back, check,
-/// question, info, warning, stop, computer, folder, newfolder, file, up, list. It is painted in the colour that the
-/// role has at that time, in the colour of disabled text when disabled, and in the highlighted text's colour on a
-/// selected row. An unknown name gives an empty icon.
+/// question, info, warning, stop, computer, folder, newfolder, file, up, down, list, tools, undo, tick. It is painted
+/// in the colour that the role has at that time, in the colour of disabled text when disabled, and in the highlighted
+/// text's colour on a selected row. An unknown name gives an empty icon.
 [[nodiscard]] QIcon themedIcon(const QString& name, ColourRole role);
 
 /// Paints an icon into a rectangle in logical pixels, at the painter's own resolution.

@@ -37,6 +37,8 @@ TEST(VerifySeal, theScriptOfTheDocumentsTellsWhatWasTamperedWith)
             "UPDATE seals SET expense=expense-1 WHERE day=20261110", yes, no, yes},
         {"mapcodes.mdb", "UPDATE seals SET carried=carried+1 WHERE day=20261110",
             "UPDATE seals SET carried=carried-1 WHERE day=20261110", yes, no, yes},
+        {"mapcodes.mdb", "UPDATE seals SET counted=hash, hash='x' WHERE day=20261110",
+            "UPDATE seals SET hash=counted, counted=NULL WHERE day=20261110", yes, no, yes},
         {"lorvan.mdb", "UPDATE journal SET user='Άλλος' WHERE action='seal'", "SELECT 1", yes, yes, no},
     };
     for (const auto& [file, sql, undo, content, seal, journal] : cases) {
