@@ -86,8 +86,10 @@ void ensureJournal(const BookFiles& files, KeyRing& keys)
 
 double bareSelect(const BookFiles& files, const QByteArray& key, const char* condition)
 {
-    const std::string sql = std::string("SELECT ") + journalColumns + " FROM journal WHERE " + condition
-        + " ORDER BY id DESC LIMIT " + std::to_string(page);
+    const std::string sql =
+        std::string("SELECT id, at, user, computer, action, subject, day, code, before, after, previous, hash"
+                    " FROM journal WHERE ")
+        + condition + " ORDER BY id DESC LIMIT " + std::to_string(page);
     const auto begin = Clock::now();
     const BareConnection bare(files.mainDatabase(), key);
     (void)BareStatement(bare, sql.c_str()).run();

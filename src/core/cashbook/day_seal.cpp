@@ -1,12 +1,12 @@
 #include "cashbook/day_seal.h"
 
-#include "cashbook/day_view.h"
+#include "cashbook/cash_day.h"
 #include "cashbook/movement_store.h"
 #include "journal/check_code.h"
-#include "journal/hash_text.h"
 #include "journal/journal.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
+#include "platform/engine/sliced_reading.h"
 #include "platform/engine/transaction.h"
 
 #include <string>
@@ -14,46 +14,14 @@
 namespace lorvan {
 namespace {
 
+constexpr auto columns = "id, at, user, computer, day, version, late, income, expense, movements, content, previous,"
+                         " journal, hash, carried, balance, balance_hash, counted";
+
 std::string selection(const char* rest)
 {
     std::string sql = "SELECT ";
-    return sql.append(sealColumns).append(" FROM seals ").append(rest);
+    return sql.append(columns).append(" FROM seals ").append(rest);
 }
-
-std::optional<DaySeal> first(Statement& row)
-{
-    return row.step() ? std::optional(sealIn(row)) : std::nullopt;
-}
-
-std::optional<DaySeal> lastSeal(Connection& book)
-{
-    auto row = book.prepare(selection("ORDER BY id DESC LIMIT 1"));
-    return first(row);
-}
-
-void store(Connection& book, const DaySeal& seal)
-{
-    book.prepare("INSERT INTO seals (id, at, user, computer, day, version, late, income, expense, movements, content,"
-                 " previous, journal, hash, carried, balance, balance_hash) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)")
-        .bind(seal.id, seal.at, seal.user, seal.computer, seal.day, seal.version, seal.isLate, seal.income,
-            seal.expense, seal.movements, seal.content, seal.previous, seal.journal, seal.hash, seal.carried,
-            seal.balance, seal.balanceHash)
-        .run();
-}
-
-std::vector<QDate> unsealedDays(Connection& book, int most)
-{
-    std::vector<QDate> days;
-    auto rows = book.prepare("SELECT DISTINCT hmeraklhsimatos FROM klhsimotameioy WHERE hmeraklhsimatos NOT IN"
-                             " (SELECT day FROM seals) AND hmeraklhsimatos>1000100 ORDER BY hmeraklhsimatos LIMIT ?");
-    for (rows.bind(most); rows.step();) {
-        if (const QDate day = rows.date(0); day.isValid())
-            days.push_back(day);
-    }
-    return days;
-}
-
-} // namespace
 
 DaySeal sealIn(const Statement& row)
 {
@@ -79,6 +47,112 @@ DaySeal sealIn(const Statement& row)
         seal.counted = row.text(17);
     return seal;
 }
+
+std::optional<DaySeal> first(Statement& row)
+{
+    return row.step() ? std::optional(sealIn(row)) : std::nullopt;
+}
+
+std::optional<DaySeal> lastSeal(Connection& book)
+{
+    auto row = book.prepare(selection("ORDER BY id DESC LIMIT 1"));
+    return first(row);
+}
+
+void store(Connection& book, const DaySeal& seal)
+{
+    std::string sql = "INSERT INTO seals (";
+    book.prepare(sql.append(columns).append(") VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)"))
+        .bind(seal.id, seal.at, seal.user, seal.computer, seal.day, seal.version, seal.isLate, seal.income,
+            seal.expense, seal.movements, seal.content, seal.previous, seal.journal, seal.hash, seal.carried,
+            seal.balance, seal.balanceHash, seal.counted)
+        .run();
+}
+
+std::vector<QDate> unsealedDays(Connection& book, int most)
+{
+    std::vector<QDate> days;
+    auto rows = book.prepare("SELECT DISTINCT hmeraklhsimatos FROM klhsimotameioy WHERE hmeraklhsimatos NOT IN"
+                             " (SELECT day FROM seals) AND hmeraklhsimatos>1000100 ORDER BY hmeraklhsimatos LIMIT ?");
+    for (rows.bind(most); rows.step();) {
+        if (const QDate day = rows.date(0); day.isValid())
+            days.push_back(day);
+    }
+    return days;
+}
+
+/// What a day's movements say, all that a seal needs to read more than a few rows for.
+struct DayContent {
+    QDate day;
+    Currency income;
+    Currency expense;
+    std::int64_t movements = 0;
+    QString digest;
+};
+
+DayContent contentOf(Connection& book, QDate day)
+{
+    const std::vector<Movement> movements = movementsOf(book, day);
+    DayContent content{day, {}, {}, static_cast<std::int64_t>(movements.size()), contentDigest(movements)};
+    for (const Movement& movement : movements) {
+        content.income += movement.income;
+        content.expense += movement.expense;
+    }
+    return content;
+}
+
+/// The oldest days that have no seal, up to `most`, and the state of the files in which they hold that: it is read in
+/// slices, so that the lock for writing need not be held meanwhile.
+std::pair<std::vector<DayContent>, FileState> contentsToSeal(Connection& book, int most)
+{
+    std::vector<QDate> left;
+    std::vector<DayContent> contents;
+    const auto read = [&](Deadline deadline) {
+        if (contents.empty())
+            left = unsealedDays(book, most);
+        while (contents.size() < left.size()) {
+            contents.push_back(contentOf(book, left[contents.size()]));
+            if (isOver(deadline))
+                break;
+        }
+        return contents.size() == left.size();
+    };
+    FileState state = readInSlices(book, {}, [&]() -> ReadSlice {
+        contents.clear();
+        return read;
+    });
+    return {std::move(contents), std::move(state)};
+}
+
+DaySeal sealDay(
+    Connection& book, const Authority& authority, const DayContent& content, const QString& journal, SealTime time)
+{
+    const auto before = lastSeal(book);
+    const auto former = lastSealOf(book, content.day);
+    const Currency carried = carriedBalance(book, content.day).balance;
+    DaySeal seal;
+    seal.id = before ? before->id + 1 : 1;
+    seal.at = authority.now().toMSecsSinceEpoch();
+    seal.user = authority.name();
+    seal.computer = authority.computer();
+    seal.day = storedDate(content.day);
+    seal.version = former ? former->version + 1 : 1;
+    seal.isLate = time == SealTime::Later;
+    seal.income = content.income;
+    seal.expense = content.expense;
+    seal.movements = content.movements;
+    seal.content = content.digest;
+    seal.previous = before ? before->hash : QString();
+    seal.journal = journal;
+    seal.hash = sealHash(seal);
+    seal.carried = carried;
+    seal.balance = carried + content.income - content.expense;
+    seal.balanceHash = balanceHash(seal);
+    store(book, seal);
+    return seal;
+}
+
+} // namespace
 
 QString sealHash(const DaySeal& seal)
 {
@@ -110,17 +184,24 @@ QString balanceHash(const DaySeal& seal)
 
 QString contentDigest(const std::vector<Movement>& movements)
 {
-    HashText text;
+    ContentDigest digest;
     for (const Movement& movement : movements)
-        text.add("aa", std::int64_t(movement.key))
-            .add("kvdikos", std::int64_t(movement.code))
-            .add("hmeromhnia", std::int64_t(storedDate(movement.day)))
-            .add("perigrafh", movement.description)
-            .add("esoda", movement.income.tenThousandths())
-            .add("ejoda", movement.expense.tenThousandths())
-            .add("epitagh", std::int64_t(movement.cheque ? -1 : 0))
-            .add("L_tajeos", movement.memorandum.tenThousandths());
-    return text.hash();
+        digest.add(movement);
+    return digest.hash();
+}
+
+void ContentDigest::add(const Movement& movement)
+{
+    m_text.clear();
+    m_text.add("aa", std::int64_t(movement.key))
+        .add("kvdikos", std::int64_t(movement.code))
+        .add("hmeromhnia", std::int64_t(storedDate(movement.day)))
+        .add("perigrafh", movement.description)
+        .add("esoda", movement.income.tenThousandths())
+        .add("ejoda", movement.expense.tenThousandths())
+        .add("epitagh", std::int64_t(movement.cheque ? -1 : 0))
+        .add("L_tajeos", movement.memorandum.tenThousandths());
+    m_all.add(m_text.text());
 }
 
 bool keepsSeals(const Connection& book)
@@ -131,6 +212,17 @@ bool keepsSeals(const Connection& book)
 bool isSealed(Connection& auxiliary, QDate day)
 {
     return keepsSeals(auxiliary) && auxiliary.prepare("SELECT 1 FROM seals WHERE day=? LIMIT 1").bind(day).step();
+}
+
+std::vector<DaySeal> allSeals(Connection& auxiliary)
+{
+    std::vector<DaySeal> seals;
+    if (!keepsSeals(auxiliary))
+        return seals;
+    auto rows = auxiliary.prepare(selection("ORDER BY id"));
+    while (rows.step())
+        seals.push_back(sealIn(rows));
+    return seals;
 }
 
 std::optional<DaySeal> lastSealOf(Connection& auxiliary, QDate day)
@@ -145,8 +237,8 @@ std::optional<DaySeal> sealWithCode(Connection& auxiliary, const QString& code)
 {
     if (!keepsSeals(auxiliary))
         return std::nullopt;
-    auto rows = auxiliary.prepare(selection("ORDER BY id DESC"));
-    while (rows.step()) {
+    auto rows = auxiliary.prepare(selection("WHERE lower(substr(hash, 1, 12))=? ORDER BY id DESC"));
+    for (rows.bind(hashBeginning(code)); rows.step();) {
         DaySeal seal = sealIn(rows);
         if (checkCode(seal.hash) == code)
             return seal;
@@ -156,48 +248,29 @@ std::optional<DaySeal> sealWithCode(Connection& auxiliary, const QString& code)
 
 DaySeal sealDay(Connection& book, const Authority& authority, QDate day, const QString& journal, SealTime time)
 {
-    const DayView view = readDay(book, day);
-    const auto before = lastSeal(book);
-    const auto former = lastSealOf(book, day);
-    DaySeal seal;
-    seal.id = before ? before->id + 1 : 1;
-    seal.at = authority.now().toMSecsSinceEpoch();
-    seal.user = authority.name();
-    seal.computer = authority.computer();
-    seal.day = storedDate(day);
-    seal.version = former ? former->version + 1 : 1;
-    seal.isLate = time == SealTime::Later;
-    seal.income = view.figures.income;
-    seal.expense = view.figures.expense;
-    seal.movements = static_cast<std::int64_t>(view.movements.size());
-    seal.content = contentDigest(view.movements);
-    seal.previous = before ? before->hash : QString();
-    seal.journal = journal;
-    seal.hash = sealHash(seal);
-    seal.carried = view.carried.balance;
-    seal.balance = view.figures.closingBalance;
-    seal.balanceHash = balanceHash(seal);
-    store(book, seal);
-    return seal;
+    return sealDay(book, authority, contentOf(book, day), journal, time);
 }
 
 int sealOlderDays(Connection& book, const Authority& authority, int most)
 {
     authority.require(Right::CloseCash);
-    if (!keepsSeals(book) || unsealedDays(book, 1).empty())
-        return 0;
-    Transaction writing(book, authority);
-    const std::vector<QDate> days = unsealedDays(book, most);
-    if (days.empty())
-        return 0;
-    const QString journal = recordChange(book, authority,
-        {JournalAction::Seal, journal_subject::book(), {}, {}, {},
-            {{QStringLiteral("days"), qint64(days.size())}, {QStringLiteral("from"), storedDate(days.front())},
-                {QStringLiteral("to"), storedDate(days.back())}}});
-    for (const QDate day : days)
-        sealDay(book, authority, day, journal, SealTime::Later);
-    writing.commit();
-    return static_cast<int>(days.size());
+    while (keepsSeals(book)) {
+        const auto [days, state] = contentsToSeal(book, most);
+        if (days.empty())
+            break;
+        Transaction writing(book, authority);
+        if (stateOf(book) != state)
+            continue; // somebody has changed something in between
+        const QString journal = recordChange(book, authority,
+            {JournalAction::Seal, journal_subject::book(), {}, {}, {},
+                {{QStringLiteral("days"), qint64(days.size())}, {QStringLiteral("from"), storedDate(days.front().day)},
+                    {QStringLiteral("to"), storedDate(days.back().day)}}});
+        for (const DayContent& day : days)
+            sealDay(book, authority, day, journal, SealTime::Later);
+        writing.commit();
+        return static_cast<int>(days.size());
+    }
+    return 0;
 }
 
 } // namespace lorvan

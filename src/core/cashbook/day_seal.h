@@ -1,5 +1,6 @@
 #pragma once
 
+#include "journal/hash_text.h"
 #include "platform/currency.h"
 
 #include <QDate>
@@ -38,17 +39,23 @@ struct DaySeal {
     std::optional<QString> counted; ///< The cash that was counted, see CountedCash.
 };
 
-/// The columns of a statement that selects a seal, in their order, and the seal in its row.
-inline constexpr auto sealColumns = "id, at, user, computer, day, version, late, income, expense, movements, content,"
-                                    " previous, journal, hash, carried, balance, balance_hash, counted";
-class Statement;
-[[nodiscard]] DaySeal sealIn(const Statement& row);
-
 /// The hashes that a seal should carry, and the digest of a day's movements, in the order of their keys: SHA-256 in
 /// hexadecimal digits of the texts described in docs/data-files.md.
 [[nodiscard]] QString sealHash(const DaySeal& seal);
 [[nodiscard]] QString balanceHash(const DaySeal& seal);
 [[nodiscard]] QString contentDigest(const std::vector<Movement>& movements);
+
+/// contentDigest() of movements that come one by one.
+class ContentDigest {
+public:
+    void add(const Movement& movement);
+    /// Of all that were added; no more can follow.
+    [[nodiscard]] QString hash() { return m_all.hash(); }
+
+private:
+    Sha256 m_all;
+    HashText m_text;
+};
 
 /// All of these read or write `book`, which has both databases, and throw SqlError. A book without the table has no
 /// seals and gets none. Those that write run inside the caller's transaction.
@@ -57,6 +64,9 @@ class Statement;
 
 /// Also for the auxiliary database alone.
 [[nodiscard]] bool isSealed(Connection& auxiliary, QDate day);
+
+/// All seals, in the order of their ids.
+[[nodiscard]] std::vector<DaySeal> allSeals(Connection& auxiliary);
 
 /// The day's last seal.
 [[nodiscard]] std::optional<DaySeal> lastSealOf(Connection& auxiliary, QDate day);
@@ -72,7 +82,9 @@ DaySeal sealDay(Connection& book, const Authority& authority, QDate day, const Q
     SealTime time = SealTime::AtClosing);
 
 /// Seals up to `most` closed days that have no seal, oldest first, in one transaction of its own with one row in the
-/// journal. Returns how many. Throws NotPermitted without the right to close.
+/// journal. The movements are read in slices before it, again if somebody changes something meanwhile, so that others
+/// wait only while the seals themselves are written. Returns how many. Throws NotPermitted without the right to close,
+/// and SqlError of kind Interrupted if a StopCheck says no.
 int sealOlderDays(Connection& book, const Authority& authority, int most);
 
 } // namespace lorvan

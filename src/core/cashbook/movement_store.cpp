@@ -3,8 +3,18 @@
 #include "cashbook/day_view.h"
 #include "platform/engine/connection.h"
 
+#include <string>
+
 namespace lorvan {
 namespace {
+
+Statement select(Connection& main, const char* rest)
+{
+    std::string sql = "SELECT ";
+    return main.prepare(sql.append(movementColumns).append(" FROM kinhseis ").append(rest));
+}
+
+} // namespace
 
 Movement movementIn(const Statement& row)
 {
@@ -20,6 +30,8 @@ Movement movementIn(const Statement& row)
     return movement;
 }
 
+namespace {
+
 std::vector<Movement> movementsIn(Statement& rows)
 {
     std::vector<Movement> movements;
@@ -32,32 +44,28 @@ std::vector<Movement> movementsIn(Statement& rows)
 
 std::vector<Movement> movementsOf(Connection& main, QDate day)
 {
-    auto rows = main.prepare("SELECT aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
-                             " WHERE hmeromhnia=? ORDER BY aa");
+    auto rows = select(main, "WHERE hmeromhnia=? ORDER BY aa");
     rows.bind(day);
     return movementsIn(rows);
 }
 
 std::vector<Movement> movementsOfCode(Connection& main, qint32 code, QDate from, QDate to)
 {
-    auto rows = main.prepare("SELECT aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
-                             " WHERE kvdikos=? AND hmeromhnia BETWEEN ? AND ? ORDER BY hmeromhnia, aa");
+    auto rows = select(main, "WHERE kvdikos=? AND hmeromhnia BETWEEN ? AND ? ORDER BY hmeromhnia, aa");
     rows.bind(code, from, to);
     return movementsIn(rows);
 }
 
 std::optional<Movement> findMovement(Connection& main, qint64 key)
 {
-    auto row = main.prepare("SELECT aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
-                            " WHERE aa=?");
+    auto row = select(main, "WHERE aa=?");
     row.bind(key);
     return row.step() ? std::optional(movementIn(row)) : std::nullopt;
 }
 
 void forEachMovement(Connection& main, const std::function<void(const Movement&)>& take)
 {
-    auto rows = main.prepare("SELECT aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos FROM kinhseis"
-                             " ORDER BY aa");
+    auto rows = select(main, "ORDER BY aa");
     while (rows.step())
         take(movementIn(rows));
 }

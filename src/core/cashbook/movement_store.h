@@ -9,9 +9,14 @@
 namespace lorvan {
 
 class Connection;
+class Statement;
 
 /// The rows of `kinhseis`. Functions that write run inside the caller's transaction and do not touch the cash days. All
 /// throw SqlError.
+
+/// The columns of a statement that selects a movement, first of all others, and the movement in its row.
+inline constexpr auto movementColumns = "aa, kvdikos, hmeromhnia, perigrafh, esoda, ejoda, epitagh, L_tajeos";
+[[nodiscard]] Movement movementIn(const Statement& row);
 
 /// The movements of a day in the order of entry, found through the date index.
 [[nodiscard]] std::vector<Movement> movementsOf(Connection& main, QDate day);

@@ -44,6 +44,19 @@ QString checkCode(const QString& hash)
     return grouped(code);
 }
 
+QString hashBeginning(const QString& code)
+{
+    constexpr int digits = 12;
+    constexpr int bitsOfDigit = 4;
+    std::uint64_t bits = 0;
+    for (const QChar each : code) {
+        if (const qsizetype value = QLatin1String(alphabet).indexOf(each); value >= 0)
+            bits = bits << bitsOfLetter | static_cast<std::uint64_t>(value);
+    }
+    bits >>= letters * bitsOfLetter - digits * bitsOfDigit;
+    return QString::number(bits, 16).rightJustified(digits, u'0');
+}
+
 QString readCheckCode(const QString& typed)
 {
     static const QString known = QLatin1String(alphabet);

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
+#include <tuple>
 #include <utility>
 
 namespace lorvan {
@@ -33,6 +35,9 @@ constexpr std::array<std::pair<JournalAction, const char*>, 16> words{{
     {JournalAction::Accept, "accept"},
 }};
 
+constexpr std::string_view columns =
+    "id, at, user, computer, action, subject, day, code, before, after, previous, hash";
+
 std::optional<QString> json(const QJsonObject& state)
 {
     if (state.isEmpty())
@@ -52,12 +57,18 @@ std::optional<QString> optionalText(const Statement& row, int column)
 
 void store(Connection& book, const JournalRow& row)
 {
-    auto insert = book.prepare("INSERT INTO main.journal"
-                               " (id, at, user, computer, action, subject, day, code, before, after, previous, hash)"
-                               " VALUES (?,?,?,?,?,?,?,?,?,?,?,?)");
+    std::string sql = "INSERT INTO main.journal (";
+    auto insert = book.prepare(sql.append(columns).append(") VALUES (?,?,?,?,?,?,?,?,?,?,?,?)"));
     insert.bind(row.id, row.at, row.user, row.computer, row.action, row.subject, row.day, row.code, row.before,
         row.after, row.previous, row.hash);
     insert.run();
+}
+
+/// The id and the hash of the last row.
+std::pair<std::int64_t, QString> lastRow(Connection& book)
+{
+    auto last = book.prepare("SELECT id, hash FROM main.journal ORDER BY id DESC LIMIT 1");
+    return last.step() ? std::pair(last.integer(0), last.text(1)) : std::pair(std::int64_t(0), QString());
 }
 
 } // namespace
@@ -130,13 +141,7 @@ QString recordChange(Connection& book, const Authority& authority, const Journal
     if (!keepsJournal(book))
         return {};
     JournalRow row;
-    {
-        auto last = book.prepare("SELECT id, hash FROM main.journal ORDER BY id DESC LIMIT 1");
-        if (last.step()) {
-            row.id = last.integer(0);
-            row.previous = last.text(1);
-        }
-    }
+    std::tie(row.id, row.previous) = lastRow(book);
     ++row.id;
     row.at = authority.now().toMSecsSinceEpoch();
     row.user = authority.name();
@@ -155,10 +160,7 @@ QString recordChange(Connection& book, const Authority& authority, const Journal
 
 QString lastJournalHash(Connection& book)
 {
-    if (!keepsJournal(book))
-        return {};
-    auto last = book.prepare("SELECT hash FROM main.journal ORDER BY id DESC LIMIT 1");
-    return last.step() ? last.text(0) : QString();
+    return keepsJournal(book) ? lastRow(book).second : QString();
 }
 
 QString journalHash(const JournalRow& row)
@@ -176,6 +178,12 @@ QString journalHash(const JournalRow& row)
         .add("after", row.after)
         .add("previous", row.previous)
         .hash();
+}
+
+Statement selectJournal(Connection& book, std::string_view rest)
+{
+    std::string sql = "SELECT ";
+    return book.prepare(sql.append(columns).append(" FROM main.journal ").append(rest));
 }
 
 JournalRow journalRowIn(const Statement& row)

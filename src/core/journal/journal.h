@@ -7,11 +7,13 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 namespace lorvan {
 
 class Authority;
 class Connection;
+class Statement;
 
 /// What was done to a subject. The words stored in the file are those of journalWord().
 enum class JournalAction {
@@ -92,10 +94,8 @@ QString recordChange(Connection& book, const Authority& authority, const Journal
 /// The hash that a row should carry: SHA-256, in hexadecimal digits, of the text described in docs/data-files.md.
 [[nodiscard]] QString journalHash(const JournalRow& row);
 
-/// The columns of a statement that selects `journalColumns`, in their order.
-inline constexpr auto journalColumns =
-    "id, at, user, computer, action, subject, day, code, before, after, previous, hash";
-class Statement;
+/// A statement that selects rows of the journal by the rest of its text, and the row that it has reached.
+[[nodiscard]] Statement selectJournal(Connection& book, std::string_view rest);
 [[nodiscard]] JournalRow journalRowIn(const Statement& row);
 
 } // namespace lorvan

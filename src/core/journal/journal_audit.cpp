@@ -1,6 +1,5 @@
 #include "journal/journal_audit.h"
 
-#include "journal/journal.h"
 #include "platform/engine/connection.h"
 
 #include <QCryptographicHash>
@@ -9,91 +8,92 @@
 
 #include <algorithm>
 #include <cstring>
-#include <optional>
-#include <string>
 
 namespace lorvan {
 namespace {
 
 constexpr std::size_t mostBreaks = 1000;
 
-class Auditing {
-public:
-    explicit Auditing(std::set<QString> wanted) { m_audit.missing = std::move(wanted); }
-
-    void take(JournalRow row)
-    {
-        ++m_audit.rows;
-        if (isBroken(row) && m_audit.broken.size() < mostBreaks)
-            m_audit.broken.push_back(row.id);
-        m_audit.missing.erase(row.hash);
-        noteState(row);
-        m_before = std::move(row);
-    }
-
-    [[nodiscard]] JournalAudit result() && { return std::move(m_audit); }
-
-private:
-    [[nodiscard]] bool isBroken(const JournalRow& row) const
-    {
-        const bool isNext = m_before ? row.id == m_before->id + 1 && row.previous == m_before->hash
-                                     : row.id == 1 && row.previous.isEmpty();
-        return !isNext || row.hash != journalHash(row);
-    }
-
-    void noteState(const JournalRow& row)
-    {
-        const qsizetype slash = row.subject.indexOf(u'/');
-        const QString kind = row.subject.left(slash);
-        const std::int64_t key = row.subject.mid(slash + 1).toLongLong();
-        if (row.action == journalWord(JournalAction::Clear))
-            clear();
-        if (row.action == journalWord(JournalAction::Accept))
-            accept(kind, key);
-        if (StatesByKey* const states = statesOf(kind))
-            (*states)[key] = row.after ? stateDigest(*row.after) : StateDigest();
-    }
-
-    /// Everything was deleted: what stood there before is gone.
-    void clear()
-    {
-        for (StatesByKey* const states : {&m_audit.movements, &m_audit.codes, &m_audit.groups}) {
-            for (auto& [key, state] : *states)
-                state = {};
-        }
-    }
-
-    void accept(const QString& kind, std::int64_t key)
-    {
-        ++m_audit.accepted;
-        if (kind == QLatin1String("journal"))
-            std::erase(m_audit.broken, key);
-        else if (kind == QLatin1String("seal"))
-            m_audit.acceptedSeals.insert(key);
-    }
-
-    [[nodiscard]] StatesByKey* statesOf(const QString& kind)
-    {
-        if (kind == QLatin1String("movement"))
-            return &m_audit.movements;
-        if (kind == QLatin1String("code"))
-            return &m_audit.codes;
-        return kind == QLatin1String("group") ? &m_audit.groups : nullptr;
-    }
-
-    JournalAudit m_audit;
-    std::optional<JournalRow> m_before;
-};
+/// What stands before the slash of a subject, and the number behind it.
+std::pair<QString, std::int64_t> partsOf(const QString& subject)
+{
+    const qsizetype slash = subject.indexOf(u'/');
+    return {subject.left(slash), subject.mid(slash + 1).toLongLong()};
+}
 
 } // namespace
 
+JournalAuditing::JournalAuditing(std::set<QString> wanted, Claims claims)
+    : m_claims(claims)
+{
+    m_audit.missing = std::move(wanted);
+}
+
+void JournalAuditing::take(JournalRow row)
+{
+    static const QString accept = journalWord(JournalAction::Accept);
+    ++m_audit.rows;
+    if (isBroken(row) && m_audit.broken.size() < mostBreaks)
+        m_audit.broken.push_back(row.id);
+    m_audit.missing.erase(row.hash);
+    if (row.action == accept)
+        noteAccepted(row);
+    if (m_claims == Claims::All)
+        noteState(row);
+    m_before = std::move(row);
+}
+
+bool JournalAuditing::isBroken(const JournalRow& row) const
+{
+    const bool isNext =
+        m_before ? row.id == m_before->id + 1 && row.previous == m_before->hash : row.id == 1 && row.previous.isEmpty();
+    return !isNext || row.hash != journalHash(row);
+}
+
+void JournalAuditing::noteAccepted(const JournalRow& row)
+{
+    const auto [kind, key] = partsOf(row.subject);
+    ++m_audit.accepted;
+    if (kind == QLatin1String("journal"))
+        std::erase(m_audit.broken, key);
+    else if (kind == QLatin1String("seal"))
+        m_audit.acceptedSeals.insert(key);
+}
+
+void JournalAuditing::noteState(const JournalRow& row)
+{
+    static const QString clearing = journalWord(JournalAction::Clear);
+    if (row.action == clearing)
+        clear();
+    const auto [kind, key] = partsOf(row.subject);
+    if (StatesByKey* const states = statesOf(kind))
+        (*states)[key] = row.after ? stateDigest(*row.after) : StateDigest();
+}
+
+/// Everything was deleted: what stood there before is gone.
+void JournalAuditing::clear()
+{
+    for (StatesByKey* const states : {&m_audit.movements, &m_audit.codes, &m_audit.groups}) {
+        for (auto& [key, state] : *states)
+            state = {};
+    }
+}
+
+StatesByKey* JournalAuditing::statesOf(const QString& kind)
+{
+    if (kind == QLatin1String("movement"))
+        return &m_audit.movements;
+    if (kind == QLatin1String("code"))
+        return &m_audit.codes;
+    return kind == QLatin1String("group") ? &m_audit.groups : nullptr;
+}
+
 JournalAudit auditJournal(Connection& book, std::set<QString> wanted)
 {
-    Auditing auditing(std::move(wanted));
+    JournalAuditing auditing(std::move(wanted));
     if (!keepsJournal(book))
         return std::move(auditing).result();
-    std::string sql = "SELECT ";
-    auto rows = book.prepare(sql.append(journalColumns).append(" FROM main.journal ORDER BY id"));
+    auto rows = selectJournal(book, "ORDER BY id");
     while (rows.step())
         auditing.take(journalRowIn(rows));
     return std::move(auditing).result();

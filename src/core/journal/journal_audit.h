@@ -1,11 +1,15 @@
 #pragma once
 
+#include "journal/journal.h"
+
 #include <QString>
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace lorvan {
@@ -28,6 +32,29 @@ struct JournalAudit {
     StatesByKey codes;
     StatesByKey groups;
     std::set<QString> missing; ///< Hashes that were looked for and are not there.
+};
+
+/// Takes the rows of a journal one by one, in the order of their ids, and recalculates their hashes.
+class JournalAuditing {
+public:
+    enum class Claims { All, ChainAlone }; ///< Whether movements, codes and groups are wanted.
+
+    explicit JournalAuditing(std::set<QString> wanted, Claims claims = Claims::All);
+
+    void take(JournalRow row);
+    [[nodiscard]] const JournalAudit& audit() const { return m_audit; }
+    [[nodiscard]] JournalAudit result() && { return std::move(m_audit); }
+
+private:
+    [[nodiscard]] bool isBroken(const JournalRow& row) const;
+    void noteAccepted(const JournalRow& row);
+    void noteState(const JournalRow& row);
+    void clear();
+    [[nodiscard]] StatesByKey* statesOf(const QString& kind);
+
+    const Claims m_claims;
+    JournalAudit m_audit;
+    std::optional<JournalRow> m_before;
 };
 
 /// Reads the whole journal and recalculates its hashes, looking for the hashes `wanted`; a book without one has an

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <string>
 
 namespace lorvan {
 namespace {
@@ -19,12 +18,6 @@ constexpr std::chrono::milliseconds readingTime = JournalReading::slice * 7 / 10
 bool isOver(std::chrono::steady_clock::time_point deadline)
 {
     return std::chrono::steady_clock::now() >= deadline;
-}
-
-std::string selectRows(const char* condition)
-{
-    std::string sql = "SELECT ";
-    return sql.append(journalColumns).append(" FROM main.journal WHERE ").append(condition);
 }
 
 bool isSingleSubject(const JournalFilter& filter)
@@ -91,16 +84,16 @@ Statement JournalReading::rowsFrom(Connection& main) const
 {
     const JournalFilter& filter = m_match.filter();
     if (isSingleSubject(filter)) {
-        auto rows = main.prepare(selectRows("subject=? AND id<=? ORDER BY id DESC"));
+        auto rows = selectJournal(main, "WHERE subject=? AND id<=? ORDER BY id DESC");
         rows.bind(filter.subject.isEmpty() ? journal_subject::book() : filter.subject, m_next);
         return rows;
     }
     if (filter.day) {
-        auto rows = main.prepare(selectRows("day=? AND id<=? ORDER BY id DESC"));
+        auto rows = selectJournal(main, "WHERE day=? AND id<=? ORDER BY id DESC");
         rows.bind(*filter.day, m_next);
         return rows;
     }
-    auto rows = main.prepare(selectRows("id<=? ORDER BY id DESC"));
+    auto rows = selectJournal(main, "WHERE id<=? ORDER BY id DESC");
     rows.bind(m_next);
     return rows;
 }
@@ -126,7 +119,7 @@ JournalReading::Found JournalReading::readBackwards(Connection& main, std::size_
 JournalReading::Found JournalReading::readRareKind(Connection& main, std::size_t most, Deadline deadline) const
 {
     Found found{{}, m_next, m_nextOfKind, false};
-    auto rows = main.prepare(selectRows("id=?"));
+    auto rows = selectJournal(main, "WHERE id=?");
     while (found.rows.size() < most && found.nextOfKind < m_ofKind->size() && !isOver(deadline)) {
         rows.bind((*m_ofKind)[found.nextOfKind++]);
         if (rows.step() && m_match.accepts(journalRowIn(rows)))

@@ -45,8 +45,8 @@ void BackgroundProof::run()
     };
     const StopCheck stop([this] { return !m_isStopped; });
     try {
-        Connection main = openBookFile(m_book.mainDatabase(), m_keys);
-        tell([this, proof = proveBalances(main, m_pace)] { Q_EMIT ended(proof); });
+        Connection book = openBoth(m_book, m_keys, Connection::Access::ReadOnly);
+        tell([this, proof = proveBalancesAndSeals(book, m_pace)] { Q_EMIT ended(proof); });
     } catch (const std::exception& failure) {
         tell([this, reason = failureText(failure)] { Q_EMIT failed(reason); });
     }

@@ -13,7 +13,7 @@ namespace lorvan {
 
 class KeyRing;
 
-/// Proves the balances of a book in a thread of its own, on a connection of its own, while the user works.
+/// Proves balances and seals of a book in a thread of its own, on a connection of its own, while the user works.
 class BackgroundProof : public QObject {
     Q_OBJECT
 

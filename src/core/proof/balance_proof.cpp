@@ -1,187 +1,39 @@
 #include "proof/balance_proof.h"
 
+#include "cashbook/movement_store.h"
 #include "platform/engine/connection.h"
-#include "platform/engine/sql_error.h"
-#include "platform/engine/steady_reading.h"
-#include "platform/engine/transaction.h"
-#include "platform/stop_check.h"
 #include "proof/cash_day_findings.h"
-
-#include <sqlite3.h>
+#include "proof/seal_reading.h"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
-#include <optional>
-#include <thread>
+#include <memory>
+#include <string>
 #include <utility>
 
 namespace lorvan {
 namespace {
 
-using std::chrono::milliseconds;
-using std::chrono::steady_clock;
-
 constexpr int rowsBetweenLooks = 16; // at the clock
-constexpr milliseconds longestSleep{20};
 
-enum Column { Row, Day, Income, Expense };
-constexpr auto movementsFrom = "SELECT rowid, hmeromhnia, esoda, ejoda FROM kinhseis NOT INDEXED"
-                               " WHERE rowid>? ORDER BY rowid";
-
-/// Two equal ones mean that nobody has changed the file in between.
-struct FileState {
-    std::int64_t version = 0; ///< As the engine counts the changes of others, under a lock;
-    FileWatch::State files = {}; ///< where locks are not trusted, the files themselves.
-
-    friend bool operator==(const FileState&, const FileState&) = default;
+/// A statement on the movements after a row, in the order in which they are stored.
+struct MovementRows {
+    std::string sql;
+    int row, day, income, expense; ///< Its columns.
 };
 
-FileState stateOf(Connection& main)
+MovementRows amountRows()
 {
-    if (const FileWatch* const watch = main.watch())
-        return {0, watch->noted()};
-    auto version = main.prepare("PRAGMA data_version");
-    return {version.step() ? version.integer(0) : 0, {}};
+    return {
+        "SELECT rowid, hmeromhnia, esoda, ejoda FROM kinhseis NOT INDEXED WHERE rowid>? ORDER BY rowid", 0, 1, 2, 3};
 }
 
-void refuseStopped()
+MovementRows wholeRows()
 {
-    if (!StopCheck::goesOn())
-        throw SqlError(SQLITE_INTERRUPT, QStringLiteral("interrupted"), QString::fromLatin1(movementsFrom));
-}
-
-void sleepUnlessStopped(milliseconds time)
-{
-    const auto until = steady_clock::now() + time;
-    while (steady_clock::now() < until) {
-        refuseStopped();
-        std::this_thread::sleep_for(std::min(time, longestSleep));
-    }
-}
-
-/// Returns when nothing has been changed for a while.
-void waitForQuiet(Connection& main, const ProofPace& pace)
-{
-    std::optional<FileState> last;
-    for (auto since = steady_clock::now(); steady_clock::now() - since < pace.quiet;) {
-        readSteadily(main, [&] {
-            const Transaction reading(main, Transaction::View::Steady);
-            FileState now = stateOf(main);
-            if (last != now)
-                since = steady_clock::now();
-            last = std::move(now);
-        });
-        sleepUnlessStopped(pace.betweenLooks);
-    }
-}
-
-/// The sums of the movements of one slice.
-struct Slice {
-    SumsByDay sums;
-    std::int64_t rows = 0;
-    std::int64_t last = 0; ///< The row that was read last.
-    bool isTooLarge = false; ///< A sum is out of range.
-    bool isEnd = false;
-};
-
-void add(DaySums& sums, Currency income, Currency expense, bool& isTooLarge)
-{
-    try {
-        sums.income += income;
-        sums.expense += expense;
-    } catch (const CurrencyOverflow&) {
-        isTooLarge = true;
-    }
-}
-
-Slice readSlice(Connection& main, std::int64_t after, milliseconds longest)
-{
-    const auto until = steady_clock::now() + longest;
-    Slice slice;
-    slice.last = after;
-    DaySums* sums = nullptr; // of the day before, which mostly is this one's too
-    std::int64_t day = 0;
-    auto rows = main.prepare(movementsFrom);
-    for (rows.bind(after); rows.step();) {
-        slice.last = rows.integer(Row);
-        if (rows.storedType(Day) == Statement::StoredType::Integer) {
-            if (!sums || rows.integer(Day) != day)
-                sums = &slice.sums[day = rows.integer(Day)]; // an unordered map does not move its values
-            add(*sums, rows.currency(Income), rows.currency(Expense), slice.isTooLarge);
-        }
-        if (++slice.rows % rowsBetweenLooks == 0 && steady_clock::now() >= until)
-            return slice;
-    }
-    slice.isEnd = true;
-    return slice;
-}
-
-struct CashDays {
-    std::vector<CashDayRow> rows;
-    OpeningDifferences differences;
-    BookFindings findings;
-};
-
-CashDays readAllCashDays(Connection& main)
-{
-    CashDays days;
-    days.rows = readCashDays(main, days.findings);
-    days.differences = openingDifferences(main);
-    return days;
-}
-
-/// Everything that was read, from one state of the file.
-struct Reading {
-    Slice movements;
-    CashDays days;
-};
-
-void addSlice(Slice& all, const Slice& slice)
-{
-    for (const auto& [day, sums] : slice.sums)
-        add(all.sums[day], sums.income, sums.expense, all.isTooLarge);
-    all.rows += slice.rows;
-    all.last = slice.last;
-    all.isTooLarge = all.isTooLarge || slice.isTooLarge;
-    all.isEnd = slice.isEnd;
-}
-
-/// No value if somebody has changed the file meanwhile.
-std::optional<Reading> readWhole(Connection& main, const ProofPace& pace)
-{
-    Reading whole;
-    whole.movements.last = std::numeric_limits<std::int64_t>::min();
-    std::optional<FileState> first;
-    while (!whole.movements.isEnd) {
-        Slice slice;
-        FileState now;
-        readSteadily(main, [&] {
-            const Transaction reading(main, Transaction::View::Steady);
-            now = stateOf(main);
-            if (first && now != *first)
-                return;
-            slice = readSlice(main, whole.movements.last, pace.slice);
-            if (slice.isEnd)
-                whole.days = readAllCashDays(main);
-        });
-        if (!first)
-            first = std::move(now);
-        else if (now != *first)
-            return std::nullopt;
-        addSlice(whole.movements, slice);
-        refuseStopped();
-    }
-    return whole;
-}
-
-Reading readUndisturbed(Connection& main, const ProofPace& pace)
-{
-    for (int begun = 0;; ++begun) {
-        if (begun > pace.hurried)
-            waitForQuiet(main, pace);
-        if (auto whole = readWhole(main, pace))
-            return std::move(*whole);
-    }
+    std::string sql = "SELECT ";
+    return {sql.append(movementColumns).append(", rowid FROM kinhseis NOT INDEXED WHERE rowid>? ORDER BY rowid"), 8, 2,
+        4, 5};
 }
 
 bool isWrong(const AuditedDay& day)
@@ -189,13 +41,122 @@ bool isWrong(const AuditedDay& day)
     return !day.row || !day.repeatedKeys.empty() || day.sumsWrong || day.balanceWrong;
 }
 
-void compare(BalanceProof& proof, Reading reading)
+/// Everything that is read, from one state of the files, in steps.
+class ProofReading {
+public:
+    enum class Wanted { Balances, BalancesAndSeals };
+
+    ProofReading(Connection& book, Wanted wanted)
+        : m_book(book)
+        , m_seals(book)
+        , m_steps{[this](Deadline until) { return readMovements(until); }, [this](Deadline) { return readDays(); }}
+    {
+        if (wanted == Wanted::Balances)
+            return;
+        m_steps.insert(m_steps.begin(), [this](Deadline until) { return m_seals.readSeals(until); });
+        m_steps.emplace_back([this](Deadline until) { return m_seals.compareDays(until); });
+        m_steps.emplace_back([this](Deadline until) { return m_seals.readJournal(until); });
+    }
+
+    [[nodiscard]] bool readOn(Deadline deadline)
+    {
+        while (m_next < m_steps.size()) {
+            if (!m_steps[m_next](deadline))
+                return false;
+            ++m_next;
+            if (isOver(deadline))
+                break;
+        }
+        return m_next == m_steps.size();
+    }
+
+    [[nodiscard]] BalanceProof result()
+    {
+        m_proof.seals = m_seals.seals();
+        try {
+            if (m_isTooLarge)
+                throw CurrencyOverflow();
+            compareBalances();
+        } catch (const CurrencyOverflow&) {
+            m_proof.findings.add({FindingKind::SumTooLarge});
+        }
+        const BookFindings broken = m_seals.findings();
+        m_proof.wrongDays += broken.count(FindingKind::SealedDayAltered);
+        m_proof.findings.merge(broken);
+        return std::move(m_proof);
+    }
+
+private:
+    bool readMovements(Deadline deadline)
+    {
+        const MovementRows wanted = m_seals.seals() > 0 ? wholeRows() : amountRows();
+        m_sums = nullptr;
+        auto rows = m_book.prepare(wanted.sql);
+        for (rows.bind(m_lastRow); rows.step();) {
+            m_lastRow = rows.integer(wanted.row);
+            if (rows.storedType(wanted.day) == Statement::StoredType::Integer)
+                take(rows, wanted);
+            if (++m_proof.movements % rowsBetweenLooks == 0 && isOver(deadline))
+                return false;
+        }
+        return true;
+    }
+
+    void take(const Statement& rows, const MovementRows& wanted)
+    {
+        if (const std::int64_t day = rows.integer(wanted.day); !m_sums || day != m_day) {
+            m_day = day; // mostly the same as in the row before
+            m_sums = &m_sumsByDay[day]; // an unordered map does not move its values
+            m_content = m_seals.contentOf(day);
+        }
+        try {
+            m_sums->income += rows.currency(wanted.income);
+            m_sums->expense += rows.currency(wanted.expense);
+        } catch (const CurrencyOverflow&) {
+            m_isTooLarge = true;
+        }
+        if (m_content)
+            m_content->add(movementIn(rows));
+    }
+
+    bool readDays()
+    {
+        m_days = readCashDays(m_book, m_proof.findings);
+        m_differences = openingDifferences(m_book);
+        return true;
+    }
+
+    void compareBalances()
+    {
+        const CashDayAudit audit = auditCashDays(std::move(m_days), m_sumsByDay, m_differences);
+        m_proof.days = static_cast<std::int64_t>(audit.days.size());
+        m_proof.wrongDays = std::count_if(audit.days.begin(), audit.days.end(), isWrong);
+        m_proof.findings.merge(findingsOf(audit));
+    }
+
+    Connection& m_book;
+    SealReading m_seals;
+    std::vector<std::function<bool(Deadline)>> m_steps;
+    std::size_t m_next = 0;
+    BalanceProof m_proof;
+    SumsByDay m_sumsByDay;
+    bool m_isTooLarge = false; ///< A sum is out of range.
+    std::vector<CashDayRow> m_days;
+    OpeningDifferences m_differences;
+    std::int64_t m_lastRow = std::numeric_limits<std::int64_t>::min();
+    std::int64_t m_day = 0; ///< Of that row; with its sums and, if it is sealed, its content.
+    DaySums* m_sums = nullptr;
+    ContentDigest* m_content = nullptr;
+};
+
+BalanceProof prove(Connection& book, const ProofPace& pace, ProofReading::Wanted wanted)
 {
-    const CashDayAudit audit =
-        auditCashDays(std::move(reading.days.rows), reading.movements.sums, reading.days.differences);
-    proof.days = static_cast<std::int64_t>(audit.days.size());
-    proof.wrongDays = std::count_if(audit.days.begin(), audit.days.end(), isWrong);
-    proof.findings.merge(findingsOf(audit));
+    std::unique_ptr<ProofReading> reading;
+    readInSlices(book, pace, [&]() -> ReadSlice {
+        reading = std::make_unique<ProofReading>(book, wanted);
+        return [&reading](Deadline deadline) { return reading->readOn(deadline); };
+    });
+    return reading->result();
 }
 
 } // namespace
@@ -207,18 +168,12 @@ bool BalanceProof::isProved() const
 
 BalanceProof proveBalances(Connection& main, const ProofPace& pace)
 {
-    Reading reading = readUndisturbed(main, pace);
-    BalanceProof proof;
-    proof.movements = reading.movements.rows;
-    proof.findings = std::move(reading.days.findings);
-    try {
-        if (reading.movements.isTooLarge)
-            throw CurrencyOverflow();
-        compare(proof, std::move(reading));
-    } catch (const CurrencyOverflow&) {
-        proof.findings.add({FindingKind::SumTooLarge});
-    }
-    return proof;
+    return prove(main, pace, ProofReading::Wanted::Balances);
+}
+
+BalanceProof proveBalancesAndSeals(Connection& book, const ProofPace& pace)
+{
+    return prove(book, pace, ProofReading::Wanted::BalancesAndSeals);
 }
 
 } // namespace lorvan

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "platform/engine/sliced_reading.h"
 #include "proof/book_findings.h"
-
-#include <chrono>
 
 namespace lorvan {
 
@@ -12,21 +11,16 @@ class Connection;
 struct BalanceProof {
     std::int64_t movements = 0;
     std::int64_t days = 0; ///< With a cash day, a movement or both.
-    std::int64_t wrongDays = 0; ///< Whose row is missing, repeated or wrong.
-    BookFindings findings; ///< Of the cash days alone.
+    std::int64_t wrongDays = 0; ///< Whose row is missing, repeated or wrong, or that are sealed and altered.
+    std::int64_t seals = 0;
+    BookFindings findings; ///< Of the cash days, the seals and the journal's chain alone.
 
     /// False also if the balances contain an amount that neither the movements nor a recorded opening difference
     /// explain.
     [[nodiscard]] bool isProved() const;
 };
 
-/// How a proof keeps out of the way of those who change the book.
-struct ProofPace {
-    std::chrono::milliseconds slice{40}; ///< After that long the lock is given back, with the row that is being read.
-    int hurried = 3; ///< So often it begins again at once after a change,
-    std::chrono::milliseconds quiet{60'000}; ///< then only when nothing was changed for that long.
-    std::chrono::milliseconds betweenLooks{1'000}; ///< While it waits for that.
-};
+using ProofPace = SlicePace;
 
 /// Reads all movements once, in the order in which they are stored, and compares their sums with the cash days (see
 /// auditCashDays(), which is not the code that carries balances). The book is read in slices, between which others may
@@ -35,5 +29,10 @@ struct ProofPace {
 ///
 /// Throws SqlError: of kind Interrupted if a StopCheck says no.
 [[nodiscard]] BalanceProof proveBalances(Connection& main, const ProofPace& pace = {});
+
+/// The same for `book`, which has both databases, and in the same reading both chains, of the seals and of the journal,
+/// and what each sealed day holds. What the journal tells of movements in open days, of codes and groups is left to
+/// auditTrail(). Throws the same.
+[[nodiscard]] BalanceProof proveBalancesAndSeals(Connection& book, const ProofPace& pace = {});
 
 } // namespace lorvan

@@ -68,7 +68,7 @@ void BalanceWatch::end(const BalanceProof& proof)
         Q_EMIT found(proof);
         return;
     }
-    const LastProof last{m_clock.now(), proof.movements, proof.days};
+    const LastProof last{m_clock.now(), proof.movements, proof.days, proof.seals};
     try {
         rememberProof(m_settings, m_book, last);
     } catch (const SettingsError&) {

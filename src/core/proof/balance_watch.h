@@ -10,7 +10,7 @@
 
 namespace lorvan {
 
-/// Decides when the balances of the open book are proved: once it may be written, a moment after that, and again
+/// Decides when balances and seals of the open book are proved: once it may be written, a moment after that, and again
 /// whenever it is asked to. A proof without findings is remembered in the user's settings.
 class BalanceWatch : public QObject {
     Q_OBJECT

@@ -32,13 +32,17 @@ std::optional<LastProof> lastProof(const SettingsStore& settings, const BookFile
     const QDateTime at = QDateTime::fromString(fields.first(), Qt::ISODate);
     if (!at.isValid())
         return std::nullopt;
-    return LastProof{at.toLocalTime(), fields.value(1).toLongLong(), fields.value(2).toLongLong()};
+    const auto number = [&fields](int place) { return fields.value(place).toLongLong(); };
+    return LastProof{at.toLocalTime(), number(1), number(2), number(3)};
 }
 
 void rememberProof(const SettingsStore& settings, const BookFiles& book, const LastProof& proof)
 {
-    const QString value =
-        QStringLiteral("%1 %2 %3").arg(proof.at.toUTC().toString(Qt::ISODate)).arg(proof.movements).arg(proof.days);
+    const QString value = QStringLiteral("%1 %2 %3 %4")
+                              .arg(proof.at.toUTC().toString(Qt::ISODate))
+                              .arg(proof.movements)
+                              .arg(proof.days)
+                              .arg(proof.seals);
     settings.write({{section, keyOf(book), value}});
 }
 

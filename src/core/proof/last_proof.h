@@ -9,11 +9,12 @@ namespace lorvan {
 class BookFiles;
 class SettingsStore;
 
-/// When this user's program last found the balances of a book proved.
+/// When this user's program last found balances and seals of a book proved.
 struct LastProof {
     QDateTime at;
     std::int64_t movements = 0;
     std::int64_t days = 0;
+    std::int64_t seals = 0;
 
     friend bool operator==(const LastProof&, const LastProof&) = default;
 };

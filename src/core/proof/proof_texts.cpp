@@ -62,10 +62,35 @@ QString openingText(const Finding& finding)
             amount < Currency() ? QStringLiteral("λιγότερα") : QStringLiteral("παραπάνω"));
 }
 
+QString sealedDayText(const Finding& finding)
+{
+    return QStringLiteral("Η σφραγισμένη ημέρα %1 άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση")
+        .arg(storedDayText(finding.day));
+}
+
+QString sealText(const Finding& finding)
+{
+    return QStringLiteral("Η σφραγίδα της %1 άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση")
+        .arg(storedDayText(finding.day));
+}
+
+QString sealWithoutJournalText(const Finding& finding)
+{
+    return QStringLiteral("Η εγγραφή της σφραγίδας της %1 λείπει από το ημερολόγιο").arg(storedDayText(finding.day));
+}
+
+QString journalText(const Finding& finding)
+{
+    return QStringLiteral("Το ημερολόγιο άλλαξε στην εγγραφή %1 από άλλο πρόγραμμα ή παλαιότερη έκδοση")
+        .arg(finding.key);
+}
+
 /// The most telling first.
 constexpr std::pair<Kind, QString (*)(const Finding&)> sentences[] = {{Kind::DayBalance, balanceText},
     {Kind::DaySums, sumsText}, {Kind::MissingDay, missingText}, {Kind::RepeatedDay, repeatedText},
-    {Kind::DayWithoutDate, withoutDateText}, {Kind::SumTooLarge, tooLargeText}, {Kind::OpeningNotKept, openingText}};
+    {Kind::DayWithoutDate, withoutDateText}, {Kind::SumTooLarge, tooLargeText}, {Kind::SealedDayAltered, sealedDayText},
+    {Kind::SealBroken, sealText}, {Kind::SealWithoutJournal, sealWithoutJournalText},
+    {Kind::JournalBroken, journalText}, {Kind::OpeningNotKept, openingText}};
 
 QString othersText(std::int64_t days)
 {
@@ -79,6 +104,9 @@ QString reasonOf(Kind kind)
     if (kind == Kind::OpeningNotKept)
         return QStringLiteral(
             "Αν το ποσό είναι υπόλοιπο ανοίγματος, η «Διόρθωση» το καταχωρίζει. Με κλικ φαίνονται όλα.");
+    if (kind >= Kind::JournalBroken)
+        return QStringLiteral("Το ημερολόγιο και οι σφραγίδες λένε άλλα από όσα έχει το βιβλίο. Με κλικ φαίνονται όλα"
+                              " όσα βρέθηκαν.");
     return QStringLiteral("Κάτι άλλαξε τις ημέρες του ταμείου χωρίς τις κινήσεις τους, ή το αντίθετο. Με κλικ φαίνονται"
                           " όλα όσα βρέθηκαν.");
 }
@@ -121,9 +149,10 @@ Notice correctedNotice(const std::vector<DayCorrection>& corrections)
 
 QString provedText(const LastProof& proof)
 {
-    return QStringLiteral("Τα υπόλοιπα συμφωνούν με τις κινήσεις: %1, %2. Ελέγχθηκαν στις %3.")
+    return QStringLiteral("Τα υπόλοιπα συμφωνούν με τις κινήσεις: %1, %2, %3. Ελέγχθηκαν στις %4.")
         .arg(counted(proof.movements, QStringLiteral("κίνηση"), QStringLiteral("κινήσεις")),
             counted(proof.days, QStringLiteral("ημέρα"), QStringLiteral("ημέρες")),
+            counted(proof.seals, QStringLiteral("σφραγίδα"), QStringLiteral("σφραγίδες")),
             dateText(proof.at.date()) + proof.at.toString(QStringLiteral(" HH:mm")));
 }
 

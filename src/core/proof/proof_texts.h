@@ -11,7 +11,7 @@
 namespace lorvan {
 
 /// What the line below the tabs says of a proof that found something: the first day whose balance is wrong and by how
-/// much, or else the first other finding, and how many more days there are. No value if the balances are proved.
+/// much, or else the first other finding, and how many more days there are. No value if balances and seals are proved.
 [[nodiscard]] std::optional<Notice> proofNotice(const BalanceProof& proof);
 
 /// What was corrected in a cash day that was shown: the stored and the new balance, or the sums where only they
@@ -20,7 +20,7 @@ namespace lorvan {
 /// The latest correction, and how many more there are; the reason lists all of them. There must be one.
 [[nodiscard]] Notice correctedNotice(const std::vector<DayCorrection>& corrections);
 
-/// When the balances were proved, and on how many movements and days.
+/// When balances and seals were proved, and on how many movements, days and seals.
 [[nodiscard]] QString provedText(const LastProof& proof);
 /// Why they could not be proved.
 [[nodiscard]] QString notProvedText(const QString& reason);

@@ -12,12 +12,11 @@
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
+#include "proof/seal_chain.h"
 
 #include <QJsonDocument>
 
 #include <algorithm>
-#include <map>
-#include <string>
 #include <utility>
 
 namespace lorvan {
@@ -28,24 +27,12 @@ QString compact(const QJsonObject& state)
     return QString::fromUtf8(QJsonDocument(state).toJson(QJsonDocument::Compact));
 }
 
-std::vector<DaySeal> allSeals(Connection& book)
-{
-    std::vector<DaySeal> seals;
-    if (!keepsSeals(book))
-        return seals;
-    std::string sql = "SELECT ";
-    auto rows = book.prepare(sql.append(sealColumns).append(" FROM seals ORDER BY id"));
-    while (rows.step())
-        seals.push_back(sealIn(rows));
-    return seals;
-}
-
 class Auditing {
 public:
     explicit Auditing(Connection& book)
         : m_book(book)
         , m_seals(allSeals(book))
-        , m_journal(auditJournal(book, wantedHashes()))
+        , m_journal(auditJournal(book, journalRowsOf(m_seals)))
     {
     }
 
@@ -54,9 +41,7 @@ public:
         m_audit.changes = m_journal.rows;
         m_audit.seals = static_cast<std::int64_t>(m_seals.size());
         m_audit.accepted = m_journal.accepted;
-        for (const std::int64_t row : m_journal.broken)
-            m_audit.faults.push_back({FindingKind::JournalBroken, row});
-        compareSeals();
+        m_audit.faults = brokenLinks(m_seals, m_journal);
         compareDays();
         compareMovements();
         compareCodes();
@@ -65,37 +50,9 @@ public:
     }
 
 private:
-    [[nodiscard]] std::set<QString> wantedHashes() const
-    {
-        std::set<QString> hashes;
-        for (const DaySeal& seal : m_seals)
-            hashes.insert(seal.journal);
-        return hashes;
-    }
-
-    void compareSeals()
-    {
-        const DaySeal* before = nullptr;
-        for (const DaySeal& seal : m_seals) {
-            const bool isNext = before ? seal.id == before->id + 1 && seal.previous == before->hash
-                                       : seal.id == 1 && seal.previous.isEmpty();
-            const bool isWhole = seal.hash == sealHash(seal) && seal.balanceHash == balanceHash(seal);
-            before = &seal;
-            if (m_journal.acceptedSeals.contains(seal.id))
-                continue;
-            if (!isNext || !isWhole)
-                m_audit.faults.push_back({FindingKind::SealBroken, seal.id, seal.day});
-            else if (m_journal.missing.contains(seal.journal))
-                m_audit.faults.push_back({FindingKind::SealWithoutJournal, seal.id, seal.day});
-        }
-    }
-
     void compareDays()
     {
-        std::map<std::int64_t, const DaySeal*> last;
-        for (const DaySeal& seal : m_seals)
-            last[seal.day] = &seal;
-        for (const auto& [day, seal] : last)
+        for (const auto& [day, seal] : lastSeals(m_seals))
             compareDay(*seal);
     }
 
@@ -242,12 +199,8 @@ void accept(Connection& book, const Authority& authority, const TrailFault& faul
 BookFindings TrailAudit::findings() const
 {
     BookFindings all;
-    for (const TrailFault& fault : faults) {
-        Finding finding{fault.kind};
-        finding.key = fault.key;
-        finding.day = fault.day;
-        all.add(std::move(finding));
-    }
+    for (const TrailFault& fault : faults)
+        all.add(findingOf(fault));
     for (const MovedCarry& carry : moved) {
         Finding finding{FindingKind::CarryMoved};
         finding.day = carry.day;

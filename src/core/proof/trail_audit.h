@@ -1,6 +1,6 @@
 #pragma once
 
-#include "proof/book_findings.h"
+#include "proof/seal_chain.h"
 
 #include <QDate>
 
@@ -11,13 +11,6 @@ namespace lorvan {
 
 class Authority;
 class Connection;
-
-/// Something that journal and seals contradict: it was changed by another program or an earlier release.
-struct TrailFault {
-    FindingKind kind; ///< From JournalBroken to GroupAltered.
-    std::int64_t key = 0; ///< The row's number: of the journal, the seal, the movement, the code or the group.
-    std::int64_t day = 0; ///< Of a seal or a movement, yyyymmdd; 0 if it is not known.
-};
 
 /// A day whose carried balance differs from the one that was printed with its seal, since an earlier day was changed.
 struct MovedCarry {

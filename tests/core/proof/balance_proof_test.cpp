@@ -1,3 +1,5 @@
+#include "cashbook/cash_book.h"
+#include "cashbook/journal_keeping.h"
 #include "platform/engine/sql_error.h"
 #include "platform/files/mount_table.h"
 #include "platform/files/settings_store.h"
@@ -5,6 +7,7 @@
 #include "proof/balance_proof.h"
 #include "proof/last_proof.h"
 #include "proof/proof_texts.h"
+#include "proof/trail_audit.h"
 #include "support/temporary_book.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +36,19 @@ BalanceProof proveBeside(Connection& main, int changes, const std::function<void
             change();
         return true;
     });
-    return proveBalances(main, smallSlices);
+    return main.knowsTable("seals") ? proveBalancesAndSeals(main, smallSlices) : proveBalances(main, smallSlices);
+}
+
+/// Movements on two sealed days and on an open one.
+void enterAndClose(Book& book)
+{
+    keepJournal(book.main(), book.auxiliary());
+    const Authority all = byAll();
+    CashBook cashBook(book, all);
+    for (int i = 0; i < 40; ++i)
+        (void)cashBook.insert(incomeOf(QDate(2024, 3, 1 + i % 3), cents(100)));
+    cashBook.close(QDate(2024, 3, 1));
+    cashBook.close(QDate(2024, 3, 2));
 }
 
 } // namespace
@@ -74,6 +89,52 @@ TEST(BalanceProof, tellsEachDamageInPlainWords)
             EXPECT_EQ(proof.movements, 60);
         }
     }
+}
+
+TEST(BalanceProof, tellsWhatSealsAndJournalContradict)
+{
+    struct Case {
+        const char* main;
+        const char* auxiliary;
+        const char* told;
+    };
+    for (const Case& each : {Case{"", "", ""},
+             {"UPDATE kinhseis SET perigrafh='x' WHERE aa IN (2, 4)", "",
+                 "Η σφραγισμένη ημέρα 01-03-2024 άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση, και 1 ακόμη ημέρα"},
+             {"", "DELETE FROM klhsimotameioy WHERE hmeraklhsimatos=20240302",
+                 "Η σφραγισμένη ημέρα 02-03-2024 άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση"},
+             {"", "UPDATE seals SET balance=1 WHERE id=2",
+                 "Η σφραγίδα της 02-03-2024 άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση"},
+             {"UPDATE journal SET user='x' WHERE id=20", "",
+                 "Το ημερολόγιο άλλαξε στην εγγραφή 20 από άλλο πρόγραμμα ή παλαιότερη έκδοση"},
+             {"DELETE FROM journal WHERE id=(SELECT max(id) FROM journal)", "",
+                 "Η εγγραφή της σφραγίδας της 02-03-2024 λείπει από το ημερολόγιο"}}) {
+        const TemporaryBook temporary;
+        Book book = temporary.open();
+        enterAndClose(book);
+        book.main().execute(each.main);
+        book.auxiliary().execute(each.auxiliary);
+        Connection both = book.openBoth();
+        for (const ProofPace& pace : {ProofPace(), smallSlices}) {
+            const BalanceProof proof = proveBalancesAndSeals(both, pace);
+            const auto notice = proofNotice(proof);
+            EXPECT_EQ(notice ? notice->text : QString(), each.told);
+            EXPECT_EQ(std::tuple(proof.movements, proof.days, proof.seals), std::tuple(40, 3, 2));
+        }
+        (void)acceptFaults(both, byAll());
+        EXPECT_TRUE(proveBalancesAndSeals(both).isProved()) << each.told;
+    }
+}
+
+TEST(BalanceProof, readsBothFilesInOneState)
+{
+    const TemporaryBook temporary;
+    Book book = temporary.open();
+    enterAndClose(book);
+    Connection both = book.openBoth();
+    const BalanceProof proof = proveBeside(both, 1, [&] { book.auxiliary().execute("DELETE FROM seals"); });
+    EXPECT_EQ(proof.seals, 0);
+    EXPECT_TRUE(proof.isProved());
 }
 
 TEST(BalanceProof, aCorrectionOfAMissingDayIsToldAsSuch)
@@ -125,8 +186,8 @@ TEST(LastProof, isRememberedForEachBookAndSparesANetwork)
     const SettingsStore settings(book.path("Lorvan.ini"));
     const QDateTime noon = fixedClock().now();
     EXPECT_EQ(lastProof(settings, book.files()), std::nullopt);
-    rememberProof(settings, book.files(), {noon, 1'234'567, 250});
-    EXPECT_EQ(lastProof(settings, book.files()), (LastProof{noon, 1'234'567, 250}));
+    rememberProof(settings, book.files(), {noon, 1'234'567, 250, 17});
+    EXPECT_EQ(lastProof(settings, book.files()), (LastProof{noon, 1'234'567, 250, 17}));
     EXPECT_EQ(lastProof(settings, other.files()), std::nullopt);
 
     const std::tuple<bool, std::optional<int>, bool> cases[] = {{false, {}, true}, {false, 1, true}, {true, {}, true},

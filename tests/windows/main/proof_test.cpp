@@ -45,9 +45,10 @@ constexpr auto damage = "UPDATE tameio SET ypoloipo=ypoloipo+400000 WHERE hmerom
 
 TEST_F(ProofTest, balancesAreProvedAfterTheStartAndAfterAClosing)
 {
+    book.close(yesterday);
     start(allRights);
-    ASSERT_TRUE(comesTrue([this] { return proofTip().contains("3 κινήσεις, 3 ημέρες"); }));
-    EXPECT_EQ(notice(), "");
+    ASSERT_TRUE(comesTrue([this] { return proofTip().contains("3 κινήσεις, 3 ημέρες, 1 σφραγίδα"); })) << "sealed late";
+    EXPECT_EQ(notice(), "Ανοικτές ημέρες: 1 (από 12-03-2024)");
     book.execute(damage);
     boxes.expect(okCancel(QMessageBox::Question, "Κλείσιμο ταμείου", "Να κλείσω το ταμείο;", QMessageBox::Ok));
     press(closeCash);

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "cashbook/day_seal.h"
+#include "journal/journal_audit.h"
+#include "proof/book_findings.h"
+
+#include <map>
+#include <set>
+#include <vector>
+
+namespace lorvan {
+
+/// Something that journal and seals contradict: it was changed by another program or an earlier release.
+struct TrailFault {
+    FindingKind kind; ///< From JournalBroken to GroupAltered.
+    std::int64_t key = 0; ///< The row's number: of the journal, the seal, the movement, the code or the group.
+    std::int64_t day = 0; ///< Of a seal or a movement, yyyymmdd; 0 if it is not known.
+};
+
+[[nodiscard]] Finding findingOf(const TrailFault& fault);
+
+/// The hashes of the journal's rows that the seals name.
+[[nodiscard]] std::set<QString> journalRowsOf(const std::vector<DaySeal>& seals);
+
+/// The last seal of each day, by the day. `seals` must stay as they are.
+[[nodiscard]] std::map<std::int64_t, const DaySeal*> lastSeals(const std::vector<DaySeal>& seals);
+
+/// Where the chains of the journal and of all seals are broken. The journal was audited for journalRowsOf() them.
+[[nodiscard]] std::vector<TrailFault> brokenLinks(const std::vector<DaySeal>& seals, const JournalAudit& journal);
+
+} // namespace lorvan
