@@ -4,6 +4,8 @@
 #include "book/book_files.h"
 #include "book/lock_trust.h"
 #include "platform/authority.h"
+#include "platform/engine/steady_reading.h"
+#include "platform/engine/transaction.h"
 
 #include <QStringList>
 
@@ -28,6 +30,17 @@ BookCheck checkOpenBook(const BookFiles& book, KeyRing& keys, const CheckProgres
     BookCheck content = checkContent(both, progress);
     content.findings.merge(check.findings);
     return content;
+}
+
+CodeAnswer answerFromOpenBook(const BookFiles& book, KeyRing& keys, const QString& typed)
+{
+    Connection both = openBoth(book, keys, Connection::Access::ReadOnly);
+    CodeAnswer answer;
+    readSteadily(both, [&] {
+        const Transaction reading(both, Transaction::View::Steady);
+        answer = answerForCode(both, typed);
+    });
+    return answer;
 }
 
 BookRepair repairOpenBook(

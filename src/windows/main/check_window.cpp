@@ -1,6 +1,7 @@
 #include "main/check_window.h"
 
 #include "controls/command_button.h"
+#include "controls/entry_field.h"
 #include "controls/guarded_window.h"
 #include "controls/plain_list.h"
 #include "look/focus_rules.h"
@@ -82,6 +83,9 @@ CheckWindow::CheckWindow(BookFiles book, KeyRing& keys, Authority authority, May
           this, ActionGate::Opened::OnItsOwn, [] {}, [this] { tellUnconfirmed(this); })
     , m_summary(new ThemedLabel({}, ColourRole::Text))
     , m_list(new PlainList(PlainList::Face::Desktop, this, RecordList::Moves::Select))
+    , m_code(new EntryField(TypingRule::Capitals))
+    , m_askCode(new CommandButton({}, QStringLiteral("Έλεγχος κωδικού")))
+    , m_answer(new ThemedLabel({}, ColourRole::Text))
     , m_check(new CommandButton(QStringLiteral("check"), QStringLiteral("Πλήρης έλεγχος")))
     , m_repair(new CommandButton(QStringLiteral("modify"), QStringLiteral("Διόρθωση")))
     , m_go(new CommandButton({}, QStringLiteral("Μετάβαση")))
@@ -93,6 +97,10 @@ CheckWindow::CheckWindow(BookFiles book, KeyRing& keys, Authority authority, May
     layOut();
     m_gate.connect(m_check, {}, [this] { runCheck(); });
     m_gate.connect(m_repair, {{}, [this] { return m_mayChange(this); }}, [this] { repair(); });
+    m_gate.connect(m_askCode, {}, [this] { askCode(); });
+    connect(m_code, &EntryField::left, this, [this] { // the window may be closing
+        QMetaObject::invokeMethod(this, &CheckWindow::answerCode, Qt::QueuedConnection);
+    });
     connect(m_go, &CommandButton::clicked, this, [this] { choose(m_list->currentIndex()); });
     connect(m_close, &CommandButton::clicked, this, &QDialog::reject);
     connect(m_list, &PlainList::opened, this, &CheckWindow::choose);
@@ -118,10 +126,34 @@ void CheckWindow::layOut()
     rows->addWidget(m_summary);
     rows->addWidget(m_list, 1);
     rows->addWidget(hint);
+    rows->addLayout(codeRow());
+    rows->addWidget(m_answer);
     rows->addLayout(commandRow());
-    chainTabOrder({m_list, m_go, m_repair, m_check, m_close});
+    chainTabOrder({m_list, m_code, m_askCode, m_go, m_repair, m_check, m_close});
     sizeWithin(this, firstSize);
     m_list->setFocus(Qt::OtherFocusReason);
+}
+
+QLayout* CheckWindow::codeRow()
+{
+    auto* const caption = new ThemedLabel(QStringLiteral("Κωδικός ελέγχου από χαρτί"), ColourRole::Text);
+    caption->setBuddy(m_code);
+    m_code->setObjectName(QStringLiteral("code"));
+    m_code->setAccessibleName(caption->text());
+    m_code->setPlaceholderText(QStringLiteral("K7QF-2M9T-XD"));
+    m_code->setFixedWidth(m_code->fontMetrics().horizontalAdvance(QStringLiteral("WWWW-WWWW-WWW")));
+    m_askCode->setObjectName(QStringLiteral("askCode"));
+    m_askCode->setToolTip(QStringLiteral("Λέει αν η ημέρα του κωδικού είναι όπως τυπώθηκε"));
+    m_answer->setObjectName(QStringLiteral("answer"));
+    m_answer->setWordWrap(true);
+    m_answer->setMinimumHeight(m_answer->fontMetrics().lineSpacing()); // nothing moves when one line comes
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(betweenControls);
+    row->addWidget(caption);
+    row->addWidget(m_code);
+    row->addWidget(m_askCode);
+    row->addStretch(1);
+    return row;
 }
 
 QLayout* CheckWindow::commandRow()
@@ -185,6 +217,20 @@ void CheckWindow::runCheck()
     }
     tell(QStringLiteral("Πλήρης έλεγχος του βιβλίου"), found.findings, linesOf(found));
     Q_EMIT checked();
+}
+
+void CheckWindow::answerCode()
+{
+    if (isVisible() && !m_code->text().trimmed().isEmpty() && m_code->text() != m_answered)
+        m_gate.run([this] { askCode(); });
+}
+
+void CheckWindow::askCode()
+{
+    m_answered = m_code->text();
+    const CodeAnswer answer = answerFromOpenBook(m_book, m_keys, m_answered);
+    m_answer->setRole(answer.verdict == CodeAnswer::Verdict::Altered ? ColourRole::Warning : ColourRole::Text);
+    m_answer->setText(answerText(answer));
 }
 
 bool CheckWindow::confirmRepair()

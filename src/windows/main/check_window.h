@@ -19,11 +19,13 @@ class QLayout;
 namespace lorvan {
 
 class CommandButton;
+class EntryField;
 class KeyRing;
 class PlainList;
+class ThemedLabel;
 
-/// The window "Έλεγχος": checks the book as the companion does, lists what was found, leads to the days concerned, and
-/// lets users who may change cash records repair the cash days.
+/// The window "Έλεγχος": checks the book as the companion does, lists what was found, leads to the days concerned, lets
+/// users who may change cash records repair the cash days, and says what the book knows of a check code on paper.
 class CheckWindow : public QDialog {
     Q_OBJECT
 
@@ -53,8 +55,12 @@ protected:
 
 private:
     void layOut();
+    QLayout* codeRow();
     QLayout* commandRow();
     void runCheck();
+    void askCode();
+    /// The code that was typed and has not been answered yet.
+    void answerCode();
     void repair();
     [[nodiscard]] bool confirmRepair();
     void tell(const QString& summary, const BookFindings& findings, const std::vector<CheckLine>& lines);
@@ -68,6 +74,10 @@ private:
     BackgroundRun m_run;
     QLabel* m_summary;
     PlainList* m_list;
+    EntryField* m_code;
+    CommandButton* m_askCode;
+    ThemedLabel* m_answer;
+    QString m_answered; ///< The text of the field that was answered last.
     CommandButton* m_check;
     CommandButton* m_repair;
     CommandButton* m_go;

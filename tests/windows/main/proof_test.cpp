@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QMenu>
 
 namespace lorvan::test {
 namespace {
@@ -54,6 +55,24 @@ TEST_F(ProofTest, balancesAreProvedAfterTheStartAndAfterAClosing)
     press(closeCash);
     EXPECT_TRUE(comesTrue([this] { return notice().startsWith(wrong); }));
     EXPECT_EQ(proofTip(), "");
+}
+
+TEST_F(ProofTest, aCodeFromPaperIsAnswered)
+{
+    start(allRights);
+    boxes.expect(okCancel(QMessageBox::Question, "Κλείσιμο ταμείου", "Να κλείσω το ταμείο;", QMessageBox::Ok));
+    press(closeCash);
+    const QString code = notice().right(12);
+    openCheck([&](const Driver& shown) {
+        shown.goTo(shown.find("code"));
+        shown.type(code.toLower() + '\n');
+        const QString answer = "Ο κωδικός " + code + " είναι της ημέρας 15-03-2024, έκδοση 1. ";
+        EXPECT_TRUE(comesTrue([&] { return shown.text("answer") == answer + "Η ημέρα είναι όπως τυπώθηκε."; }));
+        book.execute("UPDATE kinhseis SET esoda=7 WHERE hmeromhnia=20240315");
+        shown.click(shown.find("askCode"));
+        EXPECT_EQ(shown.text("answer"), answer + "Η ημέρα άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση.");
+        shown.click(shown.find("close"));
+    });
 }
 
 TEST_F(ProofTest, aFindingLeadsToItsDayAndToTheRepairOfThoseWhoMay)
