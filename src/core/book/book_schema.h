@@ -34,8 +34,8 @@ inline constexpr auto chequeCondition = "epitagh<>0";
 void createOwnTables(Connection& connection);
 
 /// Makes the indexes that a book made elsewhere may lack, and the program's own tables, adopting the opening balance.
-/// An index of any name counts as present if its first column and its condition are the wanted ones. If nothing is missing, it writes
-/// nothing and begins no transaction.
+/// An index of any name counts as present if its first column and its condition are the wanted ones. If nothing is
+/// missing, it writes nothing and begins no transaction.
 void ensureMainSchema(Connection& connection, const OpeningSteps& steps);
 void ensureAuxiliarySchema(Connection& connection);
 

@@ -19,9 +19,9 @@ struct StartDecision {
     QString trouble; ///< For RestoreUnfinished: the result of failureText().
 };
 
-/// Reads the path file in the program folder (see program_folder.h) and decides how the program starts. A path that is empty or a number
-/// counts as none; errors in reading and writing the path file are ignored. An interrupted restore of the book is
-/// finished first.
+/// Reads the path file in the program folder (see program_folder.h) and decides how the program starts. A path that is
+/// empty or a number counts as none; errors in reading and writing the path file are ignored. An interrupted restore of
+/// the book is finished first.
 [[nodiscard]] StartDecision decideStart(const QString& programFolder);
 
 } // namespace lorvan

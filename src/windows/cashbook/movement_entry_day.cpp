@@ -201,6 +201,15 @@ void MovementEntryPage::showLinesAgain(const DayView& view)
     m_list->verticalScrollBar()->setValue(scrolled);
 }
 
+std::optional<qint64> MovementEntryPage::chosenMovement() const
+{
+    if (m_loaded)
+        return m_loaded->movement.key;
+    const QModelIndex current = m_list->currentIndex();
+    const qint64 key = m_list->selectionModel()->isSelected(current) ? current.data(Qt::UserRole).toLongLong() : 0;
+    return window()->focusWidget() == m_list && key != 0 ? std::optional(key) : std::nullopt;
+}
+
 bool MovementEntryPage::selectLine(qint64 key)
 {
     const QModelIndex first = m_list->model()->index(0, 0);

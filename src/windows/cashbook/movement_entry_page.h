@@ -69,6 +69,9 @@ public:
     /// The code that the chooser has selected or whose number is typed into it; none if there is neither.
     [[nodiscard]] std::optional<qint32> chosenCode() const;
 
+    /// The key of the movement that is loaded, or else of the line that is selected while the day list has the focus.
+    [[nodiscard]] std::optional<qint64> chosenMovement() const;
+
     /// Reads the shown day again after a time in which another computer may have changed it; what the user has typed is
     /// kept. The box about a closed day is shown only if it was closed in the meantime.
     void lookAgain();

@@ -72,8 +72,8 @@ private:
     bool m_frameless = false;
 };
 
-/// A button for an action: it takes the action's name, is enabled and checked together with it and triggers it. The button's
-/// tooltip is the action's, its accessible name the action's text.
+/// A button for an action: it takes the action's name, is enabled and checked together with it and triggers it. The
+/// button's tooltip is the action's, its accessible name the action's text.
 class ActionButton : public CommandButton {
     Q_OBJECT
 

@@ -143,7 +143,7 @@ void JournalWindow::connectReader()
     });
 }
 
-void JournalWindow::present()
+void JournalWindow::present(const QString& subject)
 {
     const bool wasHidden = isHidden();
     show();
@@ -151,7 +151,10 @@ void JournalWindow::present()
     activateWindow();
     if (wasHidden)
         m_list->setFocus(Qt::OtherFocusReason);
-    readAgain();
+    if (subject.isEmpty())
+        readAgain();
+    else
+        m_filters->showSubject(subject);
 }
 
 void JournalWindow::readAgain()

@@ -32,8 +32,8 @@ public:
     JournalWindow(BookFiles files, KeyRing& keys, Clock clock, Print print, QWidget* parent);
     ~JournalWindow() override;
 
-    /// Shows the window, or brings it to the front, and reads what has been added.
-    void present();
+    /// Shows the window, or brings it to the front, and reads what has been added; with a subject only its own history.
+    void present(const QString& subject = {});
 
 protected:
     void hideEvent(QHideEvent* event) override;

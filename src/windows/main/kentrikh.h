@@ -56,7 +56,8 @@ public:
     /// True once the marker is released and the program is ending.
     [[nodiscard]] bool isClosed() const { return m_closed; }
 
-    /// Shows the window "Ιστορικό", or brings it to the front.
+    /// Shows the window "Ιστορικό", or brings it to the front: with the history of the movement that is chosen on the
+    /// cash page, if one is.
     void openHistory();
     /// Shows the window "Αναζήτηση", or brings it to the front.
     void openSearch();

@@ -1,3 +1,6 @@
+#include "cashbook/movement_entry_page.h"
+#include "controls/main_controls.h"
+#include "journal/journal.h"
 #include "journal/journal_window.h"
 #include "main/kentrikh.h"
 #include "reports/journal_report.h"
@@ -23,7 +26,8 @@ void Kentrikh::openHistory()
     };
     if (!m_history)
         m_history = std::make_unique<JournalWindow>(BookFiles(m_settings.dataFolder), m_keys, m_clock, print, this);
-    m_history->present();
+    const auto movement = m_tab == tab::cashBook ? m_entryPage->chosenMovement() : std::nullopt;
+    m_history->present(movement ? journal_subject::movement(*movement) : QString());
 }
 
 } // namespace lorvan

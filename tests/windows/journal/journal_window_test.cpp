@@ -96,6 +96,13 @@ TEST_F(JournalWindowTest, showsWhatDiffersNarrowsDownAndPrints)
     EXPECT_EQ(there().focusName(), "day");
     there().press(Qt::Key_Escape);
     EXPECT_FALSE(journal->isVisible());
+
+    waitForActive(window());
+    user().goTo(list());
+    list().setCurrentIndex(list().model()->index(2, 0));
+    open();
+    EXPECT_TRUE(state().startsWith("Φίλτρα: η ιστορία: ")) << state().toStdString();
+    EXPECT_EQ(rows("changes", 2), "Εισαγωγή κίνησης|Κίνηση 2: Κωδικός 100, Έσοδα 5,00, είσπραξη, 15-03-2024");
 }
 
 TEST_F(JournalWindowTest, readsOnePageMoreWhenTheUserReachesTheEnd)

@@ -3,6 +3,9 @@
 
 #include "book/version.h"
 #include "codes/omada_kvdikvn.h"
+#include "figures/card_window.h"
+#include "figures/picture_window.h"
+#include "help/help_window.h"
 #include "journal/journal_window.h"
 #include "main/check_window.h"
 #include "main/open_days_list.h"
@@ -84,6 +87,9 @@ TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
     found += captionsIn(ProgressWindow({"Εκτύπωση", "Διαβάζονται οι κινήσεις", "Γραμμές"}, nullptr));
     found += captionsIn(SaveDialog("Αποθήκευση", {{"Έγγραφο PDF (*.pdf)", "pdf"}}, nullptr));
     found += captionsIn(JournalWindow(book.files(), testKeys(), fixedClock(), {}, nullptr));
+    found += captionsIn(PictureWindow(book.files(), testKeys(), fixedClock(), {}, nullptr));
+    found += captionsIn(CardWindow(book.files(), testKeys(), nullptr));
+    found += captionsIn(HelpWindow([](QWidget*) {}, nullptr));
     EXPECT_EQ(found.toStdString(), readFile(QT_TESTCASE_SOURCEDIR "/windows/main/captions.txt").toStdString());
 
     for (const char* const label : {"Label3D1(0)", "Label3D1(1)", "Label3D1(3)"}) {
