@@ -5,13 +5,10 @@
 
 #include <QStringList>
 
+#include <iterator>
+
 namespace lorvan {
 namespace {
-
-QString countText(std::size_t others)
-{
-    return others == 1 ? QStringLiteral("  (και 1 ακόμη)") : QStringLiteral("  (και %1 ακόμη)").arg(others);
-}
 
 /// " από τις 10:35", preceded by the day if that is not today; empty for a time unknown or in the future.
 QString sinceText(const QDateTime& since, const QDateTime& now)
@@ -32,7 +29,6 @@ Notice NoticeBoard::shown() const
     Notice first = m_notices.begin()->second;
     if (m_notices.size() == 1)
         return first;
-    first.text += countText(m_notices.size() - 1);
     QStringList all;
     for (const auto& [kind, notice] : m_notices)
         all += notice.reason.isEmpty() ? notice.text : notice.text + u'\n' + notice.reason;
@@ -43,6 +39,18 @@ Notice NoticeBoard::shown() const
 std::optional<NoticeKind> NoticeBoard::shownKind() const
 {
     return m_notices.empty() ? std::nullopt : std::optional(m_notices.begin()->first);
+}
+
+std::vector<std::pair<NoticeKind, Notice>> NoticeBoard::others() const
+{
+    if (m_notices.empty())
+        return {};
+    return {std::next(m_notices.begin()), m_notices.end()};
+}
+
+QString othersText(std::size_t count)
+{
+    return QStringLiteral("και %1 ακόμη").arg(count);
 }
 
 Notice dayClosedNotice(QDate day, const QString& checkCode)

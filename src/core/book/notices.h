@@ -7,6 +7,8 @@
 
 #include <map>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace lorvan {
 
@@ -41,14 +43,20 @@ public:
     void put(NoticeKind kind, Notice notice) { m_notices.insert_or_assign(kind, std::move(notice)); }
     void remove(NoticeKind kind) { m_notices.erase(kind); }
 
-    /// The most urgent notice, which also says how many others there are; its reason lists all of them, each with its
-    /// own reason. The text is empty if there is no notice.
+    /// The most urgent notice; its reason lists all of them, each with its own reason. The text is empty if there is no
+    /// notice.
     [[nodiscard]] Notice shown() const;
     [[nodiscard]] std::optional<NoticeKind> shownKind() const;
+    [[nodiscard]] bool has(NoticeKind kind) const { return m_notices.contains(kind); }
+    /// All but the most urgent one, the next one first.
+    [[nodiscard]] std::vector<std::pair<NoticeKind, Notice>> others() const;
 
 private:
     std::map<NoticeKind, Notice> m_notices;
 };
+
+/// How many notices are behind the shown one: "και 2 ακόμη".
+[[nodiscard]] QString othersText(std::size_t count);
 
 /// "Η ημέρα 21-11-2026 έκλεισε", followed by the check code of its seal, if it has one.
 [[nodiscard]] Notice dayClosedNotice(QDate day, const QString& checkCode);

@@ -34,8 +34,7 @@ void Kentrikh::connectUndo()
 {
     connect(m_entryPage, &MovementEntryPage::stored, this, &Kentrikh::takeUp);
     connect(m_codesPage, &CodesPage::stored, this, &Kentrikh::takeUp);
-    connect(m_notices.undoButton(), &CommandButton::clicked, this,
-        [this] { m_gate.run([this] { undo(UndoStep::Undo); }); });
+    connect(&m_notices, &MainNotices::undoWanted, this, [this] { m_gate.run([this] { undo(UndoStep::Undo); }); });
     const auto add = [this](QKeyCombination keys, UndoStep step) {
         auto* const shortcut = new QShortcut(keys, this);
         shortcut->setAutoRepeat(false);

@@ -4,10 +4,13 @@
 #include "book/book_files.h"
 #include "controls/command_button.h"
 #include "controls/notice_line.h"
+#include "look/message_window.h"
 #include "platform/files/folder.h"
 #include "proof/proof_texts.h"
 
+#include <QAction>
 #include <QHBoxLayout>
+#include <QMenu>
 
 #include <chrono>
 
@@ -26,6 +29,8 @@ MainNotices::MainNotices(const QString& dataFolder, const UsageMarker& marker, C
     , m_clock(std::move(clock))
     , m_watch(BookFiles(dataFolder).usageMarker())
     , m_line(new NoticeLine(QStringLiteral("notices"), window))
+    , m_others(new CommandButton({}, {}, window))
+    , m_othersMenu(new QMenu(m_others))
     , m_sheet(new CommandButton({}, QStringLiteral("Φύλλο κλεισίματος"), window))
     , m_row(new QHBoxLayout)
     , m_undo(new CommandButton(QStringLiteral("undo"), {}))
@@ -36,6 +41,14 @@ MainNotices::MainNotices(const QString& dataFolder, const UsageMarker& marker, C
     m_line->setButton(m_undo);
     m_undoStands.setSingleShot(true);
     connect(&m_undoStands, &QTimer::timeout, this, &MainNotices::forgetUndo);
+    connect(m_undo, &CommandButton::clicked, this, &MainNotices::undoWanted);
+    m_others->setObjectName(QStringLiteral("otherNotices"));
+    m_others->setToolTip(QStringLiteral("Όσα άλλα υπάρχουν για το βιβλίο"));
+    m_others->setFrameless(true);
+    m_others->setFocusPolicy(Qt::NoFocus); // what they lead to is in the tools menu, or has a key
+    m_others->setFixedHeight(m_line->sizeHint().height());
+    m_others->hide();
+    connect(m_others, &CommandButton::clicked, this, &MainNotices::listOthers);
     m_sheet->setObjectName(QStringLiteral("closingSheet"));
     m_sheet->setToolTip(QStringLiteral("Ετοιμάζει το φύλλο κλεισίματος της ημέρας"));
     m_sheet->setFocusPolicy(Qt::NoFocus); // the sheet is in the tools menu too
@@ -44,6 +57,7 @@ MainNotices::MainNotices(const QString& dataFolder, const UsageMarker& marker, C
     connect(m_sheet, &CommandButton::clicked, this, &MainNotices::sheetWanted);
     m_row->setContentsMargins(0, 0, besideButton, 0);
     m_row->addWidget(m_line, 1);
+    m_row->addWidget(m_others, 0, Qt::AlignBottom);
     m_row->addWidget(m_sheet, 0, Qt::AlignBottom);
     m_closedStands.setSingleShot(true);
     connect(&m_closedStands, &QTimer::timeout, this, &MainNotices::actionBegins);
@@ -150,10 +164,38 @@ void MainNotices::tellOpenDays(const OpenDays& open)
 void MainNotices::show()
 {
     const Notice notice = m_board.shown();
-    m_sheet->setVisible(m_board.shownKind() == NoticeKind::DayClosed);
+    const std::size_t others = m_board.others().size();
+    if (others > 0)
+        m_others->setCaption(othersText(others));
+    m_others->setVisible(others > 0);
+    m_sheet->setVisible(m_board.has(NoticeKind::DayClosed));
     m_line->setLeadsOn(notice.leadsOn);
     m_line->showButton(m_offersUndo && m_board.shownKind() == NoticeKind::Undo);
     m_line->tell(notice.text, notice.reason, notice.isWarning ? ColourRole::Warning : ColourRole::Text);
+}
+
+void MainNotices::listOthers()
+{
+    m_othersMenu->clear();
+    for (const auto& [kind, notice] : m_board.others()) {
+        const QAction* const entry = m_othersMenu->addAction(QString(notice.text).replace(u'&', QStringLiteral("&&")));
+        connect(entry, &QAction::triggered, this, [this, kind = kind, notice = notice] { act(kind, notice); });
+    }
+    m_othersMenu->popup(m_others->mapToGlobal(QPoint(0, m_others->height())));
+}
+
+/// What a click on it would do if it were shown; where that is nothing, its reason is told.
+void MainNotices::act(NoticeKind kind, const Notice& notice)
+{
+    if (notice.leadsOn)
+        Q_EMIT followed(kind);
+    else if (kind == NoticeKind::DayClosed)
+        Q_EMIT sheetWanted();
+    else if (kind == NoticeKind::Undo && m_offersUndo)
+        Q_EMIT undoWanted();
+    else
+        showMessage(
+            m_others->window(), QMessageBox::Information, QStringLiteral("Ειδοποίηση"), notice.text, notice.reason);
 }
 
 } // namespace lorvan

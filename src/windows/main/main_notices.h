@@ -10,6 +10,7 @@
 #include <QTimer>
 
 class QHBoxLayout;
+class QMenu;
 
 namespace lorvan {
 
@@ -25,7 +26,8 @@ public:
     /// The line belongs to the window; the marker must outlive the object.
     MainNotices(const QString& dataFolder, const UsageMarker& marker, Clock clock, QWidget* window);
 
-    /// The line, and the button that appears beside it while it tells of a closing: it offers the closing sheet.
+    /// The line, the button that lists the notices behind the shown one, and the button that offers the closing sheet
+    /// while there is a notice of a closing.
     [[nodiscard]] QHBoxLayout* row() const { return m_row; }
 
     /// Says in which way the book's folder is not reliable.
@@ -51,7 +53,6 @@ public:
     /// What can be undone, or has just been: shown for 20 seconds. With a name, the button is offered, to undo that.
     void tellUndo(const Notice& notice, const QString& offered);
     void forgetUndo() { remove(NoticeKind::Undo); }
-    [[nodiscard]] CommandButton* undoButton() const { return m_undo; }
 
     /// Shown for ten seconds, or until actionBegins(), in place of what can be undone.
     void dayClosed(const ClosedDay& closed);
@@ -62,6 +63,7 @@ public:
 
 Q_SIGNALS:
     void followed(lorvan::NoticeKind kind); ///< The user clicked on a notice that leads on.
+    void undoWanted(); ///< The last change, by the button or the list.
     void sheetWanted(); ///< The closing sheet of the day that was closed.
 
 private:
@@ -69,12 +71,16 @@ private:
     void put(NoticeKind kind, const Notice& notice);
     void remove(NoticeKind kind);
     void show();
+    void listOthers();
+    void act(NoticeKind kind, const Notice& notice);
 
     QString m_dataFolder;
     const UsageMarker& m_marker;
     Clock m_clock;
     MarkerWatch m_watch;
     NoticeLine* m_line;
+    CommandButton* m_others;
+    QMenu* m_othersMenu;
     CommandButton* m_sheet;
     QHBoxLayout* m_row;
     NoticeBoard m_board;

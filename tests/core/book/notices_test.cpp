@@ -5,7 +5,7 @@
 
 namespace lorvan::test {
 
-TEST(NoticeBoard, theMostUrgentIsShownAndTheOthersAreCounted)
+TEST(NoticeBoard, theMostUrgentIsShownAndTheOthersFollow)
 {
     using enum NoticeKind;
     const auto saying = [](const char* text) { return Notice{text, "because"}; };
@@ -21,13 +21,15 @@ TEST(NoticeBoard, theMostUrgentIsShownAndTheOthersAreCounted)
     board.put(HeldByAnother, saying("held"));
     board.put(DayCorrected, saying("corrected"));
     board.put(BalancesWrong, saying("wrong"));
-    const std::pair<NoticeKind, const char*> inOrder[] = {{BalancesWrong, "wrong  (και 8 ακόμη)"},
-        {DayCorrected, "corrected  (και 7 ακόμη)"}, {HeldByAnother, "held  (και 6 ακόμη)"},
-        {LocksKeepNobodyOut, "locks  (και 5 ακόμη)"}, {DiskIsWeak, "disk  (και 4 ακόμη)"},
-        {BackupFailed, "backup  (και 3 ακόμη)"}, {Undo, "undo  (και 2 ακόμη)"}, {DayClosed, "closed  (και 1 ακόμη)"},
-        {OpenDays, "open"}};
-    for (const auto& [kind, text] : inOrder) {
+    const std::pair<NoticeKind, const char*> inOrder[] = {{BalancesWrong, "wrong"}, {DayCorrected, "corrected"},
+        {HeldByAnother, "held"}, {LocksKeepNobodyOut, "locks"}, {DiskIsWeak, "disk"}, {BackupFailed, "backup"},
+        {Undo, "undo"}, {DayClosed, "closed"}, {OpenDays, "open"}};
+    for (std::size_t left = std::size(inOrder); const auto& [kind, text] : inOrder) {
         EXPECT_EQ(board.shown().text, text);
+        ASSERT_EQ(board.others().size(), --left);
+        if (left > 0) {
+            EXPECT_EQ(board.others().front().first, inOrder[std::size(inOrder) - left].first);
+        }
         EXPECT_EQ(board.shownKind(), kind);
         EXPECT_EQ(board.shown().isWarning, kind < Undo);
         EXPECT_EQ(board.shown().leadsOn, kind == OpenDays);

@@ -55,6 +55,22 @@ TEST_F(ProofTest, balancesAreProvedAfterTheStartAndAfterAClosing)
     press(closeCash);
     EXPECT_TRUE(comesTrue([this] { return notice().startsWith(wrong); }));
     EXPECT_EQ(proofTip(), "");
+
+    bool wasAsked = false;
+    boxes.whenShown("count", [&wasAsked](QWidget& shown) {
+        wasAsked = true;
+        Driver(shown).press(Qt::Key_Escape);
+    });
+    auto& others = user().find("otherNotices");
+    user().click(others);
+    auto* const menu = others.findChild<QMenu*>();
+    const auto entries = menu->actions();
+    ASSERT_EQ(entries.size(), 2);
+    EXPECT_TRUE(entries[0]->text().startsWith("Η ημέρα 15-03-2024 έκλεισε")) << entries[0]->text();
+    EXPECT_EQ(entries[1]->text(), "Ανοικτές ημέρες: 1 (από 12-03-2024)");
+    menu->close();
+    entries[0]->trigger();
+    EXPECT_TRUE(comesTrue([&wasAsked] { return wasAsked; })) << "the closing sheet";
 }
 
 TEST_F(ProofTest, aCodeFromPaperIsAnswered)
