@@ -2,6 +2,7 @@
 #include "book/usage_marker.h"
 #include "cashbook/cash_book.h"
 #include "cashbook/cash_closing.h"
+#include "cashbook/undo_list.h"
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
 #include "durability/stored_state.h"
@@ -145,25 +146,30 @@ TEST_F(PowerCutTest, changesOfTheBook)
     KeyRing keys(bookPassword());
     Book open(BookFiles(book), keys, Connection::Access::ReadWrite);
     CashBook cashBook(open, byAll());
+    UndoList undo(open, byAll());
     const QString longText(3000, u'ω');
     const qint64 code = listCodes(open.main(), CodeSelection::All).front().row;
-    cutDuring({
-                  [&] { (void)cashBook.insert(incomeOf(today, cents(5))); },
-                  [&] { (void)cashBook.insert(expenseOf(today.addDays(-2), cents(7), longText)); },
-                  [&] { (void)cashBook.modify(3, incomeOf(today, cents(4), longText)); },
-                  [&] { cashBook.close(today.addDays(-2)); },
-                  [&] { (void)cashBook.insert(incomeOf(today.addDays(-2), cents(3))); }, // seals it again
-                  [&] { (void)cashBook.remove(5); },
-                  [&] {
-                      Connection both = open.openBoth();
-                      addUser(both, byAll(), "Νίκος", "άλλος", {});
-                  },
-                  [&] {
-                      (void)modifyCode(open.main(), byAll(), code, {"101", "Νέα", {}}, 1);
-                  },
-                  [&] { (void)renameGroup(open.main(), byAll(), 1, "Έσοδα"); },
-                  [&] { (void)cashBook.insert(expenseOf(today.addDays(1), cents(5))); },
-              },
+    cutDuring(
+        {
+            [&] { (void)cashBook.insert(incomeOf(today, cents(5))); },
+            [&] { (void)cashBook.insert(expenseOf(today.addDays(-2), cents(7), longText)); },
+            [&] { (void)cashBook.modify(3, incomeOf(today, cents(4), longText)); },
+            [&] { cashBook.close(today.addDays(-2)); },
+            [&] { (void)cashBook.insert(incomeOf(today.addDays(-2), cents(3))); }, // seals it again
+            [&] { (void)cashBook.remove(5); },
+            [&] { undo.add(std::get<ChangedDay>(cashBook.insert(expenseOf(today.addDays(-2), cents(9)))).change); },
+            [&] { EXPECT_EQ(undo.take(UndoStep::Undo).value().refusal, ""); }, // in the sealed day
+            [&] { EXPECT_EQ(undo.take(UndoStep::Redo).value().refusal, ""); },
+            [&] {
+                Connection both = open.openBoth();
+                addUser(both, byAll(), "Νίκος", "άλλος", {});
+            },
+            [&] {
+                (void)modifyCode(open.main(), byAll(), code, {"101", "Νέα", {}}, 1);
+            },
+            [&] { (void)renameGroup(open.main(), byAll(), 1, "Έσοδα"); },
+            [&] { (void)cashBook.insert(expenseOf(today.addDays(1), cents(5))); },
+        },
         bookBelow, 36);
 }
 

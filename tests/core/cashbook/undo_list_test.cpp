@@ -1,5 +1,7 @@
 #include "cashbook/undo_list.h"
 
+#include "cashbook/day_seal.h"
+#include "proof/trail_audit.h"
 #include "support/files.h"
 #include "support/temporary_book.h"
 
@@ -98,6 +100,25 @@ TEST_F(UndoListTest, everyKindOfChangeIsTakenBackAndMadeAgainToTheLastColumn)
     ASSERT_EQ(refusalOf(UndoStep::Undo), "");
     insert();
     EXPECT_FALSE(list.take(UndoStep::Redo)) << "a new change has come between";
+}
+
+TEST_F(UndoListTest, aSealedDayIsSealedAgainWithEachStep)
+{
+    const Authority who = byAll();
+    CashBook all(open, who);
+    UndoList mine(open, who);
+    all.close(monday);
+    mine.add(std::get<ChangedDay>(all.modify(1, incomeOf(monday, cents(7)))).change);
+    const auto lastSeal = [this] { return lastSealOf(open.auxiliary(), monday).value(); };
+    const QString changed = lastSeal().content;
+    for (std::int64_t version = 3; version < 6; ++version) {
+        const bool isUndo = version % 2 != 0;
+        EXPECT_EQ(mine.take(isUndo ? UndoStep::Undo : UndoStep::Redo).value().refusal, "");
+        EXPECT_EQ(lastSeal().version, version);
+        EXPECT_EQ(lastSeal().content == changed, !isUndo);
+    }
+    Connection both = open.openBoth();
+    EXPECT_TRUE(auditTrail(both).findings().isInOrder());
 }
 
 TEST_F(UndoListTest, whatIsNoLongerAsTheSessionLeftItStaysAndIsSaid)
