@@ -98,7 +98,7 @@ void SearchReadings::addTerm(const SearchQuery& query, std::size_t term)
 
 void SearchReadings::addChoice(QWidget* group, std::size_t term, SearchReading reading, const QString& what)
 {
-    auto* const button = new CommandButton({}, what, group);
+    auto* const button = new CommandButton({}, what + QStringLiteral(": 0"), group); // about as wide as it will be
     button->setSmall(true);
     const bool isMeaning = reading == SearchReading::Meaning;
     button->setObjectName((isMeaning ? QStringLiteral("meaning(%1)") : QStringLiteral("words(%1)")).arg(term));
