@@ -4,6 +4,8 @@
 #include "book/book_recovery.h"
 #include "book/program_folder.h"
 #include "controls/guarded_window.h"
+#include "controls/key_binding.h"
+#include "help/help_window.h"
 #include "look/message_window.h"
 #include "look/theme.h"
 #include "main/kentrikh.h"
@@ -108,11 +110,17 @@ void Program::showSignIn()
     m_login = std::make_unique<Login>(files, m_keys, m_clock);
     connect(m_login.get(), &Login::signedIn, this, &Program::openMainWindow);
     connect(m_login.get(), &Login::abandoned, this, &Program::end);
+    bindKeys(KeyUse::Manual, m_login.get(), Qt::WindowShortcut, [this] {
+        if (!m_help)
+            m_help = std::make_unique<HelpWindow>(HelpWindow::Print(), m_login.get());
+        m_help->present(QStringLiteral("Είσοδος"));
+    });
     m_login->show();
 }
 
 void Program::openMainWindow(const UserSession& session)
 {
+    m_help.reset();
     m_login->hide();
     const StopCheck stop(isWanted);
     try {

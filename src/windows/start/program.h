@@ -13,6 +13,7 @@
 
 namespace lorvan {
 
+class HelpWindow;
 class Kentrikh;
 class Login;
 
@@ -45,6 +46,7 @@ private:
     DataFolderSettings m_settings;
     KeyRing m_keys;
     std::unique_ptr<Login> m_login;
+    std::unique_ptr<HelpWindow> m_help; ///< At the sign-in; a child of that window.
     std::unique_ptr<Kentrikh> m_mainWindow;
 };
 

@@ -3,6 +3,7 @@
 #include "reports/cheque_report.h"
 #include "reports/code_list_report.h"
 #include "reports/daily_cash_report.h"
+#include "reports/report_building.h"
 #include "reports/report_omissions.h"
 #include "reports/unclosed_days_report.h"
 #include "support/temporary_book.h"
@@ -176,6 +177,25 @@ TEST(UnclosedDaysReport, listsTheDaysBetweenClosedOnes)
             told += omission.lines;
         EXPECT_EQ(told, hidden) << from << " to " << to;
     }
+}
+
+TEST(Reports, areSavedUnderTheirTitleAndWhatTheyCover)
+{
+    const ReportInputs inputs = period(QDate(2024, 3, 1), QDate(2024, 3, 15));
+    const struct {
+        Report report;
+        const char* title;
+        const char* name;
+    } cases[] = {
+        {Report::DailyCash, " Ταμείο ημέρας", "Ταμείο ημέρας 15-03-2024"},
+        {Report::CashAnalysis, " Ανάλυση ταμείου ημέρας ", "Ανάλυση ταμείου ημέρας 01-03-2024"},
+        {Report::CodeList, " Κωδικοί κίνησης ", "Κωδικοί κίνησης"},
+        {Report::CashSummary, " Συνοπτικό ταμείο από ... εως", "Συνοπτικό ταμείο 01-03-2024 έως 15-03-2024"},
+        {Report::UnclosedDays, " Ταμεία που δεν έχουν κλήσει !",
+            "Ταμεία που δεν έχουν κλήσει 01-03-2024 έως 15-03-2024"},
+    };
+    for (const auto& [report, title, name] : cases)
+        EXPECT_EQ(suggestedFileName({report, title, inputs}), name);
 }
 
 TEST(Reports, numberOnBeyondSixteenBitsAndCanBeGivenUp)

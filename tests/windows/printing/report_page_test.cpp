@@ -76,6 +76,7 @@ TEST_F(PrintingPageTest, digitsChooseAndWhatDoesNotCountIsQuiet)
         for (const int index : {periodStart, periodEnd}) {
             const auto& field = dynamic_cast<EntryField&>(user().field(index));
             EXPECT_EQ(field.isQuiet(), hint != both && hint != (index == periodStart ? first : second)) << report;
+            EXPECT_EQ(field.isQuiet(), !field.accessibleDescription().isEmpty()) << report;
             EXPECT_TRUE(field.isEnabled() && !field.isReadOnly());
         }
     }
