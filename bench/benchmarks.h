@@ -17,6 +17,14 @@ namespace lorvan::bench {
 /// balances.
 [[nodiscard]] std::vector<Comparison> checkBenchmarks(const BookFiles& files);
 
+/// Makes a book of that many movements whose closed days are sealed, a hundred in one transaction, and prints how long
+/// another program had to wait meanwhile; with or without a row in the journal for each movement. One that is there is
+/// used as it is.
+void ensureSealedBook(const BookFiles& files, int movements, bool isJournalled);
+
+/// The proof of balances, seals and journal, on a book made for it.
+[[nodiscard]] std::vector<Comparison> sealBenchmarks(const BookFiles& files);
+
 /// Makes a book of a million movements, half of them of the one code that is moved; one that is there is used as it is.
 void ensureCodesBook(const BookFiles& files);
 

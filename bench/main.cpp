@@ -1,9 +1,10 @@
 // Measures what a user waits for against the least that the database engine needs, on books of three sizes.
 //
-//   lorvan-bench [FOLDER [MOVEMENTS|codes...]]
+//   lorvan-bench [FOLDER [MOVEMENTS|codes|sealed|journalled...]]
 //
-// "codes" stands for a book of its own, on which a much used code is moved into another group.
-// The books are made in FOLDER (default: lorvan-bench in TMPDIR) where they are missing, and kept.
+// "codes" stands for a book of its own, on which a much used code is moved into another group; "sealed" and
+// "journalled" for books of a million movements whose days are sealed, without and with a row in the journal for each
+// movement. The books are made in FOLDER (default: lorvan-bench in TMPDIR) where they are missing, and kept.
 
 #include "benchmarks.h"
 #include "book_generator.h"
@@ -41,16 +42,27 @@ void measureCodes(const QString& folder)
     printAll(QStringLiteral("codes"), codeBenchmarks(files));
 }
 
+void measureSeals(const QString& folder, const QString& name)
+{
+    constexpr int million = 1'000'000;
+    const BookFiles files(folder + u'/' + name);
+    ensureSealedBook(files, million, name == QStringLiteral("journalled"));
+    printAll(name, sealBenchmarks(files));
+}
+
 void run(const QStringList& arguments)
 {
     const QString folder = arguments.value(1, QDir::tempPath() + QStringLiteral("/lorvan-bench"));
     QStringList sizes = arguments.mid(2);
     if (sizes.isEmpty())
-        sizes = {QStringLiteral("10000"), QStringLiteral("100000"), QStringLiteral("1000000"), QStringLiteral("codes")};
+        sizes = {QStringLiteral("10000"), QStringLiteral("100000"), QStringLiteral("1000000"), QStringLiteral("codes"),
+            QStringLiteral("sealed"), QStringLiteral("journalled")};
     printHeading();
     for (const QString& size : sizes) {
         if (size == QStringLiteral("codes"))
             measureCodes(folder);
+        else if (size == QStringLiteral("sealed") || size == QStringLiteral("journalled"))
+            measureSeals(folder, size);
         else
             measureBook(folder, size.toInt());
     }
