@@ -23,6 +23,9 @@ std::vector<KeyEntry> mainWindowKeys()
         listed(MainWindow, QStringLiteral("Ctrl+PgUp Ctrl+PgDown"), QStringLiteral("άλλη καρτέλα")),
         listed(MainWindow, QStringLiteral("Ctrl+Z"), QStringLiteral("αναίρεση")),
         listed(MainWindow, QStringLiteral("Ctrl+Y Ctrl+Shift+Z"), QStringLiteral("ξανά ό,τι αναιρέθηκε")),
+        listed(MainWindow, QStringLiteral("Ctrl+F"), QStringLiteral("αναζήτηση σε όλες τις κινήσεις")),
+        listed(MainWindow, QStringLiteral("Alt+Left"),
+            QStringLiteral("πίσω στο παράθυρο από όπου πήγατε σε μια κίνηση ή ημέρα")),
         listed(MainWindow, QStringLiteral("Ctrl+H"), QStringLiteral("ιστορικό")),
         entry(KeyUse::Picture, MainWindow, QStringLiteral("Ctrl+G"), QStringLiteral("η εικόνα του βιβλίου")),
         entry(KeyUse::Card, MainWindow, QStringLiteral("Ctrl+K"), QStringLiteral("η καρτέλα του κωδικού")),
@@ -83,6 +86,13 @@ std::vector<KeyEntry> reportKeys()
         listed(History, QStringLiteral("Ctrl+P"), QStringLiteral("προεπισκόπηση όσων ταιριάζουν στα φίλτρα")),
         listed(History, QStringLiteral("F5"), QStringLiteral("διαβάζει ξανά")),
         listed(History, QStringLiteral("Esc"), QStringLiteral("κλείνει το παράθυρο")),
+        listed(Search, QStringLiteral("Return"), QStringLiteral("στη λίστα· εκεί, στην ημέρα της κίνησης")),
+        listed(Search, QStringLiteral("Ctrl+D"), QStringLiteral("αντιγράφει την κίνηση σε μια νέα")),
+        listed(Search, QStringLiteral("Ctrl+Shift+D"), QStringLiteral("την αντιγράφει σε μια νέα σημερινή κίνηση")),
+        listed(Search, QStringLiteral("Alt+Down"), QStringLiteral("οι τελευταίες αναζητήσεις")),
+        listed(Search, QStringLiteral("Ctrl+P"), QStringLiteral("προεπισκόπηση όσων βρέθηκαν")),
+        listed(Search, QStringLiteral("F5"), QStringLiteral("ψάχνει ξανά")),
+        listed(Search, QStringLiteral("Esc"), QStringLiteral("κλείνει το παράθυρο")),
     };
 }
 
@@ -103,6 +113,7 @@ KeyPlace around(KeyPlace place)
     case KeyPlace::MainWindow:
     case KeyPlace::Preview:
     case KeyPlace::History:
+    case KeyPlace::Search:
         break;
     }
     return place;
@@ -169,6 +180,8 @@ QString keyPlaceText(KeyPlace place)
         return QStringLiteral("Στην προεπισκόπηση");
     case KeyPlace::History:
         return QStringLiteral("Στο ιστορικό");
+    case KeyPlace::Search:
+        return QStringLiteral("Στην αναζήτηση");
     }
     return {};
 }

@@ -19,6 +19,7 @@ enum class KeyPlace {
     PrintingPage,
     Preview,
     History,
+    Search,
 };
 
 /// What a key does. Those that the program looks up by name; all others are Listed.
