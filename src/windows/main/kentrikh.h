@@ -73,6 +73,11 @@ public:
     /// while a movement is loaded, or where a field is refused, everything stays as it is.
     void showMovement(QDate day, std::optional<qint64> key, QWidget* from);
 
+    enum class CopyDay { Shown, Today };
+    /// Copies a movement into the entry of a day, in place of the window `from`, which hides; Alt+Left leads back as
+    /// above. Stores nothing.
+    void copyMovement(qint64 key, CopyDay copyDay, QWidget* from);
+
     /// Closes the window without a question, whatever was typed.
     void end();
 
@@ -129,6 +134,7 @@ private:
     void addBackKey();
     /// Tells the user over the window that asks when a movement is loaded, which keeps its day on screen.
     [[nodiscard]] bool mayLeaveDay(QWidget* asking);
+    [[nodiscard]] bool leaveFor(QDate day, QWidget* from);
     void goToMovement(QDate day, std::optional<qint64> key, QWidget* from);
     void goBack();
     void printClosingSheet(QDate day);

@@ -1,4 +1,5 @@
 #include "cashbook/movement_entry_page.h"
+#include "cashbook/movement_store.h"
 #include "controls/main_controls.h"
 #include "look/message_window.h"
 #include "main/kentrikh.h"
@@ -13,6 +14,7 @@ namespace {
 constexpr std::size_t mostOrigins = 20;
 
 const QString attention = QStringLiteral("Προσοχή");
+const QString isGone = QStringLiteral("Η κίνηση δεν υπάρχει πια.");
 
 } // namespace
 
@@ -38,21 +40,41 @@ void Kentrikh::showMovement(QDate day, std::optional<qint64> key, QWidget* from)
     m_gate.runWindow([this, from] { return mayLeaveDay(from); }, [=, this] { goToMovement(day, key, from); });
 }
 
+void Kentrikh::copyMovement(qint64 key, CopyDay copyDay, QWidget* from)
+{
+    m_gate.runWindow([this] { return settle(); },
+        [=, this] {
+            const auto movement = findMovement(m_book.main(), key);
+            const QDate day = copyDay == CopyDay::Today ? m_clock.today() : m_entryPage->day();
+            if (!movement)
+                showMessage(from, QMessageBox::Information, attention, isGone);
+            else if (leaveFor(day, from))
+                m_entryPage->copyIntoEntry(*movement, day);
+        });
+}
+
 /// On another page the tab is changed first, with the checks of that page.
-void Kentrikh::goToMovement(QDate day, std::optional<qint64> key, QWidget* from)
+bool Kentrikh::leaveFor(QDate day, QWidget* from)
 {
     m_band->tabs()->setCurrentIndex(tab::cashBook);
     if (m_tab != tab::cashBook || m_closed || !m_entryPage->leaveAll() || m_closed)
-        return;
+        return false;
     if (m_origins.size() == mostOrigins)
         m_origins.erase(m_origins.begin());
     m_origins.push_back({from, m_entryPage->day(), day});
     from->hide();
     activateWindow();
+    return true;
+}
+
+void Kentrikh::goToMovement(QDate day, std::optional<qint64> key, QWidget* from)
+{
+    if (!leaveFor(day, from))
+        return;
     if (!key)
         m_entryPage->goTo(day);
     else if (!m_entryPage->showMovement(day, *key))
-        showMessage(this, QMessageBox::Information, attention, QStringLiteral("Η κίνηση δεν υπάρχει πια."));
+        showMessage(this, QMessageBox::Information, attention, isGone);
 }
 
 /// The day that was shown before comes back only if the user has not gone on to another one.

@@ -16,6 +16,9 @@ void Kentrikh::addSearchKey()
 void Kentrikh::openSearch()
 {
     const auto show = [this](QDate day, qint64 key, QWidget* window) { showMovement(day, key, window); };
+    const auto copy = [this](qint64 key, bool toToday, QWidget* window) {
+        copyMovement(key, toToday ? CopyDay::Today : CopyDay::Shown, window);
+    };
     const auto print = [this](const SearchQuery& query, QWidget* window) {
         const auto build = [query, heading = m_settings.heading](
                                const BookFiles& files, KeyRing& keys, const ReportProgress& progress) {
@@ -25,7 +28,7 @@ void Kentrikh::openSearch()
     };
     if (!m_search)
         m_search = std::make_unique<SearchWindow>(
-            BookFiles(m_settings.dataFolder), m_keys, m_clock, SearchWindow::Requests{show, print}, this);
+            BookFiles(m_settings.dataFolder), m_keys, m_clock, SearchWindow::Requests{show, copy, print}, this);
     m_search->present();
 }
 

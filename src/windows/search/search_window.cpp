@@ -2,6 +2,7 @@
 
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
+#include "controls/key_binding.h"
 #include "controls/table_list.h"
 #include "look/focus_rules.h"
 #include "look/remembered_size.h"
@@ -152,6 +153,8 @@ void SearchWindow::connectCommands()
     add(QKeySequence::Refresh, m_again);
     add(QKeySequence::Print, m_printing);
     add(QKeySequence(Qt::ALT | Qt::Key_Down), m_recent);
+    bindKeys(KeyUse::Copy, m_list, Qt::WidgetShortcut, [this] { copyMovement(false); });
+    bindKeys(KeyUse::CopyToToday, m_list, Qt::WidgetShortcut, [this] { copyMovement(true); });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, &SearchWindow::present);
 }
 

@@ -31,6 +31,8 @@ public:
     /// What the window asks for; `window` is this one.
     struct Requests {
         std::function<void(QDate day, qint64 key, QWidget* window)> show; ///< A movement on its day.
+        /// Into the entry of the shown day, or of today.
+        std::function<void(qint64 key, bool toToday, QWidget* window)> copy;
         std::function<void(const SearchQuery& query, QWidget* window)> print;
     };
 
@@ -72,6 +74,7 @@ private:
     [[nodiscard]] bool keyInList(const QKeyEvent& event);
     void goIntoList();
     void goToMovement();
+    void copyMovement(bool toToday);
     void print();
     void offerRecent();
     void remember();

@@ -65,6 +65,15 @@ void SearchWindow::goToMovement()
     m_requests.show(dateFromStored(hit.day), hit.key, this);
 }
 
+void SearchWindow::copyMovement(bool toToday)
+{
+    const QModelIndex current = m_list->currentIndex();
+    if (!current.isValid())
+        return;
+    remember();
+    m_requests.copy(m_model->hit(current.row()).key, toToday, this);
+}
+
 void SearchWindow::print()
 {
     remember();

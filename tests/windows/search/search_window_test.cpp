@@ -91,6 +91,11 @@ TEST_F(SearchWindowTest, findsAsIsTypedAndLeadsToTheMovementAndBack)
     EXPECT_EQ(found().currentIndex().row(), 0);
     EXPECT_EQ(there().find<QLineEdit>("text").text(), "νερο");
     EXPECT_EQ(user().field(date).text(), "15-03-2024");
+    there().press(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_FALSE(search->isVisible());
+    EXPECT_EQ(entry(), "0 | 30,00 | 0 | ΕΞΟΔΑ ΝΕΡΟΥ | 200 Προμήθειες");
+    user().press(Qt::Key_Left, Qt::AltModifier);
+    waitForActive(*search);
     there().press(Qt::Key_Escape);
     EXPECT_FALSE(search->isVisible());
     EXPECT_EQ(RecentSearches().list().value(0), "νερο");
