@@ -17,6 +17,7 @@
 #include "printing/analysh_frm.h"
 #include "printing/epilogh_omadvn.h"
 #include "printing/option_question.h"
+#include "search/search_window.h"
 #include "start/fr_ervthsh_update.h"
 
 #include <QAccessible>
@@ -87,6 +88,7 @@ TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
     found += captionsIn(ProgressWindow({"Εκτύπωση", "Διαβάζονται οι κινήσεις", "Γραμμές"}, nullptr));
     found += captionsIn(SaveDialog("Αποθήκευση", {{"Έγγραφο PDF (*.pdf)", "pdf"}}, nullptr));
     found += captionsIn(JournalWindow(book.files(), testKeys(), fixedClock(), {}, nullptr));
+    found += captionsIn(SearchWindow(book.files(), testKeys(), fixedClock(), {}, nullptr));
     found += captionsIn(PictureWindow(book.files(), testKeys(), fixedClock(), {}, nullptr));
     found += captionsIn(CardWindow(book.files(), testKeys(), nullptr));
     found += captionsIn(HelpWindow([](QWidget*) {}, nullptr));
