@@ -21,12 +21,11 @@ const std::vector<std::pair<KeyUse, DayStep>> stepsInFields{{KeyUse::PreviousCas
 const std::vector<std::pair<KeyUse, DayStep>> stepsInList{{KeyUse::ListPreviousCashDay, DayStep::PreviousCashDay},
     {KeyUse::ListNextCashDay, DayStep::NextCashDay}, {KeyUse::Today, DayStep::Today}};
 
-std::vector<KeyUse> usesOf(const std::vector<std::pair<KeyUse, DayStep>>& steps)
+std::vector<KeyUse> usesOf(const std::vector<std::pair<KeyUse, DayStep>>& steps, std::vector<KeyUse> others)
 {
-    std::vector<KeyUse> uses;
     for (const auto& [use, step] : steps)
-        uses.push_back(use);
-    return uses;
+        others.push_back(use);
+    return others;
 }
 
 } // namespace
@@ -39,10 +38,9 @@ DayKeys::DayKeys(EntryField* date, CodeChooser* chooser, DayList* list, QObject*
 {
     for (QObject* const field : std::initializer_list<QObject*>{date, chooser, list})
         field->installEventFilter(this);
-    showKeysInTip(date, usesOf(stepsInFields));
-    std::vector<KeyUse> usesInList = usesOf(stepsInList);
-    usesInList.insert(usesInList.end(), {KeyUse::Copy, KeyUse::CopyToToday});
-    showKeysInTip(list, usesInList);
+    showKeysInTip(date, usesOf(stepsInFields, {KeyUse::PreviewDay}));
+    showKeysInTip(chooser, usesOf(stepsInFields, {KeyUse::GoToDayList}));
+    showKeysInTip(list, usesOf(stepsInList, {KeyUse::OpenLine, KeyUse::Copy, KeyUse::CopyToToday}));
 }
 
 bool DayKeys::eventFilter(QObject* watched, QEvent* event)
@@ -59,6 +57,10 @@ bool DayKeys::take(QObject* watched, const QKeyEvent& event)
             Q_EMIT stepAsked(step);
             return true;
         }
+    }
+    if (watched == m_date && asksFor(event, KeyUse::OpenCalendar)) {
+        Q_EMIT calendarAsked();
+        return true;
     }
     if (watched == m_chooser && asksFor(event, KeyUse::GoToDayList)) {
         Q_EMIT listAsked();

@@ -25,6 +25,7 @@ public:
 
 Q_SIGNALS:
     void stepAsked(lorvan::DayStep step);
+    void calendarAsked();
     void listAsked(); ///< Up in the empty code.
 
 private:

@@ -5,6 +5,7 @@
 #include "controls/code_chooser.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
+#include "controls/key_binding.h"
 #include "controls/label3d.h"
 #include "controls/main_controls.h"
 #include "controls/state_plate.h"
@@ -54,6 +55,13 @@ void MovementEntryPage::createControls()
     m_date = m_texts.add(field::date, new EntryField(TypingRule::Date, this));
     m_date->setType(1.2, QFont::DemiBold);
     m_date->setAccessibleName(QStringLiteral("Ημερομηνία"));
+    m_calendar = new CommandButton(QStringLiteral("calendar"), {}, this);
+    m_calendar->setObjectName(QStringLiteral("calendar"));
+    m_calendar->setAccessibleName(QStringLiteral("Ημερολόγιο"));
+    m_calendar->setToolTip(m_calendar->accessibleName());
+    m_calendar->setFrameless(true);
+    m_calendar->setFocusPolicy(Qt::NoFocus); // the Tab key goes on as ever; a key of the date opens it too
+    showKeyInTip(m_calendar, KeyUse::OpenCalendar);
     m_weekday = new ThemedLabel({}, ColourRole::PageText, 1.2, QFont::Normal, this);
     m_weekday->setObjectName(QStringLiteral("Label1(0)"));
     m_state = new StatePlate(QStringLiteral("Ταμείο ανοικτό"), QStringLiteral("Ταμείο κλειστό"), this);
@@ -129,7 +137,11 @@ QLayout* MovementEntryPage::dayRow()
     row->setSpacing(10);
     m_date->setFixedWidth(dateWidth);
     m_weekday->setFixedWidth(widestWeekday(m_weekday->fontMetrics()));
-    row->addWidget(m_date);
+    auto* const dateRow = new QHBoxLayout;
+    dateRow->setSpacing(2);
+    dateRow->addWidget(m_date);
+    dateRow->addWidget(m_calendar);
+    row->addLayout(dateRow);
     row->addWidget(m_weekday);
     row->addWidget(m_state);
     row->addStretch(1);

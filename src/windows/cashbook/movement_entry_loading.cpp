@@ -43,6 +43,13 @@ void MovementEntryPage::addKeys()
         [this] { m_gate.runQuick([this] { copyLine(m_clock.today()); }); });
     auto* const dayKeys = new DayKeys(m_date, m_chooser, m_list, this);
     connect(dayKeys, &DayKeys::stepAsked, this, m_gate.quick(this, &MovementEntryPage::step));
+    connect(dayKeys, &DayKeys::calendarAsked, this, m_gate.quick(this, &MovementEntryPage::openCalendar));
+    connect(m_calendar, &CommandButton::clicked, this, m_gate.quick(this, &MovementEntryPage::openCalendar));
+    for (const int index : {field::income, field::expense, field::memorandum}) {
+        bindKeys(KeyUse::OpenTape, m_fields.field(index), Qt::WidgetShortcut,
+            [this, index] { m_gate.runQuick([this, index] { openTape(index); }); });
+        showKeysInTip(m_fields.field(index), {KeyUse::OpenTape});
+    }
     connect(dayKeys, &DayKeys::listAsked, this, &MovementEntryPage::goToList);
 }
 
@@ -165,6 +172,7 @@ void MovementEntryPage::setLoaded(const std::optional<Movement>& movement)
         m_commands[index]->setVisible(movement.has_value());
     m_commands[command::insertMovement]->setLook(movement ? Look::Outlined : Look::Solid);
     m_date->setEnabled(!movement);
+    m_calendar->setEnabled(!movement);
     setTabOrders();
 }
 

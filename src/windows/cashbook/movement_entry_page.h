@@ -167,6 +167,8 @@ private:
     void releaseChanged();
     void addKeys();
     void goToList();
+    void openCalendar();
+    void openTape(int index);
     void copyLine(QDate day);
     [[nodiscard]] std::optional<CopyRefusal> copyRefusal(const std::optional<MovementCode>& code, QDate day) const;
     void sayBelowList(const QString& text);
@@ -186,6 +188,7 @@ private:
     ControlArray<EntryField> m_texts;
     ControlArray<CommandButton> m_commands;
     EntryField* m_date = nullptr;
+    CommandButton* m_calendar = nullptr;
     QLabel* m_weekday = nullptr;
     StatePlate* m_state = nullptr;
     CodeChooser* m_chooser = nullptr;

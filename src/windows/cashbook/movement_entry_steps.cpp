@@ -1,10 +1,14 @@
 #include "book/book.h"
+#include "cashbook/day_calendar.h"
 #include "cashbook/day_list.h"
 #include "cashbook/movement_entry_page.h"
+#include "cashbook/tape_window.h"
 #include "controls/code_chooser.h"
 #include "controls/entry_field.h"
+#include "controls/guarded_window.h"
 #include "controls/main_controls.h"
 #include "look/focus_rules.h"
+#include "platform/amount_text.h"
 #include "platform/date_text.h"
 
 namespace lorvan {
@@ -50,6 +54,39 @@ void MovementEntryPage::changeDay(QDate day)
     const bool keepsFocus = asking == m_list || (asking == m_date && !m_chooser->currentText().isEmpty());
     if (keepsFocus && !m_isRefused)
         asking->setFocus(Qt::OtherFocusReason);
+}
+
+/// What is being typed into the date counts for nothing when a day is chosen.
+void MovementEntryPage::openCalendar()
+{
+    if (m_loaded || !settle())
+        return;
+    const auto read = [this](QDate first, QDate last) {
+        std::vector<CalendarDay> days;
+        guarded(window(), [&] { days = calendarDays(m_book.main(), m_book.auxiliary(), first, last); });
+        return days;
+    };
+    auto* const calendar = new DayCalendar(m_day, m_clock.today(), read, window());
+    connect(calendar, &DayCalendar::chosen, this, [this](QDate day) {
+        m_gate.runQuick([this, day] {
+            if (!m_loaded)
+                changeDay(day);
+        });
+    });
+    calendar->openAt(*m_date);
+}
+
+void MovementEntryPage::openTape(int index)
+{
+    EntryField* const amount = m_fields.field(index);
+    const EntryContent::Amount shown{amount->text(), {}};
+    TapeWindow tape(shown.isZero() ? QString() : amount->text(), window());
+    if (tape.exec() != QDialog::Accepted)
+        return;
+    amount->selectAll();
+    amount->insert(amountOrZeroText(tape.sum())); // as if typed
+    amount->setFocus(Qt::OtherFocusReason);
+    amount->selectAll();
 }
 
 void MovementEntryPage::copyLine(QDate day)

@@ -1,5 +1,7 @@
 #include "windows/main_window_test.h"
 
+#include <QPlainTextEdit>
+
 namespace lorvan::test {
 namespace {
 
@@ -168,6 +170,48 @@ TEST_F(KeysTest, theShownDayIsPreviewedAndPrintedOnlyByAnotherPressOfTheKey)
     send(QTest::Release);
     send(QTest::Press);
     EXPECT_EQ(printed, 1);
+}
+
+TEST_F(KeysTest, theTapePutsItsSumIntoTheFieldOnceEveryLineIsAnAmount)
+{
+    start();
+    typeMovement("100", "λάδι", "10");
+    user().goTo(user().field(income));
+    boxes.whenShown("tape", [](QWidget& window) {
+        waitForActive(window);
+        const Driver tape(window);
+        const auto& lines = tape.find<QPlainTextEdit>("tapeLines");
+        tape.press(Qt::Key_End); // the simulated key after one that opens a window is lost
+        tape.type("5.5-2+x");
+        EXPECT_EQ(lines.toPlainText(), "10,00\n5,5\n-2\nx");
+        tape.press(Qt::Key_F3);
+        EXPECT_EQ(tape.text("tapeRefusal"), "Η γραμμή 4 δεν είναι ποσό.");
+        EXPECT_EQ(lines.toPlainText(), "10,00\n5,5\n-2\nx");
+        EXPECT_EQ(lines.extraSelections().size(), 1);
+        tape.press(Qt::Key_Delete);
+        tape.press(Qt::Key_Return);
+        window.close(); // whatever has happened
+    });
+    user().press(Qt::Key_F3);
+    EXPECT_EQ(entry(), "13,50 | 0 | 0 | ΛΆΔΙ | 100 Λιανική");
+    EXPECT_EQ(user().focusName(), "Text1(2)");
+}
+
+TEST_F(KeysTest, theCalendarLeadsToADayByItsKeys)
+{
+    start();
+    user().goTo(user().field(date));
+    user().press(Qt::Key_F4);
+    auto& grid = user().find("monthGrid");
+    EXPECT_EQ(grid.accessibleName(), "Παρασκευή 15-03-2024\nΧωρίς κινήσεις");
+    for (const Qt::Key key : {Qt::Key_PageUp, Qt::Key_Home})
+        QTest::keyClick(&grid, key);
+    EXPECT_EQ(grid.accessibleName(), "Πέμπτη 01-02-2024\nΥπόλοιπο 1,00");
+    QTest::keyClick(&grid, Qt::Key_Return);
+    expectDay("01-02-2024", "DBCombo1", "chosen");
+    EXPECT_TRUE(comesTrue([this] { return !window().findChild<QWidget*>("monthGrid"); }));
+    user().doubleClickRow(list(), 1);
+    EXPECT_FALSE(user().find("calendar").isEnabled());
 }
 
 } // namespace lorvan::test

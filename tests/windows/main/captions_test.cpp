@@ -2,6 +2,8 @@
 #include "windows/program_run.h"
 
 #include "book/version.h"
+#include "cashbook/day_calendar.h"
+#include "cashbook/tape_window.h"
 #include "codes/omada_kvdikvn.h"
 #include "figures/card_window.h"
 #include "figures/picture_window.h"
@@ -92,6 +94,10 @@ TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
     found += captionsIn(PictureWindow(book.files(), testKeys(), fixedClock(), {}, nullptr));
     found += captionsIn(CardWindow(book.files(), testKeys(), nullptr));
     found += captionsIn(HelpWindow([](QWidget*) {}, nullptr));
+    found += captionsIn(TapeWindow({}, nullptr));
+    const QDate day(2024, 3, 15);
+    found += captionsIn(DayCalendar(
+        day, day, [](QDate, QDate) { return std::vector<CalendarDay>(); }, nullptr));
     EXPECT_EQ(found.toStdString(), readFile(QT_TESTCASE_SOURCEDIR "/windows/main/captions.txt").toStdString());
 
     for (const char* const label : {"Label3D1(0)", "Label3D1(1)", "Label3D1(3)"}) {
