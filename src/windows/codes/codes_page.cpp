@@ -8,8 +8,11 @@
 #include "controls/list_reader.h"
 #include "controls/main_controls.h"
 #include "controls/plain_list.h"
+#include "controls/row_filter_field.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
+
+#include <QLineEdit>
 
 #include <algorithm>
 
@@ -77,6 +80,7 @@ void CodesPage::start()
     const bool mayModify = m_authority.has(Right::ModifyCodes);
     m_reader->setReading(!mayModify);
     clearFields();
+    m_filterField->clear();
     m_selected.reset();
     setOffered(false);
     refillGroups();
@@ -97,6 +101,7 @@ void CodesPage::refill()
 {
     m_lists[Codes]->setRows(rowsOf(listCodes(m_book.main(), CodeSelection::All)));
     selectCode(m_selected);
+    m_filter->apply();
     showCodesOfGroup(m_listedGroup);
 }
 

@@ -13,7 +13,9 @@
 
 class QCheckBox;
 class QGroupBox;
+class QHBoxLayout;
 class QLayout;
+class QLineEdit;
 class QModelIndex;
 
 namespace lorvan {
@@ -23,6 +25,7 @@ class CommandButton;
 class EntryField;
 class ListReader;
 class PlainList;
+class RowFilterField;
 
 /// The codes page: its panel `Panel1(2)` has the codes of movements and the groups they belong to. A click on a code
 /// shows it, a double click allows modifying and removing it; a double click on a group puts the group into the fields.
@@ -71,6 +74,7 @@ private:
     CommandButton* addCommand(
         int index, const QString& icon, const QString& text, const QString& tip, int captionIndex);
     PlainList* addList(int index, const QString& name, const QString& tip);
+    void addFilter(QHBoxLayout& heading);
     void setTabOrders();
     void connectLists();
 
@@ -102,6 +106,8 @@ private:
     ControlArray<EntryField> m_fields;
     ControlArray<CommandButton> m_commands;
     ControlArray<PlainList> m_lists;
+    QLineEdit* m_filterField = nullptr;
+    RowFilterField* m_filter = nullptr; ///< Of the list of codes.
     QCheckBox* m_income;
     QCheckBox* m_active;
     std::vector<CodeGroup> m_groups;

@@ -1,6 +1,7 @@
 #include "controls/choice_list.h"
 
 #include "controls/command_button.h"
+#include "controls/row_filter_field.h"
 #include "controls/tick_list.h"
 #include "look/focus_rules.h"
 #include "look/themed_label.h"
@@ -39,6 +40,7 @@ ChoiceList::ChoiceList(PlainList::Face face, const ChoiceTexts& texts, QWidget* 
     , m_texts(texts)
     , m_list(new TickList(face, this))
     , m_field(new QLineEdit(this))
+    , m_filter(new RowFilterField(m_field, m_list))
     , m_count(new ThemedLabel(QString(), ColourRole::Muted, 0.9))
 {
     m_list->setAccessibleName(texts.heading);
@@ -131,7 +133,7 @@ bool ChoiceList::eventFilter(QObject* watched, QEvent* event)
     if (isField && event->type() == QEvent::FocusIn)
         m_list->setCurrentMarked(true);
     if (isField && event->type() == QEvent::FocusOut && isRealFocusChange(static_cast<QFocusEvent*>(event)->reason()))
-        endSearch();
+        m_list->setCurrentMarked(false);
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     const auto& key = static_cast<const QKeyEvent&>(*event);
@@ -155,7 +157,7 @@ bool ChoiceList::takeFieldKey(const QKeyEvent& event)
     else if (isEnter(event))
         toggleFound();
     else if (event.key() == Qt::Key_Escape)
-        m_list->setFocus(Qt::OtherFocusReason);
+        leaveSearch();
     else
         return false;
     return true;
@@ -214,11 +216,11 @@ void ChoiceList::goTo(int row)
     m_list->scrollTo(m_list->currentIndex());
 }
 
-void ChoiceList::endSearch()
+void ChoiceList::leaveSearch()
 {
     m_field->clear();
-    m_list->setCurrentMarked(false);
     showCount();
+    m_list->setFocus(Qt::OtherFocusReason);
 }
 
 void ChoiceList::toggleFound()
@@ -235,9 +237,18 @@ void ChoiceList::toggleFound()
 void ChoiceList::chooseAll(bool chosen)
 {
     if (chosen)
-        m_list->selectAll();
+        chooseShown();
     else
         m_list->clearSelection();
+    m_filter->apply();
+}
+
+void ChoiceList::chooseShown()
+{
+    for (int row = 0; row < m_list->model()->rowCount(); ++row) {
+        if (!m_list->isRowHidden(row))
+            m_list->selectionModel()->select(m_list->model()->index(row, 0), QItemSelectionModel::Select);
+    }
 }
 
 void ChoiceList::showCount()

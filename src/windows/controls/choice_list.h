@@ -10,6 +10,7 @@ class QLineEdit;
 namespace lorvan {
 
 class CommandButton;
+class RowFilterField;
 class ThemedLabel;
 class TickList;
 
@@ -24,10 +25,10 @@ struct ChoiceTexts {
 };
 
 /// A list with a heading from whose many rows several can be chosen. What is typed into the field beside the heading,
-/// or into the list, finds the first row with a word that begins with it, or else the first row that contains it,
-/// without regard to letter case and accents. In the field, the arrow keys move to the next or previous match, Enter
-/// toggles it and Escape returns to the list. Rows never change their order. Below the list are the number of chosen
-/// rows and buttons for all and none.
+/// or into the list, hides the rows that do not match, but no chosen one, and finds the first row with a word that
+/// begins with it, or else the first row that contains it, without regard to letter case and accents. In the field, the
+/// arrow keys move to the next or previous match, Enter toggles it, and Escape empties the field and returns to the
+/// list. Rows never change their order. Below the list are the number of chosen rows and buttons for all and none.
 class ChoiceList : public QWidget {
     Q_OBJECT
 
@@ -62,14 +63,16 @@ private:
     void findNext(int step);
     [[nodiscard]] int rowWith(const QString& text, int first, int step) const;
     void goTo(int row);
-    void endSearch();
+    void leaveSearch();
     void toggleFound();
     void chooseAll(bool chosen);
+    void chooseShown();
     void showCount();
 
     const ChoiceTexts m_texts;
     TickList* m_list;
     QLineEdit* m_field;
+    RowFilterField* m_filter;
     ThemedLabel* m_count;
     CommandButton* m_all = nullptr;
     CommandButton* m_none = nullptr;

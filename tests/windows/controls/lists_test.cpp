@@ -195,6 +195,23 @@ TEST(ChoiceList, isSearchedAndChosenFromByTyping)
         EXPECT_EQ(count->text(), text);
         EXPECT_EQ(QApplication::focusWidget(), field);
     }
+    const auto shown = [&] {
+        QStringList rows;
+        for (int row = 0; row < 4; ++row)
+            rows += choice->list()->isRowHidden(row) ? QString() : QString::number(row);
+        return rows.join(QString());
+    };
+    QTest::keyClicks(field, "30");
+    EXPECT_EQ(shown(), "123") << "chosen rows stay";
+    choice->findChild<QAbstractButton*>("chooseNone(1)")->click();
+    EXPECT_EQ(shown(), "3");
+    choice->findChild<QAbstractButton*>("chooseAll(1)")->click();
+    EXPECT_EQ(choice->chosenData(), std::vector<qint64>{300});
+    choice->list()->setFocus();
+    EXPECT_EQ(shown(), "3") << "also for a click into the list";
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_EQ(shown(), "0123");
+    field->setFocus();
     const int width = choice->minimumSizeHint().width();
     QTest::keyClicks(field, QString(200, u'x'));
     EXPECT_TRUE(count->text().startsWith("Δεν βρέθηκε: xx"));

@@ -226,7 +226,7 @@ TEST_F(MainWindowLooks, theTabKeyReadsEachPageAsTheEyeDoes)
     selectTab(CodesTab);
     expectOrder(user(),
         "Text1(4) Text1(5) Text1(6) SSCheck1 SSCheck2 Command1(5) Command1(6) Command1(7) DBList1(0) DBList1(1) "
-        "Command1(10) DBList1(2) Command1(9)");
+        "Command1(10) DBList1(2) Command1(9) filterCodes");
     selectTab(PrintingTab);
     EXPECT_EQ(user().focusName(), "List2(0)");
     expectOrder(user(),

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+
+class QLineEdit;
+
+namespace lorvan {
+
+class PlainList;
+
+/// Hides the rows of a list that do not match what is typed into a field; selected rows stay visible. The rows
+/// themselves stay where they are.
+class RowFilterField : public QObject {
+    Q_OBJECT
+
+public:
+    RowFilterField(QLineEdit* field, PlainList* list);
+
+    /// To be called after the list got other rows.
+    void apply();
+
+private:
+    void showSelected();
+
+    QLineEdit* m_field;
+    PlainList* m_list;
+};
+
+} // namespace lorvan
