@@ -4,7 +4,6 @@
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 
-#include <QLocale>
 #include <QStringList>
 
 namespace lorvan {
@@ -69,12 +68,6 @@ QDate firstOnCalendarPage(QDate month)
 {
     const QDate first(month.year(), month.month(), 1);
     return first.addDays(-(first.dayOfWeek() - 1) % daysOfWeek);
-}
-
-QString monthText(QDate month)
-{
-    static const QLocale greek(QLocale::Greek, QLocale::Greece);
-    return greek.standaloneMonthName(month.month()) + u' ' + QString::number(month.year());
 }
 
 QString calendarDayText(const CalendarDay& day)

@@ -30,9 +30,6 @@ struct CalendarDay {
 [[nodiscard]] QDate firstOnCalendarPage(QDate month);
 inline constexpr int daysOnCalendarPage = 42;
 
-/// "Νοέμβριος 2025".
-[[nodiscard]] QString monthText(QDate month);
-
 /// The day in words, a line for each thing that there is to tell.
 [[nodiscard]] QString calendarDayText(const CalendarDay& day);
 

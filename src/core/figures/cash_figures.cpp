@@ -1,8 +1,7 @@
 #include "figures/cash_figures.h"
 
+#include "platform/date_text.h"
 #include "platform/engine/connection.h"
-
-#include <QStringList>
 
 #include <algorithm>
 
@@ -11,24 +10,6 @@ namespace {
 
 constexpr int daysOfWeek = 7;
 constexpr int yearsShown = 10;
-
-QString monthName(int month)
-{
-    static const QStringList names{QStringLiteral("Ιανουάριος"), QStringLiteral("Φεβρουάριος"),
-        QStringLiteral("Μάρτιος"), QStringLiteral("Απρίλιος"), QStringLiteral("Μάιος"), QStringLiteral("Ιούνιος"),
-        QStringLiteral("Ιούλιος"), QStringLiteral("Αύγουστος"), QStringLiteral("Σεπτέμβριος"),
-        QStringLiteral("Οκτώβριος"), QStringLiteral("Νοέμβριος"), QStringLiteral("Δεκέμβριος")};
-    return names.value(month - 1);
-}
-
-QString shortMonth(QDate day)
-{
-    static const QStringList names{QStringLiteral("Ιαν"), QStringLiteral("Φεβ"), QStringLiteral("Μαρ"),
-        QStringLiteral("Απρ"), QStringLiteral("Μαι"), QStringLiteral("Ιουν"), QStringLiteral("Ιουλ"),
-        QStringLiteral("Αυγ"), QStringLiteral("Σεπ"), QStringLiteral("Οκτ"), QStringLiteral("Νοε"),
-        QStringLiteral("Δεκ")};
-    return names.value(day.month() - 1);
-}
 
 QString dayAsRead(QDate day)
 {
@@ -166,16 +147,11 @@ QString shortStepText(const CashFigure& figure, FigureStep step)
     case FigureStep::Week:
         return figure.from.toString(QStringLiteral("d/M"));
     case FigureStep::Month:
-        return shortMonth(figure.from);
+        return shortMonthName(figure.from);
     case FigureStep::Year:
         break;
     }
     return QString::number(figure.from.year());
-}
-
-QString monthText(QDate day)
-{
-    return monthName(day.month()) + u' ' + QString::number(day.year());
 }
 
 std::vector<CashFigure> readCashFigures(Connection& main, const FigureSpan& span)

@@ -53,9 +53,6 @@ struct CashFigure {
 /// The same below a chart: "3", "2/11", "Νοε", "2026".
 [[nodiscard]] QString shortStepText(const CashFigure& figure, FigureStep step);
 
-/// "Νοέμβριος 2026".
-[[nodiscard]] QString monthText(QDate day);
-
 /// One figure for each step of the span, from the rows of the cash days alone; a step without cash days has the balance
 /// of the one before it. Throws SqlError, CurrencyOverflow.
 [[nodiscard]] std::vector<CashFigure> readCashFigures(Connection& main, const FigureSpan& span);

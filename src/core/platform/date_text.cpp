@@ -1,6 +1,7 @@
 #include "platform/date_text.h"
 
 #include <QList>
+#include <QLocale>
 #include <QStringList>
 
 #include <algorithm>
@@ -71,6 +72,21 @@ QString entryWeekday(QDate date)
     static const QStringList fromMonday{QStringLiteral("Δευτέρα"), QStringLiteral("Τρίτη"), QStringLiteral("Τετάρτη"),
         QStringLiteral("Πέμπτη"), QStringLiteral("Παρασκευή"), QStringLiteral("Σαββάτο"), QStringLiteral("Κυριακή")};
     return fromMonday.value(date.dayOfWeek() - 1);
+}
+
+QString monthText(QDate day)
+{
+    static const QLocale greek(QLocale::Greek, QLocale::Greece);
+    return greek.standaloneMonthName(day.month()) + u' ' + QString::number(day.year());
+}
+
+QString shortMonthName(QDate day)
+{
+    static const QStringList names{QStringLiteral("Ιαν"), QStringLiteral("Φεβ"), QStringLiteral("Μαρ"),
+        QStringLiteral("Απρ"), QStringLiteral("Μαι"), QStringLiteral("Ιουν"), QStringLiteral("Ιουλ"),
+        QStringLiteral("Αυγ"), QStringLiteral("Σεπ"), QStringLiteral("Οκτ"), QStringLiteral("Νοε"),
+        QStringLiteral("Δεκ")};
+    return names.value(day.month() - 1);
 }
 
 } // namespace lorvan

@@ -21,6 +21,11 @@ namespace lorvan {
 /// The date of a stored yyyymmdd; an invalid date if the number is not one.
 [[nodiscard]] QDate dateFromStored(qint64 stored);
 
+/// "Νοέμβριος 2025".
+[[nodiscard]] QString monthText(QDate day);
+/// "Νοε".
+[[nodiscard]] QString shortMonthName(QDate day);
+
 /// The weekday's name as the entry page shows it; empty for an invalid date.
 [[nodiscard]] QString entryWeekday(QDate date);
 

@@ -4,6 +4,7 @@
 #include "look/style_painting.h"
 #include "look/themed_label.h"
 #include "look/window_placement.h"
+#include "platform/date_text.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

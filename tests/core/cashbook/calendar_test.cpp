@@ -1,4 +1,5 @@
 #include "cashbook/calendar_days.h"
+#include "platform/date_text.h"
 #include "support/temporary_book.h"
 
 #include <gtest/gtest.h>
