@@ -9,6 +9,7 @@
 #include "platform/engine/sliced_reading.h"
 #include "platform/engine/transaction.h"
 
+#include <limits>
 #include <string>
 
 namespace lorvan {
@@ -117,7 +118,8 @@ std::pair<std::vector<DayContent>, FileState> contentsToSeal(Connection& book, i
         }
         return contents.size() == left.size();
     };
-    FileState state = readInSlices(book, {}, [&]() -> ReadSlice {
+    constexpr SlicePace neverWaiting{.hurried = std::numeric_limits<int>::max()}; // it is soon read again
+    FileState state = readInSlices(book, neverWaiting, [&]() -> ReadSlice {
         contents.clear();
         return read;
     });
