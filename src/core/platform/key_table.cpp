@@ -91,12 +91,11 @@ std::vector<KeyEntry> reportKeys()
         listed(History, QStringLiteral("F5"), QStringLiteral("διαβάζει ξανά")),
         listed(History, QStringLiteral("Esc"), QStringLiteral("κλείνει το παράθυρο")),
         listed(Search, QStringLiteral("Return"), QStringLiteral("στη λίστα· εκεί, στην ημέρα της κίνησης")),
-        listed(Search, QStringLiteral("Ctrl+D"), QStringLiteral("αντιγράφει την κίνηση σε μια νέα")),
-        listed(Search, QStringLiteral("Ctrl+Shift+D"), QStringLiteral("την αντιγράφει σε μια νέα σημερινή κίνηση")),
+        listed(Search, QStringLiteral("Ctrl+D Ctrl+Shift+D"),
+            QStringLiteral("αντιγράφει την κίνηση σε μια νέα, σε μια νέα σημερινή")),
         listed(Search, QStringLiteral("Alt+Down"), QStringLiteral("οι τελευταίες αναζητήσεις")),
         listed(Search, QStringLiteral("Ctrl+P"), QStringLiteral("προεπισκόπηση όσων βρέθηκαν")),
         listed(Search, QStringLiteral("F5"), QStringLiteral("ψάχνει ξανά")),
-        listed(Search, QStringLiteral("Esc"), QStringLiteral("κλείνει το παράθυρο")),
     };
 }
 
