@@ -1,5 +1,6 @@
 #include "report_pages.h"
 #include "report_pdf.h"
+#include "reports/key_sheet.h"
 #include "support/files.h"
 #include "support/ink.h"
 #include "support/mount.h"
@@ -185,6 +186,13 @@ TEST(ReportPdf, leavesAnEarlierFileWhereItCannotBeWhole)
     EXPECT_EQ(calls, 3);
     EXPECT_EQ(readFile(path), "earlier");
     Mount::undo(folder.path());
+}
+
+TEST(KeySheet, IsOneSheet)
+{
+    ReportPages pages(keySheet("Κεντρικό"));
+    EXPECT_TRUE(pages.layOut());
+    EXPECT_EQ(pages.pageCount(), 1);
 }
 
 } // namespace lorvan::test

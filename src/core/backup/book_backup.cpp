@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <optional>
 
 namespace lorvan {
@@ -163,6 +164,26 @@ CopyEffort makeBackup(const BookFiles& book, const Folder& folder, const QString
             throw GivenUp(); // whichever step failed because of it
         throw;
     }
+}
+
+CopyEffort makeBackup(
+    const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys, const BackupProgress& progress)
+{
+    constexpr qint64 megabyte = 1 << 20;
+    constexpr qint64 passes = 5; // two that copy, packing, unpacking and, roughly, the proof
+    const qint64 size = QFileInfo(book.mainDatabase()).size() + QFileInfo(book.auxiliaryDatabase()).size();
+    const qint64 all = (size / megabyte + 1) * passes;
+    qint64 done = 0;
+    const StopCheck counting([&] { return progress(std::min(++done, all), all); });
+    return makeBackup(book, folder, name, keys);
+}
+
+QString makeBackupByHand(const BookFiles& book, KeyRing& keys, const QDateTime& now, const BackupProgress& progress)
+{
+    const Folder folder = openBackupFolder(book);
+    const QString name = backupName(folder, BackupKind::ByHand, now);
+    makeBackup(book, folder, name, keys, progress);
+    return folder.pathOf(name);
 }
 
 CopyEffort makeBackup(const BookFiles& book, const QString& path, KeyRing& keys)

@@ -6,6 +6,8 @@
 #include <QDateTime>
 #include <QString>
 
+#include <functional>
+
 namespace lorvan {
 
 /// Who made a backup in the folder "backup"; its name says so.
@@ -34,7 +36,13 @@ void removeUnfinishedBackups(const Folder& folder) noexcept;
 /// Throws BookCopyFailed, also if a file of that name exists, SqlError if the book cannot be read, and GivenUp if a
 /// StopCheck says no, which is asked after every megabyte; nothing is left behind then.
 CopyEffort makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys);
-/// The same for a path given by the user.
+/// The same, telling how far it is: after each megabyte, about how many of how many. Gives up when it returns false.
+using BackupProgress = std::function<bool(qint64 done, qint64 all)>;
+CopyEffort makeBackup(
+    const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys, const BackupProgress& progress);
+/// A backup by hand in the folder "backup", which is made if it is missing. Returns its path.
+QString makeBackupByHand(const BookFiles& book, KeyRing& keys, const QDateTime& now, const BackupProgress& progress);
+/// The first one for a path given by the user.
 CopyEffort makeBackup(const BookFiles& book, const QString& path, KeyRing& keys);
 
 } // namespace lorvan

@@ -23,11 +23,11 @@ ReportDocument keySheet(const QString& heading)
     const std::vector<KeyEntry>& keys = keyTable();
     for (auto each = keys.begin(); each != keys.end(); ++each) {
         if (each == keys.begin() || std::prev(each)->place != each->place) {
-            document.SetFont({.size = 4});
+            document.SetFont({.size = 2});
             document.Paragraph(lineBreak);
-            document.SetFont({.size = 9, .bold = true});
+            document.SetFont({.size = 8, .bold = true});
             document.Paragraph(keyPlaceText(each->place));
-            document.SetFont({.size = 8, .bold = false}); // so that one sheet holds them all
+            document.SetFont({.size = 7, .bold = false}); // so that one sheet holds them all
             document.AddTable(QLatin1String(columns), {}, {});
         }
         table.addRow({keysText(*each), each->does});

@@ -21,18 +21,13 @@ Folder openParent(const QString& path)
 
 void write(const BookFiles& book, const Folder& folder, const QString& name, const ToolContext& context)
 {
-    constexpr qint64 megabyte = 1 << 20;
-    constexpr qint64 passes = 5; // two that copy, packing, unpacking and, roughly, the proof
-    const qint64 megabytes =
-        (QFileInfo(book.mainDatabase()).size() + QFileInfo(book.auxiliaryDatabase()).size()) / megabyte + 1;
-    qint64 done = 0;
     KeyRing keys(bookPassword());
     ProgressBar bar(context, QStringLiteral("Αντίγραφο"));
-    const StopCheck showing([&] {
-        bar.show(++done, megabytes * passes);
+    const auto show = [&bar](qint64 done, qint64 all) {
+        bar.show(done, all);
         return true;
-    });
-    makeBackup(book, folder, name, keys);
+    };
+    makeBackup(book, folder, name, keys, show);
 }
 
 ExitStatus backup(Arguments& arguments, const ToolContext& context)

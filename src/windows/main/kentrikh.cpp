@@ -78,6 +78,7 @@ Kentrikh::Kentrikh(
     connectUndo();
     connectFigures();
     connectHelp();
+    connectBackup();
     addReportKeys();
 }
 

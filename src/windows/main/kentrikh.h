@@ -15,6 +15,7 @@
 #include "main/session_end.h"
 #include "platform/authority.h"
 #include "platform/clock.h"
+#include "preview/background_run.h"
 #include "printing/report_desk.h"
 #include "proof/balance_watch.h"
 
@@ -100,6 +101,8 @@ private:
     void connectUndo();
     void connectFigures();
     void connectHelp();
+    void connectBackup();
+    void backUpNow();
     void openManual();
 
     void insertCode();
@@ -181,6 +184,7 @@ private:
     std::unique_ptr<HelpWindow> m_help; ///< The same.
     std::unique_ptr<SearchWindow> m_search; ///< The same.
     DailyBackup m_backup;
+    BackgroundRun m_backupRun; ///< Of a backup by hand.
     SessionEnd m_session;
     AwayWatch m_away;
     struct Origin {

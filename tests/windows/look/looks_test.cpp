@@ -72,7 +72,8 @@ QString latinWordsIn(QWidget& window)
 {
     static const QRegularExpression latin("\\p{L}*[A-Za-z]\\p{L}*");
     static const QStringList allowed =
-        QString("Lorvan AA Eνεργός OK PDF XLSX CSV pdf KB Ctrl Shift Enter F Home End Page Up Down S P E M").split(u' ');
+        QString("Lorvan AA Eνεργός OK PDF XLSX CSV pdf KB Ctrl Shift Enter F Home End Page Up Down S P E M Esc")
+            .split(u' ');
     const Texts texts = textsOf(window);
     const bool hasFields = window.findChild<QLineEdit*>();
     EXPECT_TRUE(!hasFields || std::any_of(texts.begin(), texts.end(), [](const auto& each) {
