@@ -190,15 +190,19 @@ std::optional<ChangeOutcome> CashBook::changeUnsealed(QDate day, const Change& c
     return outcome;
 }
 
-/// In both databases: the day is sealed again.
+/// In both databases: the day is sealed again. A day that was changed around the program is not: a new seal would hide
+/// that.
 ChangeOutcome CashBook::changeSealed(QDate day, const Change& change)
 {
     Connection both = m_book.openBoth();
     Transaction writing(both, m_authority);
+    const auto seal = lastSealOf(both, day);
+    const bool held = !seal || holdsSeal(both, *seal);
     ChangeOutcome outcome = change(both);
     if (!std::holds_alternative<ChangedDay>(outcome))
         return outcome;
-    sealDay(both, m_authority, day, lastJournalHash(both));
+    if (held)
+        sealDay(both, m_authority, day, lastJournalHash(both));
     writing.commit();
     return outcome;
 }

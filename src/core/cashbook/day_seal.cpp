@@ -1,5 +1,6 @@
 #include "cashbook/day_seal.h"
 
+#include "cashbook/cash_closing.h"
 #include "cashbook/cash_day.h"
 #include "cashbook/movement_store.h"
 #include "journal/check_code.h"
@@ -233,6 +234,17 @@ std::optional<DaySeal> lastSealOf(Connection& auxiliary, QDate day)
         return std::nullopt;
     auto row = auxiliary.prepare(selection("WHERE day=? ORDER BY id DESC LIMIT 1"));
     return first(row.bind(day));
+}
+
+bool isWhole(const DaySeal& seal)
+{
+    return seal.hash == sealHash(seal) && seal.balanceHash == balanceHash(seal);
+}
+
+bool holdsSeal(Connection& book, const DaySeal& seal)
+{
+    const QDate day = dateFromStored(seal.day);
+    return isWhole(seal) && isClosed(book, day) && contentDigest(movementsOf(book, day)) == seal.content;
 }
 
 std::optional<DaySeal> sealWithCode(Connection& auxiliary, const QString& code)

@@ -71,6 +71,11 @@ private:
 /// The day's last seal.
 [[nodiscard]] std::optional<DaySeal> lastSealOf(Connection& auxiliary, QDate day);
 
+/// Whether nothing was changed in the seal itself.
+[[nodiscard]] bool isWhole(const DaySeal& seal);
+/// Whether the seal is whole, and its day closed and with the movements that were sealed.
+[[nodiscard]] bool holdsSeal(Connection& book, const DaySeal& seal);
+
 /// The seal that carries this check code.
 [[nodiscard]] std::optional<DaySeal> sealWithCode(Connection& auxiliary, const QString& code);
 

@@ -1,5 +1,6 @@
 #include "journal/journal_audit.h"
 
+#include "journal/hash_text.h"
 #include "platform/engine/connection.h"
 
 #include <QCryptographicHash>
@@ -33,10 +34,11 @@ void JournalAuditing::take(JournalRow row)
 {
     static const QString accept = journalWord(JournalAction::Accept);
     ++m_audit.rows;
-    if (isBroken(row) && m_audit.broken.size() < mostBreaks)
-        m_audit.broken.push_back(row.id);
+    const bool isWhole = !isBroken(row);
+    if (!isWhole && m_audit.broken.size() < mostBreaks)
+        m_audit.broken.push_back({row.id, foundIn(row)});
     m_audit.missing.erase(row.hash);
-    if (row.action == accept)
+    if (row.action == accept && isWhole) // a row that is broken itself accepts nothing
         noteAccepted(row);
     if (m_claims == Claims::All)
         noteState(row);
@@ -50,14 +52,30 @@ bool JournalAuditing::isBroken(const JournalRow& row) const
     return !isNext || row.hash != journalHash(row);
 }
 
+QString JournalAuditing::foundIn(const JournalRow& row) const
+{
+    HashText text;
+    text.add("before", m_before ? m_before->hash : QString())
+        .add("id", row.id)
+        .add("hash", row.hash)
+        .add("content", journalHash(row));
+    Sha256 hash;
+    hash.add(text.text());
+    return hash.hash();
+}
+
+/// Only what was found then is accepted: a row that was changed once more is not.
 void JournalAuditing::noteAccepted(const JournalRow& row)
 {
     const auto [kind, key] = partsOf(row.subject);
+    const QString found =
+        QJsonDocument::fromJson(row.after.value_or(QString()).toUtf8())[QLatin1String(acceptedFind)].toString();
     ++m_audit.accepted;
     if (kind == QLatin1String("journal"))
-        std::erase(m_audit.broken, key);
+        std::erase_if(m_audit.broken,
+            [&, id = key](const BrokenRow& broken) { return broken.id == id && broken.found == found; });
     else if (kind == QLatin1String("seal"))
-        m_audit.acceptedSeals.insert(key);
+        m_audit.acceptedSeals.insert_or_assign(key, found);
 }
 
 void JournalAuditing::noteState(const JournalRow& row)

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <set>
 #include <unordered_map>
@@ -21,13 +22,21 @@ using StateDigest = std::array<std::uint64_t, 2>;
 /// By the number after the subject's slash.
 using StatesByKey = std::unordered_map<std::int64_t, StateDigest>;
 
+/// The name under which the acceptance of a broken row or seal keeps the hash of what was found.
+inline constexpr auto acceptedFind = "found";
+
+/// A row that is not the one that was written after the row before it.
+struct BrokenRow {
+    std::int64_t id = 0;
+    QString found; ///< A hash of the row as it stands now, after the row before it as that stands.
+};
+
 /// What the journal says of the present.
 struct JournalAudit {
     std::int64_t rows = 0;
-    /// The rows that are not those that were written after the row before them, the first ones only.
-    std::vector<std::int64_t> broken;
+    std::vector<BrokenRow> broken; ///< The first ones only.
     std::int64_t accepted = 0; ///< How many findings were accepted.
-    std::set<std::int64_t> acceptedSeals; ///< Seals whose faults were.
+    std::map<std::int64_t, QString> acceptedSeals; ///< Seals whose faults were, and what was found then.
     StatesByKey movements; ///< As the last row about each tells; of all others the journal claims nothing.
     StatesByKey codes;
     StatesByKey groups;
@@ -47,6 +56,7 @@ public:
 
 private:
     [[nodiscard]] bool isBroken(const JournalRow& row) const;
+    [[nodiscard]] QString foundIn(const JournalRow& row) const;
     void noteAccepted(const JournalRow& row);
     void noteState(const JournalRow& row);
     void clear();
@@ -58,7 +68,8 @@ private:
 };
 
 /// Reads the whole journal and recalculates its hashes, looking for the hashes `wanted`; a book without one has an
-/// empty audit. A break that was accepted is none. Inside the caller's transaction. Throws SqlError.
+/// empty audit. A break that was accepted is none, as long as the row stays as it was found then. Inside the caller's
+/// transaction. Throws SqlError.
 [[nodiscard]] JournalAudit auditJournal(Connection& book, std::set<QString> wanted);
 
 /// The digest of a state in the form in which the journal stores it, of the columns that say what the subject is: a

@@ -4,11 +4,14 @@
 #include "cashbook/movement_store.h"
 #include "journal/check_code.h"
 #include "journal/journal.h"
+#include "journal/journal_audit.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
+
+#include <algorithm>
 
 namespace lorvan {
 namespace {
@@ -27,15 +30,26 @@ bool wasLostInARestore(Connection& book, const QString& code)
     return false;
 }
 
-Verdict verdictOf(Connection& book, const DaySeal& seal, std::int64_t lastVersion)
+/// Whether the journal is as it was written, up to the row that the seal names.
+bool vouchesForJournal(Connection& book, const DaySeal& seal)
 {
-    if (seal.hash != sealHash(seal))
+    const JournalAudit audit = auditJournal(book, {seal.journal});
+    if (!audit.missing.empty())
+        return false;
+    auto row = book.prepare("SELECT id FROM main.journal WHERE hash=? ORDER BY id LIMIT 1");
+    row.bind(seal.journal);
+    const std::int64_t id = row.step() ? row.integer(0) : 0;
+    return std::none_of(
+        audit.broken.begin(), audit.broken.end(), [id](const BrokenRow& broken) { return broken.id <= id; });
+}
+
+Verdict verdictOf(Connection& book, const DaySeal& seal, const DaySeal& last)
+{
+    if (!isWhole(seal) || !holdsSeal(book, last))
         return Verdict::Altered;
-    if (seal.version != lastVersion)
-        return Verdict::Resealed;
-    const QDate day = dateFromStored(seal.day);
-    const bool isSame = contentDigest(movementsOf(book, day)) == seal.content && isClosed(book, day);
-    return isSame ? Verdict::Holds : Verdict::Altered;
+    if (!vouchesForJournal(book, seal))
+        return Verdict::JournalAltered;
+    return seal.version == last.version ? Verdict::Holds : Verdict::Resealed;
 }
 
 } // namespace
@@ -56,7 +70,7 @@ CodeAnswer answerForCode(Connection& book, const QString& typed)
     answer.seal = *seal;
     const auto last = lastSealOf(book, dateFromStored(seal->day));
     answer.lastVersion = last ? last->version : seal->version;
-    answer.verdict = verdictOf(book, *seal, answer.lastVersion);
+    answer.verdict = verdictOf(book, *seal, last.value_or(*seal));
     return answer;
 }
 
@@ -76,6 +90,10 @@ QString answerText(const CodeAnswer& answer)
                   .arg(answer.lastVersion);
     case Verdict::Altered:
         return whose + QStringLiteral("Η ημέρα άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση.");
+    case Verdict::JournalAltered:
+        return whose
+            + QStringLiteral("Οι κινήσεις είναι όπως σφραγίστηκαν, αλλά το ιστορικό ως εκεί άλλαξε από άλλο πρόγραμμα ή"
+                             " παλαιότερη έκδοση.");
     case Verdict::NewerThanCopy:
         return QStringLiteral("Ο κωδικός %1 είναι νεότερος από το αντίγραφο από το οποίο επανήλθε το βιβλίο.")
             .arg(answer.code);

@@ -10,7 +10,8 @@ struct CodeAnswer {
         NoCode, ///< It is not written like one.
         Holds, ///< The day is as it was printed.
         Resealed, ///< The day was changed by somebody who may, and sealed again.
-        Altered, ///< The day does not hold what was sealed.
+        Altered, ///< The day does not hold what was sealed, or the seal itself was changed.
+        JournalAltered, ///< The day does, but the journal up to its closing is not as it was written.
         NewerThanCopy, ///< It was given after the backup from which the book was restored.
         Unknown
     };

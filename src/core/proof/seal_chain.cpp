@@ -1,5 +1,7 @@
 #include "proof/seal_chain.h"
 
+#include "journal/hash_text.h"
+
 namespace lorvan {
 namespace {
 
@@ -9,9 +11,18 @@ bool isNext(const DaySeal& seal, const DaySeal* before)
                   : seal.id == 1 && seal.previous.isEmpty();
 }
 
-bool isWhole(const DaySeal& seal)
+QString foundIn(const DaySeal& seal, const DaySeal* before)
 {
-    return seal.hash == sealHash(seal) && seal.balanceHash == balanceHash(seal);
+    HashText text;
+    text.add("before", before ? before->hash : QString())
+        .add("id", seal.id)
+        .add("hash", seal.hash)
+        .add("content", sealHash(seal))
+        .add("balances", seal.balanceHash)
+        .add("printed", balanceHash(seal));
+    Sha256 hash;
+    hash.add(text.text());
+    return hash.hash();
 }
 
 } // namespace
@@ -43,18 +54,20 @@ std::map<std::int64_t, const DaySeal*> lastSeals(const std::vector<DaySeal>& sea
 std::vector<TrailFault> brokenLinks(const std::vector<DaySeal>& seals, const JournalAudit& journal)
 {
     std::vector<TrailFault> faults;
-    for (const std::int64_t row : journal.broken)
-        faults.push_back({FindingKind::JournalBroken, row});
+    for (const BrokenRow& row : journal.broken)
+        faults.push_back({FindingKind::JournalBroken, row.id, 0, row.found});
     const DaySeal* before = nullptr;
     for (const DaySeal& seal : seals) {
         const bool isLinked = isNext(seal, before) && isWhole(seal);
+        const bool isJournalled = !journal.missing.contains(seal.journal);
+        if (!isLinked || !isJournalled) {
+            const QString found = foundIn(seal, before);
+            const auto accepted = journal.acceptedSeals.find(seal.id);
+            const FindingKind kind = isLinked ? FindingKind::SealWithoutJournal : FindingKind::SealBroken;
+            if (accepted == journal.acceptedSeals.end() || accepted->second != found)
+                faults.push_back({kind, seal.id, seal.day, found});
+        }
         before = &seal;
-        if (journal.acceptedSeals.contains(seal.id))
-            continue;
-        if (!isLinked)
-            faults.push_back({FindingKind::SealBroken, seal.id, seal.day});
-        else if (journal.missing.contains(seal.journal))
-            faults.push_back({FindingKind::SealWithoutJournal, seal.id, seal.day});
     }
     return faults;
 }

@@ -15,6 +15,7 @@ struct TrailFault {
     FindingKind kind; ///< From JournalBroken to GroupAltered.
     std::int64_t key = 0; ///< The row's number: of the journal, the seal, the movement, the code or the group.
     std::int64_t day = 0; ///< Of a seal or a movement, yyyymmdd; 0 if it is not known.
+    QString found = {}; ///< Of a row or seal: a hash of it as it stands, which its acceptance keeps.
 };
 
 [[nodiscard]] Finding findingOf(const TrailFault& fault);

@@ -164,10 +164,12 @@ void accept(Connection& book, const Authority& authority, const TrailFault& faul
     switch (fault.kind) {
     case FindingKind::JournalBroken:
         entry.subject = journal_subject::journal(fault.key);
+        entry.after = {{QLatin1String(acceptedFind), fault.found}};
         break;
     case FindingKind::SealBroken:
     case FindingKind::SealWithoutJournal:
         entry.subject = journal_subject::seal(fault.key);
+        entry.after = {{QLatin1String(acceptedFind), fault.found}};
         break;
     case FindingKind::SealedDayAltered:
         entry.subject = journal_subject::day(day);

@@ -151,7 +151,8 @@ void EntryField::keyPressEvent(QKeyEvent* event)
         focusNextPrevChild(true);
         return;
     }
-    if (isAltTyping(*event)) {
+    const bool isCopy = event->key() == Qt::Key_D && event->modifiers() == Qt::ControlModifier;
+    if (isAltTyping(*event) || isCopy) { // on X11 the toolkit deletes with Ctrl+D, which copies a movement in the lists
         event->ignore();
         return;
     }

@@ -148,6 +148,7 @@ const Movement* CardWindow::selected() const
 
 void CardWindow::read(qint32 code)
 {
+    m_isReading = true;
     m_reader.begin([this, code](Connection& main) -> FigureReader::Show {
         return [this, card = readCodeCard(main, code)] { showCard(card); };
     });
@@ -156,6 +157,7 @@ void CardWindow::read(qint32 code)
 /// The last month is marked first.
 void CardWindow::showCard(const CodeCard& card)
 {
+    m_isReading = false;
     m_card = card;
     tell(card);
     m_chart->setChart(cardChart(card), cardTitle(card));
@@ -183,6 +185,8 @@ void CardWindow::tell(const CodeCard& card)
 
 void CardWindow::readMonth(int place)
 {
+    if (m_isReading) // another code, whose months replace these
+        return;
     const CashFigure month = m_card.months.at(static_cast<std::size_t>(place));
     m_reader.begin([this, month, code = m_card.number](Connection& main) -> FigureReader::Show {
         return [this, month, movements = movementsOfCode(main, code, month.from, month.to)] {
@@ -215,7 +219,18 @@ void CardWindow::hideEvent(QHideEvent* event)
 {
     QDialog::hideEvent(event);
     m_reader.cancel();
-    rememberSize(this);
+    if (size() != m_openedSize || isMaximized() != m_openedMaximised)
+        rememberSize(this);
+}
+
+/// What a small screen leaves of the size is not for the next one.
+void CardWindow::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (event->spontaneous())
+        return;
+    m_openedSize = size();
+    m_openedMaximised = isMaximized();
 }
 
 /// Escape closes the window.

@@ -36,6 +36,7 @@ Q_SIGNALS:
 
 protected:
     void hideEvent(QHideEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -53,6 +54,7 @@ private:
     const ActionGate m_gate;
     FigureReader m_reader;
     CodeCard m_card;
+    bool m_isReading = false; ///< A card, which is not shown yet.
     std::vector<Movement> m_movements; ///< Of the month that is marked.
     ThemedLabel* m_title;
     ThemedLabel* m_sums;
@@ -62,6 +64,8 @@ private:
     FigureTable* m_list;
     CommandButton* m_go;
     CommandButton* m_close;
+    QSize m_openedSize;
+    bool m_openedMaximised = false;
 };
 
 } // namespace lorvan

@@ -217,7 +217,10 @@ void PictureWindow::read()
     m_compares->setEnabled(isCash && m_request.span.step != FigureStep::Year);
     m_chart->setEmptyText(nothingThere);
     m_reader.begin([this, request = m_request](Connection& main) -> FigureReader::Show {
-        return [this, picture = readBookPicture(main, request)] { showPicture(picture); };
+        return [this, request, picture = readBookPicture(main, request)] {
+            m_shown = request;
+            showPicture(picture);
+        };
     });
 }
 
@@ -240,12 +243,12 @@ void PictureWindow::choose(int place)
     if (row >= m_picture.days.size())
         return;
     const QDate day = m_picture.days[row];
-    if (m_request.span.step == FigureStep::Day) {
+    if (m_shown.span.step == FigureStep::Day) {
         Q_EMIT dayChosen(day);
         return;
     }
     PictureRequest request = m_request;
-    request.span = spanWith(day, m_request.span.step == FigureStep::Year ? FigureStep::Month : FigureStep::Day);
+    request.span = spanWith(day, m_shown.span.step == FigureStep::Year ? FigureStep::Month : FigureStep::Day);
     ask(request);
 }
 
@@ -253,7 +256,18 @@ void PictureWindow::hideEvent(QHideEvent* event)
 {
     QDialog::hideEvent(event);
     m_reader.cancel();
-    rememberSize(this);
+    if (size() != m_openedSize || isMaximized() != m_openedMaximised)
+        rememberSize(this);
+}
+
+/// What a small screen leaves of the size is not for the next one.
+void PictureWindow::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (event->spontaneous())
+        return;
+    m_openedSize = size();
+    m_openedMaximised = isMaximized();
 }
 
 /// Escape closes the window.

@@ -41,6 +41,7 @@ Q_SIGNALS:
 
 protected:
     void hideEvent(QHideEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -62,6 +63,7 @@ private:
     const ActionGate m_gate;
     FigureReader m_reader;
     PictureRequest m_request;
+    PictureRequest m_shown; ///< What the picture answers.
     BookPicture m_picture;
     QComboBox* m_subject;
     QComboBox* m_step;
@@ -74,6 +76,8 @@ private:
     FigureTable* m_table;
     CommandButton* m_printing;
     CommandButton* m_close;
+    QSize m_openedSize;
+    bool m_openedMaximised = false;
 };
 
 } // namespace lorvan

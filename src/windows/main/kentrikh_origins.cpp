@@ -32,7 +32,11 @@ bool Kentrikh::mayLeaveDay(QWidget* asking)
             QStringLiteral("Μια κίνηση είναι ανοικτή για μεταβολή ή διαγραφή. Τελειώστε πρώτα με αυτή."));
         return false;
     }
-    return settle();
+    if (settle())
+        return true;
+    if (asking != this)
+        asking->hide(); // it covers the field that was refused
+    return false;
 }
 
 void Kentrikh::showMovement(QDate day, std::optional<qint64> key, QWidget* from)

@@ -19,6 +19,7 @@ void Kentrikh::openSearch()
     const auto copy = [this](qint64 key, bool toToday, QWidget* window) {
         copyMovement(key, toToday ? CopyDay::Today : CopyDay::Shown, window);
     };
+    const auto card = [this](qint32 code) { openCard(code); };
     const auto print = [this](const SearchQuery& query, QWidget* window) {
         const auto build = [query, heading = m_settings.heading](
                                const BookFiles& files, KeyRing& keys, const ReportProgress& progress) {
@@ -28,7 +29,7 @@ void Kentrikh::openSearch()
     };
     if (!m_search)
         m_search = std::make_unique<SearchWindow>(
-            BookFiles(m_settings.dataFolder), m_keys, m_clock, SearchWindow::Requests{show, copy, print}, this);
+            BookFiles(m_settings.dataFolder), m_keys, m_clock, SearchWindow::Requests{show, copy, card, print}, this);
     m_search->present();
 }
 

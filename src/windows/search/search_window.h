@@ -33,6 +33,7 @@ public:
         std::function<void(QDate day, qint64 key, QWidget* window)> show; ///< A movement on its day.
         /// Into the entry of the shown day, or of today.
         std::function<void(qint64 key, bool toToday, QWidget* window)> copy;
+        std::function<void(qint32 code)> card; ///< Shows the card of a code.
         std::function<void(const SearchQuery& query, QWidget* window)> print;
     };
 
@@ -75,6 +76,7 @@ private:
     void goIntoList();
     void goToMovement();
     void copyMovement(bool toToday);
+    void showCard();
     void print();
     void offerRecent();
     void remember();

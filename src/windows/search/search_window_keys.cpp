@@ -65,6 +65,13 @@ void SearchWindow::goToMovement()
     m_requests.show(dateFromStored(hit.day), hit.key, this);
 }
 
+void SearchWindow::showCard()
+{
+    const QModelIndex current = m_list->currentIndex();
+    if (current.isValid())
+        m_requests.card(m_model->hit(current.row()).code);
+}
+
 void SearchWindow::copyMovement(bool toToday)
 {
     const QModelIndex current = m_list->currentIndex();

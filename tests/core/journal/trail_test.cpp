@@ -162,6 +162,48 @@ TEST_F(TrailTest, namesWhatWasChangedAroundTheProgram)
     }
 }
 
+TEST_F(TrailTest, anAcceptanceCoversNoMoreThanWasFound)
+{
+    const auto acceptAll = [this] {
+        Connection opened = both();
+        EXPECT_GT(acceptFaults(opened, byAll()), 0);
+        EXPECT_EQ(faults(), "");
+    };
+    temporary.execute("UPDATE journal SET user='άλλος' WHERE id=3");
+    acceptAll();
+    temporary.execute("UPDATE journal SET user='τρίτος' WHERE id=3");
+    EXPECT_EQ(faults(), fault(FindingKind::JournalBroken, 3));
+    acceptAll();
+    temporary.openAuxiliary().execute("UPDATE seals SET carried=1");
+    acceptAll();
+    temporary.openAuxiliary().execute("UPDATE seals SET carried=2");
+    EXPECT_EQ(faults(), fault(FindingKind::SealBroken, 1));
+    acceptAll();
+    temporary.execute("UPDATE journal SET action='accept', subject='journal/'||id WHERE id=2");
+    EXPECT_EQ(faults(), fault(FindingKind::JournalBroken, 2)) << "a row cannot accept itself";
+}
+
+TEST_F(TrailTest, aChangeOfADayThatWasAlteredAroundTheProgramHidesNothing)
+{
+    const QString code = lastCode();
+    temporary.execute("UPDATE kinhseis SET esoda=esoda+1 WHERE aa=2");
+    (void)cashBook.insert(incomeOf(monday, cents(5)));
+    EXPECT_EQ(lastCode(), code) << "no new seal";
+    EXPECT_EQ(answer(code).verdict, CodeAnswer::Verdict::Altered);
+    EXPECT_NE(faults(), "");
+}
+
+TEST_F(TrailTest, aCodeVouchesForTheJournalUpToItsClosing)
+{
+    const QString code = lastCode();
+    temporary.execute("UPDATE journal SET user='άλλος' WHERE id=3");
+    EXPECT_EQ(answer(code).verdict, CodeAnswer::Verdict::JournalAltered);
+    temporary.execute("DELETE FROM journal");
+    EXPECT_EQ(answer(code).verdict, CodeAnswer::Verdict::JournalAltered);
+    temporary.openAuxiliary().execute("UPDATE seals SET balance=1");
+    EXPECT_EQ(answer(code).verdict, CodeAnswer::Verdict::Altered);
+}
+
 TEST_F(TrailTest, aSealedDayThatIsChangedIsSealedAgain)
 {
     const QString first = lastCode();
