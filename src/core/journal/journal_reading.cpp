@@ -58,7 +58,7 @@ void JournalReading::findRareKind(Connection& main)
     const JournalFilter& filter = m_match.filter();
     if (!filter.kind || filter.day || isSingleSubject(filter))
         return;
-    const auto [from, to] = journalSubjects(*filter.kind);
+    const auto subjects = journalSubjects(*filter.kind);
     std::vector<std::int64_t> rows;
     bool isRare = false;
     readSteadily(main, [&] {
@@ -66,7 +66,7 @@ void JournalReading::findRareKind(Connection& main)
         const Deadline deadline = std::chrono::steady_clock::now() + readingTime;
         isRare = false;
         auto found = main.prepare("SELECT id FROM main.journal WHERE subject>=? AND subject<? LIMIT ?");
-        found.bind(from, to, fewRows + 1);
+        found.bind(subjects.first, subjects.second, fewRows + 1);
         while (!isRare && !isOver(deadline)) {
             if (found.step())
                 rows.push_back(found.integer(0));

@@ -77,8 +77,8 @@ Kentrikh::Kentrikh(
     connectTools();
     connectUndo();
     connectFigures();
-    connectHelp();
     connectBackup();
+    connectHelp();
     addReportKeys();
 }
 
