@@ -251,6 +251,16 @@ void CommandButton::paintEvent(QPaintEvent*)
         paintIcon(painter, QRect(left, (height() - iconExtent) / 2, iconExtent, iconExtent), m_iconName, textColour());
 }
 
+CommandButton* newCommand(const char* name, const QString& icon, const QString& caption, const QString& tip)
+{
+    auto* const button = new CommandButton(icon, caption);
+    button->setObjectName(QLatin1String(name));
+    button->setToolTip(tip);
+    if (caption.isEmpty())
+        button->setAccessibleName(tip);
+    return button;
+}
+
 ActionButton::ActionButton(QAction* action, const QString& icon, const QString& caption)
     : CommandButton(icon, caption)
 {

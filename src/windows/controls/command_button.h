@@ -72,6 +72,10 @@ private:
     bool m_frameless = false;
 };
 
+/// A button with an object name and a tooltip. One that is an icon alone has the tooltip as its accessible name.
+[[nodiscard]] CommandButton* newCommand(
+    const char* name, const QString& icon, const QString& caption, const QString& tip);
+
 /// A button for an action: it takes the action's name, is enabled and checked together with it and triggers it. The
 /// button's tooltip is the action's, its accessible name the action's text.
 class ActionButton : public CommandButton {

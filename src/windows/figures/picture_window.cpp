@@ -29,16 +29,6 @@ constexpr int shareOfTable = 2;
 const QString nothingThere = QStringLiteral("Δεν υπάρχουν κινήσεις σε αυτό το διάστημα.");
 const QString widestSpan = QStringLiteral("Σεπτέμβριος 8888");
 
-CommandButton* newCommand(const char* name, const QString& icon, const QString& caption, const QString& tip)
-{
-    auto* const button = new CommandButton(icon, caption);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(tip);
-    if (caption.isEmpty())
-        button->setAccessibleName(tip);
-    return button;
-}
-
 } // namespace
 
 PictureWindow::PictureWindow(BookFiles files, KeyRing& keys, Clock clock, Print print, QWidget* parent)

@@ -31,14 +31,6 @@ const QString nothingFound = QStringLiteral("Καμία αλλαγή δεν τα
 const QString noJournal = QStringLiteral(
     "Το βιβλίο δεν έχει ιστορικό ακόμη. Αρχίζει μόλις ανοιχτεί από υπολογιστή που μπορεί να το αλλάξει.");
 
-CommandButton* newCommand(const char* name, const QString& icon, const QString& caption, const QString& tip)
-{
-    auto* const button = new CommandButton(icon, caption);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(tip);
-    return button;
-}
-
 } // namespace
 
 JournalWindow::JournalWindow(BookFiles files, KeyRing& keys, Clock clock, Print print, QWidget* parent)

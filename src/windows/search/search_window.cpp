@@ -32,14 +32,6 @@ constexpr int besideAmount = 14; // pixels
 const QString emptyText = QStringLiteral("Γράψτε τι ψάχνετε. Βρίσκεται σε όλες τις κινήσεις του βιβλίου.");
 const QString nothingFound = QStringLiteral("Δεν βρέθηκε καμία κίνηση.");
 
-CommandButton* newCommand(const char* name, const QString& icon, const QString& caption, const QString& tip)
-{
-    auto* const button = new CommandButton(icon, caption);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(tip);
-    return button;
-}
-
 } // namespace
 
 SearchWindow::SearchWindow(BookFiles files, KeyRing& keys, Clock clock, Requests requests, QWidget* parent)
