@@ -67,7 +67,7 @@ CardWindow::CardWindow(BookFiles files, KeyRing& keys, QWidget* parent)
     setWindowTitle(QStringLiteral("Καρτέλα κωδικού"));
     layOut();
     connectControls();
-    restoreSize(this, firstSize);
+    keepSize(this, firstSize);
 }
 
 CardWindow::~CardWindow() = default;
@@ -219,18 +219,6 @@ void CardWindow::hideEvent(QHideEvent* event)
 {
     QDialog::hideEvent(event);
     m_reader.cancel();
-    if (size() != m_openedSize || isMaximized() != m_openedMaximised)
-        rememberSize(this);
-}
-
-/// What a small screen leaves of the size is not for the next one.
-void CardWindow::showEvent(QShowEvent* event)
-{
-    QDialog::showEvent(event);
-    if (event->spontaneous())
-        return;
-    m_openedSize = size();
-    m_openedMaximised = isMaximized();
 }
 
 /// Escape closes the window.

@@ -36,7 +36,6 @@ Q_SIGNALS:
 
 protected:
     void hideEvent(QHideEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -64,8 +63,6 @@ private:
     FigureTable* m_list;
     CommandButton* m_go;
     CommandButton* m_close;
-    QSize m_openedSize;
-    bool m_openedMaximised = false;
 };
 
 } // namespace lorvan

@@ -61,7 +61,7 @@ PictureWindow::PictureWindow(BookFiles files, KeyRing& keys, Clock clock, Print 
     setWindowTitle(QStringLiteral("Εικόνα του βιβλίου"));
     layOut();
     connectControls();
-    restoreSize(this, firstSize);
+    keepSize(this, firstSize);
 }
 
 PictureWindow::~PictureWindow() = default;
@@ -246,18 +246,6 @@ void PictureWindow::hideEvent(QHideEvent* event)
 {
     QDialog::hideEvent(event);
     m_reader.cancel();
-    if (size() != m_openedSize || isMaximized() != m_openedMaximised)
-        rememberSize(this);
-}
-
-/// What a small screen leaves of the size is not for the next one.
-void PictureWindow::showEvent(QShowEvent* event)
-{
-    QDialog::showEvent(event);
-    if (event->spontaneous())
-        return;
-    m_openedSize = size();
-    m_openedMaximised = isMaximized();
 }
 
 /// Escape closes the window.

@@ -41,7 +41,6 @@ Q_SIGNALS:
 
 protected:
     void hideEvent(QHideEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -76,8 +75,6 @@ private:
     FigureTable* m_table;
     CommandButton* m_printing;
     CommandButton* m_close;
-    QSize m_openedSize;
-    bool m_openedMaximised = false;
 };
 
 } // namespace lorvan

@@ -48,7 +48,7 @@ HelpWindow::HelpWindow(Print print, QWidget* parent)
     connectControls();
     fill();
     dress();
-    restoreSize(this, firstSize);
+    keepSize(this, firstSize);
 }
 
 void HelpWindow::layOut()
@@ -186,12 +186,6 @@ void HelpWindow::findNext(bool isBackward)
     m_answer->setText(place < 0 && !text.isEmpty() ? QStringLiteral("Δεν υπάρχει στις οδηγίες.") : QString());
     if (place >= 0)
         goTo(place, static_cast<int>(text.size()));
-}
-
-void HelpWindow::hideEvent(QHideEvent* event)
-{
-    QDialog::hideEvent(event);
-    rememberSize(this);
 }
 
 /// Escape closes the window.

@@ -29,7 +29,6 @@ public:
     void present(const QString& chapter);
 
 protected:
-    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

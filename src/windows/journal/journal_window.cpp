@@ -56,7 +56,7 @@ JournalWindow::JournalWindow(BookFiles files, KeyRing& keys, Clock clock, Print 
     layOut(bothLists());
     connectCommands();
     connectReader();
-    restoreSize(this, firstSize);
+    keepSize(this, firstSize);
 }
 
 JournalWindow::~JournalWindow() = default;
@@ -217,18 +217,6 @@ void JournalWindow::hideEvent(QHideEvent* event)
 {
     QDialog::hideEvent(event);
     m_reader.cancel();
-    if (size() != m_openedSize || isMaximized() != m_openedMaximised)
-        rememberSize(this);
-}
-
-/// What a small screen leaves of the size is not for the next one.
-void JournalWindow::showEvent(QShowEvent* event)
-{
-    QDialog::showEvent(event);
-    if (event->spontaneous())
-        return;
-    m_openedSize = size();
-    m_openedMaximised = isMaximized();
 }
 
 /// Escape closes the window.

@@ -37,7 +37,6 @@ public:
 
 protected:
     void hideEvent(QHideEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -69,8 +68,6 @@ private:
     CommandButton* m_close;
     QString m_failure; ///< Why no more can be read.
     bool m_hasJournal = true;
-    QSize m_openedSize;
-    bool m_openedMaximised = false;
 };
 
 } // namespace lorvan

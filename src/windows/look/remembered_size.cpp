@@ -3,6 +3,7 @@
 #include "look/window_placement.h"
 #include "platform/files/settings_store.h"
 
+#include <QEvent>
 #include <QStringList>
 #include <QWidget>
 
@@ -30,7 +31,35 @@ QSize sizeIn(const QStringList& words)
     return hasWidth && hasHeight && !size.isEmpty() ? size : QSize();
 }
 
+class SizeKeeper : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const auto* const window = static_cast<const QWidget*>(watched);
+        if (event->type() == QEvent::Show && !event->spontaneous()) {
+            m_shown = window->size();
+            m_wasMaximised = window->isMaximized();
+        } else if (event->type() == QEvent::Hide
+            && (window->size() != m_shown || window->isMaximized() != m_wasMaximised)) {
+            rememberSize(window);
+        }
+        return false;
+    }
+
+private:
+    QSize m_shown;
+    bool m_wasMaximised = false;
+};
+
 } // namespace
+
+void keepSize(QWidget* window, QSize first)
+{
+    restoreSize(window, first);
+    window->installEventFilter(new SizeKeeper(window));
+}
 
 void restoreSize(QWidget* window, QSize first)
 {

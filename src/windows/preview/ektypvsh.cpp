@@ -55,7 +55,7 @@ Ektypvsh::Ektypvsh(Printers& printers, ReportSaver& saver)
 
 Ektypvsh::~Ektypvsh()
 {
-    keepSize();
+    hide(); // while the size can still be remembered
 }
 
 void Ektypvsh::layOut()
@@ -68,7 +68,7 @@ void Ektypvsh::layOut()
     rows->addWidget(m_omissions);
     rows->addWidget(m_area, 1);
     setCentralWidget(central);
-    restoreSize(this, firstSize);
+    keepSize(this, firstSize);
     move(firstPlace);
     OpeningPlacement::of(this).setCentred();
 
@@ -215,15 +215,7 @@ void Ektypvsh::unload()
     m_run.cancel();
     m_search.setPages(nullptr);
     m_area->view().setPages(nullptr);
-    keepSize();
     hide();
-}
-
-/// Keeps the size if the user has changed it. A size reduced to fit a small screen is not kept.
-void Ektypvsh::keepSize()
-{
-    if (isVisible() && (size() != m_openedSize || isMaximized() != m_openedMaximised))
-        rememberSize(this);
 }
 
 void Ektypvsh::closeEvent(QCloseEvent* event)
@@ -237,8 +229,6 @@ void Ektypvsh::showEvent(QShowEvent* event)
     QMainWindow::showEvent(event);
     if (event->spontaneous())
         return;
-    m_openedSize = size();
-    m_openedMaximised = isMaximized();
     m_area->view().setFocus(Qt::OtherFocusReason);
 }
 

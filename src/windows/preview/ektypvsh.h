@@ -54,7 +54,6 @@ private:
     void connectSearch();
 
     void activate();
-    void keepSize();
     void showPrinterState();
 
     void choosePrinter();
@@ -76,8 +75,6 @@ private:
     PageSearch m_search;
     QString m_titleText;
     QString m_fileName;
-    QSize m_openedSize;
-    bool m_openedMaximised = false;
     bool m_isPageShown = false;
     bool m_takesPrintKey = false; ///< Not the key that opened the window, however long it is held.
     bool m_hasWaited = false; ///< For the first answer of the print system.

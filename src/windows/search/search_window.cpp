@@ -60,7 +60,7 @@ SearchWindow::SearchWindow(BookFiles files, KeyRing& keys, Clock clock, Requests
     layOut();
     connectCommands();
     connectReader();
-    restoreSize(this, firstSize);
+    keepSize(this, firstSize);
     tellState();
 }
 

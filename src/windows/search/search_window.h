@@ -98,8 +98,6 @@ private:
     QHash<QString, SearchReading> m_chosen; ///< By the text of the term.
     std::optional<SearchHits> m_anew; ///< What a search that is made again has found so far.
     QString m_failure; ///< Why not all was looked through.
-    QSize m_openedSize;
-    bool m_openedMaximised = false;
     SearchReader m_reader; ///< The last one: it ends first.
 };
 

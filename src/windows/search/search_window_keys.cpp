@@ -2,7 +2,6 @@
 #include "controls/entry_field.h"
 #include "controls/table_list.h"
 #include "look/focus_rules.h"
-#include "look/remembered_size.h"
 #include "platform/date_text.h"
 #include "search/recent_searches.h"
 #include "search/search_model.h"
@@ -124,18 +123,13 @@ void SearchWindow::hideEvent(QHideEvent* event)
     m_reader.cancel();
     if (m_model->rowCount() > 0)
         remember();
-    if (size() != m_openedSize || isMaximized() != m_openedMaximised)
-        rememberSize(this);
 }
 
-/// What a small screen leaves of the size is not for the next one.
 void SearchWindow::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
     if (event->spontaneous())
         return;
-    m_openedSize = size();
-    m_openedMaximised = isMaximized();
     searchAgain();
 }
 
