@@ -83,7 +83,7 @@ TEST(CsvValues, areExactBothWaysAndRefuseWhatCouldMeanTwoThings)
     EXPECT_EQ(csvDate(20240229), "2024-02-29");
     EXPECT_EQ(csvDate(20230229), "20230229"); // what is no date stays to be seen
     EXPECT_EQ(dateFromCsv("2024-02-29"), QDate(2024, 2, 29));
-    for (const char* const text : {"2023-02-29", "29/02/2024", "2024-2-29", "20240229", "2024-02-2a", ""})
+    for (const char* const text : {"2023-02-29", "2024/02/29", "2024-2-29", "20240229", "2024-02-2a", ""})
         EXPECT_THROW((void)dateFromCsv(text), CsvValueError) << text;
     for (const char* const text : {"", "1.0", "2147483648", "0x10", "+1", "1 2"})
         EXPECT_THROW((void)numberFromCsv(text), CsvValueError) << text;
