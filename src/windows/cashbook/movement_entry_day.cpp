@@ -143,7 +143,19 @@ bool MovementEntryPage::judgeDay()
     m_commands[command::closeCash]->setVisible(!refused);
     m_chooser->setEnabled(!refused);
     m_fields.setEnabled(!refused);
+    sayWhatIsMissing();
     return refused;
+}
+
+void MovementEntryPage::sayWhatIsMissing()
+{
+    constexpr int balanceLines = 1;
+    QString text = QStringLiteral("Καμία κίνηση ακόμη. Γράψτε τον κωδικό της πρώτης και Enter.");
+    if (m_isRefused)
+        text = QStringLiteral("Η ημέρα δεν έχει κινήσεις.");
+    else if (!m_hasCodes)
+        text = QStringLiteral("Κανένας κωδικός ακόμη. Φτιάχνονται στους «Κωδικούς κινήσεων», με Ctrl+Page Down.");
+    m_list->setEmptyText(text, balanceLines);
 }
 
 bool MovementEntryPage::askClosedState(QDate day)

@@ -103,7 +103,10 @@ void MovementEntryPage::watchFields()
 
 void MovementEntryPage::refillCodes()
 {
-    m_picker->setCodes(listCodes(m_book.main(), CodeSelection::Active));
+    auto codes = listCodes(m_book.main(), CodeSelection::Active);
+    m_hasCodes = !codes.empty();
+    m_picker->setCodes(std::move(codes));
+    sayWhatIsMissing();
 }
 
 void MovementEntryPage::focusEntry()

@@ -132,6 +132,7 @@ private:
     void putIntoDate();
     void bringBackDay();
     bool judgeDay();
+    void sayWhatIsMissing();
     [[nodiscard]] bool isRefused(QDate day);
     bool askClosedState(QDate day);
     void showClosedState(bool isClosed);
@@ -197,6 +198,7 @@ private:
     QDate m_day; ///< The last day shown, or that would have been shown but for a failure.
     bool m_putIntoDate = false;
     bool m_isRefused = false; ///< Whether this user may not change the shown day.
+    bool m_hasCodes = true; ///< Active ones.
     bool m_memorandumStays = false; ///< Whether the amount was left there by the last insertion.
 
     struct Loaded {

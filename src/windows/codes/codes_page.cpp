@@ -79,6 +79,11 @@ void CodesPage::start()
 {
     const bool mayModify = m_authority.has(Right::ModifyCodes);
     m_reader->setReading(!mayModify);
+    m_lists[Codes]->setEmptyText(mayModify
+            ? QStringLiteral("Κανένας κωδικός ακόμη. Γράψτε τον αριθμό του πρώτου και Enter.")
+            : QStringLiteral("Το βιβλίο δεν έχει ακόμη κωδικούς."));
+    m_lists[Groups]->setEmptyText(mayModify ? QStringLiteral("Καμία ομάδα ακόμη: πατήστε «Επεξεργασία».")
+                                            : QStringLiteral("Το βιβλίο δεν έχει ακόμη ομάδες."));
     clearFields();
     m_filterField->clear();
     m_selected.reset();
@@ -151,6 +156,9 @@ void CodesPage::showCodesOfGroup(qint32 group)
 {
     m_listedGroup = group;
     m_lists[CodesOfGroup]->setRows(rowsOf(listCodesOfGroup(m_book.main(), group)));
+    m_lists[CodesOfGroup]->setEmptyText(group == 0
+            ? QStringLiteral("Διαλέξτε μια ομάδα: εδώ φαίνονται οι κωδικοί της.")
+            : QStringLiteral("Κανένας κωδικός σε αυτή την ομάδα. Με F2 στην ομάδα τη δίνετε στον κωδικό των πεδίων."));
 }
 
 void CodesPage::selectCode(std::optional<qint64> row)

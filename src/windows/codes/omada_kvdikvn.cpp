@@ -51,6 +51,7 @@ void OmadaKvdikvn::layOut()
     m_list->setObjectName(QStringLiteral("DBList1"));
     m_list->setAccessibleName(heading->text().trimmed());
     m_list->setToolTip(QStringLiteral("Διπλό κλίκ για διόρθωση ή διαγραφή"));
+    m_list->setEmptyText(QStringLiteral("Καμία ομάδα ακόμη. Γράψτε την ονομασία της πρώτης και Enter."));
     auto* const caption = fieldCaption(QStringLiteral("Ονομασία ομάδας  "));
     m_name->setObjectName(QStringLiteral("Text1"));
     m_name->setAccessibleName(caption->text().trimmed());

@@ -44,6 +44,7 @@ ChoiceList::ChoiceList(PlainList::Face face, const ChoiceTexts& texts, QWidget* 
     , m_count(new ThemedLabel(QString(), ColourRole::Muted, 0.9))
 {
     m_list->setAccessibleName(texts.heading);
+    m_list->setEmptyText(texts.empty);
     m_list->installEventFilter(this);
     auto* const rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);

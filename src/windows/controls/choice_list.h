@@ -22,6 +22,7 @@ struct ChoiceTexts {
     QString severalChosen;
     QString all; ///< On the button that selects all.
     QString none; ///< On the button that selects none.
+    QString empty; ///< While there are no rows.
 };
 
 /// A list with a heading from whose many rows several can be chosen. What is typed into the field beside the heading,

@@ -1,5 +1,7 @@
 #include "controls/record_list.h"
 
+#include "controls/empty_text.h"
+
 #include <QKeyEvent>
 #include <QSignalBlocker>
 
@@ -22,6 +24,34 @@ void RecordList::selectRow(const QModelIndex& index)
         scrollTo(index);
     else
         clearSelection();
+}
+
+void RecordList::setEmptyText(const QString& text, int usualRows)
+{
+    m_emptyText = text;
+    m_usualRows = usualRows;
+    for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(model(), change, this, &RecordList::describe, Qt::UniqueConnection);
+    connect(model(), &QAbstractItemModel::modelReset, this, &RecordList::describe, Qt::UniqueConnection);
+    describe();
+    viewport()->update();
+}
+
+void RecordList::describe()
+{
+    const QString text = model()->rowCount() == m_usualRows ? m_emptyText : QString();
+    if (accessibleDescription() != text)
+        setAccessibleDescription(text);
+}
+
+void RecordList::paintEvent(QPaintEvent* event)
+{
+    QListView::paintEvent(event);
+    const int rows = model() ? model()->rowCount() : 0;
+    if (m_emptyText.isEmpty() || rows != m_usualRows)
+        return;
+    const QRect last = visualRect(model()->index(rows - 1, 0));
+    paintEmptyText(*this, last.isValid() ? last.bottom() : 0, m_emptyText);
 }
 
 void RecordList::keyPressEvent(QKeyEvent* event)

@@ -1,11 +1,11 @@
 #include "controls/table_list.h"
 
+#include "controls/empty_text.h"
 #include "controls/row_delegate.h"
 #include "look/theme.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
-#include <QPainter>
 #include <QStyledItemDelegate>
 
 namespace lorvan {
@@ -84,12 +84,8 @@ void TableList::setColumnWidths(const QStringList& widestTexts)
 void TableList::paintEvent(QPaintEvent* event)
 {
     QTreeView::paintEvent(event);
-    if (m_emptyText.isEmpty() || model()->rowCount() > 0)
-        return;
-    QPainter painter(viewport());
-    painter.setPen(Theme::instance().colour(ColourRole::Muted));
-    painter.drawText(viewport()->rect().adjusted(besideText, besideText, -besideText, 0),
-        Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, m_emptyText);
+    if (!m_emptyText.isEmpty() && model()->rowCount() == 0)
+        paintEmptyText(*this, 0, m_emptyText);
 }
 
 bool TableList::viewportEvent(QEvent* event)

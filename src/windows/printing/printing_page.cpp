@@ -39,14 +39,14 @@ ChoiceTexts codeTexts()
 {
     return {QStringLiteral("Κωδικοί κινήσεων"), QStringLiteral("Χωρίς επιλογή τυπώνονται όλα."),
         QStringLiteral("%1 επιλεγμένος από %2"), QStringLiteral("%1 επιλεγμένοι από %2"), QStringLiteral("Όλοι"),
-        QStringLiteral("Κανένας")};
+        QStringLiteral("Κανένας"), QStringLiteral("Το βιβλίο δεν έχει ακόμη κωδικούς.")};
 }
 
 ChoiceTexts groupTexts()
 {
     return {QStringLiteral("Ομάδες κωδικών"), QStringLiteral("Χωρίς επιλογή τυπώνονται όλα."),
         QStringLiteral("%1 επιλεγμένη από %2"), QStringLiteral("%1 επιλεγμένες από %2"), QStringLiteral("Όλες"),
-        QStringLiteral("Καμία")};
+        QStringLiteral("Καμία"), QStringLiteral("Το βιβλίο δεν έχει ακόμη ομάδες.")};
 }
 
 } // namespace

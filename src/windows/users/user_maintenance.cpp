@@ -57,6 +57,7 @@ UserMaintenance::UserMaintenance(BookFiles files, KeyRing& keys, Clock clock, QW
     m_list->setObjectName(QStringLiteral("DBList1"));
     m_list->setToolTip(QStringLiteral("Περιέχει το σύνολο των χρηστών"));
     m_list->setAccessibleName(title());
+    m_list->setEmptyText(QStringLiteral("Κανένας χρήστης ακόμη. Γράψτε το όνομα του πρώτου και Enter."));
     m_list->setFixedWidth(listWidth);
     m_password->setEchoMode(QLineEdit::Password);
     connectList();

@@ -162,10 +162,12 @@ TEST(ChoiceList, isSearchedAndChosenFromByTyping)
 {
     ShownForm form;
     auto* const choice =
-        form.add(new ChoiceList(PlainList::Face::Desktop, {{}, "none", "%1 of %2", "%1 from %2", {}, {}}));
+        form.add(new ChoiceList(PlainList::Face::Desktop, {{}, "none", "%1 of %2", "%1 from %2", {}, {}, "no rows"}));
     choice->setObjectNames("rows", 1);
+    EXPECT_EQ(choice->list()->accessibleDescription(), "no rows");
     choice->setRows(
         {{"  100 ΠΩΛΗΣΕΙΣ", 100}, {"  110 Αγορές", 110}, {"  211 ΠΩΛΗΤΕΣ", 211}, {"  300 Αμοιβή πωλητών", 300}});
+    EXPECT_EQ(choice->list()->accessibleDescription(), QString());
     form.show();
     auto* const field = choice->findChild<QWidget*>("findRow(1)");
     const auto* const count = choice->findChild<QLabel*>("chosenCount(1)");
