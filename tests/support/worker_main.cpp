@@ -8,6 +8,7 @@
 
 #include "backup/steady_copy.h"
 #include "book/lock_trust.h"
+#include "book/opened_book.h"
 #include "book/usage_marker.h"
 #include "cashbook/movement_batch.h"
 #include "codes/code_catalogue.h"
@@ -17,7 +18,6 @@
 #include "platform/engine/transaction.h"
 #include "platform/machine_identity.h"
 #include "proof/book_check.h"
-#include "support/opened_book.h"
 #include "support/random_changes.h"
 #include "support/temporary_book.h"
 #include "support/vain_locks.h"

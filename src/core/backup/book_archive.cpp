@@ -1,8 +1,8 @@
 #include "backup/book_archive.h"
 
 #include "backup/copy_writing.h"
-#include "backup/steady_copy.h"
 #include "platform/printable_text.h"
+#include "platform/stop_check.h"
 
 #include <QFileInfo>
 

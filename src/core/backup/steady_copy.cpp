@@ -209,12 +209,6 @@ private:
 
 } // namespace
 
-void continueOrGiveUp()
-{
-    if (!StopCheck::goesOn())
-        throw GivenUp();
-}
-
 CopyEffort copyBook(const BookFiles& book, const Folder& copy, KeyRing& keys, const CopyPatience& patience)
 {
     const CopyEffort effort = SteadyCopy(book, copy, keys, patience).run();

@@ -11,18 +11,6 @@ class BookFiles;
 class Folder;
 class KeyRing;
 
-/// The work was cancelled.
-class GivenUp : public std::runtime_error {
-public:
-    GivenUp()
-        : std::runtime_error("given up")
-    {
-    }
-};
-
-/// Throws GivenUp if a StopCheck of this thread says no.
-void continueOrGiveUp();
-
 /// How long a copy may keep writers waiting.
 struct CopyPatience {
     std::chrono::milliseconds firstLock{10}; ///< Longest wait for the first file's lock, after which it tries again.

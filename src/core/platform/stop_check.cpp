@@ -55,4 +55,10 @@ bool StoppableReading::isStopped()
     return stoppableReadings > 0 && !StopCheck::goesOn();
 }
 
+void continueOrGiveUp()
+{
+    if (!StopCheck::goesOn())
+        throw GivenUp();
+}
+
 } // namespace lorvan

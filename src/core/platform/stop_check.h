@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <stdexcept>
 
 namespace lorvan {
 
@@ -22,6 +23,18 @@ private:
     std::function<bool()> m_goesOn;
     const StopCheck* m_outer;
 };
+
+/// The work was cancelled.
+class GivenUp : public std::runtime_error {
+public:
+    GivenUp()
+        : std::runtime_error("given up")
+    {
+    }
+};
+
+/// Throws GivenUp if a StopCheck of this thread says no.
+void continueOrGiveUp();
 
 /// During its lifetime, the thread does not ask the checks that existed before: for work that has been decided on and
 /// must be finished.

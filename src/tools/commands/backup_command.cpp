@@ -3,11 +3,11 @@
 #include "backup/book_backup.h"
 #include "backup/copy_writing.h"
 #include "book/book_files.h"
+#include "book/opened_book.h"
 #include "platform/engine/key_ring.h"
 #include "platform/stop_check.h"
-#include "support/opened_book.h"
+#include "platform/work.h"
 #include "support/progress_bar.h"
-#include "support/work.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,8 @@
 #include "support/command.h"
 
+#include "book/claimed_marker.h"
 #include "book/failure_text.h"
+#include "book/opened_book.h"
 #include "book/schema_guard.h"
 #include "commands/findings_text.h"
 #include "platform/authority.h"
@@ -10,8 +12,6 @@
 #include "proof/book_repair.h"
 #include "proof/code_answer.h"
 #include "proof/trail_audit.h"
-#include "support/claimed_marker.h"
-#include "support/opened_book.h"
 #include "support/progress_bar.h"
 
 namespace lorvan {

@@ -1,8 +1,8 @@
 #include "support/command.h"
 
+#include "books/new_book.h"
+#include "platform/work.h"
 #include "support/interruption.h"
-#include "support/new_book.h"
-#include "support/work.h"
 #include "users/user_accounts.h"
 
 #include <optional>

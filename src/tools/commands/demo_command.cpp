@@ -1,9 +1,9 @@
 #include "support/command.h"
 
+#include "books/new_book.h"
 #include "demo/demo_book.h"
 #include "demo/demo_shop.h"
 #include "support/interruption.h"
-#include "support/new_book.h"
 
 namespace lorvan {
 namespace {

@@ -1,12 +1,12 @@
 #include "support/command.h"
 
+#include "books/new_book.h"
 #include "legacy/import_tally.h"
 #include "legacy/legacy_book.h"
 #include "legacy/legacy_store.h"
+#include "platform/work.h"
 #include "support/interruption.h"
-#include "support/new_book.h"
 #include "support/progress_bar.h"
-#include "support/work.h"
 
 #include <QFileInfo>
 

@@ -1,14 +1,14 @@
 #include "support/command.h"
 
 #include "book/book_schema.h"
+#include "book/claimed_marker.h"
+#include "book/opened_book.h"
 #include "csv/csv_import.h"
 #include "platform/authority.h"
+#include "platform/work.h"
 #include "proof/opening_balance.h"
-#include "support/claimed_marker.h"
 #include "support/interruption.h"
-#include "support/opened_book.h"
 #include "support/progress_bar.h"
-#include "support/work.h"
 
 namespace lorvan {
 namespace {

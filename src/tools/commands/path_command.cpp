@@ -2,7 +2,7 @@
 
 #include "book/path_file.h"
 #include "platform/windows1253.h"
-#include "support/work.h"
+#include "platform/work.h"
 
 #include <QFileInfo>
 

@@ -2,16 +2,16 @@
 
 #include "backup/book_restore.h"
 #include "book/book_files.h"
+#include "book/claimed_marker.h"
 #include "book/failure_text.h"
+#include "book/opened_book.h"
 #include "book/pending_restore.h"
 #include "commands/findings_text.h"
 #include "platform/authority.h"
 #include "platform/stop_check.h"
-#include "support/claimed_marker.h"
+#include "platform/work.h"
 #include "support/interruption.h"
-#include "support/opened_book.h"
 #include "support/progress_bar.h"
-#include "support/work.h"
 
 #include <QFileInfo>
 

@@ -3,15 +3,15 @@
 #include "backup/copy_writing.h"
 #include "backup/steady_copy.h"
 #include "book/book_schema.h"
+#include "book/opened_book.h"
 #include "cashbook/movement_store.h"
 #include "csv/book_tables.h"
 #include "csv/csv_values.h"
 #include "export/movement_workbook.h"
 #include "export/table_export.h"
 #include "platform/stop_check.h"
+#include "platform/work.h"
 #include "support/new_folder.h"
-#include "support/opened_book.h"
-#include "support/work.h"
 
 #include <QDir>
 #include <QFile>

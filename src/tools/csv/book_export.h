@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/work.h"
+#include "platform/work.h"
 
 #include <QString>
 

@@ -16,7 +16,7 @@
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
-#include "support/work.h"
+#include "platform/work.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 #include "csv/csv_reader.h"
 
+#include "platform/work.h"
 #include "support/interruption.h"
-#include "support/work.h"
 
 #include <QIODevice>
 

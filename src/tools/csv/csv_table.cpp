@@ -1,6 +1,6 @@
 #include "csv/csv_table.h"
 
-#include "support/work.h"
+#include "platform/work.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include "journal/journal.h"
 #include "platform/authority.h"
 #include "platform/engine/connection.h"
-#include "support/work.h"
+#include "platform/work.h"
 
 #include <QDateTime>
 

@@ -1,6 +1,6 @@
 #include "support/interruption.h"
 
-#include "support/work.h"
+#include "platform/work.h"
 
 #include <array>
 #include <csignal>

@@ -1,6 +1,6 @@
 #include "support/new_folder.h"
 
-#include "support/folder_writing.h"
+#include "platform/files/folder_writing.h"
 
 #include <QDir>
 #include <QFileInfo>

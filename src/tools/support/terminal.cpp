@@ -1,6 +1,6 @@
 #include "support/terminal.h"
 
-#include "support/work.h"
+#include "platform/work.h"
 
 #include <QStringDecoder>
 

@@ -1,14 +1,14 @@
 #include "support/tool.h"
 
 #include "book/book.h"
+#include "book/claimed_marker.h"
 #include "book/failure_text.h"
 #include "platform/confirmation.h"
 #include "platform/engine/sql_error.h"
 #include "platform/stop_check.h"
-#include "support/claimed_marker.h"
+#include "platform/work.h"
 #include "support/interruption.h"
 #include "support/screen_filter.h"
-#include "support/work.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,9 +1,9 @@
 #include "backup/book_backup.h"
-#include "backup/steady_copy.h"
 #include "look/message_window.h"
 #include "main/kentrikh.h"
 #include "main/tab_band.h"
 #include "main/tools_button.h"
+#include "platform/stop_check.h"
 
 #include <QAction>
 

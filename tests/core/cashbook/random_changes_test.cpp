@@ -1,5 +1,6 @@
 #include "support/random_changes.h"
 
+#include "book/opened_book.h"
 #include "book/schema_upgrade.h"
 #include "cashbook/movement_batch.h"
 #include "cashbook/undo_list.h"
@@ -8,7 +9,6 @@
 #include "proof/book_check.h"
 #include "proof/book_repair.h"
 #include "proof/opening_balance.h"
-#include "support/opened_book.h"
 #include "support/temporary_book.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
+#include "book/opened_book.h"
 #include "proof/book_check.h"
 #include "proof/book_repair.h"
 #include "support/book_model.h"
-#include "support/opened_book.h"
 #include "support/temporary_book.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
+#include "book/claimed_marker.h"
 #include "platform/windows1253.h"
-#include "support/claimed_marker.h"
 #include "tools/tool_run.h"
 
 namespace lorvan::test {

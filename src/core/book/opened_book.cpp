@@ -1,4 +1,4 @@
-#include "support/opened_book.h"
+#include "book/opened_book.h"
 
 #include "book/book_recovery.h"
 #include "book/lock_trust.h"
@@ -6,7 +6,7 @@
 #include "book/schema_guard.h"
 #include "book/schema_upgrade.h"
 #include "book/usage_marker.h"
-#include "support/work.h"
+#include "platform/work.h"
 
 namespace lorvan {
 

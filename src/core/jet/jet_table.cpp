@@ -2,7 +2,7 @@
 
 #include "jet/jet_data_page.h"
 #include "jet/jet_usage_map.h"
-#include "support/interruption.h"
+#include "platform/stop_check.h"
 
 #include <set>
 
@@ -27,7 +27,7 @@ public:
     {
         findPages();
         for (std::uint32_t page = 0; page < m_file.pageCount(); ++page) {
-            Interruption::throwIfCome();
+            continueOrGiveUp();
             if (m_isMapped[page])
                 m_damage.attempt(at(page, {}), [&] { readPage(page); });
         }

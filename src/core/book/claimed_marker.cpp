@@ -1,8 +1,8 @@
-#include "support/claimed_marker.h"
+#include "book/claimed_marker.h"
 
 #include "book/book_files.h"
 #include "book/lock_trust.h"
-#include "support/work.h"
+#include "platform/work.h"
 
 #include <QFileInfo>
 

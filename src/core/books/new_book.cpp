@@ -1,11 +1,11 @@
-#include "support/new_book.h"
+#include "books/new_book.h"
 
 #include "book/pending_restore.h"
 #include "cashbook/journal_keeping.h"
 #include "platform/engine/key_ring.h"
 #include "platform/engine/sql_error.h"
 #include "platform/files/durable_files.h"
-#include "support/folder_writing.h"
+#include "platform/files/folder_writing.h"
 
 #include <QDir>
 #include <QFileInfo>

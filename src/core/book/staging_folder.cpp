@@ -1,6 +1,6 @@
-#include "support/staging_folder.h"
+#include "book/staging_folder.h"
 
-#include "support/folder_writing.h"
+#include "platform/files/folder_writing.h"
 
 #include <QFileInfo>
 

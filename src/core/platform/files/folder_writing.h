@@ -2,7 +2,7 @@
 
 #include "platform/files/file.h"
 #include "platform/files/file_lock.h"
-#include "support/work.h"
+#include "platform/work.h"
 
 namespace lorvan {
 

@@ -1,6 +1,6 @@
 #include "jet/jet_file.h"
 
-#include "support/interruption.h"
+#include "platform/stop_check.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -45,7 +45,7 @@ QByteArray wholeContent(const QString& path)
     const qint64 size = file.size();
     QByteArray content;
     while (!file.atEnd() && file.error() == QFileDevice::NoError) {
-        Interruption::throwIfCome();
+        continueOrGiveUp();
         content += file.read(readAtOnce);
     }
     if (content.size() != size)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "book/book.h"
-#include "support/staging_folder.h"
+#include "book/staging_folder.h"
 
 #include <QStringList>
 

@@ -1,5 +1,5 @@
 #include "book/schema_upgrade.h"
-#include "support/staging_folder.h"
+#include "book/staging_folder.h"
 #include "tools/tool_run.h"
 
 #include <functional>
