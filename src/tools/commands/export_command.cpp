@@ -1,9 +1,9 @@
 #include "support/command.h"
 
+#include "book/new_folder.h"
 #include "book/opened_book.h"
 #include "csv/book_export.h"
 #include "support/interruption.h"
-#include "support/new_folder.h"
 #include "support/progress_bar.h"
 
 namespace lorvan {

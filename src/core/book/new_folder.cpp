@@ -1,4 +1,4 @@
-#include "support/new_folder.h"
+#include "book/new_folder.h"
 
 #include "platform/files/folder_writing.h"
 

@@ -1,7 +1,7 @@
 #include "csv/csv_reader.h"
 
+#include "platform/stop_check.h"
 #include "platform/work.h"
-#include "support/interruption.h"
 
 #include <QIODevice>
 
@@ -44,7 +44,7 @@ CsvReader::CsvReader(QIODevice& device)
 
 void CsvReader::fill()
 {
-    Interruption::throwIfCome();
+    continueOrGiveUp();
     m_buffer = m_device.read(readAtOnce);
     m_next = 0;
     m_bytesRead += m_buffer.size();

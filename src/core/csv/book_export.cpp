@@ -3,6 +3,7 @@
 #include "backup/copy_writing.h"
 #include "backup/steady_copy.h"
 #include "book/book_schema.h"
+#include "book/new_folder.h"
 #include "book/opened_book.h"
 #include "cashbook/movement_store.h"
 #include "csv/book_tables.h"
@@ -11,7 +12,6 @@
 #include "export/table_export.h"
 #include "platform/stop_check.h"
 #include "platform/work.h"
-#include "support/new_folder.h"
 
 #include <QDir>
 #include <QFile>
