@@ -2,14 +2,16 @@
 
 #include "backup/copy_writing.h"
 #include "backup/steady_copy.h"
+#include "book/book_files.h"
 #include "book/book_schema.h"
 #include "book/new_folder.h"
-#include "book/opened_book.h"
 #include "cashbook/movement_store.h"
 #include "csv/book_tables.h"
 #include "csv/csv_values.h"
 #include "export/movement_workbook.h"
 #include "export/table_export.h"
+#include "platform/engine/connection.h"
+#include "platform/engine/key_ring.h"
 #include "platform/stop_check.h"
 #include "platform/work.h"
 
@@ -67,7 +69,7 @@ private:
 /// Both databases as they are at one moment, copied into a folder that is removed when the object is destroyed.
 class BookState {
 public:
-    BookState(OpenedBook& book, const NewFolder& folder, const StepProgress& progress)
+    BookState(const BookFiles& book, KeyRing& keys, const NewFolder& folder, const StepProgress& progress)
         : m_files(folder.filePath(QStringLiteral(".book")))
     {
         if (!QDir().mkdir(m_files.dataFolder()))
@@ -77,7 +79,7 @@ public:
                 progress(0, 1);
                 return true;
             });
-            copyBook(book.files(), m_files, book.keys());
+            copyBook(book, m_files, keys);
         } catch (const BookCopyFailed& failure) {
             throw Refused(QStringLiteral("Το αντίγραφο από το οποίο γίνεται η εξαγωγή δεν γράφεται. %1")
                               .arg(QString::fromUtf8(failure.what())));
@@ -238,10 +240,11 @@ void Export::writeWorkbook()
 
 } // namespace
 
-QStringList exportBook(OpenedBook& book, const NewFolder& folder, Passwords passwords, const StepProgress& progress)
+QStringList exportBook(
+    const BookFiles& book, KeyRing& keys, const NewFolder& folder, Passwords passwords, const StepProgress& progress)
 {
-    const BookState state(book, folder, progress);
-    return Export(state, book.keys(), folder, passwords, progress).run();
+    const BookState state(book, keys, folder, progress);
+    return Export(state, keys, folder, passwords, progress).run();
 }
 
 } // namespace lorvan

@@ -22,7 +22,8 @@ ExitStatus exportTables(Arguments& arguments, const ToolContext& context)
     QStringList files;
     {
         ProgressBar bar(context, QStringLiteral("Εξαγωγή"));
-        files = exportBook(book, folder, passwords, [&](qint64 done, qint64 whole) { bar.show(done, whole); });
+        files = exportBook(
+            book.files(), book.keys(), folder, passwords, [&](qint64 done, qint64 whole) { bar.show(done, whole); });
     }
     Interruption::throwIfCome();
     const QStringList staying = folder.keep(files);

@@ -4,6 +4,7 @@
 #include "book/claimed_marker.h"
 #include "book/opened_book.h"
 #include "csv/csv_import.h"
+#include "csv/import_texts.h"
 #include "platform/authority.h"
 #include "platform/work.h"
 #include "proof/opening_balance.h"
@@ -13,29 +14,10 @@
 namespace lorvan {
 namespace {
 
-void printBadLines(const CsvImportOutcome& outcome, std::ostream& errors)
+void printLines(const QStringList& lines, std::ostream& stream)
 {
-    for (const BadLine& bad : outcome.badLines)
-        errors << bad.file.toStdString() << ':' << bad.line << ": " << bad.reason.toStdString() << '\n';
-    const qint64 others = outcome.badLineCount - static_cast<qint64>(outcome.badLines.size());
-    if (others > 0)
-        errors << "… και άλλες " << others << '\n';
-}
-
-void printRows(const char* what, const ImportedRows& rows, std::ostream& out)
-{
-    if (rows.added + rows.present > 0)
-        out << what << ": προστέθηκαν " << rows.added << ", υπήρχαν ήδη ίδιες εγγραφές " << rows.present << '\n';
-}
-
-void printDone(const CsvImportOutcome& outcome, std::ostream& out)
-{
-    printRows("Ομάδες", outcome.groups, out);
-    printRows("Κωδικοί", outcome.codes, out);
-    printRows("Υπόλοιπα ανοίγματος", outcome.openingDifferences, out);
-    out << "Κινήσεις: προστέθηκαν " << outcome.movements << '\n';
-    if (outcome.repeatedMovements > 0)
-        out << "Προσοχή: το βιβλίο είχε ήδη ίδιες κινήσεις με " << outcome.repeatedMovements << " από αυτές.\n";
+    for (const QString& line : lines)
+        stream << line.toStdString() << '\n';
 }
 
 CsvImportOutcome import(OpenedBook& book, const QString& folder, ImportChoices choices, const ToolContext& context)
@@ -67,10 +49,10 @@ ExitStatus importCsvFiles(Arguments& arguments, const ToolContext& context)
     OpenedBook book(bookFolder, Connection::Access::ReadWrite);
     const CsvImportOutcome outcome = import(book, folder, choices, context);
     if (outcome.badLineCount == 0) {
-        printDone(outcome, context.out);
+        printLines(importedLines(outcome), context.out);
         return ExitStatus::Done;
     }
-    printBadLines(outcome, context.errors);
+    printLines(badLineTexts(outcome, CsvImportOutcome::mostBadLines), context.errors);
     throw Refused(QStringLiteral("Γραμμές με λάθη: %1. Δεν προστέθηκε τίποτα.").arg(outcome.badLineCount));
 }
 

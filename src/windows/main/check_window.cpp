@@ -9,15 +9,11 @@
 #include "look/themed_label.h"
 #include "look/window_placement.h"
 #include "platform/date_text.h"
-#include "platform/stop_check.h"
 #include "proof/open_book_check.h"
 
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QVBoxLayout>
-
-#include <algorithm>
-#include <limits>
 
 namespace lorvan {
 namespace {
@@ -48,27 +44,6 @@ std::vector<CheckLine> linesOf(const BookCheck& check)
         lines.push_back(
             {QStringLiteral("Το περιεχόμενο δεν ελέγχθηκε. Επαναφέρετε το βιβλίο από ένα αντίγραφο ασφαλείας.")});
     return lines;
-}
-
-int asCount(std::int64_t rows)
-{
-    return static_cast<int>(std::min<std::int64_t>(rows, std::numeric_limits<int>::max()));
-}
-
-/// Work in another thread that reports to a progress window and stops when that says so.
-template <typename Work> BackgroundRun::Work stoppable(const Work& work)
-{
-    return [work](const BackgroundRun::Progress& progress) {
-        int done = 0;
-        int all = 0;
-        const StopCheck stop([&] { return progress(done, all); });
-        work([&](std::int64_t rows, std::int64_t whole) {
-            done = asCount(rows);
-            all = asCount(std::max(rows, whole));
-            (void)progress(done, all);
-        });
-        return true;
-    };
 }
 
 } // namespace

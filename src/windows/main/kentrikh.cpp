@@ -78,6 +78,7 @@ Kentrikh::Kentrikh(
     connectUndo();
     connectFigures();
     connectBackup();
+    connectExchange();
     connectHelp();
     addReportKeys();
 }

@@ -102,7 +102,10 @@ private:
     void connectFigures();
     void connectHelp();
     void connectBackup();
+    void connectExchange();
     void backUpNow();
+    void exportTables(); ///< Into a folder that the user chooses.
+    void importTables(); ///< From a folder that the user chooses.
     void openManual();
 
     void insertCode();
@@ -184,7 +187,7 @@ private:
     std::unique_ptr<HelpWindow> m_help; ///< The same.
     std::unique_ptr<SearchWindow> m_search; ///< The same.
     DailyBackup m_backup;
-    BackgroundRun m_backupRun; ///< Of a backup by hand.
+    BackgroundRun m_toolRun; ///< Of a backup by hand, an export, an import.
     SessionEnd m_session;
     AwayWatch m_away;
     struct Origin {

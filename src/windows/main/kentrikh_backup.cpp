@@ -3,22 +3,13 @@
 #include "main/kentrikh.h"
 #include "main/tab_band.h"
 #include "main/tools_button.h"
-#include "platform/stop_check.h"
 
 #include <QAction>
-
-#include <algorithm>
-#include <limits>
 
 namespace lorvan {
 namespace {
 
 const QString title = QStringLiteral("Αντίγραφο ασφαλείας");
-
-int asCount(qint64 count)
-{
-    return static_cast<int>(std::min<qint64>(count, std::numeric_limits<int>::max()));
-}
 
 } // namespace
 
@@ -33,18 +24,16 @@ void Kentrikh::connectBackup()
 void Kentrikh::backUpNow()
 {
     QString path;
-    const auto work = [this, &path](const BackgroundRun::Progress& progress) {
-        const auto tell = [&progress](qint64 done, qint64 all) { return progress(asCount(done), asCount(all)); };
-        try {
-            path = makeBackupByHand(BookFiles(m_settings.dataFolder), m_keys, m_clock.now(), tell);
-            return true;
-        } catch (const GivenUp&) {
-            return false;
-        }
+    const auto work = [this, &path](const StepProgress& progress) {
+        path = makeBackupByHand(
+            BookFiles(m_settings.dataFolder), m_keys, m_clock.now(), [&progress](qint64 done, qint64 all) {
+                progress(done, all);
+                return true; // stoppable work is asked itself
+            });
     };
     const ProgressTexts texts{
         title, QStringLiteral("Γράφεται και ελέγχεται το αντίγραφο…"), QStringLiteral("Μεγαμπάιτ")};
-    if (m_backupRun.run(this, texts, work) && !m_closed)
+    if (m_toolRun.run(this, texts, stoppable(work)) && !m_closed)
         showMessage(this, QMessageBox::Information, title,
             QStringLiteral("Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε."), path);
 }

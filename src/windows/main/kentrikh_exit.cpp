@@ -44,7 +44,7 @@ void Kentrikh::closeEvent(QCloseEvent* event)
     rememberSize(this);
     hideTools();
     m_reports.close();
-    m_backupRun.cancel();
+    m_toolRun.cancel();
     m_backup.retire();
     m_notices.retire();
     m_openDays.retire();

@@ -1,15 +1,26 @@
 #include "preview/background_run.h"
 
 #include "look/busy_pointer.h"
+#include "platform/stop_check.h"
 
 #include <QEventLoop>
 #include <QTimer>
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
+#include <limits>
 #include <thread>
 
 namespace lorvan {
+namespace {
+
+int asCount(qint64 count)
+{
+    return static_cast<int>(std::min<qint64>(count, std::numeric_limits<int>::max()));
+}
+
+} // namespace
 
 using namespace std::chrono_literals;
 
@@ -62,6 +73,21 @@ void BackgroundRun::wait(QEventLoop& loop, QWidget* parent, const ProgressTexts&
     update.start(50ms);
     window.show();
     loop.exec();
+}
+
+BackgroundRun::Work stoppable(const std::function<void(const StepProgress& progress)>& work)
+{
+    return [work](const BackgroundRun::Progress& progress) {
+        int shown = 0;
+        int all = 0;
+        const StopCheck stop([&] { return progress(shown, all); });
+        work([&](qint64 done, qint64 whole) {
+            shown = asCount(done);
+            all = asCount(std::max(done, whole));
+            (void)progress(shown, all);
+        });
+        return true;
+    };
 }
 
 } // namespace lorvan

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/work.h"
 #include "preview/progress_window.h"
 
 #include <atomic>
@@ -34,5 +35,8 @@ private:
     std::atomic<int> m_done = 0;
     std::atomic<int> m_all = 0;
 };
+
+/// Core's work, which reports how far it is and is stopped by a StopCheck, as work for BackgroundRun.
+[[nodiscard]] BackgroundRun::Work stoppable(const std::function<void(const StepProgress& progress)>& work);
 
 } // namespace lorvan

@@ -1,5 +1,8 @@
+#include "backup/book_backup.h"
 #include "cashbook/cash_book.h"
+#include "csv/open_book_exchange.h"
 #include "platform/engine/transaction.h"
+#include "platform/stop_check.h"
 #include "proof/opening_balance.h"
 #include "support/book_model.h"
 #include "tools/tool_run.h"
@@ -167,6 +170,27 @@ TEST_F(CsvImportTest, listsFiftyBadLinesAndBlamesABadCodeOnce)
     EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 52);
     EXPECT_EQ(errors.find("kinhseis.csv:10:"), std::string::npos);
     expectParts(errors, {"kvdikoi.csv:2", "kinhseis.csv:59:", "… και άλλες 20\n", "Γραμμές με λάθη: 70."});
+}
+
+/// As the program does it: the file with the movements as it was exported goes into the book that is open.
+TEST_F(CsvImportTest, ofAnOpenBookBeginsWithABackup)
+{
+    const Book opened = book.open();
+    ASSERT_EQ(take(QByteArray(titles) + "100,2024-03-15,α,1.00,,,\n").status, ExitStatus::Done);
+    const auto none = [](qint64, qint64) {};
+    const QDateTime now(today, QTime(12, 0));
+    const ExportedBook made = exportOpenBook(book.files(), testKeys(), beside.path(), now, none);
+    EXPECT_EQ(made.folder, beside.filePath("lorvan-2024-03-20-120000"));
+    EXPECT_THROW((void)exportOpenBook(book.files(), testKeys(), beside.path(), now, none), Refused) << "it is there";
+    EXPECT_FALSE(readFile(made.folder + "/codes.csv").contains("upass"));
+
+    EXPECT_THROW((void)importIntoOpenBook(book.files(), testKeys(), by(), made.folder, none), NotPermitted);
+    {
+        const StopCheck stop([] { return false; });
+        EXPECT_THROW((void)importIntoOpenBook(book.files(), testKeys(), byAll(), made.folder, none), GivenUp);
+    }
+    EXPECT_EQ(importIntoOpenBook(book.files(), testKeys(), byAll(), made.folder, none).movements, 1);
+    EXPECT_EQ(QDir(backupFolder(book.files())).entryList({"lorvan-2*.tar"}).size(), 1);
 }
 
 } // namespace lorvan::test
