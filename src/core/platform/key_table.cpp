@@ -58,6 +58,8 @@ std::vector<KeyEntry> cashPageKeys()
             QStringLiteral("ταινία: ποσά το ένα κάτω από το άλλο, που το άθροισμά τους μπαίνει στο πεδίο")),
         entry(KeyUse::GoToDayList, CodeField, QStringLiteral("Up"),
             QStringLiteral("στον πίνακα των κινήσεων, όταν ο κωδικός είναι άδειος")),
+        entry(KeyUse::AcceptSuggestion, DescriptionField, QStringLiteral("Right"),
+            QStringLiteral("δέχεται την περιγραφή που προτείνεται πίσω από όσα γράψατε")),
         entry(KeyUse::ListPreviousCashDay, DayList, QStringLiteral("Ctrl+Up"),
             QStringLiteral("η προηγούμενη ημέρα με ταμείο")),
         entry(
@@ -108,6 +110,7 @@ KeyPlace around(KeyPlace place)
         return KeyPlace::DateOrEmptyCode;
     case KeyPlace::DateOrEmptyCode:
     case KeyPlace::AmountField:
+    case KeyPlace::DescriptionField:
     case KeyPlace::DayList:
         return KeyPlace::CashPage;
     case KeyPlace::CashPage:
@@ -173,6 +176,8 @@ QString keyPlaceText(KeyPlace place)
         return QStringLiteral("Στην ημερομηνία");
     case KeyPlace::CodeField:
         return QStringLiteral("Στον κωδικό");
+    case KeyPlace::DescriptionField:
+        return QStringLiteral("Στην περιγραφή");
     case KeyPlace::AmountField:
         return QStringLiteral("Στα ποσά");
     case KeyPlace::DayList:

@@ -14,6 +14,7 @@ enum class KeyPlace {
     DateOrEmptyCode, ///< The date field, and the code while it is empty and its list is shut.
     DateField,
     CodeField,
+    DescriptionField,
     AmountField,
     DayList,
     PrintingPage,
@@ -42,6 +43,7 @@ enum class KeyUse {
     PreviewDay,
     OpenCalendar,
     OpenTape,
+    AcceptSuggestion,
     KeySheet,
     Manual,
     Picture,

@@ -4,10 +4,14 @@
 #include "document/report_table.h"
 #include "platform/key_table.h"
 
+#include <optional>
+#include <utility>
+
 namespace lorvan {
 namespace {
 
-constexpr auto columns = "<3000|<7000";
+constexpr auto columns = "<2500|<2200|<5900";
+constexpr int lineAbove = 2;
 const ReportProgress noQuestions; // a page
 
 } // namespace
@@ -16,21 +20,16 @@ ReportDocument keySheet(const QString& heading)
 {
     ReportDocument document;
     document.StandardPageSetup();
-    document.SetMargins({.left = 850});
+    document.SetMargins({.left = 850, .right = 450});
     document.SetHeader(QStringLiteral("Πλήκτρα   ") + heading);
     document.StartDoc();
+    document.SetFont({.size = 7}); // so that one sheet holds them all
     ReportTable table(document, QLatin1String(columns), noQuestions);
-    const std::vector<KeyEntry>& keys = keyTable();
-    for (auto each = keys.begin(); each != keys.end(); ++each) {
-        if (each == keys.begin() || std::prev(each)->place != each->place) {
-            document.SetFont({.size = 2});
-            document.Paragraph(lineBreak);
-            document.SetFont({.size = 8, .bold = true});
-            document.Paragraph(keyPlaceText(each->place));
-            document.SetFont({.size = 7, .bold = false}); // so that one sheet holds them all
-            document.AddTable(QLatin1String(columns), {}, {});
-        }
-        table.addRow({keysText(*each), each->does});
+    std::optional<KeyPlace> place;
+    for (const KeyEntry& each : keyTable()) {
+        const bool isNew = std::exchange(place, each.place) != each.place;
+        document.SetTableBorder(isNew ? lineAbove : 0);
+        table.addRow({isNew ? keyPlaceText(each.place) : QString(), keysText(each), each.does});
     }
     document.EndDoc();
     return document;

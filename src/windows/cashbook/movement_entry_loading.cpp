@@ -8,6 +8,7 @@
 #include "controls/guarded_window.h"
 #include "controls/key_binding.h"
 #include "controls/main_controls.h"
+#include "controls/suggesting_field.h"
 
 #include <QApplication>
 #include <QShortcut>
@@ -50,6 +51,7 @@ void MovementEntryPage::addKeys()
             [this, index] { m_gate.runQuick([this, index] { openTape(index); }); });
         showKeysInTip(m_fields.field(index), {KeyUse::OpenTape});
     }
+    showKeysInTip(m_fields.description(), {KeyUse::AcceptSuggestion});
     connect(dayKeys, &DayKeys::listAsked, this, &MovementEntryPage::goToList);
 }
 

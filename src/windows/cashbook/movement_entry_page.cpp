@@ -4,11 +4,13 @@
 #include "cashbook/cash_closing.h"
 #include "cashbook/code_picker.h"
 #include "cashbook/day_list.h"
+#include "cashbook/description_suggestions.h"
 #include "controls/code_chooser.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/guarded_window.h"
 #include "controls/main_controls.h"
+#include "controls/suggesting_field.h"
 #include "look/message_window.h"
 #include "platform/date_text.h"
 #include "platform/entry_rules.h"
@@ -107,6 +109,13 @@ void MovementEntryPage::refillCodes()
     m_hasCodes = !codes.empty();
     m_picker->setCodes(std::move(codes));
     sayWhatIsMissing();
+}
+
+void MovementEntryPage::suggestDescriptions(const BookFiles& files, KeyRing& keys)
+{
+    auto* const suggestions = new DescriptionSuggestions(
+        m_fields.description(), [this] { return m_picker->code(); }, files, keys);
+    connect(m_chooser->lineEdit(), &QLineEdit::textChanged, suggestions, &DescriptionSuggestions::forget);
 }
 
 void MovementEntryPage::focusEntry()

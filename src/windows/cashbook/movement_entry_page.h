@@ -23,11 +23,14 @@ class QLayout;
 namespace lorvan {
 
 class Book;
+class BookFiles;
 class CodeChooser;
 class CodePicker;
 class CommandButton;
 class DayList;
+class DescriptionSuggestions;
 class EntryField;
+class KeyRing;
 class StatePlate;
 class UsageMarker;
 
@@ -44,6 +47,8 @@ public:
     /// Shows today when the program starts, even if it is closed, and then without a message. Throws what the core
     /// throws.
     void start();
+    /// Has the description suggest what movements of the same code were called. The keys must outlive the page.
+    void suggestDescriptions(const BookFiles& files, KeyRing& keys);
     /// Reads the active codes again for the chooser. Throws SqlError.
     void refillCodes();
     /// Puts the focus on the chooser, or on the date if only that can be edited.

@@ -1,8 +1,8 @@
 #include "cashbook/movement_fields.h"
 
 #include "controls/check_field.h"
-#include "controls/entry_field.h"
 #include "controls/main_controls.h"
+#include "controls/suggesting_field.h"
 #include "look/message_window.h"
 #include "platform/amount_text.h"
 #include "platform/entry_rules.h"
@@ -22,10 +22,11 @@ AmountReading readField(const QString& text)
 MovementFields::MovementFields(QWidget* page)
     : QObject(page)
     , m_fields(QStringLiteral("Text1"))
+    , m_description(new SuggestingField(TypingRule::Capitals, page))
     , m_cheque(new CheckField(QStringLiteral("Επιταγή"), page))
 {
-    auto* const description = m_fields.add(field::description, new EntryField(TypingRule::Capitals, page));
-    description->setAccessibleName(QStringLiteral("Περιγραφή"));
+    m_fields.add(field::description, m_description);
+    m_description->setAccessibleName(QStringLiteral("Περιγραφή"));
     addAmount(page, field::income, QStringLiteral("Εσοδα"));
     addAmount(page, field::expense, QStringLiteral("Εξοδα"));
     addAmount(page, field::memorandum, QStringLiteral("Λ τάξεως"));

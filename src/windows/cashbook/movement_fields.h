@@ -13,6 +13,7 @@ class QCheckBox;
 namespace lorvan {
 
 class EntryField;
+class SuggestingField;
 
 /// The entry fields of a movement except its day and code: `Text1(1)`, `Text1(2)`, `Text1(3)`, `Text1(9)`, `Check1(0)`.
 /// The fields belong to the page that contains them.
@@ -27,6 +28,7 @@ public:
     explicit MovementFields(QWidget* page);
 
     [[nodiscard]] EntryField* field(int index) const { return m_fields[index]; }
+    [[nodiscard]] SuggestingField* description() const { return m_description; }
     [[nodiscard]] QCheckBox* cheque() const { return m_cheque; }
 
     /// Checks an amount field that was left: rewrites it in the amount format, an empty one as "0". For a text that is
@@ -67,6 +69,7 @@ private:
     [[nodiscard]] bool sayIfRefused(int index) const;
 
     ControlArray<EntryField> m_fields;
+    SuggestingField* m_description; ///< One of them.
     std::map<int, Currency> m_exact;
     QCheckBox* m_cheque;
     bool m_enabled = true;

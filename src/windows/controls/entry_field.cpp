@@ -99,12 +99,12 @@ int EntryField::widthOfText() const
     return fontMetrics().horizontalAdvance(text());
 }
 
-int EntryField::widthForText() const
+QRect EntryField::rectForText() const
 {
     QStyleOptionFrame option;
     initStyleOption(&option);
     const QMargins inside = textMargins() + QMargins(2, 0, 2, 0);
-    return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).marginsRemoved(inside).width();
+    return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).marginsRemoved(inside);
 }
 
 void EntryField::setLeastWidth(int pixels)

@@ -46,9 +46,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
+    [[nodiscard]] QRect rectForText() const; ///< In which the text is shown.
+
 private:
     [[nodiscard]] int widthOfText() const;
-    [[nodiscard]] int widthForText() const;
+    [[nodiscard]] int widthForText() const { return rectForText().width(); }
     void growWithText();
     void dress();
 

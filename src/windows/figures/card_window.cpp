@@ -149,7 +149,7 @@ const Movement* CardWindow::selected() const
 void CardWindow::read(qint32 code)
 {
     m_isReading = true;
-    m_reader.begin([this, code](Connection& main) -> FigureReader::Show {
+    m_reader.begin([this, code](Connection& main) -> BookReader::Show {
         return [this, card = readCodeCard(main, code)] { showCard(card); };
     });
 }
@@ -188,7 +188,7 @@ void CardWindow::readMonth(int place)
     if (m_isReading) // another code, whose months replace these
         return;
     const CashFigure month = m_card.months.at(static_cast<std::size_t>(place));
-    m_reader.begin([this, month, code = m_card.number](Connection& main) -> FigureReader::Show {
+    m_reader.begin([this, month, code = m_card.number](Connection& main) -> BookReader::Show {
         return [this, month, movements = movementsOfCode(main, code, month.from, month.to)] {
             showMonth(month, movements);
         };

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "controls/action_gate.h"
+#include "controls/book_reader.h"
 #include "figures/code_card.h"
-#include "figures/figure_reader.h"
 
 #include <QDialog>
 
@@ -51,7 +51,7 @@ private:
     void goTo(int row);
 
     const ActionGate m_gate;
-    FigureReader m_reader;
+    BookReader m_reader;
     CodeCard m_card;
     bool m_isReading = false; ///< A card, which is not shown yet.
     std::vector<Movement> m_movements; ///< Of the month that is marked.

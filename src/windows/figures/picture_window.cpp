@@ -206,7 +206,7 @@ void PictureWindow::read()
     m_compares->setChecked(m_request.comparesYears);
     m_compares->setEnabled(isCash && m_request.span.step != FigureStep::Year);
     m_chart->setEmptyText(nothingThere);
-    m_reader.begin([this, request = m_request](Connection& main) -> FigureReader::Show {
+    m_reader.begin([this, request = m_request](Connection& main) -> BookReader::Show {
         return [this, request, picture = readBookPicture(main, request)] {
             m_shown = request;
             showPicture(picture);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "controls/action_gate.h"
+#include "controls/book_reader.h"
 #include "figures/book_picture.h"
-#include "figures/figure_reader.h"
 #include "platform/clock.h"
 
 #include <QDialog>
@@ -60,7 +60,7 @@ private:
     const Clock m_clock;
     const Print m_print;
     const ActionGate m_gate;
-    FigureReader m_reader;
+    BookReader m_reader;
     PictureRequest m_request;
     PictureRequest m_shown; ///< What the picture answers.
     BookPicture m_picture;

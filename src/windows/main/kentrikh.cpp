@@ -67,6 +67,7 @@ Kentrikh::Kentrikh(
     , m_away(this, m_clock)
 {
     setObjectName(QStringLiteral("kentrikh"));
+    m_entryPage->suggestDescriptions(BookFiles(m_settings.dataFolder), m_keys);
     layOut();
     addTabKeys();
     addHistoryKey();

@@ -1,3 +1,4 @@
+#include "controls/suggesting_field.h"
 #include "windows/main_window_test.h"
 
 #include <QPlainTextEdit>
@@ -68,6 +69,30 @@ TEST_F(KeysTest, anotherDayKeepsWhatWasTypedAndNothingMovesUnderALoadedMovement)
     user().goTo(list());
     user().press(Qt::Key_Up, Qt::ControlModifier);
     EXPECT_EQ(entry(), "1,00 | 0 | 0 | ΠΑΛΙΑ | 100 Λιανική");
+}
+
+TEST_F(KeysTest, theRightArrowTakesASuggestedDescriptionAndUndoGivesItBack)
+{
+    start();
+    auto& words = user().find<SuggestingField>("Text1(1)");
+    chooseCode("100");
+    user().type("π");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return words.suggestion() == "ΑΛΙΑ"; }));
+    EXPECT_EQ(words.text(), "Π");
+    for (const auto& [key, suggested] :
+        {std::pair(Qt::Key_Left, ""), std::pair(Qt::Key_Right, "ΑΛΙΑ"), std::pair(Qt::Key_Backspace, "")}) {
+        user().press(key);
+        EXPECT_EQ(words.suggestion(), suggested) << key;
+    }
+    user().type("π");
+    user().press(Qt::Key_Right);
+    EXPECT_EQ(words.text(), "ΠΑΛΙΑ");
+    user().press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(words.text(), "Π");
+    chooseCode("200");
+    user().type("π");
+    QTest::qWait(50);
+    EXPECT_EQ(words.suggestion(), "") << "of another code";
 }
 
 TEST_F(KeysTest, aClosedDayOnTheWayIsToldAndLeft)

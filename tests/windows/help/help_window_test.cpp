@@ -1,6 +1,7 @@
 #include "help/help_window.h"
 #include "windows/main_window_test.h"
 
+#include <QTextBlock>
 #include <QTextBrowser>
 
 #include <set>

@@ -1,4 +1,4 @@
-#include "figures/figure_reader.h"
+#include "controls/book_reader.h"
 
 #include "book/lock_trust.h"
 #include "platform/engine/connection.h"
@@ -8,14 +8,14 @@
 
 namespace lorvan {
 
-FigureReader::FigureReader(BookFiles files, KeyRing& keys, ReadingThread::Failed failed)
+BookReader::BookReader(BookFiles files, KeyRing& keys, ReadingThread::Failed failed)
     : m_files(std::move(files))
     , m_keys(keys)
     , m_failed(std::move(failed))
 {
 }
 
-void FigureReader::begin(const Read& read)
+void BookReader::begin(const Read& read)
 {
     const auto run = [this, read] {
         Connection main = openBookFile(m_files.mainDatabase(), m_keys);

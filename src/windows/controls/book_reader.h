@@ -10,9 +10,9 @@ namespace lorvan {
 class Connection;
 class KeyRing;
 
-/// Reads figures for a window in a thread of its own, on a connection of its own that is open only meanwhile. One
+/// Reads for a window in a thread of its own, on a connection of its own that is open only meanwhile. One
 /// reading at a time: a new one gives up the one before it.
-class FigureReader {
+class BookReader {
 public:
     using Show = std::function<void()>;
     /// Runs in the other thread and must not touch any window; it begins again if the book changes meanwhile. What it
@@ -20,7 +20,7 @@ public:
     using Read = std::function<Show(Connection& main)>;
 
     /// The keys must outlive the reader. `failed` gets the reason in plain Greek.
-    FigureReader(BookFiles files, KeyRing& keys, ReadingThread::Failed failed);
+    BookReader(BookFiles files, KeyRing& keys, ReadingThread::Failed failed);
 
     void begin(const Read& read);
     void cancel() { m_thread.cancel(); }
