@@ -1,5 +1,6 @@
 #include "book/failure_text.h"
 
+#include "book/book.h"
 #include "book/book_files.h"
 #include "book/lock_trust.h"
 #include "book/pending_restore.h"
@@ -12,6 +13,7 @@
 #include "platform/files/file.h"
 #include "platform/files/settings_store.h"
 #include "platform/printable_text.h"
+#include "platform/work.h"
 
 #include <QFileInfo>
 
@@ -112,7 +114,11 @@ QString plainText(const std::exception& failure)
                               " ξαναξεκινήσει το πρόγραμμα, αφού διορθωθεί η αιτία.");
     if (dynamic_cast<const CurrencyOverflow*>(&failure))
         return QStringLiteral("Το ποσό είναι μεγαλύτερο από όσο μπορεί να κρατήσει το ταμείο.");
-    if (dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const NotPermitted*>(&failure))
+    if (dynamic_cast<const BookExists*>(&failure))
+        return QStringLiteral("Υπάρχει ήδη το αρχείο %1. Ένα βιβλίο που υπάρχει δεν αντικαθίσταται.")
+            .arg(QString::fromUtf8(failure.what()));
+    if (dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const NotPermitted*>(&failure)
+        || dynamic_cast<const Refused*>(&failure))
         return QString::fromUtf8(failure.what());
     if (dynamic_cast<const MarkerError*>(&failure))
         return QStringLiteral("Το αρχείο χρήσης lorvan.dat δεν διαβάζεται ή δεν γράφεται.");
@@ -134,7 +140,8 @@ QString failureText(const std::exception& failure)
     const bool saysAll = (sql && sql->kind() == SqlError::Kind::Replaced)
         || dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const NotPermitted*>(&failure)
         || dynamic_cast<const ForeignObjects*>(&failure) || dynamic_cast<const CurrencyOverflow*>(&failure)
-        || dynamic_cast<const UnknownSchemaVersion*>(&failure);
+        || dynamic_cast<const UnknownSchemaVersion*>(&failure) || dynamic_cast<const Refused*>(&failure)
+        || dynamic_cast<const BookExists*>(&failure);
     return saysAll
         ? plainText(failure)
         : plainText(failure) + QStringLiteral("\n\n") + printable(QString::fromUtf8(failure.what()), Breaks::Keep);

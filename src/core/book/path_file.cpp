@@ -151,6 +151,11 @@ bool PathFile::replaceFolder(const QString& dataFolder) const
     return present && write(dataFolder, present->mid(ColourField));
 }
 
+bool PathFile::replace(const DataFolderSettings& settings) const
+{
+    return write(settings.dataFolder, {QString::number(settings.backgroundColour), settings.heading});
+}
+
 bool PathFile::write(const QString& dataFolder, const QStringList& others) const
 {
     if (!fitsWindows1253(dataFolder))

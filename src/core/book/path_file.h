@@ -43,6 +43,9 @@ public:
     /// and if the existing content cannot be read.
     bool replaceFolder(const QString& dataFolder) const;
 
+    /// Replaces all three fields. Returns false like writeFolder().
+    bool replace(const DataFolderSettings& settings) const;
+
     [[nodiscard]] QString path() const;
 
 private:

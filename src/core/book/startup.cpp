@@ -22,12 +22,17 @@ bool isNumeric(const QString& text)
 
 } // namespace
 
+bool namesFolder(const DataFolderSettings& settings)
+{
+    return !settings.dataFolder.isEmpty() && !isNumeric(settings.dataFolder);
+}
+
 StartDecision decideStart(const QString& programFolder)
 {
     const PathFile pathFile(programFolder);
     StartDecision decision{StartOutcome::SignIn, pathFile.read(), {}};
     QString& folder = decision.settings.dataFolder;
-    if (folder.isEmpty() || isNumeric(folder)) {
+    if (!namesFolder(decision.settings)) {
         folder = programFolder;
         pathFile.writeFolder(programFolder);
         decision.outcome = fitsWindows1253(programFolder) ? StartOutcome::PathWritten : StartOutcome::PathUnwritable;

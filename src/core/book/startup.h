@@ -19,6 +19,9 @@ struct StartDecision {
     QString trouble; ///< For RestoreUnfinished: the result of failureText().
 };
 
+/// Whether the settings name a data folder: not if it is empty or a number.
+[[nodiscard]] bool namesFolder(const DataFolderSettings& settings);
+
 /// Reads the path file in the program folder (see program_folder.h) and decides how the program starts. A path that is
 /// empty or a number counts as none; errors in reading and writing the path file are ignored. An interrupted restore of
 /// the book is finished first.

@@ -1,9 +1,7 @@
 #include "support/command.h"
 
-#include "books/new_book.h"
-#include "demo/demo_book.h"
+#include "books/book_making.h"
 #include "demo/demo_shop.h"
-#include "support/interruption.h"
 
 namespace lorvan {
 namespace {
@@ -33,15 +31,6 @@ void printUsers(std::ostream& out)
             << rightsText(user.rights).toStdString() << ")\n";
 }
 
-void makeBook(const QString& folder, QDate today, std::uint64_t seed)
-{
-    NewBook made(folder);
-    Interruption::throwIfCome();
-    fillHidden([&] { fillDemoBook(made.book(), today, seed); });
-    Interruption::throwIfCome();
-    made.keep();
-}
-
 ExitStatus demo(Arguments& arguments, const ToolContext& context)
 {
     const bool onlyUsers = arguments.takeFlag(QStringLiteral("--users"));
@@ -49,7 +38,7 @@ ExitStatus demo(Arguments& arguments, const ToolContext& context)
         const std::uint64_t seed = seedIn(arguments.takeOption(QStringLiteral("--seed")));
         const QString folder = arguments.takeBookFolder();
         arguments.finish();
-        makeBook(folder, context.clock.today(), seed);
+        makeSampleBook(folder, context.clock.today(), seed);
         context.out << "Το δοκιμαστικό βιβλίο είναι έτοιμο στον φάκελο " << folder.toStdString() << '\n';
     }
     arguments.finish();

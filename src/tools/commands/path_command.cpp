@@ -1,7 +1,7 @@
 #include "support/command.h"
 
 #include "book/path_file.h"
-#include "platform/windows1253.h"
+#include "books/book_choice.h"
 #include "platform/work.h"
 
 #include <QFileInfo>
@@ -16,14 +16,7 @@ QString recordable(const QString& given)
     if (!info.isDir())
         throw Refused(QStringLiteral("Δεν υπάρχει φάκελος %1.").arg(info.absoluteFilePath()));
     const QString folder = info.canonicalFilePath();
-    if (!fitsWindows1253(folder))
-        throw Refused(QStringLiteral("Η διαδρομή %1 έχει χαρακτήρες έξω από τα ελληνικά και τα λατινικά"
-                                     " (Windows-1253) και δεν χωρά στο αρχείο διαδρομής.")
-                          .arg(folder));
-    if (folder != folder.trimmed() || folder.contains(u'\n') || folder.contains(u'\r'))
-        throw Refused(QStringLiteral("Η διαδρομή %1 τελειώνει σε κενό ή έχει αλλαγή γραμμής και δεν χωρά στο"
-                                     " αρχείο διαδρομής.")
-                          .arg(folder));
+    refuseUnrecordable(folder);
     return folder;
 }
 

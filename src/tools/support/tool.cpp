@@ -1,12 +1,10 @@
 #include "support/tool.h"
 
-#include "book/book.h"
 #include "book/claimed_marker.h"
 #include "book/failure_text.h"
 #include "platform/confirmation.h"
 #include "platform/engine/sql_error.h"
 #include "platform/stop_check.h"
-#include "platform/work.h"
 #include "support/interruption.h"
 #include "support/screen_filter.h"
 
@@ -60,11 +58,6 @@ QString messageFor(const std::exception& failure)
 {
     if (Interruption::hasCome())
         return Interruption::message();
-    if (dynamic_cast<const Refused*>(&failure))
-        return QString::fromUtf8(failure.what());
-    if (dynamic_cast<const BookExists*>(&failure))
-        return QStringLiteral("Υπάρχει ήδη το αρχείο %1. Ένα βιβλίο που υπάρχει δεν αντικαθίσταται.")
-            .arg(QString::fromUtf8(failure.what()));
     return failureText(failure);
 }
 

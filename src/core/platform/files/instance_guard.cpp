@@ -90,6 +90,17 @@ bool InstanceGuard::isOnlyInstance()
     return true;
 }
 
+bool InstanceGuard::runsElsewhere() const
+{
+    const int descriptor = m_socket < 0 ? openSocket() : -1;
+    if (descriptor < 0)
+        return false;
+    const SocketAddress other = addressOf(m_programFile);
+    const bool isThere = ::connect(descriptor, other.get(), other.length) == 0;
+    ::close(descriptor);
+    return isThere;
+}
+
 void InstanceGuard::callOther(const QByteArray& activationToken) const
 {
     const int descriptor = openSocket();

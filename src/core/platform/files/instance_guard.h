@@ -23,6 +23,9 @@ public:
     /// True if this process is the only instance; further calls cost nothing. True also if the system cannot tell.
     [[nodiscard]] bool isOnlyInstance();
 
+    /// True if another process is the only instance. Does not become one, so it may be asked at any time.
+    [[nodiscard]] bool runsElsewhere() const;
+
     /// Asks the running instance to show its window and passes on the permission to do so that the desktop gave to this
     /// start (`activationToken`, may be empty). Does not wait: an instance that hangs, or that belongs to another user,
     /// does not receive it.
