@@ -12,6 +12,7 @@
 #include "platform/machine_identity.h"
 #include "platform/stop_check.h"
 #include "proof/opening_balance.h"
+#include "start/coming_forward.h"
 #include "start/fr_ervthsh_update.h"
 #include "start/termination_signals.h"
 #include "users/login.h"
@@ -21,8 +22,6 @@
 
 namespace lorvan {
 namespace {
-
-constexpr const char* activationToken = "XDG_ACTIVATION_TOKEN";
 
 /// 0x00BBGGRR, as in the path file.
 QColor colourOf(std::int32_t stored)
@@ -50,10 +49,12 @@ Program::~Program() = default;
 bool Program::start()
 {
     if (!m_instance.isOnlyInstance()) {
-        m_instance.callOther(qgetenv(activationToken));
+        m_instance.callOther(activationToken());
         return false;
     }
-    m_instance.whenCalled([this](const QByteArray& token) { comeForward(token); });
+    m_instance.whenCalled([this](const QByteArray& token) {
+        bringForward(m_mainWindow ? static_cast<QWidget*>(m_mainWindow.get()) : m_login.get(), token);
+    });
     const StopCheck stop(isWanted);
     const StartDecision decision = decideStart(programFolder(QFileInfo(m_programFile).absolutePath()));
     m_settings = decision.settings;
@@ -146,23 +147,6 @@ void Program::openMainWindow(const UserSession& session)
     }
     m_mainWindow->show();
     m_login.release()->deleteLater(); // its own signal is still being delivered
-}
-
-/// Asks in the way that the desktop expects; whether the window may come to the front is for the desktop to decide.
-void Program::comeForward(const QByteArray& token)
-{
-    QWidget* window = QApplication::activeModalWidget();
-    if (!window)
-        window = m_mainWindow ? static_cast<QWidget*>(m_mainWindow.get()) : m_login.get();
-    if (!window)
-        return;
-    if (!token.isEmpty())
-        qputenv(activationToken, token); // the toolkit takes it from there
-    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-    window->raise();
-    window->activateWindow();
-    QApplication::alert(window);
-    qunsetenv(activationToken);
 }
 
 void Program::end()

@@ -35,7 +35,6 @@ public:
     void end();
 
 private:
-    void comeForward(const QByteArray& token);
     bool announce(const StartDecision& decision);
     void showSignIn();
     void openMainWindow(const UserSession& session);

@@ -1,0 +1,107 @@
+#include "door/door.h"
+
+#include "book/book_files.h"
+#include "books/program_files.h"
+#include "controls/guarded_window.h"
+#include "door/books_window.h"
+#include "platform/work.h"
+#include "start/coming_forward.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace lorvan {
+
+Door::Door(const QString& doorFile, Clock clock)
+    : m_clock(std::move(clock))
+    , m_programFile(besideProgram(doorFile, cashBookProgram))
+    , m_instance(doorFile)
+    , m_choice(m_programFile)
+{
+}
+
+Door::~Door() = default;
+
+bool Door::start(const QStringList& words, bool wantsChoice)
+{
+    const QString option = words.value(0);
+    const bool opens = option == openOption && words.size() == 2;
+    if (!words.isEmpty() && !opens && !(option == chooseOption && words.size() == 1)) {
+        std::fputs("lorvan-books [--choose | --open ΦΑΚΕΛΟΣ]\n", stderr);
+        return false;
+    }
+    if (!m_instance.isOnlyInstance()) {
+        m_instance.callOther(activationToken());
+        return false;
+    }
+    m_instance.whenCalled([this](const QByteArray& token) { bringForward(m_window.get(), token); });
+    if (m_choice.isProgramRunning()) {
+        show();
+        callProgram();
+    } else if (opens)
+        open(settingsFor(words.at(1)));
+    else {
+        std::optional<KnownBook> only;
+        guarded(nullptr, [&] { only = m_choice.onlyBook(); });
+        if (only && !wantsChoice && option != chooseOption)
+            open(only->settings);
+        else
+            show();
+    }
+    return m_window != nullptr;
+}
+
+/// A book that is not known yet gets what stands in the path file for the others.
+DataFolderSettings Door::settingsFor(const QString& folder) const
+{
+    DataFolderSettings settings = m_choice.present().value_or(DataFolderSettings());
+    settings.dataFolder = QFileInfo(folder).absoluteFilePath();
+    guarded(nullptr, [&] {
+        for (const KnownBook& known : m_choice.books())
+            if (isSameBook(known.settings.dataFolder, settings.dataFolder))
+                settings = known.settings;
+    });
+    return settings;
+}
+
+void Door::show()
+{
+    if (m_window)
+        return;
+    m_window = std::make_unique<BooksWindow>(m_choice, m_clock);
+    connect(m_window.get(), &BooksWindow::bookChosen, this, &Door::open);
+    connect(m_window.get(), &BooksWindow::programAsked, this, &Door::callProgram);
+    connect(m_window.get(), &BooksWindow::closed, this, [] { QApplication::exit(); });
+    m_window->show();
+    m_window->refill();
+}
+
+void Door::callProgram()
+{
+    m_choice.callProgram(activationToken());
+}
+
+/// If the program cannot be started, the window says why.
+void Door::open(const DataFolderSettings& book)
+{
+    const auto choose = [&] {
+        if (!canRun(m_programFile))
+            throw Refused(QStringLiteral("Το πρόγραμμα %1 δεν βρέθηκε.").arg(m_programFile));
+        const auto guard = m_choice.choose(book, m_clock.now());
+        becomeProgram(m_programFile, {});
+    };
+    if (!guarded(m_window.get(), choose))
+        show();
+}
+
+void Door::end()
+{
+    if (m_window)
+        m_window->close();
+    else
+        QApplication::exit();
+}
+
+} // namespace lorvan

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "books/book_choice.h"
+#include "platform/clock.h"
+#include "platform/files/instance_guard.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+namespace lorvan {
+
+class BooksWindow;
+
+/// The running door: opens the only known book at once, or shows the window of the books. When a book is chosen, this
+/// process becomes the program.
+class Door : public QObject {
+    Q_OBJECT
+
+public:
+    /// `doorFile` is the executable; the program is looked for beside it.
+    Door(const QString& doorFile, Clock clock);
+    ~Door() override;
+
+    /// Returns false if the process is to end: another door runs, which is asked to come to the front, or the words on
+    /// the command line are not understood. `wantsChoice`: the user asks for the window in another way.
+    [[nodiscard]] bool start(const QStringList& words, bool wantsChoice);
+
+    void end();
+
+private:
+    void show();
+    void callProgram();
+    void open(const DataFolderSettings& book);
+    [[nodiscard]] DataFolderSettings settingsFor(const QString& folder) const;
+
+    Clock m_clock;
+    QString m_programFile;
+    InstanceGuard m_instance;
+    BookChoice m_choice;
+    std::unique_ptr<BooksWindow> m_window;
+};
+
+} // namespace lorvan
