@@ -107,6 +107,8 @@ QString faultOfFolder(const QString& folder)
 
 QString faultOfHeading(const QString& heading)
 {
+    if (heading.trimmed().isEmpty())
+        return QStringLiteral("Δώστε τον τίτλο του βιβλίου.");
     if (heading.size() > longestHeading)
         return QStringLiteral("Ο τίτλος έχει %1 χαρακτήρες· χωρούν ως %2.").arg(heading.size()).arg(longestHeading);
     if (heading.contains(u'\n') || heading.contains(u'\r'))

@@ -1,58 +1,34 @@
 #include "support/command.h"
 
-#include "backup/book_restore.h"
 #include "book/book_files.h"
-#include "book/claimed_marker.h"
 #include "book/failure_text.h"
-#include "book/opened_book.h"
 #include "book/pending_restore.h"
+#include "books/book_from_backup.h"
 #include "commands/findings_text.h"
 #include "platform/authority.h"
-#include "platform/stop_check.h"
 #include "platform/work.h"
-#include "support/interruption.h"
 #include "support/progress_bar.h"
 
 #include <QFileInfo>
 
-#include <memory>
 #include <optional>
 
 namespace lorvan {
 namespace {
 
-bool holdsBook(const BookFiles& book)
+/// A bar for each step.
+RestoreProgress barsOn(const ToolContext& context, std::optional<ProgressBar>& bar)
 {
-    return QFileInfo::exists(book.mainDatabase()) || QFileInfo::exists(book.auxiliaryDatabase());
-}
-
-/// What is wrong in a book that can be opened. Nothing for one of an older schema version, which is not checked.
-BookFindings findingsIn(const BookFiles& staged, const ToolContext& context)
-{
-    try {
-        OpenedBook book(staged.dataFolder());
-        ProgressBar bar(context, QStringLiteral("Έλεγχος κινήσεων"));
-        return checkContent(book.connection(), [&](std::int64_t done, std::int64_t whole) {
-            bar.show(done, whole);
-        }).findings;
-    } catch (const Refused&) {
-        Interruption::throwIfCome();
-        return {};
-    }
-}
-
-std::unique_ptr<RestoredBook> unpack(const QString& backup, const BookFiles& book, const ToolContext& context)
-{
-    constexpr qint64 megabyte = 1 << 20;
-    constexpr qint64 passes = 2; // unpacking and, roughly, the proof
-    const QFileInfo file(backup);
-    qint64 done = 0;
-    ProgressBar bar(context, QStringLiteral("Έλεγχος αντιγράφου"));
-    const StopCheck showing([&] {
-        bar.show(++done, (file.size() / megabyte + 1) * passes);
-        return true;
-    });
-    return std::make_unique<RestoredBook>(file.absoluteFilePath(), book);
+    return [&context, &bar, shown = std::optional<RestoreStep>()](RestoreStep step, qint64 done, qint64 whole) mutable {
+        if (shown != step) {
+            bar.reset();
+            bar.emplace(context,
+                step == RestoreStep::Unpacking ? QStringLiteral("Έλεγχος αντιγράφου")
+                                               : QStringLiteral("Έλεγχος κινήσεων"));
+            shown = step;
+        }
+        bar->show(done, whole);
+    };
 }
 
 ExitStatus restore(Arguments& arguments, const ToolContext& context)
@@ -70,26 +46,24 @@ ExitStatus restore(Arguments& arguments, const ToolContext& context)
             QStringLiteral("Στον φάκελο %1 υπάρχει ήδη βιβλίο. Με το --replace μπαίνει στη θέση του το αντίγραφο,"
                            " και το παλιό φυλάσσεται σε υποφάκελο.")
                 .arg(book.dataFolder()));
-    std::optional<ClaimedMarker> marker;
-    if (BookFiles::exists(book.usageMarker())) // a book that lacks it is not refused
-        marker.emplace(book);
-    const auto restored = unpack(backup, book, context);
-    const BookFindings findings = findingsIn(restored->staged(), context);
-    Interruption::throwIfCome();
-    std::optional<QString> aside;
+    std::optional<ProgressBar> bar;
+    BookFromBackup made;
     try {
-        aside = restored->replace(Authority::companion(context.clock));
+        made = restoreBook(
+            QFileInfo(backup).absoluteFilePath(), book, Authority::companion(context.clock), barsOn(context, bar));
     } catch (const RestoreUnfinished& unfinished) {
+        bar.reset();
         context.errors << "lorvan-data: " << failureText(unfinished).toStdString() << '\n';
         return ExitStatus::Found;
     }
+    bar.reset();
     context.out << "Το βιβλίο επανήλθε στον φάκελο " << book.dataFolder().toStdString() << '\n';
-    if (aside)
-        context.out << "Τα αρχεία που ήταν εκεί φυλάσσονται στον φάκελο " << aside->toStdString() << '\n';
-    if (findings.isInOrder())
+    if (made.aside)
+        context.out << "Τα αρχεία που ήταν εκεί φυλάσσονται στον φάκελο " << made.aside->toStdString() << '\n';
+    if (!made.check || made.check->findings.isInOrder())
         return ExitStatus::Done;
     context.out << "\nΣτο αντίγραφο υπήρχαν λάθη, και υπάρχουν τώρα και στο βιβλίο:\n\n";
-    printFindings(findings, context.out);
+    printFindings(made.check->findings, context.out);
     return ExitStatus::Found;
 }
 

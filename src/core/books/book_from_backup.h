@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/work.h"
+#include "proof/book_check.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace lorvan {
+
+class Authority;
+class BookFiles;
+
+/// Whether one of a book's two databases is in its folder.
+[[nodiscard]] bool holdsBook(const BookFiles& book);
+
+enum class RestoreStep {
+    Unpacking, ///< Counted in megabytes, roughly twice the size of the backup.
+    Checking, ///< Counted in movements.
+};
+using RestoreProgress = std::function<void(RestoreStep step, qint64 done, qint64 whole)>;
+
+struct BookFromBackup {
+    std::optional<BookCheck> check; ///< Of the book in the backup; no value if it is of an older schema version.
+    std::optional<QString> aside = {}; ///< The folder with the files that were in the way, if there were any.
+};
+
+/// Unpacks, proves and checks a backup and puts it into the folder; a book that is there is put aside, while its usage
+/// marker is held. A StopCheck may end it until then. The path of the backup is absolute, and the caller has asked
+/// whether a book may be replaced. Throws Refused, also if somebody works with that book, and like RestoredBook.
+[[nodiscard]] BookFromBackup restoreBook(
+    const QString& backup, const BookFiles& book, const Authority& authority, const RestoreProgress& progress);
+
+} // namespace lorvan
