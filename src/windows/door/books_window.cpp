@@ -6,8 +6,12 @@
 #include "controls/guarded_window.h"
 #include "controls/table_list.h"
 #include "demo/demo_shop.h"
+#include "door/backup_window.h"
 #include "door/books_model.h"
+#include "door/first_user_window.h"
 #include "door/folder_dialog.h"
+#include "door/new_book_window.h"
+#include "door/older_book_window.h"
 #include "door/stoppable_work.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
@@ -79,8 +83,8 @@ void BooksWindow::layOut()
 {
     m_list->setObjectName(QStringLiteral("list"));
     m_list->setAccessibleName(m_heading->text());
-    m_list->setEmptyText(
-        QStringLiteral("Δεν υπάρχει ακόμη βιβλίο. Το «Δοκιμαστικό βιβλίο» δείχνει το πρόγραμμα με κινήσεις δύο ετών."));
+    m_list->setEmptyText(QStringLiteral("Δεν υπάρχει ακόμη βιβλίο. Το «Νέο βιβλίο» φτιάχνει ένα. Το «Δοκιμαστικό "
+                                        "βιβλίο» δείχνει το πρόγραμμα με κινήσεις δύο ετών."));
     m_list->setColumnWidths({QStringLiteral("Υποκατάστημα κέντρου"), QStringLiteral("/home/xristhsxx/Έγγραφα/Βιβλίο"),
         QStringLiteral("88-88-8888 88:88"), {}});
     m_about->setObjectName(QStringLiteral("about"));
@@ -120,17 +124,25 @@ QLayout* BooksWindow::commandColumn()
     m_open = addCommand(
         "open", QStringLiteral("daybook"), QStringLiteral("Άνοιγμα"), QStringLiteral("Ανοίγει το επιλεγμένο βιβλίο"));
     m_open->setLook(CommandButton::Look::Solid);
+    m_new = addCommand("new", QStringLiteral("newfolder"), QStringLiteral("Νέο βιβλίο…"),
+        QStringLiteral("Φτιάχνει βιβλίο με πρώτο χρήστη, κωδικούς και υπόλοιπο"));
     m_existing = addCommand("existing", QStringLiteral("folder"), QStringLiteral("Υπάρχον βιβλίο…"),
         QStringLiteral("Προσθέτει στη λίστα ένα βιβλίο που υπάρχει σε κάποιον φάκελο"));
+    m_fromBackup = addCommand("backup", QStringLiteral("undo"), QStringLiteral("Από αντίγραφο…"),
+        QStringLiteral("Επαναφέρει ένα βιβλίο από το αντίγραφο ασφαλείας του"));
+    m_fromOlder = addCommand("older", QStringLiteral("file"), QStringLiteral("Από παλαιότερο πρόγραμμα…"),
+        QStringLiteral("Μεταφέρει ένα βιβλίο της παλαιότερης μορφής"));
     m_sample = addCommand("sample", QStringLiteral("table"), QStringLiteral("Δοκιμαστικό βιβλίο"),
         QStringLiteral("Φτιάχνει ένα βιβλίο με κινήσεις δύο ετών, για δοκιμές"));
+    m_firstUser = addCommand("firstUser", QStringLiteral("users"), QStringLiteral("Πρώτος χρήστης…"),
+        QStringLiteral("Προσθέτει τον πρώτο χρήστη σε ένα βιβλίο χωρίς χρήστες"));
     m_forget = addCommand("forget", QStringLiteral("delete"), QStringLiteral("Αφαίρεση από τη λίστα"),
         QStringLiteral("Το βιβλίο φεύγει από τη λίστα· τα αρχεία του μένουν"));
     m_end =
         addCommand("end", QStringLiteral("exit"), QStringLiteral("Κλείσιμο"), QStringLiteral("Κλείνει το παράθυρο"));
     m_end->setLook(CommandButton::Look::Quiet);
     for (CommandButton* const each : m_commands) {
-        if (each == m_existing || each == m_forget)
+        if (each == m_new || each == m_firstUser)
             column->addSpacing(between);
         if (each == m_end)
             column->addStretch(1);
@@ -142,6 +154,27 @@ QLayout* BooksWindow::commandColumn()
 void BooksWindow::connectCommands()
 {
     m_gate.connect(m_open, {}, [this] { openSelected(); });
+    m_gate.connectWindow(m_new, {}, [this] {
+        NewBookWindow window(m_clock, this);
+        if (window.exec() == QDialog::Accepted)
+            take(window.made());
+    });
+    m_gate.connectWindow(m_fromBackup, {}, [this] {
+        BackupWindow window(m_clock, this);
+        if (window.exec() == QDialog::Accepted)
+            take(window.made());
+    });
+    m_gate.connectWindow(m_fromOlder, {}, [this] {
+        OlderBookWindow window(this);
+        if (window.exec() == QDialog::Accepted)
+            take(window.made());
+    });
+    m_gate.connectWindow(m_firstUser, {}, [this] {
+        const QString folder = m_model->book(selectedRow()).settings.dataFolder;
+        FirstUserWindow window{BookFiles(folder), m_clock, this};
+        if (window.exec() == QDialog::Accepted)
+            refill(folder);
+    });
     m_gate.connectWindow(m_existing, {}, [this] { addExisting(); });
     m_gate.connect(m_sample, {}, [this] { makeSample(); });
     m_gate.connectWindow(m_forget, {}, [this] { forgetSelected(); });
@@ -186,8 +219,10 @@ void BooksWindow::followSelection()
     const int row = selectedRow();
     m_open->setCaption(m_programRuns ? QStringLiteral("Εμφάνιση") : QStringLiteral("Άνοιγμα"));
     m_open->setEnabled(m_programRuns || row >= 0);
-    m_existing->setEnabled(!m_programRuns);
-    m_sample->setEnabled(!m_programRuns);
+    for (CommandButton* const each : {m_new, m_existing, m_fromBackup, m_fromOlder, m_sample})
+        each->setEnabled(!m_programRuns);
+    const auto& look = row < 0 ? std::nullopt : m_model->look(row);
+    m_firstUser->setEnabled(!m_programRuns && look && look->condition == BookCondition::Ready && !look->hasUsers);
     m_forget->setEnabled(!m_programRuns && row >= 0);
     describe(row);
 }
@@ -208,10 +243,11 @@ void BooksWindow::describe(int row)
             text = QStringLiteral("Στον φάκελο %1 δεν βρέθηκε βιβλίο. Ίσως λείπει ο δίσκος ή το δίκτυο.").arg(text);
         else if (look->condition == BookCondition::OlderFormat)
             text = QStringLiteral(
-                "Το βιβλίο στον φάκελο %1 είναι ενός παλαιότερου προγράμματος και πρέπει πρώτα να μεταφερθεί.")
+                "Το βιβλίο στον φάκελο %1 είναι ενός παλαιότερου προγράμματος και πρέπει πρώτα να μεταφερθεί:"
+                " «Από παλαιότερο πρόγραμμα».")
                        .arg(text);
         else if (!look->hasUsers)
-            text = QStringLiteral("Το βιβλίο στον φάκελο %1 δεν έχει ακόμη χρήστες.").arg(text);
+            text = QStringLiteral("Το βιβλίο στον φάκελο %1 δεν έχει ακόμη χρήστες. Προσθέστε τον πρώτο.").arg(text);
     }
     m_about->setText(text);
 }

@@ -65,8 +65,12 @@ private:
     ThemedLabel* m_about; ///< The selected book, or the open one.
     std::vector<CommandButton*> m_commands; ///< In the order of the column.
     CommandButton* m_open;
+    CommandButton* m_new;
     CommandButton* m_existing;
+    CommandButton* m_fromBackup;
+    CommandButton* m_fromOlder;
     CommandButton* m_sample;
+    CommandButton* m_firstUser;
     CommandButton* m_forget;
     CommandButton* m_end;
     ReadingThread m_looks;
