@@ -82,6 +82,11 @@ public:
     /// Closes the window without a question, whatever was typed.
     void end();
 
+    /// Adds the entry "Βιβλία…" to the tools: it ends the program, if the user confirms that, and leads to the books.
+    void offerBooks();
+    /// True if the program ends in order to lead there.
+    [[nodiscard]] bool leadsToBooks() const { return m_leadsToBooks; }
+
 Q_SIGNALS:
     void closed();
 
@@ -199,6 +204,7 @@ private:
     QDate m_closedDay; ///< The last one that was closed here.
     bool m_isEnding = false; ///< Nothing more is asked.
     int m_tab = 0; ///< The tab whose page is shown.
+    bool m_leadsToBooks = false;
     bool m_closed = false;
 };
 

@@ -4,7 +4,10 @@
 #include "look/message_window.h"
 #include "look/remembered_size.h"
 #include "main/kentrikh.h"
+#include "main/tab_band.h"
+#include "main/tools_button.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 
@@ -20,6 +23,17 @@ void Kentrikh::leave()
 {
     if (confirmExit())
         end();
+}
+
+void Kentrikh::offerBooks()
+{
+    const QAction* const books = m_band->tools()->add(QStringLiteral("books"), QStringLiteral("Βιβλία…"));
+    const auto leaveForBooks = [this] {
+        m_leadsToBooks = confirmExit();
+        if (m_leadsToBooks)
+            end();
+    };
+    connect(books, &QAction::triggered, this, [this, leaveForBooks] { openTool(leaveForBooks); });
 }
 
 void Kentrikh::end()

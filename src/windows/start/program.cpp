@@ -3,6 +3,7 @@
 #include "book/book_opening.h"
 #include "book/book_recovery.h"
 #include "book/program_folder.h"
+#include "books/program_files.h"
 #include "controls/guarded_window.h"
 #include "controls/key_binding.h"
 #include "help/help_window.h"
@@ -134,6 +135,8 @@ void Program::openMainWindow(const UserSession& session)
             Theme::instance().setPageColour(colourOf(m_settings.backgroundColour));
         m_mainWindow =
             std::make_unique<Kentrikh>(std::move(book), std::move(marker), authority, m_settings, m_clock, m_keys);
+        if (canRun(besideProgram(m_programFile, doorProgram)))
+            m_mainWindow->offerBooks();
         connect(m_mainWindow.get(), &Kentrikh::closed, this, &Program::end);
         m_mainWindow->initialise();
     } catch (const OpeningBalanceNotGiven&) {
@@ -147,6 +150,13 @@ void Program::openMainWindow(const UserSession& session)
     }
     m_mainWindow->show();
     m_login.release()->deleteLater(); // its own signal is still being delivered
+}
+
+QStringList Program::next() const
+{
+    if (!m_mainWindow || !m_mainWindow->leadsToBooks())
+        return {};
+    return {besideProgram(m_programFile, doorProgram), chooseOption};
 }
 
 void Program::end()

@@ -8,6 +8,7 @@
 #include "users/sign_in.h"
 
 #include <QObject>
+#include <QStringList>
 
 #include <memory>
 
@@ -30,6 +31,9 @@ public:
     /// Shows the sign-in window, or says why it cannot. Returns false if the process is to end; if another instance is
     /// running, no message is shown, but that instance is asked to come to the front.
     [[nodiscard]] bool start();
+
+    /// The program that this process is to become after its end, with its options; empty if there is none.
+    [[nodiscard]] QStringList next() const;
 
     /// Ends the program properly, as closing the main window does.
     void end();

@@ -15,6 +15,7 @@
 #include "platform/engine/connection.h"
 #include "users/administration_row.h"
 #include "users/seals_entry.h"
+#include "users/user_accounts.h"
 #include "users/user_maintenance.h"
 
 #include <QCheckBox>
@@ -255,6 +256,7 @@ void Login::signInAsTyped()
         return;
     }
     setSize(Size::Compact);
+    QString details;
     try {
         const QString users = m_files.auxiliaryDatabase();
         Connection auxiliary = openBookFile(users, m_keys);
@@ -262,13 +264,15 @@ void Login::signInAsTyped()
             Q_EMIT signedIn(*session);
             return;
         }
+        if (listUsers(auxiliary).empty())
+            details = QStringLiteral("Το βιβλίο δεν έχει ακόμη χρήστες. Προσθέστε τον πρώτο από τα «Βιβλία…».");
     } catch (const std::exception& failure) {
         showStartFailure(failure);
         Q_EMIT abandoned();
         return;
     }
     showMessage(this, QMessageBox::Information, QStringLiteral("Εισαγωγή Ονόματος / κωδικού"),
-        QStringLiteral("Εχετε δώσει λάθος Ονομα ή κωδικό "));
+        QStringLiteral("Εχετε δώσει λάθος Ονομα ή κωδικό "), details);
     goBackTo(*m_fields[Name]);
 }
 
