@@ -3,10 +3,10 @@
 #include "book/book_files.h"
 #include "books/book_choice.h"
 #include "books/book_from_backup.h"
-#include "door/folder_dialog.h"
-#include "door/stoppable_work.h"
 #include "look/message_window.h"
 #include "platform/authority.h"
+#include "preview/background_run.h"
+#include "preview/folder_dialog.h"
 #include "proof/findings_text.h"
 
 #include <QFileInfo>
@@ -82,7 +82,7 @@ std::optional<QString> BackupWindow::transfer(const QString& source, const QStri
         return std::nullopt;
     BookFromBackup made;
     const bool isDone = runStoppable(backgroundRun(), this,
-        {windowTitle(), QStringLiteral("Ελέγχεται και επανέρχεται το βιβλίο…"), {}}, [&](const WorkProgress& progress) {
+        {windowTitle(), QStringLiteral("Ελέγχεται και επανέρχεται το βιβλίο…"), {}}, [&](const StepProgress& progress) {
             made = restoreBook(source, files, Authority::administrator(m_clock),
                 [&](RestoreStep, qint64 done, qint64 whole) { progress(done, whole); });
         });

@@ -9,15 +9,15 @@
 #include "door/backup_window.h"
 #include "door/books_model.h"
 #include "door/first_user_window.h"
-#include "door/folder_dialog.h"
 #include "door/new_book_window.h"
 #include "door/older_book_window.h"
-#include "door/stoppable_work.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
 #include "look/remembered_size.h"
 #include "look/themed_label.h"
 #include "look/window_placement.h"
+#include "preview/background_run.h"
+#include "preview/folder_dialog.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -309,7 +309,7 @@ void BooksWindow::makeSample()
     const QString folder = freeFolder(QStringLiteral("Δοκιμαστικό βιβλίο"));
     const ProgressTexts texts{title, QStringLiteral("Φτιάχνεται το δοκιμαστικό βιβλίο…"), {}};
     const bool isMade = runStoppable(
-        m_run, this, texts, [&](const WorkProgress&) { makeSampleBook(folder, m_clock.today(), sampleSeed); });
+        m_run, this, texts, [&](const StepProgress&) { makeSampleBook(folder, m_clock.today(), sampleSeed); });
     if (!isMade)
         return;
     take({folder, DataFolderSettings::systemButtonFace, QStringLiteral("Δοκιμαστικό βιβλίο")});

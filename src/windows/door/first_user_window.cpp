@@ -2,8 +2,8 @@
 
 #include "controls/entry_field.h"
 #include "door/first_user_form.h"
-#include "door/stoppable_work.h"
 #include "look/focus_rules.h"
+#include "preview/background_run.h"
 
 #include <utility>
 
@@ -33,7 +33,7 @@ void FirstUserWindow::carryOut()
         return;
     }
     const ProgressTexts texts{windowTitle(), QStringLiteral("Προστίθεται ο χρήστης…"), {}};
-    if (runStoppable(backgroundRun(), this, texts, [&](const WorkProgress&) { addFirstUser(m_files, user, m_clock); }))
+    if (runStoppable(backgroundRun(), this, texts, [&](const StepProgress&) { addFirstUser(m_files, user, m_clock); }))
         accept();
 }
 

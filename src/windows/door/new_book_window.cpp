@@ -4,10 +4,10 @@
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "door/first_user_form.h"
-#include "door/folder_dialog.h"
-#include "door/stoppable_work.h"
 #include "look/focus_rules.h"
 #include "platform/date_text.h"
+#include "preview/background_run.h"
+#include "preview/folder_dialog.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -132,7 +132,7 @@ void NewBookWindow::carryOut()
         return;
     }
     const ProgressTexts texts{windowTitle(), QStringLiteral("Φτιάχνεται το βιβλίο…"), {}};
-    if (!runStoppable(backgroundRun(), this, texts, [&](const WorkProgress&) { makeBook(draft, m_clock); }))
+    if (!runStoppable(backgroundRun(), this, texts, [&](const StepProgress&) { makeBook(draft, m_clock); }))
         return;
     m_made.dataFolder = draft.folder;
     m_made.heading = draft.heading;

@@ -2,11 +2,11 @@
 
 #include "books/book_making.h"
 #include "books/older_book.h"
-#include "door/folder_dialog.h"
-#include "door/stoppable_work.h"
 #include "jet/jet_damage.h"
 #include "legacy/legacy_book.h"
 #include "look/message_window.h"
+#include "preview/background_run.h"
+#include "preview/folder_dialog.h"
 
 #include <QFileInfo>
 
@@ -48,7 +48,7 @@ std::optional<QString> OlderBookWindow::transfer(const QString& source, const QS
         QString report;
         const bool isDone = runStoppable(backgroundRun(), this,
             {windowTitle(), QStringLiteral("Μεταφέρεται το βιβλίο…"), QStringLiteral("Γραμμές")},
-            [&](const WorkProgress& progress) {
+            [&](const StepProgress& progress) {
                 report = importReport(importOlderBook(files, folder, damage, progress), damage);
             });
         return isDone ? std::optional(QStringLiteral("Το βιβλίο μεταφέρθηκε στον φάκελο %1\n\n").arg(folder) + report)

@@ -4,9 +4,9 @@
 #include "books/book_making.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
-#include "door/folder_dialog.h"
 #include "door/report_window.h"
 #include "look/focus_rules.h"
+#include "preview/folder_dialog.h"
 
 #include <QFileInfo>
 #include <QGridLayout>

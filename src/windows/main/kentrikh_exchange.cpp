@@ -56,18 +56,18 @@ void Kentrikh::importTables()
     const QString folder = askFolder(this, QStringLiteral("Ο φάκελος με τα αρχεία CSV"));
     if (folder.isEmpty() || m_closed || refusedByMarker(this))
         return;
-    std::optional<CsvImportOutcome> outcome;
+    CsvImportOutcome outcome;
     const ProgressTexts texts{
         importTitle, QStringLiteral("Γίνεται αντίγραφο και εισαγωγή…"), QStringLiteral("Γραμμές")};
-    (void)m_toolRun.run(this, texts, stoppable([&](const StepProgress& progress) {
+    const bool isDone = runStoppable(m_toolRun, this, texts, [&](const StepProgress& progress) {
         outcome = importIntoOpenBook(BookFiles(m_settings.dataFolder), m_keys, m_authority, folder, progress);
-    }));
-    if (!outcome || m_closed)
+    });
+    if (!isDone || m_closed)
         return;
-    if (outcome->badLineCount > 0) {
+    if (outcome.badLineCount > 0) {
         showMessage(this, QMessageBox::Warning, importTitle,
-            QStringLiteral("Γραμμές με λάθη: %1. Δεν προστέθηκε τίποτα.").arg(outcome->badLineCount),
-            badLineTexts(*outcome, mostBadLines).join(u'\r'));
+            QStringLiteral("Γραμμές με λάθη: %1. Δεν προστέθηκε τίποτα.").arg(outcome.badLineCount),
+            badLineTexts(outcome, mostBadLines).join(u'\r'));
         return;
     }
     if (m_tab == tab::codes)
@@ -76,7 +76,7 @@ void Kentrikh::importTables()
         fillPage(m_tab, m_tab);
     m_balances.proveNow();
     showMessage(this, QMessageBox::Information, importTitle, QStringLiteral("Η εισαγωγή έγινε."),
-        importedLines(*outcome).join(u'\r'));
+        importedLines(outcome).join(u'\r'));
 }
 
 } // namespace lorvan

@@ -90,4 +90,15 @@ BackgroundRun::Work stoppable(const std::function<void(const StepProgress& progr
     };
 }
 
+bool runStoppable(BackgroundRun& run, QWidget* parent, const ProgressTexts& texts,
+    const std::function<void(const StepProgress& progress)>& work)
+{
+    bool isDone = false;
+    (void)run.run(parent, texts, stoppable([&](const StepProgress& progress) {
+        work(progress);
+        isDone = true;
+    }));
+    return isDone;
+}
+
 } // namespace lorvan

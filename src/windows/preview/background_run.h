@@ -39,4 +39,8 @@ private:
 /// Core's work, which reports how far it is and is stopped by a StopCheck, as work for BackgroundRun.
 [[nodiscard]] BackgroundRun::Work stoppable(const std::function<void(const StepProgress& progress)>& work);
 
+/// Runs such work. True if it was completed, also if it could not be stopped any more; false if it was given up.
+[[nodiscard]] bool runStoppable(BackgroundRun& run, QWidget* parent, const ProgressTexts& texts,
+    const std::function<void(const StepProgress& progress)>& work);
+
 } // namespace lorvan
