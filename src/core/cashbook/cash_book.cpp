@@ -3,6 +3,7 @@
 #include "book/book.h"
 #include "cashbook/journal_states.h"
 #include "cashbook/movement_store.h"
+#include "cashbook/seal_record.h"
 #include "journal/journal.h"
 #include "platform/engine/steady_reading.h"
 #include "platform/engine/transaction.h"
@@ -190,14 +191,15 @@ std::optional<ChangeOutcome> CashBook::changeUnsealed(QDate day, const Change& c
     return outcome;
 }
 
-/// In both databases: the day is sealed again. A day that was changed around the program is not: a new seal would hide
-/// that.
+/// In both databases: the day is sealed again, unless it was changed around the program.
 ChangeOutcome CashBook::changeSealed(QDate day, const Change& change)
 {
     Connection both = m_book.openBoth();
     Transaction writing(both, m_authority);
     const auto seal = lastSealOf(both, day);
     const bool held = !seal || holdsSeal(both, *seal);
+    if (!held)
+        recordAltered(both, m_authority, day);
     ChangeOutcome outcome = change(both);
     if (!std::holds_alternative<ChangedDay>(outcome))
         return outcome;

@@ -2,6 +2,7 @@
 
 #include "cashbook/cash_day.h"
 #include "cashbook/day_seal.h"
+#include "cashbook/seal_record.h"
 #include "journal/check_code.h"
 #include "journal/journal.h"
 #include "platform/amount_text.h"
@@ -81,10 +82,13 @@ std::optional<ClosedDay> closeDay(Connection& book, const Authority& authority, 
         return std::nullopt;
     if (keepsJournal(book))
         recordFound(book, authority, unrecordedClosings(book, book));
+    const bool wasSealed = keepsJournal(book) && (isSealed(book, day) || JournalledSeals(book).tellOf(day));
+    if (wasSealed) // somebody has opened it around the program
+        recordAltered(book, authority, day);
     book.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)").bind(day).run();
     const QString journal = record(book, authority, JournalAction::Close, {book.lastInsertedKey(), day});
     ClosedDay closed{day};
-    if (!journal.isEmpty() && keepsSeals(book))
+    if (!journal.isEmpty() && keepsSeals(book) && !wasSealed)
         closed.checkCode = checkCode(sealDay(book, authority, day, journal).hash);
     transaction.commit();
     return closed;

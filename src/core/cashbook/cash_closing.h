@@ -18,12 +18,12 @@ struct CashDayFigures;
 /// A day that was open until now.
 struct ClosedDay {
     QDate day;
-    QString checkCode = {}; ///< Of its seal; empty if it could not be sealed yet.
+    QString checkCode = {}; ///< Of its seal; empty if it could not be sealed yet, or was sealed before.
 };
 
-/// Closes the day's cash and seals it. One transaction over `book`, which holds both databases or, if the main one
-/// cannot be written, only the auxiliary one. Does nothing and returns no value if the day is already closed. Throws
-/// NotPermitted and SqlError.
+/// Closes the day's cash and seals it, unless it was sealed before and then opened around the program. One transaction
+/// over `book`, which holds both databases or, if the main one cannot be written, only the auxiliary one. Does nothing
+/// and returns no value if the day is already closed. Throws NotPermitted and SqlError.
 std::optional<ClosedDay> closeDay(Connection& book, const Authority& authority, QDate day);
 
 /// A row of `klhsimotameioy`.

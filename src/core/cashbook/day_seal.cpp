@@ -3,6 +3,7 @@
 #include "cashbook/cash_closing.h"
 #include "cashbook/cash_day.h"
 #include "cashbook/movement_store.h"
+#include "cashbook/seal_record.h"
 #include "journal/check_code.h"
 #include "journal/journal.h"
 #include "platform/date_text.h"
@@ -10,11 +11,13 @@
 #include "platform/engine/sliced_reading.h"
 #include "platform/engine/transaction.h"
 
-#include <limits>
+#include <algorithm>
 #include <string>
 
 namespace lorvan {
 namespace {
+
+enum class SealTime { AtClosing, Later };
 
 constexpr auto columns = "id, at, user, computer, day, version, late, income, expense, movements, content, previous,"
                          " journal, hash, carried, balance, balance_hash, counted";
@@ -71,13 +74,15 @@ void store(Connection& book, const DaySeal& seal)
         .run();
 }
 
+/// The oldest, up to `most`. A day that has lost its seal is none of them: a new one would hide that.
 std::vector<QDate> unsealedDays(Connection& book, int most)
 {
     std::vector<QDate> days;
+    const JournalledSeals journalled(book);
     auto rows = book.prepare("SELECT DISTINCT hmeraklhsimatos FROM klhsimotameioy WHERE hmeraklhsimatos NOT IN"
-                             " (SELECT day FROM seals) AND hmeraklhsimatos>1000100 ORDER BY hmeraklhsimatos LIMIT ?");
-    for (rows.bind(most); rows.step();) {
-        if (const QDate day = rows.date(0); day.isValid())
+                             " (SELECT day FROM seals) AND hmeraklhsimatos>1000100 ORDER BY hmeraklhsimatos");
+    while (days.size() < static_cast<std::size_t>(most) && rows.step()) {
+        if (const QDate day = rows.date(0); day.isValid() && !journalled.tellOf(day))
             days.push_back(day);
     }
     return days;
@@ -101,6 +106,14 @@ DayContent contentOf(Connection& book, QDate day)
         content.expense += movement.expense;
     }
     return content;
+}
+
+std::vector<QDate> daysOf(const std::vector<DayContent>& contents)
+{
+    std::vector<QDate> days;
+    for (const DayContent& content : contents)
+        days.push_back(content.day);
+    return days;
 }
 
 /// The oldest days that have no seal, up to `most`, and the state of the files in which they hold that: it is read in
@@ -127,8 +140,8 @@ std::pair<std::vector<DayContent>, FileState> contentsToSeal(Connection& book, i
     return {std::move(contents), std::move(state)};
 }
 
-DaySeal sealDay(
-    Connection& book, const Authority& authority, const DayContent& content, const QString& journal, SealTime time)
+DaySeal sealDay(Connection& book, const Authority& authority, const DayContent& content, const QString& journal,
+    SealTime time, std::int64_t formerVersions = 0)
 {
     const auto before = lastSeal(book);
     const auto former = lastSealOf(book, content.day);
@@ -139,7 +152,7 @@ DaySeal sealDay(
     seal.user = authority.name();
     seal.computer = authority.computer();
     seal.day = storedDate(content.day);
-    seal.version = former ? former->version + 1 : 1;
+    seal.version = std::max(former ? former->version : 0, formerVersions) + 1;
     seal.isLate = time == SealTime::Later;
     seal.income = content.income;
     seal.expense = content.expense;
@@ -241,10 +254,14 @@ bool isWhole(const DaySeal& seal)
     return seal.hash == sealHash(seal) && seal.balanceHash == balanceHash(seal);
 }
 
-bool holdsSeal(Connection& book, const DaySeal& seal)
+bool holdsSeal(Connection& book, const DaySeal& seal, std::int64_t lastKey)
 {
     const QDate day = dateFromStored(seal.day);
-    return isWhole(seal) && isClosed(book, day) && contentDigest(movementsOf(book, day)) == seal.content;
+    if (!isWhole(seal) || !isClosed(book, day))
+        return false;
+    std::vector<Movement> movements = movementsOf(book, day);
+    std::erase_if(movements, [lastKey](const Movement& movement) { return movement.key > lastKey; });
+    return contentDigest(movements) == seal.content;
 }
 
 std::optional<DaySeal> sealWithCode(Connection& auxiliary, const QString& code)
@@ -260,9 +277,10 @@ std::optional<DaySeal> sealWithCode(Connection& auxiliary, const QString& code)
     return std::nullopt;
 }
 
-DaySeal sealDay(Connection& book, const Authority& authority, QDate day, const QString& journal, SealTime time)
+DaySeal sealDay(
+    Connection& book, const Authority& authority, QDate day, const QString& journal, std::int64_t formerVersions)
 {
-    return sealDay(book, authority, contentOf(book, day), journal, time);
+    return sealDay(book, authority, contentOf(book, day), journal, SealTime::AtClosing, formerVersions);
 }
 
 int sealOlderDays(Connection& book, const Authority& authority, int most)
@@ -276,9 +294,7 @@ int sealOlderDays(Connection& book, const Authority& authority, int most)
         if (stateOf(book) != state)
             continue; // somebody has changed something in between
         const QString journal = recordChange(book, authority,
-            {JournalAction::Seal, journal_subject::book(), {}, {}, {},
-                {{QStringLiteral("days"), qint64(days.size())}, {QStringLiteral("from"), storedDate(days.front().day)},
-                    {QStringLiteral("to"), storedDate(days.back().day)}}});
+            {JournalAction::Seal, journal_subject::book(), {}, {}, {}, lateSealingState(daysOf(days))});
         for (const DayContent& day : days)
             sealDay(book, authority, day, journal, SealTime::Later);
         writing.commit();

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -73,23 +74,23 @@ private:
 
 /// Whether nothing was changed in the seal itself.
 [[nodiscard]] bool isWhole(const DaySeal& seal);
-/// Whether the seal is whole, and its day closed and with the movements that were sealed.
-[[nodiscard]] bool holdsSeal(Connection& book, const DaySeal& seal);
+/// Whether the seal is whole, and its day closed and with the movements that were sealed, apart from those with a key
+/// after `lastKey`.
+[[nodiscard]] bool holdsSeal(
+    Connection& book, const DaySeal& seal, std::int64_t lastKey = std::numeric_limits<std::int64_t>::max());
 
 /// The seal that carries this check code.
 [[nodiscard]] std::optional<DaySeal> sealWithCode(Connection& auxiliary, const QString& code);
 
-enum class SealTime { AtClosing, Later };
+/// Seals the day as it is now, as the next version after all its seals and after `formerVersions`, which may be more if
+/// seals are missing. `journal` is the hash of the row in the journal that closed or changed it.
+DaySeal sealDay(
+    Connection& book, const Authority& authority, QDate day, const QString& journal, std::int64_t formerVersions = 0);
 
-/// Seals the day as it is now, as the next version. `journal` is the hash of the row in the journal that closed or
-/// changed it.
-DaySeal sealDay(Connection& book, const Authority& authority, QDate day, const QString& journal,
-    SealTime time = SealTime::AtClosing);
-
-/// Seals up to `most` closed days that have no seal, oldest first, in one transaction of its own with one row in the
-/// journal. The movements are read in slices before it, again if somebody changes something meanwhile, so that others
-/// wait only while the seals themselves are written. Returns how many. Throws NotPermitted without the right to close,
-/// and SqlError of kind Interrupted if a StopCheck says no.
+/// Seals up to `most` closed days that were never sealed, oldest first, in one transaction of its own with one row in
+/// the journal. The movements are read in slices before it, again if somebody changes something meanwhile, so that
+/// others wait only while the seals themselves are written. Returns how many. Throws NotPermitted without the right to
+/// close, and SqlError of kind Interrupted if a StopCheck says no.
 int sealOlderDays(Connection& book, const Authority& authority, int most);
 
 } // namespace lorvan

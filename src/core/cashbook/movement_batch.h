@@ -35,6 +35,8 @@ public:
 
     /// The days to which movements were added.
     [[nodiscard]] std::vector<QDate> days() const;
+    /// The greatest key of a movement that was there before; 0 if there was none.
+    [[nodiscard]] qint64 lastKeyBefore() const { return m_lastKeyBefore; }
 
 private:
     [[nodiscard]] bool mayChange(QDate day);

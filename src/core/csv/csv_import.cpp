@@ -6,6 +6,7 @@
 #include "cashbook/journal_keeping.h"
 #include "cashbook/movement_batch.h"
 #include "cashbook/opening_difference.h"
+#include "cashbook/seal_record.h"
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
 #include "csv/csv_table.h"
@@ -123,8 +124,11 @@ CsvImportOutcome Import::run()
 void Import::sealAgain(const Authority& authority) const
 {
     for (const QDate day : m_batch.days()) {
-        if (isSealed(m_book, day))
+        const auto seal = lastSealOf(m_book, day);
+        if (seal && holdsSeal(m_book, *seal, m_batch.lastKeyBefore()))
             sealDay(m_book, authority, day, lastJournalHash(m_book));
+        else if (seal)
+            recordAltered(m_book, authority, day);
     }
 }
 

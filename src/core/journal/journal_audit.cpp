@@ -30,7 +30,7 @@ JournalAuditing::JournalAuditing(std::set<QString> wanted, Claims claims)
     m_audit.missing = std::move(wanted);
 }
 
-void JournalAuditing::take(JournalRow row)
+bool JournalAuditing::take(const JournalRow& row)
 {
     static const QString accept = journalWord(JournalAction::Accept);
     ++m_audit.rows;
@@ -42,7 +42,8 @@ void JournalAuditing::take(JournalRow row)
         noteAccepted(row);
     if (m_claims == Claims::All)
         noteState(row);
-    m_before = std::move(row);
+    m_before = row;
+    return isWhole;
 }
 
 bool JournalAuditing::isBroken(const JournalRow& row) const

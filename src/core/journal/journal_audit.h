@@ -50,7 +50,8 @@ public:
 
     explicit JournalAuditing(std::set<QString> wanted, Claims claims = Claims::All);
 
-    void take(JournalRow row);
+    /// Returns whether the row is the one that was written there.
+    bool take(const JournalRow& row);
     [[nodiscard]] const JournalAudit& audit() const { return m_audit; }
     [[nodiscard]] JournalAudit result() && { return std::move(m_audit); }
 

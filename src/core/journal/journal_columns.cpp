@@ -35,7 +35,7 @@ const Columns& dayColumns()
 {
     static const Columns columns{{"hmeraklhsimatos", "Ημέρα που έκλεισε", Form::Day, never},
         {"esoda", "Έσοδα", Form::Amount}, {"ejoda", "Έξοδα", Form::Amount}, {"ypoloipo", "Υπόλοιπο", Form::Amount},
-        {"aa", "Αριθμός κλεισίματος", Form::Number, never}};
+        {"aa", "Αριθμός κλεισίματος", Form::Number, never}, {"seal", "Σφραγίδα που δεν συμφωνεί", Form::Number}};
     return columns;
 }
 
@@ -70,10 +70,11 @@ const Columns& bookColumns()
 {
     static const Columns columns{{"file", "Αρχείο", Form::Text, alone},
         {"added", "Γραμμές που προστέθηκαν", Form::Number}, {"from", "Από", Form::Day}, {"to", "Έως", Form::Day},
-        {"days", "Ημέρες", Form::Number}, {"kinhseis", "Κινήσεις", Form::Number},
-        {"tameio", "Ημέρες ταμείου", Form::Number}, {"kvdikoi", "Κωδικοί", Form::Number},
-        {"omades", "Ομάδες", Form::Number}, {"klhsimotameioy", "Κλεισμένες ημέρες", Form::Number},
-        {"codes", "Χρήστες", Form::Number}, {"mergedDays", "Ημέρες που έμειναν με μία γραμμή", Form::Number},
+        {"days", "Ημέρες", Form::Number}, {"sealed", "Όλες οι ημέρες", Form::Day, never},
+        {"kinhseis", "Κινήσεις", Form::Number}, {"tameio", "Ημέρες ταμείου", Form::Number},
+        {"kvdikoi", "Κωδικοί", Form::Number}, {"omades", "Ομάδες", Form::Number},
+        {"klhsimotameioy", "Κλεισμένες ημέρες", Form::Number}, {"codes", "Χρήστες", Form::Number},
+        {"mergedDays", "Ημέρες που έμειναν με μία γραμμή", Form::Number},
         {"removedRows", "Γραμμές που αφαιρέθηκαν", Form::Number}, {"addedDays", "Ημέρες που προστέθηκαν", Form::Number},
         {"correctedDays", "Ημέρες με σύνολα ή υπόλοιπο που διορθώθηκαν", Form::Number},
         {"keptDifferences", "Υπόλοιπα ανοίγματος που καταχωρίστηκαν", Form::Number},
@@ -140,6 +141,14 @@ bool isListOfTexts(const QJsonArray& list)
     return std::all_of(list.begin(), list.end(), [](const QJsonValue& each) { return each.isString(); });
 }
 
+QString daysText(const QJsonArray& days)
+{
+    QStringList texts;
+    for (const QJsonValue& day : days)
+        texts += journalValueText(day, Form::Day);
+    return texts.join(QStringLiteral(", "));
+}
+
 QString asStored(const QJsonValue& value)
 {
     if (value.isString())
@@ -175,6 +184,8 @@ QString journalValueText(const QJsonValue& value, JournalForm form)
         return {};
     if (form == Form::YesNo && value.isBool())
         return yesOrNo(value.toBool());
+    if (value.isArray() && form == Form::Day)
+        return daysText(value.toArray());
     const auto number = wholeNumber(value);
     if (number && form == Form::YesNo)
         return yesOrNo(*number != 0);

@@ -81,7 +81,7 @@ public:
             m_proof.findings.add({FindingKind::SumTooLarge});
         }
         const BookFindings broken = m_seals.findings();
-        m_proof.wrongDays += broken.count(FindingKind::SealedDayAltered);
+        m_proof.wrongDays += broken.count(FindingKind::SealedDayAltered) + broken.count(FindingKind::SealMissing);
         m_proof.findings.merge(broken);
         return std::move(m_proof);
     }

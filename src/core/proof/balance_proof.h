@@ -11,7 +11,7 @@ class Connection;
 struct BalanceProof {
     std::int64_t movements = 0;
     std::int64_t days = 0; ///< With a cash day, a movement or both.
-    std::int64_t wrongDays = 0; ///< Whose row is missing, repeated or wrong, or that are sealed and altered.
+    std::int64_t wrongDays = 0; ///< Whose row is missing, repeated or wrong, or whose seal is missing or does not hold.
     std::int64_t seals = 0;
     BookFindings findings; ///< Of the cash days, the seals and the journal's chain alone.
 

@@ -37,7 +37,8 @@ enum class FindingKind {
     JournalBroken, ///< A row of the journal, `key`, was changed, or rows before it are missing.
     SealBroken, ///< The same of a seal; `day` is its day.
     SealWithoutJournal, ///< The journal has lost the row that a seal, `key`, names.
-    SealedDayAltered, ///< A sealed day does not hold what was sealed.
+    SealMissing, ///< The journal tells of a seal of a day, of version `key`, that is not there.
+    SealedDayAltered, ///< A sealed day does not hold, or was once seen not to hold, what was sealed.
     MovementAltered, ///< A movement is not as the journal says; `day` is 0 if it is gone.
     CodeAltered, ///< A code, `key` is its row.
     GroupAltered,

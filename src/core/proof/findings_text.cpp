@@ -127,6 +127,11 @@ QString sealLine(const Finding& finding)
     return QStringLiteral("%1, σφραγίδα %2").arg(storedDayText(finding.day), number(finding.key));
 }
 
+QString missingSealLine(const Finding& finding)
+{
+    return QStringLiteral("%1, έκδοση %2").arg(storedDayText(finding.day), number(finding.key));
+}
+
 QString alteredMovementLine(const Finding& finding)
 {
     return finding.day == 0
@@ -182,6 +187,9 @@ const Wording& wordingOf(FindingKind kind)
             {QStringLiteral("Σφραγίδες που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), sealLine}},
         {FindingKind::SealWithoutJournal,
             {QStringLiteral("Σφραγίδες που η εγγραφή τους λείπει από το ημερολόγιο"), sealLine}},
+        {FindingKind::SealMissing,
+            {QStringLiteral("Σφραγίδες που λείπουν: κάτι άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση"),
+                missingSealLine}},
         {FindingKind::SealedDayAltered,
             {QStringLiteral("Σφραγισμένες ημέρες που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), sealLine}},
         {FindingKind::MovementAltered,

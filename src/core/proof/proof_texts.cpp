@@ -74,6 +74,12 @@ QString sealText(const Finding& finding)
         .arg(storedDayText(finding.day));
 }
 
+QString sealMissingText(const Finding& finding)
+{
+    return QStringLiteral("Η σφραγίδα της %1 λείπει: κάτι άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση")
+        .arg(storedDayText(finding.day));
+}
+
 QString sealWithoutJournalText(const Finding& finding)
 {
     return QStringLiteral("Η εγγραφή της σφραγίδας της %1 λείπει από το ημερολόγιο").arg(storedDayText(finding.day));
@@ -89,8 +95,9 @@ QString journalText(const Finding& finding)
 constexpr std::pair<Kind, QString (*)(const Finding&)> sentences[] = {{Kind::DayBalance, balanceText},
     {Kind::DaySums, sumsText}, {Kind::MissingDay, missingText}, {Kind::RepeatedDay, repeatedText},
     {Kind::DayWithoutDate, withoutDateText}, {Kind::SumTooLarge, tooLargeText}, {Kind::SealedDayAltered, sealedDayText},
-    {Kind::SealBroken, sealText}, {Kind::SealWithoutJournal, sealWithoutJournalText},
-    {Kind::JournalBroken, journalText}, {Kind::OpeningNotKept, openingText}};
+    {Kind::SealMissing, sealMissingText}, {Kind::SealBroken, sealText},
+    {Kind::SealWithoutJournal, sealWithoutJournalText}, {Kind::JournalBroken, journalText},
+    {Kind::OpeningNotKept, openingText}};
 
 QString othersText(std::int64_t days)
 {

@@ -1,6 +1,7 @@
 #include "proof/seal_chain.h"
 
 #include "journal/hash_text.h"
+#include "proof/trail_pass.h"
 
 namespace lorvan {
 namespace {
@@ -51,8 +52,9 @@ std::map<std::int64_t, const DaySeal*> lastSeals(const std::vector<DaySeal>& sea
     return last;
 }
 
-std::vector<TrailFault> brokenLinks(const std::vector<DaySeal>& seals, const JournalAudit& journal)
+std::vector<TrailFault> brokenLinks(const std::vector<DaySeal>& seals, const TrailPass& pass)
 {
+    const JournalAudit& journal = pass.journal();
     std::vector<TrailFault> faults;
     for (const BrokenRow& row : journal.broken)
         faults.push_back({FindingKind::JournalBroken, row.id, 0, row.found});
@@ -69,6 +71,8 @@ std::vector<TrailFault> brokenLinks(const std::vector<DaySeal>& seals, const Jou
         }
         before = &seal;
     }
+    for (const LostSeals& lost : pass.promises().lost())
+        faults.push_back({FindingKind::SealMissing, lost.versions, lost.day, lost.found});
     return faults;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "cashbook/day_seal.h"
-#include "journal/journal_audit.h"
 #include "proof/book_findings.h"
 
 #include <map>
@@ -10,12 +9,16 @@
 
 namespace lorvan {
 
+class TrailPass;
+
 /// Something that journal and seals contradict: it was changed by another program or an earlier release.
 struct TrailFault {
     FindingKind kind; ///< From JournalBroken to GroupAltered.
-    std::int64_t key = 0; ///< The row's number: of the journal, the seal, the movement, the code or the group.
+    /// The row's number: of the journal, the seal, the movement, the code or the group. Of missing seals the version
+    /// that the journal tells of.
+    std::int64_t key = 0;
     std::int64_t day = 0; ///< Of a seal or a movement, yyyymmdd; 0 if it is not known.
-    QString found = {}; ///< Of a row or seal: a hash of it as it stands, which its acceptance keeps.
+    QString found = {}; ///< Of a row or seals: a hash of what stands there, which the acceptance keeps.
 };
 
 [[nodiscard]] Finding findingOf(const TrailFault& fault);
@@ -26,7 +29,8 @@ struct TrailFault {
 /// The last seal of each day, by the day. `seals` must stay as they are.
 [[nodiscard]] std::map<std::int64_t, const DaySeal*> lastSeals(const std::vector<DaySeal>& seals);
 
-/// Where the chains of the journal and of all seals are broken. The journal was audited for journalRowsOf() them.
-[[nodiscard]] std::vector<TrailFault> brokenLinks(const std::vector<DaySeal>& seals, const JournalAudit& journal);
+/// Where the chains of the journal and of all seals are broken, and which seals are missing. The journal was read for
+/// them.
+[[nodiscard]] std::vector<TrailFault> brokenLinks(const std::vector<DaySeal>& seals, const TrailPass& pass);
 
 } // namespace lorvan

@@ -6,7 +6,7 @@
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 
-#include <algorithm>
+#include <map>
 
 namespace lorvan {
 namespace {
@@ -21,7 +21,7 @@ bool SealReading::readSeals(Deadline)
     m_seals = allSeals(m_book);
     for (const auto& [day, seal] : lastSeals(m_seals))
         m_days.emplace(day, Day{seal, {}});
-    m_journal.emplace(journalRowsOf(m_seals), JournalAuditing::Claims::ChainAlone);
+    m_pass.emplace(m_seals, JournalAuditing::Claims::ChainAlone);
     return true;
 }
 
@@ -59,28 +59,42 @@ bool SealReading::readJournal(Deadline deadline)
     auto rows = selectJournal(m_book, "WHERE id>=? ORDER BY id");
     int read = 0;
     for (rows.bind(m_nextRow); rows.step();) {
-        JournalRow row = journalRowIn(rows);
-        const std::int64_t id = row.id;
-        m_journal->take(std::move(row));
-        if (id == std::numeric_limits<std::int64_t>::max())
+        const JournalRow row = journalRowIn(rows);
+        m_pass->take(row);
+        if (row.id == std::numeric_limits<std::int64_t>::max())
             return true;
-        m_nextRow = id + 1;
+        m_nextRow = row.id + 1;
         if (++read % rowsBetweenLooks == 0 && isOver(deadline))
             return false;
     }
     return true;
 }
 
+/// Also those that were once seen to be altered.
+std::vector<TrailFault> SealReading::alteredDays() const
+{
+    std::map<std::int64_t, TrailFault> days;
+    const auto last = lastSeals(m_seals);
+    for (const std::int64_t day : m_pass->promises().altered()) {
+        if (const auto seal = last.find(day); seal != last.end())
+            days[day] = {FindingKind::SealedDayAltered, seal->second->id, day};
+    }
+    for (const TrailFault& fault : m_altered)
+        days[fault.day] = fault;
+    std::vector<TrailFault> faults;
+    for (const auto& [day, fault] : days)
+        faults.push_back(fault);
+    return faults;
+}
+
 BookFindings SealReading::findings() const
 {
-    std::vector<TrailFault> faults = m_altered;
-    std::sort(faults.begin(), faults.end(), [](const auto& one, const auto& other) { return one.day < other.day; });
     BookFindings all;
-    if (m_journal) {
-        for (const TrailFault& fault : brokenLinks(m_seals, m_journal->audit()))
-            all.add(findingOf(fault));
-    }
-    for (const TrailFault& fault : faults)
+    if (!m_pass)
+        return all;
+    for (const TrailFault& fault : brokenLinks(m_seals, *m_pass))
+        all.add(findingOf(fault));
+    for (const TrailFault& fault : alteredDays())
         all.add(findingOf(fault));
     return all;
 }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "cashbook/day_seal.h"
-#include "journal/journal_audit.h"
 #include "platform/engine/sliced_reading.h"
 #include "proof/seal_chain.h"
+#include "proof/trail_pass.h"
 
 #include <limits>
 #include <optional>
@@ -43,12 +43,13 @@ private:
     };
 
     [[nodiscard]] bool holds(Day& day) const;
+    [[nodiscard]] std::vector<TrailFault> alteredDays() const;
 
     Connection& m_book;
     std::vector<DaySeal> m_seals;
     std::unordered_map<std::int64_t, Day> m_days; ///< By yyyymmdd, those that were not compared yet.
     std::vector<TrailFault> m_altered;
-    std::optional<JournalAuditing> m_journal;
+    std::optional<TrailPass> m_pass;
     std::int64_t m_nextRow = std::numeric_limits<std::int64_t>::min(); ///< Of the journal.
 };
 

@@ -11,8 +11,8 @@
 #include "journal/journal_audit.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
-#include "platform/engine/transaction.h"
 #include "proof/seal_chain.h"
+#include "proof/trail_pass.h"
 
 #include <QJsonDocument>
 
@@ -32,16 +32,18 @@ public:
     explicit Auditing(Connection& book)
         : m_book(book)
         , m_seals(allSeals(book))
-        , m_journal(auditJournal(book, journalRowsOf(m_seals)))
+        , m_pass(m_seals, JournalAuditing::Claims::All)
     {
     }
 
     TrailAudit run()
     {
-        m_audit.changes = m_journal.rows;
+        readJournal();
         m_audit.seals = static_cast<std::int64_t>(m_seals.size());
+        m_audit.faults = brokenLinks(m_seals, m_pass);
+        m_journal = m_pass.takeJournal();
+        m_audit.changes = m_journal.rows;
         m_audit.accepted = m_journal.accepted;
-        m_audit.faults = brokenLinks(m_seals, m_journal);
         compareDays();
         compareMovements();
         compareCodes();
@@ -50,6 +52,15 @@ public:
     }
 
 private:
+    void readJournal()
+    {
+        if (keepsJournal(m_book)) {
+            auto rows = selectJournal(m_book, "ORDER BY id");
+            while (rows.step())
+                m_pass.take(journalRowIn(rows));
+        }
+    }
+
     void compareDays()
     {
         for (const auto& [day, seal] : lastSeals(m_seals))
@@ -62,7 +73,8 @@ private:
         const DayView view = readDay(m_book, day);
         const bool isSame = seal.content == contentDigest(view.movements) && seal.income == view.figures.income
             && seal.expense == view.figures.expense
-            && seal.movements == static_cast<std::int64_t>(view.movements.size()) && isClosed(m_book, day);
+            && seal.movements == static_cast<std::int64_t>(view.movements.size()) && isClosed(m_book, day)
+            && !m_pass.promises().isAltered(seal.day);
         if (!isSame)
             m_audit.faults.push_back({FindingKind::SealedDayAltered, seal.id, seal.day});
         else if (seal.carried != view.carried.balance)
@@ -121,80 +133,10 @@ private:
 
     Connection& m_book;
     const std::vector<DaySeal> m_seals;
+    TrailPass m_pass;
     JournalAudit m_journal;
     TrailAudit m_audit;
 };
-
-/// What the journal says of the subject, before it was accepted.
-QJsonObject lastKnown(Connection& book, const QString& subject)
-{
-    auto row = book.prepare("SELECT after FROM main.journal WHERE subject=? ORDER BY id DESC LIMIT 1");
-    row.bind(subject);
-    return row.step() ? QJsonDocument::fromJson(row.text(0).toUtf8()).object() : QJsonObject();
-}
-
-void record(Connection& book, const Authority& authority, JournalEntry entry)
-{
-    entry.action = JournalAction::Accept;
-    entry.before = lastKnown(book, entry.subject);
-    recordChange(book, authority, entry);
-}
-
-template <typename Found, typename Same> QJsonObject stateAmong(const std::vector<Found>& all, const Same& isIt)
-{
-    const auto found = std::find_if(all.begin(), all.end(), isIt);
-    return found == all.end() ? QJsonObject() : journalState(*found);
-}
-
-/// A day that was sealed stays closed. Returns the state of the new closing, if there was none.
-QJsonObject closeAgain(Connection& book, QDate day)
-{
-    if (isClosed(book, day))
-        return {};
-    book.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)").bind(day).run();
-    return {
-        {QStringLiteral("hmeraklhsimatos"), storedDate(day)}, {QStringLiteral("aa"), qint64(book.lastInsertedKey())}};
-}
-
-void accept(Connection& book, const Authority& authority, const TrailFault& fault)
-{
-    const QDate day = dateFromStored(fault.day);
-    JournalEntry entry;
-    entry.day = day;
-    switch (fault.kind) {
-    case FindingKind::JournalBroken:
-        entry.subject = journal_subject::journal(fault.key);
-        entry.after = {{QLatin1String(acceptedFind), fault.found}};
-        break;
-    case FindingKind::SealBroken:
-    case FindingKind::SealWithoutJournal:
-        entry.subject = journal_subject::seal(fault.key);
-        entry.after = {{QLatin1String(acceptedFind), fault.found}};
-        break;
-    case FindingKind::SealedDayAltered:
-        entry.subject = journal_subject::day(day);
-        entry.after = closeAgain(book, day);
-        record(book, authority, entry);
-        sealDay(book, authority, day, lastJournalHash(book));
-        return;
-    case FindingKind::MovementAltered: {
-        entry.subject = journal_subject::movement(fault.key);
-        const auto movement = findMovement(book, fault.key);
-        entry.after = movement ? journalState(*movement) : QJsonObject();
-        break;
-    }
-    case FindingKind::CodeAltered:
-        entry.subject = journal_subject::code(fault.key);
-        entry.after = stateAmong(
-            listCodes(book, CodeSelection::All), [&](const MovementCode& code) { return code.row == fault.key; });
-        break;
-    default:
-        entry.subject = journal_subject::group(fault.key);
-        entry.after = stateAmong(listGroups(book), [&](const CodeGroup& group) { return group.number == fault.key; });
-        break;
-    }
-    record(book, authority, entry);
-}
 
 } // namespace
 
@@ -221,19 +163,6 @@ BookFindings TrailAudit::findings() const
 TrailAudit auditTrail(Connection& book)
 {
     return Auditing(book).run();
-}
-
-std::int64_t acceptFaults(Connection& book, const Authority& authority)
-{
-    authority.require(Right::ModifyCash);
-    Transaction writing(book, authority);
-    const std::vector<TrailFault> faults = auditTrail(book).faults;
-    if (!keepsJournal(book))
-        return 0;
-    for (const TrailFault& fault : faults)
-        accept(book, authority, fault);
-    writing.commit();
-    return static_cast<std::int64_t>(faults.size());
 }
 
 } // namespace lorvan

@@ -9,7 +9,6 @@
 
 namespace lorvan {
 
-class Authority;
 class Connection;
 
 /// A day whose carried balance differs from the one that was printed with its seal, since an earlier day was changed.
@@ -29,14 +28,9 @@ struct TrailAudit {
     [[nodiscard]] BookFindings findings() const;
 };
 
-/// Verifies journal and seals: each link of both chains, the days that were sealed, and the movements, codes and groups
-/// whose state the journal tells; of all others nothing is claimed. `book` has both databases. Inside the caller's
-/// transaction. Throws SqlError.
+/// Verifies journal and seals: each link of both chains, the seals that the journal tells of, the days that were
+/// sealed, and the movements, codes and groups whose state the journal tells; of all others nothing is claimed. `book`
+/// has both databases. Inside the caller's transaction. Throws SqlError.
 [[nodiscard]] TrailAudit auditTrail(Connection& book);
-
-/// Records all faults in the journal as accepted, with what is there now, and seals altered days again; they are no
-/// faults any more. One transaction. Returns how many. Throws NotPermitted without the right to change cash records,
-/// and SqlError.
-std::int64_t acceptFaults(Connection& book, const Authority& authority);
 
 } // namespace lorvan

@@ -11,7 +11,7 @@
 #include "proof/book_check.h"
 #include "proof/book_repair.h"
 #include "proof/code_answer.h"
-#include "proof/trail_audit.h"
+#include "proof/trail_acceptance.h"
 #include "support/progress_bar.h"
 
 namespace lorvan {

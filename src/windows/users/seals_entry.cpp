@@ -9,6 +9,7 @@
 #include "platform/engine/steady_reading.h"
 #include "platform/engine/transaction.h"
 #include "proof/findings_text.h"
+#include "proof/trail_acceptance.h"
 #include "proof/trail_audit.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+#include "proof/trail_acceptance.h"
 #include "proof/trail_audit.h"
 
 #include "backup/book_restore.h"
@@ -144,6 +145,8 @@ TEST_F(TrailTest, namesWhatWasChangedAroundTheProgram)
         {"DELETE FROM journal WHERE id=5", "", fault(FindingKind::SealWithoutJournal, 1)},
         {"", "UPDATE seals SET income=1", fault(FindingKind::SealBroken, 1) + fault(FindingKind::SealedDayAltered, 1)},
         {"", "UPDATE seals SET carried=1", fault(FindingKind::SealBroken, 1)},
+        {"", "DELETE FROM seals", fault(FindingKind::SealMissing, 1)},
+        {"", "DELETE FROM seals; DELETE FROM klhsimotameioy", fault(FindingKind::SealMissing, 1)},
     };
     const QByteArray main = readFile(temporary.files().mainDatabase());
     const QByteArray auxiliary = readFile(temporary.files().auxiliaryDatabase());
@@ -152,6 +155,8 @@ TEST_F(TrailTest, namesWhatWasChangedAroundTheProgram)
         openCopy(temporary.files().auxiliaryDatabase()).execute(each.auxiliary);
         EXPECT_EQ(faults(), each.faults) << each.main << each.auxiliary;
         Connection opened = both();
+        EXPECT_EQ(sealOlderDays(opened, byAll(), 5), 0) << each.auxiliary;
+        EXPECT_EQ(faults(), each.faults) << "nothing is sealed in silence";
         EXPECT_GT(acceptFaults(opened, byAll()), 0);
         EXPECT_EQ(faults(), "") << each.main << each.auxiliary;
         EXPECT_TRUE(auditTrail(opened).findings().isInOrder());
@@ -191,6 +196,43 @@ TEST_F(TrailTest, aChangeOfADayThatWasAlteredAroundTheProgramHidesNothing)
     EXPECT_EQ(lastCode(), code) << "no new seal";
     EXPECT_EQ(answer(code).verdict, CodeAnswer::Verdict::Altered);
     EXPECT_NE(faults(), "");
+}
+
+TEST_F(TrailTest, eachSealThatTheJournalTellsOfMustBeThere)
+{
+    const auto acceptAll = [this](int missing) {
+        EXPECT_EQ(faults(), fault(FindingKind::SealMissing, missing));
+        Connection opened = both();
+        EXPECT_EQ(acceptFaults(opened, byAll()), 1);
+        EXPECT_EQ(faults(), "");
+        EXPECT_EQ(answer(lastCode()).seal.version, missing + 1);
+    };
+    (void)cashBook.insert(incomeOf(monday, cents(5)));
+    (void)cashBook.remove(4);
+    temporary.openAuxiliary().execute("DELETE FROM seals WHERE id>1");
+    acceptAll(3); // the day is as it was sealed first
+    temporary.openAuxiliary().execute("DELETE FROM seals WHERE id>1");
+    acceptAll(4); // once more than was accepted
+    temporary.openAuxiliary().execute("DELETE FROM seals");
+    acceptAll(5);
+    temporary.close(friday);
+    Connection opened = both();
+    EXPECT_EQ(sealOlderDays(opened, byAll(), 5), 1);
+    opened.execute("DELETE FROM auxiliary.seals WHERE day=20240315; DELETE FROM klhsimotameioy");
+    EXPECT_EQ(faults(), fault(FindingKind::SealMissing, 1) + fault(FindingKind::SealedDayAltered, 1));
+}
+
+TEST_F(TrailTest, aSealedDayThatWasOpenedAroundTheProgramIsNotSealedAgain)
+{
+    for (const char* const gone : {"", "DELETE FROM seals"}) {
+        temporary.openAuxiliary().execute(std::string("DELETE FROM klhsimotameioy;") + gone);
+        const std::string before = faults();
+        EXPECT_EQ(cashBook.close(monday)->checkCode, "");
+        EXPECT_EQ(faults(), before) << gone;
+        Connection opened = both();
+        EXPECT_EQ(acceptFaults(opened, byAll()), 1);
+        EXPECT_EQ(faults(), "");
+    }
 }
 
 TEST_F(TrailTest, aCodeVouchesForTheJournalUpToItsClosing)
