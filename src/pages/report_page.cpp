@@ -134,7 +134,9 @@ void ReportPage::placeRow(const ReportItem& item, const FlowBlock& block, float 
     const TableBoxes& boxes = m_layout.boxes(item);
     const float bodyLeft = static_cast<float>(m_layout.body().left());
     const GlyphFont& font = m_layout.font(item);
-    placeGround(item, top, top + block.size.heightOf(block.lines), boxes.width);
+    const float height = block.size.heightOf(block.lines);
+    placeGround(item, top, top + height, boxes.width);
+    m_rows.push_back({QRectF(bodyLeft, top, boxes.width, height), block.item});
 
     const int cells = std::min(item.cellCount(), static_cast<int>(boxes.columns.size()));
     for (int cell = 0; cell < cells; ++cell) {
@@ -192,6 +194,19 @@ void ReportPage::placePart(QStringView part, ColumnAlignment alignment, float wi
         m_texts.push_back({&font, 0, part.sliced(line.start, line.length), part, line.isPlain, left, baseline});
         baseline += font.lineHeight();
     }
+}
+
+RowSubject ReportPage::subjectAt(QPointF place) const
+{
+    const auto row = std::find_if(
+        m_rows.begin(), m_rows.end(), [&place](const PlacedRow& each) { return each.area.contains(place); });
+    if (row == m_rows.end())
+        return {};
+    const ReportItem item = m_layout.document().item(row->item);
+    const std::vector<ColumnBox>& columns = m_layout.boxes(item).columns;
+    const auto isRight = [&](const ColumnBox& box) { return row->area.left() + box.left > place.x(); };
+    const auto after = std::find_if(columns.begin(), columns.end(), isRight);
+    return item.subject(std::max(static_cast<int>(after - columns.begin()) - 1, 0));
 }
 
 QString ReportPage::text() const

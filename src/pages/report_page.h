@@ -37,6 +37,12 @@ struct PlacedRule {
     Look look = Look::Strong;
 };
 
+/// A row of a table, or the part of it that is on the page.
+struct PlacedRow {
+    QRectF area;
+    int item = 0;
+};
+
 struct DrawnChart {
     const Chart* chart = nullptr;
     QRectF area;
@@ -57,6 +63,9 @@ public:
     [[nodiscard]] const std::vector<PlacedText>& texts() const { return m_texts; }
     /// The lines that carry sums; they are no part of the readable text and are not found.
     [[nodiscard]] const std::vector<PlacedText>& carriedTexts() const { return m_carriedTexts; }
+
+    /// What the part of a row at that place stands for; of kind None if nothing.
+    [[nodiscard]] RowSubject subjectAt(QPointF place) const;
 
     /// The readable text, one line for each line on paper; texts side by side are separated by tabs.
     [[nodiscard]] QString text() const;
@@ -79,6 +88,7 @@ private:
     std::array<QString, 3> m_footer;
     std::vector<PlacedShade> m_shades;
     std::vector<PlacedRule> m_rules;
+    std::vector<PlacedRow> m_rows;
     std::vector<DrawnChart> m_charts;
     std::vector<PlacedText> m_texts;
     std::deque<QString> m_carried; ///< What the next ones show.

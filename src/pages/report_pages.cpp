@@ -60,6 +60,11 @@ std::vector<QRectF> ReportPages::find(const SearchText& wanted, int page) const
     return contentOf(page).find(wanted);
 }
 
+RowSubject ReportPages::subjectAt(int page, QPointF place) const
+{
+    return page >= 0 && page < pageCount() ? contentOf(page).subjectAt(place) : RowSubject();
+}
+
 std::optional<int> ReportPages::pageWith(const SearchText& wanted, int from, Direction direction)
 {
     const int step = direction == Direction::Forward ? 1 : -1;

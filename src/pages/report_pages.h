@@ -49,6 +49,9 @@ public:
     /// The areas in twips where the text is found on that page, including header, titles and footer, in reading order.
     [[nodiscard]] std::vector<QRectF> find(const SearchText& wanted, int page) const;
 
+    /// See ReportPage::subjectAt(); the place is in twips.
+    [[nodiscard]] RowSubject subjectAt(int page, QPointF place) const;
+
     enum class Direction { Forward, Backward };
     /// The nearest page that contains the text, beginning with `from` itself, without wrapping around; lays out the
     /// pages on the way. No value if there is none, or if the text is empty.

@@ -8,6 +8,8 @@ namespace lorvan {
 
 namespace {
 
+constexpr std::int64_t kindsOfSubjects = 4;
+
 void change(ReportFont& font, const FontChange& change)
 {
     font.name = change.name.value_or(font.name);
@@ -39,6 +41,8 @@ void ReportDocument::StartDoc()
     m_columns.clear();
     m_charts.clear();
     m_carried.clear();
+    m_subjectCells.clear();
+    m_subjects.clear();
     m_format.clear();
     m_next.columns = -1;
     m_next.titles = -1;
@@ -51,6 +55,8 @@ void ReportDocument::EndDoc()
     m_text.shrink_to_fit();
     m_textEnds.shrink_to_fit();
     m_items.shrink_to_fit();
+    m_subjectCells.shrink_to_fit();
+    m_subjects.shrink_to_fit();
     m_isComplete = true;
 }
 
@@ -114,6 +120,13 @@ void ReportDocument::AddTableRow(const QString& format, const CellTexts& header,
 void ReportDocument::BeginCarry(const std::vector<int>& columns, const QString& name)
 {
     m_carried.begin(itemCount(), columns, name);
+}
+
+void ReportDocument::RowStandsFor(const RowSubject& subject, int firstCell)
+{
+    const std::uint32_t rowStart = m_items.size() > 1 ? m_items[m_items.size() - 2].cellEnd : 0;
+    m_subjectCells.push_back(rowStart + static_cast<std::uint32_t>(firstCell));
+    m_subjects.push_back(subject.number * kindsOfSubjects + static_cast<std::int64_t>(subject.kind));
 }
 
 void ReportDocument::AddChart(const Chart& chart, int height)
@@ -220,6 +233,17 @@ QStringView ReportItem::cell(int column) const
     const std::size_t cell = firstCell() + static_cast<std::size_t>(column);
     const std::size_t start = cell ? m_document->m_textEnds[cell - 1] : 0;
     return {m_document->m_text.data() + start, m_document->m_text.data() + m_document->m_textEnds[cell]};
+}
+
+RowSubject ReportItem::subject(int column) const
+{
+    const std::vector<std::uint32_t>& cells = m_document->m_subjectCells;
+    const auto after = std::upper_bound(cells.begin(), cells.end(), firstCell() + static_cast<std::uint32_t>(column));
+    if (after == cells.begin() || *std::prev(after) < firstCell())
+        return {};
+    const std::int64_t packed = m_document->m_subjects[static_cast<std::size_t>(after - cells.begin()) - 1];
+    const std::int64_t kind = (packed % kindsOfSubjects + kindsOfSubjects) % kindsOfSubjects;
+    return {static_cast<RowSubject::Kind>(kind), (packed - kind) / kindsOfSubjects};
 }
 
 QStringList ReportItem::cells() const

@@ -12,6 +12,16 @@ namespace lorvan {
 
 class ReportItem;
 
+/// What a row, or a part of it, stands for, so that a reader can go there. Never painted, and in no table.
+struct RowSubject {
+    enum class Kind : std::uint8_t { None, Movement, Code, Day };
+
+    Kind kind = Kind::None;
+    std::int64_t number = 0; ///< The movement's `aa`, the code, or the day as stored, yyyymmdd.
+
+    friend bool operator==(const RowSubject&, const RowSubject&) = default;
+};
+
 /// What the mouse can do in a preview apart from scrolling by dragging and zooming with Ctrl and the wheel.
 struct PreviewMouse {
     bool zooms = false;
@@ -80,6 +90,11 @@ public:
     /// The rows that follow belong to no sum.
     void EndCarry() { m_carried.end(itemCount()); }
     [[nodiscard]] const CarriedRows& carried() const { return m_carried; }
+
+    /// The cells of the row just added stand for this, from that one up to the next call for the same row. Cells are
+    /// named in ascending order. 12 bytes each.
+    void RowStandsFor(const RowSubject& subject, int firstCell = 0);
+    [[nodiscard]] bool hasSubjects() const { return !m_subjects.empty(); }
 
     /// A chart across the text area, that many twips high, which is never split between pages. It has no text: a table
     /// of the same figures goes with it.
@@ -156,6 +171,8 @@ private:
     std::vector<std::vector<ReportColumn>> m_columns;
     std::vector<PlacedChart> m_charts;
     CarriedRows m_carried;
+    std::vector<std::uint32_t> m_subjectCells; ///< in m_textEnds, ascending
+    std::vector<std::int64_t> m_subjects; ///< from those cells on: number times 4 plus kind
 
     Style m_next; ///< for the text to come
     QString m_format; ///< the one from which m_next.columns was read
@@ -182,6 +199,9 @@ public:
     /// Empty beyond the last cell: a row may have fewer cells than columns.
     [[nodiscard]] QStringView cell(int column) const;
     [[nodiscard]] QStringList cells() const;
+
+    /// What the cell stands for; of kind None if nothing.
+    [[nodiscard]] RowSubject subject(int column) const;
 
     [[nodiscard]] const ReportFont& font() const { return style().font; }
     [[nodiscard]] ReportColour textColour() const { return style().textColour; }

@@ -85,6 +85,8 @@ std::vector<KeyEntry> reportKeys()
         listed(Preview, QStringLiteral("Ctrl+0"), QStringLiteral("φυσικό μέγεθος")),
         listed(Preview, QStringLiteral("Ctrl+F"), QStringLiteral("εύρεση")),
         listed(Preview, QStringLiteral("F3 Shift+F3"), QStringLiteral("το επόμενο, το προηγούμενο")),
+        listed(Preview, QStringLiteral("Return"),
+            QStringLiteral("στην κίνηση, στην ημέρα ή στον κωδικό της γραμμής που βρέθηκε (και με διπλό κλικ)")),
         listed(Preview, QStringLiteral("Ctrl+S"), QStringLiteral("αποθήκευση ως PDF")),
         listed(Preview, QStringLiteral("Ctrl+Shift+S"), QStringLiteral("αποθήκευση ως πίνακας, XLSX ή CSV")),
         listed(Preview, QStringLiteral("Ctrl+P"), QStringLiteral("εκτύπωση όλων των σελίδων")),

@@ -13,7 +13,7 @@ struct Totals {
     Currency expense;
 };
 
-Totals addCashDays(ReportTable& table, Statement cashDays)
+Totals addCashDays(ReportDocument& document, ReportTable& table, Statement cashDays)
 {
     Totals totals;
     while (cashDays.step()) {
@@ -21,6 +21,7 @@ Totals addCashDays(ReportTable& table, Statement cashDays)
         const Currency expense = cashDays.currency(1);
         table.addRow({QString::number(table.nextNumber()), amountOrZeroText(income), amountOrZeroText(expense),
             amountOrZeroText(cashDays.currency(2)), shortDateText(cashDays.date(3))});
+        document.RowStandsFor({RowSubject::Kind::Day, cashDays.integer(3)});
         totals.income += income;
         totals.expense += expense;
     }
@@ -50,7 +51,7 @@ ReportDocument cashSummaryReport(Connection& main, const ReportInputs& inputs, c
     ReportTable table(document, QStringLiteral(">1000|>1800|>1800|>1800|<2000"), progress);
     table.begin(2, QStringLiteral("α/α|Έσοδα|Έξοδα|Υπόλοιπο|Ημερομηνία"), QStringLiteral(" | | |"));
     document.SetFont({.bold = false});
-    const Totals totals = addCashDays(table, cashDaysOf(main, inputs));
+    const Totals totals = addCashDays(document, table, cashDaysOf(main, inputs));
     document.SetFont({.bold = true});
     table.addTotals({u"Σύνολα ", amountOrZeroText(totals.income), amountOrZeroText(totals.expense),
         amountOrZeroText(totals.income - totals.expense)});

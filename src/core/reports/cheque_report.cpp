@@ -36,7 +36,7 @@ bool hasChequeIndex(Connection& main)
 Statement chequesOf(Connection& main, const ReportInputs& inputs, std::string_view order)
 {
     auto cheques =
-        main.prepare(std::string("SELECT hmeromhnia, L_tajeos, esoda, ejoda, kvdikos, perigrafh FROM ")
+        main.prepare(std::string("SELECT hmeromhnia, L_tajeos, esoda, ejoda, kvdikos, perigrafh, aa FROM ")
                          .append(hasChequeIndex(main) ? "kinhseis" : movementsTableFor(main, inputs.start, inputs.end))
                          .append(" WHERE hmeromhnia BETWEEN ? AND ? AND epitagh<>0 ORDER BY ")
                          .append(order));
@@ -75,6 +75,7 @@ Amounts addCheques(ReportDocument& document, ReportTable& table, Statement& cheq
             QString::number(cheques.number(4)), cheques.text(5), amountOrBlankText(amounts.memorandum),
             amountOrZeroText(amounts.income), amountOrZeroText(amounts.expense)});
         document.CarryRow({amounts.memorandum, amounts.income, amounts.expense});
+        document.RowStandsFor({RowSubject::Kind::Movement, cheques.integer(6)});
         totals.memorandum += amounts.memorandum;
         totals.income += amounts.income;
         totals.expense += amounts.expense;
@@ -130,6 +131,7 @@ void addSums(ReportDocument& document, const std::vector<ChequeSum>& sums, const
         table.addRow({numberCell(table.nextNumber()), weekdayDateText(sum.day),
             amountOrBlankText(sum.amounts.memorandum).rightJustified(sumWidth)});
         document.CarryRow({sum.amounts.memorandum});
+        document.RowStandsFor({RowSubject::Kind::Day, storedDate(sum.day)});
     }
     document.EndCarry();
 }

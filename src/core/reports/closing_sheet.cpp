@@ -83,6 +83,7 @@ void addCodes(ReportDocument& document, const SheetContent& closing)
         table.addRow({QString::number(code), name == closing.names.end() ? QString() : name->second,
             QString::number(sums.movements), amountOrBlankText(sums.amounts.income),
             amountOrBlankText(sums.amounts.expense)});
+        document.RowStandsFor({RowSubject::Kind::Code, code});
     }
     document.SetFont({.bold = true});
     table.addTotals({u"", u"Σύνολα", QString::number(closing.view.movements.size()),

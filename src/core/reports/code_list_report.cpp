@@ -47,6 +47,7 @@ ReportDocument codeListReport(Connection& main, const ReportInputs& inputs, cons
     while (codes.step()) {
         table.addRow(
             {QString::number(table.nextNumber()), QString::number(codes.number(0)), codes.text(1), codes.text(2)});
+        document.RowStandsFor({RowSubject::Kind::Code, codes.number(0)});
     }
     document.EndDoc();
     return document;

@@ -43,6 +43,7 @@ CashDayFigures addRows(
         table.addRow({numberCell(table.nextNumber()), QString::number(movement.code), movement.description,
             amountOrZeroText(movement.income), amountOrZeroText(movement.expense)});
         document.CarryRow({movement.income, movement.expense});
+        document.RowStandsFor({RowSubject::Kind::Movement, movement.key});
         figures.income += movement.income;
         figures.expense += movement.expense;
     }

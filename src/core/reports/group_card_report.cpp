@@ -18,6 +18,7 @@ constexpr int lineAbove = 2;
 struct CardEntry {
     QString description;
     Currency amount;
+    qint64 key = 0; ///< Of the movement.
 };
 
 using CardEntries = std::array<std::vector<CardEntry>, cardColumns>;
@@ -45,7 +46,7 @@ CardEntries entriesOf(Connection& main, const ReportInputs& inputs)
         const Currency amount = movement.amounts.income + movement.amounts.expense;
         for (std::size_t column = 0; column < cardColumns; ++column) {
             if (holds(inputs.cardColumns[column], movement.group))
-                entries[column].push_back({movement.description, amount});
+                entries[column].push_back({movement.description, amount, movement.key});
         }
     }
     return entries;
@@ -110,6 +111,7 @@ public:
         }
         m_table.addRow(cells);
         m_document.CarryRow(amounts);
+        nameMovements(line);
     }
 
     [[nodiscard]] QStringList totalCells() const
@@ -121,6 +123,17 @@ public:
     }
 
 private:
+    /// Of each column; where it has ended, nothing.
+    void nameMovements(std::size_t line)
+    {
+        for (std::size_t column = 0; column < cardColumns; ++column) {
+            const bool isThere = line < m_entries[column].size();
+            m_document.RowStandsFor(
+                isThere ? RowSubject{RowSubject::Kind::Movement, m_entries[column][line].key} : RowSubject(),
+                static_cast<int>(2 * column));
+        }
+    }
+
     const CardEntries& m_entries;
     ReportDocument& m_document;
     ReportTable& m_table;

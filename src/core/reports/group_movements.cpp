@@ -21,7 +21,6 @@ using NamesOfGroups = std::map<qint32, std::vector<PlacedName>>;
 
 struct PlacedMovement {
     int namePlace = 0;
-    qint64 entry = 0;
     GroupMovement movement;
 };
 
@@ -64,6 +63,7 @@ GroupMovement movementIn(const Statement& row, Sameness sameness)
 {
     GroupMovement movement;
     movement.group = row.number(0);
+    movement.key = row.integer(1);
     movement.code = row.number(2);
     movement.day = row.date(3);
     movement.description = row.text(4);
@@ -80,7 +80,7 @@ std::vector<PlacedMovement> placedMovements(Statement rows, const NamesOfGroups&
             continue;
         const GroupMovement movement = movementIn(rows, sameness);
         for (const PlacedName& name : ofGroup->second) {
-            placed.push_back({name.place, rows.integer(1), movement});
+            placed.push_back({name.place, movement});
             placed.back().movement.groupName = name.name;
         }
     }
@@ -91,8 +91,8 @@ bool standsBefore(const PlacedMovement& left, const PlacedMovement& right)
 {
     const GroupMovement& first = left.movement;
     const GroupMovement& second = right.movement;
-    return std::tie(left.namePlace, first.code, second.day, first.group, left.entry)
-        < std::tie(right.namePlace, second.code, first.day, second.group, right.entry);
+    return std::tie(left.namePlace, first.code, second.day, first.group, first.key)
+        < std::tie(right.namePlace, second.code, first.day, second.group, second.key);
 }
 
 } // namespace

@@ -15,6 +15,7 @@ struct GroupMovement {
     QDate day;
     QString description;
     MovementSums amounts;
+    qint64 key = 0; ///< `aa`; of equal ones the first.
 };
 
 /// What makes two movements of a group equal.

@@ -20,14 +20,28 @@ QStringList cellsOf(const JournalRow& row)
         row.code ? QString::number(*row.code) : QString(), journalActionText(row), journalSummary(row)};
 }
 
+/// Of a movement that is gone, the day is left.
+RowSubject subjectOf(const JournalRow& row)
+{
+    bool isNumber = false;
+    const qint64 key = row.subject.section(u'/', 1).toLongLong(&isNumber);
+    if (isNumber && row.after && journalKind(row.subject) == JournalKind::Movement)
+        return {RowSubject::Kind::Movement, key};
+    if (row.day)
+        return {RowSubject::Kind::Day, *row.day};
+    return row.code ? RowSubject{RowSubject::Kind::Code, *row.code} : RowSubject();
+}
+
 /// Returns the number of rows.
-int addRows(ReportTable& table, Connection& main, const JournalFilter& filter, const ReportProgress& progress)
+int addRows(ReportDocument& document, ReportTable& table, Connection& main, const JournalFilter& filter,
+    const ReportProgress& progress)
 {
     JournalReading reading(filter);
     int count = 0;
     while (!reading.isAtEnd()) {
         for (const JournalRow& row : reading.readOn(main, rowsOfSlice)) {
             table.addRow(cellsOf(row));
+            document.RowStandsFor(subjectOf(row));
             ++count;
         }
         if (progress && !progress(count))
@@ -51,7 +65,7 @@ ReportDocument journalReport(
     document.SetFont({.size = 9});
     ReportTable table(document, QStringLiteral("<1950|<1600|<1500|<1250|>850|<2600|<6250"), progress);
     table.begin(1, QStringLiteral("Πότε|Χρήστης|Υπολογιστής|Ημέρα|Κωδ.|Ενέργεια|Τι άλλαξε"), QStringLiteral("||||||"));
-    if (addRows(table, main, filter, progress) == 0)
+    if (addRows(document, table, main, filter, progress) == 0)
         document.Paragraph(QStringLiteral("Δεν υπάρχει καμία αλλαγή."));
     document.EndDoc();
     return document;

@@ -56,7 +56,7 @@ QStringList detailedSumCells(const QString& label, const MovementSums& sums)
 
 Statement detailsOf(Connection& main, const ReportInputs& inputs)
 {
-    auto movements = main.prepare("SELECT kvdikos, hmeromhnia, perigrafh, L_tajeos, esoda, ejoda"
+    auto movements = main.prepare("SELECT kvdikos, hmeromhnia, perigrafh, L_tajeos, esoda, ejoda, aa"
         + movementsFor(main, {inputs.start, inputs.end, MovementChoice::By::Code, inputs.codes})
         + " ORDER BY +kvdikos, hmeromhnia DESC, aa");
     movements.bind(inputs.start, inputs.end);
@@ -78,6 +78,7 @@ MovementSums addDetails(Connection& main, ReportDocument& document, ReportTable&
                             movements.text(2).trimmed(), amountOrBlankText(amounts.memorandum),
                             amountOrBlankText(amounts.income), amountOrBlankText(amounts.expense)},
             amounts);
+        document.RowStandsFor({RowSubject::Kind::Movement, movements.integer(6)});
     } while (movements.step());
     return sections.addTotals();
 }
@@ -128,12 +129,13 @@ QStringList summaryCells(const QString& number, const QString& code, const Movem
         amountOrBlankText(sums.expense)};
 }
 
-MovementSums addSums(ReportTable& table, const std::vector<CodeSum>& rows)
+MovementSums addSums(ReportDocument& document, ReportTable& table, const std::vector<CodeSum>& rows)
 {
     MovementSums totals;
     for (const CodeSum& row : rows) {
         const QString code = rightAligned(QString::number(row.code), codeWidth) + u' ' + row.description;
         table.addRow(summaryCells(QString::number(table.nextNumber()), code, row.sums));
+        document.RowStandsFor({RowSubject::Kind::Code, row.code});
         totals += row.sums;
     }
     return totals;
@@ -159,7 +161,7 @@ ReportDocument summaryReport(Connection& main, const ReportInputs& inputs, const
     if (rows.empty())
         addNoMovements(document);
     else
-        addSummaryTotals(document, table, addSums(table, rows));
+        addSummaryTotals(document, table, addSums(document, table, rows));
     document.EndDoc();
     return document;
 }

@@ -42,6 +42,7 @@ void addRows(ReportDocument& document, ReportTable& table, const std::vector<Gro
                 movement.description.trimmed(), amountOrBlankText(movement.amounts.income),
                 amountOrBlankText(movement.amounts.expense), amountOrBlankText(movement.amounts.memorandum)},
             movement.amounts);
+        document.RowStandsFor({RowSubject::Kind::Movement, movement.key});
     }
     sections.addTotals();
 }

@@ -31,12 +31,13 @@ QString sumText(const SearchTotals& totals, Currency sum)
     return totals.isOutOfRange ? QStringLiteral("εκτός ορίων") : amountOrZeroText(sum);
 }
 
-void addRows(ReportTable& table, const SearchHits& hits, const CodeNames& names)
+void addRows(ReportDocument& document, ReportTable& table, const SearchHits& hits, const CodeNames& names)
 {
     hits.forEach([&](const SearchHit& hit) {
         table.addRow({dateText(dateFromStored(hit.day)), QString::number(hit.code), names.value(hit.code),
             QString::fromUtf8(hit.description.data(), static_cast<qsizetype>(hit.description.size())),
             amountOrZeroText(hit.income), amountOrZeroText(hit.expense), hit.cheque ? QStringLiteral("§") : QString()});
+        document.RowStandsFor({RowSubject::Kind::Movement, hit.key});
     });
     const SearchTotals& totals = hits.totals();
     table.addTotals({u"Σύνολα", u"", u"", movementCountText(totals.count), sumText(totals, totals.income),
@@ -62,7 +63,7 @@ ReportDocument searchReport(
     if (hits.totals().count == 0)
         document.Paragraph(QStringLiteral("Δεν βρέθηκε καμία κίνηση."));
     else
-        addRows(table, hits, codeNames(main));
+        addRows(document, table, hits, codeNames(main));
     document.EndDoc();
     return document;
 }

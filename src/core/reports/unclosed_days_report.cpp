@@ -28,8 +28,10 @@ void addUnclosedDays(
     table.begin(
         0, QStringLiteral("AA  |    Ημερομηνία | Ημ. εβδομάδος"), QStringLiteral("|||"), reportColour(240, 220, 220));
     for (QDate day = inputs.start; day < inputs.end; day = day.addDays(1)) {
-        if (!closed.contains(day))
-            table.addRow({QString::number(table.nextNumber()), dateText(day), weekdayName(day)});
+        if (closed.contains(day))
+            continue;
+        table.addRow({QString::number(table.nextNumber()), dateText(day), weekdayName(day)});
+        document.RowStandsFor({RowSubject::Kind::Day, storedDate(day)});
     }
 }
 

@@ -73,6 +73,7 @@ Kentrikh::Kentrikh(
     addHistoryKey();
     addSearchKey();
     addBackKey();
+    m_reports.setFollow([this](const RowSubject& subject, QWidget* preview) { followLine(subject, preview); });
     connectPages();
     connectButtons();
     connectTools();

@@ -148,6 +148,8 @@ private:
     [[nodiscard]] bool leaveFor(QDate day, QWidget* from);
     void goToMovement(QDate day, std::optional<qint64> key, QWidget* from);
     void goBack();
+    /// Where a line of a report leads.
+    void followLine(const RowSubject& subject, QWidget* preview);
     void printClosingSheet(QDate day);
     /// Offers to enter the cash that was counted, unless this user cannot keep it. Returns false if no sheet is wanted.
     [[nodiscard]] bool askForCount(QDate day);

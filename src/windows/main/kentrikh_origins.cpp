@@ -1,9 +1,12 @@
 #include "cashbook/movement_entry_page.h"
 #include "cashbook/movement_store.h"
+#include "controls/guarded_window.h"
 #include "controls/main_controls.h"
 #include "look/message_window.h"
 #include "main/kentrikh.h"
 #include "main/tab_band.h"
+#include "platform/date_text.h"
+#include "preview/ektypvsh.h"
 
 #include <QShortcut>
 #include <QTabBar>
@@ -81,6 +84,20 @@ void Kentrikh::goToMovement(QDate day, std::optional<qint64> key, QWidget* from)
         showMessage(this, QMessageBox::Information, attention, isGone);
 }
 
+void Kentrikh::followLine(const RowSubject& subject, QWidget* preview)
+{
+    if (subject.kind == RowSubject::Kind::Code)
+        return openCard(static_cast<qint32>(subject.number));
+    if (subject.kind == RowSubject::Kind::Day)
+        return showMovement(dateFromStored(subject.number), std::nullopt, preview);
+    guarded(preview, [&] {
+        if (const auto movement = findMovement(m_book.main(), subject.number))
+            showMovement(movement->day, movement->key, preview);
+        else
+            showMessage(preview, QMessageBox::Information, attention, isGone);
+    });
+}
+
 /// The day that was shown before comes back only if the user has not gone on to another one.
 void Kentrikh::goBack()
 {
@@ -94,7 +111,8 @@ void Kentrikh::goBack()
                 return;
         }
         m_origins.pop_back();
-        if (!origin.window)
+        const auto* const preview = qobject_cast<Ektypvsh*>(origin.window.data());
+        if (!origin.window || (preview && !preview->isOpen()))
             return;
         origin.window->show();
         origin.window->raise();

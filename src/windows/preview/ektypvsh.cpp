@@ -123,6 +123,9 @@ void Ektypvsh::connectView()
     connect(&view, &PageView::zoomChanged, m_tools, &PreviewTools::setZoom);
     connect(m_tools, &PreviewTools::pageEntered, &view, &PageView::goToPage);
     connect(m_tools, &PreviewTools::left, &view, [&view] { view.setFocus(Qt::OtherFocusReason); });
+    connect(&view, &PageView::followed, this, &Ektypvsh::followed);
+    connect(&view, &PageView::leadsNowhere, this,
+        [this] { m_area->say(QStringLiteral("Η γραμμή αυτή δεν ανήκει σε κίνηση, ημέρα ή κωδικό.")); });
     m_tools->setZoom(view.zoom());
 }
 
@@ -208,6 +211,11 @@ void Ektypvsh::carrySums()
 void Ektypvsh::tell(const std::vector<ReportOmission>& omissions)
 {
     m_omissions->tell(omissions, &m_area->view());
+}
+
+bool Ektypvsh::isOpen() const
+{
+    return m_area->view().pages() != nullptr;
 }
 
 void Ektypvsh::unload()

@@ -36,7 +36,12 @@ public:
     /// Cancels the work in progress, releases the report and hides the window. A second call does nothing.
     void unload();
 
+    [[nodiscard]] bool isOpen() const; ///< Also while it is hidden: it has not been closed.
+
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    void followed(const lorvan::RowSubject& subject); ///< Of a line of the report.
 
 protected:
     void changeEvent(QEvent* event) override;

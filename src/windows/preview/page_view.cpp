@@ -27,9 +27,13 @@ const QColor markColour(255, 232, 110);
 const QColor foundColour(255, 176, 84);
 const QColor shadowColour(0, 0, 0, 60);
 
-QString mouseTip(const PreviewMouse& mouse)
+QString mouseTip(const ReportDocument& document)
 {
+    const PreviewMouse& mouse = document.mouse();
     QStringList lines;
+    if (document.hasSubjects())
+        lines += (mouse.zooms ? QStringLiteral("Ctrl και διπλό κλικ") : QStringLiteral("Διπλό κλικ"))
+            + QStringLiteral(" σε γραμμή: στην κίνηση, στην ημέρα ή στην καρτέλα του κωδικού της");
     if (mouse.zooms)
         lines += QStringLiteral("Διπλό κλικ: μεγέθυνση, με Shift σμίκρυνση");
     if (mouse.turnsPages)
@@ -62,7 +66,7 @@ void PageView::setPages(std::shared_ptr<ReportPages> pages)
     m_current = 0;
     m_wantsLast = false;
     m_found.reset();
-    viewport()->setToolTip(mouseTip(mouse()));
+    viewport()->setToolTip(m_pages ? mouseTip(m_pages->document()) : QString());
     updateScrollBars();
     verticalScrollBar()->setValue(0);
     if (m_pages)
@@ -238,6 +242,9 @@ void PageView::keyPressEvent(QKeyEvent* event)
         return goToPage(0);
     case Qt::Key_End:
         return goToLastPage();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return followFound();
     case Qt::Key_Space: {
         const bool isBack = event->modifiers().testFlag(Qt::ShiftModifier);
         return verticalScrollBar()->setValue(verticalScrollBar()->value() + (isBack ? -screenful : screenful));
@@ -282,10 +289,14 @@ void PageView::mousePressEvent(QMouseEvent* event)
 
 void PageView::mouseDoubleClickEvent(QMouseEvent* event)
 {
+    const QPoint place = event->position().toPoint();
+    const bool isCtrl = event->modifiers().testFlag(Qt::ControlModifier);
+    if (event->button() == Qt::LeftButton && isCtrl == mouse().zooms && follow(place))
+        return;
     if (!mouse().zooms || event->button() != Qt::LeftButton)
         return mousePressEvent(event);
     m_fit = Fit::None;
-    stepZoom(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1, event->position().toPoint());
+    stepZoom(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1, place);
 }
 
 void PageView::mouseMoveEvent(QMouseEvent* event)
@@ -303,32 +314,6 @@ void PageView::mouseReleaseEvent(QMouseEvent*)
 {
     m_dragged.reset();
     viewport()->setCursor(Qt::OpenHandCursor);
-}
-
-// What was found
-
-void PageView::setSought(const SearchText& sought)
-{
-    m_sought = sought;
-    m_found.reset();
-    viewport()->update();
-}
-
-void PageView::showFound(int page, const QRectF& area)
-{
-    m_found = Found{page, area};
-    updateScrollBars(); // the page may just have been laid out
-    const PageStack pages = stack();
-    const QRectF inPage(area.topLeft() * pages.pixelsInTwip(), area.size() * pages.pixelsInTwip());
-    const QRect place = inPage.toAlignedRect().translated(pages.page(page).topLeft() + contentOrigin());
-    const QRect room = viewport()->rect();
-    const QScopedValueRollback turning(m_isTurning, true);
-    if (place.top() < 0 || place.bottom() > room.bottom())
-        verticalScrollBar()->setValue(verticalScrollBar()->value() + place.center().y() - room.height() / 3);
-    if (place.left() < 0 || place.right() > room.right())
-        horizontalScrollBar()->setValue(horizontalScrollBar()->value() + place.center().x() - room.width() / 2);
-    setCurrent(page);
-    viewport()->update();
 }
 
 // Painting

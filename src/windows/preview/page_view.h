@@ -14,7 +14,8 @@ namespace lorvan {
 /// The preview control `Tg`: a report's pages one below the other, at any size. The first page is shown at once, the
 /// others are laid out while the window is idle. Only the visible part is painted. Page Up and Down turn the pages,
 /// Home and End go to the first and the last one; arrow keys, blank, wheel and dragging scroll; the wheel with Ctrl
-/// zooms. A document may ask for more mouse functions (PreviewMouse). Pages count from 0.
+/// zooms. A double click on a line follows what it stands for, with Ctrl where a double click zooms; Enter follows what
+/// was found. A document may ask for more mouse functions (PreviewMouse). Pages count from 0.
 class PageView : public QAbstractScrollArea {
     Q_OBJECT
 
@@ -47,6 +48,8 @@ Q_SIGNALS:
     void pagesGrown();
     void currentPageChanged(int page);
     void zoomChanged(double zoom);
+    void followed(const lorvan::RowSubject& subject); ///< By a double click on a line, or Enter on what was found.
+    void leadsNowhere(); ///< Enter on what was found, which stands for nothing.
 
 protected:
     bool event(QEvent* event) override;
@@ -66,6 +69,8 @@ private:
         QRectF area;
     };
 
+    [[nodiscard]] bool follow(QPoint place); ///< False if nothing there can be followed.
+    void followFound();
     void layOutMore();
     void updateScrollBars();
     void setCurrent(int page);

@@ -36,7 +36,12 @@ std::unique_ptr<Ektypvsh> ReportDesk::newFrame()
 {
     m_omissions.cancel();
     m_frame.reset();
-    return std::make_unique<Ektypvsh>(m_printers, m_saver);
+    auto frame = std::make_unique<Ektypvsh>(m_printers, m_saver);
+    QObject::connect(frame.get(), &Ektypvsh::followed, [this, preview = frame.get()](const RowSubject& subject) {
+        if (m_follow)
+            m_follow(subject, preview);
+    });
+    return frame;
 }
 
 bool ReportDesk::show(std::unique_ptr<Ektypvsh> frame, const DocumentRequest& request, QWidget* window)

@@ -37,6 +37,10 @@ public:
     /// The same without questions.
     void print(const DocumentRequest& request, QWidget* window);
 
+    /// What a line of a report stands for was asked for; `preview` is the window that shows it.
+    using Follow = std::function<void(const RowSubject& subject, QWidget* preview)>;
+    void setFollow(const Follow& follow) { m_follow = follow; }
+
     /// The program ends: hides the preview window, cancels any building, saving or printing, and builds nothing more.
     void close();
 
@@ -53,6 +57,7 @@ private:
     ReportSaver m_saver;
     BackgroundRun m_run;
     std::unique_ptr<Ektypvsh> m_frame;
+    Follow m_follow;
     OmissionSearch m_omissions;
     bool m_isClosed = false;
 };

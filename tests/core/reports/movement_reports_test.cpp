@@ -128,6 +128,29 @@ TEST_F(MovementReports, groupCard)
     EXPECT_EQ(document.headerFont().size, 13);
 }
 
+TEST_F(MovementReports, rowsStandForTheirMovementsOrCodes)
+{
+    const auto subjects = [](const ReportDocument& document, int column) {
+        QStringList texts;
+        for (const ReportItem& row : document.rows()) {
+            const RowSubject subject = row.subject(column);
+            texts += QString(u"-mcd"[static_cast<int>(subject.kind)]) + QString::number(subject.number);
+        }
+        return texts.join(u' ');
+    };
+    EXPECT_EQ(subjects(movementsByCodeReport(main, inputs), 3), "-0 m4 -0 m5 -0 m2 m1 m3 m6 m7 -0 -0 -0");
+    EXPECT_EQ(subjects(movementsByGroupReport(main, inputs), 0), "-0 m5 -0 m2 m1 m3 m7 -0 -0");
+    inputs.form = ReportForm::Summary;
+    EXPECT_EQ(subjects(movementsByCodeReport(main, inputs), 0), "-0 c7 c40 c40 -0 -0");
+    inputs.cardColumns[1] = {"Α", {2, 3}};
+    inputs.cardColumns[2] = {{}, {2}};
+    const ReportDocument card = groupCardReport(main, inputs);
+    const std::pair<int, const char*> cases[] = {
+        {1, "-0 -0 -0 -0 -0 -0"}, {2, "-0 m5 m2 m1 m3 -0"}, {3, "-0 m5 m2 m1 m3 -0"}, {4, "-0 m5 -0 -0 -0 -0"}};
+    for (const auto& [column, expected] : cases)
+        EXPECT_EQ(subjects(card, column), expected) << column;
+}
+
 TEST_F(MovementReports, cashAnalysis)
 {
     inputs.end = {};

@@ -1,4 +1,4 @@
-#include "windows/main_window_test.h"
+#include "windows/preview/printing_test.h"
 
 #include <QDialog>
 
@@ -71,6 +71,30 @@ TEST_F(OriginsTest, aLoadedMovementStaysAndWhatIsGoneIsSaid)
     show(yesterday, 2);
     EXPECT_TRUE(boxes.allSeen());
     EXPECT_EQ(selectedLine(), "ΔΕΥΤΕΡΗ");
+}
+
+TEST_F(OriginsTest, aLineOfAReportLeadsToItsMovementAndTheReportComesBack)
+{
+    start(allRights);
+    user().press(Qt::Key_P, Qt::ControlModifier);
+    ASSERT_TRUE(comesTrue([] { return shownFrame() != nullptr; }));
+    Ektypvsh* const report = shownFrame();
+    const auto follow = [&](const RowSubject& subject) { Q_EMIT viewOf(*report).followed(subject); };
+    boxes.expect(information("Προσοχή", "Η κίνηση δεν υπάρχει πια."));
+    follow({RowSubject::Kind::Movement, 99});
+    follow({RowSubject::Kind::Movement, 1});
+    EXPECT_FALSE(report->isVisible());
+    EXPECT_EQ(selectedLine(), "ΠΡΩΤΗ");
+    user().press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_TRUE(report->isVisible());
+    EXPECT_EQ(user().field(date).text(), "15-03-2024");
+    follow({RowSubject::Kind::Day, 20240314});
+    EXPECT_EQ(user().field(date).text(), "14-03-2024");
+    report->unload();
+    user().press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_FALSE(report->isVisible()) << "closed for good";
+    follow({RowSubject::Kind::Code, 100});
+    EXPECT_TRUE(user().find("card").isVisible());
 }
 
 } // namespace

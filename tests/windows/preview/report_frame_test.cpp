@@ -263,6 +263,45 @@ TEST_F(ReportFrame, theMouseDoesMoreWhereTheDocumentAsksForIt)
     }
 }
 
+TEST_F(ReportFrame, aLineLeadsToWhatItStandsFor)
+{
+    for (const bool zooms : {false, true}) {
+        ReportDocument document;
+        document.StandardPageSetup();
+        document.MouseZoom(zooms);
+        document.AddTable(format, titles, {u"1", u"ΤΙΠΟΤΑ"});
+        document.AddTableRow(format, {}, {u"2", u"ΗΜΕΡΑ"});
+        const RowSubject day{RowSubject::Kind::Day, 20240315};
+        document.RowStandsFor(day);
+        open(std::move(document));
+        std::vector<RowSubject> followed;
+        QObject::connect(&*frame, &Ektypvsh::followed, [&](const RowSubject& subject) { followed.push_back(subject); });
+        const auto doubleClick = [this](const char* text, Qt::KeyboardModifiers keys) {
+            const QPointF twips = view().pages()->find(SearchText(QString(text)), 0).at(0).center();
+            const int pageWidth = qRound(view().pages()->pageSize().width() / PageStack::twipsInPixel);
+            const QPoint corner((view().viewport()->width() - pageWidth) / 2, PageStack::margin);
+            const QPoint place = corner + (twips / PageStack::twipsInPixel).toPoint();
+            QTest::mouseDClick(view().viewport(), Qt::LeftButton, keys, place);
+            QTest::mouseRelease(view().viewport(), Qt::LeftButton, keys, place);
+            view().setZoom(1);
+        };
+        const auto following = zooms ? Qt::ControlModifier : Qt::NoModifier;
+        doubleClick("ΤΙΠΟΤΑ", following);
+        doubleClick("ΗΜΕΡΑ", zooms ? Qt::NoModifier : Qt::ControlModifier);
+        EXPECT_TRUE(followed.empty());
+        doubleClick("ΗΜΕΡΑ", following);
+        EXPECT_EQ(followed.size(), 1U);
+        user->press(Qt::Key_F, Qt::ControlModifier);
+        user->type("ημερα");
+        user->press(Qt::Key_Escape);
+        EXPECT_TRUE(comesTrue([&] {
+            user->press(Qt::Key_Return);
+            return followed.size() == 2;
+        }));
+        EXPECT_EQ(followed.back(), day);
+    }
+}
+
 TEST_F(ReportFrame, readsThePageTurnedToAloud)
 {
     openComplete(2 * rowsOnAPage);
