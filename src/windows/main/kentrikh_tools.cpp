@@ -108,7 +108,7 @@ void Kentrikh::listOpenDays()
 {
     OpenDaysList list(listOpenDaysBefore(m_book.main(), m_book.auxiliary(), m_clock.today()), this);
     list.exec();
-    if (const auto day = list.chosen())
+    if (const auto day = list.chosen(); day && mayLeaveDay(this))
         goToDay(*day);
 }
 
@@ -126,7 +126,7 @@ void Kentrikh::checkBook(bool showsFound)
         connect(&window, &CheckWindow::opened, &window, &CheckWindow::check);
     connect(&window, &CheckWindow::checked, &m_balances, &BalanceWatch::proveNow);
     window.exec();
-    if (const auto day = window.chosen())
+    if (const auto day = window.chosen(); day && mayLeaveDay(this))
         goToDay(*day);
 }
 

@@ -50,6 +50,11 @@ TEST_F(OpenDaysTest, areToldAndAClickLeadsToOneOfThem)
     EXPECT_EQ(user().field(income).text(), "1,2,3");
 
     user().enter(income, "0");
+    user().doubleClickRow(list(), 1);
+    boxes.expect(information("Προσοχή", "Μια κίνηση είναι ανοικτή για μεταβολή ή διαγραφή. Τελειώστε πρώτα με αυτή."));
+    follow([](const Driver& days) { days.press(Qt::Key_Return); });
+    EXPECT_EQ(user().field(date).text(), "12-03-2024") << "a loaded movement keeps the user there";
+    user().press(Qt::Key_Escape);
     follow([](const Driver& list) {
         list.press(Qt::Key_Down);
         list.press(Qt::Key_Return);
