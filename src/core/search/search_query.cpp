@@ -139,6 +139,8 @@ private:
 
 SearchQuery readSearch(QStringView typed, QDate today)
 {
+    if (typed.size() > SearchQuery::mostCharacters)
+        return {{}, {}, true};
     return QueryReading(searchTokens(typed), today).read();
 }
 

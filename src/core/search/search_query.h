@@ -62,7 +62,11 @@ struct SearchQuery {
     static constexpr std::size_t mostTerms = 40;
 
     std::vector<SearchTerm> terms;
+    /// A longer text is not read at all: there are no terms.
+    static constexpr qsizetype mostCharacters = 1000;
+
     QStringList notUnderstood; ///< As typed.
+    bool isTooLong = false;
 
     [[nodiscard]] bool isEmpty() const { return terms.empty(); }
 };

@@ -54,6 +54,9 @@ QString searchedText(const QString& text)
 
 QString notUnderstoodText(const SearchQuery& query)
 {
+    if (query.isTooLong)
+        return QStringLiteral("Το κείμενο είναι μεγαλύτερο από %1 χαρακτήρες και δεν αναζητήθηκε")
+            .arg(searchCountText(SearchQuery::mostCharacters));
     QStringList texts;
     for (const QString& text : query.notUnderstood.first(std::min(mostShown, query.notUnderstood.size())))
         texts += searchedText(text);

@@ -7,6 +7,8 @@
 
 #include <QHBoxLayout>
 
+#include <algorithm>
+
 namespace lorvan {
 namespace {
 
@@ -21,15 +23,29 @@ const QString examples = QStringLiteral("Παραδείγματα:  ΔΕΗ  214,
 const QString inDescription = QStringLiteral("στην περιγραφή");
 const QString tick = QStringLiteral("✓ ");
 
-/// Whether buttons and labels for one query serve for the other.
+/// The terms that the line shows, by their places in the query.
+std::vector<std::size_t> shownTerms(const SearchQuery& query)
+{
+    std::vector<std::size_t> shown;
+    for (std::size_t term = 0; term < query.terms.size() && shown.size() < mostTerms; ++term) {
+        if (query.terms[term].hasMeaning())
+            shown.push_back(term);
+    }
+    return shown;
+}
+
+/// Whether buttons and labels for one query serve for the other, which differs at most in words that are not shown.
 bool isShownAlike(const SearchQuery& left, const SearchQuery& right)
 {
-    const auto same = [](const SearchTerm& one, const SearchTerm& other) {
+    const std::vector<std::size_t> shown = shownTerms(left);
+    const auto isSame = [&](std::size_t term) {
+        const SearchTerm& one = left.terms[term];
+        const SearchTerm& other = right.terms[term];
         return one.text == other.text && one.meaningText == other.meaningText
             && one.isAmbiguous() == other.isAmbiguous();
     };
-    return left.notUnderstood == right.notUnderstood
-        && std::equal(left.terms.begin(), left.terms.end(), right.terms.begin(), right.terms.end(), same);
+    return left.isEmpty() == right.isEmpty() && shown == shownTerms(right)
+        && notUnderstoodText(left) == notUnderstoodText(right) && std::all_of(shown.begin(), shown.end(), isSame);
 }
 
 } // namespace
@@ -63,16 +79,12 @@ void SearchReadings::show(const SearchQuery& query)
     if (isAlike)
         return;
     empty();
-    if (query.isEmpty() && query.notUnderstood.isEmpty())
+    const QString text = notUnderstoodText(query);
+    if (query.isEmpty() && text.isEmpty())
         addLabel(examples, false);
-    std::size_t shown = 0;
-    for (std::size_t term = 0; term < query.terms.size() && shown < mostTerms; ++term) {
-        if (query.terms[term].hasMeaning()) {
-            addTerm(query, term);
-            ++shown;
-        }
-    }
-    if (const QString text = notUnderstoodText(query); !text.isEmpty())
+    for (const std::size_t term : shownTerms(query))
+        addTerm(query, term);
+    if (!text.isEmpty())
         addLabel(text + (query.isEmpty() ? QString() : QStringLiteral(" – αναζητήθηκαν τα υπόλοιπα")), true);
     tell(std::vector<ReadingCounts>(query.terms.size()));
 }

@@ -292,7 +292,10 @@ void SearchWindow::tellState()
     m_state->setText(text);
     m_state->setToolTip(text.toHtmlEscaped());
     m_state->setRole(m_failure.isEmpty() ? ColourRole::PageText : ColourRole::PageWarning);
-    m_list->setEmptyText(m_query.isEmpty() ? emptyText : knowsAll ? nothingFound : QString());
+    m_list->setEmptyText(m_query.isTooLong ? notUnderstoodText(m_query)
+            : m_query.isEmpty()            ? emptyText
+            : knowsAll                     ? nothingFound
+                                           : QString());
     m_go->setEnabled(m_model->rowCount() > 0);
     m_printing->setEnabled(m_model->rowCount() > 0);
 }

@@ -1,5 +1,7 @@
 #include "search/search_query.h"
 
+#include "search/search_texts.h"
+
 #include <gtest/gtest.h>
 
 namespace lorvan::test {
@@ -57,7 +59,10 @@ TEST(SearchQueryTest, readsWhatIsTypedAsConditions)
     };
     for (const auto& [typed, expected] : table)
         EXPECT_EQ(readingOf(typed).toStdString(), expected) << typed;
-    EXPECT_EQ(readSearch(QString("α ").repeated(5000), today).terms.size(), SearchQuery::mostTerms);
+    EXPECT_EQ(readSearch(QString("α ").repeated(500), today).terms.size(), SearchQuery::mostTerms);
+    const SearchQuery tooLong = readSearch(QString(1001, u'α'), today);
+    EXPECT_TRUE(tooLong.isEmpty());
+    EXPECT_EQ(notUnderstoodText(tooLong), "Το κείμενο είναι μεγαλύτερο από 1.000 χαρακτήρες και δεν αναζητήθηκε");
     EXPECT_EQ(readSearch(QString(10'000, u'"'), today).terms.size(), 0U);
 }
 

@@ -132,7 +132,7 @@ TEST_F(SearchWindowTest, offersBothReadingsAndSaysWhatItDoesNotUnderstand)
     there().press(Qt::Key_A, Qt::ControlModifier);
     there().paste(QString("α3-11 ").repeated(2000));
     waitUntilRead();
-    EXPECT_EQ(found().accessibleDescription(), "Δεν βρέθηκε καμία κίνηση.");
+    EXPECT_EQ(found().accessibleDescription(), "Το κείμενο είναι μεγαλύτερο από 1.000 χαρακτήρες και δεν αναζητήθηκε");
 }
 
 TEST_F(SearchWindowTest, showsMoreOfManyOnDemandAndPreviewsAll)
