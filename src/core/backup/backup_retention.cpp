@@ -18,6 +18,18 @@ QDate dayOfDailyBackup(const QString& fileName)
     return QDate::fromString(form.match(fileName).captured(1), Qt::ISODate);
 }
 
+QDate lastBackupDay(const QStringList& fileNames, QDate today)
+{
+    static const QRegularExpression form(QStringLiteral("\\Alorvan-(?:daily-)?(\\d{4}-\\d\\d-\\d\\d)-\\d{6}\\.tar\\z"));
+    QDate last;
+    for (const QString& name : fileNames) {
+        const QDate day = QDate::fromString(form.match(name).captured(1), Qt::ISODate);
+        if (day.isValid() && day <= today && (!last.isValid() || day > last))
+            last = day;
+    }
+    return last;
+}
+
 QStringList outdatedBackups(const QStringList& fileNames, QDate today)
 {
     QStringList past;

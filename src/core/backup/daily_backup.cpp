@@ -25,36 +25,54 @@ QStringList filesIn(const Folder& folder)
 }
 
 /// A backup that cannot be deleted does no harm.
-void removeOutdated(const Folder& folder, QDate today)
+QStringList removeOutdated(const Folder& folder, QDate today)
 {
+    QStringList removed;
     try {
-        for (const QString& name : outdatedBackups(filesIn(folder), today))
+        for (const QString& name : outdatedBackups(filesIn(folder), today)) {
             folder.remove(name);
+            removed += name;
+        }
         folder.sync();
     } catch (const FileError&) {
         // Tried again with the next day's backup.
     }
+    return removed;
+}
+
+QString backupOf(QDate day, const QStringList& names)
+{
+    const auto found =
+        std::find_if(names.begin(), names.end(), [day](const QString& name) { return dayOfDailyBackup(name) == day; });
+    return found == names.end() ? QString() : *found;
 }
 
 } // namespace
 
-std::optional<QString> makeDailyBackup(const BookFiles& book, KeyRing& keys, const QDateTime& now)
+std::optional<QString> makeDailyBackup(
+    const BookFiles& book, KeyRing& keys, const QDateTime& now, const SecondPlace* second)
 {
     removeUndecidedRestores(asCopy([&] { return Folder(book.dataFolder()); }));
     const Folder folder = openBackupFolder(book);
-    const QStringList names = asCopy([&] { return filesIn(folder); });
-    if (std::any_of(
-            names.begin(), names.end(), [&](const QString& name) { return dayOfDailyBackup(name) == now.date(); }))
-        return std::nullopt;
-    const QString name = backupName(folder, BackupKind::Daily, now);
-    makeBackup(book, folder, name, keys);
-    removeOutdated(folder, now.date());
-    return folder.pathOf(name);
+    QString name = backupOf(now.date(), asCopy([&] { return filesIn(folder); }));
+    const bool isNew = name.isEmpty();
+    QStringList removed;
+    if (isNew) {
+        name = backupName(folder, BackupKind::Daily, now);
+        makeBackup(book, folder, name, keys);
+        removed = removeOutdated(folder, now.date());
+    }
+    if (second && second->isThere()) {
+        removeBackups(removed, second->folder());
+        copyBackup(folder.pathOf(name), second->folder());
+    }
+    return isNew ? std::optional(folder.pathOf(name)) : std::nullopt;
 }
 
 DailyBackup::DailyBackup(const BookFiles& book, KeyRing& keys, Clock clock)
     : m_book(book)
     , m_keys(keys)
+    , m_second(book)
     , m_clock(std::move(clock))
 {
 }
@@ -86,7 +104,7 @@ void DailyBackup::run(const QDateTime& now)
     bool isMade = false;
     try {
         const StopCheck stop([this] { return !m_retired; });
-        makeDailyBackup(m_book, m_keys, now);
+        makeDailyBackup(m_book, m_keys, now, &m_second);
         isMade = true;
     } catch (const GivenUp&) {
         return;

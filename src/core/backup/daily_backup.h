@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backup/second_place.h"
 #include "book/book_files.h"
 #include "platform/clock.h"
 
@@ -15,8 +16,11 @@ namespace lorvan {
 class KeyRing;
 
 /// Makes the day's backup, if there is none yet, deletes outdated ones (see outdatedBackups()) and what killed restores
-/// have left. Returns the path of the backup if it was made. Throws like makeBackup().
-std::optional<QString> makeDailyBackup(const BookFiles& book, KeyRing& keys, const QDateTime& now);
+/// have left. If a second place for copies is given and there, the day's backup is copied into it, also
+/// one that was made before, and the same ones are deleted there. Returns the path of the backup if it was made. Throws
+/// like makeBackup() and copyBackup(), and SettingsError.
+std::optional<QString> makeDailyBackup(
+    const BookFiles& book, KeyRing& keys, const QDateTime& now, const SecondPlace* second = nullptr);
 
 /// Makes a backup on each day on which this computer changes the data, in a thread of its own. It begins a moment after
 /// markerHeld(), and is cancelled when the program ends.
@@ -46,6 +50,7 @@ private:
 
     BookFiles m_book;
     KeyRing& m_keys;
+    SecondPlace m_second;
     Clock m_clock;
     QDate m_doneOn;
     QDateTime m_nextAttempt;

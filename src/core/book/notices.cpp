@@ -92,6 +92,18 @@ std::optional<Notice> weakDiskNotice(LockReach locks, bool knowsSync)
     return std::nullopt;
 }
 
+std::optional<Notice> oldBackupNotice(QDate last, QDate today)
+{
+    constexpr int daysUnmentioned = 7;
+    const qint64 age = last.daysTo(today);
+    if (!last.isValid() || age <= daysUnmentioned)
+        return std::nullopt;
+    Notice notice{QStringLiteral("Το τελευταίο αντίγραφο ασφαλείας είναι %1 ημερών (%2)").arg(age).arg(dateText(last))};
+    notice.reason = QStringLiteral("Με ένα κλικ γίνεται ένα τώρα.");
+    notice.leadsOn = true;
+    return notice;
+}
+
 Notice backupFailedNotice(const QString& reason)
 {
     return {QStringLiteral("Το σημερινό αντίγραφο ασφαλείας δεν έγινε."), reason};

@@ -33,7 +33,8 @@ enum class NoticeKind {
     BackupFailed,
     Undo,
     DayClosed,
-    OpenDays
+    OpenDays,
+    BackupIsOld
 };
 
 /// All current notices, and which of them is shown.
@@ -74,5 +75,9 @@ private:
 [[nodiscard]] std::optional<Notice> weakDiskNotice(LockReach locks, bool knowsSync);
 
 [[nodiscard]] Notice backupFailedNotice(const QString& reason);
+
+/// "Το τελευταίο αντίγραφο ασφαλείας είναι 12 ημερών (12-11-2026)": no value up to a week after it, or if the day is
+/// invalid.
+[[nodiscard]] std::optional<Notice> oldBackupNotice(QDate last, QDate today);
 
 } // namespace lorvan

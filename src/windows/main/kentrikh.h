@@ -194,7 +194,7 @@ private:
     std::unique_ptr<HelpWindow> m_help; ///< The same.
     std::unique_ptr<SearchWindow> m_search; ///< The same.
     DailyBackup m_backup;
-    BackgroundRun m_toolRun; ///< Of a backup by hand, an export, an import.
+    BackgroundRun m_toolRun; ///< Of an export or an import.
     SessionEnd m_session;
     AwayWatch m_away;
     struct Origin {

@@ -97,6 +97,8 @@ void Kentrikh::followNotice(NoticeKind kind)
         openTool([this] { listOpenDays(); });
     else if (kind == NoticeKind::DayCorrected)
         m_notices.forgetCorrections();
+    else if (kind == NoticeKind::BackupIsOld)
+        openTool([this] { backUpNow(); });
 }
 
 void Kentrikh::openTool(const std::function<void()>& open)

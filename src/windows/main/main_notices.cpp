@@ -1,5 +1,7 @@
 #include "main/main_notices.h"
 
+#include "backup/backup_retention.h"
+#include "backup/book_backup.h"
 #include "backup/daily_backup.h"
 #include "book/book_files.h"
 #include "controls/command_button.h"
@@ -9,6 +11,7 @@
 #include "proof/proof_texts.h"
 
 #include <QAction>
+#include <QDir>
 #include <QHBoxLayout>
 #include <QMenu>
 
@@ -19,6 +22,8 @@ namespace {
 
 constexpr std::chrono::seconds closedStandsFor{10};
 constexpr std::chrono::seconds undoStandsFor{20};
+constexpr std::chrono::seconds afterTheFirstBackup{30}; // by then the day's own was made, if it could be
+constexpr std::chrono::hours betweenLooksAtBackups{1};
 constexpr int besideButton = 12;
 
 } // namespace
@@ -96,6 +101,7 @@ void MainNotices::retire()
 {
     m_isRetired = true;
     m_watch.stop();
+    m_backupLooks.stop();
 }
 
 void MainNotices::put(NoticeKind kind, const Notice& notice)
@@ -112,9 +118,27 @@ void MainNotices::remove(NoticeKind kind)
 
 void MainNotices::followBackup(DailyBackup& backup)
 {
-    connect(&backup, &DailyBackup::made, this, [this] { remove(NoticeKind::BackupFailed); });
+    connect(&backup, &DailyBackup::made, this, [this] {
+        remove(NoticeKind::BackupFailed);
+        lookAtBackups();
+    });
     connect(&backup, &DailyBackup::failed, this,
         [this](const QString& reason) { put(NoticeKind::BackupFailed, backupFailedNotice(reason)); });
+    connect(&m_backupLooks, &QTimer::timeout, this, [this] {
+        m_backupLooks.start(betweenLooksAtBackups);
+        lookAtBackups();
+    });
+    m_backupLooks.start(afterTheFirstBackup);
+}
+
+void MainNotices::lookAtBackups()
+{
+    const QStringList files = QDir(backupFolder(BookFiles(m_dataFolder))).entryList(QDir::Files);
+    const QDate today = m_clock.today();
+    if (const auto old = oldBackupNotice(lastBackupDay(files, today), today); old && !m_isRetired)
+        put(NoticeKind::BackupIsOld, *old);
+    else
+        remove(NoticeKind::BackupIsOld);
 }
 
 void MainNotices::tellUndo(const Notice& notice, const QString& offered)

@@ -37,8 +37,9 @@ public:
     /// MarkerError.
     void followMarker(bool isHeldByAnother);
 
-    /// Shows whether the day's backup was made.
+    /// Shows whether the day's backup was made; from then on, looks every hour how old the last one is.
     void followBackup(DailyBackup& backup);
+    void lookAtBackups();
 
     /// What is wrong with the balances; no value if nothing is.
     void tellBalances(const std::optional<Notice>& found);
@@ -86,6 +87,7 @@ private:
     NoticeBoard m_board;
     CommandButton* m_undo;
     std::vector<DayCorrection> m_corrections;
+    QTimer m_backupLooks;
     QTimer m_closedStands;
     QTimer m_undoStands;
     bool m_offersUndo = false;

@@ -1,4 +1,6 @@
 #include "backup/book_backup.h"
+#include "backup/second_place.h"
+#include "book/notices.h"
 
 #include "backup/backup_retention.h"
 #include "backup/book_archive.h"
@@ -6,6 +8,7 @@
 #include "backup/daily_backup.h"
 #include "platform/engine/transaction.h"
 #include "platform/stop_check.h"
+#include "platform/work.h"
 #include "support/files.h"
 #include "support/temporary_book.h"
 #include "support/worker_log.h"
@@ -128,6 +131,46 @@ TEST(DailyBackup, isMadeOnceADayAndRemovesItsOldOnesOnly)
     EXPECT_TRUE(makeDailyBackup(book.files(), testKeys(), morning.addDays(1)));
 }
 
+TEST(SecondPlace, getsTheDaysBackupAndLosesWhatTheFirstLoses)
+{
+    const TemporaryBook book;
+    const QTemporaryDir stick;
+    const SecondPlace place(book.files(), SettingsStore(stick.filePath("settings.ini")));
+    const QString folder = stick.filePath("copies");
+    for (const QString& refused : {folder, book.folder(), book.folder() + "/backup/.."})
+        EXPECT_THROW(place.choose(refused), Refused) << refused.toStdString();
+    ASSERT_TRUE(QDir().mkdir(folder));
+    place.choose(folder);
+
+    const QString outdated = "lorvan-daily-2020-01-01-080000.tar";
+    for (const QString& name : {outdated, QString("lorvan-daily-2020-01-02-080000.tar")}) {
+        QDir().mkpath(backupFolder(book.files()));
+        writeFile(backupFolder(book.files()) + u'/' + name, {});
+        writeFile(folder + u'/' + name, {});
+    }
+    for (int day = -29; day < 0; ++day)
+        writeFile(backupFolder(book.files()) + u'/' + nameOf(today.addDays(day)), {});
+    const QDateTime morning(today, QTime(9, 0));
+    const auto made = makeDailyBackup(book.files(), testKeys(), morning, &place);
+    ASSERT_TRUE(made);
+    const QString copy = folder + u'/' + QFileInfo(*made).fileName();
+    EXPECT_EQ(namesIn(folder), "lorvan-daily-2020-01-02-080000.tar " + QFileInfo(copy).fileName());
+    EXPECT_TRUE(readFile(copy) == readFile(*made));
+
+    ASSERT_TRUE(QFile::remove(copy)); // the stick was not there in the morning
+    {
+        int left = 2;
+        const StopCheck stop([&left] { return left-- > 0; });
+        EXPECT_THROW(copyBackup(*made, folder), GivenUp);
+        EXPECT_EQ(namesIn(folder), "lorvan-daily-2020-01-02-080000.tar");
+    }
+    EXPECT_FALSE(makeDailyBackup(book.files(), testKeys(), morning.addSecs(60), &place));
+    EXPECT_TRUE(readFile(copy) == readFile(*made));
+    writeFile(copy, "somebody else's");
+    EXPECT_THROW((void)makeDailyBackup(book.files(), testKeys(), morning.addSecs(90), &place), BookCopyFailed);
+    EXPECT_EQ(readFile(copy), "somebody else's");
+}
+
 TEST(BackupRetention, keepsThirtyDaysAndTheLastOfEachEarlierMonth)
 {
     const QStringList all = workingDays(QDate(2025, 1, 1), today);
@@ -139,6 +182,12 @@ TEST(BackupRetention, keepsThirtyDaysAndTheLastOfEachEarlierMonth)
         (QStringList{nameOf(QDate(2026, 9, 30)), nameOf(QDate(2026, 10, 19)), nameOf(QDate(2026, 10, 20))}));
     EXPECT_EQ(kept.first() + kept.last(), nameOf(QDate(2025, 1, 31)) + nameOf(today));
     EXPECT_EQ(outdatedBackups(kept, today), QStringList());
+    EXPECT_EQ(
+        lastBackupDay(all + QStringList{"lorvan-2026-01-01-090000.tar", nameOf(today.addDays(1)), "x"}, today), today);
+    EXPECT_EQ(lastBackupDay({"lorvan-2026-01-02-090000.tar", "lorvan-daily-2026-01-01-090000.tar"}, today),
+        QDate(2026, 1, 2));
+    EXPECT_FALSE(oldBackupNotice(today.addDays(-7), today));
+    EXPECT_TRUE(oldBackupNotice(today.addDays(-8), today)->text.contains("8 ημερών"));
 }
 
 TEST(BackupRetention, removesNothingThatItCannotBeSureOf)
