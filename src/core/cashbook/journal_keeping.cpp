@@ -2,6 +2,7 @@
 
 #include "book/row_counts.h"
 #include "cashbook/cash_closing.h"
+#include "cashbook/journalled_opening.h"
 #include "journal/journal.h"
 #include "platform/engine/transaction.h"
 #include "users/user_accounts.h"
@@ -9,10 +10,12 @@
 namespace lorvan {
 namespace {
 
-/// With the key of the last closing: those up to it are not looked for in the journal.
+/// With the number of opening differences, and the key of the last closing: those up to it are not looked for in the
+/// journal.
 QJsonObject stateOf(Connection& main, Connection& auxiliary)
 {
     QJsonObject state = countRows(main, auxiliary);
+    state[QLatin1String(openingRows)] = qint64(openingDifferences(main).size());
     auto last = auxiliary.prepare("SELECT ifnull(max(aa), 0) FROM klhsimotameioy");
     state[QStringLiteral("aa")] = last.step() ? qint64(last.integer(0)) : 0;
     return state;

@@ -35,7 +35,8 @@ const Columns& dayColumns()
 {
     static const Columns columns{{"hmeraklhsimatos", "Ημέρα που έκλεισε", Form::Day, never},
         {"esoda", "Έσοδα", Form::Amount}, {"ejoda", "Έξοδα", Form::Amount}, {"ypoloipo", "Υπόλοιπο", Form::Amount},
-        {"aa", "Αριθμός κλεισίματος", Form::Number, never}, {"seal", "Σφραγίδα που δεν συμφωνεί", Form::Number}};
+        {"aa", "Αριθμός κλεισίματος", Form::Number, never}, {"seal", "Σφραγίδα που δεν συμφωνεί", Form::Number},
+        {"carried", "Διαφορά μεταφοράς", Form::Amount}};
     return columns;
 }
 
@@ -78,7 +79,8 @@ const Columns& bookColumns()
         {"removedRows", "Γραμμές που αφαιρέθηκαν", Form::Number}, {"addedDays", "Ημέρες που προστέθηκαν", Form::Number},
         {"correctedDays", "Ημέρες με σύνολα ή υπόλοιπο που διορθώθηκαν", Form::Number},
         {"keptDifferences", "Υπόλοιπα ανοίγματος που καταχωρίστηκαν", Form::Number},
-        {"taytothta", "Εκδόσεις", Form::Number, never}, {"aa", "Αριθμός τελευταίου κλεισίματος", Form::Number, never},
+        {"opening_difference", "Υπόλοιπα ανοίγματος", Form::Number}, {"taytothta", "Εκδόσεις", Form::Number, never},
+        {"aa", "Αριθμός τελευταίου κλεισίματος", Form::Number, never},
         {"seal", "Τελευταία σφραγίδα", Form::Text, never, ofChange}, {"digest", "Αποτύπωμα", Form::Text, never}};
     return columns;
 }
@@ -172,7 +174,7 @@ const std::vector<JournalColumn>& journalColumnsOf(const JournalRow& row)
 
 JournalColumn otherJournalColumn(const JournalRow& row, const QString& name)
 {
-    const QDate day = row.action == journalWord(JournalAction::Opening) ? dateFromStored(name.toLongLong()) : QDate();
+    const QDate day = row.subject == QLatin1String("book") ? dateFromStored(name.toLongLong()) : QDate();
     if (day.isValid())
         return {name, QStringLiteral("Διαφορά ανοίγματος της ") + dateText(day), Form::Amount};
     return {name, name};

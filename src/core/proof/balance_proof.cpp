@@ -73,6 +73,7 @@ public:
     [[nodiscard]] BalanceProof result()
     {
         m_proof.seals = m_seals.seals();
+        const BookFindings broken = m_seals.findings({m_days, m_differences});
         try {
             if (m_isTooLarge)
                 throw CurrencyOverflow();
@@ -80,7 +81,6 @@ public:
         } catch (const CurrencyOverflow&) {
             m_proof.findings.add({FindingKind::SumTooLarge});
         }
-        const BookFindings broken = m_seals.findings();
         m_proof.wrongDays += broken.count(FindingKind::SealedDayAltered) + broken.count(FindingKind::SealMissing);
         m_proof.findings.merge(broken);
         return std::move(m_proof);
@@ -123,12 +123,13 @@ private:
     {
         m_days = readCashDays(m_book, m_proof.findings);
         m_differences = openingDifferences(m_book);
+        m_opening = isOpeningKnown(m_book);
         return true;
     }
 
     void compareBalances()
     {
-        const CashDayAudit audit = auditCashDays(std::move(m_days), m_sumsByDay, m_differences);
+        const CashDayAudit audit = auditCashDays(std::move(m_days), m_sumsByDay, m_differences, m_opening);
         m_proof.days = static_cast<std::int64_t>(audit.days.size());
         m_proof.wrongDays = std::count_if(audit.days.begin(), audit.days.end(), isWrong);
         m_proof.findings.merge(findingsOf(audit));
@@ -143,6 +144,7 @@ private:
     bool m_isTooLarge = false; ///< A sum is out of range.
     std::vector<CashDayRow> m_days;
     OpeningDifferences m_differences;
+    Opening m_opening = Opening::Guessed;
     std::int64_t m_lastRow = std::numeric_limits<std::int64_t>::min();
     std::int64_t m_day = 0; ///< Of that row; with its sums and, if it is sealed, its content.
     DaySums* m_sums = nullptr;

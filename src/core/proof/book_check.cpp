@@ -203,7 +203,8 @@ CashAudit auditCash(Connection& book, const CheckProgress& progress)
     std::vector<CashDayRow> rows = readCashDays(book, audit.dayFindings);
     try {
         if (!audit.movements.sumTooLarge)
-            audit.days = auditCashDays(std::move(rows), audit.movements.sumsByDay, openingDifferences(book));
+            audit.days = auditCashDays(
+                std::move(rows), audit.movements.sumsByDay, openingDifferences(book), isOpeningKnown(book));
     } catch (const CurrencyOverflow&) {
         audit.days.reset();
     }

@@ -39,6 +39,10 @@ enum class FindingKind {
     SealWithoutJournal, ///< The journal has lost the row that a seal, `key`, names.
     SealMissing, ///< The journal tells of a seal of a day, of version `key`, that is not there.
     SealedDayAltered, ///< A sealed day does not hold, or was once seen not to hold, what was sealed.
+    /// What is carried into a sealed day has moved by `stored.closingBalance`, and no change explains that; so it is
+    /// with `rows` sealed days in all, of which this is the first.
+    CarryAltered,
+    OpeningAltered, ///< An opening difference is not as the journal says.
     MovementAltered, ///< A movement is not as the journal says; `day` is 0 if it is gone.
     CodeAltered, ///< A code, `key` is its row.
     GroupAltered,

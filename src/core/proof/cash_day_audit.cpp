@@ -182,9 +182,10 @@ void compare(AuditedDay& day)
 
 } // namespace
 
-CashDayAudit auditCashDays(std::vector<CashDayRow> rows, const SumsByDay& sums, const OpeningDifferences& kept)
+CashDayAudit auditCashDays(
+    std::vector<CashDayRow> rows, const SumsByDay& sums, const OpeningDifferences& kept, Opening opening)
 {
-    CashDayAudit audit{daysByDate(std::move(rows), sums), kept, !kept.empty()};
+    CashDayAudit audit{daysByDate(std::move(rows), sums), kept, !kept.empty() || opening == Opening::Known};
     const std::vector<StoredDay> stored = carryBalances(audit.days, kept);
     if (!audit.differencesAreKept) {
         applyOpening(audit.days, stored);

@@ -43,19 +43,22 @@ struct CashDayAudit {
     bool differencesAreKept = false;
 };
 
+/// Whether the opening differences of a book that has none recorded are to be guessed from its balances.
+enum class Opening { Guessed, Known };
+
 /// Compares the cash days with the movements and the opening differences. A day's balance should be the previous one
 /// plus the day's movements, starting at zero; an opening difference is added from its day on.
 ///
-/// If none are recorded (`kept`), the end of the book shows whether there is one: it is the amount by which the last
-/// balances are off. It does not count as an opening difference if it can be explained by the stored sums of the day on
-/// which it begins, or by days that have no row: then movements have been changed without their cash days, and the
-/// later balances must be shifted. Earlier releases' upgrade to version 3 gave all days from the opening day on the
-/// same balance; such days count as correct, and so do days between them whose balance was calculated anew because
-/// somebody looked at them. Each gets its own difference.
+/// If none are recorded (`kept`) and it is not known that there are none, the end of the book shows whether there is
+/// one: it is the amount by which the last balances are off. It does not count as an opening difference if it can be
+/// explained by the stored sums of the day on which it begins, or by days that have no row: then movements have been
+/// changed without their cash days, and the later balances must be shifted. Earlier releases' upgrade to version 3 gave
+/// all days from the opening day on the same balance; such days count as correct, and so do days between them whose
+/// balance was calculated anew because somebody looked at them. Each gets its own difference.
 ///
 /// `rows` may be in any order. An invalid date gets no row if it has none. Throws CurrencyOverflow if the sum of the
 /// movements, or a correct balance, is out of range.
-[[nodiscard]] CashDayAudit auditCashDays(
-    std::vector<CashDayRow> rows, const SumsByDay& sums, const OpeningDifferences& kept);
+[[nodiscard]] CashDayAudit auditCashDays(std::vector<CashDayRow> rows, const SumsByDay& sums,
+    const OpeningDifferences& kept, Opening opening = Opening::Guessed);
 
 } // namespace lorvan

@@ -1,5 +1,6 @@
 #include "proof/cash_day_findings.h"
 
+#include "cashbook/journalled_opening.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 
@@ -74,6 +75,12 @@ std::vector<CashDayRow> readCashDays(Connection& book, BookFindings& findings)
         findings.add(std::move(finding));
     }
     return days;
+}
+
+Opening isOpeningKnown(Connection& book)
+{
+    const auto told = journalledOpening(book);
+    return told && told->empty() ? Opening::Known : Opening::Guessed;
 }
 
 BookFindings findingsOf(const CashDayAudit& audit)

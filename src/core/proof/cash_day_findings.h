@@ -11,6 +11,9 @@ class Connection;
 /// transaction. Throws SqlError.
 [[nodiscard]] std::vector<CashDayRow> readCashDays(Connection& book, BookFindings& findings);
 
+/// Known where the journal can tell that no opening difference was ever given.
+[[nodiscard]] Opening isOpeningKnown(Connection& book);
+
 /// What the comparison of cash days and movements has found: missing and repeated rows, wrong sums and balances, and
 /// the opening differences as notices.
 [[nodiscard]] BookFindings findingsOf(const CashDayAudit& audit);

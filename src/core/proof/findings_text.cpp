@@ -132,6 +132,18 @@ QString missingSealLine(const Finding& finding)
     return QStringLiteral("%1, έκδοση %2").arg(storedDayText(finding.day), number(finding.key));
 }
 
+QString carryLine(const Finding& finding)
+{
+    const QString line = QStringLiteral("%1: διαφορά %2")
+                             .arg(storedDayText(finding.day), exactAmountText(finding.stored.closingBalance));
+    return finding.rows > 1 ? line + QStringLiteral(", και άλλες %1 ημέρες").arg(finding.rows - 1) : line;
+}
+
+QString dayLine(const Finding& finding)
+{
+    return storedDayText(finding.day);
+}
+
 QString alteredMovementLine(const Finding& finding)
 {
     return finding.day == 0
@@ -192,6 +204,12 @@ const Wording& wordingOf(FindingKind kind)
                 missingSealLine}},
         {FindingKind::SealedDayAltered,
             {QStringLiteral("Σφραγισμένες ημέρες που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), sealLine}},
+        {FindingKind::CarryAltered,
+            {QStringLiteral("Σφραγισμένες ημέρες με άλλη μεταφορά, χωρίς αλλαγή που να την εξηγεί: κάτι άλλαξε από άλλο"
+                            " πρόγραμμα ή παλαιότερη έκδοση"),
+                carryLine}},
+        {FindingKind::OpeningAltered,
+            {QStringLiteral("Υπόλοιπα ανοίγματος που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), dayLine}},
         {FindingKind::MovementAltered,
             {QStringLiteral("Κινήσεις που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), alteredMovementLine}},
         {FindingKind::CodeAltered,

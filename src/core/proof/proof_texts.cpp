@@ -80,6 +80,20 @@ QString sealMissingText(const Finding& finding)
         .arg(storedDayText(finding.day));
 }
 
+QString carryText(const Finding& finding)
+{
+    return QStringLiteral(
+        "Η μεταφορά στη σφραγισμένη %1 διαφέρει κατά %2 χωρίς αλλαγή που να το εξηγεί: κάτι άλλαξε από"
+        " άλλο πρόγραμμα ή παλαιότερη έκδοση")
+        .arg(storedDayText(finding.day), magnitude(finding.stored.closingBalance));
+}
+
+QString openingAlteredText(const Finding& finding)
+{
+    return QStringLiteral("Το υπόλοιπο ανοίγματος της %1 άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση")
+        .arg(storedDayText(finding.day));
+}
+
 QString sealWithoutJournalText(const Finding& finding)
 {
     return QStringLiteral("Η εγγραφή της σφραγίδας της %1 λείπει από το ημερολόγιο").arg(storedDayText(finding.day));
@@ -95,9 +109,9 @@ QString journalText(const Finding& finding)
 constexpr std::pair<Kind, QString (*)(const Finding&)> sentences[] = {{Kind::DayBalance, balanceText},
     {Kind::DaySums, sumsText}, {Kind::MissingDay, missingText}, {Kind::RepeatedDay, repeatedText},
     {Kind::DayWithoutDate, withoutDateText}, {Kind::SumTooLarge, tooLargeText}, {Kind::SealedDayAltered, sealedDayText},
-    {Kind::SealMissing, sealMissingText}, {Kind::SealBroken, sealText},
-    {Kind::SealWithoutJournal, sealWithoutJournalText}, {Kind::JournalBroken, journalText},
-    {Kind::OpeningNotKept, openingText}};
+    {Kind::OpeningAltered, openingAlteredText}, {Kind::CarryAltered, carryText}, {Kind::SealMissing, sealMissingText},
+    {Kind::SealBroken, sealText}, {Kind::SealWithoutJournal, sealWithoutJournalText},
+    {Kind::JournalBroken, journalText}, {Kind::OpeningNotKept, openingText}};
 
 QString othersText(std::int64_t days)
 {

@@ -1,5 +1,6 @@
 #include "proof/seal_chain.h"
 
+#include "cashbook/journalled_opening.h"
 #include "journal/hash_text.h"
 #include "proof/trail_pass.h"
 
@@ -33,6 +34,8 @@ Finding findingOf(const TrailFault& fault)
     Finding finding{fault.kind};
     finding.key = fault.key;
     finding.day = fault.day;
+    finding.rows = fault.days;
+    finding.stored.closingBalance = fault.moved;
     return finding;
 }
 
@@ -50,6 +53,42 @@ std::map<std::int64_t, const DaySeal*> lastSeals(const std::vector<DaySeal>& sea
     for (const DaySeal& seal : seals)
         last[seal.day] = &seal;
     return last;
+}
+
+bool noteUnexplained(const CarryAudit& carries, const DaySeal& seal, const CarriedBalances::Carried& now,
+    std::optional<TrailFault>& moved)
+{
+    const Currency amount = carries.unexplained(seal, now);
+    if (amount.isZero())
+        return false;
+    if (!moved) {
+        moved = TrailFault{FindingKind::CarryAltered, seal.id, seal.day};
+        moved->moved = amount;
+    }
+    ++moved->days;
+    return true;
+}
+
+std::vector<TrailFault> alteredOpenings(Connection& book)
+{
+    std::vector<TrailFault> faults;
+    const auto told = journalledOpening(book);
+    if (!told)
+        return faults;
+    OpeningDifferences differing = openingDifferences(book);
+    std::set<std::int64_t> days;
+    for (const auto& [day, amount] : *told) {
+        const auto found = differing.find(day);
+        if (found == differing.end() || found->second != amount)
+            days.insert(day);
+        else
+            differing.erase(found);
+    }
+    for (const auto& [day, amount] : differing)
+        days.insert(day);
+    for (const std::int64_t day : days)
+        faults.push_back({FindingKind::OpeningAltered, 0, day});
+    return faults;
 }
 
 std::vector<TrailFault> brokenLinks(const std::vector<DaySeal>& seals, const TrailPass& pass)

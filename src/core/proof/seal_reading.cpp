@@ -7,6 +7,7 @@
 #include "platform/engine/connection.h"
 
 #include <map>
+#include <set>
 
 namespace lorvan {
 namespace {
@@ -21,6 +22,7 @@ bool SealReading::readSeals(Deadline)
     m_seals = allSeals(m_book);
     for (const auto& [day, seal] : lastSeals(m_seals))
         m_days.emplace(day, Day{seal, {}});
+    m_openings = alteredOpenings(m_book);
     m_pass.emplace(m_seals, JournalAuditing::Claims::ChainAlone);
     return true;
 }
@@ -87,15 +89,35 @@ std::vector<TrailFault> SealReading::alteredDays() const
     return faults;
 }
 
-BookFindings SealReading::findings() const
+std::optional<TrailFault> SealReading::movedCarry(
+    const CarriedBalances& balances, const std::vector<TrailFault>& altered) const
+{
+    std::set<std::int64_t> others;
+    for (const TrailFault& fault : altered)
+        others.insert(fault.day);
+    std::optional<TrailFault> moved;
+    for (const auto& [day, seal] : lastSeals(m_seals)) {
+        const auto now = balances.into(day);
+        if (now && !others.contains(day))
+            (void)noteUnexplained(m_pass->carries(), *seal, *now, moved);
+    }
+    return moved;
+}
+
+BookFindings SealReading::findings(const CarriedBalances& balances) const
 {
     BookFindings all;
     if (!m_pass)
         return all;
     for (const TrailFault& fault : brokenLinks(m_seals, *m_pass))
         all.add(findingOf(fault));
-    for (const TrailFault& fault : alteredDays())
-        all.add(findingOf(fault));
+    const std::vector<TrailFault> altered = alteredDays();
+    for (const auto& faults : {altered, m_openings}) {
+        for (const TrailFault& fault : faults)
+            all.add(findingOf(fault));
+    }
+    if (const auto moved = movedCarry(balances, altered))
+        all.add(findingOf(*moved));
     return all;
 }
 

@@ -34,7 +34,7 @@ public:
 
     [[nodiscard]] std::int64_t seals() const { return static_cast<std::int64_t>(m_seals.size()); }
     /// After the last step; none without any.
-    [[nodiscard]] BookFindings findings() const;
+    [[nodiscard]] BookFindings findings(const CarriedBalances& balances) const;
 
 private:
     struct Day {
@@ -44,11 +44,14 @@ private:
 
     [[nodiscard]] bool holds(Day& day) const;
     [[nodiscard]] std::vector<TrailFault> alteredDays() const;
+    [[nodiscard]] std::optional<TrailFault> movedCarry(
+        const CarriedBalances& balances, const std::vector<TrailFault>& altered) const;
 
     Connection& m_book;
     std::vector<DaySeal> m_seals;
     std::unordered_map<std::int64_t, Day> m_days; ///< By yyyymmdd, those that were not compared yet.
     std::vector<TrailFault> m_altered;
+    std::vector<TrailFault> m_openings;
     std::optional<TrailPass> m_pass;
     std::int64_t m_nextRow = std::numeric_limits<std::int64_t>::min(); ///< Of the journal.
 };

@@ -3,6 +3,7 @@
 #include "cashbook/cash_closing.h"
 #include "cashbook/day_seal.h"
 #include "cashbook/journal_states.h"
+#include "cashbook/journalled_opening.h"
 #include "cashbook/movement_store.h"
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
@@ -60,11 +61,22 @@ void acceptDay(Connection& book, const Authority& authority, QDate day, const Tr
     entry.subject = journal_subject::day(day);
     entry.day = day;
     entry.after = closeAgain(book, day);
+    if (fault.kind == FindingKind::CarryAltered)
+        entry.after[QLatin1String(acceptedCarry)] = qint64(fault.moved.tenThousandths());
     if (!fault.found.isEmpty())
         entry.after[QLatin1String(acceptedFind)] = fault.found;
     record(book, authority, entry);
     const bool isMissing = fault.kind == FindingKind::SealMissing;
     sealDay(book, authority, day, lastJournalHash(book), isMissing ? fault.key : 0);
+}
+
+void acceptOpenings(Connection& book, const Authority& authority)
+{
+    const auto told = journalledOpening(book).value_or(OpeningDifferences());
+    const OpeningDifferences kept = openingDifferences(book);
+    if (kept != told)
+        recordChange(book, authority,
+            {JournalAction::Accept, journal_subject::book(), {}, {}, journalState(told), journalState(kept)});
 }
 
 void accept(Connection& book, const Authority& authority, const TrailFault& fault)
@@ -84,7 +96,11 @@ void accept(Connection& book, const Authority& authority, const TrailFault& faul
         break;
     case FindingKind::SealMissing:
     case FindingKind::SealedDayAltered:
+    case FindingKind::CarryAltered:
         acceptDay(book, authority, day, fault);
+        return;
+    case FindingKind::OpeningAltered:
+        acceptOpenings(book, authority);
         return;
     case FindingKind::MovementAltered: {
         entry.subject = journal_subject::movement(fault.key);
@@ -116,7 +132,7 @@ std::int64_t acceptFaults(Connection& book, const Authority& authority)
         return 0;
     std::set<std::int64_t> sealed;
     for (const TrailFault& fault : faults) {
-        const bool seals = fault.kind == FindingKind::SealMissing || fault.kind == FindingKind::SealedDayAltered;
+        const bool seals = fault.kind >= FindingKind::SealMissing && fault.kind <= FindingKind::CarryAltered;
         if (!seals || sealed.insert(fault.day).second) // of a day that is both, the first
             accept(book, authority, fault);
     }

@@ -11,12 +11,14 @@
 #include "journal/journal_audit.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
+#include "proof/cash_day_findings.h"
 #include "proof/seal_chain.h"
 #include "proof/trail_pass.h"
 
 #include <QJsonDocument>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace lorvan {
@@ -45,6 +47,8 @@ public:
         m_audit.changes = m_journal.rows;
         m_audit.accepted = m_journal.accepted;
         compareDays();
+        for (const TrailFault& fault : alteredOpenings(m_book))
+            m_audit.faults.push_back(fault);
         compareMovements();
         compareCodes();
         compareGroups();
@@ -63,22 +67,36 @@ private:
 
     void compareDays()
     {
-        for (const auto& [day, seal] : lastSeals(m_seals))
-            compareDay(*seal);
+        BookFindings others;
+        const CarriedBalances balances(readCashDays(m_book, others), openingDifferences(m_book));
+        std::optional<TrailFault> moved;
+        for (const auto& [day, seal] : lastSeals(m_seals)) {
+            if (isSame(*seal))
+                compareCarried(*seal, balances, moved);
+            else
+                m_audit.faults.push_back({FindingKind::SealedDayAltered, seal->id, day});
+        }
+        if (moved)
+            m_audit.faults.push_back(*moved);
     }
 
-    void compareDay(const DaySeal& seal)
+    bool isSame(const DaySeal& seal)
     {
         const QDate day = dateFromStored(seal.day);
         const DayView view = readDay(m_book, day);
-        const bool isSame = seal.content == contentDigest(view.movements) && seal.income == view.figures.income
+        return seal.content == contentDigest(view.movements) && seal.income == view.figures.income
             && seal.expense == view.figures.expense
             && seal.movements == static_cast<std::int64_t>(view.movements.size()) && isClosed(m_book, day)
             && !m_pass.promises().isAltered(seal.day);
-        if (!isSame)
-            m_audit.faults.push_back({FindingKind::SealedDayAltered, seal.id, seal.day});
-        else if (seal.carried != view.carried.balance)
-            m_audit.moved.push_back({seal.day, seal.carried, view.carried.balance});
+    }
+
+    void compareCarried(const DaySeal& seal, const CarriedBalances& balances, std::optional<TrailFault>& moved)
+    {
+        const auto now = balances.into(seal.day);
+        if (!now || now->balance == seal.carried)
+            return;
+        if (!noteUnexplained(m_pass.carries(), seal, *now, moved))
+            m_audit.moved.push_back({seal.day, seal.carried, now->balance});
     }
 
     /// What is left of `states` afterwards should be there, and is not.

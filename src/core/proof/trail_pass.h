@@ -1,6 +1,7 @@
 #pragma once
 
 #include "journal/journal_audit.h"
+#include "proof/carry_audit.h"
 #include "proof/seal_chain.h"
 #include "proof/seal_promises.h"
 
@@ -14,6 +15,7 @@ public:
     TrailPass(const std::vector<DaySeal>& seals, JournalAuditing::Claims claims)
         : m_journal(journalRowsOf(seals), claims)
         , m_promises(seals)
+        , m_carries(seals)
     {
     }
 
@@ -21,16 +23,19 @@ public:
     {
         const bool isWhole = m_journal.take(row);
         m_promises.take(row, isWhole);
+        m_carries.take(row);
     }
 
     [[nodiscard]] const JournalAudit& journal() const { return m_journal.audit(); }
     /// The same, after which it is empty.
     [[nodiscard]] JournalAudit takeJournal() { return std::move(m_journal).result(); }
     [[nodiscard]] const SealPromises& promises() const { return m_promises; }
+    [[nodiscard]] const CarryAudit& carries() const { return m_carries; }
 
 private:
     JournalAuditing m_journal;
     SealPromises m_promises;
+    CarryAudit m_carries;
 };
 
 } // namespace lorvan

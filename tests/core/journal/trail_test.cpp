@@ -146,6 +146,9 @@ TEST_F(TrailTest, namesWhatWasChangedAroundTheProgram)
         {"", "UPDATE seals SET income=1", fault(FindingKind::SealBroken, 1) + fault(FindingKind::SealedDayAltered, 1)},
         {"", "UPDATE seals SET carried=1", fault(FindingKind::SealBroken, 1)},
         {"", "DELETE FROM seals", fault(FindingKind::SealMissing, 1)},
+        {"INSERT INTO opening_difference VALUES (20240310, 500);"
+         "UPDATE tameio SET ypoloipo=ypoloipo+500 WHERE hmeromhnia>20240309",
+            "", fault(FindingKind::CarryAltered, 1) + fault(FindingKind::OpeningAltered, 0)},
         {"", "DELETE FROM seals; DELETE FROM klhsimotameioy", fault(FindingKind::SealMissing, 1)},
     };
     const QByteArray main = readFile(temporary.files().mainDatabase());
@@ -220,6 +223,23 @@ TEST_F(TrailTest, eachSealThatTheJournalTellsOfMustBeThere)
     EXPECT_EQ(sealOlderDays(opened, byAll(), 5), 1);
     opened.execute("DELETE FROM auxiliary.seals WHERE day=20240315; DELETE FROM klhsimotameioy");
     EXPECT_EQ(faults(), fault(FindingKind::SealMissing, 1) + fault(FindingKind::SealedDayAltered, 1));
+}
+
+TEST_F(TrailTest, aCarriedBalanceMovesOnlyByWhatTheJournalTells)
+{
+    (void)cashBook.insert(incomeOf(monday.addDays(-20), cents(5)));
+    cashBook.close(friday);
+    (void)cashBook.insert(incomeOf(monday.addDays(-19), cents(7)));
+    (void)cashBook.modify(4, expenseOf(monday.addDays(-20), cents(3)));
+    Connection opened = both();
+    EXPECT_EQ(faults(), "");
+    EXPECT_EQ(auditTrail(opened).findings().count(FindingKind::CarryMoved), 2);
+    for (const std::string shift : {"500", "1"}) {
+        temporary.execute("UPDATE tameio SET ypoloipo=ypoloipo+" + shift);
+        EXPECT_EQ(faults(), fault(FindingKind::CarryAltered, shift == "1" ? 3 : 1));
+        EXPECT_EQ(acceptFaults(opened, byAll()), 1);
+        EXPECT_EQ(faults(), "") << shift;
+    }
 }
 
 TEST_F(TrailTest, aSealedDayThatWasOpenedAroundTheProgramIsNotSealedAgain)

@@ -5,6 +5,7 @@
 #include "platform/files/settings_store.h"
 #include "platform/stop_check.h"
 #include "proof/balance_proof.h"
+#include "proof/book_repair.h"
 #include "proof/last_proof.h"
 #include "proof/proof_texts.h"
 #include "proof/trail_acceptance.h"
@@ -126,6 +127,21 @@ TEST(BalanceProof, tellsWhatSealsAndJournalContradict)
         (void)acceptFaults(both, byAll());
         EXPECT_TRUE(proveBalancesAndSeals(both).isProved()) << each.told;
     }
+}
+
+TEST(BalanceProof, guessesNoOpeningBalanceWhereTheJournalTellsOfNone)
+{
+    const TemporaryBook temporary;
+    Book book = temporary.open();
+    enterAndClose(book);
+    book.main().execute("UPDATE tameio SET ypoloipo=ypoloipo+500");
+    Connection both = book.openBoth();
+    const BalanceProof proof = proveBalancesAndSeals(both);
+    EXPECT_EQ(proof.findings.count(FindingKind::DayBalance), 3);
+    EXPECT_EQ(proof.findings.byKind().at(FindingKind::CarryAltered).first.at(0).day, 20240302);
+    const BookRepair repair = repairBook(both, temporary.files(), testKeys(), byAll(), [](auto, auto) {});
+    EXPECT_EQ(repair.keptDifferences, 0);
+    EXPECT_TRUE(proveBalancesAndSeals(both).isProved());
 }
 
 TEST(BalanceProof, readsBothFilesInOneState)
