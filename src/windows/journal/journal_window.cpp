@@ -82,7 +82,7 @@ QWidget* JournalWindow::bothLists()
     m_list->setAccessibleName(QStringLiteral("Αλλαγές, οι νεότερες πρώτα"));
     m_list->setModel(m_model);
     m_list->setColumnWidths({QStringLiteral("88-88-8888 88:88:88"), QStringLiteral("ΔΙΑΧΕΙΡΙΣΤΗΣ"),
-        QStringLiteral("Αναίρεση αλλαγής κωδικού")});
+        QStringLiteral("Αποδοχή αλλαγής ημέρας ταμείου")});
     auto* const both = new QSplitter(Qt::Vertical, this);
     both->setChildrenCollapsible(false);
     both->addWidget(m_list);
