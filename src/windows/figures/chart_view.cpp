@@ -20,7 +20,7 @@ constexpr qreal textFactor = 0.9;
 constexpr int inset = 10;
 constexpr int focusWidth = 2;
 constexpr QSize wantedSize{760, 320};
-constexpr QSize leastSize{360, 180};
+constexpr QSize leastSize{280, 110};
 
 } // namespace
 

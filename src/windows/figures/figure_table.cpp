@@ -22,6 +22,8 @@ FigureTable::FigureTable(QWidget* parent)
 {
     setModel(m_model);
     header()->setStretchLastSection(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded); // an amount is never cut
+    setHorizontalScrollMode(ScrollPerPixel);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& index) {
         if (!m_isSelecting && isRow(index.row()))
             Q_EMIT rowSelected(index.row());

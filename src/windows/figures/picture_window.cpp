@@ -2,6 +2,7 @@
 
 #include "controls/check_field.h"
 #include "controls/command_button.h"
+#include "controls/flow_layout.h"
 #include "figures/chart_view.h"
 #include "figures/figure_table.h"
 #include "look/focus_rules.h"
@@ -45,7 +46,8 @@ PictureWindow::PictureWindow(BookFiles files, KeyRing& keys, Clock clock, Print 
     , m_subject(newChoice("subject", QStringLiteral("Τι φαίνεται"),
           {QStringLiteral("Ταμείο"), QStringLiteral("Ομάδες"), QStringLiteral("Κωδικοί")}))
     , m_step(newChoice("step", QStringLiteral("Ανά"),
-          {QStringLiteral("Ημέρα"), QStringLiteral("Εβδομάδα"), QStringLiteral("Μήνα"), QStringLiteral("Έτος")}))
+          {QStringLiteral("Ανά ημέρα"), QStringLiteral("Ανά εβδομάδα"), QStringLiteral("Ανά μήνα"),
+              QStringLiteral("Ανά έτος")}))
     , m_earlier(newCommand("earlier", QStringLiteral("prev"), {}, QStringLiteral("Πιο πριν (PgUp)")))
     , m_span(new ThemedLabel({}, ColourRole::PageText, 1.0, QFont::DemiBold))
     , m_later(newCommand("later", QStringLiteral("next"), {}, QStringLiteral("Πιο μετά (PgDn)")))
@@ -101,7 +103,7 @@ void PictureWindow::layOut()
     rows->addWidget(m_title);
     rows->addWidget(both, 1);
     rows->addLayout(commandRow());
-    chainTabOrder({m_subject, m_step, m_earlier, m_later, m_compares, m_chart, m_table, m_printing, m_close});
+    chainTabOrder({m_subject, m_step, m_earlier, m_later, m_chart, m_table, m_compares, m_printing, m_close});
 }
 
 QLayout* PictureWindow::choiceRow()
@@ -109,26 +111,24 @@ QLayout* PictureWindow::choiceRow()
     m_span->setObjectName(QStringLiteral("span"));
     m_span->setAlignment(Qt::AlignCenter);
     m_span->setMinimumWidth(m_span->fontMetrics().horizontalAdvance(widestSpan) + margin);
-    m_compares->setObjectName(QStringLiteral("compares"));
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(between);
-    row->addWidget(m_subject);
-    row->addWidget(fieldCaption(QStringLiteral("ανά")));
-    row->addWidget(m_step);
-    row->addSpacing(between);
-    row->addWidget(m_earlier);
-    row->addWidget(m_span);
-    row->addWidget(m_later);
-    row->addSpacing(between);
-    row->addWidget(m_compares);
-    row->addStretch(1);
+    auto* const spans = new QWidget(this);
+    auto* const inSpans = new QHBoxLayout(spans);
+    inSpans->setContentsMargins({});
+    inSpans->setSpacing(between);
+    for (QWidget* const part : std::initializer_list<QWidget*>{m_earlier, m_span, m_later})
+        inSpans->addWidget(part);
+    auto* const row = new FlowLayout(2 * between, between / 2);
+    for (QWidget* const part : std::initializer_list<QWidget*>{m_subject, m_step, spans})
+        row->addWidget(part);
     return row;
 }
 
 QLayout* PictureWindow::commandRow()
 {
+    m_compares->setObjectName(QStringLiteral("compares"));
     auto* const row = new QHBoxLayout;
     row->setSpacing(between);
+    row->addWidget(m_compares); // here it costs the chart no height
     row->addStretch(1);
     row->addWidget(m_printing);
     row->addWidget(m_close);

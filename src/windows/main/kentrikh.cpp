@@ -110,7 +110,7 @@ void Kentrikh::layOut()
     rows->addWidget(m_totals);
     setCentralWidget(central);
     setMinimumSize(leastSize.boundedTo(roomFor(this)));
-    restoreSize(this, firstSize);
+    keepSize(this, firstSize);
     centreOnWorkArea(this);
 }
 

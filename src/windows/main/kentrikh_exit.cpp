@@ -2,7 +2,6 @@
 #include "controls/guarded_window.h"
 #include "journal/journal_window.h"
 #include "look/message_window.h"
-#include "look/remembered_size.h"
 #include "main/kentrikh.h"
 #include "main/tab_band.h"
 #include "main/tools_button.h"
@@ -55,7 +54,6 @@ void Kentrikh::closeEvent(QCloseEvent* event)
         QMetaObject::invokeMethod(this, &Kentrikh::askToEnd, Qt::QueuedConnection);
         return;
     }
-    rememberSize(this);
     hideTools();
     m_reports.close();
     m_toolRun.cancel();
