@@ -58,6 +58,8 @@ std::vector<KeyEntry> cashPageKeys()
             QStringLiteral("ταινία: ποσά το ένα κάτω από το άλλο, που το άθροισμά τους μπαίνει στο πεδίο")),
         entry(KeyUse::GoToDayList, CodeField, QStringLiteral("Up"),
             QStringLiteral("στον πίνακα των κινήσεων, όταν ο κωδικός είναι άδειος")),
+        listed(CodeOffers, QStringLiteral("Down Return"), QStringLiteral("στη λίστα· διαλέγει τον κωδικό")),
+        listed(CodeOffers, QStringLiteral("Esc"), QStringLiteral("κλείνει τη λίστα")),
         entry(KeyUse::AcceptSuggestion, DescriptionField, QStringLiteral("Right"),
             QStringLiteral("δέχεται την περιγραφή που προτείνεται πίσω από όσα γράψατε")),
         entry(KeyUse::ListPreviousCashDay, DayList, QStringLiteral("Ctrl+Up"),
@@ -76,6 +78,9 @@ std::vector<KeyEntry> reportKeys()
 {
     using enum KeyPlace;
     return {
+        listed(Tape, QStringLiteral("Return +"), QStringLiteral("νέα γραμμή· με - μια που αφαιρείται")),
+        listed(Tape, QStringLiteral("F3 Ctrl+Return"), QStringLiteral("βάζει το άθροισμα στο πεδίο")),
+        listed(Tape, QStringLiteral("Esc"), QStringLiteral("κλείνει την ταινία, το πεδίο μένει όπως ήταν")),
         listed(PrintingPage, QStringLiteral("1 2 3 4 5 6 7 8 9"), QStringLiteral("η εκτύπωση με αυτόν τον αριθμό")),
         listed(PrintingPage, QStringLiteral("F2"), QStringLiteral("προεπισκόπηση της εκτύπωσης")),
         listed(Preview, QStringLiteral("PgUp PgDown"), QStringLiteral("άλλη σελίδα")),
@@ -94,12 +99,29 @@ std::vector<KeyEntry> reportKeys()
         listed(History, QStringLiteral("Ctrl+P"), QStringLiteral("προεπισκόπηση όσων ταιριάζουν στα φίλτρα")),
         listed(History, QStringLiteral("F5"), QStringLiteral("διαβάζει ξανά")),
         listed(History, QStringLiteral("Esc"), QStringLiteral("κλείνει το παράθυρο")),
-        listed(Search, QStringLiteral("Return"), QStringLiteral("στη λίστα· εκεί, στην ημέρα της κίνησης")),
+        listed(Search, QStringLiteral("Return"), QStringLiteral("στη λίστα· εκεί (και με F2), στην ημέρα της κίνησης")),
         listed(Search, QStringLiteral("Ctrl+D Ctrl+Shift+D"),
             QStringLiteral("αντιγράφει την κίνηση σε μια νέα, σε μια νέα σημερινή")),
+        listed(
+            Search, QStringLiteral("Ctrl+K Ctrl+G"), QStringLiteral("η καρτέλα του κωδικού της, η εικόνα του βιβλίου")),
         listed(Search, QStringLiteral("Alt+Down"), QStringLiteral("οι τελευταίες αναζητήσεις")),
         listed(Search, QStringLiteral("Ctrl+P"), QStringLiteral("προεπισκόπηση όσων βρέθηκαν")),
-        listed(Search, QStringLiteral("F5"), QStringLiteral("ψάχνει ξανά")),
+        listed(Search, QStringLiteral("F5 Esc"), QStringLiteral("ψάχνει ξανά· κλείνει το παράθυρο")),
+    };
+}
+
+std::vector<KeyEntry> figureKeys()
+{
+    using enum KeyPlace;
+    return {
+        listed(Picture, QStringLiteral("PgUp PgDown"), QStringLiteral("πιο πριν, πιο μετά")),
+        listed(Picture, QStringLiteral("Left Right"), QStringLiteral("σημειώνει το προηγούμενο, το επόμενο")),
+        listed(Picture, QStringLiteral("Return"),
+            QStringLiteral("ανοίγει το σημειωμένο: τους μήνες, τις ημέρες, το ταμείο της ημέρας, την καρτέλα")),
+        listed(Picture, QStringLiteral("Ctrl+P Esc"), QStringLiteral("προεπισκόπηση· κλείνει το παράθυρο")),
+        listed(Card, QStringLiteral("Left Right"), QStringLiteral("ο προηγούμενος, ο επόμενος μήνας")),
+        listed(Card, QStringLiteral("Return"), QStringLiteral("στις κινήσεις του μήνα· εκεί, στην ημέρα της κίνησης")),
+        listed(Card, QStringLiteral("Esc"), QStringLiteral("κλείνει το παράθυρο")),
     };
 }
 
@@ -122,6 +144,10 @@ KeyPlace around(KeyPlace place)
     case KeyPlace::Preview:
     case KeyPlace::History:
     case KeyPlace::Search:
+    case KeyPlace::CodeOffers:
+    case KeyPlace::Tape:
+    case KeyPlace::Picture:
+    case KeyPlace::Card:
         break;
     }
     return place;
@@ -153,7 +179,7 @@ const std::vector<KeyEntry>& keyTable()
 {
     static const auto table = [] {
         std::vector<KeyEntry> all = mainWindowKeys();
-        for (const auto& part : {cashPageKeys(), reportKeys()})
+        for (const auto& part : {cashPageKeys(), reportKeys(), figureKeys()})
             all.insert(all.end(), part.begin(), part.end());
         return all;
     }();
@@ -192,6 +218,14 @@ QString keyPlaceText(KeyPlace place)
         return QStringLiteral("Στο ιστορικό");
     case KeyPlace::Search:
         return QStringLiteral("Στην αναζήτηση");
+    case KeyPlace::CodeOffers:
+        return QStringLiteral("Στη λίστα κάτω από τον κωδικό");
+    case KeyPlace::Tape:
+        return QStringLiteral("Στην ταινία");
+    case KeyPlace::Picture:
+        return QStringLiteral("Στην εικόνα του βιβλίου");
+    case KeyPlace::Card:
+        return QStringLiteral("Στην καρτέλα κωδικού");
     }
     return {};
 }

@@ -21,6 +21,10 @@ enum class KeyPlace {
     Preview,
     History,
     Search,
+    CodeOffers,
+    Tape,
+    Picture,
+    Card,
 };
 
 /// What a key does. Those that the program looks up by name; all others are Listed.

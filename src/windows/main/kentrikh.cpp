@@ -62,6 +62,7 @@ Kentrikh::Kentrikh(
     , m_gate(
           this, ActionGate::Opened::OnItsOwn, [this] { m_notices.actionBegins(); }, [this] { tellUnconfirmed(this); })
     , m_reports(BookFiles(m_settings.dataFolder), keys)
+    , m_sheets(BookFiles(m_settings.dataFolder), keys)
     , m_backup(BookFiles(m_settings.dataFolder), keys, m_clock)
     , m_session(this)
     , m_away(this, m_clock)

@@ -188,6 +188,7 @@ private:
     std::optional<BalanceProof> m_found; ///< By the last proof, if the balances are not proved.
     const ActionGate m_gate;
     ReportDesk m_reports;
+    ReportDesk m_sheets; ///< For what is no report of the book and takes the place of none.
     std::unique_ptr<JournalWindow> m_history; ///< Made when it is first asked for.
     std::unique_ptr<PictureWindow> m_picture; ///< The same.
     std::unique_ptr<CardWindow> m_card; ///< The same.

@@ -56,6 +56,7 @@ void Kentrikh::closeEvent(QCloseEvent* event)
     }
     hideTools();
     m_reports.close();
+    m_sheets.close();
     m_toolRun.cancel();
     m_backup.retire();
     m_notices.retire();

@@ -19,9 +19,11 @@ namespace lorvan {
 void Kentrikh::connectFigures()
 {
     ToolsButton* const tools = m_band->tools();
-    const QAction* const picture = tools->add(QStringLiteral("picture"), QStringLiteral("Εικόνα του βιβλίου\tCtrl+G"));
+    const QAction* const picture = tools->add(
+        QStringLiteral("picture"), QStringLiteral("Εικόνα του βιβλίου\t") + keysText(keyEntry(KeyUse::Picture)));
     connect(picture, &QAction::triggered, this, m_gate.quick(this, &Kentrikh::openPicture));
-    const QAction* const card = tools->add(QStringLiteral("card"), QStringLiteral("Καρτέλα κωδικού\tCtrl+K"));
+    const QAction* const card =
+        tools->add(QStringLiteral("card"), QStringLiteral("Καρτέλα κωδικού\t") + keysText(keyEntry(KeyUse::Card)));
     connect(card, &QAction::triggered, this, m_gate.quick(this, &Kentrikh::openCardOfChosen));
     bindKeys(KeyUse::Picture, this, Qt::WindowShortcut, m_gate.quick(this, &Kentrikh::openPicture));
     bindKeys(KeyUse::Card, this, Qt::WindowShortcut, m_gate.quick(this, &Kentrikh::openCardOfChosen));

@@ -50,7 +50,7 @@ void Kentrikh::openManual()
     if (!m_help) {
         const auto print = [this](QWidget* window) {
             const auto build = [](const BookFiles&, KeyRing&, const ReportProgress&) { return manualDocument(); };
-            m_reports.print({QStringLiteral("Οδηγίες"), QStringLiteral("Οδηγίες"), build}, window);
+            m_sheets.print({QStringLiteral("Οδηγίες"), QStringLiteral("Οδηγίες"), build}, window);
         };
         m_help = std::make_unique<HelpWindow>(print, this);
     }

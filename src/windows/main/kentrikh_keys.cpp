@@ -42,7 +42,7 @@ void Kentrikh::previewKeys()
     const QString title = QStringLiteral("Πλήκτρα");
     const auto build = [heading = m_settings.heading](
                            const BookFiles&, KeyRing&, const ReportProgress&) { return keySheet(heading); };
-    m_reports.print({title, title, build}, this);
+    m_sheets.print({title, title, build}, this);
 }
 
 } // namespace lorvan

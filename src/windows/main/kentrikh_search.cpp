@@ -20,6 +20,7 @@ void Kentrikh::openSearch()
         copyMovement(key, toToday ? CopyDay::Today : CopyDay::Shown, window);
     };
     const auto card = [this](qint32 code) { openCard(code); };
+    const auto picture = [this] { openPicture(); };
     const auto print = [this](const SearchQuery& query, QWidget* window) {
         const auto build = [query, heading = m_settings.heading](
                                const BookFiles& files, KeyRing& keys, const ReportProgress& progress) {
@@ -28,8 +29,8 @@ void Kentrikh::openSearch()
         m_reports.print({QStringLiteral("Αναζήτηση"), QStringLiteral("Αναζήτηση"), build}, window);
     };
     if (!m_search)
-        m_search = std::make_unique<SearchWindow>(
-            BookFiles(m_settings.dataFolder), m_keys, m_clock, SearchWindow::Requests{show, copy, card, print}, this);
+        m_search = std::make_unique<SearchWindow>(BookFiles(m_settings.dataFolder), m_keys, m_clock,
+            SearchWindow::Requests{show, copy, card, picture, print}, this);
     m_search->present();
 }
 

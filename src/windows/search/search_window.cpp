@@ -147,6 +147,7 @@ void SearchWindow::connectCommands()
     add(QKeySequence(Qt::ALT | Qt::Key_Down), m_recent);
     bindKeys(KeyUse::Copy, m_list, Qt::WidgetShortcut, [this] { copyMovement(false); });
     bindKeys(KeyUse::Card, this, Qt::WindowShortcut, [this] { showCard(); });
+    bindKeys(KeyUse::Picture, this, Qt::WindowShortcut, m_requests.picture);
     bindKeys(KeyUse::CopyToToday, m_list, Qt::WidgetShortcut, [this] { copyMovement(true); });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, &SearchWindow::present);
 }

@@ -34,6 +34,7 @@ public:
         /// Into the entry of the shown day, or of today.
         std::function<void(qint64 key, bool toToday, QWidget* window)> copy;
         std::function<void(qint32 code)> card; ///< Shows the card of a code.
+        std::function<void()> picture; ///< Shows that of the book.
         std::function<void(const SearchQuery& query, QWidget* window)> print;
     };
 
