@@ -85,7 +85,7 @@ void CodesPage::start()
     m_lists[Groups]->setEmptyText(mayModify ? QStringLiteral("Καμία ομάδα ακόμη: πατήστε «Επεξεργασία».")
                                             : QStringLiteral("Το βιβλίο δεν έχει ακόμη ομάδες."));
     clearFields();
-    m_filterField->clear();
+    m_filter->field()->clear();
     m_selected.reset();
     setOffered(false);
     refillGroups();

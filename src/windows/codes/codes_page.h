@@ -106,7 +106,6 @@ private:
     ControlArray<EntryField> m_fields;
     ControlArray<CommandButton> m_commands;
     ControlArray<PlainList> m_lists;
-    QLineEdit* m_filterField = nullptr;
     RowFilterField* m_filter = nullptr; ///< Of the list of codes.
     QCheckBox* m_income;
     QCheckBox* m_active;

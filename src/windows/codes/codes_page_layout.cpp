@@ -13,7 +13,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QShortcut>
 
 #include <functional>
 
@@ -25,7 +24,6 @@ constexpr int marginTop = 2; // below the line of notices
 constexpr int marginEnd = 10;
 constexpr int betweenControls = 8;
 constexpr int codeWidth = 84;
-constexpr int filterWidth = 132;
 
 } // namespace
 
@@ -139,23 +137,11 @@ QLayout* CodesPage::codesColumn()
 
 void CodesPage::addFilter(QHBoxLayout& heading)
 {
-    m_filterField = new QLineEdit;
-    m_filterField->setObjectName(QStringLiteral("filterCodes"));
-    m_filterField->setPlaceholderText(QStringLiteral("Εύρεση"));
-    m_filterField->setAccessibleName(QStringLiteral("Εύρεση κωδικών"));
-    m_filterField->setToolTip(
-        QStringLiteral("Μένουν οι κωδικοί με λέξη ή αριθμό που αρχίζει έτσι. Με Esc φαίνονται όλοι"));
-    m_filterField->setFixedHeight(m_commands[command::editGroups]->sizeHint().height()); // the two lists begin level
-    m_filterField->setMaximumWidth(filterWidth);
-    m_filter = new RowFilterField(m_filterField, m_lists[Codes]);
-    const auto onKey = [this](Qt::Key key, const std::function<void()>& action) {
-        auto* const shortcut = new QShortcut(key, m_filterField);
-        shortcut->setContext(Qt::WidgetShortcut);
-        connect(shortcut, &QShortcut::activated, this, action);
-    };
-    onKey(Qt::Key_Escape, [this] { m_filterField->clear(); });
-    onKey(Qt::Key_Down, [this] { m_lists[Codes]->setFocus(Qt::OtherFocusReason); });
-    heading.addWidget(m_filterField, 2);
+    m_filter = new RowFilterField(QStringLiteral("filterCodes"), QStringLiteral("κωδικών"),
+        QStringLiteral("Μένουν οι κωδικοί με λέξη ή αριθμό που αρχίζει έτσι. Με Esc φαίνονται όλοι"), m_lists[Codes]);
+    m_filter->field()->setFixedHeight(
+        m_commands[command::editGroups]->sizeHint().height()); // the two lists begin level
+    heading.addWidget(m_filter->field(), 2);
 }
 
 QLayout* CodesPage::groupsColumn()
@@ -185,7 +171,7 @@ void CodesPage::setTabOrders()
     chainTabOrder({m_fields[field::code], m_fields[field::codeDescription], m_fields[field::codeGroup], m_income,
         m_active, m_commands[command::insertCode], m_commands[command::modifyCode], m_commands[command::removeCode],
         m_lists[Codes], m_lists[Groups], m_commands[command::editGroups], m_lists[CodesOfGroup],
-        m_commands[command::exitFromCodesPage], m_filterField});
+        m_commands[command::exitFromCodesPage], m_filter->field()});
 }
 
 } // namespace lorvan

@@ -3,6 +3,7 @@
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/plain_list.h"
+#include "controls/row_filter_field.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
 #include "look/themed_label.h"
@@ -10,6 +11,7 @@
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -61,7 +63,13 @@ void OmadaKvdikvn::layOut()
     auto* const rows = new QVBoxLayout(panel);
     rows->setContentsMargins(margin, margin, margin, margin);
     rows->setSpacing(0);
-    rows->addWidget(heading);
+    auto* const headingRow = new QHBoxLayout;
+    headingRow->addWidget(heading);
+    headingRow->addStretch(1);
+    m_filter = new RowFilterField(QStringLiteral("filterGroups"), QStringLiteral("ομάδων"),
+        QStringLiteral("Μένουν οι ομάδες με λέξη που αρχίζει έτσι. Με Esc φαίνονται όλες"), m_list);
+    headingRow->addWidget(m_filter->field(), 2);
+    rows->addLayout(headingRow);
     rows->addSpacing(4);
     rows->addWidget(m_list, 1);
     rows->addSpacing(betweenGroups);
@@ -73,7 +81,8 @@ void OmadaKvdikvn::layOut()
     auto* const whole = new QVBoxLayout(this);
     whole->setContentsMargins({});
     whole->addWidget(panel);
-    chainTabOrder({m_name, m_commands[Add], m_commands[Rename], m_commands[Remove], m_commands[Exit], m_list});
+    chainTabOrder(
+        {m_name, m_commands[Add], m_commands[Rename], m_commands[Remove], m_commands[Exit], m_filter->field(), m_list});
     sizeWithin(this, firstSize);
 }
 
@@ -233,6 +242,7 @@ void OmadaKvdikvn::refill()
     for (const CodeGroup& group : listGroups(m_main))
         rows.push_back({group.name, group.number});
     m_list->setRows(rows);
+    m_filter->apply();
 }
 
 void OmadaKvdikvn::load(const QModelIndex& group)

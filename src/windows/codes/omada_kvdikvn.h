@@ -18,6 +18,7 @@ namespace lorvan {
 class CommandButton;
 class EntryField;
 class PlainList;
+class RowFilterField;
 
 /// The groups window, in which groups of codes are added, renamed and deleted. A double click on a group offers to
 /// rename or delete it, a click takes the offer back. Modal; leaving the window hides it.
@@ -63,6 +64,7 @@ private:
     const MayChange m_mayChange;
     const ActionGate m_gate;
     PlainList* m_list;
+    RowFilterField* m_filter = nullptr; ///< Of the list.
     EntryField* m_name;
     ControlArray<CommandButton> m_commands;
     std::optional<qint32> m_loaded; ///< The group that may be renamed and deleted.

@@ -4,8 +4,44 @@
 #include "platform/row_filter.h"
 
 #include <QLineEdit>
+#include <QShortcut>
 
 namespace lorvan {
+namespace {
+
+constexpr int fieldWidth = 132;
+
+QShortcut* keyIn(QLineEdit* field, Qt::Key key)
+{
+    auto* const shortcut = new QShortcut(key, field);
+    shortcut->setContext(Qt::WidgetShortcut);
+    return shortcut;
+}
+
+QLineEdit* newField(const QString& name, const QString& what, const QString& tip)
+{
+    auto* const field = new QLineEdit;
+    field->setObjectName(name);
+    field->setPlaceholderText(QStringLiteral("Εύρεση"));
+    field->setAccessibleName(QStringLiteral("Εύρεση ") + what);
+    field->setToolTip(tip);
+    field->setMaximumWidth(fieldWidth);
+    QShortcut* const escape = keyIn(field, Qt::Key_Escape); // an empty field leaves it to the window
+    escape->setEnabled(false);
+    QObject::connect(escape, &QShortcut::activated, field, &QLineEdit::clear);
+    QObject::connect(
+        field, &QLineEdit::textChanged, escape, [escape](const QString& text) { escape->setEnabled(!text.isEmpty()); });
+    return field;
+}
+
+} // namespace
+
+RowFilterField::RowFilterField(const QString& name, const QString& what, const QString& tip, PlainList* list)
+    : RowFilterField(newField(name, what, tip), list)
+{
+    connect(
+        keyIn(m_field, Qt::Key_Down), &QShortcut::activated, list, [list] { list->setFocus(Qt::OtherFocusReason); });
+}
 
 RowFilterField::RowFilterField(QLineEdit* field, PlainList* list)
     : QObject(field)

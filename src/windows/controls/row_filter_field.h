@@ -15,6 +15,11 @@ class RowFilterField : public QObject {
 
 public:
     RowFilterField(QLineEdit* field, PlainList* list);
+    /// Makes the field: Escape empties it, Down leads into the list. `name` is its object name, `what` the rows in the
+    /// genitive plural.
+    RowFilterField(const QString& name, const QString& what, const QString& tip, PlainList* list);
+
+    [[nodiscard]] QLineEdit* field() const { return m_field; }
 
     /// To be called after the list got other rows.
     void apply();

@@ -1,6 +1,7 @@
 #include "printing/epilogh_omadvn.h"
 
 #include "controls/guarded_window.h"
+#include "controls/row_filter_field.h"
 #include "controls/tick_list.h"
 #include "look/busy_pointer.h"
 #include "look/focus_rules.h"
@@ -10,6 +11,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLineEdit>
 
 #include <algorithm>
 #include <utility>
@@ -63,19 +65,36 @@ EpiloghOmadvn::EpiloghOmadvn(const std::vector<CodeGroup>& groups, SettingsStore
     setWindowTitle(QStringLiteral("Επιλογή ομάδων"));
     setModal(true);
     auto* const frame = new QGroupBox(QStringLiteral("Επιλογή ομάδων για τις στήλες"));
-    auto* const row = new QHBoxLayout(frame);
-    row->setContentsMargins(betweenColumns, betweenColumns / 2, betweenColumns, betweenColumns - 2);
-    row->setSpacing(betweenColumns);
+    auto* const columns = new QHBoxLayout;
+    columns->setSpacing(betweenColumns);
     for (std::size_t c = 0; c < cardColumns; ++c)
-        row->addLayout(column(c), 1);
+        columns->addLayout(column(c), 1);
+    auto* const rows = new QVBoxLayout(frame);
+    rows->setContentsMargins(betweenColumns, betweenColumns / 2, betweenColumns, betweenColumns - 2);
+    rows->setSpacing(betweenColumns / 2);
+    QWidget* const filter = addFilter();
+    rows->addWidget(filter, 0, Qt::AlignRight);
+    rows->addLayout(columns, 1);
     auto* const whole = new QVBoxLayout(this);
     whole->setContentsMargins(margin, margin - 4, margin, margin);
     whole->addWidget(frame);
+    // the filter last, so that Enter leads from list to list as ever
+    chainTabOrder({m_lists[0], m_lists[1], m_lists[2], filter});
     sizeWithin(this, firstSize);
     const BusyPointer busy;
     fill(groups);
     m_isRestored = guarded(parent, [this] { restore(); });
     m_lists.front()->setFocus(Qt::OtherFocusReason);
+}
+
+QWidget* EpiloghOmadvn::addFilter()
+{
+    const auto* const first = new RowFilterField(QStringLiteral("filterGroups"), QStringLiteral("ομάδων"),
+        QStringLiteral("Μένουν οι ομάδες με λέξη που αρχίζει έτσι, και οι επιλεγμένες. Με Esc φαίνονται όλες"),
+        m_lists.front());
+    for (std::size_t c = 1; c < cardColumns; ++c)
+        new RowFilterField(first->field(), m_lists[c]);
+    return first->field();
 }
 
 QVBoxLayout* EpiloghOmadvn::column(std::size_t column)

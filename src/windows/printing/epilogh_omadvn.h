@@ -34,6 +34,7 @@ protected:
 
 private:
     QVBoxLayout* column(std::size_t column);
+    QWidget* addFilter();
     void fill(const std::vector<CodeGroup>& groups);
     void restore();
     void showCount(std::size_t column);
