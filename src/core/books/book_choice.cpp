@@ -73,6 +73,16 @@ std::optional<KnownBook> BookChoice::onlyBook() const
     return known.front();
 }
 
+DataFolderSettings BookChoice::settingsOf(const QString& folder) const
+{
+    for (const KnownBook& known : books())
+        if (isSameBook(known.settings.dataFolder, folder))
+            return known.settings;
+    DataFolderSettings settings = PathFile(m_programFolder).read();
+    settings.dataFolder = BookFiles(folder).dataFolder();
+    return settings;
+}
+
 void BookChoice::add(const DataFolderSettings& settings) const
 {
     if (const auto opened = present())

@@ -33,6 +33,10 @@ public:
     /// The book to open without asking: the only one, if its main database is there. Throws SettingsError.
     [[nodiscard]] std::optional<KnownBook> onlyBook() const;
 
+    /// What to open the book in that folder with: as it is known, or a new one with the colour and heading that stand
+    /// in the path file. Throws SettingsError.
+    [[nodiscard]] DataFolderSettings settingsOf(const QString& folder) const;
+
     /// Adds a book to the list, for books() to show. Throws SettingsError.
     void add(const DataFolderSettings& settings) const;
     /// Takes a book off the list, and out of the path file's place in it. Its files stay. Throws SettingsError and, for

@@ -77,11 +77,11 @@ QString conditionText(BookCondition condition)
     case BookCondition::Missing:
         return QStringLiteral("δεν βρέθηκε");
     case BookCondition::OlderFormat:
-        return QStringLiteral("παλαιότερη μορφή");
+        return QStringLiteral("παλιά μορφή");
     case BookCondition::Damaged:
         return QStringLiteral("με βλάβη");
     case BookCondition::Unreadable:
-        return QStringLiteral("δεν διαβάζεται τώρα");
+        return QStringLiteral("δεν διαβάζεται");
     }
     return {};
 }

@@ -1,6 +1,7 @@
 #include "door/books_window.h"
 
 #include "book/book_files.h"
+#include "book/pending_restore.h"
 #include "books/book_making.h"
 #include "controls/command_button.h"
 #include "controls/guarded_window.h"
@@ -41,6 +42,14 @@ constexpr int betweenCommands = 4;
 constexpr std::uint64_t sampleSeed = 1;
 
 const QString title = QStringLiteral("Βιβλία");
+
+/// Written by hand into the path file, a heading can be of any length.
+QString shortened(const QString& heading)
+{
+    constexpr qsizetype longest = 80;
+    const QString line = heading.simplified();
+    return line.size() > longest ? line.left(longest) + u'…' : line;
+}
 
 QString sampleUsers()
 {
@@ -85,8 +94,11 @@ void BooksWindow::layOut()
     m_list->setAccessibleName(m_heading->text());
     m_list->setEmptyText(QStringLiteral("Δεν υπάρχει ακόμη βιβλίο. Το «Νέο βιβλίο» φτιάχνει ένα. Το «Δοκιμαστικό "
                                         "βιβλίο» δείχνει το πρόγραμμα με κινήσεις δύο ετών."));
-    m_list->setColumnWidths({QStringLiteral("Υποκατάστημα κέντρου"), QStringLiteral("/home/xristhsxx/Έγγραφα/Βιβλίο"),
-        QStringLiteral("88-88-8888 88:88"), {}});
+    m_list->setColumnWidths({QStringLiteral("Δοκιμαστικό βιβλίο "), {}, QStringLiteral("88-88-8888 88:88 "),
+        QStringLiteral("δεν διαβάζεται")});
+    m_list->header()->setStretchLastSection(false);
+    m_list->header()->setSectionResizeMode(BooksModel::Folder, QHeaderView::Stretch);
+    m_list->setTextElideMode(Qt::ElideMiddle);
     m_about->setObjectName(QStringLiteral("about"));
     m_about->setWordWrap(true);
     m_about->setMinimumHeight(2 * m_about->fontMetrics().lineSpacing());
@@ -232,7 +244,7 @@ void BooksWindow::describe(int row)
     if (const auto present = m_programRuns ? m_choice.present() : std::nullopt) {
         m_about->setText(
             QStringLiteral("Το πρόγραμμα είναι ανοιχτό με το βιβλίο «%1» (%2). Για άλλο βιβλίο κλείστε το πρώτα.")
-                .arg(present->heading, present->dataFolder));
+                .arg(shortened(present->heading), present->dataFolder));
         return;
     }
     QString text = row < 0 ? QString() : m_model->book(row).settings.dataFolder;
@@ -264,6 +276,7 @@ void BooksWindow::openSelected()
     const DataFolderSettings settings = m_model->book(row).settings;
     const auto& look = m_model->look(row);
     const BookFiles files(settings.dataFolder);
+    finishRestore(files);
     if ((look && look->condition == BookCondition::Damaged) || !BookFiles::exists(files.mainDatabase())
         || files.isOldFormat()) {
         m_model->setLook(row, lookAtBook(settings.dataFolder));
@@ -324,7 +337,7 @@ void BooksWindow::forgetSelected()
         return;
     const DataFolderSettings settings = m_model->book(row).settings;
     if (!askOkCancel(this, QMessageBox::Question, QStringLiteral("Αφαίρεση από τη λίστα"),
-            QStringLiteral("Να αφαιρεθεί το «%1» από τη λίστα;").arg(settings.heading),
+            QStringLiteral("Να αφαιρεθεί το «%1» από τη λίστα;").arg(shortened(settings.heading)),
             QStringLiteral("Τα αρχεία του μένουν στον φάκελο %1.").arg(settings.dataFolder)))
         return;
     guarded(this, [&] { m_choice.forget(settings.dataFolder); });
@@ -333,8 +346,8 @@ void BooksWindow::forgetSelected()
 
 void BooksWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (isEnter(*event) && m_list->hasFocus())
-        m_open->click();
+    if (isEnter(*event))
+        event->accept(); // the list has told of it already
     else if (event->key() == Qt::Key_Delete && m_list->hasFocus())
         m_forget->click();
     else

@@ -41,7 +41,7 @@ bool Door::start(const QStringList& words, bool wantsChoice)
         show();
         callProgram();
     } else if (opens)
-        open(settingsFor(words.at(1)));
+        openFolder(words.at(1));
     else {
         std::optional<KnownBook> only;
         guarded(nullptr, [&] { only = m_choice.onlyBook(); });
@@ -53,17 +53,13 @@ bool Door::start(const QStringList& words, bool wantsChoice)
     return m_window != nullptr;
 }
 
-/// A book that is not known yet gets what stands in the path file for the others.
-DataFolderSettings Door::settingsFor(const QString& folder) const
+void Door::openFolder(const QString& folder)
 {
-    DataFolderSettings settings = m_choice.present().value_or(DataFolderSettings());
-    settings.dataFolder = QFileInfo(folder).absoluteFilePath();
-    guarded(nullptr, [&] {
-        for (const KnownBook& known : m_choice.books())
-            if (isSameBook(known.settings.dataFolder, settings.dataFolder))
-                settings = known.settings;
-    });
-    return settings;
+    DataFolderSettings book;
+    if (guarded(nullptr, [&] { book = m_choice.settingsOf(QFileInfo(folder).absoluteFilePath()); }))
+        open(book);
+    else
+        show();
 }
 
 void Door::show()

@@ -33,7 +33,7 @@ private:
     void show();
     void callProgram();
     void open(const DataFolderSettings& book);
-    [[nodiscard]] DataFolderSettings settingsFor(const QString& folder) const;
+    void openFolder(const QString& folder);
 
     Clock m_clock;
     QString m_programFile;

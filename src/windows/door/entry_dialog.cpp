@@ -72,7 +72,7 @@ void EntryDialog::reject()
 {
     if (!hasTyped()
         || askOkCancel(this, QMessageBox::Question, windowTitle(), QStringLiteral("Να κλείσει το παράθυρο;"),
-            QStringLiteral("Ό,τι γράψατε εδώ χάνεται. Δεν έχει γίνει τίποτα ακόμη.")))
+            QStringLiteral("Ό,τι γράψατε εδώ χάνεται. Δεν έχει γίνει τίποτα ακόμη."), DefaultAnswer::No))
         QDialog::reject();
 }
 

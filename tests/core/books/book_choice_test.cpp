@@ -60,6 +60,9 @@ TEST_F(BookChoiceTest, takesOverThePathFileBeforeItWritesTheChosenBook)
     EXPECT_EQ(known.list().at(0).opened, now);
     EXPECT_FALSE(choice.onlyBook());
 
+    EXPECT_EQ(choice.settingsOf(first.folder()).heading, "Πρώτο");
+    EXPECT_EQ(choice.settingsOf(folder.path()).heading, heading) << "what stands in the path file";
+
     writePathFile(second.folder() + "/../" + QFileInfo(second.folder()).fileName() + ",7,Με το χέρι");
     EXPECT_EQ(headings(), QStringList({"Με το χέρι", "Πρώτο"})) << "by hand, and the same folder";
     choice.forget(second.folder());

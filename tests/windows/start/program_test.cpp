@@ -73,6 +73,27 @@ TEST_F(ProgramStart, aSecondInstanceEndsInSilenceAndBringsTheFirstForward)
     EXPECT_FALSE(loginWindow().isMinimized());
 }
 
+TEST_F(ProgramStart, leadsToTheBooksOnlyIfTheirProgramStandsBeside)
+{
+    const QString door = programFolder.filePath("lorvan-books");
+    for (const bool stands : {false, true}) {
+        if (stands) {
+            writeFile(door, "x");
+            QFile::setPermissions(door, QFile::ReadOwner | QFile::ExeOwner);
+        }
+        startToSignIn();
+        signInAsSofia();
+        ASSERT_NE(mainWindow(), nullptr);
+        auto* const books = mainWindow()->findChild<QAction*>("books");
+        ASSERT_EQ(books != nullptr, stands);
+        if (books)
+            boxes.expect(okCancel(
+                QMessageBox::Question, "Εξοδος από το πρόγραμμα", "Να τερματιστεί το πρόγραμμα;", QMessageBox::Ok));
+        EXPECT_TRUE(endsIn([&] { books ? books->trigger() : program->end(); }));
+        EXPECT_EQ(program->next(), stands ? QStringList({door, "--choose"}) : QStringList());
+    }
+}
+
 TEST_F(ProgramUpgrade, asksOnceAndOpensTheBook)
 {
     boxes.expect(yesNo(QMessageBox::Question, "Προσοχή",

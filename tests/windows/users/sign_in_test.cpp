@@ -29,6 +29,15 @@ TEST_F(SignInTest, aWrongNameOrPasswordIsRefusedAsOftenAsItIsTyped)
     EXPECT_EQ(mainWindow(), nullptr);
 }
 
+TEST_F(SignInTest, aBookWithoutUsersSaysSo)
+{
+    book.openAuxiliary().execute("DELETE FROM codes");
+    startToSignIn();
+    boxes.expect(
+        withDetails(wrongNameOrPassword(), "Το βιβλίο δεν έχει ακόμη χρήστες. Προσθέστε τον πρώτο από τα «Βιβλία…»."));
+    signIn("Σοφία", "μυστικό");
+}
+
 TEST_F(SignInTest, theAdministratorGetsALargerWindowAndNoRights)
 {
     const auto expectLarge = [](bool isLarge) {
