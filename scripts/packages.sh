@@ -17,6 +17,12 @@ tour_packages=(xvfb xdotool x11-xkb-utils imagemagick)
 test_packages=("${tour_packages[@]}" sqlcipher clang-format python3 util-linux fonts-dejavu-core poppler-utils unzip
     cups-daemon cups-client)
 
+# To make the Debian package: icons in all sizes, what the programs depend on.
+package_packages=(librsvg2-bin dpkg-dev file)
+
+# To look through that package, and to install it into a Debian tree of its own.
+package_test_packages=(lintian appstream desktop-file-utils mmdebstrap)
+
 # install_missing PACKAGE...: asks apt for those that are not there, and leaves apt alone when all are.
 install_missing() {
     local package status missing=() as_root=()

@@ -1,14 +1,15 @@
 #!/usr/bin/env bash
 # A short tour of the program on a virtual display: signs in as a user of the sample book, enters a movement with key
 # presses, sees the new balance and leaves. Pictures and the tour's own copy of program and book stay in the target.
-#   tour.sh FOLDER-OF-EXECUTABLES TARGET-FOLDER
+#   tour.sh FOLDER-OF-EXECUTABLES TARGET-FOLDER [PROGRAM-FOLDER]
+# With a program folder the programs in it are run where they are, as installed ones, and the path file is the user's.
 set -euo pipefail
 export LC_ALL=C.UTF-8 # xdotool reads Greek by the locale
 
 here=$(dirname "$(realpath "${BASH_SOURCE[0]}")")
 bin=$(realpath -- "$1")
 target=$(realpath --canonicalize-missing -- "$2")
-program=$target/program
+program=${3:-$target/program}
 book=$target/book
 today=$(date +%Y%m%d)
 patience=60
@@ -95,8 +96,12 @@ end_everything() {
 
 prepare() {
     rm -rf "$target"
-    mkdir -p "$program" "$target/settings"
-    cp "$bin/lorvan" "$bin/lorvan-data" "$program/"
+    mkdir -p "$target/settings"
+    export XDG_CONFIG_HOME=$target/settings
+    if [[ $program == "$target/program" ]]; then
+        mkdir "$program"
+        cp "$bin/lorvan" "$bin/lorvan-data" "$program/"
+    fi
     "$program/lorvan-data" demo "$book" >/dev/null
     "$program/lorvan-data" path "$book" >/dev/null
 }
@@ -116,7 +121,7 @@ start_display() {
 
 start_program() {
     LSAN_OPTIONS=suppressions=$here/system-leaks.txt:print_suppressions=0 \
-        XDG_CONFIG_HOME=$target/settings QT_QPA_PLATFORM=xcb "$program/lorvan" >"$target/program.log" 2>&1 &
+        QT_QPA_PLATFORM=xcb "$program/lorvan" >"$target/program.log" 2>&1 &
     lorvan=$!
 }
 
@@ -152,11 +157,19 @@ enter_movement() {
     say "υπόλοιπο πριν $balance, μετά $(book_says balance) λεπτά"
 }
 
+preview_day() {
+    press ctrl+p
+    wait_until "προεπισκόπηση" window_has_keyboard 'Ταμείο ημέρας'
+    picture 5-preview
+    press Escape
+    go_to_window '^Lorvan'
+}
+
 leave() {
     # Description, expense, memorandum, cheque, insert, list, closing, exit.
     press Tab Tab Tab Tab Tab Tab Tab Tab Return
     go_to_window 'Εξοδος από το πρόγραμμα'
-    picture 5-exit
+    picture 6-exit
     press Return
     local status=0
     timeout "$patience" tail --pid="$lorvan" -f /dev/null || fail "το πρόγραμμα δεν τελειώνει"
@@ -172,5 +185,6 @@ start_display
 start_program
 sign_in
 enter_movement
+preview_day
 leave
 say "τέλος, όλα σωστά"
