@@ -27,8 +27,9 @@ struct BookRepair {
 /// only in the balances. Nothing else is changed. Both files are copied first, beside the originals, under the same
 /// lock as the repair itself. `book` has the auxiliary database attached as `auxiliary`, `keys` holds the keys of both
 /// files. The caller must keep other computers out. One row
-/// in the journal tells the counts. Throws NotPermitted, SqlError and BookCopyFailed; the book is then unchanged, and
-/// a copy remains only if the last step failed for another reason than a full disk.
+/// in the journal tells the counts, with a digest of all rows that were changed; the first hundred of these have rows
+/// of their own, with what they held before and after. Throws NotPermitted, SqlError and BookCopyFailed; the book is
+/// then unchanged, and a copy remains only if the last step failed for another reason than a full disk.
 [[nodiscard]] BookRepair repairBook(
     Connection& book, const BookFiles& files, KeyRing& keys, const Authority& authority, const CheckProgress& progress);
 

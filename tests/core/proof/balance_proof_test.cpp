@@ -141,6 +141,10 @@ TEST(BalanceProof, guessesNoOpeningBalanceWhereTheJournalTellsOfNone)
     EXPECT_EQ(proof.findings.byKind().at(FindingKind::CarryAltered).first.at(0).day, 20240302);
     const BookRepair repair = repairBook(both, temporary.files(), testKeys(), byAll(), [](auto, auto) {});
     EXPECT_EQ(repair.keptDifferences, 0);
+    EXPECT_EQ(valueOf(both, "SELECT group_concat(subject || before || after) FROM journal WHERE action='correct'"),
+        R"(day/20240301{"ejoda":0,"esoda":140000,"ypoloipo":140500}{"ejoda":0,"esoda":140000,"ypoloipo":140000},)"
+        R"(day/20240302{"ejoda":0,"esoda":130000,"ypoloipo":270500}{"ejoda":0,"esoda":130000,"ypoloipo":270000},)"
+        R"(day/20240303{"ejoda":0,"esoda":130000,"ypoloipo":400500}{"ejoda":0,"esoda":130000,"ypoloipo":400000})");
     EXPECT_TRUE(proveBalancesAndSeals(both).isProved());
 }
 
