@@ -163,6 +163,14 @@ std::optional<ClosedDay> CashBook::close(QDate day)
     return closeDay(both, m_authority, day);
 }
 
+bool CashBook::keepCount(QDate day, const CountedCash& counted)
+{
+    if (m_book.main().isReadOnly())
+        return keepCountedCash(m_book.auxiliary(), m_authority, day, counted);
+    Connection both = m_book.openBoth();
+    return keepCountedCash(both, m_authority, day, counted);
+}
+
 std::optional<DaySeal> CashBook::sealOf(QDate day)
 {
     return lastSealOf(m_book.auxiliary(), day);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cashbook/cash_closing.h"
+#include "cashbook/counted_cash.h"
 #include "cashbook/day_seal.h"
 #include "cashbook/day_view.h"
 #include "cashbook/movement_validation.h"
@@ -79,6 +80,9 @@ public:
     /// Closes the day's cash; returns no value if it was closed already. Where the main database cannot be written, the
     /// journal records it when it is found, and there is no seal yet. Throws NotPermitted without the right to close.
     std::optional<ClosedDay> close(QDate day);
+
+    /// Stores what was counted at the end of the day, see keepCountedCash().
+    bool keepCount(QDate day, const CountedCash& counted);
 
     /// The day's last seal.
     [[nodiscard]] std::optional<DaySeal> sealOf(QDate day);

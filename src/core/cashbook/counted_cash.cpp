@@ -1,6 +1,7 @@
 #include "cashbook/counted_cash.h"
 
 #include "cashbook/day_seal.h"
+#include "journal/journal.h"
 #include "platform/amount_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
@@ -35,12 +36,17 @@ std::optional<CountedCash> CountedCash::fromJson(const QString& json)
 
 QString CountedCash::toJson() const
 {
+    return QString::fromUtf8(QJsonDocument(state()).toJson(QJsonDocument::Compact));
+}
+
+QJsonObject CountedCash::state() const
+{
     QJsonObject object;
     for (std::size_t kind = 0; kind < worths.size(); ++kind) {
         if (m_counts.at(kind) != 0)
             object[nameOf(kind)] = qint64(m_counts.at(kind));
     }
-    return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
+    return object;
 }
 
 QString CountedCash::worthText(std::size_t kind)
@@ -64,14 +70,20 @@ Currency CountedCash::sum() const
     return sum;
 }
 
-bool keepCountedCash(Connection& auxiliary, const Authority& authority, QDate day, const CountedCash& counted)
+bool keepCountedCash(Connection& book, const Authority& authority, QDate day, const CountedCash& counted)
 {
     authority.require(Right::CloseCash);
-    Transaction writing(auxiliary, authority);
-    const auto seal = lastSealOf(auxiliary, day);
+    Transaction writing(book, authority);
+    const auto seal = lastSealOf(book, day);
     if (!seal)
         return false;
-    auxiliary.prepare("UPDATE seals SET counted=? WHERE id=?").bind(counted.toJson(), seal->id).run();
+    const auto before = countedCashOf(book, day);
+    if (before == counted)
+        return true;
+    recordChange(book, authority,
+        {JournalAction::Count, journal_subject::day(day), day, {}, before ? before->state() : QJsonObject(),
+            counted.state()});
+    book.prepare("UPDATE seals SET counted=? WHERE id=?").bind(counted.toJson(), seal->id).run();
     writing.commit();
     return true;
 }

@@ -3,6 +3,7 @@
 #include "platform/currency.h"
 
 #include <QDate>
+#include <QJsonObject>
 #include <QString>
 
 #include <array>
@@ -26,6 +27,8 @@ public:
     /// The form of `seals.counted`, see docs/data-files.md. No value if the text is none of it.
     [[nodiscard]] static std::optional<CountedCash> fromJson(const QString& json);
     [[nodiscard]] QString toJson() const;
+    /// The same object: what the journal tells of a count.
+    [[nodiscard]] QJsonObject state() const;
 
     /// "500" for a note, "2" or "0,50" for a coin, in euros.
     [[nodiscard]] static QString worthText(std::size_t kind);
@@ -41,9 +44,11 @@ private:
     std::array<std::int64_t, worths.size()> m_counts{};
 };
 
-/// Stores what was counted at the end of the day with its last seal, in one transaction over the auxiliary database.
-/// Returns false if the day has no seal. Throws NotPermitted without the right to close, and SqlError.
-bool keepCountedCash(Connection& auxiliary, const Authority& authority, QDate day, const CountedCash& counted);
+/// Stores what was counted at the end of the day with its last seal, with a row in the journal, in one transaction over
+/// `book`, which holds both databases or, if the main one cannot be written, only the auxiliary one. Writes nothing if
+/// it is there already. Returns false if the day has no seal. Throws NotPermitted without the right to close, and
+/// SqlError.
+bool keepCountedCash(Connection& book, const Authority& authority, QDate day, const CountedCash& counted);
 
 /// What was counted last for the day, whichever of its seals it was stored with.
 [[nodiscard]] std::optional<CountedCash> countedCashOf(Connection& auxiliary, QDate day);

@@ -16,7 +16,7 @@
 namespace lorvan {
 namespace {
 
-constexpr std::array<std::pair<JournalAction, const char*>, 16> words{{
+constexpr std::array<std::pair<JournalAction, const char*>, 17> words{{
     {JournalAction::Begin, "begin"},
     {JournalAction::Insert, "insert"},
     {JournalAction::Modify, "modify"},
@@ -32,6 +32,7 @@ constexpr std::array<std::pair<JournalAction, const char*>, 16> words{{
     {JournalAction::Restore, "restore"},
     {JournalAction::Clear, "clear"},
     {JournalAction::Found, "found"},
+    {JournalAction::Count, "count"},
     {JournalAction::Accept, "accept"},
 }};
 

@@ -32,6 +32,7 @@ enum class JournalAction {
     Restore,
     Clear, ///< All data were deleted.
     Found, ///< Changed without the journal, and found later.
+    Count, ///< The cash was counted.
     Accept ///< A finding of the check was accepted.
 };
 

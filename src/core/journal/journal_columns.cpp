@@ -36,7 +36,7 @@ const Columns& dayColumns()
     static const Columns columns{{"hmeraklhsimatos", "Ημέρα που έκλεισε", Form::Day, never},
         {"esoda", "Έσοδα", Form::Amount}, {"ejoda", "Έξοδα", Form::Amount}, {"ypoloipo", "Υπόλοιπο", Form::Amount},
         {"aa", "Αριθμός κλεισίματος", Form::Number, never}, {"seal", "Σφραγίδα που δεν συμφωνεί", Form::Number},
-        {"carried", "Διαφορά μεταφοράς", Form::Amount}};
+        {"counted", "Καταμέτρηση"}, {"carried", "Διαφορά μεταφοράς", Form::Amount}};
     return columns;
 }
 
@@ -177,6 +177,9 @@ JournalColumn otherJournalColumn(const JournalRow& row, const QString& name)
     const QDate day = row.subject == QLatin1String("book") ? dateFromStored(name.toLongLong()) : QDate();
     if (day.isValid())
         return {name, QStringLiteral("Διαφορά ανοίγματος της ") + dateText(day), Form::Amount};
+    constexpr qint64 unitsPerCent = Currency::unitsPerCent;
+    if (const qint64 worth = name.toLongLong(); worth > 0 && row.action == journalWord(JournalAction::Count))
+        return {name, QStringLiteral("Τεμάχια των ") + exactAmount(worth * unitsPerCent), Form::Number};
     return {name, name};
 }
 

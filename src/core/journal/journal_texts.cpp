@@ -69,6 +69,8 @@ QString alone(JournalAction action)
         return QStringLiteral("Εισαγωγή από αρχείο");
     case JournalAction::Restore:
         return QStringLiteral("Επαναφορά αντιγράφου");
+    case JournalAction::Count:
+        return QStringLiteral("Καταμέτρηση ταμείου");
     case JournalAction::Clear:
         return QStringLiteral("Διαγραφή όλων των στοιχείων");
     default:

@@ -43,6 +43,7 @@ enum class FindingKind {
     /// with `rows` sealed days in all, of which this is the first.
     CarryAltered,
     OpeningAltered, ///< An opening difference is not as the journal says.
+    CountAltered, ///< The cash counted on a day is not what the journal says.
     MovementAltered, ///< A movement is not as the journal says; `day` is 0 if it is gone.
     CodeAltered, ///< A code, `key` is its row.
     GroupAltered,

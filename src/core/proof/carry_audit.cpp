@@ -1,6 +1,7 @@
 #include "proof/carry_audit.h"
 
 #include "platform/date_text.h"
+#include "proof/count_audit.h"
 #include "proof/seal_chain.h"
 
 #include <QJsonDocument>
@@ -128,7 +129,7 @@ void CarryAudit::takeOfDay(const JournalRow& row)
     const QJsonObject state = QJsonDocument::fromJson(row.after.value_or(QString()).toUtf8()).object();
     if (const QJsonValue moved = state[QLatin1String(acceptedCarry)]; !moved.isUndefined())
         add(placeOf(*row.day), wrapped(moved.toInteger()));
-    else
+    else if (!state.contains(QLatin1String(acceptedCount)))
         m_unknown.push_back({row.id, *row.day});
 }
 

@@ -210,6 +210,8 @@ const Wording& wordingOf(FindingKind kind)
                 carryLine}},
         {FindingKind::OpeningAltered,
             {QStringLiteral("Υπόλοιπα ανοίγματος που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), dayLine}},
+        {FindingKind::CountAltered,
+            {QStringLiteral("Καταμετρήσεις που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), dayLine}},
         {FindingKind::MovementAltered,
             {QStringLiteral("Κινήσεις που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση"), alteredMovementLine}},
         {FindingKind::CodeAltered,

@@ -94,6 +94,12 @@ QString openingAlteredText(const Finding& finding)
         .arg(storedDayText(finding.day));
 }
 
+QString countText(const Finding& finding)
+{
+    return QStringLiteral("Η καταμέτρηση της %1 άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση")
+        .arg(storedDayText(finding.day));
+}
+
 QString sealWithoutJournalText(const Finding& finding)
 {
     return QStringLiteral("Η εγγραφή της σφραγίδας της %1 λείπει από το ημερολόγιο").arg(storedDayText(finding.day));
@@ -110,7 +116,7 @@ constexpr std::pair<Kind, QString (*)(const Finding&)> sentences[] = {{Kind::Day
     {Kind::DaySums, sumsText}, {Kind::MissingDay, missingText}, {Kind::RepeatedDay, repeatedText},
     {Kind::DayWithoutDate, withoutDateText}, {Kind::SumTooLarge, tooLargeText}, {Kind::SealedDayAltered, sealedDayText},
     {Kind::OpeningAltered, openingAlteredText}, {Kind::CarryAltered, carryText}, {Kind::SealMissing, sealMissingText},
-    {Kind::SealBroken, sealText}, {Kind::SealWithoutJournal, sealWithoutJournalText},
+    {Kind::SealBroken, sealText}, {Kind::SealWithoutJournal, sealWithoutJournalText}, {Kind::CountAltered, countText},
     {Kind::JournalBroken, journalText}, {Kind::OpeningNotKept, openingText}};
 
 QString othersText(std::int64_t days)

@@ -3,6 +3,7 @@
 #include "cashbook/seal_record.h"
 #include "journal/hash_text.h"
 #include "journal/journal_audit.h"
+#include "proof/count_audit.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -87,9 +88,12 @@ void SealPromises::noteDay(const JournalRow& row, bool isWhole)
 /// Only what was found then is accepted: a day that has lost another seal since is not.
 void SealPromises::acceptDay(const JournalRow& row)
 {
+    const QJsonObject state = objectIn(row.after);
+    if (state.contains(QLatin1String(acceptedCount)))
+        return; // that of a count seals nothing
     Day& day = m_days[*row.day];
     day.isAltered = false;
-    if (objectIn(row.after)[QLatin1String(acceptedFind)].toString() == foundIn(day.lost))
+    if (state[QLatin1String(acceptedFind)].toString() == foundIn(day.lost))
         day.lost.clear();
     promise(*row.day, row.hash);
 }

@@ -116,6 +116,8 @@ BookFindings SealReading::findings(const CarriedBalances& balances) const
         for (const TrailFault& fault : faults)
             all.add(findingOf(fault));
     }
+    for (const std::int64_t day : m_pass->counts().altered(m_seals))
+        all.add(findingOf({FindingKind::CountAltered, 0, day}));
     if (const auto moved = movedCarry(balances, altered))
         all.add(findingOf(*moved));
     return all;

@@ -1,6 +1,7 @@
 #include "proof/trail_acceptance.h"
 
 #include "cashbook/cash_closing.h"
+#include "cashbook/counted_cash.h"
 #include "cashbook/day_seal.h"
 #include "cashbook/journal_states.h"
 #include "cashbook/journalled_opening.h"
@@ -13,6 +14,7 @@
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
+#include "proof/count_audit.h"
 #include "proof/trail_audit.h"
 
 #include <QJsonDocument>
@@ -99,6 +101,10 @@ void accept(Connection& book, const Authority& authority, const TrailFault& faul
     case FindingKind::CarryAltered:
         acceptDay(book, authority, day, fault);
         return;
+    case FindingKind::CountAltered:
+        entry.subject = journal_subject::day(day);
+        entry.after = {{QLatin1String(acceptedCount), countedCashOf(book, day).value_or(CountedCash()).state()}};
+        break;
     case FindingKind::OpeningAltered:
         acceptOpenings(book, authority);
         return;

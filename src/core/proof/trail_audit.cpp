@@ -49,6 +49,8 @@ public:
         compareDays();
         for (const TrailFault& fault : alteredOpenings(m_book))
             m_audit.faults.push_back(fault);
+        for (const std::int64_t day : m_pass.counts().altered(m_seals))
+            m_audit.faults.push_back({FindingKind::CountAltered, 0, day});
         compareMovements();
         compareCodes();
         compareGroups();

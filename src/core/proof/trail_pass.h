@@ -2,6 +2,7 @@
 
 #include "journal/journal_audit.h"
 #include "proof/carry_audit.h"
+#include "proof/count_audit.h"
 #include "proof/seal_chain.h"
 #include "proof/seal_promises.h"
 
@@ -24,6 +25,7 @@ public:
         const bool isWhole = m_journal.take(row);
         m_promises.take(row, isWhole);
         m_carries.take(row);
+        m_counts.take(row);
     }
 
     [[nodiscard]] const JournalAudit& journal() const { return m_journal.audit(); }
@@ -31,11 +33,13 @@ public:
     [[nodiscard]] JournalAudit takeJournal() { return std::move(m_journal).result(); }
     [[nodiscard]] const SealPromises& promises() const { return m_promises; }
     [[nodiscard]] const CarryAudit& carries() const { return m_carries; }
+    [[nodiscard]] const CountAudit& counts() const { return m_counts; }
 
 private:
     JournalAuditing m_journal;
     SealPromises m_promises;
     CarryAudit m_carries;
+    CountAudit m_counts;
 };
 
 } // namespace lorvan

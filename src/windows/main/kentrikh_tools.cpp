@@ -177,7 +177,7 @@ bool Kentrikh::askForCount(QDate day)
         return true;
     CountWindow window(day, seal->balance, countedCashOf(m_book.auxiliary(), day).value_or(CountedCash()), this);
     window.setKeeping([this, day, &window](const CountedCash& counted) {
-        return !refusedByMarker(&window) && keepCountedCash(m_book.auxiliary(), m_authority, day, counted);
+        return !refusedByMarker(&window) && CashBook(m_book, m_authority).keepCount(day, counted);
     });
     return window.exec() == QDialog::Accepted && !m_closed;
 }

@@ -242,6 +242,26 @@ TEST_F(TrailTest, aCarriedBalanceMovesOnlyByWhatTheJournalTells)
     }
 }
 
+TEST_F(TrailTest, whatWasCountedIsWhatTheJournalTells)
+{
+    CountedCash counted;
+    counted.setCount(6, 3);
+    EXPECT_TRUE(cashBook.keepCount(monday, counted));
+    EXPECT_TRUE(cashBook.keepCount(monday, counted)) << "the same: no row";
+    counted.setCount(10, 7);
+    EXPECT_TRUE(cashBook.keepCount(monday, counted));
+    EXPECT_EQ(valueOf(book.main(), lastRow), R"(count day/20240311 20240311 - Σοφία {"500":3} {"20":7,"500":3})");
+    EXPECT_EQ(valueOf(book.main(), "SELECT count(*) FROM journal WHERE action='count'"), "2");
+    EXPECT_EQ(faults(), "");
+    for (const std::string other : {R"('{"500":3}')", "NULL", "'x'"}) {
+        temporary.openAuxiliary().execute("UPDATE seals SET counted=" + other);
+        EXPECT_EQ(faults(), fault(FindingKind::CountAltered, 0)) << other;
+        Connection opened = both();
+        EXPECT_EQ(acceptFaults(opened, byAll()), 1);
+        temporary.openAuxiliary().execute("UPDATE seals SET counted='{\"500\":1}'");
+    }
+}
+
 TEST_F(TrailTest, aSealedDayThatWasOpenedAroundTheProgramIsNotSealedAgain)
 {
     for (const char* const gone : {"", "DELETE FROM seals"}) {
