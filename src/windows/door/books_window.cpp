@@ -200,6 +200,7 @@ void BooksWindow::refill(const QString& selected)
     m_model->setBooks(books);
     const int row = selected.isEmpty() ? 0 : std::max(0, m_model->rowOf(selected));
     m_list->setCurrentIndex(m_model->index(row, 0));
+    m_list->setFocus(Qt::OtherFocusReason); // never on to a button that nobody meant
     followSelection();
     const auto look = [this, books = std::move(books)] {
         for (std::size_t i = 0; i < books.size() && !m_looks.isCancelled(); ++i)
@@ -250,7 +251,9 @@ void BooksWindow::describe(int row)
     QString text = row < 0 ? QString() : m_model->book(row).settings.dataFolder;
     if (const auto& look = row < 0 ? std::nullopt : m_model->look(row)) {
         if (!look->trouble.isEmpty())
-            text = look->trouble;
+            text = look->trouble.section(QStringLiteral("\n\n"), 0, 0); // the engine's own words are in the box
+        if (look->condition == BookCondition::Damaged)
+            text += QStringLiteral(" Το βιβλίο επανέρχεται «Από αντίγραφο».");
         else if (look->condition == BookCondition::Missing)
             text = QStringLiteral("Στον φάκελο %1 δεν βρέθηκε βιβλίο. Ίσως λείπει ο δίσκος ή το δίκτυο.").arg(text);
         else if (look->condition == BookCondition::OlderFormat)
@@ -282,7 +285,7 @@ void BooksWindow::openSelected()
         m_model->setLook(row, lookAtBook(settings.dataFolder));
         if (m_model->look(row)->condition != BookCondition::Ready) {
             showMessage(this, QMessageBox::Warning, QStringLiteral("Προσοχή"), QStringLiteral("Το βιβλίο δεν ανοίγει."),
-                m_about->text());
+                look->trouble.isEmpty() ? m_about->text() : look->trouble);
             return;
         }
     }
@@ -293,7 +296,6 @@ void BooksWindow::take(const DataFolderSettings& book)
 {
     guarded(this, [&] { m_choice.add(book); });
     refill(book.dataFolder);
-    m_list->setFocus(Qt::OtherFocusReason);
 }
 
 void BooksWindow::addExisting()
@@ -338,7 +340,7 @@ void BooksWindow::forgetSelected()
     const DataFolderSettings settings = m_model->book(row).settings;
     if (!askOkCancel(this, QMessageBox::Question, QStringLiteral("Αφαίρεση από τη λίστα"),
             QStringLiteral("Να αφαιρεθεί το «%1» από τη λίστα;").arg(shortened(settings.heading)),
-            QStringLiteral("Τα αρχεία του μένουν στον φάκελο %1.").arg(settings.dataFolder)))
+            QStringLiteral("Τα αρχεία του μένουν στον φάκελο %1.").arg(settings.dataFolder), DefaultAnswer::No))
         return;
     guarded(this, [&] { m_choice.forget(settings.dataFolder); });
     refill();
