@@ -71,7 +71,7 @@ void SearchModel::showHits(const SearchHit* lastNeeded)
             ++end;
         if (end == row)
             continue;
-        insertRows(
+        insertHits(
             row, hits.begin() + static_cast<std::ptrdiff_t>(row), hits.begin() + static_cast<std::ptrdiff_t>(end));
         row = end - 1;
     }
@@ -90,7 +90,7 @@ void SearchModel::removeRowsAfter(const SearchHit* last)
     endRemoveRows();
 }
 
-void SearchModel::insertRows(std::size_t first, std::vector<const SearchHit*>::const_iterator begin,
+void SearchModel::insertHits(std::size_t first, std::vector<const SearchHit*>::const_iterator begin,
     std::vector<const SearchHit*>::const_iterator end)
 {
     const int row = static_cast<int>(first);

@@ -44,7 +44,7 @@ public:
 private:
     void showHits(const SearchHit* lastNeeded);
     void removeRowsAfter(const SearchHit* last);
-    void insertRows(std::size_t first, std::vector<const SearchHit*>::const_iterator begin,
+    void insertHits(std::size_t first, std::vector<const SearchHit*>::const_iterator begin,
         std::vector<const SearchHit*>::const_iterator end);
     [[nodiscard]] QString textOf(const SearchHit& hit, int column) const;
 
