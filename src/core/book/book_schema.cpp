@@ -120,7 +120,7 @@ CREATE TABLE codes (
 struct Index {
     QString table;
     QString column;
-    QString carried = {}; ///< Further columns, so that a sum need not read the rows.
+    QString carried = {}; ///< Further columns, so that sums and cheques need not read the rows.
     QString condition = {}; ///< Of the rows that are in it, without blanks; empty for all rows.
 };
 
@@ -129,7 +129,8 @@ const std::vector<Index>& mainIndexes()
     static const std::vector<Index> indexes{
         {QStringLiteral("kinhseis"), QStringLiteral("hmeromhnia")},
         {QStringLiteral("kinhseis"), QStringLiteral("kvdikos"), QStringLiteral(", hmeromhnia, esoda, ejoda, L_tajeos")},
-        {QStringLiteral("kinhseis"), QStringLiteral("hmeromhnia"), {}, QLatin1String(chequeCondition)},
+        {QStringLiteral("kinhseis"), QStringLiteral("hmeromhnia"),
+            QStringLiteral(", kvdikos, perigrafh, esoda, ejoda, epitagh, L_tajeos"), QLatin1String(chequeCondition)},
         {QStringLiteral("tameio"), QStringLiteral("hmeromhnia")},
         {QStringLiteral("kvdikoi"), QStringLiteral("kvdikos")},
     };
