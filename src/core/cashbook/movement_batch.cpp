@@ -84,13 +84,26 @@ std::optional<MovementRefusal> MovementBatch::add(const MovementDraft& draft)
     if (const auto* const refusal = std::get_if<MovementRefusal>(&outcome))
         return *refusal;
     addMovement(m_main, draft, std::get<MovementCode>(outcome).group);
-    m_differences[draft.day] += draft.income - draft.expense;
+    Added& added = m_added[draft.day];
+    added.income += draft.income;
+    added.expense += draft.expense;
     return std::nullopt;
 }
 
-/// The days before it are correct by now, so the balance carried into it is correct.
-qint64 MovementBatch::settleDay(QDate day)
+bool MovementBatch::hadMovements(QDate day)
 {
+    return m_main.prepare("SELECT 1 FROM kinhseis WHERE hmeromhnia=? AND aa<=?").bind(day, m_lastKeyBefore).step();
+}
+
+/// The days before it are correct by now, so the balance carried into it is correct. A day that was empty holds what
+/// was added and nothing else, so its movements need not be read again.
+qint64 MovementBatch::settleDay(QDate day, const Added& added)
+{
+    if (!hadMovements(day)) {
+        const Currency balance = carriedBalance(m_main, day).balance + added.income - added.expense;
+        writeCashDay(m_main, day, {added.income, added.expense, balance});
+        return 0;
+    }
     const DayView view = readDay(m_main, day);
     writeCashDay(m_main, day, view.figures);
     return countRepeated(view.movements, m_lastKeyBefore);
@@ -101,16 +114,16 @@ qint64 MovementBatch::settle(const std::function<void(qint64, qint64)>& progress
     qint64 repeated = 0;
     qint64 settled = 0;
     Currency moved;
-    for (auto each = m_differences.begin(); each != m_differences.end(); ++each) {
-        const auto& [day, difference] = *each;
-        repeated += settleDay(day);
-        moved += difference;
-        if (const auto next = std::next(each); next != m_differences.end())
+    for (auto each = m_added.begin(); each != m_added.end(); ++each) {
+        const auto& [day, added] = *each;
+        repeated += settleDay(day, added);
+        moved += added.income - added.expense;
+        if (const auto next = std::next(each); next != m_added.end())
             shiftDaysBetween(m_main, day, next->first, moved);
         else
             shiftLaterDays(m_main, day, moved);
         if (progress)
-            progress(++settled, static_cast<qint64>(m_differences.size()));
+            progress(++settled, static_cast<qint64>(m_added.size()));
     }
     return repeated;
 }
@@ -118,7 +131,7 @@ qint64 MovementBatch::settle(const std::function<void(qint64, qint64)>& progress
 std::vector<QDate> MovementBatch::days() const
 {
     std::vector<QDate> days;
-    for (const auto& [day, difference] : m_differences)
+    for (const auto& [day, added] : m_added)
         days.push_back(day);
     return days;
 }

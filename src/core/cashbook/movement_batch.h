@@ -41,7 +41,12 @@ public:
 private:
     [[nodiscard]] bool mayChange(QDate day);
     [[nodiscard]] std::variant<MovementCode, MovementRefusal> validate(const MovementDraft& draft);
-    [[nodiscard]] qint64 settleDay(QDate day);
+    struct Added {
+        Currency income;
+        Currency expense;
+    };
+    [[nodiscard]] bool hadMovements(QDate day);
+    [[nodiscard]] qint64 settleDay(QDate day, const Added& added);
 
     Connection& m_main;
     Connection& m_auxiliary;
@@ -49,7 +54,7 @@ private:
     const qint64 m_lastKeyBefore;
     std::map<qint32, std::optional<MovementCode>> m_codes;
     std::map<QDate, bool> m_mayChange;
-    std::map<QDate, Currency> m_differences; ///< By how much each day's movements change the balance.
+    std::map<QDate, Added> m_added; ///< The sums of the movements that each day got.
 };
 
 } // namespace lorvan

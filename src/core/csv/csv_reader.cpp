@@ -5,6 +5,8 @@
 
 #include <QIODevice>
 
+#include <algorithm>
+
 namespace lorvan {
 namespace {
 
@@ -105,10 +107,21 @@ QString CsvReader::readQuoted(CsvField& field)
         if (each == '"')
             take();
         field.bytes += static_cast<char>(each);
+        const qsizetype run = plainBytesAhead();
+        field.bytes.append(m_buffer.constData() + m_next, run);
+        m_next += run;
     }
     if (peek() == m_separator || atLineEnd())
         return {};
     return QStringLiteral("μετά τα εισαγωγικά που κλείνουν υπάρχει και άλλο κείμενο");
+}
+
+/// How many bytes of the buffer come before one that may end a plain field.
+qsizetype CsvReader::plainBytesAhead() const
+{
+    const auto ends = [this](char c) { return c == m_separator || c == '\n' || c == '\r' || c == '"'; };
+    const auto begin = m_buffer.cbegin() + m_next;
+    return std::find_if(begin, m_buffer.cend(), ends) - begin;
 }
 
 QString CsvReader::readPlain(CsvField& field)
@@ -118,7 +131,9 @@ QString CsvReader::readPlain(CsvField& field)
             return QStringLiteral("εισαγωγικά μέσα σε πεδίο που δεν αρχίζει με εισαγωγικά");
         if (field.bytes.size() > longestField)
             return QStringLiteral("το πεδίο είναι υπερβολικά μεγάλο");
-        field.bytes += static_cast<char>(take());
+        const qsizetype run = plainBytesAhead();
+        field.bytes.append(m_buffer.constData() + m_next, run);
+        m_next += run;
     }
     return {};
 }
@@ -128,29 +143,47 @@ QString CsvReader::readField(CsvField& field)
     return peek() == '"' ? readQuoted(field) : readPlain(field);
 }
 
+/// The fields of one line. Those of the row before are overwritten, so that their memory serves again.
+QString CsvReader::readRow(CsvRow& row)
+{
+    std::size_t count = 0;
+    for (qsizetype length = 0;; take()) {
+        if (count == row.fields.size())
+            row.fields.emplace_back();
+        CsvField& field = row.fields[count++];
+        field.bytes.resize(0);
+        field.isQuoted = false;
+        QString fault = readField(field);
+        length += field.bytes.size();
+        if (fault.isEmpty() && peek() == m_separator)
+            fault = faultOfSize(count, length);
+        if (!fault.isEmpty())
+            return fault;
+        if (peek() != m_separator)
+            break;
+    }
+    row.fields.resize(count);
+    return {};
+}
+
 bool CsvReader::read(CsvRow& row)
 {
     while (peek() != end && atLineEnd())
         takeLineEnd();
-    row = {m_line, {}, {}};
-    if (peek() == end)
+    row.line = m_line;
+    row.fault.clear();
+    if (peek() == end) {
+        row.fields.clear();
         return false;
-    for (qsizetype length = 0;;) {
-        row.fault = readField(row.fields.emplace_back());
-        length += row.fields.back().bytes.size();
-        if (row.fault.isEmpty() && peek() == m_separator)
-            row.fault = faultOfSize(row.fields.size(), length);
-        if (!row.fault.isEmpty()) {
-            row.fields.clear();
-            skipLine();
-            return true;
-        }
-        if (peek() != m_separator) {
-            takeLineEnd();
-            return true;
-        }
-        take();
     }
+    row.fault = readRow(row);
+    if (row.fault.isEmpty()) {
+        takeLineEnd();
+    } else {
+        row.fields.clear();
+        skipLine();
+    }
+    return true;
 }
 
 } // namespace lorvan

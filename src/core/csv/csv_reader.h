@@ -50,6 +50,8 @@ private:
     [[nodiscard]] bool atLineEnd();
     void takeLineEnd();
     void skipLine();
+    [[nodiscard]] QString readRow(CsvRow& row);
+    [[nodiscard]] qsizetype plainBytesAhead() const;
     [[nodiscard]] QString readField(CsvField& field);
     [[nodiscard]] QString readQuoted(CsvField& field);
     [[nodiscard]] QString readPlain(CsvField& field);

@@ -50,14 +50,15 @@ void CsvTable::readTitles(const std::vector<CsvColumn>& columns)
         throw BadRow(QStringLiteral("το αρχείο είναι κενό"), BadRow::Reach::File);
     if (!m_row.fault.isEmpty())
         throw BadRow(m_row.fault, BadRow::Reach::File);
-    m_columnCount = m_row.fields.size();
-    for (std::size_t place = 0; place < m_columnCount; ++place) {
-        const QByteArray title = m_row.fields[place].bytes.trimmed();
+    for (const CsvField& each : m_row.fields) {
+        const QByteArray title = each.bytes.trimmed();
         if (!title.isValidUtf8())
             throw notUtf8();
-        if (!m_places.emplace(known(title, columns).name, place).second)
+        const QByteArray& name = known(title, columns).name;
+        if (has(name))
             throw BadRow(
                 QStringLiteral("η στήλη %1 υπάρχει δύο φορές").arg(QString::fromUtf8(title)), BadRow::Reach::File);
+        m_titles.push_back(name);
     }
     for (const CsvColumn& each : columns) {
         if (each.need == CsvColumn::Need::Required && !has(each.name))
@@ -71,28 +72,35 @@ bool CsvTable::next()
         return false;
     if (!m_row.fault.isEmpty())
         throw BadRow(m_row.fault);
-    if (m_row.fields.size() != m_columnCount)
+    if (m_row.fields.size() != m_titles.size())
         throw BadRow(
-            QStringLiteral("έχει %1 πεδία, ενώ οι στήλες είναι %2").arg(m_row.fields.size()).arg(m_columnCount));
+            QStringLiteral("έχει %1 πεδία, ενώ οι στήλες είναι %2").arg(m_row.fields.size()).arg(m_titles.size()));
     return true;
 }
 
-std::optional<QByteArray> CsvTable::field(const QByteArray& column) const
+/// There are ten columns at most.
+std::optional<std::size_t> CsvTable::placeOf(QByteArrayView column) const
 {
-    const auto place = m_places.find(column);
-    if (place == m_places.end())
+    const auto found = std::find(m_titles.begin(), m_titles.end(), column);
+    return found == m_titles.end() ? std::nullopt : std::optional(static_cast<std::size_t>(found - m_titles.begin()));
+}
+
+std::optional<QByteArray> CsvTable::field(QByteArrayView column) const
+{
+    const auto place = placeOf(column);
+    if (!place)
         return std::nullopt;
-    const CsvField& found = m_row.fields[place->second];
+    const CsvField& found = m_row.fields[*place];
     return found.bytes.isEmpty() && !found.isQuoted ? std::nullopt : std::optional(found.bytes);
 }
 
-QByteArray CsvTable::bytes(const QByteArray& column) const
+QByteArray CsvTable::bytes(QByteArrayView column) const
 {
-    const auto place = m_places.find(column);
-    return place == m_places.end() ? QByteArray() : m_row.fields[place->second].bytes;
+    const auto place = placeOf(column);
+    return place ? m_row.fields[*place].bytes : QByteArray();
 }
 
-template <typename Read> auto CsvTable::value(const QByteArray& column, Read read) const
+template <typename Read> auto CsvTable::value(QByteArrayView column, Read read) const
 {
     const QByteArray field = bytes(column);
     if (!field.isValidUtf8())
@@ -104,28 +112,28 @@ template <typename Read> auto CsvTable::value(const QByteArray& column, Read rea
     }
 }
 
-std::optional<QString> CsvTable::text(const QByteArray& column) const
+std::optional<QString> CsvTable::text(QByteArrayView column) const
 {
-    const auto place = m_places.find(column);
-    if (place == m_places.end())
+    const auto place = placeOf(column);
+    if (!place)
         return std::nullopt;
-    const CsvField& field = m_row.fields[place->second];
+    const CsvField& field = m_row.fields[*place];
     if (field.bytes.isEmpty() && !field.isQuoted)
         return std::nullopt;
     return field.bytes.isEmpty() ? QStringLiteral("") : value(column, textFromCsv); // a null text means no value
 }
 
-qint32 CsvTable::number(const QByteArray& column) const
+qint32 CsvTable::number(QByteArrayView column) const
 {
     return value(column, [](const QByteArray& field) { return numberFromCsv(field.trimmed()); });
 }
 
-qint32 CsvTable::number(const QByteArray& column, qint32 whereEmpty) const
+qint32 CsvTable::number(QByteArrayView column, qint32 whereEmpty) const
 {
     return bytes(column).isEmpty() ? whereEmpty : number(column);
 }
 
-qint64 CsvTable::longNumber(const QByteArray& column, qint64 whereEmpty) const
+qint64 CsvTable::longNumber(QByteArrayView column, qint64 whereEmpty) const
 {
     return value(column, [whereEmpty](const QByteArray& field) {
         bool fits = true;
@@ -136,18 +144,18 @@ qint64 CsvTable::longNumber(const QByteArray& column, qint64 whereEmpty) const
     });
 }
 
-QDate CsvTable::date(const QByteArray& column) const
+QDate CsvTable::date(QByteArrayView column) const
 {
     return value(column, [](const QByteArray& field) { return dateFromCsv(field.trimmed()); });
 }
 
-Currency CsvTable::amount(const QByteArray& column) const
+Currency CsvTable::amount(QByteArrayView column) const
 {
     return value(
         column, [](const QByteArray& field) { return field.isEmpty() ? Currency() : amountFromCsv(field.trimmed()); });
 }
 
-bool CsvTable::flag(const QByteArray& column, bool whereEmpty) const
+bool CsvTable::flag(QByteArrayView column, bool whereEmpty) const
 {
     return value(column,
         [whereEmpty](const QByteArray& field) { return field.isEmpty() ? whereEmpty : flagFromCsv(field.trimmed()); });

@@ -5,7 +5,6 @@
 
 #include <QFile>
 
-#include <map>
 #include <optional>
 #include <vector>
 
@@ -56,26 +55,26 @@ public:
     [[nodiscard]] qint64 size() const { return m_file.size(); }
 
     /// The field without its quotes; no value if the column is missing or the field is empty without quotes.
-    [[nodiscard]] std::optional<QByteArray> field(const QByteArray& column) const;
-    [[nodiscard]] bool has(const QByteArray& column) const { return m_places.contains(column); }
+    [[nodiscard]] std::optional<QByteArray> field(QByteArrayView column) const;
+    [[nodiscard]] bool has(QByteArrayView column) const { return placeOf(column).has_value(); }
     /// No value if the field is empty without quotes.
-    [[nodiscard]] std::optional<QString> text(const QByteArray& column) const;
-    [[nodiscard]] qint32 number(const QByteArray& column) const;
-    [[nodiscard]] qint32 number(const QByteArray& column, qint32 whereEmpty) const;
-    [[nodiscard]] qint64 longNumber(const QByteArray& column, qint64 whereEmpty) const;
-    [[nodiscard]] QDate date(const QByteArray& column) const;
-    [[nodiscard]] Currency amount(const QByteArray& column) const; ///< Zero if empty.
-    [[nodiscard]] bool flag(const QByteArray& column, bool whereEmpty) const;
+    [[nodiscard]] std::optional<QString> text(QByteArrayView column) const;
+    [[nodiscard]] qint32 number(QByteArrayView column) const;
+    [[nodiscard]] qint32 number(QByteArrayView column, qint32 whereEmpty) const;
+    [[nodiscard]] qint64 longNumber(QByteArrayView column, qint64 whereEmpty) const;
+    [[nodiscard]] QDate date(QByteArrayView column) const;
+    [[nodiscard]] Currency amount(QByteArrayView column) const; ///< Zero if empty.
+    [[nodiscard]] bool flag(QByteArrayView column, bool whereEmpty) const;
 
 private:
-    [[nodiscard]] QByteArray bytes(const QByteArray& column) const;
-    template <typename Read> [[nodiscard]] auto value(const QByteArray& column, Read read) const;
+    [[nodiscard]] std::optional<std::size_t> placeOf(QByteArrayView column) const;
+    [[nodiscard]] QByteArray bytes(QByteArrayView column) const;
+    template <typename Read> [[nodiscard]] auto value(QByteArrayView column, Read read) const;
 
     QFile m_file;
     CsvReader m_reader;
     CsvRow m_row;
-    std::size_t m_columnCount = 0;
-    std::map<QByteArray, std::size_t> m_places;
+    std::vector<QByteArray> m_titles; ///< Of the columns, in the order of the file.
 };
 
 } // namespace lorvan

@@ -2,6 +2,8 @@
 
 #include "platform/date_text.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 #include <charconv>
 #include <limits>
@@ -20,10 +22,15 @@ bool areDigits(QByteArrayView text)
 }
 
 /// Integer part and decimals are digits. No value if the amount is out of the range of Currency.
-std::optional<Currency> amountOf(bool isNegative, const QByteArray& digitsOfUnits)
+std::optional<Currency> amountOf(bool isNegative, QByteArrayView whole, QByteArrayView decimals)
 {
+    QVarLengthArray<char, 32> text;
+    if (isNegative)
+        text.append('-');
+    text.append(whole.data(), whole.size());
+    text.append(decimals.data(), decimals.size());
+    text.resize(text.size() + mostDecimals - decimals.size(), '0');
     std::int64_t count = 0;
-    const QByteArray text = (isNegative ? "-" : "") + digitsOfUnits;
     const auto read = std::from_chars(text.begin(), text.end(), count);
     return read.ec == std::errc() ? std::optional(Currency::fromTenThousandths(count)) : std::nullopt;
 }
@@ -49,10 +56,10 @@ QByteArray csvAmount(Currency amount)
 Currency amountFromCsv(const QByteArray& text)
 {
     const bool isNegative = text.startsWith('-');
-    const QByteArray size = text.mid(isNegative ? 1 : 0);
+    const QByteArrayView size = QByteArrayView(text).sliced(isNegative ? 1 : 0);
     const qsizetype point = size.indexOf('.');
-    const QByteArray whole = size.left(point < 0 ? size.size() : point);
-    const QByteArray decimals = point < 0 ? QByteArray() : size.mid(point + 1);
+    const QByteArrayView whole = size.first(point < 0 ? size.size() : point);
+    const QByteArrayView decimals = point < 0 ? QByteArrayView() : size.sliced(point + 1);
     if (!areDigits(whole) || (point >= 0 && !areDigits(decimals)))
         throw CsvValueError(QStringLiteral("το «%1» δεν είναι ποσό· τα ποσά γράφονται με τελεία για τα δεκαδικά και"
                                            " χωρίς διαχωριστικό χιλιάδων, όπως 1234.56")
@@ -64,7 +71,7 @@ Currency amountFromCsv(const QByteArray& text)
     if (decimals.size() > mostDecimals)
         throw CsvValueError(
             QStringLiteral("το ποσό «%1» έχει πάνω από τέσσερα δεκαδικά").arg(QString::fromLatin1(text)));
-    const auto amount = amountOf(isNegative, whole + decimals.leftJustified(mostDecimals, '0'));
+    const auto amount = amountOf(isNegative, whole, decimals);
     if (!amount)
         throw CsvValueError(QStringLiteral("το ποσό «%1» είναι μεγαλύτερο από όσο μπορεί να κρατήσει το ταμείο")
                                 .arg(QString::fromLatin1(text)));
@@ -79,9 +86,11 @@ QByteArray csvDate(std::int64_t stored)
 
 QDate dateFromCsv(const QByteArray& text)
 {
-    const bool hasForm = text.size() == 10 && text[4] == '-' && text[7] == '-' && areDigits(text.left(4))
-        && areDigits(text.mid(5, 2)) && areDigits(text.mid(8));
-    const QDate date = hasForm ? QDate(text.left(4).toInt(), text.mid(5, 2).toInt(), text.mid(8).toInt()) : QDate();
+    const QByteArrayView view(text);
+    const bool hasForm = view.size() == 10 && view[4] == '-' && view[7] == '-' && areDigits(view.first(4))
+        && areDigits(view.sliced(5, 2)) && areDigits(view.sliced(8));
+    const QDate date =
+        hasForm ? QDate(view.first(4).toInt(), view.sliced(5, 2).toInt(), view.sliced(8).toInt()) : QDate();
     if (!date.isValid())
         throw CsvValueError(
             QStringLiteral("το «%1» δεν είναι ημερομηνία· οι ημερομηνίες γράφονται έτος-μήνας-ημέρα, όπως 2026-11-23")

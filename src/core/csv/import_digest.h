@@ -17,6 +17,7 @@ public:
 
 private:
     QCryptographicHash m_hash{QCryptographicHash::Sha256};
+    QByteArray m_lines; ///< Of one row; kept, so that its memory serves again.
 };
 
 } // namespace lorvan

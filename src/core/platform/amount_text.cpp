@@ -3,11 +3,14 @@
 #include <QList>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <optional>
 
 namespace lorvan {
 namespace {
+
+constexpr std::size_t longestAmountText = 32; // characters; the least amount has 23
 
 struct Parts {
     bool negative = false;
@@ -98,11 +101,22 @@ QString amountText(Currency amount)
         negative ? 0 - static_cast<std::uint64_t>(units) : static_cast<std::uint64_t>(units);
     const std::uint64_t cents = (magnitude + Currency::unitsPerCent / 2) / Currency::unitsPerCent;
 
-    QString text = QString::number(cents / 100);
-    for (qsizetype i = text.size() - 3; i > 0; i -= 3)
-        text.insert(i, u'.');
-    text += u',' + QString::number(cents % 100).rightJustified(2, u'0');
-    return negative && cents != 0 ? u'-' + text : text;
+    std::array<char16_t, longestAmountText> text{};
+    auto front = text.end(); // written from the end
+    const auto put = [&front](std::uint64_t digit) { *--front = static_cast<char16_t>(u'0' + digit); };
+    put(cents % 10);
+    put(cents / 10 % 10);
+    *--front = u',';
+    std::uint64_t whole = cents / 100;
+    put(whole % 10);
+    for (int digits = 1; (whole /= 10) != 0; ++digits) {
+        if (digits % 3 == 0)
+            *--front = u'.';
+        put(whole % 10);
+    }
+    if (negative && cents != 0)
+        *--front = u'-';
+    return QStringView(front, text.end()).toString();
 }
 
 QString amountOrZeroText(Currency amount)
