@@ -17,6 +17,7 @@
 #include "look/remembered_size.h"
 #include "look/window_placement.h"
 #include "main/tab_band.h"
+#include "main/tools_button.h"
 #include "main/totals_bar.h"
 #include "platform/amount_text.h"
 #include "printing/printing_page.h"
@@ -80,10 +81,13 @@ Kentrikh::Kentrikh(
     connectTools();
     connectUndo();
     connectFigures();
+    m_band->tools()->beginGroup();
     connectBackup();
     connectExchange();
+    m_band->tools()->beginGroup();
     connectHelp();
     addReportKeys();
+    connectAbout();
 }
 
 Kentrikh::~Kentrikh() = default;

@@ -106,6 +106,7 @@ private:
     void connectUndo();
     void connectFigures();
     void connectHelp();
+    void connectAbout();
     void connectBackup();
     void connectExchange();
     void backUpNow();

@@ -1,9 +1,12 @@
+#include "book/version.h"
 #include "controls/key_binding.h"
 #include "controls/main_controls.h"
 #include "help/help_window.h"
+#include "look/message_window.h"
 #include "main/kentrikh.h"
 #include "main/tab_band.h"
 #include "main/tools_button.h"
+#include "platform/files/settings_store.h"
 
 #include <QAction>
 #include <QApplication>
@@ -40,6 +43,22 @@ void Kentrikh::connectHelp()
     bindKeys(KeyUse::Manual, this, Qt::ApplicationShortcut, [this] { openManual(); });
     const QString entry = QStringLiteral("Οδηγίες\t") + keysText(keyEntry(KeyUse::Manual));
     connect(m_band->tools()->add(QStringLiteral("manual"), entry), &QAction::triggered, this, &Kentrikh::openManual);
+}
+
+/// Program and book, as whoever is asked for help wants to know them.
+void Kentrikh::connectAbout()
+{
+    const QString title = QStringLiteral("Πληροφορίες");
+    const QAction* const about = m_band->tools()->add(QStringLiteral("about"), title);
+    connect(about, &QAction::triggered, this, [this, title] {
+        openTool([this, title] {
+            const QStringList details{QStringLiteral("Βιβλίο: ") + m_settings.dataFolder,
+                QStringLiteral("Ρυθμίσεις: ") + SettingsStore().path(),
+                QStringLiteral("Qt %1").arg(QLatin1String(qVersion()))};
+            showMessage(this, QMessageBox::Information, title,
+                QStringLiteral("Lorvan, έκδοση %1").arg(programVersion()), details.join(u'\r'));
+        });
+    });
 }
 
 /// At the chapter of the window or page that the user is on.

@@ -24,6 +24,11 @@ QAction* ToolsButton::add(const QString& objectName, const QString& text)
     return entry;
 }
 
+void ToolsButton::beginGroup()
+{
+    m_menu->addSeparator();
+}
+
 void ToolsButton::offer()
 {
     m_menu->setActiveAction(m_menu->actions().constFirst());

@@ -15,6 +15,8 @@ public:
 
     /// Adds an entry at the end; the window that holds the button connects it.
     QAction* add(const QString& objectName, const QString& text);
+    /// What is added from now on stands below a line.
+    void beginGroup();
 
 private:
     void offer();
