@@ -58,6 +58,10 @@ TEST(CsvReader, dividesRowsAndTellsTheLineOfEach)
         EXPECT_EQ(read(content), rows) << content.toStdString();
     EXPECT_EQ(read("a\n\"" + QByteArray(3 * CsvReader::longestField, 'x') + "\"\n2\n"), "1:a 2! ");
     EXPECT_EQ(read("a\n" + QByteArray(5'000'000, ',') + "\n2\n"), "1:a 2! 3:2 ");
+    for (int length = 65'520; length < 65'540; ++length) { // wherever a piece of the file ends
+        const QByteArray text(length, 'x');
+        EXPECT_EQ(read("a,b\n" + text + ",\"y\"\"z\"\r\n1,2\n"), "1:a|b 2:" + text.toStdString() + "|[y\"z] 3:1|2 ");
+    }
     const QByteArray wide = QByteArray(CsvReader::longestField / 2, 'x') + ',';
     EXPECT_EQ(read("a\n" + wide.repeated(40) + "\n2\n"), "1:a 2! 3:2 ");
 }
