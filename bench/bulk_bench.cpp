@@ -9,6 +9,8 @@
 #include "bare_sql.h"
 #include "book/book.h"
 #include "book/book_schema.h"
+#include "book/new_folder.h"
+#include "book/opened_book.h"
 #include "book_generator.h"
 #include "csv/book_export.h"
 #include "csv/csv_import.h"
@@ -17,8 +19,6 @@
 #include "platform/engine/transaction.h"
 #include "proof/opening_balance.h"
 #include "reports/cheque_report.h"
-#include "support/new_folder.h"
-#include "support/opened_book.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -127,7 +127,9 @@ double exportTo(const QString& book, const QString& csv)
     QDir(csv).removeRecursively();
     OpenedBook opened(book);
     NewFolder folder(csv);
-    return secondsOf([&] { (void)folder.keep(exportBook(opened, folder, Passwords::LeaveOut, {[](auto, auto) {}})); });
+    return secondsOf([&] {
+        (void)folder.keep(exportBook(opened.files(), opened.keys(), folder, Passwords::LeaveOut, {[](auto, auto) {}}));
+    });
 }
 
 double barePass(const QString& book)
