@@ -41,8 +41,11 @@ void addTable(ReportDocument& document, const BookPicture& picture)
     ReportTable table(document, tableFormat(picture.columns.size()), noQuestions);
     const QStringList empty(picture.columns.size(), QStringLiteral(" "));
     table.begin(1, picture.columns.join(u'|'), empty.join(u'|'));
-    for (const QStringList& row : picture.rows)
-        table.addRow(row);
+    for (std::size_t row = 0; row < picture.rows.size(); ++row) {
+        table.addRow(picture.rows[row]);
+        if (row < picture.codes.size())
+            document.RowStandsFor({RowSubject::Kind::Code, picture.codes[row]});
+    }
     document.SetFont({.bold = true});
     table.addTotals(picture.sums);
     document.SetFont({.bold = false});

@@ -172,6 +172,29 @@ TEST_F(GroupsWindowTest, aGroupThatAnotherComputerHasDeletedIsToldOf)
     EXPECT_EQ(groupOfCode(), "1/Πωλήσεις");
 }
 
+TEST_F(GroupsWindowTest, whatIsTypedAboveTheListFiltersIt)
+{
+    auto& filter = user->find<QLineEdit>("filterGroups");
+    const int rows = list().model()->rowCount();
+    const auto shown = [&] {
+        int count = 0;
+        for (int row = 0; row < rows; ++row)
+            count += list().isRowHidden(row) ? 0 : 1;
+        return count;
+    };
+    user->goTo(filter);
+    user->type("εξ");
+    EXPECT_EQ(shown(), 1);
+    user->press(Qt::Key_Escape);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(shown(), rows);
+    user->press(Qt::Key_Down);
+    EXPECT_EQ(user->focusName(), "DBList1");
+    user->goTo(filter);
+    user->press(Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
+}
+
 TEST_F(GroupsWindowTest, escapeLeavesUnlessItWouldLoseATypedName)
 {
     user->doubleClickRow(list(), 0);

@@ -1,6 +1,7 @@
 #include "look/remembered_size.h"
 #include "look/window_placement.h"
 #include "platform/files/settings_store.h"
+#include "windows/main_window_test.h"
 
 #include <gtest/gtest.h>
 
@@ -60,6 +61,21 @@ TEST(RememberedSize, isWhatTheUserLeftWithinTheScreen)
         rememberSize(&window);
         EXPECT_EQ(settings.value("Windows", "form"), "530 410");
     }
+}
+
+class MainWindowSize : public MainWindowTest { };
+
+TEST_F(MainWindowSize, ThatASmallScreenCutIsNotStoredForTheNextOne)
+{
+    const SettingsStore settings;
+    settings.write({{"Windows", "kentrikh", "5000 4000"}});
+    start();
+    window().end();
+    EXPECT_EQ(settings.value("Windows", "kentrikh"), "5000 4000");
+    start();
+    window().resize(760, 520);
+    window().end();
+    EXPECT_EQ(settings.value("Windows", "kentrikh"), "760 520");
 }
 
 } // namespace lorvan::test
