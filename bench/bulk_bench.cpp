@@ -9,7 +9,6 @@
 #include "bare_sql.h"
 #include "book/book.h"
 #include "book/book_schema.h"
-#include "book/new_folder.h"
 #include "book/opened_book.h"
 #include "book_generator.h"
 #include "csv/book_export.h"
@@ -17,6 +16,7 @@
 #include "platform/authority.h"
 #include "platform/date_text.h"
 #include "platform/engine/transaction.h"
+#include "platform/files/new_folder.h"
 #include "proof/opening_balance.h"
 #include "reports/cheque_report.h"
 

@@ -3,9 +3,9 @@
 #include "book/lock_trust.h"
 #include "book_generator.h"
 #include "cashbook/day_seal.h"
-#include "cashbook/journal_states.h"
-#include "cashbook/movement_store.h"
 #include "journal/journal.h"
+#include "movements/journal_states.h"
+#include "movements/movement_store.h"
 #include "platform/engine/transaction.h"
 #include "proof/balance_proof.h"
 

@@ -1,4 +1,4 @@
-#include "book/usage_marker.h"
+#include "marker/usage_marker.h"
 #include "support/files.h"
 #include "support/watched_disk.h"
 

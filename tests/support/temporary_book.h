@@ -2,7 +2,7 @@
 
 #include "book/book.h"
 #include "book/book_files.h"
-#include "cashbook/movement.h"
+#include "movements/movement.h"
 #include "platform/authority.h"
 #include "platform/clock.h"
 #include "platform/engine/connection.h"

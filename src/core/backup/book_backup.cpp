@@ -4,7 +4,7 @@
 #include "backup/book_proof.h"
 #include "backup/copy_writing.h"
 #include "book/book_files.h"
-#include "book/work_folder.h"
+#include "platform/files/work_folder.h"
 #include "platform/stop_check.h"
 
 #include <QFileInfo>

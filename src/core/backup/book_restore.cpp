@@ -6,10 +6,10 @@
 #include "backup/restore_record.h"
 #include "book/book_files.h"
 #include "book/pending_restore.h"
-#include "book/work_folder.h"
 #include "platform/authority.h"
 #include "platform/engine/key_ring.h"
 #include "platform/files/durable_files.h"
+#include "platform/files/work_folder.h"
 #include "platform/stop_check.h"
 
 #include <QDir>

@@ -2,7 +2,7 @@
 
 #include "book/book_schema.h"
 #include "book/lock_trust.h"
-#include "book/usage_marker.h"
+#include "marker/usage_marker.h"
 #include "platform/engine/sql_error.h"
 #include "platform/files/durable_files.h"
 

@@ -2,7 +2,7 @@
 
 #include "book/book.h"
 #include "book/schema_upgrade.h"
-#include "book/usage_marker.h"
+#include "marker/usage_marker.h"
 
 #include <functional>
 #include <stdexcept>

@@ -2,7 +2,7 @@
 
 #include "book/book.h"
 #include "book/lock_trust.h"
-#include "book/usage_marker.h"
+#include "marker/usage_marker.h"
 #include "platform/engine/transaction.h"
 
 #include <string>

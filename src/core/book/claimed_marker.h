@@ -1,6 +1,6 @@
 #pragma once
 
-#include "book/usage_marker.h"
+#include "marker/usage_marker.h"
 
 namespace lorvan {
 

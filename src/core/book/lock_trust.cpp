@@ -1,7 +1,7 @@
 #include "book/lock_trust.h"
 
 #include "book/book_files.h"
-#include "book/usage_marker.h"
+#include "marker/usage_marker.h"
 #include "platform/engine/key_ring.h"
 #include "platform/engine/sql_error.h"
 #include "platform/files/file.h"

@@ -5,7 +5,7 @@
 #include "book/pending_restore.h"
 #include "book/schema_guard.h"
 #include "book/schema_upgrade.h"
-#include "book/usage_marker.h"
+#include "marker/usage_marker.h"
 #include "platform/work.h"
 
 namespace lorvan {

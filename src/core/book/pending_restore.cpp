@@ -1,13 +1,13 @@
 #include "book/pending_restore.h"
 
 #include "book/book_files.h"
-#include "book/usage_marker.h"
-#include "book/work_folder.h"
+#include "marker/usage_marker.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/sql_error.h"
 #include "platform/engine/transaction.h"
 #include "platform/files/file.h"
 #include "platform/files/file_lock.h"
+#include "platform/files/work_folder.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>

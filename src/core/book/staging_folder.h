@@ -1,7 +1,7 @@
 #pragma once
 
 #include "book/book_files.h"
-#include "book/work_folder.h"
+#include "platform/files/work_folder.h"
 
 namespace lorvan {
 

@@ -1,10 +1,10 @@
 #include "cashbook/cash_book.h"
 
 #include "book/book.h"
-#include "cashbook/journal_states.h"
-#include "cashbook/movement_store.h"
 #include "cashbook/seal_record.h"
 #include "journal/journal.h"
+#include "movements/journal_states.h"
+#include "movements/movement_store.h"
 #include "platform/engine/steady_reading.h"
 #include "platform/engine/transaction.h"
 

@@ -3,8 +3,8 @@
 #include "cashbook/cash_closing.h"
 #include "cashbook/counted_cash.h"
 #include "cashbook/day_seal.h"
-#include "cashbook/day_view.h"
-#include "cashbook/movement_validation.h"
+#include "movements/day_view.h"
+#include "movements/movement_validation.h"
 #include "platform/authority.h"
 
 #include <functional>

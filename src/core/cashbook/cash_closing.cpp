@@ -1,10 +1,10 @@
 #include "cashbook/cash_closing.h"
 
-#include "cashbook/cash_day.h"
 #include "cashbook/day_seal.h"
 #include "cashbook/seal_record.h"
 #include "journal/check_code.h"
 #include "journal/journal.h"
+#include "movements/cash_day.h"
 #include "platform/amount_text.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"

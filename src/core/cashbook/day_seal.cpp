@@ -1,11 +1,11 @@
 #include "cashbook/day_seal.h"
 
 #include "cashbook/cash_closing.h"
-#include "cashbook/cash_day.h"
-#include "cashbook/movement_store.h"
 #include "cashbook/seal_record.h"
 #include "journal/check_code.h"
 #include "journal/journal.h"
+#include "movements/cash_day.h"
+#include "movements/movement_store.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/sliced_reading.h"

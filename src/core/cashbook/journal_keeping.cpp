@@ -2,8 +2,8 @@
 
 #include "book/row_counts.h"
 #include "cashbook/cash_closing.h"
-#include "cashbook/journalled_opening.h"
 #include "journal/journal.h"
+#include "movements/journalled_opening.h"
 #include "platform/engine/transaction.h"
 #include "users/user_accounts.h"
 

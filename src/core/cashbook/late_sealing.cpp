@@ -1,8 +1,8 @@
 #include "cashbook/late_sealing.h"
 
 #include "book/lock_trust.h"
-#include "book/usage_marker.h"
 #include "cashbook/day_seal.h"
+#include "marker/usage_marker.h"
 #include "platform/authority.h"
 #include "platform/stop_check.h"
 

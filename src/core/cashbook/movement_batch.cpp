@@ -1,8 +1,8 @@
 #include "cashbook/movement_batch.h"
 
 #include "cashbook/cash_closing.h"
-#include "cashbook/day_view.h"
-#include "cashbook/movement_store.h"
+#include "movements/day_view.h"
+#include "movements/movement_store.h"
 #include "platform/engine/connection.h"
 
 #include <iterator>

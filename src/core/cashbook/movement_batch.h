@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cashbook/movement_validation.h"
+#include "movements/movement_validation.h"
 #include "platform/authority.h"
 #include "platform/currency.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cashbook/cash_book.h"
-#include "cashbook/stored_change.h"
+#include "movements/stored_change.h"
 
 #include <optional>
 #include <vector>

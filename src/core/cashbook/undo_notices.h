@@ -1,7 +1,7 @@
 #pragma once
 
-#include "book/notices.h"
 #include "cashbook/undo_list.h"
+#include "marker/notices.h"
 
 namespace lorvan {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cashbook/movement_validation.h"
 #include "csv/csv_table.h"
+#include "movements/movement_validation.h"
 
 namespace lorvan::import_reasons {
 

@@ -2,9 +2,9 @@
 
 #include "backup/book_backup.h"
 #include "book/lock_trust.h"
-#include "book/new_folder.h"
 #include "csv/book_export.h"
 #include "platform/authority.h"
+#include "platform/files/new_folder.h"
 #include "platform/stop_check.h"
 
 #include <QDir>

@@ -1,13 +1,13 @@
 #include "demo/demo_book.h"
 
 #include "book/book.h"
-#include "cashbook/cash_day.h"
 #include "cashbook/day_seal.h"
 #include "cashbook/journal_keeping.h"
-#include "cashbook/movement_store.h"
 #include "demo/demo_ledger.h"
 #include "demo/demo_shop.h"
 #include "demo/working_days.h"
+#include "movements/cash_day.h"
+#include "movements/movement_store.h"
 #include "platform/engine/transaction.h"
 #include "users/user_accounts.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cashbook/movement.h"
+#include "movements/movement.h"
 
 #include <cstdint>
 #include <vector>

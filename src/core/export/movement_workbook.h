@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cashbook/movement.h"
 #include "export/xlsx_workbook.h"
+#include "movements/movement.h"
 
 namespace lorvan {
 

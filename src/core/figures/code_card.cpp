@@ -1,6 +1,6 @@
 #include "figures/code_card.h"
 
-#include "cashbook/movement_store.h"
+#include "movements/movement_store.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "cashbook/movement.h"
 #include "codes/code_catalogue.h"
 #include "document/chart.h"
 #include "figures/cash_figures.h"
+#include "movements/movement.h"
 
 #include <optional>
 #include <vector>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "proof/cash_day_audit.h"
+#include "audit/cash_day_audit.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #include "proof/balance_proof.h"
 
-#include "cashbook/movement_store.h"
+#include "audit/cash_day_findings.h"
+#include "movements/movement_store.h"
 #include "platform/engine/connection.h"
-#include "proof/cash_day_findings.h"
 #include "proof/seal_reading.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "audit/book_findings.h"
 #include "platform/engine/sliced_reading.h"
-#include "proof/book_findings.h"
 
 namespace lorvan {
 

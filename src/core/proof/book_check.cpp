@@ -1,5 +1,7 @@
 #include "proof/book_check.h"
 
+#include "audit/cash_day_findings.h"
+#include "audit/record_audit.h"
 #include "book/schema_guard.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
@@ -7,8 +9,6 @@
 #include "platform/engine/steady_reading.h"
 #include "platform/engine/transaction.h"
 #include "platform/stop_check.h"
-#include "proof/cash_day_findings.h"
-#include "proof/record_audit.h"
 #include "proof/trail_audit.h"
 
 #include <QFile>

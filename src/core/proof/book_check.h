@@ -1,7 +1,7 @@
 #pragma once
 
-#include "proof/book_findings.h"
-#include "proof/movement_audit.h"
+#include "audit/book_findings.h"
+#include "audit/movement_audit.h"
 
 #include <optional>
 

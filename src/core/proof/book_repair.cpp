@@ -1,9 +1,9 @@
 #include "proof/book_repair.h"
 
 #include "backup/book_copy.h"
-#include "cashbook/journal_states.h"
 #include "journal/hash_text.h"
 #include "journal/journal.h"
+#include "movements/journal_states.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/sql_error.h"

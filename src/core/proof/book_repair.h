@@ -1,6 +1,6 @@
 #pragma once
 
-#include "proof/movement_audit.h"
+#include "audit/movement_audit.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "audit/cash_day_audit.h"
 #include "cashbook/day_seal.h"
 #include "journal/journal.h"
-#include "proof/cash_day_audit.h"
 
 #include <cstdint>
 #include <optional>

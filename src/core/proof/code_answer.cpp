@@ -1,10 +1,10 @@
 #include "proof/code_answer.h"
 
 #include "cashbook/cash_closing.h"
-#include "cashbook/movement_store.h"
 #include "journal/check_code.h"
 #include "journal/journal.h"
 #include "journal/journal_audit.h"
+#include "movements/movement_store.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 

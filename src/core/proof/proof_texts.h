@@ -1,7 +1,7 @@
 #pragma once
 
-#include "book/notices.h"
 #include "cashbook/cash_book.h"
+#include "marker/notices.h"
 #include "proof/balance_proof.h"
 #include "proof/last_proof.h"
 

@@ -1,7 +1,7 @@
 #include "proof/seal_chain.h"
 
-#include "cashbook/journalled_opening.h"
 #include "journal/hash_text.h"
+#include "movements/journalled_opening.h"
 #include "proof/trail_pass.h"
 
 namespace lorvan {

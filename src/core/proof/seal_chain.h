@@ -1,7 +1,7 @@
 #pragma once
 
+#include "audit/book_findings.h"
 #include "cashbook/day_seal.h"
-#include "proof/book_findings.h"
 #include "proof/carry_audit.h"
 
 #include <map>

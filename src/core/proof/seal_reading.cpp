@@ -1,8 +1,8 @@
 #include "proof/seal_reading.h"
 
 #include "cashbook/cash_closing.h"
-#include "cashbook/movement_store.h"
 #include "journal/journal.h"
+#include "movements/movement_store.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 

@@ -1,7 +1,7 @@
 #include "reports/cash_analysis_report.h"
 
-#include "cashbook/cash_day.h"
 #include "document/report_cells.h"
+#include "movements/cash_day.h"
 #include "platform/amount_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"

@@ -1,9 +1,9 @@
 #include "reports/daily_cash_report.h"
 
-#include "cashbook/cash_day.h"
-#include "cashbook/movement_store.h"
 #include "document/report_cells.h"
 #include "document/report_table.h"
+#include "movements/cash_day.h"
+#include "movements/movement_store.h"
 #include "platform/amount_text.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"

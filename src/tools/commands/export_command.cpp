@@ -1,8 +1,8 @@
 #include "support/command.h"
 
-#include "book/new_folder.h"
 #include "book/opened_book.h"
 #include "csv/book_export.h"
+#include "platform/files/new_folder.h"
 #include "support/interruption.h"
 #include "support/progress_bar.h"
 

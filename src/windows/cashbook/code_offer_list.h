@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/plain_list.h"
+#include "lists/plain_list.h"
 
 namespace lorvan {
 

@@ -1,11 +1,11 @@
 #include "cashbook/code_picker.h"
 
 #include "cashbook/code_offer_list.h"
-#include "cashbook/entry_content.h"
 #include "codes/code_offers.h"
 #include "controls/code_chooser.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
+#include "movements/entry_content.h"
 #include "platform/entry_rules.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cashbook/day_steps.h"
+#include "movements/day_steps.h"
 
 #include <QObject>
 

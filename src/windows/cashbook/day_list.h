@@ -1,8 +1,8 @@
 #pragma once
 
 #include "cashbook/day_list_head.h"
-#include "cashbook/day_view.h"
-#include "controls/record_list.h"
+#include "lists/record_list.h"
+#include "movements/day_view.h"
 
 #include <QAbstractListModel>
 

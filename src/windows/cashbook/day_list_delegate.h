@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/row_delegate.h"
+#include "lists/row_delegate.h"
 
 namespace lorvan {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cashbook/day_view.h"
+#include "movements/day_view.h"
 
 #include <QLabel>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cashbook/description_offers.h"
 #include "controls/book_reader.h"
+#include "movements/description_offers.h"
 
 #include <QObject>
 

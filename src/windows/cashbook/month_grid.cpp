@@ -1,6 +1,6 @@
 #include "cashbook/month_grid.h"
 
-#include "controls/row_delegate.h"
+#include "lists/row_delegate.h"
 #include "look/focus_rules.h"
 #include "look/icons.h"
 #include "look/style_painting.h"

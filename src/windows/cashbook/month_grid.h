@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cashbook/calendar_days.h"
+#include "movements/calendar_days.h"
 
 #include <QWidget>
 

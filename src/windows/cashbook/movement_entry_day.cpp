@@ -1,4 +1,3 @@
-#include "book/usage_marker.h"
 #include "cashbook/code_picker.h"
 #include "cashbook/day_list.h"
 #include "cashbook/movement_entry_page.h"
@@ -10,6 +9,7 @@
 #include "controls/leave_checks.h"
 #include "controls/main_controls.h"
 #include "controls/state_plate.h"
+#include "marker/usage_marker.h"
 #include "platform/date_text.h"
 
 #include <QLabel>

@@ -1,15 +1,15 @@
 #pragma once
 
 #include "cashbook/cash_book.h"
-#include "cashbook/cleared_entry.h"
-#include "cashbook/day_steps.h"
-#include "cashbook/entry_copy.h"
 #include "cashbook/movement_fields.h"
 #include "cashbook/refusal_window.h"
-#include "cashbook/stored_change.h"
 #include "controls/action_gate.h"
 #include "controls/control_array.h"
 #include "controls/leave_checks.h"
+#include "movements/cleared_entry.h"
+#include "movements/day_steps.h"
+#include "movements/entry_copy.h"
+#include "movements/stored_change.h"
 #include "platform/clock.h"
 
 #include <QWidget>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "cashbook/entry_content.h"
-#include "cashbook/movement.h"
 #include "controls/control_array.h"
+#include "movements/entry_content.h"
+#include "movements/movement.h"
 
 #include <QObject>
 

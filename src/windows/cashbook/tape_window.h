@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cashbook/amount_tape.h"
+#include "movements/amount_tape.h"
 
 #include <QDialog>
 

@@ -5,10 +5,10 @@
 #include "controls/check_field.h"
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
-#include "controls/list_reader.h"
 #include "controls/main_controls.h"
-#include "controls/plain_list.h"
-#include "controls/row_filter_field.h"
+#include "lists/list_reader.h"
+#include "lists/plain_list.h"
+#include "lists/row_filter_field.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
 

@@ -2,8 +2,8 @@
 
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
-#include "controls/plain_list.h"
-#include "controls/row_filter_field.h"
+#include "lists/plain_list.h"
+#include "lists/row_filter_field.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
 #include "look/themed_label.h"

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "cashbook/stored_change.h"
 #include "codes/group_maintenance.h"
 #include "controls/action_gate.h"
 #include "controls/control_array.h"
+#include "movements/stored_change.h"
 #include "platform/authority.h"
 
 #include <QDialog>

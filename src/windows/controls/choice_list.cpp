@@ -1,8 +1,8 @@
 #include "controls/choice_list.h"
 
 #include "controls/command_button.h"
-#include "controls/row_filter_field.h"
-#include "controls/tick_list.h"
+#include "lists/row_filter_field.h"
+#include "lists/tick_list.h"
 #include "look/focus_rules.h"
 #include "look/themed_label.h"
 #include "platform/search_text.h"

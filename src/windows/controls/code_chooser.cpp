@@ -1,6 +1,6 @@
 #include "controls/code_chooser.h"
 
-#include "controls/row_delegate.h"
+#include "lists/row_delegate.h"
 #include "look/theme.h"
 
 #include <QFocusEvent>

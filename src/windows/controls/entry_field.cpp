@@ -1,6 +1,6 @@
 #include "controls/entry_field.h"
 
-#include "controls/row_delegate.h"
+#include "lists/row_delegate.h"
 #include "look/style_painting.h"
 #include "look/theme.h"
 

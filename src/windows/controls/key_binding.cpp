@@ -1,7 +1,7 @@
 #include "controls/key_binding.h"
 
 #include "controls/entry_field.h"
-#include "controls/row_delegate.h"
+#include "lists/row_delegate.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>

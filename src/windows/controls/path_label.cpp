@@ -1,6 +1,6 @@
 #include "controls/path_label.h"
 
-#include "controls/row_delegate.h"
+#include "lists/row_delegate.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>

@@ -1,12 +1,12 @@
 #include "figures/card_window.h"
 
-#include "cashbook/movement_store.h"
 #include "controls/command_button.h"
 #include "figures/chart_view.h"
 #include "figures/figure_table.h"
 #include "look/focus_rules.h"
 #include "look/remembered_size.h"
 #include "look/themed_label.h"
+#include "movements/movement_store.h"
 #include "platform/amount_text.h"
 #include "platform/date_text.h"
 

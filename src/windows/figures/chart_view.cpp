@@ -1,7 +1,7 @@
 #include "figures/chart_view.h"
 
 #include "chart_painter.h"
-#include "controls/row_delegate.h"
+#include "lists/row_delegate.h"
 #include "look/accessible_role.h"
 #include "look/focus_rules.h"
 #include "look/theme.h"

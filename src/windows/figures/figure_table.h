@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/table_list.h"
+#include "lists/table_list.h"
 
 #include <vector>
 

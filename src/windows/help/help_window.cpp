@@ -1,7 +1,7 @@
 #include "help/help_window.h"
 
 #include "controls/command_button.h"
-#include "controls/plain_list.h"
+#include "lists/plain_list.h"
 #include "look/focus_rules.h"
 #include "look/remembered_size.h"
 #include "look/theme.h"

@@ -1,8 +1,8 @@
 #include "journal/journal_details.h"
 
-#include "controls/table_list.h"
 #include "journal/journal_lines.h"
 #include "journal/journal_texts.h"
+#include "lists/table_list.h"
 #include "look/themed_label.h"
 
 #include <QHeaderView>

@@ -1,11 +1,11 @@
 #include "journal/journal_window.h"
 
 #include "controls/command_button.h"
-#include "controls/table_list.h"
 #include "journal/journal_details.h"
 #include "journal/journal_filters.h"
 #include "journal/journal_model.h"
 #include "journal/journal_texts.h"
+#include "lists/table_list.h"
 #include "look/focus_rules.h"
 #include "look/remembered_size.h"
 #include "look/themed_label.h"

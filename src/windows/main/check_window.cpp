@@ -3,7 +3,7 @@
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/guarded_window.h"
-#include "controls/plain_list.h"
+#include "lists/plain_list.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
 #include "look/themed_label.h"

@@ -1,10 +1,10 @@
 #include "cashbook/movement_entry_page.h"
-#include "cashbook/movement_store.h"
 #include "controls/guarded_window.h"
 #include "controls/main_controls.h"
 #include "look/message_window.h"
 #include "main/kentrikh.h"
 #include "main/tab_band.h"
+#include "movements/movement_store.h"
 #include "platform/date_text.h"
 #include "preview/ektypvsh.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "book/marker_watch.h"
-#include "book/notices.h"
 #include "cashbook/cash_book.h"
 #include "cashbook/cash_closing.h"
+#include "marker/marker_watch.h"
+#include "marker/notices.h"
 #include "platform/clock.h"
 
 #include <QObject>

@@ -1,7 +1,7 @@
 #include "preview/omission_list.h"
 
 #include "controls/command_button.h"
-#include "controls/plain_list.h"
+#include "lists/plain_list.h"
 #include "look/themed_label.h"
 #include "look/window_placement.h"
 

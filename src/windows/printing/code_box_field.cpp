@@ -1,6 +1,6 @@
 #include "printing/code_box_field.h"
 
-#include "controls/row_delegate.h"
+#include "lists/row_delegate.h"
 #include "look/focus_rules.h"
 
 #include <QHelpEvent>

@@ -1,6 +1,6 @@
 #include "printing/code_list_view.h"
 
-#include "controls/row_delegate.h"
+#include "lists/row_delegate.h"
 #include "platform/search_text.h"
 
 #include <QApplication>

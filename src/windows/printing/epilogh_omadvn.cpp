@@ -1,8 +1,8 @@
 #include "printing/epilogh_omadvn.h"
 
 #include "controls/guarded_window.h"
-#include "controls/row_filter_field.h"
-#include "controls/tick_list.h"
+#include "lists/row_filter_field.h"
+#include "lists/tick_list.h"
 #include "look/busy_pointer.h"
 #include "look/focus_rules.h"
 #include "look/themed_label.h"

@@ -5,7 +5,7 @@
 #include "controls/entry_field.h"
 #include "controls/leave_checks.h"
 #include "controls/main_controls.h"
-#include "controls/tick_list.h"
+#include "lists/tick_list.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
 #include "look/themed_label.h"

@@ -3,7 +3,7 @@
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
 #include "controls/key_binding.h"
-#include "controls/table_list.h"
+#include "lists/table_list.h"
 #include "look/focus_rules.h"
 #include "look/remembered_size.h"
 #include "look/themed_label.h"

@@ -1,6 +1,6 @@
 #include "controls/command_button.h"
 #include "controls/entry_field.h"
-#include "controls/table_list.h"
+#include "lists/table_list.h"
 #include "look/focus_rules.h"
 #include "platform/date_text.h"
 #include "search/recent_searches.h"

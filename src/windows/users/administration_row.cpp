@@ -2,11 +2,11 @@
 
 #include "book/book_recovery.h"
 #include "book/lock_trust.h"
-#include "book/usage_marker.h"
 #include "controls/command_button.h"
 #include "controls/guarded_window.h"
 #include "controls/path_label.h"
 #include "look/message_window.h"
+#include "marker/usage_marker.h"
 #include "platform/authority.h"
 #include "platform/engine/connection.h"
 #include "users/administration.h"

@@ -5,7 +5,7 @@
 #include "controls/entry_field.h"
 #include "controls/guarded_window.h"
 #include "controls/path_label.h"
-#include "controls/plain_list.h"
+#include "lists/plain_list.h"
 #include "look/focus_rules.h"
 #include "look/ground_frame.h"
 #include "look/icons.h"

@@ -1,6 +1,6 @@
 #include "backup/book_backup.h"
 #include "backup/second_place.h"
-#include "book/notices.h"
+#include "marker/notices.h"
 
 #include "backup/backup_retention.h"
 #include "backup/book_archive.h"

@@ -1,7 +1,7 @@
 #include "books/book_making.h"
 #include "books/ready_sets.h"
-#include "cashbook/opening_difference.h"
 #include "codes/code_catalogue.h"
+#include "movements/opening_difference.h"
 #include "proof/book_check.h"
 #include "support/files.h"
 #include "support/mount.h"

@@ -1,8 +1,8 @@
 #include "cashbook/cash_book.h"
 
-#include "book/usage_marker.h"
 #include "cashbook/cash_closing.h"
 #include "cashbook/movement_batch.h"
+#include "marker/usage_marker.h"
 #include "platform/date_text.h"
 #include "platform/engine/transaction.h"
 #include "support/book_model.h"

@@ -1,7 +1,7 @@
 #include "cashbook/late_sealing.h"
 
-#include "book/usage_marker.h"
 #include "cashbook/cash_book.h"
+#include "marker/usage_marker.h"
 #include "proof/trail_audit.h"
 #include "support/temporary_book.h"
 

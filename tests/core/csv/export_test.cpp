@@ -1,7 +1,7 @@
-#include "book/work_folder.h"
 #include "cashbook/cash_book.h"
 #include "export/movement_workbook.h"
 #include "platform/files/file_calls.h"
+#include "platform/files/work_folder.h"
 #include "tools/tool_run.h"
 
 #include <fcntl.h>

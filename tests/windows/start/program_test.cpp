@@ -1,4 +1,4 @@
-#include "book/usage_marker.h"
+#include "marker/usage_marker.h"
 #include "windows/program_run.h"
 
 namespace lorvan::test {
