@@ -114,9 +114,10 @@ private:
 
     void reportGone(const StatesByKey& states, FindingKind kind)
     {
+        const StateDigest ofNone{};
         std::vector<std::int64_t> gone;
         for (const auto& [key, state] : states) {
-            if (state != StateDigest())
+            if (state != ofNone)
                 gone.push_back(key);
         }
         std::sort(gone.begin(), gone.end());
