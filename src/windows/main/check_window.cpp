@@ -171,7 +171,7 @@ void CheckWindow::keyPressEvent(QKeyEvent* event)
 
 void CheckWindow::showFound(const BalanceProof& proof)
 {
-    tell(QStringLiteral("Ο έλεγχος των υπολοίπων βρήκε ημέρες που δεν συμφωνούν με τις κινήσεις."), proof.findings,
+    tell(QStringLiteral("Ο έλεγχος στο παρασκήνιο βρήκε όσα δεν συμφωνούν μεταξύ τους."), proof.findings,
         findingLines(proof.findings, form));
 }
 

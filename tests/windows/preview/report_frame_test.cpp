@@ -136,7 +136,9 @@ TEST_F(ReportFrame, theNextReportHasTheChosenPrinterAndTheSizeLeft)
     openComplete(1);
     boxes.whenShown("printerChoice", [](QWidget& choice) {
         const Driver driver(choice);
-        EXPECT_EQ(linesOf(driver.find<QListView>("printers")), "Α – Μελάνης\nΒ (προεπιλογή)");
+        auto& list = driver.find<QListView>("printers");
+        EXPECT_EQ(linesOf(list), "Α – Μελάνης\nΒ (προεπιλογή)");
+        EXPECT_EQ(list.currentIndex().row(), 1);
         driver.press(Qt::Key_Up);
         driver.press(Qt::Key_Return);
     });
