@@ -3,6 +3,7 @@
 #include "book/book_files.h"
 #include "book/program_folder.h"
 #include "book/startup.h"
+#include "books/book_look.h"
 #include "platform/windows1253.h"
 #include "platform/work.h"
 
@@ -68,7 +69,11 @@ std::vector<KnownBook> BookChoice::books() const
 std::optional<KnownBook> BookChoice::onlyBook() const
 {
     const std::vector<KnownBook> known = books();
-    if (known.size() != 1 || !BookFiles::exists(BookFiles(known.front().settings.dataFolder).mainDatabase()))
+    if (known.size() != 1)
+        return std::nullopt;
+    const BookLook look = lookAtBook(known.front().settings.dataFolder);
+    const bool opens = look.condition == BookCondition::Ready || look.condition == BookCondition::Unreadable;
+    if (!opens || !look.hasUsers)
         return std::nullopt;
     return known.front();
 }
@@ -79,6 +84,8 @@ DataFolderSettings BookChoice::settingsOf(const QString& folder) const
         if (isSameBook(known.settings.dataFolder, folder))
             return known.settings;
     DataFolderSettings settings = PathFile(m_programFolder).read();
+    if (BookFiles::exists(BookFiles(settings.dataFolder).mainDatabase())) // they are those of another book
+        settings = {};
     settings.dataFolder = BookFiles(folder).dataFolder();
     return settings;
 }

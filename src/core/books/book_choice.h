@@ -30,11 +30,12 @@ public:
     /// The known books and, last if it is new, the path file's; nothing is written. Throws SettingsError.
     [[nodiscard]] std::vector<KnownBook> books() const;
 
-    /// The book to open without asking: the only one, if its main database is there. Throws SettingsError.
+    /// The book to open without asking: the only one, unless it is seen that the program could not open it, or that
+    /// nobody could sign in. Looks into it: see lookAtBook(). Throws SettingsError.
     [[nodiscard]] std::optional<KnownBook> onlyBook() const;
 
-    /// What to open the book in that folder with: as it is known, or a new one with the colour and heading that stand
-    /// in the path file. Throws SettingsError.
+    /// What to open the book in that folder with: as it is known, or a new one. That has the colour and heading of
+    /// the path file if these are of no other book. Throws SettingsError.
     [[nodiscard]] DataFolderSettings settingsOf(const QString& folder) const;
 
     /// Adds a book to the list, for books() to show. Throws SettingsError.

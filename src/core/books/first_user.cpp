@@ -3,6 +3,7 @@
 #include "book/lock_trust.h"
 #include "book/opened_book.h"
 #include "platform/work.h"
+#include "users/sign_in.h"
 #include "users/user_accounts.h"
 
 namespace lorvan {
@@ -29,6 +30,9 @@ std::optional<FirstUserFault> faultOf(const FirstUser& user)
     if (user.password != user.repeated)
         return FirstUserFault{
             FirstUserField::Repeated, QStringLiteral("Οι δύο κωδικοί διαφέρουν. Δώστε τον ίδιο και τις δύο φορές.")};
+    if (isBuiltInAdministrator(user.name.trimmed(), user.password))
+        return FirstUserFault{
+            FirstUserField::Name, QStringLiteral("Με αυτό το όνομα και αυτόν τον κωδικό μπαίνει ο διαχειριστής.")};
     return std::nullopt;
 }
 

@@ -86,8 +86,9 @@ BadRow amountsTooLarge(QDate day)
 
 BadRow dayIsClosed(QDate day)
 {
-    return BadRow(
-        QStringLiteral("η ημέρα %1 είναι κλεισμένη· με την επιλογή --closed-days γίνεται δεκτή").arg(dateText(day)));
+    return BadRow(QStringLiteral("η ημέρα %1 είναι κλεισμένη· δεκτή γίνεται μόνο με την εντολή lorvan-data import-csv"
+                                 " --closed-days")
+                      .arg(dateText(day)));
 }
 
 BadRow openingDifferenceTaken(QDate day)

@@ -22,12 +22,12 @@ ExportedBook exportOpenBook(
 }
 
 CsvImportOutcome importIntoOpenBook(const BookFiles& book, KeyRing& keys, const Authority& authority,
-    const QString& folder, const StepProgress& progress)
+    const QString& folder, TakenBefore takenBefore, const StepProgress& progress)
 {
     authority.require(Right::ModifyCash);
     makeBackupByHand(book, keys, authority.now(), [](qint64, qint64) { return true; });
     Connection both = openBoth(book, keys);
-    return importCsv(both, authority, folder, {}, progress);
+    return importCsv(both, authority, folder, {ClosedDays::Refuse, takenBefore}, progress);
 }
 
 } // namespace lorvan

@@ -26,10 +26,10 @@ struct ExportedBook {
     const BookFiles& book, KeyRing& keys, const QString& parent, const QDateTime& now, const StepProgress& progress);
 
 /// Makes a backup into the book's backup folder, which the program never removes, and imports the CSV files: see
-/// importCsv(). Closed days are refused, and what was imported before. The caller must hold the usage marker. Throws
-/// NotPermitted without the right to change cash records, BookCopyFailed, Refused, GivenUp, SqlError and
+/// importCsv(). Closed days are refused. The caller must hold the usage marker. Throws
+/// NotPermitted without the right to change cash records, BookCopyFailed, Refused, AlreadyTaken, GivenUp, SqlError and
 /// CurrencyOverflow; the book is then unchanged.
 [[nodiscard]] CsvImportOutcome importIntoOpenBook(const BookFiles& book, KeyRing& keys, const Authority& authority,
-    const QString& folder, const StepProgress& progress);
+    const QString& folder, TakenBefore takenBefore, const StepProgress& progress);
 
 } // namespace lorvan

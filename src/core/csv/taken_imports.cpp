@@ -4,11 +4,16 @@
 #include "journal/journal.h"
 #include "platform/authority.h"
 #include "platform/engine/connection.h"
-#include "platform/work.h"
-
-#include <QDateTime>
 
 namespace lorvan {
+
+AlreadyTaken::AlreadyTaken(const QDateTime& at)
+    : Refused(QStringLiteral("Το ίδιο περιεχόμενο έχει ήδη εισαχθεί στις %1. Με --again εισάγεται και δεύτερη φορά."
+                             " Δεν προστέθηκε τίποτα.")
+                  .arg(at.toString(QStringLiteral("dd-MM-yyyy HH:mm"))))
+    , m_at(at)
+{
+}
 
 void refuseTaken(Connection& book, const QString& digest)
 {
@@ -17,9 +22,7 @@ void refuseTaken(Connection& book, const QString& digest)
     if (!taken.step())
         return;
     const QDateTime at = QDateTime::fromMSecsSinceEpoch(taken.integer(0));
-    throw Refused(QStringLiteral("Το ίδιο περιεχόμενο έχει ήδη εισαχθεί στις %1. Με --again εισάγεται και δεύτερη φορά."
-                                 " Δεν προστέθηκε τίποτα.")
-                      .arg(at.toString(QStringLiteral("dd-MM-yyyy HH:mm"))));
+    throw AlreadyTaken(at);
 }
 
 void rememberImport(

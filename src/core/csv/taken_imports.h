@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/work.h"
+
+#include <QDateTime>
 #include <QString>
 
 namespace lorvan {
@@ -10,7 +13,17 @@ struct CsvImportOutcome;
 
 /// What a book has already imported from files, by the digest of the rows (see import_digest.h): table `taken_imports`.
 
-/// Throws Refused if the book has imported this content before. Throws SqlError.
+/// The book has imported the same content before.
+class AlreadyTaken : public Refused {
+public:
+    explicit AlreadyTaken(const QDateTime& at);
+    [[nodiscard]] const QDateTime& at() const { return m_at; }
+
+private:
+    QDateTime m_at;
+};
+
+/// Throws AlreadyTaken if the book has imported this content before. Throws SqlError.
 void refuseTaken(Connection& book, const QString& digest);
 
 /// Records an import, inside the caller's transaction. Throws SqlError.

@@ -72,18 +72,25 @@ void JournalAuditing::noteAccepted(const JournalRow& row)
     const QString found =
         QJsonDocument::fromJson(row.after.value_or(QString()).toUtf8())[QLatin1String(acceptedFind)].toString();
     ++m_audit.accepted;
-    if (kind == QLatin1String("journal"))
-        std::erase_if(m_audit.broken,
+    if (kind == QLatin1String("journal")) {
+        const auto gone = std::erase_if(m_audit.broken,
             [&, id = key](const BrokenRow& broken) { return broken.id == id && broken.found == found; });
-    else if (kind == QLatin1String("seal"))
+        if (gone > 0)
+            m_audit.acceptedRows.insert(key);
+    } else if (kind == QLatin1String("seal"))
         m_audit.acceptedSeals.insert_or_assign(key, found);
 }
 
 void JournalAuditing::noteState(const JournalRow& row)
 {
     static const QString clearing = journalWord(JournalAction::Clear);
+    static const QString importing = journalWord(JournalAction::Import);
     if (row.action == clearing)
         clear();
+    if (row.action == importing) {
+        m_audit.codes.clear();
+        m_audit.groups.clear();
+    }
     const auto [kind, key] = partsOf(row.subject);
     if (StatesByKey* const states = statesOf(kind))
         (*states)[key] = row.after ? stateDigest(*row.after) : StateDigest();

@@ -36,9 +36,10 @@ struct JournalAudit {
     std::int64_t rows = 0;
     std::vector<BrokenRow> broken; ///< The first ones only.
     std::int64_t accepted = 0; ///< How many findings were accepted.
+    std::set<std::int64_t> acceptedRows; ///< Broken ones that were.
     std::map<std::int64_t, QString> acceptedSeals; ///< Seals whose faults were, and what was found then.
     StatesByKey movements; ///< As the last row about each tells; of all others the journal claims nothing.
-    StatesByKey codes;
+    StatesByKey codes; ///< The same, of the time after the last import, which does not tell what it brought.
     StatesByKey groups;
     std::set<QString> missing; ///< Hashes that were looked for and are not there.
 };

@@ -52,7 +52,7 @@ MadeBackup makeBoth(
         copyBackup(backup.path, second.folder());
         backup.second = second.folder();
     } catch (const BookCopyFailed& failure) {
-        backup.trouble = failure.plainText();
+        backup.trouble = QString::fromUtf8(failure.what());
     }
     return backup;
 }

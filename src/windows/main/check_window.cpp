@@ -204,8 +204,8 @@ void CheckWindow::askCode()
 {
     m_answered = m_code->text();
     const CodeAnswer answer = answerFromOpenBook(m_book, m_keys, m_answered);
-    m_answer->setRole(
-        answer.verdict == CodeAnswer::Verdict::Altered || answer.verdict == CodeAnswer::Verdict::JournalAltered
+    m_answer->setRole(answer.verdict == CodeAnswer::Verdict::Altered || answer.verdict == CodeAnswer::Verdict::Accepted
+                || answer.verdict == CodeAnswer::Verdict::JournalAltered
             ? ColourRole::Warning
             : ColourRole::Text);
     m_answer->setText(answerText(answer));

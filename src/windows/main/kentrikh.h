@@ -8,6 +8,7 @@
 #include "cashbook/undo_list.h"
 #include "controls/action_gate.h"
 #include "controls/away_watch.h"
+#include "csv/csv_import.h"
 #include "main/main_notices.h"
 #include "main/open_days_watch.h"
 #include "main/session_end.h"
@@ -112,6 +113,7 @@ private:
     void backUpNow();
     void exportTables(); ///< Into a folder that the user chooses.
     void importTables(); ///< From a folder that the user chooses.
+    void importFrom(const QString& folder, TakenBefore takenBefore);
     void openManual();
 
     void insertCode();

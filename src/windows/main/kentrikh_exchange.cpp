@@ -3,6 +3,7 @@
 #include "controls/main_controls.h"
 #include "csv/import_texts.h"
 #include "csv/open_book_exchange.h"
+#include "csv/taken_imports.h"
 #include "look/message_window.h"
 #include "main/kentrikh.h"
 #include "main/tab_band.h"
@@ -56,11 +57,25 @@ void Kentrikh::importTables()
     const QString folder = askFolder(this, QStringLiteral("Ο φάκελος με τα αρχεία CSV"));
     if (folder.isEmpty() || m_closed || refusedByMarker(this))
         return;
+    try {
+        importFrom(folder, TakenBefore::Refuse);
+    } catch (const AlreadyTaken& taken) {
+        const QString question =
+            QStringLiteral("Το ίδιο περιεχόμενο έχει ήδη εισαχθεί στις %1. Να εισαχθεί και δεύτερη φορά;")
+                .arg(taken.at().toString(QStringLiteral("dd-MM-yyyy HH:mm")));
+        if (!m_closed && askYesNo(this, QMessageBox::Warning, importTitle, question, DefaultAnswer::No) && !m_closed)
+            importFrom(folder, TakenBefore::Accept);
+    }
+}
+
+void Kentrikh::importFrom(const QString& folder, TakenBefore takenBefore)
+{
     CsvImportOutcome outcome;
     const ProgressTexts texts{
         importTitle, QStringLiteral("Γίνεται αντίγραφο και εισαγωγή…"), QStringLiteral("Γραμμές")};
     const bool isDone = runStoppable(m_toolRun, this, texts, [&](const StepProgress& progress) {
-        outcome = importIntoOpenBook(BookFiles(m_settings.dataFolder), m_keys, m_authority, folder, progress);
+        outcome =
+            importIntoOpenBook(BookFiles(m_settings.dataFolder), m_keys, m_authority, folder, takenBefore, progress);
     });
     if (!isDone || m_closed)
         return;

@@ -49,7 +49,9 @@ ProgressWindow::ProgressWindow(const ProgressTexts& texts, QWidget* parent)
     rows->addLayout(end);
     sizeWithin(this, firstSize);
     connect(m_cancel, &CommandButton::clicked, this, &ProgressWindow::reject);
-    m_cancel->setFocus(Qt::OtherFocusReason);
+    m_cancel->setAutoDefault(false);
+    setFocusPolicy(Qt::StrongFocus); // one Enter too many must not give up the work
+    setFocus(Qt::OtherFocusReason);
 }
 
 void ProgressWindow::setProgress(int done, int all)

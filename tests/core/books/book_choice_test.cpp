@@ -44,6 +44,9 @@ TEST_F(BookChoiceTest, takesOverThePathFileBeforeItWritesTheChosenBook)
         EXPECT_TRUE(choice.books().empty()) << none;
     }
     writePathFile(first.folder() + ",65280,Πρώτο");
+    EXPECT_FALSE(choice.onlyBook()) << "nobody could sign in";
+    first.addUser("ΜΑΡΙΑ", "1");
+    ASSERT_TRUE(choice.onlyBook());
     EXPECT_EQ(choice.onlyBook()->settings.heading, "Πρώτο");
     EXPECT_TRUE(known.list().empty()) << "looking on writes nothing";
 
@@ -61,7 +64,7 @@ TEST_F(BookChoiceTest, takesOverThePathFileBeforeItWritesTheChosenBook)
     EXPECT_FALSE(choice.onlyBook());
 
     EXPECT_EQ(choice.settingsOf(first.folder()).heading, "Πρώτο");
-    EXPECT_EQ(choice.settingsOf(folder.path()).heading, heading) << "what stands in the path file";
+    EXPECT_EQ(choice.settingsOf(folder.path()).heading, "Κεντρικό") << "not another book's";
 
     writePathFile(second.folder() + "/../" + QFileInfo(second.folder()).fileName() + ",7,Με το χέρι");
     EXPECT_EQ(headings(), QStringList({"Με το χέρι", "Πρώτο"})) << "by hand, and the same folder";
@@ -69,7 +72,7 @@ TEST_F(BookChoiceTest, takesOverThePathFileBeforeItWritesTheChosenBook)
     EXPECT_EQ(headings(), QStringList("Πρώτο"));
     EXPECT_TRUE(QFile::exists(second.files().mainDatabase()));
     EXPECT_TRUE(choice.onlyBook());
-    QFile::remove(first.files().mainDatabase());
+    QFile::remove(first.files().auxiliaryDatabase());
     EXPECT_FALSE(choice.onlyBook());
 }
 

@@ -1,6 +1,8 @@
 #include "backup/book_backup.h"
 #include "cashbook/cash_book.h"
+#include "codes/group_maintenance.h"
 #include "csv/open_book_exchange.h"
+#include "csv/taken_imports.h"
 #include "platform/engine/transaction.h"
 #include "platform/stop_check.h"
 #include "proof/opening_balance.h"
@@ -172,6 +174,17 @@ TEST_F(CsvImportTest, listsFiftyBadLinesAndBlamesABadCodeOnce)
     expectParts(errors, {"kvdikoi.csv:2", "kinhseis.csv:59:", "… και άλλες 20\n", "Γραμμές με λάθη: 70."});
 }
 
+TEST_F(CsvImportTest, bringsBackAGroupThatWasRemovedWithoutAFinding)
+{
+    Connection main = book.openMain();
+    const auto added = addGroup(main, byAll(), "Νέα");
+    write("omades.csv", "aa,perigrafh\n" + QByteArray::number(std::get<CodeGroup>(added).number) + ",Άλλη\n");
+    ASSERT_FALSE(removeGroup(main, byAll(), std::get<CodeGroup>(added).number));
+    const ToolRun taken = run("import-csv|@|#/csv");
+    ASSERT_EQ(taken.status, ExitStatus::Done) << taken.errors;
+    EXPECT_EQ(run("check|@").status, ExitStatus::Done) << run("check|@").out;
+}
+
 /// As the program does it: the file with the movements as it was exported goes into the book that is open.
 TEST_F(CsvImportTest, ofAnOpenBookBeginsWithABackup)
 {
@@ -184,13 +197,19 @@ TEST_F(CsvImportTest, ofAnOpenBookBeginsWithABackup)
     EXPECT_THROW((void)exportOpenBook(book.files(), testKeys(), beside.path(), now, none), Refused) << "it is there";
     EXPECT_FALSE(readFile(made.folder + "/codes.csv").contains("upass"));
 
-    EXPECT_THROW((void)importIntoOpenBook(book.files(), testKeys(), by(), made.folder, none), NotPermitted);
+    EXPECT_THROW(
+        (void)importIntoOpenBook(book.files(), testKeys(), by(), made.folder, TakenBefore::Refuse, none), NotPermitted);
     {
         const StopCheck stop([] { return false; });
-        EXPECT_THROW((void)importIntoOpenBook(book.files(), testKeys(), byAll(), made.folder, none), GivenUp);
+        EXPECT_THROW(
+            (void)importIntoOpenBook(book.files(), testKeys(), byAll(), made.folder, TakenBefore::Refuse, none),
+            GivenUp);
     }
-    EXPECT_EQ(importIntoOpenBook(book.files(), testKeys(), byAll(), made.folder, none).movements, 1);
-    EXPECT_EQ(QDir(backupFolder(book.files())).entryList({"lorvan-2*.tar"}).size(), 1);
+    EXPECT_EQ(
+        importIntoOpenBook(book.files(), testKeys(), byAll(), made.folder, TakenBefore::Refuse, none).movements, 1);
+    EXPECT_THROW((void)importIntoOpenBook(book.files(), testKeys(), byAll(), made.folder, TakenBefore::Refuse, none),
+        AlreadyTaken);
+    EXPECT_EQ(QDir(backupFolder(book.files())).entryList({"lorvan-2*.tar"}).size(), 2);
 }
 
 } // namespace lorvan::test

@@ -280,6 +280,9 @@ TEST_F(TrailTest, aCodeVouchesForTheJournalUpToItsClosing)
     const QString code = lastCode();
     temporary.execute("UPDATE journal SET user='άλλος' WHERE id=3");
     EXPECT_EQ(answer(code).verdict, CodeAnswer::Verdict::JournalAltered);
+    Connection opened = both();
+    EXPECT_EQ(acceptFaults(opened, byAll()), 1);
+    EXPECT_EQ(answer(code).verdict, CodeAnswer::Verdict::JournalAltered) << "paper knows of no acceptance";
     temporary.execute("DELETE FROM journal");
     EXPECT_EQ(answer(code).verdict, CodeAnswer::Verdict::JournalAltered);
     temporary.openAuxiliary().execute("UPDATE seals SET balance=1");
@@ -292,6 +295,7 @@ TEST_F(TrailTest, aSealedDayThatIsChangedIsSealedAgain)
     EXPECT_EQ(answer(first.toLower().remove('-')).verdict, CodeAnswer::Verdict::Holds);
     (void)cashBook.insert(incomeOf(friday.addDays(-20), cents(5)));
     EXPECT_EQ(answer(first).verdict, CodeAnswer::Verdict::Holds) << "only the carried balance differs";
+    EXPECT_EQ(*answer(first).balanceNow, answer(first).seal.balance + cents(5));
     Connection opened = both();
     EXPECT_EQ(auditTrail(opened).findings().count(FindingKind::CarryMoved), 1);
     (void)cashBook.remove(1);
@@ -300,6 +304,8 @@ TEST_F(TrailTest, aSealedDayThatIsChangedIsSealedAgain)
     EXPECT_EQ(answer(lastCode()).verdict, CodeAnswer::Verdict::Holds);
     opened.execute("UPDATE kinhseis SET esoda=7 WHERE aa=2");
     EXPECT_EQ(answer(lastCode()).verdict, CodeAnswer::Verdict::Altered);
+    EXPECT_EQ(acceptFaults(opened, byAll()), 2) << "the day and the movement";
+    EXPECT_EQ(answer(first).verdict, CodeAnswer::Verdict::Accepted);
     EXPECT_EQ(answer("0000-0000-00").verdict, CodeAnswer::Verdict::Unknown);
     EXPECT_EQ(answer("K7QF-2M9T").verdict, CodeAnswer::Verdict::NoCode);
 }
