@@ -102,6 +102,8 @@ TEST_F(ReportSaving, aLongOneIsGivenUp)
         auto* const count = progress.findChild<QLabel*>("count");
         wasCounted = comesTrue([count] { return count->text().startsWith("Σελίδες: "); });
         driver.press(Qt::Key_Return);
+        EXPECT_TRUE(progress.findChild<QWidget*>("cancel")->isEnabled()) << "one Enter too many";
+        driver.press(Qt::Key_Escape);
     });
     save("savePdf", "α");
     EXPECT_TRUE(wasCounted);
