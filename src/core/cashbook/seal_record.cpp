@@ -41,7 +41,7 @@ JournalledSeals::JournalledSeals(Connection& book)
             continue;
         }
         const QJsonDocument state = QJsonDocument::fromJson(rows.text(2).toUtf8());
-        for (const QJsonValue& day : state[QLatin1String(daysSealedLate)].toArray())
+        for (const auto& day : state[QLatin1String(daysSealedLate)].toArray())
             m_late.insert(day.toInteger());
     }
 }

@@ -146,7 +146,7 @@ bool isListOfTexts(const QJsonArray& list)
 QString daysText(const QJsonArray& days)
 {
     QStringList texts;
-    for (const QJsonValue& day : days)
+    for (const auto& day : days)
         texts += journalValueText(day, Form::Day);
     return texts.join(QStringLiteral(", "));
 }

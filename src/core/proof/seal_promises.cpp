@@ -102,7 +102,7 @@ void SealPromises::acceptDay(const JournalRow& row)
 void SealPromises::promiseLate(const JournalRow& row)
 {
     const QJsonValue sealed = objectIn(row.after)[QLatin1String(daysSealedLate)];
-    for (const QJsonValue& day : sealed.toArray())
+    for (const auto& day : sealed.toArray())
         promise(day.toInteger(), row.hash);
     if (const auto seals = m_seals.find(row.hash); sealed.isUndefined() && seals != m_seals.end()) {
         for (const auto& [day, version] : seals->second)
