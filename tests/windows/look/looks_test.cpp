@@ -110,7 +110,9 @@ QString cutOffIn(const QWidget& window)
 
 void expectReadable(QWidget& window)
 {
-    QApplication::processEvents(); // layouts that wait
+    QApplication::processEvents();
+    for (int level = 0; level < 8; ++level) // what the last event has changed, from the widget up to the window
+        QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     EXPECT_EQ(latinWordsIn(window), QString()) << window.objectName();
     EXPECT_EQ(cutOffIn(window), QString()) << window.objectName();
 }
