@@ -7,6 +7,7 @@
 #include "book/pending_restore.h"
 #include "platform/stop_check.h"
 
+#include <QDir>
 #include <QTimer>
 
 #include <algorithm>
@@ -67,6 +68,11 @@ std::optional<QString> makeDailyBackup(
         copyBackup(folder.pathOf(name), second->folder());
     }
     return isNew ? std::optional(folder.pathOf(name)) : std::nullopt;
+}
+
+QDate lastBackupOf(const BookFiles& book, QDate today)
+{
+    return lastBackupDay(QDir(backupFolder(book)).entryList(QDir::Files), today);
 }
 
 DailyBackup::DailyBackup(const BookFiles& book, KeyRing& keys, Clock clock)

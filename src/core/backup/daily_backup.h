@@ -22,6 +22,9 @@ class KeyRing;
 std::optional<QString> makeDailyBackup(
     const BookFiles& book, KeyRing& keys, const QDateTime& now, const SecondPlace* second = nullptr);
 
+/// The day of the newest backup in the book's backup folder, see lastBackupDay(). Only looks.
+[[nodiscard]] QDate lastBackupOf(const BookFiles& book, QDate today);
+
 /// Makes a backup on each day on which this computer changes the data, in a thread of its own. It begins a moment after
 /// markerHeld(), and is cancelled when the program ends.
 class DailyBackup : public QObject {

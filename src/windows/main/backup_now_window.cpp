@@ -1,8 +1,8 @@
 #include "main/backup_now_window.h"
 
-#include "backup/backup_retention.h"
 #include "backup/book_backup.h"
 #include "backup/copy_writing.h"
+#include "backup/daily_backup.h"
 #include "controls/command_button.h"
 #include "controls/guarded_window.h"
 #include "controls/path_label.h"
@@ -13,7 +13,6 @@
 #include "platform/date_text.h"
 #include "preview/folder_dialog.h"
 
-#include <QDir>
 #include <QGridLayout>
 
 namespace lorvan {
@@ -26,7 +25,7 @@ const QString title = QStringLiteral("Αντίγραφο ασφαλείας");
 
 QString lastBackupText(const BookFiles& book, QDate today)
 {
-    const QDate last = lastBackupDay(QDir(backupFolder(book)).entryList(QDir::Files | QDir::Hidden), today);
+    const QDate last = lastBackupOf(book, today);
     return last.isValid() ? QStringLiteral("Το τελευταίο είναι της %1.").arg(dateText(last))
                           : QStringLiteral("Δεν έχει γίνει ακόμη κανένα.");
 }

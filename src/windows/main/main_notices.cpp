@@ -1,7 +1,5 @@
 #include "main/main_notices.h"
 
-#include "backup/backup_retention.h"
-#include "backup/book_backup.h"
 #include "backup/daily_backup.h"
 #include "book/book_files.h"
 #include "controls/command_button.h"
@@ -11,7 +9,6 @@
 #include "proof/proof_texts.h"
 
 #include <QAction>
-#include <QDir>
 #include <QHBoxLayout>
 #include <QMenu>
 
@@ -133,9 +130,8 @@ void MainNotices::followBackup(DailyBackup& backup)
 
 void MainNotices::lookAtBackups()
 {
-    const QStringList files = QDir(backupFolder(BookFiles(m_dataFolder))).entryList(QDir::Files);
     const QDate today = m_clock.today();
-    if (const auto old = oldBackupNotice(lastBackupDay(files, today), today); old && !m_isRetired)
+    if (const auto old = oldBackupNotice(lastBackupOf(BookFiles(m_dataFolder), today), today); old && !m_isRetired)
         put(NoticeKind::BackupIsOld, *old);
     else
         remove(NoticeKind::BackupIsOld);
