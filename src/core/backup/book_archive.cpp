@@ -1,6 +1,7 @@
 #include "backup/book_archive.h"
 
 #include "backup/copy_writing.h"
+#include "platform/files/system_reason.h"
 #include "platform/printable_text.h"
 #include "platform/stop_check.h"
 
@@ -116,7 +117,8 @@ private:
     {
         if (m_file.failure)
             std::rethrow_exception(m_file.failure);
-        throw BookCopyFailed(m_file.file.path(), QString::fromUtf8(archive_error_string(m_archive.get())));
+        throw BookCopyFailed(
+            m_file.file.path(), systemReason(QString::fromUtf8(archive_error_string(m_archive.get()))));
     }
 
     ArchiveFile m_file; ///< Used until the archive is freed.
@@ -190,8 +192,8 @@ private:
 
     [[noreturn]] void fail() const
     {
-        refuse(QStringLiteral("δεν διαβάζεται ως αρχείο tar: %1")
-                   .arg(QString::fromUtf8(archive_error_string(m_archive.get()))));
+        refuse(QStringLiteral("δεν διαβάζεται ως αρχείο tar, ίσως γιατί αντιγράφηκε μισό (%1).")
+                   .arg(systemReason(QString::fromUtf8(archive_error_string(m_archive.get())))));
     }
 
     ArchiveFile m_file; ///< Used until the archive is freed.

@@ -76,6 +76,19 @@ void copyInto(const Folder& folder, const QString& name, File& backup)
     folder.confirm();
 }
 
+void refuseUnwritable(const QString& place)
+{
+    const QString refusal = QStringLiteral("Στον φάκελο %1 δεν γράφεται αντίγραφο: %2.");
+    try {
+        const Folder folder(place);
+        const WorkFolder trial(folder, WorkFolder::prefixHere(workPurpose));
+    } catch (const FileError& error) {
+        throw Refused(refusal.arg(place, error.reason()));
+    } catch (const LockRefused& error) {
+        throw Refused(refusal.arg(place, QString::fromUtf8(error.what())));
+    }
+}
+
 } // namespace
 
 SecondPlace::SecondPlace(const BookFiles& book, SettingsStore store)
@@ -107,6 +120,7 @@ void SecondPlace::choose(const QString& folder) const
                 QStringLiteral("Ο φάκελος %1 είναι μέσα στον φάκελο του βιβλίου και θα χαθεί μαζί του. Διαλέξτε"
                                " έναν σε άλλο δίσκο.")
                     .arg(folder));
+        refuseUnwritable(real);
     }
     m_store.write({{section, keyOf(m_dataFolder), folder}});
 }

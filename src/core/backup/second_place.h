@@ -19,8 +19,8 @@ public:
     /// Whether it was chosen and is there now; a stick comes and goes. Throws SettingsError.
     [[nodiscard]] bool isThere() const;
 
-    /// An empty folder forgets it. Throws SettingsError, and Refused for a folder that is missing or lies in the book's
-    /// own, where it would be lost with it.
+    /// An empty folder forgets it. Throws SettingsError, and Refused for a folder that is missing, cannot be written,
+    /// or lies in the book's own, where it would be lost with it.
     void choose(const QString& folder) const;
 
 private:

@@ -96,6 +96,13 @@ QString journalTrouble(const SqlError& error)
         : QStringLiteral("Ο υπολογιστής %1 διακόπηκε· τον ξεκλειδώνει ο διαχειριστής.").arg(computer);
 }
 
+/// Whether the plain text leaves nothing to tell: what was being written does not matter.
+bool needsNoMore(SqlError::Kind kind)
+{
+    return kind == SqlError::Kind::Replaced || kind == SqlError::Kind::DiskFull || kind == SqlError::Kind::ReadOnly
+        || kind == SqlError::Kind::Busy;
+}
+
 QString plainText(const std::exception& failure)
 {
     if (dynamic_cast<const CommitUnknown*>(&failure))
@@ -137,11 +144,10 @@ QString plainText(const std::exception& failure)
 QString failureText(const std::exception& failure)
 {
     const auto* const sql = dynamic_cast<const SqlError*>(&failure);
-    const bool saysAll = (sql && sql->kind() == SqlError::Kind::Replaced)
-        || dynamic_cast<const LocksUntrusted*>(&failure) || dynamic_cast<const NotPermitted*>(&failure)
-        || dynamic_cast<const ForeignObjects*>(&failure) || dynamic_cast<const CurrencyOverflow*>(&failure)
-        || dynamic_cast<const UnknownSchemaVersion*>(&failure) || dynamic_cast<const Refused*>(&failure)
-        || dynamic_cast<const BookExists*>(&failure);
+    const bool saysAll = (sql && needsNoMore(sql->kind())) || dynamic_cast<const LocksUntrusted*>(&failure)
+        || dynamic_cast<const NotPermitted*>(&failure) || dynamic_cast<const ForeignObjects*>(&failure)
+        || dynamic_cast<const CurrencyOverflow*>(&failure) || dynamic_cast<const UnknownSchemaVersion*>(&failure)
+        || dynamic_cast<const Refused*>(&failure) || dynamic_cast<const BookExists*>(&failure);
     return saysAll
         ? plainText(failure)
         : plainText(failure) + QStringLiteral("\n\n") + printable(QString::fromUtf8(failure.what()), Breaks::Keep);

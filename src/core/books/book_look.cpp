@@ -6,6 +6,7 @@
 #include "platform/engine/connection.h"
 #include "platform/engine/key_ring.h"
 #include "platform/engine/sql_error.h"
+#include "platform/work.h"
 #include "users/user_accounts.h"
 
 #include <QFileInfo>
@@ -32,6 +33,12 @@ void readBoth(const BookFiles& files, BookLook& look)
     (void)main.prepare("SELECT count(*) FROM sqlite_master").step();
     Connection auxiliary = openBookFile(files.auxiliaryDatabase(), keys);
     look.hasUsers = !listUsers(auxiliary).empty();
+}
+
+/// Without the engine's own words.
+QString troubleOf(const BookLook& look)
+{
+    return look.trouble.section(QStringLiteral("\n\n"), 0, 0);
 }
 
 } // namespace
@@ -67,6 +74,35 @@ BookLook lookAtBook(const QString& folder)
         look.trouble = failureText(failure);
     }
     return look;
+}
+
+QString adviceOn(const BookLook& look, const QString& folder)
+{
+    switch (look.condition) {
+    case BookCondition::Ready:
+        return look.hasUsers
+            ? QString()
+            : QStringLiteral("Το βιβλίο στον φάκελο %1 δεν έχει ακόμη χρήστες. Προσθέστε τον πρώτο.").arg(folder);
+    case BookCondition::Missing:
+        return QStringLiteral("Στον φάκελο %1 δεν βρέθηκε βιβλίο. Ίσως λείπει ο δίσκος ή το δίκτυο.").arg(folder);
+    case BookCondition::OlderFormat:
+        return QStringLiteral(
+            "Το βιβλίο στον φάκελο %1 είναι ενός παλαιότερου προγράμματος και πρέπει πρώτα να μεταφερθεί:"
+            " «Από παλαιότερο πρόγραμμα».")
+            .arg(folder);
+    case BookCondition::Damaged:
+        return troubleOf(look) + QStringLiteral(" Το βιβλίο επανέρχεται «Από αντίγραφο».");
+    case BookCondition::Unreadable:
+        break;
+    }
+    return troubleOf(look);
+}
+
+void refuseUnopenable(const QString& folder)
+{
+    const BookLook look = lookAtBook(folder);
+    if (look.condition != BookCondition::Ready && look.condition != BookCondition::Unreadable)
+        throw Refused(adviceOn(look, folder));
 }
 
 QString conditionText(BookCondition condition)

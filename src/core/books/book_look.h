@@ -28,6 +28,12 @@ struct BookLook {
 /// thread. Does not throw.
 [[nodiscard]] BookLook lookAtBook(const QString& folder);
 
+/// What to do about a book that cannot be opened, in plain Greek; empty for one that can.
+[[nodiscard]] QString adviceOn(const BookLook& look, const QString& folder);
+
+/// Throws Refused with that advice if the book's files are missing, damaged or of the older format.
+void refuseUnopenable(const QString& folder);
+
 /// In a word or two why it cannot be opened; empty for a book that is ready.
 [[nodiscard]] QString conditionText(BookCondition condition);
 

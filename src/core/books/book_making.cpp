@@ -1,11 +1,13 @@
 #include "books/book_making.h"
 
 #include "book/opening_balance_rules.h"
+#include "book/staging_folder.h"
 #include "books/book_choice.h"
 #include "books/new_book.h"
 #include "books/ready_sets.h"
 #include "demo/demo_book.h"
 #include "platform/engine/transaction.h"
+#include "platform/files/file.h"
 #include "platform/stop_check.h"
 #include "platform/work.h"
 #include "proof/opening_balance.h"
@@ -38,6 +40,30 @@ std::optional<NewBookFault> faultOfOpening(const NewBookDraft& draft, QDate toda
     if (std::get<OpeningBalance>(reading).day > today)
         return NewBookFault{NewBookField::OpeningDay, QStringLiteral("Η ημέρα του υπολοίπου δεν έχει έρθει ακόμη.")};
     return std::nullopt;
+}
+
+/// The folder, or the one in which it will be made.
+QFileInfo presentPartOf(const QString& folder)
+{
+    QFileInfo present(folder);
+    while (!present.exists() && !present.isRoot())
+        present = QFileInfo(present.absolutePath());
+    return present;
+}
+
+/// What a process that was killed has left there does not count.
+bool isFree(const QString& folder)
+{
+    const QFileInfo info(folder);
+    if (info.isSymLink() || (info.exists() && !info.isDir()))
+        return false;
+    try {
+        if (info.exists())
+            removeStagingRemainders(BookFiles(folder));
+    } catch (const FileError&) {
+        return false;
+    }
+    return !info.exists() || faultOfFolder(folder).isEmpty();
 }
 
 NewBookField fieldOf(FirstUserField field)
@@ -90,10 +116,12 @@ QString faultOfFolder(const QString& folder)
     const QFileInfo info(folder);
     if (info.isSymLink() && !info.exists())
         return QStringLiteral("Το %1 είναι σύνδεσμος που δεν οδηγεί πουθενά.").arg(folder);
+    if (const QFileInfo present = presentPartOf(folder); !present.isDir())
+        return QStringLiteral("Το %1 είναι αρχείο, όχι φάκελος.").arg(present.filePath());
+    else if (!present.isWritable())
+        return QStringLiteral("Στον φάκελο %1 δεν επιτρέπεται να γράψετε.").arg(present.filePath());
     if (!info.exists())
         return {};
-    if (!info.isDir())
-        return QStringLiteral("Το %1 είναι αρχείο, όχι φάκελος.").arg(folder);
     const QDir present(folder);
     if (QFileInfo::exists(BookFiles(folder).mainDatabase()))
         return QStringLiteral("Στον φάκελο %1 υπάρχει ήδη βιβλίο. Ανοίξτε το με το «Υπάρχον βιβλίο» ή δώστε άλλον"
@@ -148,7 +176,7 @@ QString freeFolder(const QString& name)
 {
     const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     QString folder = documents.absoluteFilePath(name);
-    for (int number = 2; QFileInfo::exists(folder) || QFileInfo(folder).isSymLink(); ++number)
+    for (int number = 2; !isFree(folder); ++number)
         folder = documents.absoluteFilePath(QStringLiteral("%1 %2").arg(name).arg(number));
     return folder;
 }

@@ -31,7 +31,7 @@ struct NewBookFault {
 [[nodiscard]] std::optional<NewBookFault> faultOf(const NewBookDraft& draft, QDate today);
 
 /// Why a book cannot get its place in that folder, in plain Greek; empty if it can: the folder is missing or empty, and
-/// the path file can hold it.
+/// the path file can hold it. An existing folder, or the one in which it is to be made, must be writable.
 [[nodiscard]] QString faultOfFolder(const QString& folder);
 
 /// Why a book cannot have that heading; empty if it can.
@@ -50,6 +50,7 @@ void makeBook(const NewBookDraft& draft, const Clock& clock);
 void makeSampleBook(const QString& folder, QDate today, std::uint64_t seed);
 
 /// A folder of that name in the user's documents which a new book can have: with a number behind it if necessary.
+/// Removes what a killed process has left of a book there.
 [[nodiscard]] QString freeFolder(const QString& name);
 
 } // namespace lorvan

@@ -1,12 +1,12 @@
 #include "books/program_files.h"
 
+#include "platform/files/system_reason.h"
 #include "platform/work.h"
 
 #include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
-#include <cstring>
 #include <unistd.h>
 #include <vector>
 
@@ -33,8 +33,7 @@ void becomeProgram(const QString& programFile, const QStringList& options)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);
     ::execv(words.front().constData(), pointers.data());
-    throw Refused(QStringLiteral("Το πρόγραμμα %1 δεν ξεκινά. %2")
-                      .arg(programFile, QString::fromLocal8Bit(std::strerror(errno))));
+    throw Refused(QStringLiteral("Το πρόγραμμα %1 δεν ξεκινά. %2").arg(programFile, systemReason(errno)));
 }
 
 } // namespace lorvan

@@ -1,5 +1,6 @@
 #include "csv/csv_reader.h"
 
+#include "platform/files/system_reason.h"
 #include "platform/stop_check.h"
 #include "platform/work.h"
 
@@ -51,7 +52,7 @@ void CsvReader::fill()
     m_next = 0;
     m_bytesRead += m_buffer.size();
     if (m_buffer.isEmpty() && !m_device.atEnd())
-        throw Refused(m_device.errorString());
+        throw Refused(systemReason(m_device.errorString()));
 }
 
 int CsvReader::peek()

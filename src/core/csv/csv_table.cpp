@@ -1,5 +1,6 @@
 #include "csv/csv_table.h"
 
+#include "platform/files/system_reason.h"
 #include "platform/work.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace {
 QFile& opened(QFile& file)
 {
     if (!file.open(QIODevice::ReadOnly))
-        throw Refused(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
+        throw Refused(QStringLiteral("%1: %2").arg(file.fileName(), systemReason(file.errorString())));
     return file;
 }
 

@@ -1,6 +1,7 @@
 #include "export/table_csv.h"
 
 #include "export/table_export.h"
+#include "platform/files/system_reason.h"
 
 #include <QIODevice>
 
@@ -55,7 +56,7 @@ void CsvSink::addRow(const std::vector<TableCell>& cells, const TableRowLook&)
 void CsvSink::write(const QByteArray& bytes)
 {
     if (m_device.write(bytes) != bytes.size())
-        throw TableExportError(m_device.errorString());
+        throw TableExportError(systemReason(m_device.errorString()));
 }
 
 } // namespace lorvan

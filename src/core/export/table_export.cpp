@@ -4,6 +4,7 @@
 #include "export/table_xlsx.h"
 #include "platform/files/durable_files.h"
 #include "platform/files/file.h"
+#include "platform/files/system_reason.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -66,13 +67,13 @@ void copy(const QString& path, QIODevice& target)
 {
     QFile source(path);
     if (!source.open(QIODevice::ReadOnly))
-        throw TableExportError(source.errorString());
+        throw TableExportError(systemReason(source.errorString()));
     while (!source.atEnd()) {
         const QByteArray bytes = source.read(copiedAtOnce);
         if (bytes.isEmpty())
-            throw TableExportError(source.errorString());
+            throw TableExportError(systemReason(source.errorString()));
         if (target.write(bytes) != bytes.size())
-            throw TableExportError(target.errorString());
+            throw TableExportError(systemReason(target.errorString()));
     }
 }
 
@@ -81,7 +82,7 @@ bool writeXlsx(const ReportDocument& document, QIODevice& target, const ExportPr
 {
     const QTemporaryDir folder;
     if (!folder.isValid())
-        throw TableExportError(folder.errorString());
+        throw TableExportError(systemReason(folder.errorString()));
     const QString path = folder.filePath(QStringLiteral("table.xlsx"));
     XlsxSink sink(path, document);
     if (!writeTable(document, sink, progress))

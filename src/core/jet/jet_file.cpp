@@ -1,5 +1,6 @@
 #include "jet/jet_file.h"
 
+#include "platform/files/system_reason.h"
 #include "platform/stop_check.h"
 
 #include <QFile>
@@ -39,7 +40,7 @@ QByteArray wholeContent(const QString& path)
         throw JetError(QStringLiteral("δεν είναι αρχείο"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw JetError(QStringLiteral("το αρχείο δεν διαβάζεται. %1").arg(file.errorString()));
+        throw JetError(QStringLiteral("το αρχείο δεν διαβάζεται. %1").arg(systemReason(file.errorString())));
     if (file.size() > largestFile)
         throw JetError(QStringLiteral("το αρχείο είναι μεγαλύτερο από 2 GiB"));
     const qint64 size = file.size();
@@ -49,8 +50,10 @@ QByteArray wholeContent(const QString& path)
         content += file.read(readAtOnce);
     }
     if (content.size() != size)
-        throw JetError(
-            QStringLiteral("διαβάστηκαν %1 από τα %2 byte. %3").arg(content.size()).arg(size).arg(file.errorString()));
+        throw JetError(QStringLiteral("διαβάστηκαν %1 από τα %2 byte. %3")
+                           .arg(content.size())
+                           .arg(size)
+                           .arg(systemReason(file.errorString())));
     return content;
 }
 

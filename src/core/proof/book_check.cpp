@@ -3,6 +3,7 @@
 #include "audit/cash_day_findings.h"
 #include "audit/record_audit.h"
 #include "book/schema_guard.h"
+#include "movements/opening_difference.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/sql_error.h"
@@ -55,7 +56,9 @@ BookTotals totalsOf(Connection& book, const MovementTotals& movements)
     if (last.step()) {
         totals.lastDay = last.integer(0);
         totals.lastBalance = last.currency(1);
-    }
+    } else
+        for (const auto& [day, amount] : openingDifferences(book))
+            totals.lastBalance += amount;
     return totals;
 }
 

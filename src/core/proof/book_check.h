@@ -20,7 +20,7 @@ struct BookTotals {
     std::int64_t users = 0;
     std::int64_t firstDay = 0; ///< As stored; 0 if there are no cash days.
     std::int64_t lastDay = 0;
-    Currency lastBalance; ///< As stored.
+    Currency lastBalance; ///< As stored; without a cash day the opening balance.
 };
 
 struct BookCheck {

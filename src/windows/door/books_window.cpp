@@ -200,8 +200,9 @@ void BooksWindow::refill(const QString& selected)
     m_model->setBooks(books);
     const int row = selected.isEmpty() ? 0 : std::max(0, m_model->rowOf(selected));
     m_list->setCurrentIndex(m_model->index(row, 0));
-    m_list->setFocus(Qt::OtherFocusReason); // never on to a button that nobody meant
     followSelection();
+    QWidget* const next = books.empty() ? static_cast<QWidget*>(m_new) : m_list;
+    next->setFocus(Qt::OtherFocusReason); // never on to a button that nobody meant
     const auto look = [this, books = std::move(books)] {
         for (std::size_t i = 0; i < books.size() && !m_looks.isCancelled(); ++i)
             m_looks.tell([this, i, seen = lookAtBook(books[i].settings.dataFolder)] {
@@ -250,19 +251,8 @@ void BooksWindow::describe(int row)
     }
     QString text = row < 0 ? QString() : m_model->book(row).settings.dataFolder;
     if (const auto& look = row < 0 ? std::nullopt : m_model->look(row)) {
-        if (!look->trouble.isEmpty())
-            text = look->trouble.section(QStringLiteral("\n\n"), 0, 0); // the engine's own words are in the box
-        if (look->condition == BookCondition::Damaged)
-            text += QStringLiteral(" Το βιβλίο επανέρχεται «Από αντίγραφο».");
-        else if (look->condition == BookCondition::Missing)
-            text = QStringLiteral("Στον φάκελο %1 δεν βρέθηκε βιβλίο. Ίσως λείπει ο δίσκος ή το δίκτυο.").arg(text);
-        else if (look->condition == BookCondition::OlderFormat)
-            text = QStringLiteral(
-                "Το βιβλίο στον φάκελο %1 είναι ενός παλαιότερου προγράμματος και πρέπει πρώτα να μεταφερθεί:"
-                " «Από παλαιότερο πρόγραμμα».")
-                       .arg(text);
-        else if (!look->hasUsers)
-            text = QStringLiteral("Το βιβλίο στον φάκελο %1 δεν έχει ακόμη χρήστες. Προσθέστε τον πρώτο.").arg(text);
+        if (const QString advice = adviceOn(*look, text); !advice.isEmpty())
+            text = advice;
     }
     m_about->setText(text);
 }

@@ -1,6 +1,8 @@
 #include "door/door.h"
 
 #include "book/book_files.h"
+#include "book/pending_restore.h"
+#include "books/book_look.h"
 #include "books/program_files.h"
 #include "controls/guarded_window.h"
 #include "door/books_window.h"
@@ -55,8 +57,14 @@ bool Door::start(const QStringList& words, bool wantsChoice)
 
 void Door::openFolder(const QString& folder)
 {
+    const QString path = QFileInfo(folder).absoluteFilePath();
     DataFolderSettings book;
-    if (guarded(nullptr, [&] { book = m_choice.settingsOf(QFileInfo(folder).absoluteFilePath()); }))
+    const auto look = [&] {
+        finishRestore(BookFiles(path));
+        refuseUnopenable(path);
+        book = m_choice.settingsOf(path);
+    };
+    if (guarded(nullptr, look))
         open(book);
     else
         show();

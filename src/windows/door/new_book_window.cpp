@@ -24,6 +24,7 @@ NewBookWindow::NewBookWindow(Clock clock, QWidget* parent)
     : EntryDialog(QStringLiteral("newBook"), QStringLiteral("Νέο βιβλίο"), QStringLiteral("Δημιουργία"), parent)
     , m_clock(std::move(clock))
     , m_offeredFolder(freeFolder(QStringLiteral("Ταμείο")))
+    , m_offeredDay(dateText(m_clock.today().addDays(-1)))
     , m_heading(newEntry("heading", {}))
     , m_folder(newEntry("folder", {}))
     , m_browse(newBrowseButton("browse", QStringLiteral("Επιλογή του φακέλου"), m_folder))
@@ -46,7 +47,7 @@ NewBookWindow::NewBookWindow(Clock clock, QWidget* parent)
     fillSets();
     m_heading->setText(DataFolderSettings().heading);
     m_folder->setText(m_offeredFolder);
-    m_day->setText(dateText(m_clock.today().addDays(-1)));
+    m_day->setText(m_offeredDay);
     setFields(fields, firstSize);
     chainTabOrder(QWidgetList{m_heading, m_folder, m_set, m_amount, m_day} + m_user->tabOrder());
     connect(m_day, &EntryField::left, this, [this] {
@@ -142,7 +143,8 @@ void NewBookWindow::carryOut()
 bool NewBookWindow::hasTyped() const
 {
     return !m_user->isEmpty() || !m_amount->text().isEmpty() || m_folder->text() != m_offeredFolder
-        || m_heading->text() != DataFolderSettings().heading;
+        || m_heading->text() != DataFolderSettings().heading || m_set->currentIndex() > 0
+        || m_day->text() != m_offeredDay;
 }
 
 } // namespace lorvan

@@ -34,6 +34,7 @@ private:
 
     const Clock m_clock;
     const QString m_offeredFolder;
+    const QString m_offeredDay;
     EntryField* m_heading;
     EntryField* m_folder;
     CommandButton* m_browse;

@@ -85,6 +85,7 @@ TEST_F(BookMaking, whatCannotBeIsToldAtItsField)
         {Field::Folder, [](auto& d) { d.folder.clear(); }, "Δώστε τον φάκελο"},
         {Field::Folder, [](auto& d) { d.folder = "/漢"; }, "Windows-1253"},
         {Field::Folder, [&](auto& d) { d.folder = base.filePath("file"); }, "είναι αρχείο"},
+        {Field::Folder, [&](auto& d) { d.folder = base.filePath("file/new"); }, "είναι αρχείο"},
         {Field::Folder, [&](auto& d) { d.folder = base.filePath("full"); }, "άλλα αρχεία"},
         {Field::Folder, [&](auto& d) { d.folder = base.filePath("link"); }, "σύνδεσμος"},
         {Field::UserName, [](auto& d) { d.user.name = "  "; }, "όνομα"},

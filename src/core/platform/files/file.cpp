@@ -1,6 +1,7 @@
 #include "platform/files/file.h"
 
 #include "platform/files/file_calls.h"
+#include "platform/files/system_reason.h"
 
 #include <cerrno>
 #include <unistd.h>
@@ -106,7 +107,7 @@ void File::takeAccessOf(const struct stat& replaced, FileAccess access)
 }
 
 FileError::FileError(const QString& path, int number)
-    : FileError(path, qt_error_string(number), number)
+    : FileError(path, systemReason(number), number)
 {
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/files/file.h"
 #include "platform/files/file_calls.h"
+#include "platform/files/system_reason.h"
 #include "platform/stop_check.h"
 
 #include <QFile>
@@ -17,7 +18,7 @@ constexpr std::chrono::milliseconds betweenAttempts{10};
 
 LockRefused refusal(const QString& path, int reason)
 {
-    return LockRefused((path + QStringLiteral(": ") + qt_error_string(reason)).toStdString());
+    return LockRefused((path + QStringLiteral(": ") + systemReason(reason)).toStdString());
 }
 
 File opened(const Folder& folder, const QString& name, FileLock::Missing missing, FileAccess access)

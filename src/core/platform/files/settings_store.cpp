@@ -2,6 +2,7 @@
 
 #include "platform/files/durable_files.h"
 #include "platform/files/file.h"
+#include "platform/files/system_reason.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -220,11 +221,11 @@ QByteArray SettingsStore::content() const
     if (!file.open(QIODevice::ReadOnly)) {
         if (::access(QFile::encodeName(m_path).constData(), F_OK) != 0 && (errno == ENOENT || errno == ENOTDIR))
             return {};
-        fail(file.errorString());
+        fail(systemReason(file.errorString()));
     }
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        fail(file.errorString());
+        fail(systemReason(file.errorString()));
     return bytes;
 }
 
