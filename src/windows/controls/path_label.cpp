@@ -50,6 +50,8 @@ QString PathLabel::shownText() const
 {
     const QFontMetrics metrics = fontMetrics();
     const int room = width() - 2 * inset;
+    if (text().isEmpty())
+        return metrics.elidedText(m_emptyText, Qt::ElideRight, room);
     if (metrics.horizontalAdvance(text()) <= room)
         return text();
     const QString name = u'/' + QFileInfo(text()).fileName();
@@ -76,7 +78,7 @@ bool PathLabel::event(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip)
         return ThemedLabel::event(event);
-    if (shownText() != text())
+    if (!text().isEmpty() && shownText() != text())
         showPlainToolTip(static_cast<QHelpEvent*>(event)->globalPos(), text(), this, rect());
     return true;
 }

@@ -17,6 +17,8 @@ public:
     explicit PathLabel(ColourRole role, qreal factor = 1.0, QWidget* parent = nullptr);
 
     void setPath(const QString& path);
+    /// What is painted while there is no path; never part of the text.
+    void setEmptyText(const QString& text) { m_emptyText = text; }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -30,6 +32,8 @@ protected:
 private:
     [[nodiscard]] QString shownText() const;
     void copy() const;
+
+    QString m_emptyText;
 };
 
 } // namespace lorvan

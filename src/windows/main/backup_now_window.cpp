@@ -115,6 +115,7 @@ void BackupNowWindow::addPlaces(QGridLayout& grid)
     own->setObjectName(QStringLiteral("ownPlace"));
     own->setPath(backupFolder(m_book));
     m_place->setObjectName(QStringLiteral("secondPlace"));
+    m_place->setEmptyText(QStringLiteral("δεν έχει οριστεί φάκελος"));
     grid.setHorizontalSpacing(betweenControls);
     grid.setColumnStretch(1, 1);
     grid.addWidget(new ThemedLabel(QStringLiteral("Στον φάκελο του βιβλίου"), ColourRole::Text), 0, 0);
