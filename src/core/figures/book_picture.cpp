@@ -2,6 +2,7 @@
 
 #include "codes/code_catalogue.h"
 #include "platform/amount_text.h"
+#include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
 #include "reports/code_sums.h"
@@ -98,6 +99,8 @@ BookPicture cashPicture(Connection& main, const PictureRequest& request)
     for (const CashFigure& figure : figures) {
         picture.chart.places.append(shortStepText(figure, request.span.step));
         picture.days.push_back(figure.from);
+        if (request.span.step == FigureStep::Day)
+            picture.subjects.push_back({RowSubject::Kind::Day, storedDate(figure.from)});
         picture.rows.push_back({stepText(figure, request.span.step), amountText(figure.income),
             amountText(figure.expense), balanceText(figure.balance)});
         incomes += figure.income;
@@ -213,7 +216,7 @@ BookPicture codePicture(Connection& main, const FigureSpan& span)
     }
     show(shares, picture);
     for (const Share& share : shares)
-        picture.codes.push_back(share.code);
+        picture.subjects.push_back({RowSubject::Kind::Code, share.code});
     return picture;
 }
 

@@ -37,7 +37,7 @@ struct BookPicture {
     std::vector<QStringList> rows; ///< The first column is a text, the others are amounts or empty.
     QStringList sums; ///< Of the columns; empty where there is nothing to add up.
     std::vector<QDate> days; ///< The day on which each row's step begins; none for groups and codes.
-    std::vector<qint32> codes; ///< The code of each row; none but for codes.
+    std::vector<RowSubject> subjects; ///< The code or the single day that each row stands for; empty if neither.
 };
 
 /// Reads the cash days or, for groups and codes, an index of the movements, in one transaction. Throws SqlError,

@@ -43,8 +43,8 @@ void addTable(ReportDocument& document, const BookPicture& picture)
     table.begin(1, picture.columns.join(u'|'), empty.join(u'|'));
     for (std::size_t row = 0; row < picture.rows.size(); ++row) {
         table.addRow(picture.rows[row]);
-        if (row < picture.codes.size())
-            document.RowStandsFor({RowSubject::Kind::Code, picture.codes[row]});
+        if (row < picture.subjects.size())
+            document.RowStandsFor(picture.subjects[row]);
     }
     document.SetFont({.bold = true});
     table.addTotals(picture.sums);

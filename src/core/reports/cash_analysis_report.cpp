@@ -3,6 +3,7 @@
 #include "document/report_cells.h"
 #include "movements/cash_day.h"
 #include "platform/amount_text.h"
+#include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
 #include "reports/code_sums.h"
@@ -14,6 +15,8 @@ namespace {
 
 constexpr ReportColour titlesShade = reportColour(200, 210, 190);
 constexpr ReportColour rowShade = reportColour(222, 225, 225);
+constexpr int expenseColumn = 2;
+constexpr int balanceColumn = 3;
 
 std::optional<CashDayFigures> figuresOf(Connection& main, QDate day)
 {
@@ -40,8 +43,9 @@ void addNoCashDay(ReportDocument& document, const ReportInputs& inputs)
 /// The day's row, the groups' rows and what is left.
 class AnalysisTable {
 public:
-    explicit AnalysisTable(ReportDocument& document)
+    AnalysisTable(ReportDocument& document, QDate day)
         : m_document(document)
+        , m_day(day)
     {
     }
 
@@ -50,6 +54,7 @@ public:
         m_document.AddTable(m_format, QStringLiteral("Περιγραφή|Εσοδα    |Εξοδα    |Υπόλοιπο    "),
             {u"Συνολικό ταμείο", amountText(day.income), amountText(day.expense), amountText(day.closingBalance)},
             titlesShade);
+        leadToDay();
     }
 
     void addRow(const QString& title, Currency balance)
@@ -57,8 +62,22 @@ public:
         m_document.AddTableRow(m_format, QStringView(), {title, u"", u"", amountText(balance)}, noShade, rowShade);
     }
 
+    /// The last row stands for the codes it adds up, each in the column its box is named after; without one, for the
+    /// day.
+    void leadTo(const std::vector<qint32>& codes)
+    {
+        if (codes.empty())
+            return leadToDay();
+        const RowSubject first{RowSubject::Kind::Code, codes.front()};
+        m_document.RowStandsFor(first);
+        m_document.RowStandsFor({RowSubject::Kind::Code, codes.back()}, expenseColumn);
+        m_document.RowStandsFor(first, balanceColumn);
+    }
+    void leadToDay() { m_document.RowStandsFor({RowSubject::Kind::Day, storedDate(m_day)}); }
+
 private:
     ReportDocument& m_document;
+    const QDate m_day;
     const QString m_format = QStringLiteral("3500|>1900|>1900|>1900");
 };
 
@@ -68,15 +87,17 @@ void addAnalysis(
     document.SetHeader(
         QStringLiteral("|Ανάλυση ταμείου της ") + inputs.startText + QStringLiteral("   ") + inputs.heading);
     document.Paragraph(lineBreak);
-    AnalysisTable table(document);
+    AnalysisTable table(document, inputs.start);
     table.begin(day);
     Currency cash = day.closingBalance;
     for (std::size_t i = 0; i < balances.size(); ++i) {
         table.addRow(inputs.analysisGroups[i].title, balances[i]);
+        table.leadTo(codesOf(inputs.analysisGroups[i]));
         cash -= balances[i];
     }
     document.SetFont({.bold = true});
     table.addRow(QStringLiteral("Μετρητά στο ταμείο"), cash);
+    table.leadToDay();
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "look/focus_rules.h"
 #include "look/remembered_size.h"
 #include "look/themed_label.h"
+#include "platform/date_text.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -226,19 +227,19 @@ void PictureWindow::showPicture(const BookPicture& picture)
 void PictureWindow::choose(int place)
 {
     const auto row = static_cast<std::size_t>(place);
-    if (row < m_picture.codes.size()) {
-        Q_EMIT codeChosen(m_picture.codes[row]);
+    if (row < m_picture.subjects.size()) {
+        const RowSubject& subject = m_picture.subjects[row];
+        if (subject.kind == RowSubject::Kind::Code)
+            Q_EMIT codeChosen(static_cast<qint32>(subject.number));
+        else
+            Q_EMIT dayChosen(dateFromStored(subject.number));
         return;
     }
     if (row >= m_picture.days.size())
         return;
-    const QDate day = m_picture.days[row];
-    if (m_shown.span.step == FigureStep::Day) {
-        Q_EMIT dayChosen(day);
-        return;
-    }
     PictureRequest request = m_request;
-    request.span = spanWith(day, m_shown.span.step == FigureStep::Year ? FigureStep::Month : FigureStep::Day);
+    request.span =
+        spanWith(m_picture.days[row], m_shown.span.step == FigureStep::Year ? FigureStep::Month : FigureStep::Day);
     ask(request);
 }
 

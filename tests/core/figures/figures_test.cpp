@@ -104,6 +104,10 @@ TEST_F(FiguresTest, TheTableHasWhatTheChartDraws)
     };
     EXPECT_EQ(rowsOf(PictureSubject::Groups), "Πωλήσεις|10,00|0,00\nΧωρίς ομάδα|0,00|0,90");
     EXPECT_EQ(rowsOf(PictureSubject::Codes), "100 Λιανική|10,00|0,00\n200 Προμήθειες|0,00|0,90");
+    const BookPicture days =
+        readBookPicture(book.main(), {PictureSubject::Cash, spanWith({2024, 3, 1}, FigureStep::Day), true});
+    EXPECT_EQ(pictureDocument(days, {}).rows().at(17).subject(0), (RowSubject{RowSubject::Kind::Day, 20240317}));
+    EXPECT_FALSE(pictureDocument(cash, {}).hasSubjects());
     const QString paper = wholeOf(pictureDocument(cash, "Κεντρικό"));
     EXPECT_TRUE(paper.contains("Μάρτιος 2024|10,00|0,50|84,50|0,00|25,00|75,00")) << paper.toStdString();
 }

@@ -52,6 +52,16 @@ protected:
     ReportInputs inputs = march();
 };
 
+QString subjects(const ReportDocument& document, int column)
+{
+    QStringList texts;
+    for (const ReportItem& row : document.rows()) {
+        const RowSubject subject = row.subject(column);
+        texts += QString(u"-mcd"[static_cast<int>(subject.kind)]) + QString::number(subject.number);
+    }
+    return texts.join(u' ');
+}
+
 } // namespace
 
 TEST_F(MovementReports, byCodeInDetail)
@@ -130,14 +140,6 @@ TEST_F(MovementReports, groupCard)
 
 TEST_F(MovementReports, rowsStandForTheirMovementsOrCodes)
 {
-    const auto subjects = [](const ReportDocument& document, int column) {
-        QStringList texts;
-        for (const ReportItem& row : document.rows()) {
-            const RowSubject subject = row.subject(column);
-            texts += QString(u"-mcd"[static_cast<int>(subject.kind)]) + QString::number(subject.number);
-        }
-        return texts.join(u' ');
-    };
     EXPECT_EQ(subjects(movementsByCodeReport(main, inputs), 3), "-0 m4 -0 m5 -0 m2 m1 m3 m6 m7 -0 -0 -0");
     EXPECT_EQ(subjects(movementsByGroupReport(main, inputs), 0), "-0 m5 -0 m2 m1 m3 m7 -0 -0");
     inputs.form = ReportForm::Summary;
@@ -167,7 +169,11 @@ TEST_F(MovementReports, cashAnalysis)
         {"Δ", {codeBoxOf("40 α"), codeBoxOf("40 β")}},
     }};
     main.execute("UPDATE kinhseis SET ejoda=800000 WHERE kvdikos=40 AND perigrafh='δ'");
-    EXPECT_EQ(wholeOf(cashAnalysisReport(main, inputs)),
+    const ReportDocument analysis = cashAnalysisReport(main, inputs);
+    EXPECT_EQ(subjects(analysis, 0), "d20240301 c40 c12 c9 c40 d20240301");
+    inputs.analysisGroups[0].boxes[1] = codeBoxOf("9 γ");
+    EXPECT_EQ(subjects(cashAnalysisReport(main, inputs), 2), "d20240301 c9 c12 c9 c40 d20240301");
+    EXPECT_EQ(wholeOf(analysis),
         "|Ανάλυση ταμείου της 1-3-24   Κεντρικό / 350 450 / Arial greek / <3500>1900>1900>1900 / bed2c8\n"
         "~\n=Περιγραφή|Εσοδα    |Εξοδα    |Υπόλοιπο    \nΣυνολικό ταμείο|3,00|0,00|10,00\n"
         "#Α|α|||-77,00\n#Β|||0,00\n#Γ|||0,00\n#Δ|||-154,00\n#*Μετρητά στο ταμείο|||241,00");
