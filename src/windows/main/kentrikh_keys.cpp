@@ -19,7 +19,7 @@ void Kentrikh::addReportKeys()
             m_gate.run([this] { previewDay(); });
     });
     const auto openSheet = [this] { m_gate.run([this] { previewKeys(); }); };
-    bindKeys(KeyUse::KeySheet, this, Qt::WindowShortcut, openSheet);
+    bindKeys(KeyUse::KeySheet, this, Qt::ApplicationShortcut, openSheet);
     const QString entry = QStringLiteral("Πλήκτρα\t") + keysText(keyEntry(KeyUse::KeySheet));
     connect(m_band->tools()->add(QStringLiteral("keys"), entry), &QAction::triggered, this, openSheet);
 }

@@ -79,8 +79,13 @@ TEST_F(OriginsTest, aLineOfAReportLeadsToItsMovementAndTheReportComesBack)
     user().press(Qt::Key_P, Qt::ControlModifier);
     ASSERT_TRUE(comesTrue([] { return shownFrame() != nullptr; }));
     Ektypvsh* const report = shownFrame();
-    user().press(Qt::Key_F1, Qt::ShiftModifier);
-    ASSERT_TRUE(report->isVisible()) << "the sheet of keys takes no report's place";
+    Driver(*report).press(Qt::Key_F1, Qt::ShiftModifier);
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto isPreview = [](const QWidget* window) {
+        return qobject_cast<const Ektypvsh*>(window) && window->isVisible();
+    };
+    ASSERT_EQ(std::count_if(windows.begin(), windows.end(), isPreview), 2)
+        << "the sheet of keys takes no report's place";
     const auto follow = [&](const RowSubject& subject) { Q_EMIT viewOf(*report).followed(subject); };
     boxes.expect(information("Προσοχή", "Η κίνηση δεν υπάρχει πια."));
     follow({RowSubject::Kind::Movement, 99});
