@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# A short tour of the program on a virtual display: signs in as a user of the sample book, enters a movement with key
-# presses, sees the new balance and leaves. Pictures and the tour's own copy of program and book stay in the target.
+# A tour of the program on a virtual display: signs in as a user of the sample book, enters a movement with key presses, sees
+# the new balance, visits the windows and leaves. Pictures, a page that shows twelve of them, and the tour's own copy of
+# program and book stay in the target.
 #   tour.sh FOLDER-OF-EXECUTABLES TARGET-FOLDER [PROGRAM-FOLDER]
 # With a program folder the programs in it are run where they are, as installed ones, and the path file is the user's.
 set -euo pipefail
@@ -12,7 +13,8 @@ target=$(realpath --canonicalize-missing -- "$2")
 program=${3:-$target/program}
 book=$target/book
 today=$(date +%Y%m%d)
-patience=60
+source "$here/display.sh"
+source "$here/contact_sheet.sh"
 
 user=ΜΑΡΙΑ
 password=2580
@@ -20,28 +22,6 @@ code=100
 description='ΠΩΛΗΣΗ ΣΕ ΠΕΡΙΠΤΕΡΟ'
 amount=123,45
 amount_in_cents=12345
-
-fail() {
-    echo "tour: $*" >&2
-    [[ ! -s $target/program.log ]] || sed 's/^/  program: /' "$target/program.log" >&2
-    [[ -z ${DISPLAY:-} ]] || import -window root "$target/failure.png" 2>/dev/null || true
-    exit 1
-}
-
-say() {
-    echo "tour: $*"
-}
-
-# wait_until WHAT COMMAND...: asks again and again until the command succeeds.
-wait_until() {
-    local what=$1 deadline=$((SECONDS + patience))
-    shift
-    until "$@"; do
-        ((SECONDS < deadline)) || fail "έληξε ο χρόνος: $what"
-        [[ -z ${lorvan:-} ]] || kill -0 "$lorvan" 2>/dev/null || fail "το πρόγραμμα τελείωσε: $what"
-        sleep 0.05
-    done
-}
 
 book_says() {
     "$bin/tour_check" "$book" "$today" "$1"
@@ -51,91 +31,38 @@ book_has() {
     [[ $(book_says "$1") == "$2" ]]
 }
 
-window_called() {
-    xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1
-}
-
-window_is_there() {
-    window=$(window_called "$1") && [[ -n $window ]]
-}
-
-# Without a window manager nobody else gives a window the keyboard.
-window_has_keyboard() {
-    window_is_there "$1" && xdotool windowfocus "$window" 2>/dev/null && [[ $(xdotool getwindowfocus -f) == "$window" ]]
-}
-
-go_to_window() {
-    wait_until "παράθυρο $1" window_has_keyboard "$1"
-}
-
-# Two pictures alike, one after the other: nothing is being painted.
-picture() {
-    local before='' now
-    for ((try = 0; try < 50; ++try)); do
-        now=$(import -window root rgb:- | sha256sum)
-        [[ $now != "$before" ]] || break
-        before=$now
-    done
-    import -window root "$target/$1.png"
-    say "εικόνα $1.png"
-}
-
-write() {
-    xdotool type --delay 15 -- "$1"
-}
-
-press() {
-    xdotool key --delay 15 "$@"
-}
-
-end_everything() {
-    [[ -z ${lorvan:-} ]] || kill "$lorvan" 2>/dev/null || true
-    [[ -z ${display_server:-} ]] || kill "$display_server" 2>/dev/null || true
-    wait
-}
-
 prepare() {
     rm -rf "$target"
     mkdir -p "$target/settings"
     export XDG_CONFIG_HOME=$target/settings
     if [[ $program == "$target/program" ]]; then
         mkdir "$program"
-        cp "$bin/lorvan" "$bin/lorvan-data" "$program/"
+        cp "$bin/lorvan" "$bin/lorvan-books" "$bin/lorvan-data" "$program/"
     fi
     "$program/lorvan-data" demo "$book" >/dev/null
     "$program/lorvan-data" path "$book" >/dev/null
 }
 
-start_display() {
-    local number
-    mkfifo "$target/display"
-    # Without auto-repeat (-r), since a busy machine holds keys down for long.
-    Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp -noreset -r 3>"$target/display" 2>"$target/display.log" &
-    display_server=$!
-    read -r -t "$patience" number <"$target/display" || fail "η εικονική οθόνη δεν ξεκίνησε"
-    rm "$target/display"
-    export DISPLAY=:$number
-    unset WAYLAND_DISPLAY
-    setxkbmap us,gr
-}
-
-start_program() {
-    LSAN_OPTIONS=suppressions=$here/system-leaks.txt:print_suppressions=0 \
-        QT_QPA_PLATFORM=xcb "$program/lorvan" >"$target/program.log" 2>&1 &
-    lorvan=$!
+# The book of the path file is the one that the list begins with.
+look_through_door() {
+    start_program "$program/lorvan-books" --choose
+    go_to_window '^Βιβλία'
+    picture door
+    press Escape
+    wait_for_end
 }
 
 sign_in() {
+    start_program "$program/lorvan"
     go_to_window 'Δώστε κωδικό πρόσβασης'
     write "$user"
     press Return
     write "$password"
     press Return
-    picture 1-sign-in
+    picture sign-in
     press Return
     go_to_window '^Lorvan'
     wait_until "σήμα χρήσης" book_has marker 1
-    picture 2-today
 }
 
 enter_movement() {
@@ -148,20 +75,76 @@ enter_movement() {
     press Return
     write "$amount"
     press Return Return Return
-    picture 3-typed
+    picture typed
     press Return
     wait_until "η κίνηση στο βιβλίο" book_has movements $((movements + 1))
-    picture 4-new-balance
+    picture new-balance
     book_has last "$code|$description|$amount_in_cents|0" || fail "άλλη κίνηση στο βιβλίο: $(book_says last)"
     book_has balance $((balance + amount_in_cents)) || fail "υπόλοιπο $(book_says balance) μετά το $balance"
     say "υπόλοιπο πριν $balance, μετά $(book_says balance) λεπτά"
 }
 
+# The day before, with a movement half typed and the rest of its description offered.
+see_day() {
+    press Prior
+    write "$code"
+    press Return
+    write Π
+    picture day
+    press BackSpace shift+Tab
+}
+
+# see WINDOW KEYS TEXT NAME: opens a window beside the main one with a key, types into it, takes its picture and closes it.
+see() {
+    press "$2"
+    go_to_window "$1"
+    [[ -z $3 ]] || write "$3"
+    sleep 1
+    picture "$4"
+    press Escape
+    wait_until "κλείνει το $1" window_is_gone "$1"
+    go_to_window '^Lorvan'
+}
+
+see_windows() {
+    see '^Αναζήτηση' ctrl+f 'ΧΟΝΔΡΙΚΗ >500' search
+    see '^Ιστορικό' ctrl+h '' history
+    see '^Εικόνα του βιβλίου' ctrl+g '' picture
+    write "$code"
+    see '^Καρτέλα' ctrl+k '' card
+    see '^Οδηγίες' F1 '' help
+}
+
+# The first of the tools; the check itself ends before the picture is taken.
+see_check() {
+    press F10
+    sleep 0.5
+    press Return
+    go_to_window '^Έλεγχος'
+    sleep 3
+    go_to_window '^Έλεγχος'
+    picture check
+    press Escape
+    wait_until "κλείνει ο έλεγχος" window_is_gone '^Έλεγχος'
+    go_to_window '^Lorvan'
+}
+
+see_tabs() {
+    press ctrl+Next
+    press Tab Tab Tab Tab Tab Tab Down F2 # the first code of the list, loaded
+    picture codes
+    press ctrl+Next
+    sleep 1
+    picture printing
+    press ctrl+Prior ctrl+Prior
+}
+
 preview_day() {
     press ctrl+p
-    wait_until "προεπισκόπηση" window_has_keyboard 'Ταμείο ημέρας'
-    picture 5-preview
-    press Escape
+    go_to_window 'Ταμείο ημέρας'
+    picture preview
+    press ctrl+e
+    wait_until "κλείνει η προεπισκόπηση" window_is_gone 'Ταμείο ημέρας'
     go_to_window '^Lorvan'
 }
 
@@ -169,22 +152,23 @@ leave() {
     # Description, expense, memorandum, cheque, insert, list, closing, exit.
     press Tab Tab Tab Tab Tab Tab Tab Tab Return
     go_to_window 'Εξοδος από το πρόγραμμα'
-    picture 6-exit
+    picture exit
     press Return
-    local status=0
-    timeout "$patience" tail --pid="$lorvan" -f /dev/null || fail "το πρόγραμμα δεν τελειώνει"
-    wait "$lorvan" || status=$?
-    lorvan=
-    ((status == 0)) || fail "το πρόγραμμα τελείωσε με $status"
+    wait_for_end
     book_has marker 0 || fail "το σήμα χρήσης δεν ελευθερώθηκε"
 }
 
 trap end_everything EXIT
 prepare
 start_display
-start_program
+look_through_door
 sign_in
 enter_movement
+see_day
+see_windows
+see_check
 preview_day
+see_tabs
 leave
+write_contact_sheet
 say "τέλος, όλα σωστά"
