@@ -13,9 +13,10 @@ build_packages=(
 tour_packages=(xvfb xdotool x11-xkb-utils imagemagick)
 
 # To run every test: the stock shell of the database engine, what counts as our formatting, what reads the includes, a wider
-# font, readers of PDF and XLSX files, and a print server, of which the tests start one of their own.
+# font, readers of PDF and XLSX files, a print server, of which the tests start one of their own, and what a screen reader
+# speaks with programs through.
 test_packages=("${tour_packages[@]}" sqlcipher clang-format python3 util-linux fonts-dejavu-core poppler-utils unzip
-    cups-daemon cups-client)
+    cups-daemon cups-client at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-gi)
 
 # To make the Debian package: icons in all sizes, what the programs depend on.
 package_packages=(librsvg2-bin dpkg-dev file)

@@ -1,6 +1,7 @@
 #include "cashbook/month_grid.h"
 
 #include "lists/row_delegate.h"
+#include "look/accessible_role.h"
 #include "look/focus_rules.h"
 #include "look/icons.h"
 #include "look/style_painting.h"
@@ -33,6 +34,7 @@ MonthGrid::MonthGrid(QDate shown, QDate today, Reader reader, QWidget* parent)
     , m_today(today)
 {
     setObjectName(QStringLiteral("monthGrid"));
+    setAccessibleRole(staticMetaObject, QAccessible::Canvas);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setCurrent(shown);

@@ -71,6 +71,7 @@ void MovementEntryPage::createControls()
     m_chooser->setObjectName(QStringLiteral("DBCombo1"));
     m_chooser->setAccessibleName(QStringLiteral("Κωδικός"));
     m_chooser->lineEdit()->setAccessibleName(m_chooser->accessibleName());
+    m_chooser->view()->setAccessibleName(m_chooser->accessibleName());
     m_picker = new CodePicker(m_chooser);
 
     m_list = new DayList(this);

@@ -28,6 +28,7 @@ ChartView::ChartView(QWidget* parent)
     : QWidget(parent)
 {
     setAccessibleRole(staticMetaObject, QAccessible::Chart);
+    setAccessibleName(QStringLiteral("Διάγραμμα"));
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     connect(&Theme::instance(), &Theme::changed, this, qOverload<>(&QWidget::update));

@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QAbstractScrollArea>
+#include <QAccessible>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -109,6 +110,8 @@ void Style::polish(QWidget* widget)
     QProxyStyle::polish(widget);
     if (qobject_cast<QLineEdit*>(widget) || qobject_cast<QAbstractScrollArea*>(widget))
         widget->setAttribute(Qt::WA_Hover, false); // nothing in them changes under the mouse
+    if (auto* const choice = qobject_cast<QComboBox*>(widget)) // the list that drops down is a window of its own
+        choice->view()->setAccessibleName(QAccessible::queryAccessibleInterface(choice)->text(QAccessible::Name));
     if (auto* const box = qobject_cast<QMessageBox*>(widget)) {
         box->setPalette(m_theme.desktopPalette());
         connect(&m_theme, &Theme::changed, box, [this, box] {

@@ -1,5 +1,6 @@
 #include "main/proof_mark.h"
 
+#include "look/accessible_role.h"
 #include "look/icons.h"
 #include "look/themed_label.h"
 #include "proof/proof_texts.h"
@@ -22,6 +23,7 @@ ProofMark::ProofMark(QWidget* parent)
     , m_time(new ThemedLabel({}, ColourRole::Muted, smallType, QFont::Normal, this))
 {
     setObjectName(QStringLiteral("proof"));
+    setAccessibleRole(staticMetaObject, QAccessible::StaticText);
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins({});
     row->setSpacing(gap);

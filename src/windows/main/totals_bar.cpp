@@ -58,7 +58,9 @@ TotalsBar::Pair TotalsBar::addPair(int index, const QString& caption, qreal fact
         label->setTextFormat(Qt::PlainText);
         return label;
     };
-    return {add(index, caption), add(index + 1, QStringLiteral("0")), factor};
+    const Pair pair{add(index, caption), add(index + 1, QStringLiteral("0")), factor};
+    pair.caption->setBuddy(pair.figure); // which an assistive tool asks for
+    return pair;
 }
 
 void TotalsBar::setFigures(const QString& income, const QString& expense, const QString& balance)

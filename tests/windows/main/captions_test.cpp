@@ -1,26 +1,8 @@
+#include "windows/every_window.h"
 #include "windows/main_window_test.h"
 #include "windows/program_run.h"
 
 #include "book/version.h"
-#include "cashbook/day_calendar.h"
-#include "cashbook/tape_window.h"
-#include "codes/omada_kvdikvn.h"
-#include "figures/card_window.h"
-#include "figures/picture_window.h"
-#include "help/help_window.h"
-#include "journal/journal_window.h"
-#include "main/check_window.h"
-#include "main/open_days_list.h"
-#include "preview/ektypvsh.h"
-#include "preview/printer_choice.h"
-#include "preview/progress_window.h"
-#include "preview/report_saver.h"
-#include "preview/save_dialog.h"
-#include "printing/analysh_frm.h"
-#include "printing/epilogh_omadvn.h"
-#include "printing/option_question.h"
-#include "search/search_window.h"
-#include "start/fr_ervthsh_update.h"
 
 #include <QAccessible>
 
@@ -72,32 +54,7 @@ TEST_F(Captions, ofEveryWindowAreAsTheyStandInTheTable)
     const QWidget& cashBook = *shownWindow("kentrikh");
     found += captionsIn(cashBook);
 
-    Connection main = book.openMain();
-    const SettingsStore settings(book.path("Lorvan.ini"));
-    Printers printers([] { return std::vector<Printer>(); });
-    ReportSaver saver;
-    found += captionsIn(OmadaKvdikvn(main, byAll(), [](QWidget*) { return true; }));
-    found += captionsIn(OpenDaysList({}, nullptr));
-    found += captionsIn(CheckWindow(
-        book.files(), testKeys(), byAll(), [](QWidget*) { return true; }, nullptr));
-    found += captionsIn(FR_ErvthshUpdate(fixedClock()));
-    found += captionsIn(AnalyshFRM(main, settings, "1/3/2024"));
-    found += captionsIn(Ervthsh());
-    found += captionsIn(FormaTajinomhshs());
-    found += captionsIn(EpiloghOmadvn({}, settings));
-    found += captionsIn(Ektypvsh(printers, saver));
-    found += captionsIn(PrinterChoice(printers, nullptr));
-    found += captionsIn(ProgressWindow({"Εκτύπωση", "Διαβάζονται οι κινήσεις", "Γραμμές"}, nullptr));
-    found += captionsIn(SaveDialog("Αποθήκευση", {{"Έγγραφο PDF (*.pdf)", "pdf"}}, nullptr));
-    found += captionsIn(JournalWindow(book.files(), testKeys(), fixedClock(), {}, nullptr));
-    found += captionsIn(SearchWindow(book.files(), testKeys(), fixedClock(), {}, nullptr));
-    found += captionsIn(PictureWindow(book.files(), testKeys(), fixedClock(), {}, nullptr));
-    found += captionsIn(CardWindow(book.files(), testKeys(), nullptr));
-    found += captionsIn(HelpWindow([](QWidget*) {}, nullptr));
-    found += captionsIn(TapeWindow({}, nullptr));
-    const QDate day(2024, 3, 15);
-    found += captionsIn(DayCalendar(
-        day, day, [](QDate, QDate) { return std::vector<CalendarDay>(); }, nullptr));
+    visitWindowsBeside(book, [&found](const QWidget& window) { found += captionsIn(window); });
     EXPECT_EQ(found.toStdString(), readFile(QT_TESTCASE_SOURCEDIR "/windows/main/captions.txt").toStdString());
 
     for (const char* const label : {"Label3D1(0)", "Label3D1(1)", "Label3D1(3)"}) {
