@@ -16,6 +16,7 @@
 #include <QTextBrowser>
 
 #include <algorithm>
+#include <utility>
 
 namespace lorvan {
 namespace {
@@ -26,6 +27,29 @@ constexpr int margin = 12;
 constexpr int between = 8;
 constexpr int textMargin = 14;
 constexpr int aboveChapter = 8;
+
+/// The text, with pictures that are never wider than it.
+class ManualView : public QTextBrowser {
+public:
+    ManualView(QTextDocument& manual, QWidget* parent)
+        : QTextBrowser(parent)
+        , m_manual(manual)
+    {
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // so that the width does not depend on the text
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QTextBrowser::resizeEvent(event);
+        if (const int width = viewport()->width(); std::exchange(m_width, width) != width)
+            fitPictures(m_manual, width - 2 * textMargin, devicePixelRatioF());
+    }
+
+private:
+    QTextDocument& m_manual;
+    int m_width = 0;
+};
 
 } // namespace
 
@@ -38,7 +62,7 @@ HelpWindow::HelpWindow(Print print, QWidget* parent)
     , m_contents(new PlainList(PlainList::Face::Desktop, this))
     , m_sought(new QLineEdit(this))
     , m_answer(new ThemedLabel({}, ColourRole::PageMuted))
-    , m_text(new QTextBrowser(this))
+    , m_text(new ManualView(*m_manual, this))
     , m_printing(new CommandButton(QStringLiteral("print"), QStringLiteral("Εκτύπωση")))
     , m_close(new CommandButton(QStringLiteral("exit"), QStringLiteral("Κλείσιμο")))
 {

@@ -3,9 +3,11 @@
 #include "platform/search_text.h"
 
 #include <QFile>
+#include <QImage>
 #include <QTextBlock>
 #include <QTextList>
 #include <QTextTable>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -45,7 +47,7 @@ void addBlock(ReportDocument& document, const QTextBlock& block)
         .size = pointsOf(level),
         .bold = level > 0});
     const QString mark = block.textList() ? QStringLiteral("•  ") : QString();
-    document.Paragraph(mark + block.text());
+    document.Paragraph(mark + block.text().remove(QChar::ObjectReplacementCharacter));
 }
 
 QString cellText(const QTextTable& table, int row, int column)
@@ -96,6 +98,27 @@ std::vector<ManualChapter> chaptersOf(const QTextDocument& manual)
             chapters.push_back({block.text(), level, block.position()});
     }
     return chapters;
+}
+
+QStringList picturesOf(const QTextDocument& manual)
+{
+    QStringList names;
+    for (QTextBlock block = manual.begin(); block.isValid(); block = block.next())
+        for (auto part = block.begin(); !part.atEnd(); ++part)
+            if (const QTextCharFormat format = part.fragment().charFormat(); format.isImageFormat())
+                names += format.toImageFormat().name();
+    return names;
+}
+
+void fitPictures(QTextDocument& manual, int width, qreal ratio)
+{
+    for (const QString& name : picturesOf(manual)) {
+        const QImage whole(QStringLiteral(":/") + name);
+        QImage picture = whole.scaledToWidth(qRound(std::min(width, whole.width()) * ratio), Qt::SmoothTransformation);
+        picture.setDevicePixelRatio(ratio);
+        manual.addResource(QTextDocument::ImageResource, QUrl(name), picture);
+    }
+    manual.markContentsDirty(0, manual.characterCount());
 }
 
 int findIn(const QTextDocument& manual, const QString& text, int from, bool isBackward)

@@ -21,11 +21,17 @@ struct ManualChapter {
 
 [[nodiscard]] std::vector<ManualChapter> chaptersOf(const QTextDocument& manual);
 
+/// The names of the manual's pictures, which are compiled in too, in their order.
+[[nodiscard]] QStringList picturesOf(const QTextDocument& manual);
+
+/// Makes every picture at most that wide, in pixels of which each has `ratio` of the screen's in each direction.
+void fitPictures(QTextDocument& manual, int width, qreal ratio);
+
 /// The position of the next place with that text, in the way of SearchText, at or after `from`, or before it if
 /// `isBackward`; -1 if there is none in that direction.
 [[nodiscard]] int findIn(const QTextDocument& manual, const QString& text, int from, bool isBackward);
 
-/// The manual on paper.
+/// The manual on paper, without its pictures.
 [[nodiscard]] ReportDocument manualDocument();
 
 } // namespace lorvan

@@ -54,10 +54,14 @@ TEST(Manual, HasTheChaptersThatF1LeadsToAndGoesToPaperWhole)
     for (const char* const wanted : {"Τα πρώτα δέκα λεπτά", "Είσοδος", "Αναζήτηση", "Ιστορικό", "Η προεπισκόπηση",
              "Η εικόνα του βιβλίου και η καρτέλα κωδικού"})
         EXPECT_TRUE(titles.contains(wanted)) << wanted;
+    fitPictures(*manual, 300, 1);
+    for (const QString& name : picturesOf(*manual))
+        EXPECT_EQ(manual->resource(QTextDocument::ImageResource, QUrl(name)).value<QImage>().width(), 300) << name;
     const ReportDocument paper = manualDocument();
     QString text;
     for (int item = 0; item < paper.itemCount(); ++item)
         text += paper.item(item).cells().join(' ') + '\n';
+    EXPECT_FALSE(text.contains(QChar::ObjectReplacementCharacter));
     for (const char* const part : {"Τα πρώτα δέκα λεπτά", "•  ", "να κλείνει το ταμείο δεν κλείνει ημέρες"})
         EXPECT_TRUE(text.contains(part)) << part;
 }
