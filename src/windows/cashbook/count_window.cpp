@@ -78,7 +78,7 @@ void CountWindow::addRow(QGridLayout& grid, int row, std::size_t kind)
     field->setObjectName(QStringLiteral("pieces(%1)").arg(kind));
     field->setValidator(new QRegularExpressionValidator(upToSixDigits, field));
     field->setRightAligned();
-    field->setFixedWidth(fieldWidth);
+    field->setLeastWidth(fieldWidth);
     const QString worth = CountedCash::worthText(kind);
     field->setAccessibleName(QStringLiteral("Τεμάχια των ") + worth);
     if (m_counted.count(kind) != 0)

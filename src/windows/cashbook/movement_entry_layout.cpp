@@ -136,7 +136,7 @@ QLayout* MovementEntryPage::dayRow()
 {
     auto* const row = new QHBoxLayout;
     row->setSpacing(10);
-    m_date->setFixedWidth(dateWidth);
+    m_date->setLeastWidth(dateWidth);
     m_weekday->setFixedWidth(widestWeekday(m_weekday->fontMetrics()));
     auto* const dateRow = new QHBoxLayout;
     dateRow->setSpacing(2);

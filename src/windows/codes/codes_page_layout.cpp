@@ -53,7 +53,7 @@ QGroupBox* CodesPage::entryFrame()
     EntryField* const code = addField(field::code, QStringLiteral("Κωδικός"));
     EntryField* const description = addField(field::codeDescription, QStringLiteral("Περιγραφή"));
     EntryField* const group = addField(field::codeGroup, QStringLiteral("Ομάδα"));
-    code->setFixedWidth(codeWidth);
+    code->setLeastWidth(codeWidth);
 
     auto* const frame = new QGroupBox(QStringLiteral("Στοιχεία κωδικού"));
     auto* const grid = new QGridLayout(frame);

@@ -23,6 +23,7 @@ constexpr int smallHeight = 26;
 constexpr int heightOverFont = 8;
 constexpr int leastWidth = 104;
 constexpr int iconAloneWidth = 44;
+constexpr int framelessWidth = 36; ///< At most: icons do not grow with the font.
 constexpr int slack = 2; ///< A text's ink may reach beyond its advance.
 constexpr float hoverShade = 0.06F;
 constexpr float pressedShade = 0.12F;
@@ -107,7 +108,7 @@ QSize CommandButton::sizeHint() const
 {
     const int height = std::max(m_small ? smallHeight : usualHeight, fontMetrics().height() + heightOverFont);
     if (!showsCaption())
-        return {m_frameless ? height : iconAloneWidth, height};
+        return {m_frameless ? std::min(height, framelessWidth) : iconAloneWidth, height};
     const int icon = m_iconName.isEmpty() ? 0 : iconExtent + iconGap;
     const int padding = m_small || m_frameless ? smallSidePadding : sidePadding;
     // The same for every look, so that nothing moves when a button becomes solid or stops being so.

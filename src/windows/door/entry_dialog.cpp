@@ -58,7 +58,8 @@ void EntryDialog::setFields(QWidget* fields, QSize firstSize)
     rows->addWidget(m_area, 1);
     rows->addLayout(buttons);
     setTabOrder(m_do, m_leave);
-    sizeWithin(this, firstSize);
+    const QSize beside(2 * margin, 2 * margin + between + m_do->sizeHint().height());
+    sizeWithin(this, firstSize.expandedTo(fields->sizeHint() + beside)); // in a large font the fields need more
 }
 
 void EntryDialog::refuse(const QString& text, QWidget& field)

@@ -92,6 +92,14 @@ bool isRightAligned(const QWidget* widget)
     return field && field->alignment().testFlag(Qt::AlignRight);
 }
 
+/// What the choice is called that drops this list down, in a window of its own; empty for every other list.
+QString nameOfChoice(const QAbstractItemView& list)
+{
+    QWidget* const popup = list.parentWidget();
+    auto* const choice = popup ? qobject_cast<QComboBox*>(popup->parentWidget()) : nullptr;
+    return choice ? QAccessible::queryAccessibleInterface(choice)->text(QAccessible::Name) : QString();
+}
+
 } // namespace
 
 Style::Style(Theme& theme)
@@ -110,8 +118,8 @@ void Style::polish(QWidget* widget)
     QProxyStyle::polish(widget);
     if (qobject_cast<QLineEdit*>(widget) || qobject_cast<QAbstractScrollArea*>(widget))
         widget->setAttribute(Qt::WA_Hover, false); // nothing in them changes under the mouse
-    if (auto* const choice = qobject_cast<QComboBox*>(widget)) // the list that drops down is a window of its own
-        choice->view()->setAccessibleName(QAccessible::queryAccessibleInterface(choice)->text(QAccessible::Name));
+    if (auto* const list = qobject_cast<QAbstractItemView*>(widget); list && list->accessibleName().isEmpty())
+        list->setAccessibleName(nameOfChoice(*list));
     if (auto* const box = qobject_cast<QMessageBox*>(widget)) {
         box->setPalette(m_theme.desktopPalette());
         connect(&m_theme, &Theme::changed, box, [this, box] {

@@ -48,7 +48,8 @@ void AnalyshFRM::layOut()
         overlay->hide();
     }
     setTabOrders();
-    sizeWithin(this, firstSize);
+    const QSize beside(2 * margin, 2 * margin + betweenGroups + m_save->sizeHint().height());
+    sizeWithin(this, firstSize.expandedTo(outer->sizeHint() + beside)); // in a large font the groups need more
 }
 
 QLayout* AnalyshFRM::groupGrid()

@@ -103,7 +103,7 @@ QLayout* PrintingPage::reportColumn()
 EntryField* PrintingPage::addDate(int index, const QString& name)
 {
     auto* const date = m_fields.add(index, new EntryField(TypingRule::Date, this));
-    date->setFixedWidth(dateWidth);
+    date->setLeastWidth(dateWidth);
     date->setAccessibleName(name);
     connect(date, &EntryField::left, this, [this, date] { m_checks.left(date); });
     m_checks.add(date, [this, date] { return checkDate(*date, m_clock.today()).has_value(); });

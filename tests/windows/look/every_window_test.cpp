@@ -1,5 +1,9 @@
 #include "windows/every_window.h"
 #include "windows/main_window_test.h"
+#include "windows/shown_form.h"
+#include "windows/whole_window.h"
+
+#include "look/opening_placement.h"
 
 #include <QAccessible>
 
@@ -9,7 +13,9 @@ namespace {
 bool isReachedByTab(const QAccessibleInterface& control)
 {
     const auto* const widget = qobject_cast<const QWidget*>(control.object());
-    return widget && (widget->focusPolicy() & Qt::TabFocus) != 0 && control.role() != QAccessible::StaticText;
+    const bool isShut = widget && !widget->isVisible() && widget->window()->windowType() == Qt::Popup;
+    return widget && !isShut && (widget->focusPolicy() & Qt::TabFocus) != 0
+        && control.role() != QAccessible::StaticText;
 }
 
 /// Controls below this one that the Tab key leads to and that tell an assistive tool no name, or not what they are.
@@ -42,6 +48,8 @@ protected:
             look(window);
         };
         start(allRights);
+        OpeningPlacement::of(&window()).end(); // this screen is smaller than those on which large type is used
+        window().resize(1366, 740);
         for (const Tab tab : {CashTab, CodesTab, PrintingTab}) {
             selectTab(tab);
             look(window());
@@ -56,6 +64,15 @@ protected:
 TEST_F(EveryWindow, saysWhatEachOfItsControlsIsAndWhatItIsCalled)
 {
     visit(expectNamed);
+}
+
+TEST_F(EveryWindow, isWholeWithTypeTwiceAsLarge)
+{
+    const DesktopFont large(QApplication::font().family(), 2 * QApplication::font().pointSize());
+    visit([](QWidget& window) {
+        layOutWhole();
+        EXPECT_EQ(cutOffIn(window), QString()) << window.objectName();
+    });
 }
 
 } // namespace lorvan::test

@@ -10,6 +10,7 @@
 #include "printing/option_question.h"
 #include "start/fr_ervthsh_update.h"
 #include "windows/shown_form.h"
+#include "windows/whole_window.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -90,29 +91,9 @@ QString latinWordsIn(QWidget& window)
     return found.join(u'\n');
 }
 
-/// Visible labels and buttons that are too small for their text, or not wholly inside the window.
-QString cutOffIn(const QWidget& window)
-{
-    QStringList found;
-    for (const QWidget* const widget : window.findChildren<QWidget*>()) {
-        const bool speaks = qobject_cast<const QLabel*>(widget) || qobject_cast<const QAbstractButton*>(widget);
-        const QString text = widget->property("text").toString();
-        if (!speaks || !widget->isVisible() || text.trimmed().isEmpty())
-            continue;
-        const QSize least = widget->sizeHint();
-        const QRect inWindow(widget->mapTo(&window, QPoint()), widget->size());
-        if (widget->width() < least.width() || widget->height() < least.height() || !window.rect().contains(inWindow))
-            found += widget->objectName() + u' ' + text
-                + QString(": %1 of %2 px, to %3").arg(widget->width()).arg(least.width()).arg(inWindow.right());
-    }
-    return found.join(u'\n');
-}
-
 void expectReadable(QWidget& window)
 {
-    QApplication::processEvents();
-    for (int level = 0; level < 8; ++level) // what the last event has changed, from the widget up to the window
-        QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    layOutWhole();
     EXPECT_EQ(latinWordsIn(window), QString()) << window.objectName();
     EXPECT_EQ(cutOffIn(window), QString()) << window.objectName();
 }
