@@ -11,6 +11,8 @@
 #include <QScopedValueRollback>
 #include <QToolTip>
 
+#include <algorithm>
+
 /// The icons are in a static library, whose resources the linker leaves out unless they are requested by name; this can
 /// only be done outside a namespace.
 static void initializeIcons()
@@ -25,6 +27,7 @@ QPointer<Theme> installedTheme;
 
 constexpr int darkBelow = 128;
 constexpr qreal readable = 4.5; // contrast of text that is meant to be read
+constexpr qreal highest = 20; // and of a desktop that is made for those who need the most; black on white has 21
 
 bool isGround(ColourRole role)
 {
@@ -40,6 +43,21 @@ bool isToBeRead(ColourRole role)
 {
     return role == ColourRole::PageMuted || role == ColourRole::PageWarning || role == ColourRole::PageIncome
         || role == ColourRole::PageExpense;
+}
+
+/// Grounds that differ little from one another, and what is written or drawn on them more faintly than text.
+bool isShade(ColourRole role)
+{
+    using enum ColourRole;
+    const auto all = {Band, Page, Base, Alternate, Button, BalanceRow, OffField};
+    return std::find(all.begin(), all.end(), role) != all.end();
+}
+
+bool isFaint(ColourRole role)
+{
+    using enum ColourRole;
+    const auto all = {Muted, Line, Edge, PageMuted, PageLine};
+    return std::find(all.begin(), all.end(), role) != all.end();
 }
 
 bool hasEqualDigits(const QFont& font)
@@ -141,6 +159,10 @@ QColor Theme::colour(ColourRole role) const
             return *m_pageColour;
         return isPageRole(role) ? pageCompanion(role) : lightColour(role);
     }
+    if (m_hasHighContrast && isShade(role))
+        return m_system.color(QPalette::Window);
+    if (m_hasHighContrast && isFaint(role))
+        return m_system.color(QPalette::WindowText);
     if (!m_dark)
         return lightColour(role);
     return systemColour(role).value_or(darkColour(role));
@@ -182,7 +204,9 @@ QPalette Theme::palette() const
 void Theme::apply()
 {
     const QScopedValueRollback guard(m_applying, true);
-    m_dark = m_system.color(QPalette::Window).lightness() < darkBelow;
+    const QColor ground = m_system.color(QPalette::Window);
+    m_dark = ground.lightness() < darkBelow;
+    m_hasHighContrast = contrast(m_system.color(QPalette::WindowText), ground) >= highest;
     m_applied = palette();
     QApplication::setPalette(m_applied);
     QToolTip::setPalette(m_applied);

@@ -52,7 +52,8 @@ enum class ColourRole {
 };
 
 /// Colours, fonts and style of every window. The light theme is our own; with a dark system palette, the colours of
-/// backgrounds, texts and highlights are the system's.
+/// backgrounds, texts and highlights are the system's. With a palette of high contrast there is one background, and
+/// nothing fainter than text.
 class Theme : public QObject {
     Q_OBJECT
 
@@ -123,6 +124,7 @@ private:
     QString m_figureFamily; ///< Empty if the desktop font's digits have equal width.
     std::optional<QColor> m_pageColour;
     bool m_dark = false;
+    bool m_hasHighContrast = false; ///< The system's palette has: nothing is shaded, nothing is fainter than text.
     bool m_isPlain = false; ///< The page colour is ignored.
     bool m_applying = false;
 };

@@ -47,6 +47,26 @@ TEST(Theme, textIsReadableOnItsGround)
     }
 }
 
+TEST(Theme, keepsTheHighContrastOfADesktop)
+{
+    using enum ColourRole;
+    const Theme& theme = Theme::instance();
+    for (const auto& [ground, text] : {std::pair(Qt::black, Qt::white), std::pair(Qt::white, Qt::black)}) {
+        QPalette desktop{QColor(ground)};
+        desktop.setColor(QPalette::Window, ground);
+        desktop.setColor(QPalette::WindowText, text);
+        desktop.setColor(QPalette::Text, text);
+        QApplication::setPalette(desktop);
+        for (const ColourRole on : {Page, Band, Base, Alternate, Button, BalanceRow}) {
+            for (const ColourRole drawn : {Text, Muted, Edge, Line})
+                EXPECT_GE(contrast(theme.colour(drawn), theme.colour(on)), 15) << int(drawn) << " on " << int(on);
+            for (const ColourRole written : {Faint, Income, Expense, Warning, Accent})
+                EXPECT_GE(contrast(theme.colour(written), theme.colour(on)), 4.5) << int(written) << " on " << int(on);
+        }
+    }
+    QApplication::setPalette(QPalette());
+}
+
 TEST(Theme, aColourOfItsOwnReachesEveryGroundOnAnyDesktopAndNoBox)
 {
     Theme& theme = Theme::instance();
