@@ -2,6 +2,7 @@
 
 #include "look/busy_pointer.h"
 #include "platform/stop_check.h"
+#include "platform/work_watch.h"
 
 #include <QEventLoop>
 #include <QTimer>
@@ -26,19 +27,25 @@ using namespace std::chrono_literals;
 
 bool BackgroundRun::run(QWidget* parent, const ProgressTexts& texts, const Work& work)
 {
-    m_cancelled = false;
+    m_fate = Fate::Open;
     m_ended = false;
     m_done = 0;
     m_all = 0;
+    m_activity = texts.activity;
     bool isWhole = false;
     std::exception_ptr failure;
     QEventLoop loop;
     std::thread worker([&] {
+        const auto begun = [this](const QString& activity) {
+            const QMutexLocker locker(&m_guard);
+            m_activity = activity;
+        };
+        const WorkWatch watch(begun, [this] { return decide(); });
         try {
             isWhole = work([this](int done, int all) {
                 m_done = done;
                 m_all = all;
-                return !m_cancelled;
+                return !isCancelled();
             });
         } catch (...) {
             failure = std::current_exception();
@@ -50,9 +57,30 @@ bool BackgroundRun::run(QWidget* parent, const ProgressTexts& texts, const Work&
     if (!m_ended)
         cancel(); // the program is ending, which ends every loop
     worker.join();
-    if (failure && !m_cancelled)
+    if (failure && !isCancelled())
         std::rethrow_exception(failure);
-    return isWhole && !m_cancelled;
+    return isWhole && !isCancelled();
+}
+
+void BackgroundRun::cancel()
+{
+    Fate open = Fate::Open;
+    m_fate.compare_exchange_strong(open, Fate::Cancelled);
+}
+
+bool BackgroundRun::decide()
+{
+    Fate fate = Fate::Open;
+    return m_fate.compare_exchange_strong(fate, Fate::Decided) || fate == Fate::Decided;
+}
+
+void BackgroundRun::show(ProgressWindow& window)
+{
+    window.setProgress(m_done, m_all);
+    if (m_fate == Fate::Decided)
+        return window.setDecided();
+    const QMutexLocker locker(&m_guard);
+    window.setActivity(m_activity);
 }
 
 void BackgroundRun::wait(QEventLoop& loop, QWidget* parent, const ProgressTexts& texts)
@@ -61,7 +89,7 @@ void BackgroundRun::wait(QEventLoop& loop, QWidget* parent, const ProgressTexts&
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     if (m_ended)
         return;
-    if (m_cancelled) {
+    if (isCancelled()) {
         loop.exec(QEventLoop::ExcludeUserInputEvents);
         return;
     }
@@ -69,8 +97,9 @@ void BackgroundRun::wait(QEventLoop& loop, QWidget* parent, const ProgressTexts&
     ProgressWindow window(texts, parent);
     QTimer update;
     QObject::connect(&window, &ProgressWindow::cancelled, &loop, [this] { cancel(); });
-    QObject::connect(&update, &QTimer::timeout, &window, [this, &window] { window.setProgress(m_done, m_all); });
+    QObject::connect(&update, &QTimer::timeout, &window, [this, &window] { show(window); });
     update.start(50ms);
+    show(window);
     window.show();
     loop.exec();
 }

@@ -3,6 +3,8 @@
 #include "platform/work.h"
 #include "preview/progress_window.h"
 
+#include <QMutex>
+
 #include <atomic>
 #include <functional>
 
@@ -11,7 +13,8 @@ class QEventLoop;
 namespace lorvan {
 
 /// Runs long work in a thread of its own, while the program's windows are repainted and user input waits. After half a
-/// second a modal window shows the progress and offers to cancel.
+/// second a modal window shows the progress and offers to cancel. Core's work tells through beginStep() what it does,
+/// and through decideOrGiveUp() from when on it can no longer be cancelled; see WorkWatch.
 class BackgroundRun {
 public:
     /// Reports how far the work is; `all` is 0 if unknown. Returns false to cancel.
@@ -24,16 +27,24 @@ public:
     /// progress.
     [[nodiscard]] bool run(QWidget* parent, const ProgressTexts& texts, const Work& work);
 
-    /// Cancels the work in progress, if any; run() returns once the work has noticed.
-    void cancel() { m_cancelled = true; }
+    /// Cancels the work in progress, if any, unless it has been decided on; run() returns once the work has noticed.
+    void cancel();
 
 private:
-    void wait(QEventLoop& loop, QWidget* parent, const ProgressTexts& texts);
+    enum class Fate { Open, Cancelled, Decided };
 
-    std::atomic<bool> m_cancelled = false;
+    void wait(QEventLoop& loop, QWidget* parent, const ProgressTexts& texts);
+    void show(ProgressWindow& window);
+    /// Returns false if it was cancelled.
+    [[nodiscard]] bool decide();
+    [[nodiscard]] bool isCancelled() const { return m_fate == Fate::Cancelled; }
+
+    std::atomic<Fate> m_fate = Fate::Open;
     std::atomic<bool> m_ended = false;
     std::atomic<int> m_done = 0;
     std::atomic<int> m_all = 0;
+    QMutex m_guard; ///< For the text below.
+    QString m_activity;
 };
 
 /// Core's work, which reports how far it is and is stopped by a StopCheck, as work for BackgroundRun.

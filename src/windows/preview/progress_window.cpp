@@ -14,7 +14,7 @@ namespace lorvan {
 namespace {
 
 constexpr int margin = 16;
-constexpr QSize firstSize{380, 132};
+constexpr QSize firstSize{380, 152};
 
 constexpr int thickness = 12;
 constexpr int stepsAcross = 40;
@@ -27,6 +27,7 @@ ProgressWindow::ProgressWindow(const ProgressTexts& texts, QWidget* parent)
     , m_counted(texts.counted)
     , m_activity(new ThemedLabel(texts.activity, ColourRole::PageText))
     , m_count(new ThemedLabel(QString(), ColourRole::PageMuted, 0.9))
+    , m_left(new ThemedLabel(QString(), ColourRole::PageMuted, 0.9))
     , m_bar(new ProgressLine)
     , m_cancel(new CommandButton({}, QStringLiteral("Άκυρο")))
 {
@@ -35,16 +36,23 @@ ProgressWindow::ProgressWindow(const ProgressTexts& texts, QWidget* parent)
     setModal(true);
     m_bar->setAccessibleName(texts.activity);
     m_count->setObjectName(QStringLiteral("count"));
+    m_left->setObjectName(QStringLiteral("timeLeft"));
+    m_activity->setObjectName(QStringLiteral("activity"));
+    m_activity->setWordWrap(true);
     m_cancel->setObjectName(QStringLiteral("cancel"));
+    QSizePolicy keepPlace = m_cancel->sizePolicy();
+    keepPlace.setRetainSizeWhenHidden(true);
+    m_cancel->setSizePolicy(keepPlace);
 
     auto* const end = new QHBoxLayout;
-    end->addWidget(m_count, 1);
+    end->addWidget(m_left, 1);
     end->addWidget(m_cancel);
     auto* const rows = new QVBoxLayout(this);
     rows->setContentsMargins(margin, margin, margin, margin);
     rows->setSpacing(8);
     rows->addWidget(m_activity);
     rows->addWidget(m_bar);
+    rows->addWidget(m_count);
     rows->addStretch(1);
     rows->addLayout(end);
     sizeWithin(this, firstSize);
@@ -66,10 +74,33 @@ void ProgressWindow::setProgress(int done, int all)
     if (done > 0 && all > 0)
         count += QStringLiteral(" από ") + greek.toString(all);
     m_count->setText(count);
+    m_pace.note(done, all, std::chrono::steady_clock::now());
+    m_left->setText(m_isCancelled || m_isDecided ? QString() : m_pace.timeLeft());
+}
+
+void ProgressWindow::setActivity(const QString& activity)
+{
+    if (m_isCancelled || m_isDecided || m_activity->text() == activity)
+        return;
+    m_activity->setText(activity);
+    m_bar->setAccessibleName(activity);
+}
+
+void ProgressWindow::setDecided()
+{
+    if (m_isDecided)
+        return;
+    m_isDecided = true;
+    m_activity->setText(QStringLiteral("Ολοκληρώνεται και δεν ακυρώνεται πια…"));
+    m_bar->setAccessibleName(m_activity->text());
+    m_cancel->hide();
 }
 
 void ProgressWindow::reject()
 {
+    if (m_isDecided)
+        return;
+    m_isCancelled = true;
     m_activity->setText(QStringLiteral("Ακυρώνεται…"));
     m_cancel->setEnabled(false);
     Q_EMIT cancelled();

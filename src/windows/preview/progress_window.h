@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/work_pace.h"
+
 #include <QDialog>
 #include <QProgressBar>
 
@@ -17,8 +19,8 @@ struct ProgressTexts {
     QString counted;
 };
 
-/// Shows how far a long job is, with a button to cancel. Escape and closing the window cancel too; it stays until the
-/// code that runs the work removes it. Modal.
+/// Shows what a long job does, how far it is and, after a few seconds, how long it still takes, with a button to
+/// cancel. Escape and closing the window cancel too; it stays until the code that runs the work removes it. Modal.
 class ProgressWindow : public QDialog {
     Q_OBJECT
 
@@ -27,6 +29,10 @@ public:
 
     /// `all` is 0 if it is unknown.
     void setProgress(int done, int all);
+    /// What is being done now.
+    void setActivity(const QString& activity);
+    /// The work can no longer be cancelled: the button goes, and the first line says so.
+    void setDecided();
 
     void reject() override;
 
@@ -37,8 +43,12 @@ private:
     const QString m_counted;
     QLabel* m_activity;
     QLabel* m_count;
+    QLabel* m_left;
     ProgressLine* m_bar;
     CommandButton* m_cancel;
+    WorkPace m_pace;
+    bool m_isCancelled = false;
+    bool m_isDecided = false;
 };
 
 /// A flat progress bar. If the end is unknown, a section of it advances with each step.
