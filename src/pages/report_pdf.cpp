@@ -38,6 +38,24 @@ bool layOutAll(ReportPages& pages, const PageProgress& progress)
     return true;
 }
 
+/// What all PDF files have in common.
+void describe(QPdfWriter& writer, const QString& title)
+{
+    writer.setResolution(twipsInInch);
+    writer.setTitle(title);
+    writer.setCreator(QStringLiteral("Lorvan"));
+}
+
+/// Paints all pages of a document, the first one on the page that the device has begun.
+void paintAll(QPainter& painter, QPagedPaintDevice& device, const ReportPages& pages)
+{
+    for (int page = 0; page < pages.pageCount(); ++page) {
+        if (page > 0)
+            device.newPage();
+        pages.paintPage(painter, page);
+    }
+}
+
 } // namespace
 
 PageOutputError::PageOutputError(const QString& reason)
@@ -72,10 +90,34 @@ PageOutcome writePdf(ReportPages& pages, QIODevice& device, const PageProgress& 
     if (!layOutAll(pages, progress))
         return PageOutcome::Cancelled;
     QPdfWriter writer(&device);
-    writer.setResolution(twipsInInch);
-    writer.setTitle(QString(pages.document().header()).replace(u'|', u' ').trimmed());
-    writer.setCreator(QStringLiteral("Lorvan"));
+    describe(writer, QString(pages.document().header()).replace(u'|', u' ').trimmed());
     return printPages(pages, writer, {0, pages.pageCount() - 1}, progress);
+}
+
+std::optional<std::vector<int>> bindPdf(
+    const std::vector<ReportDocument>& documents, const QString& title, QIODevice& device, const PageProgress& progress)
+{
+    QPdfWriter writer(&device);
+    describe(writer, title);
+    QPainter painter;
+    std::vector<int> firstPages;
+    int next = 1;
+    for (const ReportDocument& document : documents) {
+        ReportPages pages(document);
+        if (!layOutAll(pages, progress))
+            return std::nullopt;
+        setPaper(writer, document);
+        if (next == 1 ? !painter.begin(&writer) : !writer.newPage())
+            throw PageOutputError(QStringLiteral("Το PDF δεν γράφεται."));
+        if (next == 1)
+            painter.scale(writer.logicalDpiX() / double(twipsInInch), writer.logicalDpiY() / double(twipsInInch));
+        paintAll(painter, writer, pages);
+        firstPages.push_back(next);
+        next += pages.pageCount();
+        if (progress && !progress(static_cast<int>(firstPages.size()), static_cast<int>(documents.size())))
+            return std::nullopt;
+    }
+    return firstPages;
 }
 
 PageOutcome savePdf(ReportPages& pages, const QString& path, const PageProgress& progress)

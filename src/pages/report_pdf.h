@@ -3,13 +3,16 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <stdexcept>
+#include <vector>
 
 class QIODevice;
 class QPagedPaintDevice;
 
 namespace lorvan {
 
+class ReportDocument;
 class ReportPages;
 
 /// Pages from `first` to `last`, both counted from 0 and both included.
@@ -39,8 +42,13 @@ public:
 /// Writes the whole document as a PDF with searchable text and embedded fonts.
 [[nodiscard]] PageOutcome writePdf(ReportPages& pages, QIODevice& device, const PageProgress& progress);
 
-/// The same into a file, which is written completely or not at all: after cancelling or failing, an earlier file of
-/// that name is unchanged. Throws PageOutputError with the system's message.
+/// Writes several documents one after the other as one PDF, each from a new page on. Returns the page on which each
+/// begins, from 1; no value if it was cancelled. `progress` counts the documents.
+[[nodiscard]] std::optional<std::vector<int>> bindPdf(const std::vector<ReportDocument>& documents,
+    const QString& title, QIODevice& device, const PageProgress& progress);
+
+/// The first one into a file, which is written completely or not at all: after cancelling or failing, an earlier file
+/// of that name is unchanged. Throws PageOutputError with the system's message.
 [[nodiscard]] PageOutcome savePdf(ReportPages& pages, const QString& path, const PageProgress& progress);
 
 } // namespace lorvan

@@ -4,6 +4,7 @@
 #include "book/claimed_marker.h"
 #include "book/opened_book.h"
 #include "csv/csv_import.h"
+#include "csv/csv_source.h"
 #include "csv/import_texts.h"
 #include "platform/authority.h"
 #include "platform/work.h"
@@ -41,13 +42,14 @@ ExitStatus importCsvFiles(Arguments& arguments, const ToolContext& context)
     if (arguments.takeFlag(QStringLiteral("--again")))
         choices.takenBefore = TakenBefore::Accept;
     const QString bookFolder = arguments.takeBookFolder();
-    const QString folder = arguments.takeWord(QStringLiteral("ο φάκελος με τα αρχεία CSV"));
+    const QString files = arguments.takeWord(QStringLiteral("ο φάκελος με τα αρχεία CSV"));
     arguments.finish();
+    const CsvSource source(files);
 
     readyBook(BookFiles(bookFolder));
     const ClaimedMarker marker{BookFiles(bookFolder)};
     OpenedBook book(bookFolder, Connection::Access::ReadWrite);
-    const CsvImportOutcome outcome = import(book, folder, choices, context);
+    const CsvImportOutcome outcome = import(book, source.folder(), choices, context);
     if (outcome.badLineCount == 0) {
         printLines(importedLines(outcome), context.out);
         return ExitStatus::Done;
@@ -69,7 +71,8 @@ Command importCsvCommand()
             "γράφει η εντολή export, και μαζί τους τα υπόλοιπα ανοίγματος του opening_difference.csv. Οι κινήσεις\n"
             "μπαίνουν σαν να πληκτρολογήθηκαν: αλλάζουν και τα υπόλοιπα των επόμενων ημερών. Αν έστω και μία\n"
             "γραμμή έχει λάθος, δεν προστέθηκε τίποτα και οι γραμμές με λάθη αναφέρονται μία προς μία. Το βιβλίο\n"
-            "θυμάται τι πήρε: το ίδιο περιεχόμενο δεν μπαίνει δεύτερη φορά.\n"
+            "θυμάται τι πήρε: το ίδιο περιεχόμενο δεν μπαίνει δεύτερη φορά. Στη θέση του φακέλου μπορεί να δοθεί\n"
+            "αρχείο ZIP με τα ίδια αρχεία, όπως το «Πακέτο μήνα» του προγράμματος.\n"
             "Το βιβλίο δεν πρέπει να χρησιμοποιείται από το πρόγραμμα.\n"),
         importCsvFiles};
 }

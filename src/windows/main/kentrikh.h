@@ -112,6 +112,7 @@ private:
     void connectExchange();
     void backUpNow();
     void exportTables(); ///< Into a folder that the user chooses.
+    void packMonth();
     void importTables(); ///< From a folder that the user chooses.
     void importFrom(const QString& folder, TakenBefore takenBefore);
     void openManual();

@@ -6,6 +6,7 @@
 #include "csv/taken_imports.h"
 #include "look/message_window.h"
 #include "main/kentrikh.h"
+#include "main/month_window.h"
 #include "main/tab_band.h"
 #include "main/tools_button.h"
 #include "preview/folder_dialog.h"
@@ -25,6 +26,8 @@ void Kentrikh::connectExchange()
 {
     const QAction* const out = m_band->tools()->add(QStringLiteral("export"), QStringLiteral("Εξαγωγή…"));
     connect(out, &QAction::triggered, this, [this] { openTool([this] { exportTables(); }); });
+    const QAction* const month = m_band->tools()->add(QStringLiteral("monthPackage"), QStringLiteral("Πακέτο μήνα…"));
+    connect(month, &QAction::triggered, this, [this] { openTool([this] { packMonth(); }); });
     if (!m_authority.has(Right::ModifyCash))
         return;
     const QAction* const in = m_band->tools()->add(QStringLiteral("importCsv"), QStringLiteral("Εισαγωγή CSV…"));
@@ -50,6 +53,11 @@ void Kentrikh::exportTables()
             + made.staying.join(QStringLiteral(", ")) + QStringLiteral(". Δεν είναι του βιβλίου· σβήστε τα.");
     showMessage(this, QMessageBox::Information, exportTitle,
         QStringLiteral("Το βιβλίο γράφτηκε σε αρχεία CSV και XLSX. Δεν είναι κρυπτογραφημένα."), details);
+}
+
+void Kentrikh::packMonth()
+{
+    MonthWindow(BookFiles(m_settings.dataFolder), m_keys, m_settings.heading, m_clock, this).exec();
 }
 
 void Kentrikh::importTables()
