@@ -26,7 +26,11 @@ void ReportTable::addRow(const CellTexts& cells)
 {
     m_document.AddTableRow(m_format, QStringView(), cells, noShade, m_nextIsPlain ? noShade : rowShade);
     m_nextIsPlain = !m_nextIsPlain;
-    if (++m_rows % rowsBetweenQuestions == 0 && m_progress && !m_progress(m_rows))
+    if (++m_rows % rowsBetweenQuestions != 0)
+        return;
+    if (m_rows == rowsBetweenQuestions)
+        m_progress.begun(m_document);
+    if (!m_progress(m_rows))
         throw ReportCancelled();
 }
 

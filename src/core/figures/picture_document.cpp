@@ -75,7 +75,7 @@ ReportDocument pictureDocument(const BookPicture& picture, const QString& headin
 ReportDocument buildPictureDocument(const PictureRequest& request, const QString& heading, const BookFiles& files,
     KeyRing& keys, const ReportProgress& progress)
 {
-    const StopCheck check([&progress] { return !progress || progress(0); });
+    const StopCheck check([&progress] { return progress(0); });
     Connection main = openBookFile(files.mainDatabase(), keys);
     BookPicture picture;
     readSteadily(main, [&] { picture = readBookPicture(main, request); });

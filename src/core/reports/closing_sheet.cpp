@@ -179,7 +179,7 @@ ReportDocument closingSheet(Connection& book, QDate day, const QString& heading)
 ReportDocument buildClosingSheet(
     QDate day, const QString& heading, const BookFiles& files, KeyRing& keys, const ReportProgress& progress)
 {
-    const StopCheck check([&progress] { return !progress || progress(0); });
+    const StopCheck check([&progress] { return progress(0); });
     Connection book = openBoth(files, keys, Connection::Access::ReadOnly);
     ReportDocument document;
     readSteadily(book, [&] { document = closingSheet(book, day, heading); });

@@ -44,7 +44,7 @@ int addRows(ReportDocument& document, ReportTable& table, Connection& main, cons
             document.RowStandsFor(subjectOf(row));
             ++count;
         }
-        if (progress && !progress(count))
+        if (!progress(count))
             throw ReportCancelled();
     }
     return count;
@@ -75,11 +75,12 @@ ReportDocument buildJournalReport(const JournalFilter& filter, const QString& he
     KeyRing& keys, const ReportProgress& progress)
 {
     int rows = 0;
-    const ReportProgress counting = [&rows, &progress](int built) {
+    const auto count = [&rows, &progress](int built) {
         rows = built;
-        return !progress || progress(built);
+        return progress(built);
     };
-    const StopCheck check([&rows, &progress] { return !progress || progress(rows); });
+    const ReportProgress counting(count, [&progress](const ReportDocument& beginning) { progress.begun(beginning); });
+    const StopCheck check([&rows, &progress] { return progress(rows); });
     Connection main = openBookFile(files.mainDatabase(), keys);
     return journalReport(main, filter, heading, counting);
 }

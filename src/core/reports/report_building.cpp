@@ -59,11 +59,12 @@ void readForReport(const ReportRequest& request, const BookFiles& files, KeyRing
 {
     const QString path = databaseOf(request.report, files);
     int rows = 0;
-    const ReportProgress counting = [&rows, &progress](int built) {
+    const auto count = [&rows, &progress](int built) {
         rows = built;
-        return !progress || progress(built);
+        return progress(built);
     };
-    const StopCheck check([&rows, &progress] { return !progress || progress(rows); });
+    const ReportProgress counting(count, [&progress](const ReportDocument& beginning) { progress.begun(beginning); });
+    const StopCheck check([&rows, &progress] { return progress(rows); });
     Connection connection = openBookFile(path, keys);
     readSteadily(connection, [&] { read(connection, counting); });
 }

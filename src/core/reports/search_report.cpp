@@ -20,7 +20,7 @@ SearchHits find(Connection& main, const SearchQuery& query, const ReportProgress
     SearchHits hits;
     while (!search.isAtEnd()) {
         hits.add(search.readOn(main));
-        if (progress && !progress(0))
+        if (!progress(0))
             throw ReportCancelled();
     }
     return hits;
@@ -71,7 +71,7 @@ ReportDocument searchReport(
 ReportDocument buildSearchReport(const SearchQuery& query, const QString& heading, const BookFiles& files,
     KeyRing& keys, const ReportProgress& progress)
 {
-    const StopCheck check([&progress] { return !progress || progress(0); });
+    const StopCheck check([&progress] { return progress(0); });
     Connection main = openBookFile(files.mainDatabase(), keys);
     return searchReport(main, query, heading, progress);
 }

@@ -16,9 +16,17 @@
 namespace lorvan {
 namespace {
 
+constexpr int aboveFoot = 64;
+
 int asCount(qint64 count)
 {
     return static_cast<int>(std::min<qint64>(count, std::numeric_limits<int>::max()));
+}
+
+/// So that what stands above it can be read.
+QPoint atFootOf(const QRect& front, QSize window)
+{
+    return {front.center().x() - window.width() / 2, front.bottom() - window.height() - aboveFoot};
 }
 
 } // namespace
@@ -35,6 +43,10 @@ bool BackgroundRun::run(QWidget* parent, const ProgressTexts& texts, const Work&
     bool isWhole = false;
     std::exception_ptr failure;
     QEventLoop loop;
+    m_loop = &loop;
+    m_texts = texts;
+    m_front = parent;
+    m_standsAtFoot = false;
     std::thread worker([&] {
         const auto begun = [this](const QString& activity) {
             const QMutexLocker locker(&m_guard);
@@ -53,7 +65,8 @@ bool BackgroundRun::run(QWidget* parent, const ProgressTexts& texts, const Work&
         m_ended = true;
         QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     });
-    wait(loop, parent, texts);
+    wait(loop);
+    m_window.reset();
     if (!m_ended)
         cancel(); // the program is ending, which ends every loop
     worker.join();
@@ -74,16 +87,16 @@ bool BackgroundRun::decide()
     return m_fate.compare_exchange_strong(fate, Fate::Decided) || fate == Fate::Decided;
 }
 
-void BackgroundRun::show(ProgressWindow& window)
+void BackgroundRun::updateProgress()
 {
-    window.setProgress(m_done, m_all);
+    m_window->setProgress(m_done, m_all);
     if (m_fate == Fate::Decided)
-        return window.setDecided();
+        return m_window->setDecided();
     const QMutexLocker locker(&m_guard);
-    window.setActivity(m_activity);
+    m_window->setActivity(m_activity);
 }
 
-void BackgroundRun::wait(QEventLoop& loop, QWidget* parent, const ProgressTexts& texts)
+void BackgroundRun::wait(QEventLoop& loop)
 {
     QTimer::singleShot(500ms, &loop, &QEventLoop::quit);
     loop.exec(QEventLoop::ExcludeUserInputEvents);
@@ -94,14 +107,34 @@ void BackgroundRun::wait(QEventLoop& loop, QWidget* parent, const ProgressTexts&
         return;
     }
     const OrdinaryPointer pointer;
-    ProgressWindow window(texts, parent);
     QTimer update;
-    QObject::connect(&window, &ProgressWindow::cancelled, &loop, [this] { cancel(); });
-    QObject::connect(&update, &QTimer::timeout, &window, [this, &window] { show(window); });
+    QObject::connect(&update, &QTimer::timeout, &loop, [this] { updateProgress(); });
     update.start(50ms);
-    show(window);
-    window.show();
+    showProgress();
     loop.exec();
+}
+
+void BackgroundRun::showProgress()
+{
+    m_window = std::make_unique<ProgressWindow>(m_texts, m_front);
+    QObject::connect(m_window.get(), &ProgressWindow::cancelled, m_loop, [this] { cancel(); });
+    if (m_standsAtFoot)
+        m_window->move(atFootOf(m_front->frameGeometry(), m_window->size()));
+    updateProgress();
+    m_window->show();
+}
+
+void BackgroundRun::showMeanwhile(const std::function<QWidget*()>& show)
+{
+    const auto showNow = [this, show] {
+        if (isCancelled() || m_ended)
+            return;
+        m_front = show();
+        m_standsAtFoot = true;
+        if (m_window)
+            showProgress();
+    };
+    QMetaObject::invokeMethod(m_loop, showNow, Qt::QueuedConnection);
 }
 
 BackgroundRun::Work stoppable(const std::function<void(const StepProgress& progress)>& work)

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <functional>
+#include <memory>
 
 class QEventLoop;
 
@@ -27,17 +28,28 @@ public:
     /// progress.
     [[nodiscard]] bool run(QWidget* parent, const ProgressTexts& texts, const Work& work);
 
+    /// For the work, while it runs: has `show` called in the thread of the windows, unless the work was cancelled or
+    /// has ended meanwhile. From then on the progress is shown at the foot of the window that it returns.
+    void showMeanwhile(const std::function<QWidget*()>& show);
+
     /// Cancels the work in progress, if any, unless it has been decided on; run() returns once the work has noticed.
     void cancel();
 
 private:
     enum class Fate { Open, Cancelled, Decided };
 
-    void wait(QEventLoop& loop, QWidget* parent, const ProgressTexts& texts);
-    void show(ProgressWindow& window);
+    void wait(QEventLoop& loop);
+    void showProgress();
+    void updateProgress();
     /// Returns false if it was cancelled.
     [[nodiscard]] bool decide();
     [[nodiscard]] bool isCancelled() const { return m_fate == Fate::Cancelled; }
+
+    QEventLoop* m_loop = nullptr; ///< Of the work in progress.
+    ProgressTexts m_texts;
+    QWidget* m_front = nullptr; ///< The window that the progress stands in front of.
+    bool m_standsAtFoot = false; ///< Since there is something to read in that window.
+    std::unique_ptr<ProgressWindow> m_window;
 
     std::atomic<Fate> m_fate = Fate::Open;
     std::atomic<bool> m_ended = false;

@@ -178,8 +178,16 @@ void Ektypvsh::connectSearch()
 
 // Life
 
+void Ektypvsh::begin(ReportDocument beginning, const QString& titleText)
+{
+    m_titleText = titleText;
+    setPages(std::move(beginning), carriesSums());
+    showPrinterState();
+}
+
 void Ektypvsh::open(ReportDocument document, const QString& titleText, const QString& fileName)
 {
+    m_isWhole = true;
     m_titleText = titleText;
     m_fileName = fileName;
     const bool carries = carriesSums();
@@ -224,6 +232,7 @@ void Ektypvsh::unload()
     m_search.setPages(nullptr);
     m_area->view().setPages(nullptr);
     hide();
+    Q_EMIT unloaded();
 }
 
 void Ektypvsh::closeEvent(QCloseEvent* event)
@@ -283,7 +292,7 @@ void Ektypvsh::showPages()
 {
     const PageView& view = m_area->view();
     const int current = view.currentPage();
-    const bool isComplete = view.pages() && view.pages()->isComplete();
+    const bool isComplete = m_isWhole && view.pages() && view.pages()->isComplete();
     m_tools->setPages(current, view.pageCount(), isComplete);
     for (QAction* const action : {m_actions.firstPage, m_actions.previousPage})
         action->setEnabled(current > 0);

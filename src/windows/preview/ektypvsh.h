@@ -26,6 +26,9 @@ public:
     Ektypvsh(Printers& printers, ReportSaver& saver);
     ~Ektypvsh() override;
 
+    /// Shows the first rows of a report while the others are still being read; open() then shows all of them.
+    void begin(ReportDocument beginning, const QString& titleText);
+
     /// Shows the report; to be called once. `titleText` comes from the list of reports; `fileName` is proposed for
     /// saving.
     void open(ReportDocument document, const QString& titleText, const QString& fileName);
@@ -42,6 +45,7 @@ public:
 
 Q_SIGNALS:
     void followed(const lorvan::RowSubject& subject); ///< Of a line of the report.
+    void unloaded();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -80,6 +84,7 @@ private:
     PageSearch m_search;
     QString m_titleText;
     QString m_fileName;
+    bool m_isWhole = false; ///< Not while only the beginning of the report is shown.
     bool m_isPageShown = false;
     bool m_takesPrintKey = false; ///< Not the key that opened the window, however long it is held.
     bool m_hasWaited = false; ///< For the first answer of the print system.

@@ -41,13 +41,14 @@ std::unique_ptr<Ektypvsh> ReportDesk::newFrame()
         if (m_follow)
             m_follow(subject, preview);
     });
+    QObject::connect(frame.get(), &Ektypvsh::unloaded, [this] { m_run.cancel(); }); // while its report is being built
     return frame;
 }
 
 bool ReportDesk::show(std::unique_ptr<Ektypvsh> frame, const DocumentRequest& request, QWidget* window)
 {
     ReportDocument document;
-    if (!build(request, window, document))
+    if (!build(request, window, *frame, document))
         return false;
     frame->open(std::move(document), request.title, request.fileName);
     m_frame = std::move(frame);
@@ -65,11 +66,20 @@ void ReportDesk::findOmissions(const ReportRequest& request)
         [this](const std::vector<ReportOmission>& omissions) { m_frame->tell(omissions); });
 }
 
-bool ReportDesk::build(const DocumentRequest& request, QWidget* window, ReportDocument& document)
+/// The first page of a long report is shown while the rest is built; what needs all pages waits behind the progress.
+bool ReportDesk::build(const DocumentRequest& request, QWidget* window, Ektypvsh& frame, ReportDocument& document)
 {
+    const auto showBeginning = [&](const ReportDocument& beginning) {
+        m_run.showMeanwhile([&frame, &request, beginning]() -> QWidget* {
+            frame.begin(beginning, request.title);
+            frame.show();
+            return &frame;
+        });
+    };
     const ProgressTexts texts{request.title, QStringLiteral("Ετοιμάζεται η εκτύπωση…"), QStringLiteral("Γραμμές")};
-    return m_run.run(window, texts, [this, &request, &document](const BackgroundRun::Progress& progress) {
-        document = request.build(m_files, m_keys, [&progress](int rows) { return progress(rows, 0); });
+    return m_run.run(window, texts, [&](const BackgroundRun::Progress& progress) {
+        const auto goesOn = [&progress](int rows) { return progress(rows, 0); };
+        document = request.build(m_files, m_keys, ReportProgress(goesOn, showBeginning));
         return true;
     });
 }

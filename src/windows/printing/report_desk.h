@@ -49,7 +49,8 @@ private:
     [[nodiscard]] std::unique_ptr<Ektypvsh> newFrame();
     /// False if it was cancelled.
     [[nodiscard]] bool show(std::unique_ptr<Ektypvsh> frame, const DocumentRequest& request, QWidget* window);
-    [[nodiscard]] bool build(const DocumentRequest& request, QWidget* window, ReportDocument& document);
+    [[nodiscard]] bool build(
+        const DocumentRequest& request, QWidget* window, Ektypvsh& frame, ReportDocument& document);
 
     const BookFiles m_files;
     KeyRing& m_keys;

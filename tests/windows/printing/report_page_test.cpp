@@ -1,9 +1,14 @@
 #include "controls/entry_field.h"
+#include "look/busy_pointer.h"
+#include "printing/report_desk.h"
 #include "report_pdf.h"
+#include "reports/key_sheet.h"
 #include "windows/preview/printing_test.h"
 #include "windows/program_run.h"
 
+#include <QAction>
 #include <QMenu>
+#include <QSemaphore>
 
 namespace lorvan::test {
 namespace {
@@ -282,6 +287,52 @@ TEST_F(ReportRunning, isGivenUpWhileItWaits)
     EXPECT_EQ(shownFrame(), nullptr);
     print(3);
     EXPECT_NE(shownFrame(), nullptr);
+}
+
+TEST_F(ReportRunning, theFirstPageIsReadWhileTheRestIsBuilt)
+{
+    enum class End { Whole, GivenUp, Failed };
+    start(allRights);
+    for (const auto& [isLate, end] :
+        {std::pair(false, End::Whole), {true, End::Whole}, {false, End::GivenUp}, {true, End::Failed}}) {
+        ReportDesk desk(book.files(), testKeys());
+        QSemaphore begins(isLate ? 0 : 1);
+        QSemaphore goesOn;
+        const auto build = [&](const BookFiles&, KeyRing&, const ReportProgress& progress) {
+            begins.acquire();
+            progress.begun(keySheet("αρχή"));
+            goesOn.acquire();
+            if (end == End::Failed)
+                throw std::runtime_error("απέτυχε");
+            return keySheet("όλη");
+        };
+        const auto look = [&](QWidget& progress) {
+            EXPECT_TRUE(viewOf(*shownFrame()).pages()->textOf(0).contains("αρχή"));
+            EXPECT_EQ(Driver(*shownFrame()).text("pageCount"), "/ 1+");
+            shownFrame()->findChild<QAction*>("menu(15)")->trigger(); // or a box would tell that there is no printer
+            if (end == End::GivenUp)
+                Driver(progress).press(Qt::Key_Escape);
+            goesOn.release();
+        };
+        boxes.whenShown("progress", [&](QWidget& progress) {
+            if (!isLate)
+                return look(progress);
+            boxes.whenShown("progress", look);
+            begins.release();
+        });
+        const auto print = [&] {
+            const BusyPointer busy;
+            desk.print(DocumentRequest{"", "", build}, &window());
+        };
+        if (end == End::Failed)
+            EXPECT_THROW(print(), std::runtime_error);
+        else
+            print();
+        ASSERT_EQ(shownFrame() != nullptr, end == End::Whole);
+        if (shownFrame() != nullptr) {
+            EXPECT_TRUE(document().header().contains("όλη"));
+        }
+    }
 }
 
 TEST_F(ReportRunning, closingTheProgramEndsIt)
