@@ -2,10 +2,11 @@
 
 #include "document/report_cells.h"
 #include "platform/amount_text.h"
+#include "platform/date_text.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
 #include "platform/padding.h"
-#include "reports/movement_choice.h"
+#include "reports/code_movements.h"
 #include "reports/movement_sections.h"
 
 #include <cstdlib>
@@ -54,32 +55,22 @@ QStringList detailedSumCells(const QString& label, const MovementSums& sums)
         amountOrBlankText(sums.expense)};
 }
 
-Statement detailsOf(Connection& main, const ReportInputs& inputs)
-{
-    auto movements = main.prepare("SELECT kvdikos, hmeromhnia, perigrafh, L_tajeos, esoda, ejoda, aa"
-        + movementsFor(main, {inputs.start, inputs.end, MovementChoice::By::Code, inputs.codes})
-        + " ORDER BY +kvdikos, hmeromhnia DESC, aa");
-    movements.bind(inputs.start, inputs.end);
-    return movements;
-}
-
-/// From the statement's current row.
-MovementSums addDetails(Connection& main, ReportDocument& document, ReportTable& table, Statement& movements)
+MovementSums addDetails(Connection& main, ReportDocument& document, ReportTable& table, const CodeMovements& movements)
 {
     auto lines = codeLines(main);
     MovementSections sections(document, table, detailedSumCells,
         {{4, &MovementSums::memorandum}, {5, &MovementSums::income}, {6, &MovementSums::expense}});
-    do {
-        const qint32 code = movements.number(0);
-        const QString& line = lines.try_emplace(code, u' ').first->second;
-        const QString codeCell = sections.enter(code, line) ? line : QString(u' ');
-        const MovementSums amounts{movements.currency(4), movements.currency(5), wholeEuros(movements.currency(3))};
-        sections.addRow({QString::number(table.nextNumber()), codeCell, shortDateText(movements.date(1)),
-                            movements.text(2).trimmed(), amountOrBlankText(amounts.memorandum),
+    for (const CodeMovement& movement : movements) {
+        const QString& line = lines.try_emplace(movement.code, u' ').first->second;
+        const QString codeCell = sections.enter(movement.code, line) ? line : QString(u' ');
+        MovementSums amounts = movement.amounts;
+        amounts.memorandum = wholeEuros(amounts.memorandum);
+        sections.addRow({QString::number(table.nextNumber()), codeCell, shortDateText(dateFromStored(movement.day)),
+                            movements.description(movement), amountOrBlankText(amounts.memorandum),
                             amountOrBlankText(amounts.income), amountOrBlankText(amounts.expense)},
             amounts);
-        document.RowStandsFor({RowSubject::Kind::Movement, movements.integer(6)});
-    } while (movements.step());
+        document.RowStandsFor({RowSubject::Kind::Movement, movement.key});
+    }
     return sections.addTotals();
 }
 
@@ -90,8 +81,8 @@ ReportDocument detailedReport(Connection& main, const ReportInputs& inputs, cons
     ReportTable table(document, QStringLiteral(">800|<1700|<1300|3600|>1250|>1250|>1250"), progress);
     addMovementHeadings(document, table, titleOf(inputs),
         QStringLiteral("α/α|Κωδ.|Ημερ/νια|Περιγραφή|Λ τάξεως|Έσοδο|Έξοδο"), QStringLiteral("|||||"));
-    auto movements = detailsOf(main, inputs);
-    if (movements.step()) {
+    const CodeMovements movements(main, inputs);
+    if (!movements.isEmpty()) {
         const MovementSums totals = addDetails(main, document, table, movements);
         const Currency difference = totals.income - totals.expense;
         addDifference(
