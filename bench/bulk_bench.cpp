@@ -230,7 +230,7 @@ void createChequeIndex(const QString& path)
 {
     KeyRing keys(bookPassword());
     Connection main = Connection::open(path, keys.keyFor(path), Connection::Access::ReadWrite);
-    ensureMainSchema(main, openingSteps());
+    ensureMainSchema(main, main, openingSteps());
 }
 
 void run(const QString& folder)

@@ -69,7 +69,7 @@ bool Book::setAccess(Connection::Access access)
 void Book::ensureSchema(const OpeningSteps& steps)
 {
     if (!m_main.isReadOnly())
-        ensureMainSchema(m_main, steps);
+        ensureMainSchema(m_main, m_auxiliary, steps);
     if (!m_auxiliary.isReadOnly())
         ensureAuxiliarySchema(m_auxiliary);
     if (!m_main.isReadOnly())

@@ -21,7 +21,7 @@ void upgradeIfNeeded(Book& book, UsageMarker& marker, const Authority& authority
     refuseWhileHeld(marker);
     const OpeningBalance opening = askOpeningBalance();
     refuseWhileHeld(marker); // the question may have been open for hours
-    upgradeSchema(book.main(), authority, opening, steps);
+    upgradeSchema(book.main(), book.auxiliary(), authority, opening, steps);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "book/book_schema.h"
 
+#include "book/journal_beginning.h"
 #include "book/opening_steps.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
@@ -48,8 +49,7 @@ CREATE TABLE omades (
 CREATE TABLE taytothta (ariumos INTEGER);
 )";
 
-/// What has been imported from files (see csv_import.h), cash that was counted (opening_difference.h), and who changed
-/// what (journal.h).
+/// What has been imported from files (see csv_import.h), and cash that was counted (opening_difference.h).
 constexpr auto ownTablesSql = R"(
 CREATE TABLE IF NOT EXISTS taken_imports (
     id INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -60,6 +60,10 @@ CREATE TABLE IF NOT EXISTS taken_imports (
     movements INTEGER
 );
 CREATE TABLE IF NOT EXISTS opening_difference (day INTEGER PRIMARY KEY, amount INTEGER);
+)";
+
+/// Who changed what (journal.h).
+constexpr auto journalSql = R"(
 CREATE TABLE IF NOT EXISTS journal (
     id INTEGER PRIMARY KEY,
     at INTEGER,
@@ -225,13 +229,14 @@ bool lacksOwnTable(Connection& connection)
 }
 
 /// Another computer may have made them by now.
-void ensureOwnTables(Connection& connection, const OpeningSteps& steps)
+void ensureOwnTables(Connection& main, Connection& auxiliary, const OpeningSteps& steps)
 {
-    Transaction transaction(connection, Authority::program());
-    const bool knowsDifferences = hasTable(connection, QLatin1String(openingDifferenceTable));
-    createOwnTables(connection);
+    Transaction transaction(main, Authority::program());
+    const bool knowsDifferences = hasTable(main, QLatin1String(openingDifferenceTable));
+    createOwnTables(main);
     if (!knowsDifferences)
-        steps.adopt(connection);
+        steps.adopt(main, auxiliary);
+    beginJournal(main, auxiliary); // what it says of opening differences must not keep them from being looked for
     transaction.commit();
 }
 
@@ -262,6 +267,12 @@ bool isOwnTable(const QString& name)
 void createOwnTables(Connection& connection)
 {
     connection.execute(ownTablesSql);
+    createJournalTable(connection);
+}
+
+void createJournalTable(Connection& connection)
+{
+    connection.execute(journalSql);
 }
 
 void createMainSchema(Connection& connection)
@@ -281,11 +292,11 @@ void createAuxiliarySchema(Connection& connection)
     transaction.commit();
 }
 
-void ensureMainSchema(Connection& connection, const OpeningSteps& steps)
+void ensureMainSchema(Connection& main, Connection& auxiliary, const OpeningSteps& steps)
 {
-    if (lacksOwnTable(connection))
-        ensureOwnTables(connection, steps);
-    ensureIndexes(connection, mainIndexes());
+    if (lacksOwnTable(main))
+        ensureOwnTables(main, auxiliary, steps);
+    ensureIndexes(main, mainIndexes());
 }
 
 void ensureAuxiliarySchema(Connection& connection)

@@ -32,11 +32,14 @@ inline constexpr auto chequeCondition = "epitagh<>0";
 
 /// Makes those of its own tables that are missing, inside the caller's transaction.
 void createOwnTables(Connection& connection);
+/// The same for the journal alone.
+void createJournalTable(Connection& connection);
 
-/// Makes the indexes that a book made elsewhere may lack, and the program's own tables, adopting the opening balance.
-/// An index of any name counts as present if its first column and its condition are the wanted ones. If nothing is
-/// missing, it writes nothing and begins no transaction.
-void ensureMainSchema(Connection& connection, const OpeningSteps& steps);
+/// Makes the indexes that a book made elsewhere may lack, and the program's own tables, beginning the journal and
+/// adopting the opening balance. An index of any name counts as present if its first column and its condition are the
+/// wanted ones. If nothing is missing, it writes nothing and begins no transaction. The auxiliary database is only
+/// read; it may be on the same connection.
+void ensureMainSchema(Connection& main, Connection& auxiliary, const OpeningSteps& steps);
 void ensureAuxiliarySchema(Connection& connection);
 
 } // namespace lorvan

@@ -21,7 +21,7 @@ struct OpeningBalance {
 struct OpeningSteps {
     void (*set)(
         Connection& main, const Authority& authority, const OpeningBalance& opening); ///< See setOpeningBalance().
-    void (*adopt)(Connection& main); ///< See adoptOpeningBalance().
+    void (*adopt)(Connection& main, Connection& auxiliary); ///< See adoptOpeningBalance().
     void (*keepJournal)(Connection& main, Connection& auxiliary); ///< See keepJournal().
 };
 

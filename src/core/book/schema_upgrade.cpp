@@ -1,6 +1,7 @@
 #include "book/schema_upgrade.h"
 
 #include "book/book_schema.h"
+#include "book/journal_beginning.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
 
@@ -58,8 +59,8 @@ bool needsUpgrade(Connection& main)
     return knownVersion(recorded) != currentSchemaVersion;
 }
 
-void upgradeSchema(
-    Connection& main, const Authority& authority, const OpeningBalance& opening, const OpeningSteps& steps)
+void upgradeSchema(Connection& main, Connection& auxiliary, const Authority& authority, const OpeningBalance& opening,
+    const OpeningSteps& steps)
 {
     Transaction transaction(main, authority);
     const auto recorded = recordedVersion(main);
@@ -68,6 +69,7 @@ void upgradeSchema(
         return;
     if (version < versionWithMemorandum)
         addMemorandumColumn(main);
+    beginJournal(main, auxiliary);
     steps.set(main, authority, opening);
     const char* const record =
         recorded ? "UPDATE taytothta SET ariumos=?" : "INSERT INTO taytothta (ariumos) VALUES (?)";

@@ -24,9 +24,10 @@ private:
 
 /// Upgrades the main database from no version, 1 or 2 to the current one, all steps in one transaction. The version is
 /// read again inside it, so that nothing is repeated that another computer has done in the meantime. A column that
-/// exists already is not added again. Throws UnknownSchemaVersion, SqlError, and CurrencyOverflow if a balance is out
+/// exists already is not added again. The journal begins before anything is written into it; the auxiliary database is
+/// only read. Throws UnknownSchemaVersion, SqlError, and CurrencyOverflow if a balance is out
 /// of range; the book is then unchanged.
-void upgradeSchema(
-    Connection& main, const Authority& authority, const OpeningBalance& opening, const OpeningSteps& steps);
+void upgradeSchema(Connection& main, Connection& auxiliary, const Authority& authority, const OpeningBalance& opening,
+    const OpeningSteps& steps);
 
 } // namespace lorvan

@@ -1,25 +1,13 @@
 #include "cashbook/journal_keeping.h"
 
-#include "book/row_counts.h"
+#include "book/journal_beginning.h"
 #include "cashbook/cash_closing.h"
 #include "journal/journal.h"
-#include "movements/journalled_opening.h"
 #include "platform/engine/transaction.h"
 #include "users/user_accounts.h"
 
 namespace lorvan {
 namespace {
-
-/// With the number of opening differences, and the key of the last closing: those up to it are not looked for in the
-/// journal.
-QJsonObject stateOf(Connection& main, Connection& auxiliary)
-{
-    QJsonObject state = countRows(main, auxiliary);
-    state[QLatin1String(openingRows)] = qint64(openingDifferences(main).size());
-    auto last = auxiliary.prepare("SELECT ifnull(max(aa), 0) FROM klhsimotameioy");
-    state[QStringLiteral("aa")] = last.step() ? qint64(last.integer(0)) : 0;
-    return state;
-}
 
 bool hasBegun(Connection& main)
 {
@@ -45,9 +33,7 @@ void keepJournal(Connection& main, Connection& auxiliary)
 void completeJournal(Connection& main, Connection& auxiliary)
 {
     const Authority program = Authority::program();
-    if (!hasBegun(main))
-        recordChange(
-            main, program, {JournalAction::Begin, journal_subject::book(), {}, {}, {}, stateOf(main, auxiliary)});
+    beginJournal(main, auxiliary);
     recordFound(main, program, unrecordedUsers(main, auxiliary));
     recordFound(main, program, unrecordedClosings(main, auxiliary));
 }

@@ -10,7 +10,7 @@ class Connection;
 /// record. Throws SqlError.
 void keepJournal(Connection& main, Connection& auxiliary);
 
-/// The same inside the caller's transaction.
+/// The same inside the caller's transaction; makes the table of the journal, too.
 void completeJournal(Connection& main, Connection& auxiliary);
 
 } // namespace lorvan

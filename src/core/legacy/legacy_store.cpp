@@ -99,12 +99,12 @@ void storeLegacyBook(const LegacyBook& legacy, Book& book, const std::function<v
 {
     Storing storing(legacy, advance);
     storing.store(book.main(), LegacyTable::File::Main);
+    storing.store(book.auxiliary(), LegacyTable::File::Auxiliary); // its closings are there when the journal begins
     {
         Transaction transaction(book.main(), Authority::companion());
-        adoptOpeningBalance(book.main());
+        adoptOpeningBalance(book.main(), book.auxiliary());
         transaction.commit();
     }
-    storing.store(book.auxiliary(), LegacyTable::File::Auxiliary);
     keepJournal(book.main(), book.auxiliary());
     recordFiles(book.main(), legacy);
 }

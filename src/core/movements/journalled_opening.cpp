@@ -1,5 +1,6 @@
 #include "movements/journalled_opening.h"
 
+#include "book/journal_beginning.h"
 #include "journal/journal.h"
 #include "platform/engine/connection.h"
 

@@ -11,7 +11,4 @@ namespace lorvan {
 /// rows through an index. Throws SqlError.
 [[nodiscard]] std::optional<OpeningDifferences> journalledOpening(Connection& main);
 
-/// The key of the first row's state under which it tells how many there were.
-inline constexpr auto openingRows = "opening_difference";
-
 } // namespace lorvan

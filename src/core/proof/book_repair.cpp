@@ -1,6 +1,7 @@
 #include "proof/book_repair.h"
 
 #include "backup/book_copy.h"
+#include "cashbook/journal_keeping.h"
 #include "journal/hash_text.h"
 #include "journal/journal.h"
 #include "movements/journal_states.h"
@@ -168,6 +169,7 @@ BookRepair repairBook(
     const CashAudit audit = auditCash(book, progress);
     if (!audit.days)
         return repair;
+    completeJournal(book, book);
     Corrections corrections{repair};
     for (const AuditedDay& day : audit.days->days)
         repairDay(book, day, corrections);

@@ -1,6 +1,7 @@
 #include "proof/opening_balance.h"
 
 #include "book/book_schema.h"
+#include "book/journal_beginning.h"
 #include "cashbook/journal_keeping.h"
 #include "journal/journal.h"
 #include "movements/cash_day.h"
@@ -106,7 +107,7 @@ void setOpeningBalance(Connection& main, const Authority& authority, const Openi
     recordOpening(main, authority, former);
 }
 
-void adoptOpeningBalance(Connection& main)
+void adoptOpeningBalance(Connection& main, Connection& auxiliary)
 {
     try {
         if (!isCurrent(main) || isCarriedFromZero(main))
@@ -117,6 +118,7 @@ void adoptOpeningBalance(Connection& main)
     const CashAudit audit = auditCash(main, [](std::int64_t, std::int64_t) {});
     if (!needsNothingElse(audit) || audit.days->differencesAreKept || audit.days->differences.empty())
         return;
+    beginJournal(main, auxiliary);
     addOpeningDifferences(main, audit.days->differences);
     recordOpening(main, Authority::program(), {});
 }

@@ -19,8 +19,9 @@ void setOpeningBalance(Connection& main, const Authority& authority, const Openi
 /// For a book that was upgraded when the opening balance was visible only in the balances: records as opening
 /// differences what its balances exceed its movements by. Only if nothing else is wrong with its cash days, so that no
 /// balance changes; nothing is recorded in a book of an older schema version. Reads the cash days, and all movements
-/// only if the balances are not carried from zero. Runs inside the caller's transaction. Throws SqlError.
-void adoptOpeningBalance(Connection& main);
+/// only if the balances are not carried from zero. The journal begins before it tells of them. Runs inside the caller's
+/// transaction. Throws SqlError.
+void adoptOpeningBalance(Connection& main, Connection& auxiliary);
 
 /// These functions and keepJournal(), for the code that makes and upgrades the tables.
 [[nodiscard]] const OpeningSteps& openingSteps();

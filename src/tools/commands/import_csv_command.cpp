@@ -25,7 +25,7 @@ CsvImportOutcome import(OpenedBook& book, const QString& folder, ImportChoices c
 {
     if (book.connection().isReadOnly())
         throw Refused(QStringLiteral("Το βιβλίο είναι μόνο για ανάγνωση. Δεν έγινε τίποτα."));
-    ensureMainSchema(book.connection(), openingSteps());
+    ensureMainSchema(book.connection(), book.connection(), openingSteps());
     const Authority authority = Authority::companion(context.clock);
     ProgressBar bar(context, QStringLiteral("Εισαγωγή"));
     return importCsv(book.connection(), authority, folder, choices, [&bar](qint64 done, qint64 whole) {

@@ -122,7 +122,8 @@ TEST(BookSchema, aForeignBookGetsTheIndexesItLacksAndKeepsItsOwn)
         "CREATE INDEX mine ON Tameio(Hmeromhnia);"
         "CREATE INDEX \"my \"\"own\"\"\" ON KINHSEIS(HMEROMHNIA, aa)");
     Connection main = book.openMain();
-    ensureMainSchema(main, openingSteps());
+    Connection auxiliary = book.openAuxiliary();
+    ensureMainSchema(main, auxiliary, openingSteps());
     for (const char* query : indexedQueries)
         EXPECT_TRUE(usesIndex(main, query)) << query;
     EXPECT_EQ(valueOf(main,
@@ -133,7 +134,7 @@ TEST(BookSchema, aForeignBookGetsTheIndexesItLacksAndKeepsItsOwn)
     Connection writer = book.openMain();
     const Transaction busy(writer, byAll());
     main.setBusyTimeout(std::chrono::milliseconds(0));
-    EXPECT_NO_THROW(ensureMainSchema(main, openingSteps())) << "a complete book is only looked at";
+    EXPECT_NO_THROW(ensureMainSchema(main, auxiliary, openingSteps())) << "a complete book is only looked at";
 }
 
 TEST(BookSchema, aBookIsNeverMadeOverAnother)
@@ -165,12 +166,13 @@ TEST(SchemaUpgrade, bringsEachVersionToTheCurrentOneOnce)
         const TemporaryBook book;
         makeOld(book, version);
         Connection main = book.openMain();
+        Connection auxiliary = book.openAuxiliary();
         main.execute(change);
         EXPECT_EQ(needsUpgrade(main), version != std::string("3")) << version;
-        upgradeSchema(main, byAll(), counted, openingSteps());
+        upgradeSchema(main, auxiliary, byAll(), counted, openingSteps());
         EXPECT_EQ(state(main), after) << version;
         EXPECT_FALSE(needsUpgrade(main)) << version;
-        upgradeSchema(main, byAll(), {QDate(2000, 1, 1), cents(1)}, openingSteps());
+        upgradeSchema(main, auxiliary, byAll(), {QDate(2000, 1, 1), cents(1)}, openingSteps());
         EXPECT_EQ(state(main), after) << version << ": what another computer has done is done";
     }
 }
@@ -181,8 +183,9 @@ TEST(SchemaUpgrade, anUnknownVersionIsReportedAndNothingIsChanged)
         const TemporaryBook book;
         makeOld(book, version);
         Connection main = book.openMain();
+        Connection auxiliary = book.openAuxiliary();
         EXPECT_THROW((void)needsUpgrade(main), UnknownSchemaVersion) << version;
-        EXPECT_THROW(upgradeSchema(main, byAll(), counted, openingSteps()), UnknownSchemaVersion) << version;
+        EXPECT_THROW(upgradeSchema(main, auxiliary, byAll(), counted, openingSteps()), UnknownSchemaVersion) << version;
         EXPECT_EQ(valueOf(main, "SELECT sum(ypoloipo) FROM tameio"), "30004") << version;
         EXPECT_FALSE(main.inTransaction());
     }
@@ -194,8 +197,9 @@ TEST(SchemaUpgrade, aStepThatFailsUndoesTheStepsBeforeIt)
     makeOld(book, "none");
     book.execute("CREATE TRIGGER stop BEFORE INSERT ON taytothta BEGIN SELECT raise(ABORT, 'stopped'); END");
     Connection main = book.openMain();
+    Connection auxiliary = book.openAuxiliary();
     letTriggersRun(main);
-    EXPECT_THROW(upgradeSchema(main, byAll(), counted, openingSteps()), SqlError);
+    EXPECT_THROW(upgradeSchema(main, auxiliary, byAll(), counted, openingSteps()), SqlError);
     EXPECT_THROW((void)main.prepare("SELECT L_tajeos FROM kinhseis"), SqlError);
     EXPECT_EQ(valueOf(main, "SELECT sum(ypoloipo) FROM tameio"), "30004");
 }

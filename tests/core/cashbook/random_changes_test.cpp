@@ -131,7 +131,7 @@ private:
     {
         const OpeningBalance counted{someDay(), cents(m_random() % 100'000)};
         m_open.main().execute("UPDATE taytothta SET ariumos=2");
-        upgradeSchema(m_open.main(), byAll(), counted, openingSteps());
+        upgradeSchema(m_open.main(), m_open.auxiliary(), byAll(), counted, openingSteps());
         m_model.count(storedDate(counted.day), counted.amount.tenThousandths() / 100);
         m_isCounted = true;
     }

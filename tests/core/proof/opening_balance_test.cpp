@@ -1,7 +1,11 @@
 #include "book/book_schema.h"
 #include "book/opening_balance_rules.h"
+#include "book/schema_upgrade.h"
 #include "cashbook/cash_book.h"
+#include "cashbook/journal_keeping.h"
+#include "proof/book_repair.h"
 #include "proof/opening_balance.h"
+#include "proof/trail_audit.h"
 #include "support/book_model.h"
 #include "support/temporary_book.h"
 
@@ -12,12 +16,17 @@ namespace {
 
 /// Of 11, 12 and 15 March 2024, as a release has left it that kept no opening differences.
 constexpr auto earlierBook = R"(
-    DROP TABLE opening_difference;
+    DROP TABLE opening_difference; DROP TABLE journal;
     INSERT INTO kinhseis (kvdikos, hmeromhnia, perigrafh, esoda, ejoda) VALUES
         (100, 20240311, 'α', 10000, 0), (200, 20240312, 'β', 0, 3000), (100, 20240315, 'γ', 500, 0);
     INSERT INTO tameio (hmeromhnia, esoda, ejoda, ypoloipo) VALUES
         (20240311, 10000, 0, 10000), (20240312, 0, 3000, 7000), (20240315, 500, 0, 7500);
 )";
+
+QString actionsIn(Connection& main)
+{
+    return valueOf(main, "SELECT group_concat(action) FROM journal");
+}
 
 } // namespace
 
@@ -47,18 +56,41 @@ TEST(OpeningBalance, ofAnEarlierReleaseIsKeptWhereNoOtherReasonIsPossible)
     for (const auto& [what, then, differences] : cases) {
         const TemporaryBook folder;
         folder.execute(std::string(earlierBook) + then);
+        folder.close(QDate(2024, 3, 11));
         Book book = folder.open();
         const CashDayLines before = storedCashDays(book.main());
-        ensureMainSchema(book.main(), openingSteps());
+        ensureMainSchema(book.main(), book.auxiliary(), openingSteps());
         EXPECT_EQ(valueOf(book.main(), "SELECT coalesce(group_concat(day||' '||amount), '') FROM opening_difference"),
             differences)
             << what;
+        keepJournal(book.main(), book.auxiliary());
+        EXPECT_EQ(actionsIn(book.main()), *differences == '\0' ? "begin" : "begin,opening") << what;
         CashBook cashBook(book, by());
         for (const int day : {15, 12, 11}) {
             if (*differences != '\0')
                 (void)cashBook.showDay(QDate(2024, 3, day), DayRow::Write);
         }
         EXPECT_EQ(storedCashDays(book.main()), before) << what;
+    }
+}
+
+TEST(OpeningBalance, theJournalBeginsBeforeARepairOrAnUpgradeTellsOfIt)
+{
+    for (const bool isUpgrade : {false, true}) {
+        const TemporaryBook folder;
+        folder.execute(std::string(earlierBook) + "UPDATE tameio SET ypoloipo=ypoloipo+500, esoda=1 WHERE aa>1");
+        folder.close(QDate(2024, 3, 11));
+        Book book = folder.open();
+        Connection both = book.openBoth();
+        if (isUpgrade) {
+            folder.execute("UPDATE taytothta SET ariumos=2");
+            upgradeSchema(book.main(), book.auxiliary(), byAll(), {QDate(2024, 3, 12), {}}, openingSteps());
+        } else {
+            (void)repairBook(both, folder.files(), testKeys(), byAll(), [](std::int64_t, std::int64_t) {});
+        }
+        book.ensureSchema(openingSteps());
+        EXPECT_EQ(actionsIn(book.main()), isUpgrade ? "begin,opening" : "begin,correct,correct,repair,opening");
+        EXPECT_TRUE(auditTrail(both).faults.empty());
     }
 }
 
@@ -69,9 +101,9 @@ TEST(OpeningBalance, isLookedForOnceAndNotMissedWhereTheBookKeepsNone)
     Book book = folder.open();
     CashBook cashBook(book, by());
     EXPECT_EQ(cashBook.showDay(QDate(2024, 3, 15), DayRow::Write).carried.balance.tenThousandths(), 7000);
-    ensureMainSchema(book.main(), openingSteps());
+    ensureMainSchema(book.main(), book.auxiliary(), openingSteps());
     book.main().execute("UPDATE tameio SET ypoloipo=ypoloipo+500 WHERE hmeromhnia>20240311; DROP TABLE taken_imports");
-    ensureMainSchema(book.main(), openingSteps());
+    ensureMainSchema(book.main(), book.auxiliary(), openingSteps());
     EXPECT_EQ(valueOf(book.main(), "SELECT count(*) FROM opening_difference"), "0");
 }
 
