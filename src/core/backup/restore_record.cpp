@@ -1,6 +1,7 @@
 #include "backup/restore_record.h"
 
 #include "book/book_files.h"
+#include "book/journal_beginning.h"
 #include "book/lock_trust.h"
 #include "journal/check_code.h"
 #include "journal/journal.h"
@@ -10,6 +11,7 @@
 
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QJsonDocument>
 
 #include <set>
 #include <vector>
@@ -17,20 +19,37 @@
 namespace lorvan {
 namespace {
 
+constexpr auto codesKey = "codes";
+
 /// What the journal and the seals of a book end with.
 struct Ends {
-    QString journal;
-    std::vector<QString> seals; ///< The hashes of all, in their order.
+    QString journal = {};
+    QString seal = {};
+    std::vector<QString> codes = {}; ///< On paper: of all seals, and those that restores have left behind.
 };
+
+void addLeftBehind(Connection& book, std::vector<QString>& codes)
+{
+    auto rows = book.prepare("SELECT after FROM main.journal WHERE subject='book' AND action='restore' ORDER BY id");
+    while (rows.step()) {
+        const QJsonDocument state = QJsonDocument::fromJson(rows.text(0).toUtf8());
+        for (const auto& code : state[QLatin1String(codesKey)].toArray())
+            codes.push_back(code.toString());
+    }
+}
 
 Ends endsOf(Connection& book)
 {
-    Ends ends{lastJournalHash(book), {}};
+    Ends ends{lastJournalHash(book)};
+    if (keepsJournal(book))
+        addLeftBehind(book, ends.codes);
     if (!book.knowsTable("seals"))
         return ends;
     auto rows = book.prepare("SELECT hash FROM seals ORDER BY id");
-    while (rows.step())
-        ends.seals.push_back(rows.text(0));
+    while (rows.step()) {
+        ends.seal = rows.text(0);
+        ends.codes.push_back(checkCode(ends.seal));
+    }
     return ends;
 }
 
@@ -46,13 +65,13 @@ Ends endsOf(const BookFiles& files)
     }
 }
 
-QJsonArray codesOf(const std::vector<QString>& seals, const std::vector<QString>& known)
+QJsonArray codesNewer(const Ends& former, const Ends& copy)
 {
-    const std::set<QString> there(known.begin(), known.end());
+    std::set<QString> told(copy.codes.begin(), copy.codes.end());
     QJsonArray codes;
-    for (const QString& hash : seals) {
-        if (!there.contains(hash))
-            codes.append(checkCode(hash));
+    for (const QString& code : former.codes) {
+        if (told.insert(code).second)
+            codes.append(code);
     }
     return codes;
 }
@@ -64,17 +83,16 @@ void recordRestore(
 {
     KeyRing keys(bookPassword());
     Connection book = openBoth(restored, keys);
-    if (!keepsJournal(book))
-        return;
     const Ends former = endsOf(replaced);
     QJsonObject after{{QStringLiteral("copy"), QFileInfo(copy).fileName()}};
     if (!former.journal.isEmpty())
         after[QStringLiteral("journal")] = former.journal;
-    if (!former.seals.empty())
-        after[QStringLiteral("seal")] = former.seals.back();
-    if (const QJsonArray codes = codesOf(former.seals, endsOf(book).seals); !codes.isEmpty())
-        after[QStringLiteral("codes")] = codes;
+    if (!former.seal.isEmpty())
+        after[QStringLiteral("seal")] = former.seal;
+    if (const QJsonArray codes = codesNewer(former, endsOf(book)); !codes.isEmpty())
+        after[QLatin1String(codesKey)] = codes;
     Transaction writing(book, authority);
+    beginJournal(book, book);
     recordChange(book, authority, {JournalAction::Restore, journal_subject::book(), {}, {}, {}, after});
     writing.commit();
 }

@@ -1,6 +1,7 @@
 #include "proof/trail_acceptance.h"
 #include "proof/trail_audit.h"
 
+#include "backup/book_backup.h"
 #include "backup/book_restore.h"
 #include "backup/daily_backup.h"
 #include "cashbook/cash_book.h"
@@ -334,11 +335,26 @@ TEST_F(TrailTest, theJournalOutlivesADeletionAndARestore)
     EXPECT_TRUE(valueOf(book.main(), lastRow).startsWith("restore book - - Σοφία - {\"codes\":[\"" + onPaper));
     EXPECT_EQ(answer(onPaper).verdict, CodeAnswer::Verdict::NewerThanCopy);
     EXPECT_EQ(answer(lastCode()).verdict, CodeAnswer::Verdict::Holds);
+    RestoredBook(copy, temporary.files()).replace(byAll());
+    EXPECT_EQ(answer(onPaper).verdict, CodeAnswer::Verdict::NewerThanCopy) << "after a second restore, too";
+    book = temporary.open();
     (void)deleteAllData(temporary.files(), testKeys(), byAll());
     EXPECT_EQ(faults(), "");
     EXPECT_EQ(valueOf(book.main(), "SELECT group_concat(action) FROM (SELECT action FROM journal WHERE id>4)"),
         "close,restore,clear");
     EXPECT_EQ(valueOf(book.auxiliary(), "SELECT count(*) FROM seals"), "0");
+}
+
+TEST_F(TrailTest, aRestoreOfAnEarlierReleasesBookBeginsTheJournal)
+{
+    const QString copy = temporary.path("earlier.tar");
+    temporary.execute("DROP TABLE journal; DROP TABLE opening_difference");
+    makeBackup(temporary.files(), copy, testKeys());
+    RestoredBook(copy, temporary.files()).replace(byAll());
+    book = temporary.open();
+    book.ensureSchema(openingSteps());
+    EXPECT_EQ(valueOf(book.main(), "SELECT group_concat(action) FROM journal"), "begin,restore");
+    EXPECT_EQ(valueOf(book.main(), "SELECT count(*) FROM opening_difference"), "0") << "still looked for";
 }
 
 TEST(Authority, isAskedOnEveryRoad)
