@@ -47,8 +47,8 @@ public:
         const StepProgress& progress);
 
     [[nodiscard]] CsvImportOutcome run();
-    /// Seals the days again that were sealed and got movements; the journal's last row tells of them.
-    void sealAgain(const Authority& authority) const;
+    /// The days that were changed. Of sealed ones that did not hold what was sealed, the journal gets its rows.
+    [[nodiscard]] ImportedDays days(const Authority& authority) const;
     [[nodiscard]] QString digest() const { return m_digest.text(); } ///< A digest of everything that run() has read.
 
 private:
@@ -81,6 +81,7 @@ private:
     const StepProgress& m_progress;
     const ClosedDays m_closedDays;
     MovementBatch m_batch;
+    const OpeningDifferences m_openingBefore;
     CsvImportOutcome m_outcome;
     std::map<qint32, QString> m_groups; ///< Name by number.
     std::set<QString> m_groupNamesBefore;
@@ -100,6 +101,7 @@ Import::Import(Connection& book, const Authority& authority, const QString& fold
     , m_progress(progress)
     , m_closedDays(closedDays)
     , m_batch(book, book, closedDays == ClosedDays::Accept ? authority : authority.without(Right::ModifyCash))
+    , m_openingBefore(openingDifferences(book))
 {
     for (const char* const name : {import_files::groups, import_files::codes, import_files::movements})
         m_bytesInAll += QFileInfo(pathOf(name)).size();
@@ -121,15 +123,18 @@ CsvImportOutcome Import::run()
     return std::move(m_outcome);
 }
 
-void Import::sealAgain(const Authority& authority) const
+ImportedDays Import::days(const Authority& authority) const
 {
-    for (const QDate day : m_batch.days()) {
+    const std::vector<QDate> all = m_batch.days();
+    ImportedDays changed{all.empty() ? QDate() : all.front(), {}, m_openingBefore};
+    for (const QDate day : all) {
         const auto seal = lastSealOf(m_book, day);
         if (seal && holdsSeal(m_book, *seal, m_batch.lastKeyBefore()))
-            sealDay(m_book, authority, day, lastJournalHash(m_book));
+            changed.sealed.push_back(day);
         else if (seal)
             recordAltered(m_book, authority, day);
     }
+    return changed;
 }
 
 void Import::noteWhatIsThere()
@@ -401,8 +406,10 @@ CsvImportOutcome importCsv(Connection& book, const Authority& authority, const Q
             refuseTaken(book, import.digest());
         rememberImport(book, import.digest(), outcome, authority);
     }
-    recordImport(book, import.digest(), outcome, authority);
-    import.sealAgain(authority);
+    const ImportedDays days = import.days(authority);
+    const QString journal = recordImport(book, import.digest(), outcome, days, authority);
+    for (const QDate day : days.sealed)
+        sealDay(book, authority, day, journal);
     writing.commit();
     return outcome;
 }

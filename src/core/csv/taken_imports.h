@@ -1,9 +1,12 @@
 #pragma once
 
+#include "movements/opening_difference.h"
 #include "platform/work.h"
 
 #include <QDateTime>
+
 #include <QString>
+#include <vector>
 
 namespace lorvan {
 
@@ -30,8 +33,17 @@ void refuseTaken(Connection& book, const QString& digest);
 void rememberImport(
     Connection& book, const QString& digest, const CsvImportOutcome& outcome, const Authority& authority);
 
-/// Adds a row to the journal for each file of which something was stored, inside the caller's transaction. Throws
-/// SqlError.
-void recordImport(Connection& book, const QString& digest, const CsvImportOutcome& outcome, const Authority& authority);
+/// The days that an import has changed.
+struct ImportedDays {
+    QDate first; ///< That got movements; invalid if none did.
+    std::vector<QDate> sealed; ///< Those that got movements and are sealed again for it.
+    OpeningDifferences openingBefore;
+};
+
+/// Adds a row to the journal for each file of which something was stored, inside the caller's transaction. That of the
+/// movements is the last one and tells of the days, that of the opening differences what they were and are. Returns
+/// the hash of the last one, which the new seals name; empty if nothing was stored. Throws SqlError.
+QString recordImport(Connection& book, const QString& digest, const CsvImportOutcome& outcome, const ImportedDays& days,
+    const Authority& authority);
 
 } // namespace lorvan

@@ -5,24 +5,21 @@
 #include "platform/engine/connection.h"
 
 #include <QJsonDocument>
-#include <QJsonObject>
 
 namespace lorvan {
 namespace {
 
 using Known = std::optional<OpeningDifferences>;
 
-Known differencesIn(const QJsonObject& state)
-{
-    OpeningDifferences differences;
-    for (auto each = state.begin(); each != state.end(); ++each)
-        differences[each.key().toLongLong()] = Currency::fromTenThousandths(each.value().toInteger());
-    return differences;
-}
-
 Known nothingIf(bool isKnown)
 {
     return isKnown ? Known(OpeningDifferences()) : std::nullopt;
+}
+
+/// Earlier releases wrote none of those that an import had left.
+Known unlessEmpty(OpeningDifferences differences)
+{
+    return differences.empty() ? std::nullopt : Known(std::move(differences));
 }
 
 Known atBeginning(const QJsonObject& state)
@@ -42,7 +39,9 @@ Known after(const QString& action, const QJsonObject& state, Known known)
     case JournalAction::Clear:
         return OpeningDifferences();
     case JournalAction::Import:
-        return state[QStringLiteral("file")].toString().startsWith(QLatin1String("opening_")) ? std::nullopt : known;
+        return state[QStringLiteral("file")].toString().startsWith(QLatin1String("opening_"))
+            ? unlessEmpty(differencesIn(state))
+            : known;
     case JournalAction::Repair:
         return state[QStringLiteral("keptDifferences")].toInteger() == 0 ? known : std::nullopt;
     default:
@@ -51,6 +50,16 @@ Known after(const QString& action, const QJsonObject& state, Known known)
 }
 
 } // namespace
+
+OpeningDifferences differencesIn(const QJsonObject& state)
+{
+    OpeningDifferences differences;
+    for (auto each = state.begin(); each != state.end(); ++each) {
+        if (const qint64 day = each.key().toLongLong(); day != 0)
+            differences[day] = Currency::fromTenThousandths(each.value().toInteger());
+    }
+    return differences;
+}
 
 std::optional<OpeningDifferences> journalledOpening(Connection& main)
 {

@@ -1,5 +1,6 @@
 #include "proof/carry_audit.h"
 
+#include "movements/journalled_opening.h"
 #include "platform/date_text.h"
 #include "proof/count_audit.h"
 #include "proof/seal_chain.h"
@@ -14,6 +15,13 @@ namespace lorvan {
 namespace {
 
 constexpr std::size_t places = 200'000; // days; those outside count as the first or the last
+constexpr std::int64_t allDays = std::numeric_limits<std::int64_t>::min(); // may have moved
+constexpr std::uint64_t minus = ~std::uint64_t(0);
+
+QJsonObject objectIn(const std::optional<QString>& json)
+{
+    return QJsonDocument::fromJson(json.value_or(QString()).toUtf8()).object();
+}
 
 std::size_t placeOf(std::int64_t day)
 {
@@ -96,10 +104,9 @@ void CarryAudit::take(const JournalRow& row)
 void CarryAudit::takeMovement(const JournalRow& row)
 {
     static const QString accept = journalWord(JournalAction::Accept);
-    constexpr Amount minus = ~Amount(0);
     if (row.action == accept || !takeState(row.before.value_or(QString()), minus)
         || !takeState(row.after.value_or(QString()), 1))
-        m_unknown.push_back({row.id, std::numeric_limits<std::int64_t>::min()});
+        m_unknown.push_back({row.id, allDays});
 }
 
 /// Moves what is carried into all days after the movement's. False if the state does not tell all.
@@ -126,7 +133,7 @@ void CarryAudit::takeOfDay(const JournalRow& row)
         m_corrected[*row.day] = row.id;
     if (row.action != accept)
         return;
-    const QJsonObject state = QJsonDocument::fromJson(row.after.value_or(QString()).toUtf8()).object();
+    const QJsonObject state = objectIn(row.after);
     if (const QJsonValue moved = state[QLatin1String(acceptedCarry)]; !moved.isUndefined())
         add(placeOf(*row.day), wrapped(moved.toInteger()));
     else if (!state.contains(QLatin1String(acceptedCount)))
@@ -139,19 +146,34 @@ void CarryAudit::takeOfBook(const JournalRow& row)
     if (action == JournalAction::Clear) {
         m_sealings.clear();
     } else if (action == JournalAction::Opening) {
-        constexpr Amount minus = ~Amount(0);
-        takeOpening(row.before.value_or(QString()), minus);
-        takeOpening(row.after.value_or(QString()), 1);
-    } else if (action == JournalAction::Import || action == JournalAction::Repair || action == JournalAction::Accept) {
-        m_unknown.push_back({row.id, std::numeric_limits<std::int64_t>::min()});
+        takeOpening(row.before, minus);
+        takeOpening(row.after, 1);
+    } else if (action == JournalAction::Import) {
+        takeImport(row);
+    } else if (action == JournalAction::Repair || action == JournalAction::Accept) {
+        m_unknown.push_back({row.id, allDays});
     }
 }
 
-void CarryAudit::takeOpening(const QString& state, Amount sign)
+/// Earlier releases told neither the first day nor the differences.
+void CarryAudit::takeImport(const JournalRow& row)
 {
-    const QJsonObject differences = QJsonDocument::fromJson(state.toUtf8()).object();
-    for (auto each = differences.begin(); each != differences.end(); ++each)
-        add(placeOf(each.key().toLongLong()), sign * wrapped(each.value().toInteger()));
+    const QJsonObject state = objectIn(row.after);
+    const QString file = state[QStringLiteral("file")].toString();
+    if (file.startsWith(QLatin1String("omades")) || file.startsWith(QLatin1String("kvdikoi")))
+        return;
+    if (file.startsWith(QLatin1String("opening_")) && !differencesIn(state).empty()) {
+        takeOpening(row.before, minus);
+        takeOpening(row.after, 1);
+    } else {
+        m_unknown.push_back({row.id, state[QStringLiteral("from")].toInteger(allDays)});
+    }
+}
+
+void CarryAudit::takeOpening(const std::optional<QString>& state, Amount sign)
+{
+    for (const auto& [day, amount] : differencesIn(objectIn(state)))
+        add(placeOf(day), sign * wrapped(amount.tenThousandths()));
 }
 
 Currency CarryAudit::unexplained(const DaySeal& seal, const CarriedBalances::Carried& now) const

@@ -31,8 +31,9 @@ private:
 
 /// Holds what was carried into sealed days against the journal: since a day was last sealed, its carried balance may
 /// have moved only by the changes of movements of earlier days, and of opening differences up to the day, that the
-/// journal tells of. Of a day nothing is claimed where a later import or repair, or an acceptance or correction of an
-/// earlier day, may have moved it by any amount. Takes the rows of the journal in the order of their ids.
+/// journal tells of. Of a day nothing is claimed where a later repair, an import of movements of earlier days, or an
+/// acceptance or correction of an earlier day, may have moved it by any amount. Takes the rows of the journal in the
+/// order of their ids.
 class CarryAudit {
 public:
     explicit CarryAudit(const std::vector<DaySeal>& seals);
@@ -58,7 +59,8 @@ private:
     void takeMovement(const JournalRow& row);
     void takeOfDay(const JournalRow& row);
     void takeOfBook(const JournalRow& row);
-    void takeOpening(const QString& state, Amount sign);
+    void takeImport(const JournalRow& row);
+    void takeOpening(const std::optional<QString>& state, Amount sign);
     [[nodiscard]] bool takeState(const QString& state, Amount sign);
     void add(std::size_t place, Amount amount);
     [[nodiscard]] Amount sumUpTo(std::size_t place) const;

@@ -24,7 +24,7 @@ bool isAction(const JournalRow& row, JournalAction action)
     static const std::map<JournalAction, QString> words = [] {
         std::map<JournalAction, QString> all;
         for (const JournalAction each : {JournalAction::Close, JournalAction::Seal, JournalAction::Accept,
-                 JournalAction::Found, JournalAction::Clear})
+                 JournalAction::Found, JournalAction::Clear, JournalAction::Import})
             all[each] = journalWord(each);
         return all;
     }();
@@ -56,8 +56,8 @@ void SealPromises::take(const JournalRow& row, bool isWhole)
     } else if (row.subject == QLatin1String("book")) {
         if (isAction(row, JournalAction::Clear))
             m_days.clear();
-        else if (isAction(row, JournalAction::Seal))
-            promiseLate(row);
+        else if (isAction(row, JournalAction::Seal) || isAction(row, JournalAction::Import))
+            promiseTold(row);
     }
 }
 
@@ -99,7 +99,7 @@ void SealPromises::acceptDay(const JournalRow& row)
 }
 
 /// Of the rows that earlier releases wrote only the seals themselves tell the days.
-void SealPromises::promiseLate(const JournalRow& row)
+void SealPromises::promiseTold(const JournalRow& row)
 {
     const QJsonValue sealed = objectIn(row.after)[QLatin1String(daysSealedLate)];
     for (const auto& day : sealed.toArray())

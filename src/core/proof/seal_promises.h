@@ -20,9 +20,10 @@ struct LostSeals {
 };
 
 /// Holds the journal against the seals: each closing, each sealing of days that were closed earlier, each acceptance of
-/// a day and each change of a sealed day must have its seal, of its version. Not a change of a day that the program saw
-/// to be altered, nor its closing: these are not sealed, and the day is altered until that is accepted. A deletion of
-/// all data ends all claims. Takes the rows of the journal one by one, in the order of their ids.
+/// a day and each change of a sealed day, an import included, must have its seal, of its version. Not a change of a day
+/// that the program saw to be altered, nor its closing: these are not sealed, and the day is altered until that is
+/// accepted. A deletion of all data ends all claims. Takes the rows of the journal one by one, in the order of their
+/// ids.
 class SealPromises {
 public:
     explicit SealPromises(const std::vector<DaySeal>& seals);
@@ -44,7 +45,7 @@ private:
     };
 
     void promise(std::int64_t day, const QString& row);
-    void promiseLate(const JournalRow& row);
+    void promiseTold(const JournalRow& row);
     void acceptDay(const JournalRow& row);
     void noteDay(const JournalRow& row, bool isWhole);
     void noteMovement(const JournalRow& row);

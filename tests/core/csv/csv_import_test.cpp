@@ -1,11 +1,13 @@
 #include "backup/book_backup.h"
 #include "cashbook/cash_book.h"
+#include "cashbook/journal_keeping.h"
 #include "codes/group_maintenance.h"
 #include "csv/open_book_exchange.h"
 #include "csv/taken_imports.h"
 #include "platform/engine/transaction.h"
 #include "platform/stop_check.h"
 #include "proof/opening_balance.h"
+#include "proof/trail_audit.h"
 #include "support/book_model.h"
 #include "tools/tool_run.h"
 
@@ -102,6 +104,53 @@ TEST_F(CsvImportTest, takesWhatASpreadsheetWritesAndShiftsLaterDays)
         "χαρτί1,ταμείο1");
     EXPECT_EQ(
         valueOf(main, "SELECT omada||lista||energos FROM kvdikoi WHERE kvdikos=300"), "Πωλήσεις  300 Νέος; κωδικός-1");
+}
+
+TEST_F(CsvImportTest, whatItMovedIsHeldAgainstTheJournal)
+{
+    {
+        Book opened = book.open();
+        keepJournal(opened.main(), opened.auxiliary());
+        CashBook cashBook(opened, byAll());
+        (void)cashBook.insert(incomeOf(closed.addDays(-1), cents(100)));
+        (void)cashBook.insert(incomeOf(closed, cents(200)));
+        cashBook.close(closed);
+    }
+    const QByteArray main = readFile(book.files().mainDatabase());
+    const QByteArray auxiliary = readFile(book.files().auxiliaryDatabase());
+    const char* const earlier = "INSERT INTO kinhseis (kvdikos, hmeromhnia, esoda) VALUES (100, 20240313, 500);"
+                                "UPDATE tameio SET ypoloipo=ypoloipo+500";
+    const struct {
+        const char* what;
+        QByteArray movements; ///< Beside a new group.
+        const char* openings;
+        const char* then;
+        std::vector<FindingKind> faults;
+    } cases[] = {
+        {"a group moves nothing", {}, "", earlier, {FindingKind::CarryAltered}},
+        {"nor do later movements", "100,2024-03-15,α,1.00,,,\n", "", earlier, {FindingKind::CarryAltered}},
+        {"earlier ones by any amount", "100,2024-03-12,α,1.00,,,\n", "", earlier, {}},
+        {"a difference moves", {}, "2024-03-12,5.00\n", "", {}},
+        {"by its amount", {}, "2024-03-12,5.00\n", earlier, {FindingKind::CarryAltered}},
+        {"and stays", {}, "2024-03-15,5.00\n", "DELETE FROM opening_difference", {FindingKind::OpeningAltered}},
+        {"a sealed day is sealed again", "100,2024-03-14,α,1.00,,,\n", "2024-03-12,5.00\n", "", {}},
+        {"and the seal must be there", "100,2024-03-14,α,1.00,,,\n", "", "DELETE FROM seals WHERE version=2",
+            {FindingKind::SealMissing, FindingKind::SealedDayAltered}},
+    };
+    for (const auto& each : cases) {
+        write("omades.csv", "aa,perigrafh\n50,νέα\n");
+        write("opening_difference.csv", QByteArray("day,amount\n") + each.openings);
+        EXPECT_EQ(take(titles + each.movements, "import-csv|@|#/csv|--closed-days").status, ExitStatus::Done);
+        Connection both = book.open().openBoth();
+        both.execute(each.then);
+        std::vector<FindingKind> faults;
+        for (const TrailFault& fault : auditTrail(both).faults)
+            faults.push_back(fault.kind);
+        EXPECT_EQ(faults, each.faults) << each.what;
+        both = openAt(book.files().mainDatabase());
+        writeFile(book.files().mainDatabase(), main);
+        writeFile(book.files().auxiliaryDatabase(), auxiliary);
+    }
 }
 
 TEST_F(CsvImportTest, namesEveryBadLineAndStoresNothing)
