@@ -34,7 +34,8 @@ enum class FindingKind {
     ClosedDayWithoutDate, ///< Somebody has closed a day, but it is still open.
     CodeWithoutNumber,
     UserWithoutName, ///< Can sign in with an empty name.
-    JournalBroken, ///< A row of the journal, `key`, was changed, or rows before it are missing.
+    /// A row of the journal, `key`, was changed, or rows before it are missing; from it on `rows` do not fit.
+    JournalBroken,
     SealBroken, ///< The same of a seal; `day` is its day.
     SealWithoutJournal, ///< The journal has lost the row that a seal, `key`, names.
     SealMissing, ///< The journal tells of a seal of a day, of version `key`, that is not there.

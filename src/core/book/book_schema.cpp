@@ -84,7 +84,7 @@ CREATE INDEX IF NOT EXISTS lorvan_journal_subject ON journal(subject);
 
 /// What closed days held: see day_seal.h.
 constexpr auto sealsSql = R"(
-CREATE TABLE IF NOT EXISTS seals (
+CREATE TABLE IF NOT EXISTS %1.seals (
     id INTEGER PRIMARY KEY,
     at INTEGER,
     user TEXT,
@@ -104,7 +104,7 @@ CREATE TABLE IF NOT EXISTS seals (
     balance_hash TEXT,
     counted TEXT
 );
-CREATE INDEX IF NOT EXISTS lorvan_seals_day ON seals(day);
+CREATE INDEX IF NOT EXISTS %1.lorvan_seals_day ON seals(day);
 )";
 
 constexpr auto auxiliaryTables = R"(
@@ -120,6 +120,8 @@ CREATE TABLE codes (
     r_kvdikoi INTEGER
 );
 )";
+
+const QString mainDatabase = QStringLiteral("main"); // whichever file the connection has opened
 
 struct Index {
     QString table;
@@ -288,7 +290,7 @@ void createAuxiliarySchema(Connection& connection)
 {
     Transaction transaction(connection, Authority::program());
     createTables(connection, auxiliaryTables, auxiliaryIndexes());
-    connection.execute(sealsSql);
+    createSealsTable(connection, mainDatabase);
     transaction.commit();
 }
 
@@ -303,10 +305,15 @@ void ensureAuxiliarySchema(Connection& connection)
 {
     if (!hasTable(connection, QLatin1String(sealsTable))) {
         Transaction transaction(connection, Authority::program());
-        connection.execute(sealsSql);
+        createSealsTable(connection, mainDatabase);
         transaction.commit();
     }
     ensureIndexes(connection, auxiliaryIndexes());
+}
+
+void createSealsTable(Connection& connection, const QString& database)
+{
+    connection.execute(QString::fromLatin1(sealsSql).arg(database).toStdString());
 }
 
 } // namespace lorvan

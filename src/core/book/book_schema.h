@@ -42,4 +42,7 @@ void createJournalTable(Connection& connection);
 void ensureMainSchema(Connection& main, Connection& auxiliary, const OpeningSteps& steps);
 void ensureAuxiliarySchema(Connection& connection);
 
+/// Makes the table of the seals, if there is none, in a database of the connection. Inside the caller's transaction.
+void createSealsTable(Connection& connection, const QString& database);
+
 } // namespace lorvan

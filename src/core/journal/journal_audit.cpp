@@ -35,8 +35,10 @@ bool JournalAuditing::take(const JournalRow& row)
     static const QString accept = journalWord(JournalAction::Accept);
     ++m_audit.rows;
     const bool isWhole = !isBroken(row);
-    if (!isWhole && m_audit.broken.size() < mostBreaks)
-        m_audit.broken.push_back({row.id, foundIn(row)});
+    if (isWhole)
+        m_isBreakOpen = false;
+    else
+        noteBroken(row);
     m_audit.missing.erase(row.hash);
     if (row.action == accept && isWhole) // a row that is broken itself accepts nothing
         noteAccepted(row);
@@ -65,6 +67,18 @@ QString JournalAuditing::foundIn(const JournalRow& row) const
     return hash.hash();
 }
 
+void JournalAuditing::noteBroken(const JournalRow& row)
+{
+    if (m_isBreakOpen) {
+        BrokenRows& last = m_audit.broken.back();
+        ++last.rows;
+        last.found = foundAfter(last.found, foundIn(row));
+    } else if (m_audit.broken.size() < mostBreaks) {
+        m_audit.broken.push_back({row.id, 1, foundIn(row)});
+        m_isBreakOpen = true;
+    }
+}
+
 /// Only what was found then is accepted: a row that was changed once more is not.
 void JournalAuditing::noteAccepted(const JournalRow& row)
 {
@@ -74,7 +88,7 @@ void JournalAuditing::noteAccepted(const JournalRow& row)
     ++m_audit.accepted;
     if (kind == QLatin1String("journal")) {
         const auto gone = std::erase_if(m_audit.broken,
-            [&, id = key](const BrokenRow& broken) { return broken.id == id && broken.found == found; });
+            [&, id = key](const BrokenRows& broken) { return broken.id == id && broken.found == found; });
         if (gone > 0)
             m_audit.acceptedRows.insert(key);
     } else if (kind == QLatin1String("seal"))
@@ -123,6 +137,11 @@ JournalAudit auditJournal(Connection& book, std::set<QString> wanted)
     while (rows.step())
         auditing.take(journalRowIn(rows));
     return std::move(auditing).result();
+}
+
+QString foundAfter(const QString& before, const QString& found)
+{
+    return HashText().add("before", before).add("found", found).hash();
 }
 
 StateDigest stateDigest(const QString& json)

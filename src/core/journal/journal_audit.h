@@ -25,18 +25,19 @@ using StatesByKey = std::unordered_map<std::int64_t, StateDigest>;
 /// The name under which the acceptance of a broken row or seal keeps the hash of what was found.
 inline constexpr auto acceptedFind = "found";
 
-/// A row that is not the one that was written after the row before it.
-struct BrokenRow {
-    std::int64_t id = 0;
-    QString found; ///< A hash of the row as it stands now, after the row before it as that stands.
+/// Rows, one behind the other, none of which is the one that was written after the row before it.
+struct BrokenRows {
+    std::int64_t id = 0; ///< Of the first.
+    std::int64_t rows = 1;
+    QString found; ///< A hash of them as they stand now, each after the row before it as that stands.
 };
 
 /// What the journal says of the present.
 struct JournalAudit {
     std::int64_t rows = 0;
-    std::vector<BrokenRow> broken; ///< The first ones only.
+    std::vector<BrokenRows> broken; ///< The first ones only.
     std::int64_t accepted = 0; ///< How many findings were accepted.
-    std::set<std::int64_t> acceptedRows; ///< Broken ones that were.
+    std::set<std::int64_t> acceptedRows; ///< Broken ones that were, each the first of those behind it.
     std::map<std::int64_t, QString> acceptedSeals; ///< Seals whose faults were, and what was found then.
     StatesByKey movements; ///< As the last row about each tells; of all others the journal claims nothing.
     StatesByKey codes; ///< The same, of the time after the last import, which does not tell what it brought.
@@ -59,6 +60,7 @@ public:
 private:
     [[nodiscard]] bool isBroken(const JournalRow& row) const;
     [[nodiscard]] QString foundIn(const JournalRow& row) const;
+    void noteBroken(const JournalRow& row);
     void noteAccepted(const JournalRow& row);
     void noteState(const JournalRow& row);
     void clear();
@@ -67,12 +69,16 @@ private:
     const Claims m_claims;
     JournalAudit m_audit;
     std::optional<JournalRow> m_before;
+    bool m_isBreakOpen = false; ///< The row before is the last of `broken`.
 };
 
 /// Reads the whole journal and recalculates its hashes, looking for the hashes `wanted`; a book without one has an
 /// empty audit. A break that was accepted is none, as long as the row stays as it was found then. Inside the caller's
 /// transaction. Throws SqlError.
 [[nodiscard]] JournalAudit auditJournal(Connection& book, std::set<QString> wanted);
+
+/// A hash that tells of one thing behind another, both told by their hashes.
+[[nodiscard]] QString foundAfter(const QString& before, const QString& found);
 
 /// The digest of a state in the form in which the journal stores it, of the columns that say what the subject is: a
 /// code's group may change with the group, without a row of its own.

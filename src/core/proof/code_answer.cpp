@@ -42,7 +42,7 @@ bool vouchesForJournal(Connection& book, const DaySeal& seal)
     row.bind(seal.journal);
     const std::int64_t id = row.step() ? row.integer(0) : 0;
     const bool isAccepted = !audit.acceptedRows.empty() && *audit.acceptedRows.begin() <= id;
-    return !isAccepted && std::none_of(audit.broken.begin(), audit.broken.end(), [id](const BrokenRow& broken) {
+    return !isAccepted && std::none_of(audit.broken.begin(), audit.broken.end(), [id](const BrokenRows& broken) {
         return broken.id <= id;
     });
 }

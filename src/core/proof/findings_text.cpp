@@ -117,14 +117,25 @@ QString textLine(const Finding& finding)
     return finding.text;
 }
 
+/// Of a broken chain only the first link is named.
+QString othersBehind(const Finding& finding, const QString& one, const QString& many)
+{
+    const std::int64_t others = finding.rows - 1;
+    if (others < 1)
+        return {};
+    return others == 1 ? QStringLiteral(", και άλλη 1 ") + one : QStringLiteral(", και άλλες %1 ").arg(others) + many;
+}
+
 QString trailRowLine(const Finding& finding)
 {
-    return QStringLiteral("εγγραφή %1").arg(finding.key);
+    return QStringLiteral("εγγραφή %1").arg(finding.key)
+        + othersBehind(finding, QStringLiteral("εγγραφή"), QStringLiteral("εγγραφές"));
 }
 
 QString sealLine(const Finding& finding)
 {
-    return QStringLiteral("%1, σφραγίδα %2").arg(storedDayText(finding.day), number(finding.key));
+    return QStringLiteral("%1, σφραγίδα %2").arg(storedDayText(finding.day), number(finding.key))
+        + othersBehind(finding, QStringLiteral("σφραγίδα"), QStringLiteral("σφραγίδες"));
 }
 
 QString missingSealLine(const Finding& finding)

@@ -27,6 +27,29 @@ QString foundIn(const DaySeal& seal, const DaySeal* before)
     return hash.hash();
 }
 
+/// Also those that were accepted.
+std::vector<TrailFault> brokenSeals(const std::vector<DaySeal>& seals, const JournalAudit& journal)
+{
+    std::vector<TrailFault> faults;
+    const DaySeal* before = nullptr;
+    bool isBreakOpen = false; // the seal before is the last of the last fault
+    for (const DaySeal& seal : seals) {
+        const bool isLinked = isNext(seal, before) && isWhole(seal);
+        const QString found = isLinked ? QString() : foundIn(seal, before);
+        if (!isLinked && isBreakOpen) {
+            ++faults.back().rows;
+            faults.back().found = foundAfter(faults.back().found, found);
+        } else if (!isLinked) {
+            faults.push_back({FindingKind::SealBroken, seal.id, seal.day, found});
+        } else if (journal.missing.contains(seal.journal)) {
+            faults.push_back({FindingKind::SealWithoutJournal, seal.id, seal.day, foundIn(seal, before)});
+        }
+        isBreakOpen = !isLinked;
+        before = &seal;
+    }
+    return faults;
+}
+
 } // namespace
 
 Finding findingOf(const TrailFault& fault)
@@ -34,7 +57,7 @@ Finding findingOf(const TrailFault& fault)
     Finding finding{fault.kind};
     finding.key = fault.key;
     finding.day = fault.day;
-    finding.rows = fault.days;
+    finding.rows = fault.rows;
     finding.stored.closingBalance = fault.moved;
     return finding;
 }
@@ -64,8 +87,9 @@ bool noteUnexplained(const CarryAudit& carries, const DaySeal& seal, const Carri
     if (!moved) {
         moved = TrailFault{FindingKind::CarryAltered, seal.id, seal.day};
         moved->moved = amount;
+    } else {
+        ++moved->rows;
     }
-    ++moved->days;
     return true;
 }
 
@@ -95,20 +119,14 @@ std::vector<TrailFault> brokenLinks(const std::vector<DaySeal>& seals, const Tra
 {
     const JournalAudit& journal = pass.journal();
     std::vector<TrailFault> faults;
-    for (const BrokenRow& row : journal.broken)
+    for (const BrokenRows& row : journal.broken) {
         faults.push_back({FindingKind::JournalBroken, row.id, 0, row.found});
-    const DaySeal* before = nullptr;
-    for (const DaySeal& seal : seals) {
-        const bool isLinked = isNext(seal, before) && isWhole(seal);
-        const bool isJournalled = !journal.missing.contains(seal.journal);
-        if (!isLinked || !isJournalled) {
-            const QString found = foundIn(seal, before);
-            const auto accepted = journal.acceptedSeals.find(seal.id);
-            const FindingKind kind = isLinked ? FindingKind::SealWithoutJournal : FindingKind::SealBroken;
-            if (accepted == journal.acceptedSeals.end() || accepted->second != found)
-                faults.push_back({kind, seal.id, seal.day, found});
-        }
-        before = &seal;
+        faults.back().rows = row.rows;
+    }
+    for (const TrailFault& fault : brokenSeals(seals, journal)) {
+        const auto accepted = journal.acceptedSeals.find(fault.key);
+        if (accepted == journal.acceptedSeals.end() || accepted->second != fault.found)
+            faults.push_back(fault);
     }
     for (const LostSeals& lost : pass.promises().lost())
         faults.push_back({FindingKind::SealMissing, lost.versions, lost.day, lost.found});

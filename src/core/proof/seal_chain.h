@@ -23,7 +23,7 @@ struct TrailFault {
     std::int64_t day = 0; ///< Of a seal or a movement, yyyymmdd; 0 if it is not known.
     QString found = {}; ///< Of a row or seals: a hash of what stands there, which the acceptance keeps.
     Currency moved = {}; ///< Of a carried balance: by how much.
-    std::int64_t days = 0; ///< Sealed ones that moved like that.
+    std::int64_t rows = 1; ///< Broken rows or seals from this one on, or sealed days whose balance moved like that.
 };
 
 [[nodiscard]] Finding findingOf(const TrailFault& fault);
@@ -45,8 +45,8 @@ bool noteUnexplained(const CarryAudit& carries, const DaySeal& seal, const Carri
 /// The days whose opening differences are not those that the journal tells of.
 [[nodiscard]] std::vector<TrailFault> alteredOpenings(Connection& book);
 
-/// Where the chains of the journal and of all seals are broken, and which seals are missing. The journal was read for
-/// them.
+/// Where the chains of the journal and of all seals are broken, each break with all that is broken behind it, and which
+/// seals are missing. The journal was read for them.
 [[nodiscard]] std::vector<TrailFault> brokenLinks(const std::vector<DaySeal>& seals, const TrailPass& pass);
 
 } // namespace lorvan

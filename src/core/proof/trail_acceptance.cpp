@@ -1,8 +1,10 @@
 #include "proof/trail_acceptance.h"
 
+#include "book/book_schema.h"
 #include "cashbook/cash_closing.h"
 #include "cashbook/counted_cash.h"
 #include "cashbook/day_seal.h"
+#include "cashbook/journal_keeping.h"
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
 #include "journal/journal.h"
@@ -129,13 +131,16 @@ void accept(Connection& book, const Authority& authority, const TrailFault& faul
 
 } // namespace
 
-std::int64_t acceptFaults(Connection& book, const Authority& authority)
+Acceptance acceptFaults(Connection& book, const Authority& authority)
 {
     authority.require(Right::ModifyCash);
     Transaction writing(book, authority);
     const std::vector<TrailFault> faults = auditTrail(book).faults;
-    if (!keepsJournal(book))
-        return 0;
+    const Acceptance acceptance{static_cast<std::int64_t>(faults.size()), !keepsJournal(book), !keepsSeals(book)};
+    if (acceptance.madeJournal)
+        completeJournal(book, book);
+    if (acceptance.madeSeals)
+        createSealsTable(book, QStringLiteral("auxiliary"));
     std::set<std::int64_t> sealed;
     for (const TrailFault& fault : faults) {
         const bool seals = fault.kind >= FindingKind::SealMissing && fault.kind <= FindingKind::CarryAltered;
@@ -143,7 +148,21 @@ std::int64_t acceptFaults(Connection& book, const Authority& authority)
             accept(book, authority, fault);
     }
     writing.commit();
-    return static_cast<std::int64_t>(faults.size());
+    return acceptance;
+}
+
+QString missingTablesText(const Acceptance& acceptance)
+{
+    QStringList texts;
+    if (acceptance.madeJournal)
+        texts += QStringLiteral(
+            "Έλειπε ο πίνακας του ημερολογίου (journal). Έγινε νέος, που αρχίζει από τώρα: τι άλλαξε πριν δεν φαίνεται"
+            " πια, και οι κωδικοί ελέγχου που έχουν τυπωθεί δεν βεβαιώνουν το ιστορικό.");
+    if (acceptance.madeSeals)
+        texts += QStringLiteral(
+            "Έλειπε ο πίνακας των σφραγίδων (seals). Έγινε νέος, και σφραγίστηκαν ξανά οι ημέρες που λέει το"
+            " ημερολόγιο: οι κωδικοί ελέγχου που έχουν τυπωθεί δεν υπάρχουν πια στο βιβλίο.");
+    return texts.join(u'\n');
 }
 
 } // namespace lorvan

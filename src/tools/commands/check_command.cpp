@@ -114,8 +114,10 @@ void accept(const QString& folder, const ToolContext& context)
     readyBook(BookFiles(folder));
     const ClaimedMarker marker{BookFiles(folder)};
     OpenedBook book(folder, Connection::Access::ReadWrite);
-    const std::int64_t accepted = acceptFaults(book.connection(), Authority::companion(context.clock));
-    context.out << "Ευρήματα ημερολογίου και σφραγίδων που έγιναν αποδεκτά: " << accepted << "\n\n";
+    const Acceptance accepted = acceptFaults(book.connection(), Authority::companion(context.clock));
+    if (const QString missing = missingTablesText(accepted); !missing.isEmpty())
+        context.out << missing.toStdString() << "\n\n";
+    context.out << "Ευρήματα ημερολογίου και σφραγίδων που έγιναν αποδεκτά: " << accepted.faults << "\n\n";
 }
 
 ExitStatus check(Arguments& arguments, const ToolContext& context)

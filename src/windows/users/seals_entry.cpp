@@ -84,9 +84,10 @@ void SealsEntry::acceptFindings()
             QStringLiteral("Να γίνουν αποδεκτά όσα δεν συμφωνούν με το ημερολόγιο και τις σφραγίδες;"),
             textOf(findings), DefaultAnswer::No))
         return;
-    const std::int64_t accepted = acceptFaults(book, Authority::administrator(m_clock));
+    const Acceptance accepted = acceptFaults(book, Authority::administrator(m_clock));
     showMessage(window(), QMessageBox::Information, acceptTitle,
-        QStringLiteral("Ευρήματα που έγιναν αποδεκτά και γράφτηκαν στο ημερολόγιο: %1").arg(accepted));
+        QStringLiteral("Ευρήματα που έγιναν αποδεκτά και γράφτηκαν στο ημερολόγιο: %1").arg(accepted.faults),
+        missingTablesText(accepted));
 }
 
 void SealsEntry::sealOlder()
