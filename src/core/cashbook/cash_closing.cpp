@@ -13,10 +13,12 @@
 #include <QJsonDocument>
 
 #include <algorithm>
+#include <set>
 
 namespace lorvan {
 namespace {
 
+constexpr int daysBetweenQuestions = 2000;
 constexpr int daysOfHabit = 60; ///< In a book where none of them was closed, nobody closes days.
 
 QString record(Connection& book, const Authority& authority, JournalAction action, const Closing& closing)
@@ -67,6 +69,36 @@ template <typename Take> void walkOpenDays(Connection& main, Connection& auxilia
     }
 }
 
+std::vector<QDate> closedDays(Connection& book)
+{
+    std::vector<QDate> days;
+    auto rows = book.prepare("SELECT DISTINCT hmeraklhsimatos FROM klhsimotameioy ORDER BY hmeraklhsimatos");
+    while (rows.step()) {
+        if (const QDate day = rows.date(0); day.isValid())
+            days.push_back(day);
+    }
+    return days;
+}
+
+/// Closes the days between each two closed ones. Returns how many; no value if `goOn` says no.
+std::optional<int> fillGaps(
+    Connection& book, const Authority& authority, const std::vector<QDate>& closed, const std::function<bool()>& goOn)
+{
+    const std::set<std::int64_t> sealed = sealedDays(book);
+    auto close = book.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)");
+    int count = 0;
+    for (std::size_t next = 1; next < closed.size(); ++next) {
+        for (QDate day = closed[next - 1].addDays(1); day < closed[next]; day = day.addDays(1)) {
+            if (sealed.contains(storedDate(day))) // somebody has opened it around the program
+                recordAltered(book, authority, day);
+            close.bind(day).run();
+            if (++count % daysBetweenQuestions == 0 && !goOn())
+                return std::nullopt;
+        }
+    }
+    return count;
+}
+
 } // namespace
 
 bool isClosed(Connection& auxiliary, QDate day)
@@ -92,6 +124,23 @@ std::optional<ClosedDay> closeDay(Connection& book, const Authority& authority, 
         closed.checkCode = checkCode(sealDay(book, authority, day, journal).hash);
     transaction.commit();
     return closed;
+}
+
+void closeOpenDays(Connection& book, const Authority& authority, const std::function<bool()>& goOn)
+{
+    authority.require(Right::CloseCash);
+    Transaction transaction(book, authority);
+    if (keepsJournal(book))
+        recordFound(book, authority, unrecordedClosings(book, book));
+    const std::vector<QDate> closed = closedDays(book);
+    const auto count = fillGaps(book, authority, closed, goOn);
+    if (count.value_or(0) == 0)
+        return;
+    recordChange(book, authority,
+        {JournalAction::Close, journal_subject::book(), {}, {}, {},
+            {{QStringLiteral("from"), storedDate(closed.front())}, {QStringLiteral("to"), storedDate(closed.back())},
+                {QStringLiteral("days"), *count}, {QStringLiteral("aa"), qint64(book.lastInsertedKey())}}});
+    transaction.commit();
 }
 
 std::vector<Closing> unrecordedClosings(Connection& main, Connection& auxiliary)

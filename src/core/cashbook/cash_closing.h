@@ -3,6 +3,7 @@
 #include <QDate>
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -25,6 +26,19 @@ struct ClosedDay {
 /// over `book`, which holds both databases or, if the main one cannot be written, only the auxiliary one. Does nothing
 /// and returns no value if the day is already closed. Throws NotPermitted and SqlError.
 std::optional<ClosedDay> closeDay(Connection& book, const Authority& authority, QDate day);
+
+/// Closes every open day between the earliest and the latest closed day; does nothing if there is at most one closed
+/// day. One transaction over `book`, which holds both databases or only the auxiliary one (see openUnguarded()), with
+/// one row in the journal, and one for each day that was sealed before and then opened around the program. `goOn` is
+/// called now and then, so that a window stays responsive over a range of centuries; if it returns false, nothing is
+/// closed. Throws NotPermitted and SqlError.
+void closeOpenDays(Connection& book, const Authority& authority, const std::function<bool()>& goOn);
+
+/// Closes every open day between the earliest and the latest closed day; does nothing if there is at most one closed
+/// day. One transaction over `book`, as in closeDay(), with one row in the journal, and one for each day that was
+/// sealed before and then opened around the program. `goOn` is called now and then, so that a window stays responsive
+/// over a range of centuries; if it returns false, nothing is closed. Throws NotPermitted and SqlError.
+void closeOpenDays(Connection& book, const Authority& authority, const std::function<bool()>& goOn);
 
 /// A row of `klhsimotameioy`.
 struct Closing {

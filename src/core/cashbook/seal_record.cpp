@@ -56,4 +56,27 @@ bool JournalledSeals::tellOf(QDate day) const
                .step();
 }
 
+std::set<std::int64_t> JournalledSeals::days() const
+{
+    if (!keepsJournal(m_book))
+        return {};
+    std::set<std::int64_t> days = m_late;
+    auto rows = m_book.prepare("SELECT DISTINCT day FROM main.journal WHERE subject>='day/' AND subject<'day0'"
+                               " AND action IN ('close', 'accept') AND id>?");
+    for (rows.bind(m_cleared); rows.step();)
+        days.insert(rows.integer(0));
+    return days;
+}
+
+std::set<std::int64_t> sealedDays(Connection& book)
+{
+    std::set<std::int64_t> days = JournalledSeals(book).days();
+    if (!keepsJournal(book) || !keepsSeals(book))
+        return days;
+    auto rows = book.prepare("SELECT DISTINCT day FROM seals");
+    while (rows.step())
+        days.insert(rows.integer(0));
+    return days;
+}
+
 } // namespace lorvan

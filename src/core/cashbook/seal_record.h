@@ -16,7 +16,8 @@ class Connection;
 
 /// The state of a sealing of days that were closed earlier: their number, the first, the last and all of them.
 [[nodiscard]] QJsonObject lateSealingState(const std::vector<QDate>& days);
-/// The name of all of them in it. Rows of earlier releases do not have it.
+/// The name of all of them in it, and of the days that an import has changed and sealed again in its state. Rows of
+/// earlier releases do not have it.
 inline constexpr auto daysSealedLate = "sealed";
 
 /// Records that a sealed day was found not to hold what was sealed, and so is not sealed again by what follows: a new
@@ -32,10 +33,15 @@ public:
     /// False for all in a book without a journal. One index look-up.
     [[nodiscard]] bool tellOf(QDate day) const;
 
+    [[nodiscard]] std::set<std::int64_t> days() const; ///< All of them.
+
 private:
     Connection& m_book;
     std::int64_t m_cleared = 0; ///< The row of the deletion.
     std::set<std::int64_t> m_late;
 };
+
+/// The days that were sealed, as the seals or the journal tell; none in a book without a journal.
+[[nodiscard]] std::set<std::int64_t> sealedDays(Connection& book);
 
 } // namespace lorvan

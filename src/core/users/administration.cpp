@@ -5,26 +5,10 @@
 #include "book/lock_trust.h"
 #include "book/row_counts.h"
 #include "journal/journal.h"
-#include "platform/date_text.h"
 #include "platform/engine/transaction.h"
-
-#include <vector>
 
 namespace lorvan {
 namespace {
-
-constexpr int daysBetweenQuestions = 2000;
-
-std::vector<QDate> closedDays(Connection& book)
-{
-    std::vector<QDate> days;
-    auto rows = book.prepare("SELECT DISTINCT hmeraklhsimatos FROM klhsimotameioy ORDER BY hmeraklhsimatos");
-    while (rows.step()) {
-        if (const QDate day = rows.date(0); day.isValid())
-            days.push_back(day);
-    }
-    return days;
-}
 
 /// Returns the hash of the last one.
 QString deleteSeals(Connection& book)
@@ -42,29 +26,6 @@ QString deleteSeals(Connection& book)
 }
 
 } // namespace
-
-void closeOpenDays(Connection& book, const Authority& authority, const std::function<bool()>& goOn)
-{
-    authority.require(Right::CloseCash);
-    Transaction transaction(book, authority);
-    const std::vector<QDate> closed = closedDays(book);
-    auto close = book.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)");
-    int count = 0;
-    for (std::size_t next = 1; next < closed.size(); ++next) {
-        for (QDate day = closed[next - 1].addDays(1); day < closed[next]; day = day.addDays(1)) {
-            close.bind(day).run();
-            if (++count % daysBetweenQuestions == 0 && !goOn())
-                return;
-        }
-    }
-    if (count == 0)
-        return;
-    recordChange(book, authority,
-        {JournalAction::Close, journal_subject::book(), {}, {}, {},
-            {{QStringLiteral("from"), storedDate(closed.front())}, {QStringLiteral("to"), storedDate(closed.back())},
-                {QStringLiteral("days"), count}, {QStringLiteral("aa"), qint64(book.lastInsertedKey())}}});
-    transaction.commit();
-}
 
 CopiedBook deleteAllData(const BookFiles& files, KeyRing& keys, const Authority& authority)
 {

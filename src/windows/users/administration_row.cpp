@@ -2,6 +2,7 @@
 
 #include "book/book_recovery.h"
 #include "book/lock_trust.h"
+#include "cashbook/cash_closing.h"
 #include "controls/command_button.h"
 #include "controls/guarded_window.h"
 #include "controls/path_label.h"

@@ -278,6 +278,14 @@ TEST_F(TrailTest, aSealedDayThatWasOpenedAroundTheProgramIsNotSealedAgain)
         EXPECT_EQ(acceptFaults(opened, byAll()).faults, 1);
         EXPECT_EQ(faults(), "");
     }
+    temporary.openAuxiliary().execute("DELETE FROM klhsimotameioy");
+    temporary.close(monday.addDays(-1));
+    temporary.close(monday.addDays(1));
+    Connection opened = both();
+    closeOpenDays(opened, byAll(), [] { return true; });
+    EXPECT_EQ(valueOf(opened, "SELECT group_concat(action) FROM (SELECT action FROM journal ORDER BY id DESC LIMIT 4)"),
+        "close,found,found,found");
+    EXPECT_EQ(faults(), fault(FindingKind::SealedDayAltered, 1)) << "closed with the others";
 }
 
 TEST_F(TrailTest, aCodeVouchesForTheJournalUpToItsClosing)

@@ -1,5 +1,7 @@
 #include "users/administration.h"
 
+#include "cashbook/cash_closing.h"
+
 #include "backup/book_copy.h"
 #include "platform/engine/transaction.h"
 #include "support/files.h"
