@@ -33,6 +33,13 @@ void record(Connection& main, const Authority& authority, JournalAction action, 
     recordChange(main, authority, {action, journal_subject::group(number), {}, {}, stateOf(before), stateOf(after)});
 }
 
+/// Whether a code of the group has another copy of its name.
+bool areCodesBehind(Connection& main, const CodeGroup& group)
+{
+    auto row = main.prepare("SELECT 1 FROM kvdikoi WHERE aa_omadas=? AND omada IS NOT ? LIMIT 1");
+    return row.bind(group.number, group.name).step();
+}
+
 /// Inside the caller's transaction.
 void rename(Connection& main, const Authority& authority, const GroupChange& change, JournalAction action)
 {
@@ -88,6 +95,8 @@ std::variant<GroupChange, GroupRefusal> renameGroup(
     if (!former)
         return GroupRefusal::IsGone;
     const GroupChange change{*former, {number, name.trimmed()}};
+    if (change.before.name == change.after.name && !areCodesBehind(main, change.after))
+        return change;
     rename(main, authority, change, JournalAction::Modify);
     writing.commit();
     return change;

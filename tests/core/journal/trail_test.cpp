@@ -93,6 +93,8 @@ TEST_F(TrailTest, eachChangeLeavesItsRow)
     expectRow("remove movement/3 20240315 200 Σοφία " + after + " -");
     (void)renameGroup(main, byAll(), 1, "Έσοδα");
     expectRow(R"(modify group/1 - - Σοφία {"aa":1,"perigrafh":"Πωλήσεις"} {"aa":1,"perigrafh":"Έσοδα"})");
+    (void)renameGroup(main, byAll(), 1, " Έσοδα ");
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM journal WHERE subject='group/1'"), "1") << "the same: no row";
     (void)modifyCode(main, byAll(), 1, {"100", "Νέα", "Έσοδα", true}, 0);
     expectRow(R"(modify code/1 - 100 Σοφία {"aa":1,"aa_omada":1,"aa_omadas":1,"digest":)"
               R"("7b76def98004c3eb3878e6d0612898129c4b58898ef64559478bec1a44bec4ff","energos":true,"esodo":true,)"
