@@ -33,6 +33,7 @@ JournalAuditing::JournalAuditing(std::set<QString> wanted, Claims claims)
 bool JournalAuditing::take(const JournalRow& row)
 {
     static const QString accept = journalWord(JournalAction::Accept);
+    static const QString clearing = journalWord(JournalAction::Clear);
     ++m_audit.rows;
     const bool isWhole = !isBroken(row);
     if (isWhole)
@@ -42,6 +43,8 @@ bool JournalAuditing::take(const JournalRow& row)
     m_audit.missing.erase(row.hash);
     if (row.action == accept && isWhole) // a row that is broken itself accepts nothing
         noteAccepted(row);
+    if (row.action == clearing)
+        clear();
     if (m_claims == Claims::All)
         noteState(row);
     m_before = row;
@@ -87,6 +90,7 @@ void JournalAuditing::noteAccepted(const JournalRow& row)
         QJsonDocument::fromJson(row.after.value_or(QString()).toUtf8())[QLatin1String(acceptedFind)].toString();
     ++m_audit.accepted;
     if (kind == QLatin1String("journal")) {
+        ++m_acceptedOfJournal;
         const auto gone = std::erase_if(m_audit.broken,
             [&, id = key](const BrokenRows& broken) { return broken.id == id && broken.found == found; });
         if (gone > 0)
@@ -97,10 +101,7 @@ void JournalAuditing::noteAccepted(const JournalRow& row)
 
 void JournalAuditing::noteState(const JournalRow& row)
 {
-    static const QString clearing = journalWord(JournalAction::Clear);
     static const QString importing = journalWord(JournalAction::Import);
-    if (row.action == clearing)
-        clear();
     if (row.action == importing) {
         m_audit.codes.clear();
         m_audit.groups.clear();
@@ -110,9 +111,11 @@ void JournalAuditing::noteState(const JournalRow& row)
         (*states)[key] = row.after ? stateDigest(*row.after) : StateDigest();
 }
 
-/// Everything was deleted: what stood there before is gone.
+/// Everything was deleted: what stood there before is gone, but for the journal.
 void JournalAuditing::clear()
 {
+    m_audit.accepted = m_acceptedOfJournal;
+    m_audit.acceptedSeals.clear();
     for (StatesByKey* const states : {&m_audit.movements, &m_audit.codes, &m_audit.groups}) {
         for (auto& [key, state] : *states)
             state = {};

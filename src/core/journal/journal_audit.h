@@ -36,7 +36,7 @@ struct BrokenRows {
 struct JournalAudit {
     std::int64_t rows = 0;
     std::vector<BrokenRows> broken; ///< The first ones only.
-    std::int64_t accepted = 0; ///< How many findings were accepted.
+    std::int64_t accepted = 0; ///< How many findings were accepted, but for those that a deletion of all data ended.
     std::set<std::int64_t> acceptedRows; ///< Broken ones that were, each the first of those behind it.
     std::map<std::int64_t, QString> acceptedSeals; ///< Seals whose faults were, and what was found then.
     StatesByKey movements; ///< As the last row about each tells; of all others the journal claims nothing.
@@ -69,6 +69,7 @@ private:
     const Claims m_claims;
     JournalAudit m_audit;
     std::optional<JournalRow> m_before;
+    std::int64_t m_acceptedOfJournal = 0;
     bool m_isBreakOpen = false; ///< The row before is the last of `broken`.
 };
 

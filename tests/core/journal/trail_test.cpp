@@ -352,10 +352,14 @@ TEST_F(TrailTest, theJournalOutlivesADeletionAndARestore)
     RestoredBook(copy, temporary.files()).replace(byAll());
     EXPECT_EQ(answer(onPaper).verdict, CodeAnswer::Verdict::NewerThanCopy) << "after a second restore, too";
     book = temporary.open();
+    temporary.execute("UPDATE kinhseis SET esoda=7 WHERE aa=1");
+    Connection opened = both();
+    EXPECT_EQ(acceptFaults(opened, byAll()).faults, 2);
     (void)deleteAllData(temporary.files(), testKeys(), byAll());
     EXPECT_EQ(faults(), "");
+    EXPECT_EQ(auditTrail(opened).accepted, 0) << "of what is gone";
     EXPECT_EQ(valueOf(book.main(), "SELECT group_concat(action) FROM (SELECT action FROM journal WHERE id>4)"),
-        "close,restore,clear");
+        "close,restore,accept,accept,clear");
     EXPECT_EQ(valueOf(book.auxiliary(), "SELECT count(*) FROM seals"), "0");
 }
 
