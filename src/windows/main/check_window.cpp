@@ -182,6 +182,7 @@ void CheckWindow::check()
 
 void CheckWindow::runCheck()
 {
+    m_answer->clear(); // it was about the book as it was
     BookCheck found;
     const ProgressTexts texts{title, QStringLiteral("Ελέγχεται το βιβλίο…"), QStringLiteral("Κινήσεις")};
     const bool isWhole = m_run.run(this, texts,
