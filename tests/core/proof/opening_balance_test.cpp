@@ -78,7 +78,8 @@ TEST(OpeningBalance, theJournalBeginsBeforeARepairOrAnUpgradeTellsOfIt)
 {
     for (const bool isUpgrade : {false, true}) {
         const TemporaryBook folder;
-        folder.execute(std::string(earlierBook) + "UPDATE tameio SET ypoloipo=ypoloipo+500, esoda=1 WHERE aa>1");
+        folder.execute(earlierBook);
+        folder.execute("UPDATE tameio SET ypoloipo=ypoloipo+500, esoda=1 WHERE aa>1");
         folder.close(QDate(2024, 3, 11));
         Book book = folder.open();
         Connection both = book.openBoth();
