@@ -4,8 +4,8 @@
 #include "platform/work.h"
 
 #include <QDateTime>
-
 #include <QString>
+
 #include <vector>
 
 namespace lorvan {
