@@ -2,6 +2,7 @@
 
 #include "journal/hash_text.h"
 #include "movements/journalled_opening.h"
+#include "platform/date_text.h"
 #include "proof/trail_pass.h"
 
 namespace lorvan {
@@ -73,8 +74,10 @@ std::set<QString> journalRowsOf(const std::vector<DaySeal>& seals)
 std::map<std::int64_t, const DaySeal*> lastSeals(const std::vector<DaySeal>& seals)
 {
     std::map<std::int64_t, const DaySeal*> last;
-    for (const DaySeal& seal : seals)
-        last[seal.day] = &seal;
+    for (const DaySeal& seal : seals) {
+        if (dateFromStored(seal.day).isValid())
+            last[seal.day] = &seal;
+    }
     return last;
 }
 

@@ -34,7 +34,8 @@ inline constexpr auto acceptedCarry = "carried";
 /// The hashes of the journal's rows that the seals name.
 [[nodiscard]] std::set<QString> journalRowsOf(const std::vector<DaySeal>& seals);
 
-/// The last seal of each day, by the day. `seals` must stay as they are.
+/// The last seal of each day, by the day; of those without a calendar date, which are broken, none. `seals` must stay
+/// as they are.
 [[nodiscard]] std::map<std::int64_t, const DaySeal*> lastSeals(const std::vector<DaySeal>& seals);
 
 /// Adds a sealed day to the fault of those whose carried balance has moved without a change that explains it, days

@@ -152,6 +152,7 @@ TEST_F(TrailTest, namesWhatWasChangedAroundTheProgram)
         {"DELETE FROM journal WHERE id=5", "", fault(FindingKind::SealWithoutJournal, 1)},
         {"", "UPDATE seals SET income=1", fault(FindingKind::SealBroken, 1) + fault(FindingKind::SealedDayAltered, 1)},
         {"", "UPDATE seals SET carried=1", fault(FindingKind::SealBroken, 1)},
+        {"", "UPDATE seals SET day=0", fault(FindingKind::SealBroken, 1) + fault(FindingKind::SealMissing, 1)},
         {"", "DELETE FROM seals", fault(FindingKind::SealMissing, 1)},
         {"INSERT INTO opening_difference VALUES (20240310, 500);"
          "UPDATE tameio SET ypoloipo=ypoloipo+500 WHERE hmeromhnia>20240309",
