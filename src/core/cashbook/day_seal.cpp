@@ -4,6 +4,7 @@
 #include "cashbook/seal_record.h"
 #include "journal/check_code.h"
 #include "journal/journal.h"
+#include "journal/stray_ids.h"
 #include "movements/cash_day.h"
 #include "movements/movement_store.h"
 #include "platform/date_text.h"
@@ -60,8 +61,8 @@ std::optional<DaySeal> first(Statement& row)
 
 std::optional<DaySeal> lastSeal(Connection& book)
 {
-    auto row = book.prepare(selection("ORDER BY id DESC LIMIT 1"));
-    return first(row);
+    auto row = book.prepare(selection("WHERE id<? ORDER BY id DESC LIMIT 1"));
+    return first(row.bind(firstStrayId));
 }
 
 void store(Connection& book, const DaySeal& seal)

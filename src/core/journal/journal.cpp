@@ -1,6 +1,7 @@
 #include "journal/journal.h"
 
 #include "journal/hash_text.h"
+#include "journal/stray_ids.h"
 #include "platform/authority.h"
 #include "platform/date_text.h"
 #include "platform/engine/connection.h"
@@ -68,8 +69,9 @@ void store(Connection& book, const JournalRow& row)
 /// The id and the hash of the last row.
 std::pair<std::int64_t, QString> lastRow(Connection& book)
 {
-    auto last = book.prepare("SELECT id, hash FROM main.journal ORDER BY id DESC LIMIT 1");
-    return last.step() ? std::pair(last.integer(0), last.text(1)) : std::pair(std::int64_t(0), QString());
+    auto last = book.prepare("SELECT id, hash FROM main.journal WHERE id<? ORDER BY id DESC LIMIT 1");
+    return last.bind(firstStrayId).step() ? std::pair(last.integer(0), last.text(1))
+                                          : std::pair(std::int64_t(0), QString());
 }
 
 } // namespace
