@@ -2,6 +2,7 @@
 
 #include "book/book.h"
 #include "cashbook/seal_record.h"
+#include "journal/found_state.h"
 #include "journal/journal.h"
 #include "movements/journal_states.h"
 #include "movements/movement_store.h"
@@ -134,9 +135,10 @@ ChangedDay CashBook::store(
     writeRow(main, change, group);
     const Movement& movement = change.movement();
     DayView view = settleDay(main, movement.day, effect(change.after) - effect(change.before));
-    recordChange(main, m_authority,
-        {action, journal_subject::movement(movement.key), movement.day, movement.code, stateOf(change.before),
-            stateOf(change.after)});
+    const JournalEntry entry{action, journal_subject::movement(movement.key), movement.day, movement.code,
+        stateOf(change.before), stateOf(change.after)};
+    recordFoundState(main, m_authority, entry);
+    recordChange(main, m_authority, entry);
     return {std::move(view), isClosed, std::move(change)};
 }
 

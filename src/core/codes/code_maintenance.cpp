@@ -1,5 +1,6 @@
 #include "codes/code_maintenance.h"
 
+#include "journal/found_state.h"
 #include "journal/hash_text.h"
 #include "journal/journal.h"
 #include "platform/engine/connection.h"
@@ -102,7 +103,9 @@ MovedMovements giveGroupToMovements(Connection& main, qint32 code, qint32 group)
 void record(Connection& main, const Authority& authority, JournalAction action, const MovementCode& code,
     const QJsonObject& before, const QJsonObject& after)
 {
-    recordChange(main, authority, {action, journal_subject::code(code.row), {}, code.code, before, after});
+    const JournalEntry entry{action, journal_subject::code(code.row), {}, code.code, before, after};
+    recordFoundState(main, authority, entry);
+    recordChange(main, authority, entry);
 }
 
 template <typename... Values> qint64 count(Connection& main, std::string_view sql, const Values&... values)

@@ -1,5 +1,6 @@
 #include "codes/group_maintenance.h"
 
+#include "journal/found_state.h"
 #include "journal/journal.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
@@ -30,7 +31,9 @@ void record(Connection& main, const Authority& authority, JournalAction action, 
     const std::optional<CodeGroup>& after)
 {
     const qint32 number = (after ? after : before)->number;
-    recordChange(main, authority, {action, journal_subject::group(number), {}, {}, stateOf(before), stateOf(after)});
+    const JournalEntry entry{action, journal_subject::group(number), {}, {}, stateOf(before), stateOf(after)};
+    recordFoundState(main, authority, entry);
+    recordChange(main, authority, entry);
 }
 
 /// Whether a code of the group has another copy of its name.

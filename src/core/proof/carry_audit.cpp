@@ -104,6 +104,9 @@ void CarryAudit::take(const JournalRow& row)
 void CarryAudit::takeMovement(const JournalRow& row)
 {
     static const QString accept = journalWord(JournalAction::Accept);
+    static const QString found = journalWord(JournalAction::Found);
+    if (row.action == found) // what moved with it was not moved by a change
+        return;
     if (row.action == accept || !takeState(row.before.value_or(QString()), minus)
         || !takeState(row.after.value_or(QString()), 1))
         m_unknown.push_back({row.id, allDays});

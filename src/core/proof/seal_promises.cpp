@@ -66,7 +66,8 @@ void SealPromises::noteMovement(const JournalRow& row)
     if (m_days.empty() || !row.day)
         return;
     const auto day = m_days.find(*row.day);
-    if (day != m_days.end() && !day->second.isAltered && !isAction(row, JournalAction::Accept))
+    const bool seals = !isAction(row, JournalAction::Accept) && !isAction(row, JournalAction::Found);
+    if (day != m_days.end() && !day->second.isAltered && seals)
         promise(*row.day, row.hash);
 }
 

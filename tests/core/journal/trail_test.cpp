@@ -123,6 +123,19 @@ TEST_F(TrailTest, whatWasChangedWithoutTheJournalIsRecordedWhenItIsFound)
     EXPECT_EQ(faults(), "");
 }
 
+TEST_F(TrailTest, aChangeHidesNoneThatWasMadeAroundTheProgram)
+{
+    (void)renameGroup(book.main(), byAll(), 1, "α");
+    temporary.execute("INSERT INTO journal (id) VALUES (9223372036854775807);"
+                      "UPDATE kinhseis SET esoda=7 WHERE aa=3; UPDATE omades SET perigrafh='β'");
+    (void)cashBook.modify(3, incomeOf(friday, cents(9)));
+    (void)cashBook.remove(3);
+    (void)renameGroup(book.main(), byAll(), 1, "γ");
+    EXPECT_EQ(valueOf(book.main(),
+                  "SELECT group_concat(action || ' ' || subject) FROM (SELECT * FROM journal WHERE id>6 ORDER BY id)"),
+        "found movement/3,modify movement/3,remove movement/3,found group/1,modify group/1");
+}
+
 TEST_F(TrailTest, namesWhatWasChangedAroundTheProgram)
 {
     const struct {
