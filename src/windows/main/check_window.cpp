@@ -187,6 +187,7 @@ void CheckWindow::runCheck()
     const ProgressTexts texts{title, QStringLiteral("Ελέγχεται το βιβλίο…"), QStringLiteral("Κινήσεις")};
     const bool isWhole = m_run.run(this, texts,
         stoppable([this, &found](const CheckProgress& progress) { found = checkOpenBook(m_book, m_keys, progress); }));
+    m_answered.clear(); // the same code may be asked for again
     if (!isWhole) {
         m_summary->setText(QStringLiteral("Ο έλεγχος ακυρώθηκε."));
         return;

@@ -87,6 +87,8 @@ TEST_F(ProofTest, aCodeFromPaperIsAnswered)
         book.execute("UPDATE kinhseis SET esoda=7 WHERE hmeromhnia=20240315");
         shown.click(shown.find("askCode"));
         EXPECT_EQ(shown.text("answer"), answer + "Η ημέρα άλλαξε από άλλο πρόγραμμα ή παλαιότερη έκδοση.");
+        shown.click(shown.find("fullCheck"));
+        EXPECT_EQ(shown.text("answer"), "");
         shown.click(shown.find("close"));
     });
 }
