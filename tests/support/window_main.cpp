@@ -1,3 +1,4 @@
+#include "controls/alt_keys.h"
 #include "look/busy_pointer.h"
 #include "look/theme.h"
 
@@ -41,6 +42,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false); // as in the program
     lorvan::Theme::install(application);
+    lorvan::installAltKeys(application);
     testing::UnitTest::GetInstance()->listeners().Append(new LeavesNothing);
     return RUN_ALL_TESTS();
 }

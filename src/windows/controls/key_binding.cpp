@@ -23,20 +23,19 @@ QList<QKeySequence> sequencesOf(KeyUse use)
     return all;
 }
 
+/// What a widget's tooltip shows besides its own text.
 class KeyTip : public QObject {
 public:
-    KeyTip(QWidget* widget, bool isAboutTheSame, const std::vector<KeyUse>& uses)
-        : QObject(widget)
-        , m_isAboutTheSame(isAboutTheSame)
+    static KeyTip& of(QWidget* widget)
     {
-        QStringList lines;
-        for (const KeyUse use : uses) {
-            const KeyEntry& entry = keyEntry(use);
-            lines += isAboutTheSame ? keysText(entry) : keysText(entry) + QStringLiteral(": ") + entry.does;
-        }
-        m_keys = lines.join(u'\n');
-        widget->installEventFilter(this);
+        for (QObject* const child : widget->children())
+            if (auto* const known = dynamic_cast<KeyTip*>(child))
+                return *known;
+        return *new KeyTip(widget);
     }
+
+    void addKeys(const QString& keys) { m_keys += keys; }
+    void addLine(const QString& line) { m_lines += line; }
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
@@ -46,17 +45,35 @@ public:
         const auto* const field = qobject_cast<EntryField*>(widget);
         if (field && field->hidesText())
             return false;
-        const QString tip = widget->toolTip();
-        const QString text = m_isAboutTheSame ? tip + QStringLiteral(" (%1)").arg(m_keys)
-            : tip.isEmpty()                   ? m_keys
-                                              : tip + u'\n' + m_keys;
-        showPlainToolTip(static_cast<QHelpEvent*>(event)->globalPos(), text, widget, widget->rect());
+        showPlainToolTip(
+            static_cast<QHelpEvent*>(event)->globalPos(), textWith(widget->toolTip()), widget, widget->rect());
         return true;
     }
 
 private:
-    const bool m_isAboutTheSame;
-    QString m_keys;
+    explicit KeyTip(QWidget* widget)
+        : QObject(widget)
+    {
+        widget->installEventFilter(this);
+    }
+
+    /// Keys that the tooltip names itself stand at its end, in parentheses.
+    [[nodiscard]] QString textWith(const QString& tip) const
+    {
+        const QString keys = m_keys.join(QStringLiteral(", "));
+        QStringList lines = m_lines;
+        if (tip.isEmpty() || keys.isEmpty())
+            lines.prepend(tip + keys);
+        else if (tip.endsWith(u')'))
+            lines.prepend(tip.chopped(1) + QStringLiteral(", %1)").arg(keys));
+        else
+            lines.prepend(tip + QStringLiteral(" (%1)").arg(keys));
+        lines.removeAll(QString());
+        return lines.join(u'\n');
+    }
+
+    QStringList m_keys; ///< For what the tooltip is about.
+    QStringList m_lines; ///< For other things, with what they do.
 };
 
 } // namespace
@@ -79,12 +96,18 @@ bool asksFor(const QKeyEvent& event, KeyUse use)
 
 void showKeyInTip(QWidget* widget, KeyUse use)
 {
-    new KeyTip(widget, true, {use});
+    showKeyTextInTip(widget, keysText(keyEntry(use)));
+}
+
+void showKeyTextInTip(QWidget* widget, const QString& keys)
+{
+    KeyTip::of(widget).addKeys(keys);
 }
 
 void showKeysInTip(QWidget* widget, const std::vector<KeyUse>& uses)
 {
-    new KeyTip(widget, false, uses);
+    for (const KeyUse use : uses)
+        KeyTip::of(widget).addLine(keysText(keyEntry(use)) + QStringLiteral(": ") + keyEntry(use).does);
 }
 
 } // namespace lorvan

@@ -22,6 +22,7 @@ void bindKeys(KeyUse use, QWidget* widget, Qt::ShortcutContext context, const st
 /// Adds the keys to what the widget's tooltip shows: in parentheses to a tooltip about the same, otherwise each on a
 /// line of its own with what it does. The tooltip's own text stays as it is.
 void showKeyInTip(QWidget* widget, KeyUse use);
+void showKeyTextInTip(QWidget* widget, const QString& keys);
 void showKeysInTip(QWidget* widget, const std::vector<KeyUse>& uses);
 
 } // namespace lorvan

@@ -24,8 +24,8 @@ void goBackTo(QWidget& field);
 /// Whether a key is Enter, of the keypad or not.
 [[nodiscard]] bool isEnter(const QKeyEvent& event);
 
-/// Whether a key types a character while Alt or the logo key is held down. No command uses such a key, so fields ignore
-/// it. AltGr, the third level of a keyboard, does not count as such a modifier.
+/// Whether a key types a character while Alt or the logo key is held down. Fields ignore such a key: it is a shortcut
+/// or nothing. AltGr, the third level of a keyboard, does not count as such a modifier.
 [[nodiscard]] bool isAltTyping(const QKeyEvent& event);
 
 /// Whether a field passes the key for undo or redo on because it has no typing of its own to undo or redo.

@@ -1,5 +1,6 @@
 #include "start/application.h"
 
+#include "controls/alt_keys.h"
 #include "controls/guarded_window.h"
 #include "look/icons.h"
 #include "look/theme.h"
@@ -12,9 +13,11 @@ Application::Application(int& argumentCount, char** arguments)
     : QApplication(argumentCount, arguments)
 {
     setApplicationName(QStringLiteral("Lorvan"));
+    setDesktopFileName(QStringLiteral("lorvan"));
     QLocale::setDefault(QLocale(QLocale::Greek, QLocale::Greece)); // whatever the machine's own language
     setQuitOnLastWindowClosed(false); // the windows themselves say when the program ends
     Theme::install(*this);
+    installAltKeys(*this);
     setWindowIcon(themedIcon(QStringLiteral("daybook"), ColourRole::Accent));
 }
 
