@@ -19,6 +19,7 @@ one day to the next. Days are closed and carry a check code; every change
 stands in a journal and can be taken back; nine reports are shown, printed
 and saved. The interface is Greek.
 .
+The companion lorvan-books shows the books of a computer and makes new ones.
 The companion lorvan-data makes, checks, repairs, imports, exports, backs up
 and restores books on the command line.")
 set(CPACK_PACKAGING_INSTALL_PREFIX "${CMAKE_INSTALL_PREFIX}")

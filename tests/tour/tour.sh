@@ -53,7 +53,7 @@ look_through_door() {
 }
 
 sign_in() {
-    start_program "$program/lorvan"
+    start_program "$program/lorvan-books" # as from the desktop: with one book that it knows it becomes the program
     go_to_window 'Δώστε κωδικό πρόσβασης'
     write "$user"
     press Return
