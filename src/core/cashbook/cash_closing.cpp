@@ -1,5 +1,6 @@
 #include "cashbook/cash_closing.h"
 
+#include "book/journal_beginning.h"
 #include "cashbook/day_seal.h"
 #include "cashbook/seal_record.h"
 #include "journal/check_code.h"
@@ -80,6 +81,15 @@ std::vector<QDate> closedDays(Connection& book)
     return days;
 }
 
+/// What was closed around the program before, which the next row would hide.
+void completeClosings(Connection& book, const Authority& authority)
+{
+    if (!keepsJournal(book))
+        return;
+    beginJournal(book, book);
+    recordFound(book, authority, unrecordedClosings(book, book));
+}
+
 /// Closes the days between each two closed ones. Returns how many; no value if `goOn` says no.
 std::optional<int> fillGaps(
     Connection& book, const Authority& authority, const std::vector<QDate>& closed, const std::function<bool()>& goOn)
@@ -112,8 +122,7 @@ std::optional<ClosedDay> closeDay(Connection& book, const Authority& authority, 
     Transaction transaction(book, authority);
     if (isClosed(book, day))
         return std::nullopt;
-    if (keepsJournal(book))
-        recordFound(book, authority, unrecordedClosings(book, book));
+    completeClosings(book, authority);
     const bool wasSealed = keepsJournal(book) && (isSealed(book, day) || JournalledSeals(book).tellOf(day));
     if (wasSealed) // somebody has opened it around the program
         recordAltered(book, authority, day);
@@ -130,8 +139,7 @@ void closeOpenDays(Connection& book, const Authority& authority, const std::func
 {
     authority.require(Right::CloseCash);
     Transaction transaction(book, authority);
-    if (keepsJournal(book))
-        recordFound(book, authority, unrecordedClosings(book, book));
+    completeClosings(book, authority);
     const std::vector<QDate> closed = closedDays(book);
     const auto count = fillGaps(book, authority, closed, goOn);
     if (count.value_or(0) == 0)

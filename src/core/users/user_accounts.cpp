@@ -1,5 +1,6 @@
 #include "users/user_accounts.h"
 
+#include "book/journal_beginning.h"
 #include "journal/journal.h"
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
@@ -58,6 +59,23 @@ std::vector<QJsonObject> recordedAccounts(Connection& main)
     return accounts;
 }
 
+/// As it is by now: only the name and the password that were read are compared with it. Empty if it is gone.
+QJsonObject storedState(Connection& book, qint64 row)
+{
+    auto user = book.prepare("SELECT uname, r_eggrafes, r_klhsimo, r_kvdikoi FROM codes WHERE rowid=?");
+    return user.bind(row).step() ? stateOf(user.text(0), {user.boolean(1), user.boolean(2), user.boolean(3)})
+                                 : QJsonObject();
+}
+
+/// What was changed around the program before, which the next row would not fit.
+void completeUsers(Connection& book, const Authority& authority)
+{
+    if (!keepsJournal(book))
+        return;
+    beginJournal(book, book);
+    recordFound(book, authority, unrecordedUsers(book, book));
+}
+
 } // namespace
 
 bool isComplete(const QString& name, const QString& password)
@@ -80,6 +98,7 @@ qint64 addUser(
     Connection& book, const Authority& authority, const QString& name, const QString& password, Rights rights)
 {
     Transaction writing(book, authority);
+    completeUsers(book, authority);
     book.prepare("INSERT INTO codes (uname, upass, r_eggrafes, r_klhsimo, r_kvdikoi) VALUES (?,?,?,?,?)")
         .bind(name.trimmed(), password.trimmed(), rights.modifyCash, rights.closeCash, rights.modifyCodes)
         .run();
@@ -92,6 +111,8 @@ qint64 addUser(
 bool changeUser(Connection& book, const Authority& authority, const UserAccount& read, const UserAccount& changed)
 {
     Transaction writing(book, authority);
+    completeUsers(book, authority);
+    const QJsonObject before = storedState(book, read.row);
     const int rows = book.prepare("UPDATE codes SET uname=?, upass=?, r_eggrafes=?, r_klhsimo=?, r_kvdikoi=?"
                                   " WHERE rowid=? AND ifnull(uname, '')=? AND ifnull(upass, '')=?")
                          .bind(changed.name.trimmed(), changed.password.trimmed(), changed.rights.modifyCash,
@@ -102,7 +123,7 @@ bool changeUser(Connection& book, const Authority& authority, const UserAccount&
     QJsonObject after = stateOf(changed.name.trimmed(), changed.rights);
     if (changed.password.trimmed() != read.password)
         after[QStringLiteral("newPassword")] = true;
-    recordUser(book, authority, JournalAction::Modify, stateOf(read.name, read.rights), after);
+    recordUser(book, authority, JournalAction::Modify, before, after);
     writing.commit();
     return true;
 }
@@ -110,12 +131,14 @@ bool changeUser(Connection& book, const Authority& authority, const UserAccount&
 bool removeUser(Connection& book, const Authority& authority, const UserAccount& read)
 {
     Transaction writing(book, authority);
+    completeUsers(book, authority);
+    const QJsonObject before = storedState(book, read.row);
     const int rows = book.prepare("DELETE FROM codes WHERE rowid=? AND ifnull(uname, '')=? AND ifnull(upass, '')=?")
                          .bind(read.row, read.name, read.password)
                          .run();
     if (rows == 0)
         return false;
-    recordUser(book, authority, JournalAction::Remove, stateOf(read.name, read.rights), {});
+    recordUser(book, authority, JournalAction::Remove, before, {});
     writing.commit();
     return true;
 }

@@ -121,6 +121,15 @@ TEST_F(TrailTest, whatWasChangedWithoutTheJournalIsRecordedWhenItIsFound)
     keepJournal(book.main(), book.auxiliary());
     EXPECT_EQ(valueOf(book.main(), "SELECT count(*) FROM journal"), "7") << "once";
     EXPECT_EQ(faults(), "");
+    temporary.openAuxiliary().execute("UPDATE codes SET r_klhsimo=-1");
+    Connection opened = both();
+    (void)addUser(opened, byAll(), "Άννα", "2", {});
+    EXPECT_EQ(valueOf(opened, "SELECT group_concat(action || ' ' || subject) FROM journal WHERE id>7"),
+        "found user/Νίκος,found user/Νίκος,insert user/Άννα");
+    opened.execute("DELETE FROM main.journal");
+    (void)addUser(opened, byAll(), "Εύα", "3", {});
+    keepJournal(book.main(), book.auxiliary());
+    EXPECT_EQ(valueOf(opened, "SELECT group_concat(action) FROM journal"), "begin,found,found,insert");
 }
 
 TEST_F(TrailTest, aChangeHidesNoneThatWasMadeAroundTheProgram)
