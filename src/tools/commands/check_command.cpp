@@ -109,11 +109,22 @@ ExitStatus checkCodeFromPaper(const QString& folder, const QString& code, const 
         : ExitStatus::Found;
 }
 
+/// Otherwise the check that follows says what is wrong with the tables.
+bool areTablesWhole(Connection& book)
+{
+    return inspectSchema(book, QStringLiteral("main"), BookDatabase::Main).unreadable.isEmpty()
+        && inspectSchema(book, QStringLiteral("auxiliary"), BookDatabase::Auxiliary).unreadable.isEmpty();
+}
+
 void accept(const QString& folder, const ToolContext& context)
 {
     readyBook(BookFiles(folder));
     const ClaimedMarker marker{BookFiles(folder)};
     OpenedBook book(folder, Connection::Access::ReadWrite);
+    if (!areTablesWhole(book.connection())) {
+        context.out << "Δεν έγινε αποδεκτό τίποτα: οι πίνακες του βιβλίου δεν είναι όπως πρέπει.\n\n";
+        return;
+    }
     const Acceptance accepted = acceptFaults(book.connection(), Authority::companion(context.clock));
     if (const QString missing = missingTablesText(accepted); !missing.isEmpty())
         context.out << missing.toStdString() << "\n\n";

@@ -44,6 +44,28 @@ TEST_F(CheckCommandTest, showsTheSumsOfASoundBookAndLeavesItUntouched)
     EXPECT_TRUE(contents() == before) << "nothing to repair, no copy";
 }
 
+TEST_F(CheckCommandTest, anAcceptanceSaysWhichTablesAreNotAsTheyShouldBe)
+{
+    const struct {
+        const char* main;
+        const char* auxiliary;
+        const char* text;
+        ExitStatus status;
+    } cases[] = {
+        {"DROP TABLE journal", "", "του ημερολογίου (journal). Έγινε νέος", ExitStatus::Done},
+        {"", "DROP TABLE seals", "των σφραγίδων (seals). Έγινε νέος", ExitStatus::Done},
+        {"DROP TABLE journal; CREATE TABLE journal (id INTEGER PRIMARY KEY)", "", "Δεν έγινε αποδεκτό τίποτα",
+            ExitStatus::Found},
+    };
+    for (const auto& [main, auxiliary, text, status] : cases) {
+        book.execute(main);
+        book.openAuxiliary().execute(auxiliary);
+        const ToolRun checked = run("check|@|--accept");
+        EXPECT_EQ(checked.status, status) << checked.errors;
+        expectParts(checked.out, {text});
+    }
+}
+
 TEST_F(CheckCommandTest, listsTheFirstOfManyRepairsThemAfterACopyAndTellsWhatRemains)
 {
     fill();
