@@ -80,8 +80,9 @@ std::vector<QDate> unsealedDays(Connection& book, int most)
 {
     std::vector<QDate> days;
     const JournalledSeals journalled(book);
-    auto rows = book.prepare("SELECT DISTINCT hmeraklhsimatos FROM klhsimotameioy WHERE hmeraklhsimatos NOT IN"
-                             " (SELECT day FROM seals) AND hmeraklhsimatos>1000100 ORDER BY hmeraklhsimatos");
+    auto rows = book.prepare(
+        "SELECT DISTINCT hmeraklhsimatos FROM klhsimotameioy WHERE hmeraklhsimatos NOT IN"
+        " (SELECT day FROM seals WHERE day IS NOT NULL) AND hmeraklhsimatos>1000100 ORDER BY hmeraklhsimatos");
     while (days.size() < static_cast<std::size_t>(most) && rows.step()) {
         if (const QDate day = rows.date(0); day.isValid() && !journalled.tellOf(day))
             days.push_back(day);
