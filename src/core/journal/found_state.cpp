@@ -34,10 +34,13 @@ void recordFoundState(Connection& book, const Authority& authority, const Journa
             return;
         told = last.text(0);
     }
-    if (!isSame(told, change.before))
+    QJsonObject state = change.before;
+    for (const char* const ofChange : {"moved", "aa_omada", "digest"}) // beside a code's state, what the change moved
+        state.remove(QLatin1String(ofChange));
+    if (!isSame(told, state))
         recordChange(book, authority,
             {JournalAction::Found, change.subject, change.day, change.code,
-                QJsonDocument::fromJson(told.toUtf8()).object(), change.before});
+                QJsonDocument::fromJson(told.toUtf8()).object(), state});
 }
 
 } // namespace lorvan
