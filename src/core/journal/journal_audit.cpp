@@ -22,6 +22,12 @@ std::pair<QString, std::int64_t> partsOf(const QString& subject)
     return {subject.left(slash), subject.mid(slash + 1).toLongLong()};
 }
 
+QString fileIn(const JournalRow& import)
+{
+    const QByteArray state = import.after.value_or(QString()).toUtf8();
+    return QJsonDocument::fromJson(state)[QStringLiteral("file")].toString();
+}
+
 } // namespace
 
 JournalAuditing::JournalAuditing(std::set<QString> wanted, Claims claims)
@@ -102,13 +108,21 @@ void JournalAuditing::noteAccepted(const JournalRow& row)
 void JournalAuditing::noteState(const JournalRow& row)
 {
     static const QString importing = journalWord(JournalAction::Import);
-    if (row.action == importing) {
-        m_audit.codes.clear();
-        m_audit.groups.clear();
-    }
+    if (row.action == importing)
+        forgetImported(fileIn(row));
     const auto [kind, key] = partsOf(row.subject);
     if (StatesByKey* const states = statesOf(kind))
         (*states)[key] = row.after ? stateDigest(*row.after) : StateDigest();
+}
+
+/// Rows that were told to be gone may have come again. An import of an older book names no file of its own.
+void JournalAuditing::forgetImported(const QString& file)
+{
+    const bool isEverything = !file.endsWith(QLatin1String(".csv"));
+    if (isEverything || file.startsWith(QLatin1String("kvdikoi")))
+        m_audit.codes.clear();
+    if (isEverything || file.startsWith(QLatin1String("omades")))
+        m_audit.groups.clear();
 }
 
 /// Everything was deleted: what stood there before is gone, but for the journal.

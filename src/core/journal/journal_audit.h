@@ -40,7 +40,7 @@ struct JournalAudit {
     std::set<std::int64_t> acceptedRows; ///< Broken ones that were, each the first of those behind it.
     std::map<std::int64_t, QString> acceptedSeals; ///< Seals whose faults were, and what was found then.
     StatesByKey movements; ///< As the last row about each tells; of all others the journal claims nothing.
-    StatesByKey codes; ///< The same, of the time after the last import, which does not tell what it brought.
+    StatesByKey codes; ///< The same, of the time after their last import, which does not tell what it brought.
     StatesByKey groups;
     std::set<QString> missing; ///< Hashes that were looked for and are not there.
 };
@@ -63,6 +63,7 @@ private:
     void noteBroken(const JournalRow& row);
     void noteAccepted(const JournalRow& row);
     void noteState(const JournalRow& row);
+    void forgetImported(const QString& file);
     void clear();
     [[nodiscard]] StatesByKey* statesOf(const QString& kind);
 

@@ -1,6 +1,7 @@
 #include "backup/book_backup.h"
 #include "cashbook/cash_book.h"
 #include "cashbook/journal_keeping.h"
+#include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
 #include "csv/open_book_exchange.h"
 #include "csv/taken_imports.h"
@@ -115,6 +116,7 @@ TEST_F(CsvImportTest, whatItMovedIsHeldAgainstTheJournal)
         (void)cashBook.insert(incomeOf(closed.addDays(-1), cents(100)));
         (void)cashBook.insert(incomeOf(closed, cents(200)));
         cashBook.close(closed);
+        (void)modifyCode(opened.main(), byAll(), 2, {"200", "άλλη", {}, false}, 0);
     }
     const QByteArray main = readFile(book.files().mainDatabase());
     const QByteArray auxiliary = readFile(book.files().auxiliaryDatabase());
@@ -128,6 +130,7 @@ TEST_F(CsvImportTest, whatItMovedIsHeldAgainstTheJournal)
         std::vector<FindingKind> faults;
     } cases[] = {
         {"a group moves nothing", {}, "", earlier, {FindingKind::CarryAltered}},
+        {"and makes no code forgotten", {}, "", "UPDATE kvdikoi SET perigrafh='x'", {FindingKind::CodeAltered}},
         {"nor do later movements", "100,2024-03-15,α,1.00,,,\n", "", earlier, {FindingKind::CarryAltered}},
         {"earlier ones by any amount", "100,2024-03-12,α,1.00,,,\n", "", earlier, {}},
         {"a difference moves", {}, "2024-03-12,5.00\n", "", {}},
