@@ -24,7 +24,7 @@ constexpr int groupGap = 3;
 constexpr int leastDigits = 3;
 constexpr int aroundDigits = 24;
 constexpr int searchWidth = 140;
-constexpr int leastSearchWidth = 60;
+constexpr int leastSearchWidth = 40;
 constexpr int separatorHeight = 22;
 constexpr int mostPages = 9'999'999;
 

@@ -103,7 +103,7 @@ void underEachFont(const std::function<void(bool isLarge)>& look)
 {
     const QFont usual = QApplication::font();
     const QString wide = "DejaVu Sans";
-    for (const auto& [family, factor] : {std::pair(usual.family(), 1.), std::pair(wide, 1.), std::pair(wide, 1.3)}) {
+    for (const auto& [family, factor] : {std::pair(usual.family(), 1.), std::pair(wide, 1.), std::pair(wide, 2.)}) {
         SCOPED_TRACE(family.toStdString());
         const DesktopFont font(family, qRound(usual.pointSizeF() * factor));
         look(factor > 1);
