@@ -137,7 +137,7 @@ ChangedDay CashBook::store(
     DayView view = settleDay(main, movement.day, effect(change.after) - effect(change.before));
     const JournalEntry entry{action, journal_subject::movement(movement.key), movement.day, movement.code,
         stateOf(change.before), stateOf(change.after)};
-    recordFoundState(main, m_authority, entry);
+    recordFoundState(main, entry);
     recordChange(main, m_authority, entry);
     return {std::move(view), isClosed, std::move(change)};
 }

@@ -82,12 +82,12 @@ std::vector<QDate> closedDays(Connection& book)
 }
 
 /// What was closed around the program before, which the next row would hide.
-void completeClosings(Connection& book, const Authority& authority)
+void completeClosings(Connection& book)
 {
     if (!keepsJournal(book))
         return;
     beginJournal(book, book);
-    recordFound(book, authority, unrecordedClosings(book, book));
+    recordFound(book, Authority::program(), unrecordedClosings(book, book));
 }
 
 /// Closes the days between each two closed ones. Returns how many; no value if `goOn` says no.
@@ -122,7 +122,7 @@ std::optional<ClosedDay> closeDay(Connection& book, const Authority& authority, 
     Transaction transaction(book, authority);
     if (isClosed(book, day))
         return std::nullopt;
-    completeClosings(book, authority);
+    completeClosings(book);
     const bool wasSealed = keepsJournal(book) && (isSealed(book, day) || JournalledSeals(book).tellOf(day));
     if (wasSealed) // somebody has opened it around the program
         recordAltered(book, authority, day);
@@ -139,7 +139,7 @@ void closeOpenDays(Connection& book, const Authority& authority, const std::func
 {
     authority.require(Right::CloseCash);
     Transaction transaction(book, authority);
-    completeClosings(book, authority);
+    completeClosings(book);
     const std::vector<QDate> closed = closedDays(book);
     const auto count = fillGaps(book, authority, closed, goOn);
     if (count.value_or(0) == 0)

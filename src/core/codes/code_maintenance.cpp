@@ -104,7 +104,7 @@ void record(Connection& main, const Authority& authority, JournalAction action, 
     const QJsonObject& before, const QJsonObject& after)
 {
     const JournalEntry entry{action, journal_subject::code(code.row), {}, code.code, before, after};
-    recordFoundState(main, authority, entry);
+    recordFoundState(main, entry);
     recordChange(main, authority, entry);
 }
 

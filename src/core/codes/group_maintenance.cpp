@@ -32,7 +32,7 @@ void record(Connection& main, const Authority& authority, JournalAction action, 
 {
     const qint32 number = (after ? after : before)->number;
     const JournalEntry entry{action, journal_subject::group(number), {}, {}, stateOf(before), stateOf(after)};
-    recordFoundState(main, authority, entry);
+    recordFoundState(main, entry);
     recordChange(main, authority, entry);
 }
 

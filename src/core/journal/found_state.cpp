@@ -2,6 +2,7 @@
 
 #include "journal/journal.h"
 #include "journal/journal_audit.h"
+#include "platform/authority.h"
 #include "platform/engine/connection.h"
 
 #include <QJsonDocument>
@@ -22,7 +23,7 @@ bool isSame(const QString& told, const QJsonObject& state)
 
 } // namespace
 
-void recordFoundState(Connection& book, const Authority& authority, const JournalEntry& change)
+void recordFoundState(Connection& book, const JournalEntry& change)
 {
     if (change.before.isEmpty() || !keepsJournal(book))
         return;
@@ -38,7 +39,7 @@ void recordFoundState(Connection& book, const Authority& authority, const Journa
     for (const char* const ofChange : {"moved", "aa_omada", "digest"}) // beside a code's state, what the change moved
         state.remove(QLatin1String(ofChange));
     if (!isSame(told, state))
-        recordChange(book, authority,
+        recordChange(book, Authority::program(),
             {JournalAction::Found, change.subject, change.day, change.code,
                 QJsonDocument::fromJson(told.toUtf8()).object(), state});
 }

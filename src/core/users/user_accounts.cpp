@@ -68,12 +68,12 @@ QJsonObject storedState(Connection& book, qint64 row)
 }
 
 /// What was changed around the program before, which the next row would not fit.
-void completeUsers(Connection& book, const Authority& authority)
+void completeUsers(Connection& book)
 {
     if (!keepsJournal(book))
         return;
     beginJournal(book, book);
-    recordFound(book, authority, unrecordedUsers(book, book));
+    recordFound(book, Authority::program(), unrecordedUsers(book, book));
 }
 
 } // namespace
@@ -98,7 +98,7 @@ qint64 addUser(
     Connection& book, const Authority& authority, const QString& name, const QString& password, Rights rights)
 {
     Transaction writing(book, authority);
-    completeUsers(book, authority);
+    completeUsers(book);
     book.prepare("INSERT INTO codes (uname, upass, r_eggrafes, r_klhsimo, r_kvdikoi) VALUES (?,?,?,?,?)")
         .bind(name.trimmed(), password.trimmed(), rights.modifyCash, rights.closeCash, rights.modifyCodes)
         .run();
@@ -111,7 +111,7 @@ qint64 addUser(
 bool changeUser(Connection& book, const Authority& authority, const UserAccount& read, const UserAccount& changed)
 {
     Transaction writing(book, authority);
-    completeUsers(book, authority);
+    completeUsers(book);
     const QJsonObject before = storedState(book, read.row);
     const int rows = book.prepare("UPDATE codes SET uname=?, upass=?, r_eggrafes=?, r_klhsimo=?, r_kvdikoi=?"
                                   " WHERE rowid=? AND ifnull(uname, '')=? AND ifnull(upass, '')=?")
@@ -131,7 +131,7 @@ bool changeUser(Connection& book, const Authority& authority, const UserAccount&
 bool removeUser(Connection& book, const Authority& authority, const UserAccount& read)
 {
     Transaction writing(book, authority);
-    completeUsers(book, authority);
+    completeUsers(book);
     const QJsonObject before = storedState(book, read.row);
     const int rows = book.prepare("DELETE FROM codes WHERE rowid=? AND ifnull(uname, '')=? AND ifnull(upass, '')=?")
                          .bind(read.row, read.name, read.password)
