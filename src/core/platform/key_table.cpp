@@ -29,6 +29,8 @@ std::vector<KeyEntry> mainWindowKeys()
         listed(MainWindow, QStringLiteral("Ctrl+H"), QStringLiteral("ιστορικό")),
         entry(KeyUse::Picture, MainWindow, QStringLiteral("Ctrl+G"), QStringLiteral("η εικόνα του βιβλίου")),
         entry(KeyUse::Card, MainWindow, QStringLiteral("Ctrl+K"), QStringLiteral("η καρτέλα του κωδικού")),
+        entry(KeyUse::Notices, MainWindow, QStringLiteral("F8"),
+            QStringLiteral("όσα λέει η γραμμή κάτω από τις καρτέλες, σε μια λίστα")),
         listed(MainWindow, QStringLiteral("F10"), QStringLiteral("εργαλεία")),
         entry(KeyUse::Manual, MainWindow, QStringLiteral("F1"), QStringLiteral("οι οδηγίες, στο κεφάλαιο της σελίδας")),
         entry(KeyUse::KeySheet, MainWindow, QStringLiteral("Shift+F1"), QStringLiteral("τα πλήκτρα, σε μια σελίδα")),

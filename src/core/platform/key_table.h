@@ -53,6 +53,7 @@ enum class KeyUse {
     Picture,
     Card,
     CarrySums,
+    Notices,
 };
 
 struct KeyEntry {

@@ -3,6 +3,7 @@
 #include "backup/daily_backup.h"
 #include "book/book_files.h"
 #include "controls/command_button.h"
+#include "controls/key_binding.h"
 #include "controls/notice_line.h"
 #include "look/message_window.h"
 #include "platform/files/folder.h"
@@ -47,10 +48,12 @@ MainNotices::MainNotices(const QString& dataFolder, const UsageMarker& marker, C
     m_others->setObjectName(QStringLiteral("otherNotices"));
     m_others->setToolTip(QStringLiteral("Όσα άλλα υπάρχουν για το βιβλίο"));
     m_others->setFrameless(true);
-    m_others->setFocusPolicy(Qt::NoFocus); // what they lead to is in the tools menu, or has a key
+    m_others->setFocusPolicy(Qt::NoFocus); // a key lists them
+    bindKeys(KeyUse::Notices, window, Qt::WindowShortcut, [this] { list(Listed::All); });
+    showKeyInTip(m_others, KeyUse::Notices);
     m_others->setFixedHeight(m_line->sizeHint().height());
     m_others->hide();
-    connect(m_others, &CommandButton::clicked, this, &MainNotices::listOthers);
+    connect(m_others, &CommandButton::clicked, this, [this] { list(Listed::Others); });
     m_sheet->setObjectName(QStringLiteral("closingSheet"));
     m_sheet->setToolTip(QStringLiteral("Ετοιμάζει το φύλλο κλεισίματος της ημέρας"));
     m_sheet->setFocusPolicy(Qt::NoFocus); // the sheet is in the tools menu too
@@ -194,14 +197,21 @@ void MainNotices::show()
     m_line->tell(notice.text, notice.reason, notice.isWarning ? ColourRole::Warning : ColourRole::Text);
 }
 
-void MainNotices::listOthers()
+void MainNotices::list(Listed listed)
 {
+    auto notices = m_board.others();
+    if (const auto kind = m_board.shownKind(); kind && listed == Listed::All)
+        notices.insert(notices.begin(), {*kind, m_board.shown()});
+    if (notices.empty())
+        return;
     m_othersMenu->clear();
-    for (const auto& [kind, notice] : m_board.others()) {
+    for (const auto& [kind, notice] : notices) {
         const QAction* const entry = m_othersMenu->addAction(QString(notice.text).replace(u'&', QStringLiteral("&&")));
         connect(entry, &QAction::triggered, this, [this, kind = kind, notice = notice] { act(kind, notice); });
     }
-    m_othersMenu->popup(m_others->mapToGlobal(QPoint(0, m_others->height())));
+    m_othersMenu->setActiveAction(m_othersMenu->actions().constFirst());
+    const QWidget& above = listed == Listed::All ? static_cast<const QWidget&>(*m_line) : *m_others;
+    m_othersMenu->popup(above.mapToGlobal(QPoint(0, above.height())));
 }
 
 /// What a click on it would do if it were shown; where that is nothing, its reason is told.

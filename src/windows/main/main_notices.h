@@ -72,7 +72,8 @@ private:
     void put(NoticeKind kind, const Notice& notice);
     void remove(NoticeKind kind);
     void show();
-    void listOthers();
+    enum class Listed { Others, All };
+    void list(Listed listed);
     void act(NoticeKind kind, const Notice& notice);
 
     QString m_dataFolder;

@@ -1,5 +1,7 @@
 #include "windows/main_window_test.h"
 
+#include <QMenu>
+
 namespace lorvan::test {
 namespace {
 
@@ -64,6 +66,12 @@ TEST_F(OpenDaysTest, areToldAndAClickLeadsToOneOfThem)
     press(closeCash);
     EXPECT_TRUE(notice().startsWith("Η ημέρα 14-03-2024 έκλεισε, κωδικός ελέγχου ")) << notice();
     EXPECT_EQ(user().find<QAbstractButton>("otherNotices").text(), "και 1 ακόμη");
+    user().press(Qt::Key_F8);
+    auto* const listed = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(listed);
+    EXPECT_EQ(listed->actions().size(), 2);
+    EXPECT_EQ(listed->activeAction()->text(), notice());
+    listed->close();
     selectTab(CodesTab);
     EXPECT_EQ(notice(), "Ανοικτές ημέρες: 1 (από 12-03-2024)");
 }
