@@ -29,6 +29,7 @@
 #include "search/search_window.h"
 #include "start/fr_ervthsh_update.h"
 #include "support/temporary_book.h"
+#include "users/login.h"
 
 #include <functional>
 
@@ -69,12 +70,14 @@ inline void visitWindowsBeside(const TemporaryBook& book, const WindowVisit& vis
         day, day, [](QDate, QDate) { return std::vector<CalendarDay>(); }, nullptr));
 }
 
-/// The windows of the door, and those that wait for an answer of their own.
+/// The windows of the door, the sign-in, and those that wait for an answer of their own.
 inline void visitWindowsOfTheDoor(const TemporaryBook& book, const WindowVisit& visit)
 {
     const auto show = [&visit](QWidget&& window) { visit(window); };
     const BookChoice choice(book.path("lorvan"), KnownBooks(SettingsStore(book.path("Lorvan.ini"))));
-    show(BooksWindow(choice, fixedClock()));
+    const Clock clock = fixedClock();
+    show(Login(book.files(), testKeys(), clock));
+    show(BooksWindow(choice, clock));
     show(NewBookWindow(fixedClock(), nullptr));
     show(FirstUserWindow(book.files(), fixedClock(), nullptr));
     show(OlderBookWindow(nullptr));
