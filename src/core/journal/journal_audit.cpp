@@ -1,6 +1,7 @@
 #include "journal/journal_audit.h"
 
 #include "journal/hash_text.h"
+#include "journal/stray_ids.h"
 #include "platform/engine/connection.h"
 
 #include <QCryptographicHash>
@@ -64,10 +65,11 @@ bool JournalAuditing::isBroken(const JournalRow& row) const
     return !isNext || row.hash != journalHash(row);
 }
 
+/// What comes before a stray row is another one with each change.
 QString JournalAuditing::foundIn(const JournalRow& row) const
 {
     HashText text;
-    text.add("before", m_before ? m_before->hash : QString())
+    text.add("before", m_before && row.id < firstStrayId ? m_before->hash : QString())
         .add("id", row.id)
         .add("hash", row.hash)
         .add("content", journalHash(row));
@@ -78,12 +80,17 @@ QString JournalAuditing::foundIn(const JournalRow& row) const
 
 void JournalAuditing::noteBroken(const JournalRow& row)
 {
-    if (m_isBreakOpen) {
+    const QString found = foundIn(row);
+    const bool isStray = row.id >= firstStrayId;
+    const auto accepted = isStray ? m_acceptedStray.find(row.id) : m_acceptedStray.end();
+    if (accepted != m_acceptedStray.end() && accepted->second == found) {
+        m_audit.acceptedRows.insert(row.id);
+    } else if (m_isBreakOpen && !isStray) {
         BrokenRows& last = m_audit.broken.back();
         ++last.rows;
-        last.found = foundAfter(last.found, foundIn(row));
+        last.found = foundAfter(last.found, found);
     } else if (m_audit.broken.size() < mostBreaks) {
-        m_audit.broken.push_back({row.id, 1, foundIn(row)});
+        m_audit.broken.push_back({row.id, 1, found});
         m_isBreakOpen = true;
     }
 }
@@ -97,6 +104,8 @@ void JournalAuditing::noteAccepted(const JournalRow& row)
     ++m_audit.accepted;
     if (kind == QLatin1String("journal")) {
         ++m_acceptedOfJournal;
+        if (key >= firstStrayId)
+            m_acceptedStray[key] = found;
         const auto gone = std::erase_if(m_audit.broken,
             [&, id = key](const BrokenRows& broken) { return broken.id == id && broken.found == found; });
         if (gone > 0)

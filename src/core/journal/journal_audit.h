@@ -71,6 +71,7 @@ private:
     JournalAudit m_audit;
     std::optional<JournalRow> m_before;
     std::int64_t m_acceptedOfJournal = 0;
+    std::map<std::int64_t, QString> m_acceptedStray; ///< Rows behind the acceptance, with what was found then.
     bool m_isBreakOpen = false; ///< The row before is the last of `broken`.
 };
 

@@ -1,6 +1,7 @@
 #include "proof/seal_chain.h"
 
 #include "journal/hash_text.h"
+#include "journal/stray_ids.h"
 #include "movements/journalled_opening.h"
 #include "platform/date_text.h"
 #include "proof/trail_pass.h"
@@ -36,7 +37,8 @@ std::vector<TrailFault> brokenSeals(const std::vector<DaySeal>& seals, const Jou
     bool isBreakOpen = false; // the seal before is the last of the last fault
     for (const DaySeal& seal : seals) {
         const bool isLinked = isNext(seal, before) && isWhole(seal);
-        const QString found = isLinked ? QString() : foundIn(seal, before);
+        // what comes before a stray seal is another one with each closing
+        const QString found = isLinked ? QString() : foundIn(seal, seal.id < firstStrayId ? before : nullptr);
         if (!isLinked && isBreakOpen) {
             ++faults.back().rows;
             faults.back().found = foundAfter(faults.back().found, found);

@@ -46,7 +46,7 @@ protected:
             text += std::to_string(static_cast<int>(fault.kind)) + '/' + std::to_string(fault.key) + ' ';
         return text;
     }
-    static std::string fault(FindingKind kind, int key)
+    static std::string fault(FindingKind kind, std::int64_t key)
     {
         return std::to_string(static_cast<int>(kind)) + '/' + std::to_string(key) + ' ';
     }
@@ -169,6 +169,9 @@ TEST_F(TrailTest, namesWhatWasChangedAroundTheProgram)
         {"DELETE FROM journal WHERE id=2", "", fault(FindingKind::JournalBroken, 3)},
         {"UPDATE journal SET id=-id WHERE id>2; UPDATE journal SET id=1-id WHERE id<0", "",
             fault(FindingKind::JournalBroken, 4)}, // and the rows behind it
+        {"INSERT INTO journal (id) VALUES (9223372036854775807)", "UPDATE seals SET id=9223372036854775807",
+            fault(FindingKind::JournalBroken, std::numeric_limits<std::int64_t>::max())
+                + fault(FindingKind::SealBroken, std::numeric_limits<std::int64_t>::max())},
         {"DROP TABLE journal", "", fault(FindingKind::SealWithoutJournal, 1)},
         {"", "DROP TABLE seals", fault(FindingKind::SealMissing, 1)},
         {"DELETE FROM journal WHERE id=5", "", fault(FindingKind::SealWithoutJournal, 1)},
