@@ -10,7 +10,6 @@
 #include "codes/code_maintenance.h"
 #include "codes/group_maintenance.h"
 #include "journal/check_code.h"
-#include "platform/engine/transaction.h"
 #include "proof/code_answer.h"
 #include "proof/opening_balance.h"
 #include "support/files.h"
@@ -399,43 +398,6 @@ TEST_F(TrailTest, aRestoreOfAnEarlierReleasesBookBeginsTheJournal)
     book.ensureSchema(openingSteps());
     EXPECT_EQ(valueOf(book.main(), "SELECT group_concat(action) FROM journal"), "begin,restore");
     EXPECT_EQ(valueOf(book.main(), "SELECT count(*) FROM opening_difference"), "0") << "still looked for";
-}
-
-TEST(Authority, isAskedOnEveryRoad)
-{
-    const TemporaryBook temporary;
-    Book book = temporary.open();
-    Connection all = book.openBoth();
-    const Authority nobody = by();
-    const Authority closer = by({.closeCash = true});
-    EXPECT_THROW((void)closeDay(all, by({true, false, true}), monday), NotPermitted);
-    EXPECT_THROW(closeOpenDays(all, nobody, [] { return true; }), NotPermitted);
-    EXPECT_THROW((void)sealOlderDays(all, nobody, 1), NotPermitted);
-    EXPECT_THROW((void)acceptFaults(all, closer), NotPermitted);
-    EXPECT_TRUE(closeDay(all, closer, monday));
-    EXPECT_EQ(std::get<MovementRefusal>(CashBook(book, by({false, true, true})).insert(incomeOf(monday, cents(1)))),
-        MovementRefusal::DayIsClosed);
-    EXPECT_TRUE(std::holds_alternative<ChangedDay>(
-        CashBook(book, by({.modifyCash = true})).insert(incomeOf(monday, cents(1)))));
-    const std::function<void(const Authority&)> needCodes[] = {
-        [&](const Authority& who) {
-            (void)insertCode(all, who, {"1", "x", {}});
-        },
-        [&](const Authority& who) {
-            (void)modifyCode(all, who, 1, {"1", "x", {}}, 0);
-        },
-        [&](const Authority& who) { (void)removeCode(all, who, 1); },
-        [&](const Authority& who) { (void)addGroup(all, who, "x"); },
-        [&](const Authority& who) { (void)renameGroup(all, who, 1, "x"); },
-        [&](const Authority& who) { (void)removeGroup(all, who, 1); },
-    };
-    for (const auto& change : needCodes) {
-        EXPECT_THROW(change(by({true, true, false})), NotPermitted);
-        EXPECT_NO_THROW(change(by({.modifyCodes = true})));
-    }
-    Transaction reading(all, Transaction::View::Steady);
-    all.execute("UPDATE omades SET perigrafh='x'");
-    EXPECT_THROW(reading.commit(), std::logic_error);
 }
 
 } // namespace lorvan::test
