@@ -59,7 +59,9 @@ QString tapeRefusal(const Tape& tape)
                            : QStringLiteral("Η γραμμή %1 δεν είναι ποσό."))
             .arg(wrong + 1);
     }
-    return tape.overflows ? QStringLiteral("Το άθροισμα είναι πολύ μεγάλο.") : QString();
+    if (tape.overflows)
+        return QStringLiteral("Το άθροισμα είναι πολύ μεγάλο.");
+    return tape.sum < Currency() ? QStringLiteral("Το άθροισμα είναι αρνητικό και δεν μπαίνει σε ποσό.") : QString();
 }
 
 } // namespace lorvan

@@ -32,7 +32,7 @@ struct Tape {
 /// Reads a text with an amount on each line.
 [[nodiscard]] Tape readTape(const QString& text);
 
-/// Says why the tape has no sum; empty if it has one.
+/// Says why the tape has no sum, or one that is below zero and cannot be typed as an amount; empty if it has one.
 [[nodiscard]] QString tapeRefusal(const Tape& tape);
 
 } // namespace lorvan

@@ -123,7 +123,9 @@ std::vector<KeyEntry> figureKeys()
         listed(Picture, QStringLiteral("Ctrl+P Esc"), QStringLiteral("προεπισκόπηση· κλείνει το παράθυρο")),
         listed(Card, QStringLiteral("Left Right"), QStringLiteral("ο προηγούμενος, ο επόμενος μήνας")),
         listed(Card, QStringLiteral("Return"), QStringLiteral("στις κινήσεις του μήνα· εκεί, στην ημέρα της κίνησης")),
-        listed(Card, QStringLiteral("Esc"), QStringLiteral("κλείνει το παράθυρο")),
+        listed(Card, QStringLiteral("Ctrl+D Ctrl+Shift+D"),
+            QStringLiteral("σε κίνηση: την αντιγράφει σε μια νέα κίνηση, με Shift σε σημερινή")),
+        listed(Card, QStringLiteral("Esc Alt+Left"), QStringLiteral("κλείνει το παράθυρο")),
     };
 }
 

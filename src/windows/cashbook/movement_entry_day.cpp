@@ -51,10 +51,13 @@ bool MovementEntryPage::dateLeft()
 void MovementEntryPage::goTo(QDate day)
 {
     const EntryContent typed = entry();
+    const auto cleared = m_cleared;
     m_date->setText(dateText(day));
     dateLeft();
     if (entry() != typed)
         m_cleared = {typed, {}};
+    else if (cleared && !cleared->loaded) // nothing was typed on the day between
+        m_cleared = cleared;
 }
 
 bool MovementEntryPage::showMovement(QDate day, qint64 key)
@@ -113,7 +116,8 @@ void MovementEntryPage::lookAgain()
 
 bool MovementEntryPage::leaveAll()
 {
-    forgetCleared();
+    if (m_cleared && m_cleared->loaded) // it belongs to the day that is left
+        forgetCleared();
     return m_checks.leaveAll();
 }
 

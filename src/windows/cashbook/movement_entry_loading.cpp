@@ -14,6 +14,15 @@
 #include <QShortcut>
 
 namespace lorvan {
+namespace {
+
+bool hasLostAmount(const EntryContent& before, const EntryContent& now)
+{
+    const bool hadOne = !before.income.isZero() || !before.expense.isZero();
+    return hadOne && now.income.isZero() && now.expense.isZero();
+}
+
+} // namespace
 
 void MovementEntryPage::lineClicked()
 {
@@ -62,11 +71,14 @@ void MovementEntryPage::goToList()
     m_list->setFocus(Qt::TabFocusReason);
 }
 
-/// Ctrl+Enter: the press of the button that Enter leads to.
+/// Ctrl+Enter: the press of the button that Enter leads to. Leaving the field may show another day, or empty an amount
+/// since the code is another one; both are to be seen first.
 void MovementEntryPage::storeByKey()
 {
     const QDate shown = m_day;
-    if (QApplication::activePopupWidget() || !m_checks.settleFocused() || m_day != shown)
+    const EntryContent typed = entry();
+    if (QApplication::activePopupWidget() || !m_checks.settleFocused() || m_day != shown
+        || hasLostAmount(typed, entry()))
         return;
     CommandButton* const button = m_commands[m_loaded ? command::modifyMovement : command::insertMovement];
     if (button->isVisible())

@@ -139,11 +139,12 @@ void TapeWindow::mark()
 
 void TapeWindow::takeSum()
 {
-    if (m_tape.isSum()) {
+    const QString refusal = tapeRefusal(m_tape);
+    if (refusal.isEmpty()) {
         accept();
         return;
     }
-    m_refusal->setText(tapeRefusal(m_tape));
+    m_refusal->setText(refusal);
     if (const int wrong = m_tape.firstWrong(); wrong >= 0)
         m_lines->setTextCursor(QTextCursor(m_lines->document()->findBlockByNumber(wrong)));
     m_lines->setFocus(Qt::OtherFocusReason);

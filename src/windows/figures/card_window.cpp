@@ -1,6 +1,7 @@
 #include "figures/card_window.h"
 
 #include "controls/command_button.h"
+#include "controls/key_binding.h"
 #include "figures/chart_view.h"
 #include "figures/figure_table.h"
 #include "look/focus_rules.h"
@@ -12,6 +13,7 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QShortcut>
 #include <QSplitter>
 
 namespace lorvan {
@@ -127,6 +129,12 @@ void CardWindow::connectControls()
     connect(m_list, &FigureTable::rowChosen, this, m_gate.quick(this, &CardWindow::goTo));
     connect(m_list, &FigureTable::rowSelected, this, [this] { m_go->setEnabled(true); });
     m_gate.connect(m_go, {}, [this] { goTo(m_list->selected()); });
+    bindKeys(KeyUse::Copy, m_list, Qt::WidgetShortcut, [this] { copy(false); });
+    bindKeys(KeyUse::CopyToToday, m_list, Qt::WidgetShortcut, [this] { copy(true); });
+    showKeysInTip(m_list, {KeyUse::Copy, KeyUse::CopyToToday});
+    auto* const back = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Left), this);
+    back->setAutoRepeat(false);
+    connect(back, &QShortcut::activated, this, &QDialog::hide);
 }
 
 void CardWindow::present(qint32 code)
@@ -213,6 +221,12 @@ void CardWindow::goTo(int row)
 {
     if (row >= 0 && row < std::ssize(m_movements))
         Q_EMIT movementChosen(m_movements[static_cast<std::size_t>(row)]);
+}
+
+void CardWindow::copy(bool toToday)
+{
+    if (const Movement* const movement = selected())
+        Q_EMIT copyAsked(movement->key, toToday);
 }
 
 void CardWindow::hideEvent(QHideEvent* event)

@@ -16,7 +16,7 @@ class FigureTable;
 class ThemedLabel;
 
 /// The window "Καρτέλα κωδικού": the months of a code as bars, its averages and its last movement, and the movements of
-/// the month that is marked. It only reads. Stands beside the main window; Escape closes it.
+/// the month that is marked. It only reads. Stands beside the main window; Escape and Alt+Left close it.
 class CardWindow : public QDialog {
     Q_OBJECT
 
@@ -33,6 +33,7 @@ public:
 
 Q_SIGNALS:
     void movementChosen(const Movement& movement);
+    void copyAsked(qint64 key, bool toToday); ///< A movement into the entry of the shown day or of today.
 
 protected:
     void hideEvent(QHideEvent* event) override;
@@ -49,6 +50,7 @@ private:
     void readMonth(int place);
     void showMonth(const CashFigure& month, const std::vector<Movement>& movements);
     void goTo(int row);
+    void copy(bool toToday);
 
     const ActionGate m_gate;
     BookReader m_reader;

@@ -121,7 +121,7 @@ bool ChartView::event(QEvent* event)
 void ChartView::keyPressEvent(QKeyEvent* event)
 {
     const int last = static_cast<int>(m_chart.places.size()) - 1;
-    switch (event->key()) {
+    switch (event->modifiers().testFlag(Qt::AltModifier) ? 0 : event->key()) { // with Alt it is not for the chart
     case Qt::Key_Left:
     case Qt::Key_Up:
         markByUser(std::max(m_marked - 1, 0));

@@ -64,6 +64,9 @@ void Kentrikh::openCard(qint32 code)
         m_card = std::make_unique<CardWindow>(BookFiles(m_settings.dataFolder), m_keys, this);
         connect(m_card.get(), &CardWindow::movementChosen, this,
             [this](const Movement& movement) { showMovement(movement.day, movement.key, m_card.get()); });
+        connect(m_card.get(), &CardWindow::copyAsked, this, [this](qint64 key, bool toToday) {
+            copyMovement(key, toToday ? CopyDay::Today : CopyDay::Shown, m_card.get());
+        });
     }
     m_card->present(code);
 }

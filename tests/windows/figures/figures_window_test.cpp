@@ -85,6 +85,14 @@ TEST_F(FiguresWindowTest, ACardOpensForTheNumberTypedAndLeadsToTheDay)
     there.press(Qt::Key_Tab);
     there.press(Qt::Key_Return);
     EXPECT_TRUE(comesTrue([&] { return user().field(date).text() == "15-02-2024"; }));
+    user().press(Qt::Key_Left, Qt::AltModifier);
+    ASSERT_TRUE(card.isVisible());
+    there.press(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_FALSE(card.isVisible());
+    EXPECT_EQ(user().field(description).text(), "νερό");
+    user().press(Qt::Key_K, Qt::ControlModifier);
+    there.press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_FALSE(card.isVisible());
 }
 
 } // namespace lorvan::test

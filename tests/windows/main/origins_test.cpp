@@ -39,6 +39,10 @@ TEST_F(OriginsTest, aMovementIsShownOnItsDayAndAltLeftLeadsBack)
     user().press(Qt::Key_Left, Qt::AltModifier);
     EXPECT_TRUE(from.isVisible());
     EXPECT_EQ(user().field(date).text(), "15-03-2024");
+    show(yesterday, 1);
+    user().press(Qt::Key_Left, Qt::AltModifier);
+    user().press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(entry(), "0 | 0 | 0 | ΤΥΠΩΜΕΝΟ | 100 Λιανική") << "there and back";
     show(today, 3);
     EXPECT_EQ(selectedLine(), "ΣΗΜΕΡΑ");
     user().enter(date, "13-03-2024\n");
