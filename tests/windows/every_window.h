@@ -81,7 +81,7 @@ inline void visitWindowsOfTheDoor(const TemporaryBook& book, const WindowVisit& 
     show(NewBookWindow(fixedClock(), nullptr));
     show(FirstUserWindow(book.files(), fixedClock(), nullptr));
     show(OlderBookWindow(nullptr));
-    show(BackupWindow(fixedClock(), nullptr));
+    show(BackupWindow(fixedClock(), {}, nullptr));
     show(ReportWindow("Μεταφορά", "Κινήσεις: 12", nullptr));
     show(BackupNowWindow(book.files(), testKeys(), fixedClock(), nullptr));
     show(CountWindow(QDate(2024, 3, 15), Currency(), {}, nullptr));

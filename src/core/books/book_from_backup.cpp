@@ -6,16 +6,16 @@
 #include "book/opened_book.h"
 #include "book/pending_restore.h"
 #include "platform/stop_check.h"
+#include "platform/work_watch.h"
 
 #include <QFileInfo>
 
-#include <memory>
-
 namespace lorvan {
-namespace {
 
-std::unique_ptr<RestoredBook> unpack(const QString& backup, const BookFiles& book, const RestoreProgress& progress)
+std::unique_ptr<RestoredBook> unpackBackup(
+    const QString& backup, const BookFiles& book, const RestoreProgress& progress)
 {
+    beginStep(QStringLiteral("Ξεπακετάρεται και ελέγχεται το αντίγραφο…"));
     constexpr qint64 megabyte = 1 << 20;
     constexpr qint64 passes = 2; // unpacking and, roughly, the proof
     const qint64 whole = (QFileInfo(backup).size() / megabyte + 1) * passes;
@@ -27,19 +27,21 @@ std::unique_ptr<RestoredBook> unpack(const QString& backup, const BookFiles& boo
     return std::make_unique<RestoredBook>(backup, book);
 }
 
-/// What is in a book that can be opened. Nothing for one of an older schema version, which is not checked.
-std::optional<BookCheck> checkStaged(const BookFiles& staged, const RestoreProgress& progress)
+std::optional<BookCheck> checkRestored(
+    const RestoredBook& restored, const RestoreProgress& progress, const std::function<void(Connection& book)>& look)
 {
+    beginStep(QStringLiteral("Ελέγχονται οι κινήσεις του αντιγράφου…"));
     try {
-        OpenedBook book(staged.dataFolder());
-        return checkContent(book.connection(),
+        OpenedBook book(restored.staged().dataFolder());
+        auto check = checkContent(book.connection(),
             [&](std::int64_t done, std::int64_t whole) { progress(RestoreStep::Checking, done, whole); });
+        if (look)
+            look(book.connection());
+        return check;
     } catch (const Refused&) {
         return std::nullopt;
     }
 }
-
-} // namespace
 
 bool holdsBook(const BookFiles& book)
 {
@@ -53,9 +55,9 @@ BookFromBackup restoreBook(
     std::optional<ClaimedMarker> marker;
     if (BookFiles::exists(book.usageMarker())) // a book that lacks it is not refused
         marker.emplace(book);
-    const auto restored = unpack(backup, book, progress);
-    BookFromBackup result{checkStaged(restored->staged(), progress)};
-    continueOrGiveUp();
+    const auto restored = unpackBackup(backup, book, progress);
+    BookFromBackup result{checkRestored(*restored, progress)};
+    decideOrGiveUp();
     result.aside = restored->replace(authority);
     return result;
 }

@@ -6,12 +6,15 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace lorvan {
 
 class Authority;
 class BookFiles;
+class Connection;
+class RestoredBook;
 
 /// Whether one of a book's two databases is in its folder.
 [[nodiscard]] bool holdsBook(const BookFiles& book);
@@ -21,6 +24,15 @@ enum class RestoreStep {
     Checking, ///< Counted in movements.
 };
 using RestoreProgress = std::function<void(RestoreStep step, qint64 done, qint64 whole)>;
+
+/// Unpacks and proves a backup in the place where its book will go. Throws like RestoredBook.
+[[nodiscard]] std::unique_ptr<RestoredBook> unpackBackup(
+    const QString& backup, const BookFiles& book, const RestoreProgress& progress);
+
+/// Checks the unpacked book; `look`, if there is one, then reads what else is wanted of it, both databases on one
+/// connection. No value, and no look, for a book of an older schema version. Throws SqlError.
+[[nodiscard]] std::optional<BookCheck> checkRestored(const RestoredBook& restored, const RestoreProgress& progress,
+    const std::function<void(Connection& book)>& look = {});
 
 struct BookFromBackup {
     std::optional<BookCheck> check; ///< Of the book in the backup; no value if it is of an older schema version.

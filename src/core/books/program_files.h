@@ -13,6 +13,8 @@ inline const QString doorProgram = QStringLiteral("lorvan-books");
 inline const QString chooseOption = QStringLiteral("--choose");
 /// The door's option to open the book in the folder that follows.
 inline const QString openOption = QStringLiteral("--open");
+/// The door's option to put a backup, the file that follows, in the place of the book that the program opens.
+inline const QString restoreOption = QStringLiteral("--restore");
 
 /// The path of the program of that name in the folder of `ownFile`.
 [[nodiscard]] QString besideProgram(const QString& ownFile, const QString& name);

@@ -18,6 +18,7 @@
 #include "platform/engine/connection.h"
 #include "platform/engine/transaction.h"
 #include "platform/work.h"
+#include "platform/work_watch.h"
 
 #include <QFileInfo>
 
@@ -410,6 +411,7 @@ CsvImportOutcome importCsv(Connection& book, const Authority& authority, const Q
     const QString journal = recordImport(book, import.digest(), outcome, days, authority);
     for (const QDate day : days.sealed)
         sealDay(book, authority, day, journal);
+    decideOrGiveUp();
     writing.commit();
     return outcome;
 }

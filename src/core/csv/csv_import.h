@@ -66,8 +66,9 @@ struct CsvImportOutcome {
 /// bad line. If anything was new, a digest of the import is stored in the book. The journal gets a row for each
 /// file.
 ///
-/// Throws Refused if there is no file, if one cannot be read, or if all of this was imported before; SqlError; and
-/// CurrencyOverflow if a balance is out of range. The book is then unchanged.
+/// Throws Refused if there is no file, if one cannot be read, or if all of this was imported before; SqlError; GivenUp
+/// if a WorkWatch says so before the commit; and CurrencyOverflow if a balance is out of range. The book is then
+/// unchanged.
 [[nodiscard]] CsvImportOutcome importCsv(Connection& book, const Authority& authority, const QString& folder,
     ImportChoices choices, const StepProgress& progress = {});
 

@@ -1,15 +1,33 @@
 #include "csv/open_book_exchange.h"
 
 #include "backup/book_backup.h"
+#include "book/book_schema.h"
+#include "book/claimed_marker.h"
 #include "book/lock_trust.h"
+#include "book/opened_book.h"
 #include "csv/book_export.h"
 #include "platform/authority.h"
 #include "platform/files/new_folder.h"
-#include "platform/stop_check.h"
+#include "platform/work_watch.h"
+#include "proof/opening_balance.h"
 
 #include <QDir>
 
 namespace lorvan {
+namespace {
+
+const QString importing = QStringLiteral("Διαβάζονται και μπαίνουν οι γραμμές…");
+
+void backUp(const BookFiles& book, KeyRing& keys, const Authority& authority, const StepProgress& progress)
+{
+    beginStep(QStringLiteral("Γίνεται αντίγραφο ασφαλείας…"));
+    (void)makeBackupByHand(book, keys, authority.now(), [&progress](qint64 done, qint64 all) {
+        progress(done, all);
+        return true; // whoever gives up is asked itself
+    });
+}
+
+} // namespace
 
 ExportedBook exportOpenBook(
     const BookFiles& book, KeyRing& keys, const QString& parent, const QDateTime& now, const StepProgress& progress)
@@ -17,7 +35,7 @@ ExportedBook exportOpenBook(
     const QString place = QDir(parent).filePath(now.toString(QStringLiteral("'lorvan-'yyyy-MM-dd-HHmmss")));
     NewFolder folder(place);
     const QStringList files = exportBook(book, keys, folder, Passwords::LeaveOut, progress);
-    continueOrGiveUp();
+    decideOrGiveUp();
     return {place, folder.keep(files)};
 }
 
@@ -25,9 +43,25 @@ CsvImportOutcome importIntoOpenBook(const BookFiles& book, KeyRing& keys, const 
     const QString& folder, TakenBefore takenBefore, const StepProgress& progress)
 {
     authority.require(Right::ModifyCash);
-    makeBackupByHand(book, keys, authority.now(), [](qint64, qint64) { return true; });
+    backUp(book, keys, authority, progress);
     Connection both = openBoth(book, keys);
+    beginStep(importing);
     return importCsv(both, authority, folder, {ClosedDays::Refuse, takenBefore}, progress);
+}
+
+CsvImportOutcome importAsAdministrator(const BookFiles& book, const Clock& clock, const QString& folder,
+    TakenBefore takenBefore, const StepProgress& progress)
+{
+    const Authority authority = Authority::administrator(clock);
+    readyBook(book);
+    const ClaimedMarker marker(book);
+    OpenedBook opened(book.dataFolder(), Connection::Access::ReadWrite);
+    if (opened.connection().isReadOnly())
+        throw Refused(QStringLiteral("Το βιβλίο είναι μόνο για ανάγνωση. Δεν έγινε τίποτα."));
+    backUp(book, opened.keys(), authority, progress);
+    ensureMainSchema(opened.connection(), opened.connection(), openingSteps());
+    beginStep(importing);
+    return importCsv(opened.connection(), authority, folder, {ClosedDays::Accept, takenBefore}, progress);
 }
 
 } // namespace lorvan

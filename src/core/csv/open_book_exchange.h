@@ -9,6 +9,7 @@
 namespace lorvan {
 
 class BookFiles;
+class Clock;
 class KeyRing;
 
 /// For a book that the program has open: all work on a connection of their own and may run in another thread. A
@@ -31,5 +32,11 @@ struct ExportedBook {
 /// CurrencyOverflow; the book is then unchanged.
 [[nodiscard]] CsvImportOutcome importIntoOpenBook(const BookFiles& book, KeyRing& keys, const Authority& authority,
     const QString& folder, TakenBefore takenBefore, const StepProgress& progress);
+
+/// The same for the administrator's sign-in, when no program of this computer has the book open: claims the usage
+/// marker for the time, and accepts closed days, which are sealed again. Also throws Refused if somebody works with the
+/// book or it is of an older schema version, and like readyBook().
+[[nodiscard]] CsvImportOutcome importAsAdministrator(const BookFiles& book, const Clock& clock, const QString& folder,
+    TakenBefore takenBefore, const StepProgress& progress);
 
 } // namespace lorvan

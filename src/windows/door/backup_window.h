@@ -1,5 +1,6 @@
 #pragma once
 
+#include "books/known_books.h"
 #include "door/transfer_window.h"
 #include "platform/clock.h"
 
@@ -10,7 +11,8 @@ class BackupWindow : public TransferWindow {
     Q_OBJECT
 
 public:
-    BackupWindow(Clock clock, QWidget* parent);
+    /// `books` are the known ones, of which the backup may be.
+    BackupWindow(Clock clock, std::vector<KnownBook> books, QWidget* parent);
 
 protected:
     [[nodiscard]] QString browse() override;
@@ -19,6 +21,7 @@ protected:
 
 private:
     const Clock m_clock;
+    const std::vector<KnownBook> m_books;
 };
 
 } // namespace lorvan

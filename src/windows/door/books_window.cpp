@@ -11,6 +11,8 @@
 #include "door/first_user_window.h"
 #include "door/new_book_window.h"
 #include "door/older_book_window.h"
+#include "door/report_window.h"
+#include "door/restoring.h"
 #include "lists/table_list.h"
 #include "look/focus_rules.h"
 #include "look/message_window.h"
@@ -172,7 +174,9 @@ void BooksWindow::connectCommands()
             take(window.made());
     });
     m_gate.connectWindow(m_fromBackup, {}, [this] {
-        BackupWindow window(m_clock, this);
+        std::vector<KnownBook> books;
+        guarded(this, [&] { books = m_choice.books(); });
+        BackupWindow window(m_clock, std::move(books), this);
         if (window.exec() == QDialog::Accepted)
             take(window.made());
     });
@@ -280,6 +284,22 @@ void BooksWindow::openSelected()
         }
     }
     Q_EMIT bookChosen(settings);
+}
+
+void BooksWindow::restore(const QString& backup)
+{
+    const auto present = m_choice.present();
+    if (!present)
+        return;
+    m_gate.runWindow([] { return true; },
+        [&] {
+            const auto report = restoreWithProgress(this, m_run, backup, BookFiles(present->dataFolder), m_clock);
+            refill(present->dataFolder);
+            if (!report)
+                return;
+            ReportWindow(QStringLiteral("Επαναφορά"), *report, this).exec();
+            Q_EMIT bookChosen(*present);
+        });
 }
 
 void BooksWindow::take(const DataFolderSettings& book)

@@ -28,6 +28,9 @@ public:
     /// Reads the list again and looks at each book in the background; selects the book in that folder, if there is one.
     void refill(const QString& selected = {});
 
+    /// Puts a backup in the place of the book that the program opens, shows the report and has the book opened.
+    void restore(const QString& backup);
+
     void reject() override; ///< Ends the door.
 
 Q_SIGNALS:

@@ -30,8 +30,9 @@ bool Door::start(const QStringList& words, bool wantsChoice)
 {
     const QString option = words.value(0);
     const bool opens = option == openOption && words.size() == 2;
-    if (!words.isEmpty() && !opens && !(option == chooseOption && words.size() == 1)) {
-        std::fputs("lorvan-books [--choose | --open ΦΑΚΕΛΟΣ]\n", stderr);
+    const bool restores = option == restoreOption && words.size() == 2;
+    if (!words.isEmpty() && !opens && !restores && !(option == chooseOption && words.size() == 1)) {
+        std::fputs("lorvan-books [--choose | --open ΦΑΚΕΛΟΣ | --restore ΑΡΧΕΙΟ]\n", stderr);
         return false;
     }
     if (!m_instance.isOnlyInstance()) {
@@ -44,6 +45,8 @@ bool Door::start(const QStringList& words, bool wantsChoice)
         callProgram();
     } else if (opens)
         openFolder(words.at(1));
+    else if (restores)
+        restore(words.at(1));
     else {
         std::optional<KnownBook> only;
         guarded(nullptr, [&] { only = m_choice.onlyBook(); });
@@ -68,6 +71,15 @@ void Door::openFolder(const QString& folder)
         open(book);
     else
         show();
+}
+
+/// Once the window shows: its work asks and tells over it.
+void Door::restore(const QString& backup)
+{
+    show();
+    const QString path = QFileInfo(backup).absoluteFilePath();
+    QMetaObject::invokeMethod(
+        m_window.get(), [this, path] { m_window->restore(path); }, Qt::QueuedConnection);
 }
 
 void Door::show()

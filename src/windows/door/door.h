@@ -34,6 +34,7 @@ private:
     void callProgram();
     void open(const DataFolderSettings& book);
     void openFolder(const QString& folder);
+    void restore(const QString& backup);
 
     Clock m_clock;
     QString m_programFile;

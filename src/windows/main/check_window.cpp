@@ -70,7 +70,7 @@ CheckWindow::CheckWindow(BookFiles book, KeyRing& keys, Authority authority, May
     setWindowTitle(title);
     setModal(true);
     layOut();
-    m_gate.connect(m_check, {}, [this] { runCheck(); });
+    m_gate.connect(m_check, {}, [this] { (void)runCheck(); });
     m_gate.connect(m_repair, {{}, [this] { return m_mayChange(this); }}, [this] { repair(); });
     m_gate.connect(m_askCode, {}, [this] { askCode(); });
     connect(m_code, &EntryField::left, this, [this] { // the window may be closing
@@ -177,10 +177,22 @@ void CheckWindow::showFound(const BalanceProof& proof)
 
 void CheckWindow::check()
 {
-    m_gate.run([this] { runCheck(); });
+    m_gate.run([this] { (void)runCheck(); });
 }
 
-void CheckWindow::runCheck()
+void CheckWindow::checkForRepair()
+{
+    m_gate.run([this] {
+        if (!runCheck())
+            return;
+        if (m_findings.anythingRepairable())
+            m_repair->setFocus(Qt::OtherFocusReason);
+        else
+            m_summary->setText(QStringLiteral("Πλήρης έλεγχος του βιβλίου. Δεν υπάρχει τίποτα προς διόρθωση."));
+    });
+}
+
+bool CheckWindow::runCheck()
 {
     m_answer->clear(); // it was about the book as it was
     BookCheck found;
@@ -190,10 +202,11 @@ void CheckWindow::runCheck()
     m_answered.clear(); // the same code may be asked for again
     if (!isWhole) {
         m_summary->setText(QStringLiteral("Ο έλεγχος ακυρώθηκε."));
-        return;
+        return false;
     }
     tell(QStringLiteral("Πλήρης έλεγχος του βιβλίου"), found.findings, linesOf(found));
     Q_EMIT checked();
+    return true;
 }
 
 void CheckWindow::answerCode()
@@ -245,7 +258,7 @@ void CheckWindow::repair()
     }
     Q_EMIT repaired();
     if (isWhole)
-        runCheck();
+        (void)runCheck();
     m_summary->setText(repairText(*made));
 }
 

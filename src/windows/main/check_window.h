@@ -40,6 +40,8 @@ public:
     void showFound(const BalanceProof& proof);
     /// Checks the whole book, in the background; the user may cancel.
     void check();
+    /// The same for somebody who wants to repair: leads to the button for it, or says that there is nothing to repair.
+    void checkForRepair();
 
     /// The day that the user wants to go to, if any.
     [[nodiscard]] std::optional<QDate> chosen() const { return m_chosen; }
@@ -57,7 +59,7 @@ private:
     void layOut();
     QLayout* codeRow();
     QLayout* commandRow();
-    void runCheck();
+    [[nodiscard]] bool runCheck(); ///< False if it was given up.
     void askCode();
     /// The code that was typed and has not been answered yet.
     void answerCode();

@@ -31,6 +31,7 @@ class QStackedWidget;
 namespace lorvan {
 
 class CardWindow;
+class CheckWindow;
 class CodesPage;
 class HelpWindow;
 class JournalWindow;
@@ -113,8 +114,9 @@ private:
     void backUpNow();
     void exportTables(); ///< Into a folder that the user chooses.
     void packMonth();
+    void repairBook();
+    void openCheck(const std::function<void(CheckWindow& window)>& prepare);
     void importTables(); ///< From a folder that the user chooses.
-    void importFrom(const QString& folder, TakenBefore takenBefore);
     void openManual();
 
     void insertCode();

@@ -1,9 +1,8 @@
 #include "book/book_files.h"
 #include "codes/codes_page.h"
 #include "controls/main_controls.h"
-#include "csv/import_texts.h"
 #include "csv/open_book_exchange.h"
-#include "csv/taken_imports.h"
+#include "exchange/csv_taking.h"
 #include "look/message_window.h"
 #include "main/kentrikh.h"
 #include "main/month_window.h"
@@ -16,9 +15,7 @@
 namespace lorvan {
 namespace {
 
-constexpr std::size_t mostBadLines = 10;
 const QString exportTitle = QStringLiteral("Εξαγωγή");
-const QString importTitle = QStringLiteral("Εισαγωγή CSV");
 
 } // namespace
 
@@ -65,41 +62,17 @@ void Kentrikh::importTables()
     const QString folder = askFolder(this, QStringLiteral("Ο φάκελος με τα αρχεία CSV"));
     if (folder.isEmpty() || m_closed || refusedByMarker(this))
         return;
-    try {
-        importFrom(folder, TakenBefore::Refuse);
-    } catch (const AlreadyTaken& taken) {
-        const QString question =
-            QStringLiteral("Το ίδιο περιεχόμενο έχει ήδη εισαχθεί στις %1. Να εισαχθεί και δεύτερη φορά;")
-                .arg(taken.at().toString(QStringLiteral("dd-MM-yyyy HH:mm")));
-        if (!m_closed && askYesNo(this, QMessageBox::Warning, importTitle, question, DefaultAnswer::No) && !m_closed)
-            importFrom(folder, TakenBefore::Accept);
-    }
-}
-
-void Kentrikh::importFrom(const QString& folder, TakenBefore takenBefore)
-{
-    CsvImportOutcome outcome;
-    const ProgressTexts texts{
-        importTitle, QStringLiteral("Γίνεται αντίγραφο και εισαγωγή…"), QStringLiteral("Γραμμές")};
-    const bool isDone = runStoppable(m_toolRun, this, texts, [&](const StepProgress& progress) {
-        outcome =
-            importIntoOpenBook(BookFiles(m_settings.dataFolder), m_keys, m_authority, folder, takenBefore, progress);
-    });
-    if (!isDone || m_closed)
-        return;
-    if (outcome.badLineCount > 0) {
-        showMessage(this, QMessageBox::Warning, importTitle,
-            QStringLiteral("Γραμμές με λάθη: %1. Δεν προστέθηκε τίποτα.").arg(outcome.badLineCount),
-            badLineTexts(outcome, mostBadLines).join(u'\r'));
-        return;
-    }
-    if (m_tab == tab::codes)
-        m_codesPage->lookAgain(); // what was typed there stays
-    else
-        fillPage(m_tab, m_tab);
-    m_balances.proveNow();
-    showMessage(this, QMessageBox::Information, importTitle, QStringLiteral("Η εισαγωγή έγινε."),
-        importedLines(outcome).join(u'\r'));
+    const auto take = [&](TakenBefore takenBefore, const StepProgress& progress) {
+        return importIntoOpenBook(BookFiles(m_settings.dataFolder), m_keys, m_authority, folder, takenBefore, progress);
+    };
+    const auto showAgain = [this] {
+        if (m_tab == tab::codes)
+            m_codesPage->lookAgain(); // what was typed there stays
+        else
+            fillPage(m_tab, m_tab);
+        m_balances.proveNow();
+    };
+    takeCsvFiles(this, m_toolRun, {take, [this] { return !m_closed; }, showAgain});
 }
 
 } // namespace lorvan

@@ -31,6 +31,10 @@ void Kentrikh::connectTools()
     ToolsButton* const tools = m_band->tools();
     const QAction* const check = tools->add(QStringLiteral("check"), QStringLiteral("Έλεγχος του βιβλίου"));
     connect(check, &QAction::triggered, this, [this] { openTool([this] { checkBook(false); }); });
+    if (m_authority.has(Right::ModifyCash)) {
+        const QAction* const repair = tools->add(QStringLiteral("repairBook"), QStringLiteral("Διόρθωση…"));
+        connect(repair, &QAction::triggered, this, [this] { openTool([this] { repairBook(); }); });
+    }
     const QAction* const openDays = tools->add(QStringLiteral("openDays"), QStringLiteral("Ανοικτές ημέρες"));
     connect(openDays, &QAction::triggered, this, [this] { openTool([this] { listOpenDays(); }); });
     const QAction* const history = tools->add(QStringLiteral("history"), QStringLiteral("Ιστορικό\tCtrl+H"));
@@ -116,16 +120,30 @@ void Kentrikh::listOpenDays()
 
 void Kentrikh::checkBook(bool showsFound)
 {
+    openCheck([this, showsFound](CheckWindow& window) {
+        if (showsFound && m_found)
+            window.showFound(*m_found);
+        else
+            connect(&window, &CheckWindow::opened, &window, &CheckWindow::check);
+    });
+}
+
+/// The window of the check, which leads to its button for the repair.
+void Kentrikh::repairBook()
+{
+    openCheck(
+        [](CheckWindow& window) { connect(&window, &CheckWindow::opened, &window, &CheckWindow::checkForRepair); });
+}
+
+void Kentrikh::openCheck(const std::function<void(CheckWindow&)>& prepare)
+{
     const auto mayChange = [this](QWidget* asking) { return !refusedByMarker(asking); };
     CheckWindow window(BookFiles(m_settings.dataFolder), m_keys, m_authority, mayChange, this);
     connect(&window, &CheckWindow::repaired, this, [this] {
         m_entryPage->lookAgain();
         m_balances.proveNow();
     });
-    if (showsFound && m_found)
-        window.showFound(*m_found);
-    else
-        connect(&window, &CheckWindow::opened, &window, &CheckWindow::check);
+    prepare(window);
     connect(&window, &CheckWindow::checked, &m_balances, &BalanceWatch::proveNow);
     window.exec();
     if (const auto day = window.chosen(); day && mayLeaveDay(this))

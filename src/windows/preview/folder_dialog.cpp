@@ -37,11 +37,12 @@ QString askFolder(QWidget* parent, const QString& title, const QString& start)
     return ask(dialog);
 }
 
-QString askFile(QWidget* parent, const QString& title, const QString& filter, const QString& suffix)
+QString askFile(
+    QWidget* parent, const QString& title, const QString& filter, const QString& suffix, const QString& start)
 {
     SaveDialog dialog(title, {{filter, suffix}}, parent);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setDirectory(beginning({}));
+    dialog.setDirectory(beginning(start));
     return ask(dialog);
 }
 

@@ -112,6 +112,12 @@ void Program::showSignIn()
     m_login = std::make_unique<Login>(files, m_keys, m_clock);
     connect(m_login.get(), &Login::signedIn, this, &Program::openMainWindow);
     connect(m_login.get(), &Login::abandoned, this, &Program::end);
+    connect(m_login.get(), &Login::restoreAsked, this, [this](const QString& backup) {
+        m_backup = backup;
+        end();
+    });
+    if (canRun(besideProgram(m_programFile, doorProgram)))
+        m_login->offerRestore(m_settings.heading);
     bindKeys(KeyUse::Manual, m_login.get(), Qt::WindowShortcut, [this] {
         if (!m_help)
             m_help = std::make_unique<HelpWindow>(HelpWindow::Print(), m_login.get());
@@ -154,6 +160,8 @@ void Program::openMainWindow(const UserSession& session)
 
 QStringList Program::next() const
 {
+    if (!m_backup.isEmpty())
+        return {besideProgram(m_programFile, doorProgram), restoreOption, m_backup};
     if (!m_mainWindow || !m_mainWindow->leadsToBooks())
         return {};
     return {besideProgram(m_programFile, doorProgram), chooseOption};

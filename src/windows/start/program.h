@@ -48,6 +48,7 @@ private:
     InstanceGuard m_instance;
     DataFolderSettings m_settings;
     KeyRing m_keys;
+    QString m_backup; ///< What the door has to put in the place of the book after the end; empty if nothing.
     std::unique_ptr<Login> m_login;
     std::unique_ptr<HelpWindow> m_help; ///< At the sign-in; a child of that window.
     std::unique_ptr<Kentrikh> m_mainWindow;

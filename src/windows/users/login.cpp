@@ -14,7 +14,7 @@
 #include "look/window_placement.h"
 #include "platform/engine/connection.h"
 #include "users/administration_row.h"
-#include "users/seals_entry.h"
+#include "users/administrator_tools.h"
 #include "users/user_accounts.h"
 #include "users/user_maintenance.h"
 
@@ -163,8 +163,9 @@ QWidget* Login::maintenanceArea(const Clock& clock)
     rows->addWidget(m_users, 1);
     m_administration = new AdministrationRow(m_files, m_keys, clock, area);
     addAdministrationCommands(m_administration);
-    m_seals = new SealsEntry(m_files, m_keys, clock, m_gate, m_administration);
-    m_administration->layOut({m_commands[Unlock], m_commands[CloseDays], m_commands[DeleteData]}, m_seals);
+    m_tools = new AdministratorTools(m_files, m_keys, clock, m_gate, m_administration);
+    connect(m_tools, &AdministratorTools::restoreAsked, this, &Login::restoreAsked);
+    m_administration->layOut({m_commands[Unlock], m_commands[CloseDays], m_commands[DeleteData]}, m_tools);
     rows->addWidget(m_administration);
     return area;
 }
@@ -199,7 +200,7 @@ void Login::setTabOrders()
     chainTabOrder({m_fields[Name], m_fields[Password], m_commands[SignIn], m_commands[End], m_users->list(),
         m_users->name(), m_users->password(), checks[0], checks[1], checks[2], m_commands[AddUser],
         m_commands[ChangeUser], m_commands[RemoveUser], m_commands[Unlock], m_commands[CloseDays],
-        m_administration->copyPath(), m_commands[DeleteData], m_seals});
+        m_administration->copyPath(), m_commands[DeleteData], m_tools});
 }
 
 void Login::connectCommands()
@@ -274,6 +275,17 @@ void Login::signInAsTyped()
     showMessage(this, QMessageBox::Information, QStringLiteral("Εισαγωγή Ονόματος / κωδικού"),
         QStringLiteral("Εχετε δώσει λάθος Ονομα ή κωδικό "), details);
     goBackTo(*m_fields[Name]);
+}
+
+void Login::offerRestore(const QString& heading)
+{
+    m_tools->offerRestore(heading);
+}
+
+void Login::hideEvent(QHideEvent* event)
+{
+    m_tools->cancel();
+    QDialog::hideEvent(event);
 }
 
 void Login::closeEvent(QCloseEvent* event)

@@ -12,11 +12,11 @@ class QLayout;
 namespace lorvan {
 
 class AdministrationRow;
+class AdministratorTools;
 class Clock;
 class CommandButton;
 class EntryField;
 class KeyRing;
-class SealsEntry;
 class UserMaintenance;
 
 /// The sign-in window. For the built-in administrator it also shows the list of users and the operations on the whole
@@ -28,13 +28,18 @@ public:
     /// `keys` must outlive the window.
     Login(BookFiles files, KeyRing& keys, const Clock& clock);
 
+    /// The administrator may choose a backup for the place of the book, whose name is `heading`.
+    void offerRestore(const QString& heading);
+
 Q_SIGNALS:
     void signedIn(const lorvan::UserSession& session);
+    void restoreAsked(const QString& backup); ///< The program has to end and leave the rest to the door.
     void abandoned(); ///< The window was closed, or the users could not be read; the program has to end.
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     enum class Size { Compact, Enlarged };
@@ -62,7 +67,7 @@ private:
     ControlArray<CommandButton> m_commands;
     UserMaintenance* m_users = nullptr;
     AdministrationRow* m_administration = nullptr;
-    SealsEntry* m_seals = nullptr;
+    AdministratorTools* m_tools = nullptr;
     QWidget* m_maintenance;
 };
 

@@ -1,4 +1,5 @@
 #include "backup/book_backup.h"
+#include "book/claimed_marker.h"
 #include "cashbook/cash_book.h"
 #include "cashbook/journal_keeping.h"
 #include "codes/code_maintenance.h"
@@ -7,6 +8,7 @@
 #include "csv/taken_imports.h"
 #include "platform/engine/transaction.h"
 #include "platform/stop_check.h"
+#include "platform/work_watch.h"
 #include "proof/opening_balance.h"
 #include "proof/trail_audit.h"
 #include "support/book_model.h"
@@ -234,6 +236,27 @@ TEST_F(CsvImportTest, bringsBackAGroupThatWasRemovedWithoutAFinding)
     ASSERT_FALSE(removeGroup(main, byAll(), std::get<CodeGroup>(added).number));
     const ToolRun taken = run("import-csv|@|#/csv");
     ASSERT_EQ(taken.status, ExitStatus::Done) << taken.errors;
+    EXPECT_EQ(run("check|@").status, ExitStatus::Done) << run("check|@").out;
+}
+
+TEST_F(CsvImportTest, ofTheAdministratorReachesClosedDaysAndLeavesTheMarkerFree)
+{
+    book.close(closed);
+    write("kinhseis.csv", QByteArray(titles) + "100,2024-03-14,α,1.00,,,\n");
+    const auto takeNow = [this] {
+        return importAsAdministrator(
+            book.files(), fixedClock(), words("#/csv"), TakenBefore::Refuse, [](qint64, qint64) {});
+    };
+    {
+        const ClaimedMarker other(book.files());
+        EXPECT_NE(failureOf(takeNow).find("χρησιμοποιείται"), std::string::npos);
+    }
+    {
+        const WorkWatch lateCancel([](const QString&) {}, [] { return false; });
+        EXPECT_THROW((void)takeNow(), GivenUp) << "just before the commit";
+    }
+    EXPECT_EQ(takeNow().movements, 1);
+    EXPECT_THROW((void)takeNow(), AlreadyTaken);
     EXPECT_EQ(run("check|@").status, ExitStatus::Done) << run("check|@").out;
 }
 

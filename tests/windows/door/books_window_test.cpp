@@ -172,13 +172,22 @@ TEST_F(DoorTest, takesABookOutOfABackupAndOutOfAnOlderProgram)
         press(Driver(form), "do");
         return form.result() == QDialog::Accepted && form.made().dataFolder == target;
     };
-    BackupWindow restored(fixedClock(), nullptr);
+    const auto showsContent = [this](const char* content, QMessageBox::StandardButton answer) {
+        const QString question = "Να γίνει η επαναφορά από αυτό το αντίγραφο;";
+        boxes.expect(withDetails(okCancel(QMessageBox::Question, "Από αντίγραφο", question, answer), content));
+    };
+    showsContent("copy.tar, ", QMessageBox::Cancel);
+    BackupWindow refused(fixedClock(), {}, nullptr);
+    EXPECT_FALSE(run(refused, backup, folder.filePath("none"), ""));
+    showsContent("Καμία ημέρα δεν έχει κλείσει.", QMessageBox::Ok);
+    BackupWindow restored(fixedClock(), {}, nullptr);
     EXPECT_TRUE(run(restored, backup, folder.filePath("restored"), "επανήλθε"));
+    showsContent("Κωδικοί: 2, ομάδες: 1", QMessageBox::Ok);
     boxes.expect(partly(yesNo(QMessageBox::Warning, "Από αντίγραφο", "υπάρχει ήδη βιβλίο", QMessageBox::Yes)));
-    BackupWindow replaced(fixedClock(), nullptr);
+    BackupWindow replaced(fixedClock(), {}, nullptr);
     EXPECT_TRUE(run(replaced, backup, second.folder(), "φυλάσσονται"));
     boxes.expect(partly(information("Προσοχή", "Δεν υπάρχει")));
-    BackupWindow missing(fixedClock(), nullptr);
+    BackupWindow missing(fixedClock(), {}, nullptr);
     EXPECT_FALSE(run(missing, backup + "x", folder.filePath("none"), ""));
     OlderBookWindow older(nullptr);
     EXPECT_TRUE(run(older, olderBook("v3"), folder.filePath("taken"), "μεταφέρθηκε"));

@@ -223,7 +223,7 @@ TEST_F(ProgramLooks, theTabKeyGoesOnThroughTheMaintenanceArea)
     startAsAdministrator();
     expectOrder(user(),
         "Text1(0) Text1(1) Command1(0) Command1(1) DBList1 Text1(2) Text1(3) SSCheck1(0) SSCheck1(1) SSCheck1(2) "
-        "Command1(2) Command1(3) Command1(4) Command1(5) Command1(6) Command1(7) seals");
+        "Command1(2) Command1(3) Command1(4) Command1(5) Command1(6) Command1(7) administratorTools");
 }
 
 } // namespace lorvan::test

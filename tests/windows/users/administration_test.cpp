@@ -125,11 +125,11 @@ TEST_F(AdministrationTest, acceptsWhatWasChangedAroundTheProgramAndSealsOlderDay
     keepJournal(open.main(), open.auxiliary());
     (void)CashBook(open, byAll()).insert(incomeOf(day, cents(100)));
     book.close(day);
-    const auto choose = [this](int entry) {
-        user().click(user().find("seals"));
-        auto* const menu = user().find("seals").findChild<QMenu*>();
+    const auto choose = [this](const char* entry) {
+        user().click(user().find("administratorTools"));
+        auto* const menu = user().find("administratorTools").findChild<QMenu*>();
         ASSERT_TRUE(comesTrue([menu] { return menu->isVisible(); }));
-        menu->actions().at(entry)->trigger();
+        menu->findChild<QAction*>(entry)->trigger();
         menu->hide();
     };
     const auto rows = [&](const char* sql) { return valueOf(open.auxiliary(), sql); };
@@ -137,13 +137,13 @@ TEST_F(AdministrationTest, acceptsWhatWasChangedAroundTheProgramAndSealsOlderDay
     const QString older = "Σφράγιση παλαιών ημερών";
     const QString question = "Να σφραγιστούν οι ημέρες που έχουν κλείσει χωρίς σφραγίδα;";
     boxes.expect(yesNo(QMessageBox::Question, older, question, QMessageBox::No));
-    choose(1);
+    choose("sealOlder");
     EXPECT_EQ(rows("SELECT count(*) FROM seals"), "0");
     boxes.expect(yesNo(QMessageBox::Question, older, question, QMessageBox::Yes));
     boxes.expect(information(older, "Ημέρες που σφραγίστηκαν: 1"));
-    choose(1);
+    choose("sealOlder");
     boxes.expect(information("Αποδοχή", "Δεν υπάρχει τίποτα προς αποδοχή."));
-    choose(0);
+    choose("accept");
 
     book.execute("UPDATE kinhseis SET perigrafh='άλλη'");
     const ExpectedBox found =
@@ -151,11 +151,11 @@ TEST_F(AdministrationTest, acceptsWhatWasChangedAroundTheProgramAndSealsOlderDay
                         "Να γίνουν αποδεκτά όσα δεν συμφωνούν με το ημερολόγιο και τις σφραγίδες;", QMessageBox::Ok),
             "Κινήσεις που άλλαξαν από άλλο πρόγραμμα ή παλαιότερη έκδοση: 1\n  κίνηση 1, ημέρα 02-03-2024");
     boxes.expect(byKey(found, Qt::Key_Return));
-    choose(0);
+    choose("accept");
     EXPECT_EQ(rows("SELECT count(*) FROM seals"), "1") << "Enter accepts nothing";
     boxes.expect(found);
     boxes.expect(information("Αποδοχή", "Ευρήματα που έγιναν αποδεκτά και γράφτηκαν στο ημερολόγιο: 2"));
-    choose(0);
+    choose("accept");
     EXPECT_EQ(rows("SELECT max(version) || ' ' || max(user) FROM seals"), "2 Διαχειριστής");
 }
 

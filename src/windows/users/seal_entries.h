@@ -1,26 +1,29 @@
 #pragma once
 
 #include "book/book_files.h"
-#include "controls/command_button.h"
 #include "platform/clock.h"
 
+#include <QObject>
+
 class QMenu;
+class QWidget;
 
 namespace lorvan {
 
 class ActionGate;
 class KeyRing;
 
-/// The administrator's button for journal and seals, with a menu of two entries. Failures are shown in a box.
-class SealsEntry : public CommandButton {
+/// What the administrator can do about journal and seals: two entries of a menu. Failures are shown in a box.
+class SealEntries : public QObject {
     Q_OBJECT
 
 public:
-    /// The keys and the gate must outlive the button.
-    SealsEntry(BookFiles files, KeyRing& keys, Clock clock, const ActionGate& gate, QWidget* parent);
+    /// The keys, the gate and the menu must outlive the object. `owner` is a widget of the window over which it asks.
+    SealEntries(BookFiles files, KeyRing& keys, Clock clock, const ActionGate& gate, QMenu* menu, QWidget* owner);
 
 private:
-    void addEntry(const QString& objectName, const QString& text, void (SealsEntry::*step)());
+    void addEntry(const QString& objectName, const QString& text, void (SealEntries::*step)());
+    [[nodiscard]] QWidget* window() const;
 
     /// Shows what journal and seals contradict, and records it as accepted if the user says so.
     void acceptFindings();
@@ -33,6 +36,7 @@ private:
     const Clock m_clock;
     const ActionGate& m_gate;
     QMenu* m_menu;
+    QWidget* m_owner;
 };
 
 } // namespace lorvan

@@ -1,4 +1,4 @@
-#include "users/seals_entry.h"
+#include "users/seal_entries.h"
 
 #include "book/lock_trust.h"
 #include "cashbook/day_seal.h"
@@ -45,32 +45,33 @@ QString textOf(const BookFindings& findings)
 
 } // namespace
 
-SealsEntry::SealsEntry(BookFiles files, KeyRing& keys, Clock clock, const ActionGate& gate, QWidget* parent)
-    : CommandButton(QStringLiteral("check"), QStringLiteral("Σφραγίδες"), parent)
+SealEntries::SealEntries(
+    BookFiles files, KeyRing& keys, Clock clock, const ActionGate& gate, QMenu* menu, QWidget* owner)
+    : QObject(owner)
     , m_files(std::move(files))
     , m_keys(keys)
     , m_clock(std::move(clock))
     , m_gate(gate)
-    , m_menu(new QMenu(this))
+    , m_menu(menu)
+    , m_owner(owner)
 {
-    setObjectName(QStringLiteral("seals"));
-    setToolTip(QStringLiteral("Αποδοχή ευρημάτων και σφράγιση ημερών που έκλεισαν παλιότερα"));
-    addEntry(QStringLiteral("accept"), acceptTitle, &SealsEntry::acceptFindings);
-    addEntry(QStringLiteral("sealOlder"), sealTitle, &SealsEntry::sealOlder);
-    connect(this, &CommandButton::clicked, this, [this] {
-        m_menu->setActiveAction(m_menu->actions().constFirst());
-        m_menu->popup(mapToGlobal(QPoint(0, height())));
-    });
+    addEntry(QStringLiteral("accept"), acceptTitle, &SealEntries::acceptFindings);
+    addEntry(QStringLiteral("sealOlder"), sealTitle, &SealEntries::sealOlder);
 }
 
-void SealsEntry::addEntry(const QString& objectName, const QString& text, void (SealsEntry::*step)())
+QWidget* SealEntries::window() const
+{
+    return m_owner->window();
+}
+
+void SealEntries::addEntry(const QString& objectName, const QString& text, void (SealEntries::*step)())
 {
     QAction* const entry = m_menu->addAction(text);
     entry->setObjectName(objectName);
     connect(entry, &QAction::triggered, this, [this, step] { m_gate.run([this, step] { (this->*step)(); }); });
 }
 
-void SealsEntry::acceptFindings()
+void SealEntries::acceptFindings()
 {
     admitUnguarded(m_files);
     Connection book = openBoth(m_files, m_keys);
@@ -90,7 +91,7 @@ void SealsEntry::acceptFindings()
         missingTablesText(accepted));
 }
 
-void SealsEntry::sealOlder()
+void SealEntries::sealOlder()
 {
     if (!askYesNo(window(), QMessageBox::Question, sealTitle,
             QStringLiteral("Να σφραγιστούν οι ημέρες που έχουν κλείσει χωρίς σφραγίδα;"), DefaultAnswer::Yes))
