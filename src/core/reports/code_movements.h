@@ -23,8 +23,8 @@ struct CodeMovement {
     std::uint32_t textLength = 0;
 };
 
-/// Movements by code, newest date first, then in the order in which they were entered. About 100 bytes each: sorted
-/// here, since the engine takes three times as long for it.
+/// Movements by code, newest date first, then in the order in which they were entered. About 100 bytes each. Sorted
+/// here, since reading them in order takes the engine twice as long.
 class CodeMovements {
 public:
     /// Those of the period and of the chosen codes. Runs inside the caller's transaction. Throws SqlError.

@@ -51,6 +51,7 @@ ChoiceList::ChoiceList(PlainList::Face face, const ChoiceTexts& texts, QWidget* 
     rows->setSpacing(betweenRows);
     rows->addLayout(headRow());
     rows->addWidget(m_list, 1);
+    m_count->setWordWrap(true); // in a narrow window
     rows->addLayout(footRow());
     connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ChoiceList::showCount);
     showCount();

@@ -10,9 +10,11 @@
 #include <QIntValidator>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace lorvan {
 namespace {
@@ -51,12 +53,12 @@ bool isKeyOfWindow(const QWidget& window, const QKeyEvent& key)
 
 class SeparatorLine : public QWidget {
 public:
-    SeparatorLine() { setFixedSize(1, separatorHeight); }
+    SeparatorLine() { setFixedSize(2 * groupGap + 1, separatorHeight); }
 
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        QPainter(this).fillRect(rect(), Theme::instance().colour(ColourRole::PageLine));
+        QPainter(this).fillRect(QRect(groupGap, 0, 1, height()), Theme::instance().colour(ColourRole::PageLine));
     }
 };
 
@@ -72,22 +74,9 @@ PreviewTools::PreviewTools(const PreviewActions& actions, QWidget* parent)
     ActionButton* const print = add(actions.print, "print", actions.print->text());
     print->setLook(CommandButton::Look::Solid);
     addSeparator();
-    add(actions.firstPage, "first");
-    add(actions.previousPage, "prev");
-    addPageNumber();
-    add(actions.nextPage, "next");
-    add(actions.lastPage, "last");
-    addSeparator();
-    add(actions.zoomOut, "zoomout");
-    m_zoom = figureLabel("zoom");
-    m_row->addWidget(m_zoom);
-    add(actions.zoomIn, "zoomin");
-    add(actions.fitWidth, "width");
-    add(actions.fitPage, "pages");
-    addSeparator();
-    ActionButton* const carries = add(actions.carrySums, "carry", QStringLiteral("Μεταφορές"));
-    ActionButton* const pdf = add(actions.savePdf, "pdf", QStringLiteral("PDF"));
-    ActionButton* const table = add(actions.saveTable, "table", QStringLiteral("XLSX"));
+    addTurning(actions);
+    addSizes(actions);
+    addSaving(actions);
     m_row->addStretch(1);
     addSearch();
     m_row->addSpacing(groupGap);
@@ -95,8 +84,8 @@ PreviewTools::PreviewTools(const PreviewActions& actions, QWidget* parent)
     back->setLook(CommandButton::Look::Quiet);
     for (ActionButton* const button : {print, back})
         button->setFrameless(false);
+    planSteps(print, back);
     m_digits = leastDigits;
-    m_captioned = {{carries}, {pdf, table}, {back}, {print}};
     connect(&Theme::instance(), &Theme::changed, this, &PreviewTools::measure);
     measure();
 }
@@ -107,14 +96,66 @@ ActionButton* PreviewTools::add(QAction* action, const char* icon, const QString
     button->setFrameless(true);
     m_row->addWidget(button);
     m_order.push_back(button);
+    m_buttons.emplace_back(button, action);
     return button;
 }
 
-void PreviewTools::addSeparator()
+void PreviewTools::addTurning(const PreviewActions& actions)
 {
-    m_row->addSpacing(groupGap);
-    m_row->addWidget(new SeparatorLine);
-    m_row->addSpacing(groupGap);
+    m_ends.push_back(add(actions.firstPage, "first"));
+    add(actions.previousPage, "prev");
+    addPageNumber();
+    add(actions.nextPage, "next");
+    m_ends.push_back(add(actions.lastPage, "last"));
+}
+
+void PreviewTools::addSizes(const PreviewActions& actions)
+{
+    m_zoom = figureLabel("zoom");
+    m_zooms = {addSeparator(), add(actions.zoomOut, "zoomout"), m_zoom};
+    m_row->addWidget(m_zoom);
+    m_zooms.push_back(add(actions.zoomIn, "zoomin"));
+    m_fits = {add(actions.fitWidth, "width"), add(actions.fitPage, "pages")};
+}
+
+void PreviewTools::addSaving(const PreviewActions& actions)
+{
+    m_saving.push_back(addSeparator());
+    m_captioned = {add(actions.carrySums, "carry", QStringLiteral("Μεταφορές")),
+        add(actions.savePdf, "pdf", QStringLiteral("PDF")), add(actions.saveTable, "table", QStringLiteral("XLSX"))};
+    m_saving.insert(m_saving.end(), m_captioned.begin(), m_captioned.end());
+    m_more = newCommand("more", QStringLiteral("more"), {}, QStringLiteral("Περισσότερα εργαλεία"));
+    m_more->setFrameless(true);
+    m_row->addWidget(m_more);
+    m_order.push_back(m_more);
+    connect(m_more, &CommandButton::clicked, this, &PreviewTools::offerFolded);
+}
+
+void PreviewTools::planSteps(ActionButton* print, ActionButton* back)
+{
+    for (const auto* const tools : {&m_ends, &m_zooms, &m_fits, &m_saving})
+        m_foldable.insert(m_foldable.end(), tools->begin(), tools->end());
+    const auto withoutCaption = [this](std::vector<ActionButton*> buttons) {
+        m_captioned.insert(m_captioned.end(), buttons.begin(), buttons.end());
+        m_steps.emplace_back([buttons = std::move(buttons)] {
+            for (ActionButton* const button : buttons)
+                button->showCaption(false);
+        });
+    };
+    const std::vector<ActionButton*> saving = std::exchange(m_captioned, {});
+    withoutCaption({saving[0]});
+    withoutCaption({saving[1], saving[2]});
+    for (const auto* const tools : {&m_fits, &m_zooms, &m_ends, &m_saving})
+        m_steps.emplace_back([this, tools] { fold(*tools); });
+    withoutCaption({back});
+    withoutCaption({print});
+}
+
+QWidget* PreviewTools::addSeparator()
+{
+    auto* const line = new SeparatorLine;
+    m_row->addWidget(line);
+    return line;
 }
 
 void PreviewTools::addPageNumber()
@@ -231,7 +272,7 @@ bool PreviewTools::eventFilter(QObject* watched, QEvent* event)
 void PreviewTools::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    showCaptionsThatFit();
+    showWhatFits();
 }
 
 void PreviewTools::measure()
@@ -240,9 +281,10 @@ void PreviewTools::measure()
     const int digits = widthOf(QString(m_digits, u'8'));
     m_page->setFixedWidth(digits + aroundDigits);
     m_count->setMinimumWidth(digits + widthOf(QStringLiteral("/ +")) + groupGap);
-    showCaptions(false);
+    for (const auto& step : m_steps)
+        step();
     m_leastWidth = neededWidth();
-    showCaptionsThatFit();
+    showWhatFits();
     updateGeometry();
 }
 
@@ -251,23 +293,39 @@ QSize PreviewTools::minimumSizeHint() const
     return {m_leastWidth, minimumHeight()};
 }
 
-void PreviewTools::showCaptions(bool areShown)
+void PreviewTools::showAll()
 {
-    for (const auto& buttons : m_captioned) {
-        for (ActionButton* const button : buttons)
-            button->showCaption(areShown);
-    }
+    for (ActionButton* const button : m_captioned)
+        button->showCaption(true);
+    for (QWidget* const tool : m_foldable)
+        tool->setVisible(true);
+    m_more->setVisible(false);
 }
 
-void PreviewTools::showCaptionsThatFit()
+void PreviewTools::showWhatFits()
 {
-    showCaptions(true);
-    for (const auto& buttons : m_captioned) {
-        if (neededWidth() <= width())
-            return;
-        for (ActionButton* const button : buttons)
-            button->showCaption(false);
+    showAll();
+    for (auto step = m_steps.begin(); step != m_steps.end() && neededWidth() > width(); ++step)
+        (*step)();
+}
+
+void PreviewTools::fold(const std::vector<QWidget*>& tools)
+{
+    for (QWidget* const tool : tools)
+        tool->setVisible(false);
+    m_more->setVisible(true);
+}
+
+void PreviewTools::offerFolded()
+{
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const auto& [button, action] : m_buttons) {
+        if (button->isHidden())
+            menu->addAction(action);
     }
+    menu->setActiveAction(menu->actions().constFirst());
+    menu->popup(m_more->mapToGlobal(QPoint(0, m_more->height())));
 }
 
 int PreviewTools::neededWidth() const

@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 class QHBoxLayout;
@@ -14,9 +16,11 @@ class QLineEdit;
 namespace lorvan {
 
 class ActionButton;
+class CommandButton;
 
 /// The tool row of the preview: printing, pages, size, saving, search and the way back. If there is not enough width,
-/// the search field shrinks first, then captions are hidden.
+/// the search field shrinks first, then captions of icons that speak for themselves are hidden, then tools move into a
+/// menu; printing and the way back lose their captions last.
 class PreviewTools : public QWidget {
     Q_OBJECT
 
@@ -49,13 +53,19 @@ protected:
 
 private:
     ActionButton* add(QAction* action, const char* icon, const QString& caption = {});
-    void addSeparator();
+    QWidget* addSeparator();
+    void addTurning(const PreviewActions& actions);
+    void addSizes(const PreviewActions& actions);
+    void addSaving(const PreviewActions& actions);
+    void planSteps(ActionButton* print, ActionButton* back);
+    void offerFolded();
+    void fold(const std::vector<QWidget*>& tools);
     void addPageNumber();
     void addSearch();
     void enterPage();
     void measure();
-    void showCaptions(bool areShown);
-    void showCaptionsThatFit();
+    void showAll();
+    void showWhatFits();
     [[nodiscard]] int neededWidth() const;
 
     QHBoxLayout* m_row;
@@ -63,12 +73,16 @@ private:
     QLabel* m_count;
     QLabel* m_zoom;
     QLineEdit* m_sought;
-    /// Groups whose captions are hidden together, the first group first.
-    std::vector<std::vector<ActionButton*>> m_captioned;
+    CommandButton* m_more = nullptr; ///< Opens the menu; there only while something is in it.
+    std::vector<QWidget*> m_ends, m_zooms, m_fits, m_saving; ///< What moves into the menu together.
+    std::vector<QWidget*> m_foldable; ///< All of these.
+    std::vector<ActionButton*> m_captioned;
+    std::vector<std::pair<ActionButton*, QAction*>> m_buttons; ///< In the order of the row.
+    std::vector<std::function<void()>> m_steps; ///< Each makes the row narrower than the one before.
     std::vector<QWidget*> m_order;
     int m_current = 0;
     qsizetype m_digits = 0; ///< The number of digits for which the page number has room.
-    int m_leastWidth = 0; ///< Without captions.
+    int m_leastWidth = 0; ///< After all steps.
 };
 
 } // namespace lorvan

@@ -18,11 +18,14 @@
 #include "users/user_accounts.h"
 #include "users/user_maintenance.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -72,7 +75,7 @@ Login::Login(BookFiles files, KeyRing& keys, const Clock& clock)
     top->addWidget(nameStrip());
     top->addLayout(signInForm(), 1);
 
-    m_maintenance = maintenanceArea(clock);
+    m_maintenance = scrolling(maintenanceArea(clock));
     auto* const rows = new QVBoxLayout(this);
     rows->setContentsMargins({});
     rows->setSpacing(0);
@@ -149,6 +152,21 @@ QLayout* Login::signInForm()
     grid->addWidget(password, 2, 1);
     grid->addWidget(end, 2, 2);
     return grid;
+}
+
+/// On a small screen the lower part scrolls, and follows the focus.
+QScrollArea* Login::scrolling(QWidget* part)
+{
+    auto* const area = new QScrollArea(this);
+    area->setWidget(part);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    connect(qApp, &QApplication::focusChanged, area, [area](QWidget*, QWidget* now) {
+        if (area->isAncestorOf(now))
+            area->ensureWidgetVisible(now);
+    });
+    return area;
 }
 
 QWidget* Login::maintenanceArea(const Clock& clock)
@@ -237,13 +255,22 @@ void Login::connectUsers()
     });
 }
 
+/// With room for the scroll bar where the screen is too low for all of it.
+QSize Login::enlarged() const
+{
+    const QSize part = m_maintenance->widget()->minimumSizeHint();
+    const int height = std::max(enlargedHeight, compactHeight + part.height());
+    const int bar = height > roomFor(this).height() ? m_maintenance->verticalScrollBar()->sizeHint().width() : 0;
+    return {std::max(windowWidth, part.width()) + bar, height};
+}
+
 void Login::setSize(Size size)
 {
     m_maintenance->setVisible(size == Size::Enlarged);
-    const int height = size == Size::Enlarged ? enlargedHeight : compactHeight;
+    const QSize wanted = size == Size::Enlarged ? enlarged() : QSize(windowWidth, compactHeight);
     setMinimumSize(0, 0);
     layout()->activate();
-    sizeWithin(this, {windowWidth, height});
+    sizeWithin(this, wanted);
     keepOnWorkArea(this);
 }
 

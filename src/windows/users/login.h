@@ -8,6 +8,7 @@
 #include <QDialog>
 
 class QLayout;
+class QScrollArea;
 
 namespace lorvan {
 
@@ -47,6 +48,7 @@ private:
     QWidget* nameStrip();
     QLayout* signInForm();
     QWidget* maintenanceArea(const Clock& clock);
+    QScrollArea* scrolling(QWidget* part);
     void addUserCommands(QWidget* parent);
     void addAdministrationCommands(QWidget* parent);
     EntryField* addField(int index, QWidget* parent, const QString& name, const QString& tip);
@@ -57,6 +59,7 @@ private:
     void connectCommands();
     void connectUsers();
 
+    [[nodiscard]] QSize enlarged() const;
     void setSize(Size size);
     void signInAsTyped();
 
@@ -68,7 +71,7 @@ private:
     UserMaintenance* m_users = nullptr;
     AdministrationRow* m_administration = nullptr;
     AdministratorTools* m_tools = nullptr;
-    QWidget* m_maintenance;
+    QScrollArea* m_maintenance;
 };
 
 } // namespace lorvan

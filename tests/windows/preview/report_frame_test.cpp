@@ -222,6 +222,7 @@ TEST_F(ReportFrame, keysAndButtonsTurnThePages)
 TEST_F(ReportFrame, sizeChangesByKeysWheelAndFit)
 {
     openComplete(4 * rowsOnAPage);
+    frame->resize(1000, 600);
     view().goToPage(2);
     user->press(Qt::Key_Plus, Qt::ControlModifier);
     EXPECT_EQ(zoom(), "110 %");
@@ -236,6 +237,27 @@ TEST_F(ReportFrame, sizeChangesByKeysWheelAndFit)
     frame->resize(frame->size() + QSize(120, 0));
     EXPECT_TRUE(comesTrue([&] { return zoom() != before; }));
     EXPECT_EQ(view().horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(ReportFrame, toolsThatDoNotFitMoveIntoAMenu)
+{
+    openComplete(1);
+    const QSize first = frame->size();
+    for (const int width : {1000, 683, 600}) {
+        frame->resize(width, 400);
+        const bool folds = width < 1000;
+        EXPECT_TRUE(comesTrue([&] { return user->find("more").isVisible() == folds; })) << width;
+        EXPECT_EQ(button("fitPage").isHidden(), folds);
+        for (const char* const last : {"menu(20)", "menu(30)"})
+            EXPECT_TRUE(button(last).findChild<QLabel*>()->isVisible()) << width << last;
+        if (!folds)
+            continue;
+        user->click(button("more"));
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        EXPECT_TRUE(QApplication::activePopupWidget()->actions().contains(&action("fitPage")));
+        QApplication::activePopupWidget()->close();
+    }
+    frame->resize(first); // which is remembered
 }
 
 TEST_F(ReportFrame, theMouseDoesMoreWhereTheDocumentAsksForIt)
