@@ -120,6 +120,7 @@ std::vector<KeyEntry> figureKeys()
         listed(Picture, QStringLiteral("Left Right"), QStringLiteral("σημειώνει το προηγούμενο, το επόμενο")),
         listed(Picture, QStringLiteral("Return"),
             QStringLiteral("ανοίγει το σημειωμένο: τους μήνες, τις ημέρες, το ταμείο της ημέρας, την καρτέλα")),
+        listed(Picture, QStringLiteral("Alt+Left"), QStringLiteral("πίσω: από τις ημέρες στους μήνες")),
         listed(Picture, QStringLiteral("Ctrl+P Esc"), QStringLiteral("προεπισκόπηση· κλείνει το παράθυρο")),
         listed(Card, QStringLiteral("Left Right"), QStringLiteral("ο προηγούμενος, ο επόμενος μήνας")),
         listed(Card, QStringLiteral("Return"), QStringLiteral("στις κινήσεις του μήνα· εκεί, στην ημέρα της κίνησης")),

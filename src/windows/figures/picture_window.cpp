@@ -155,6 +155,9 @@ void PictureWindow::connectControls()
     m_gate.connect(m_printing, {}, [this] { m_print(m_request, this); });
     m_gate.connect(m_close, {}, [this] { hide(); });
     connect(new QShortcut(QKeySequence::Print, this), &QShortcut::activated, m_printing, &CommandButton::click);
+    auto* const back = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Left), this);
+    back->setAutoRepeat(false);
+    connect(back, &QShortcut::activated, this, m_gate.quick(this, &PictureWindow::goBack));
     connect(m_chart, &ChartView::placeMarked, m_table, &FigureTable::select);
     connect(m_table, &FigureTable::rowSelected, m_chart, &ChartView::mark);
     connect(m_chart, &ChartView::placeChosen, this, m_gate.quick(this, &PictureWindow::choose));
@@ -237,10 +240,20 @@ void PictureWindow::choose(int place)
     }
     if (row >= m_picture.days.size())
         return;
+    m_origins.push_back(m_request);
     PictureRequest request = m_request;
     request.span =
         spanWith(m_picture.days[row], m_shown.span.step == FigureStep::Year ? FigureStep::Month : FigureStep::Day);
     ask(request);
+}
+
+void PictureWindow::goBack()
+{
+    if (m_origins.empty())
+        return;
+    const PictureRequest origin = m_origins.back();
+    m_origins.pop_back();
+    ask(origin);
 }
 
 void PictureWindow::hideEvent(QHideEvent* event)

@@ -19,7 +19,8 @@ class FigureTable;
 class ThemedLabel;
 
 /// The window "Εικόνα του βιβλίου": balance, income and expense by day, week, month or year, by group, and the largest
-/// codes, drawn and as a table. It only reads. Stands beside the main window; Escape closes it.
+/// codes, drawn and as a table. It only reads. Stands beside the main window; Alt+Left leads from days back to the
+/// months they were chosen from, Escape closes it.
 class PictureWindow : public QDialog {
     Q_OBJECT
 
@@ -56,12 +57,14 @@ private:
     void read();
     void showPicture(const BookPicture& picture);
     void choose(int place);
+    void goBack();
 
     const Clock m_clock;
     const Print m_print;
     const ActionGate m_gate;
     BookReader m_reader;
     PictureRequest m_request;
+    std::vector<PictureRequest> m_origins; ///< Of the spans that were chosen in the picture, the last one at the end.
     PictureRequest m_shown; ///< What the picture answers.
     BookPicture m_picture;
     QComboBox* m_subject;

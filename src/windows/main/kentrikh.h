@@ -208,6 +208,7 @@ private:
         QPointer<QWidget> window;
         QDate day; ///< That was shown before,
         QDate shown; ///< and the one shown instead.
+        int tab = 0; ///< Whose page was shown before.
     };
     std::vector<Origin> m_origins; ///< Of the movements that were gone to, the last one at the end.
     QDate m_closedDay; ///< The last one that was closed here.

@@ -63,12 +63,13 @@ void Kentrikh::copyMovement(qint64 key, CopyDay copyDay, QWidget* from)
 /// On another page the tab is changed first, with the checks of that page.
 bool Kentrikh::leaveFor(QDate day, QWidget* from)
 {
+    const int tabBefore = m_tab;
     m_band->tabs()->setCurrentIndex(tab::cashBook);
     if (m_tab != tab::cashBook || m_closed || !m_entryPage->leaveAll() || m_closed)
         return false;
     if (m_origins.size() == mostOrigins)
         m_origins.erase(m_origins.begin());
-    m_origins.push_back({from, m_entryPage->day(), day});
+    m_origins.push_back({from, m_entryPage->day(), day, tabBefore});
     from->hide();
     activateWindow();
     return true;
@@ -98,7 +99,7 @@ void Kentrikh::followLine(const RowSubject& subject, QWidget* preview)
     });
 }
 
-/// The day that was shown before comes back only if the user has not gone on to another one.
+/// The day and tab that were shown before come back only if the user has not gone on to others.
 void Kentrikh::goBack()
 {
     if (m_origins.empty())
@@ -111,6 +112,10 @@ void Kentrikh::goBack()
                 return;
         }
         m_origins.pop_back();
+        if (m_tab == tab::cashBook && m_entryPage->day() == origin.day)
+            m_band->tabs()->setCurrentIndex(origin.tab);
+        if (m_closed)
+            return;
         const auto* const preview = qobject_cast<Ektypvsh*>(origin.window.data());
         if (!origin.window || (preview && !preview->isOpen()))
             return;

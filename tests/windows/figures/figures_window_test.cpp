@@ -56,6 +56,12 @@ TEST_F(FiguresWindowTest, ThePictureLeadsFromTheYearToTheDay)
     EXPECT_TRUE(chart.accessibleDescription().contains("Έσοδα: 50,00")) << chart.accessibleDescription().toStdString();
     there.press(Qt::Key_Return);
     ASSERT_TRUE(comesTrue([&] { return row(picture, "figures", 0).startsWith("1-3-2024"); }));
+    there.press(Qt::Key_Left, Qt::AltModifier);
+    ASSERT_TRUE(comesTrue([&] { return row(picture, "figures", 2).startsWith("Μάρτιος 2024"); }));
+    for (int step = 0; step < 3; ++step)
+        there.press(Qt::Key_Right);
+    there.press(Qt::Key_Return);
+    ASSERT_TRUE(comesTrue([&] { return row(picture, "figures", 0).startsWith("1-3-2024"); }));
     there.press(Qt::Key_PageUp);
     ASSERT_TRUE(comesTrue([&] { return row(picture, "figures", 14) == "15-2-2024|0,00|12,00|-12,00|0,00|0,00|"; }))
         << row(picture, "figures", 14).toStdString();

@@ -99,8 +99,13 @@ TEST_F(OriginsTest, aLineOfAReportLeadsToItsMovementAndTheReportComesBack)
     user().press(Qt::Key_Left, Qt::AltModifier);
     EXPECT_TRUE(report->isVisible());
     EXPECT_EQ(user().field(date).text(), "15-03-2024");
+    selectTab(PrintingTab);
     follow({RowSubject::Kind::Day, 20240314});
     EXPECT_EQ(user().field(date).text(), "14-03-2024");
+    EXPECT_EQ(tabs().currentIndex(), CashTab);
+    user().press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(tabs().currentIndex(), PrintingTab);
+    follow({RowSubject::Kind::Day, 20240314});
     report->unload();
     user().press(Qt::Key_Left, Qt::AltModifier);
     EXPECT_FALSE(report->isVisible()) << "closed for good";
