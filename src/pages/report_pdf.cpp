@@ -2,6 +2,7 @@
 
 #include "platform/files/durable_files.h"
 #include "platform/files/file.h"
+#include "platform/work_watch.h"
 #include "report_pages.h"
 
 #include <QBuffer>
@@ -127,6 +128,7 @@ PageOutcome savePdf(ReportPages& pages, const QString& path, const PageProgress&
     buffer.open(QIODevice::WriteOnly);
     if (writePdf(pages, buffer, progress) == PageOutcome::Cancelled)
         return PageOutcome::Cancelled;
+    decideOrGiveUp();
     try {
         replaceFile(path, buffer.data(), FileAccess::Umask);
     } catch (const FileError& error) {

@@ -48,7 +48,7 @@ public:
     const QString& title, QIODevice& device, const PageProgress& progress);
 
 /// The first one into a file, which is written completely or not at all: after cancelling or failing, an earlier file
-/// of that name is unchanged. Throws PageOutputError with the system's message.
+/// of that name is unchanged. Throws PageOutputError with the system's message, and GivenUp: see decideOrGiveUp().
 [[nodiscard]] PageOutcome savePdf(ReportPages& pages, const QString& path, const PageProgress& progress);
 
 } // namespace lorvan

@@ -6,6 +6,7 @@
 #include "book/book_files.h"
 #include "platform/files/work_folder.h"
 #include "platform/stop_check.h"
+#include "platform/work_watch.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -150,10 +151,13 @@ CopyEffort makeBackup(const BookFiles& book, const Folder& folder, const QString
     removeUnfinishedBackups(folder);
     try {
         return asCopy([&] {
+            beginStep(QStringLiteral("Αντιγράφεται το βιβλίο…"));
             UnfinishedBackup backup(folder, name);
             const CopyEffort effort = copyBook(book, backup.staging(), keys);
             backup.pack();
+            beginStep(QStringLiteral("Ανοίγεται ξανά και ελέγχεται το αντίγραφο…"));
             backup.prove(keys);
+            decideOrGiveUp();
             backup.complete();
             return effort;
         });
@@ -167,18 +171,21 @@ CopyEffort makeBackup(const BookFiles& book, const Folder& folder, const QString
 }
 
 CopyEffort makeBackup(
-    const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys, const BackupProgress& progress)
+    const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys, const StepProgress& progress)
 {
     constexpr qint64 megabyte = 1 << 20;
     constexpr qint64 passes = 5; // two that copy, packing, unpacking and, roughly, the proof
     const qint64 size = QFileInfo(book.mainDatabase()).size() + QFileInfo(book.auxiliaryDatabase()).size();
     const qint64 all = (size / megabyte + 1) * passes;
     qint64 done = 0;
-    const StopCheck counting([&] { return progress(std::min(++done, all), all); });
+    const StopCheck counting([&] {
+        progress(std::min(++done, all), all);
+        return true;
+    });
     return makeBackup(book, folder, name, keys);
 }
 
-QString makeBackupByHand(const BookFiles& book, KeyRing& keys, const QDateTime& now, const BackupProgress& progress)
+QString makeBackupByHand(const BookFiles& book, KeyRing& keys, const QDateTime& now, const StepProgress& progress)
 {
     const Folder folder = openBackupFolder(book);
     const QString name = backupName(folder, BackupKind::ByHand, now);

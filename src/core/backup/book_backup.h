@@ -2,11 +2,10 @@
 
 #include "backup/steady_copy.h"
 #include "platform/files/folder.h"
+#include "platform/work.h"
 
 #include <QDateTime>
 #include <QString>
-
-#include <functional>
 
 namespace lorvan {
 
@@ -34,14 +33,14 @@ void removeUnfinishedBackups(const Folder& folder) noexcept;
 /// owner may read it. Meanwhile it needs disk space of twice the book's size. If the disk does not confirm the file's
 /// name, noteUnconfirmed() is called.
 /// Throws BookCopyFailed, also if a file of that name exists, SqlError if the book cannot be read, and GivenUp if a
-/// StopCheck says no, which is asked after every megabyte; nothing is left behind then.
+/// StopCheck says no, which is asked after every megabyte, or before the file gets its name; nothing is left behind
+/// then.
 CopyEffort makeBackup(const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys);
-/// The same, telling how far it is: after each megabyte, about how many of how many. Gives up when it returns false.
-using BackupProgress = std::function<bool(qint64 done, qint64 all)>;
+/// The same, telling how far it is: after each megabyte, about how many of how many.
 CopyEffort makeBackup(
-    const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys, const BackupProgress& progress);
+    const BookFiles& book, const Folder& folder, const QString& name, KeyRing& keys, const StepProgress& progress);
 /// A backup by hand in the folder "backup", which is made if it is missing. Returns its path.
-QString makeBackupByHand(const BookFiles& book, KeyRing& keys, const QDateTime& now, const BackupProgress& progress);
+QString makeBackupByHand(const BookFiles& book, KeyRing& keys, const QDateTime& now, const StepProgress& progress);
 /// The first one for a path given by the user.
 CopyEffort makeBackup(const BookFiles& book, const QString& path, KeyRing& keys);
 

@@ -1,15 +1,19 @@
 #include "backup/second_place.h"
 
+#include "backup/book_backup.h"
 #include "backup/copy_writing.h"
 #include "book/book_files.h"
 #include "platform/files/work_folder.h"
 #include "platform/stop_check.h"
 #include "platform/work.h"
+#include "platform/work_watch.h"
 
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace lorvan {
@@ -72,6 +76,7 @@ void copyInto(const Folder& folder, const QString& name, File& backup)
         if (!isSame(backup, copy))
             throw BookCopyFailed(folder.pathOf(name), QStringLiteral("δεν διαβάζεται όπως γράφτηκε."));
     }
+    decideOrGiveUp();
     work.folder().rename(copyName, folder, name);
     folder.confirm();
 }
@@ -128,6 +133,7 @@ void SecondPlace::choose(const QString& folder) const
 void copyBackup(const QString& backup, const QString& folder)
 {
     const QFileInfo file(backup);
+    beginStep(QStringLiteral("Γράφεται και το δεύτερο αντίγραφο…"));
     try {
         asCopy([&] {
             File from = Folder(file.absolutePath()).open(file.fileName(), Folder::Opening::Read);
@@ -140,6 +146,36 @@ void copyBackup(const QString& backup, const QString& folder)
     } catch (const LockRefused& refusal) {
         throw BookCopyFailed(folder, QString::fromUtf8(refusal.what()));
     }
+}
+
+MadeBackup makeBackups(
+    const BookFiles& book, KeyRing& keys, const QDateTime& now, const SecondPlace& second, const StepProgress& progress)
+{
+    MadeBackup backup;
+    const bool isSecondThere = second.isThere();
+    {
+        std::optional<PartOfWork> first;
+        if (isSecondThere)
+            first.emplace(QStringLiteral("Γράφεται και ελέγχεται το αντίγραφο…"));
+        backup.path = makeBackupByHand(book, keys, now, progress);
+    }
+    if (!isSecondThere)
+        return backup;
+    const qint64 whole = (QFileInfo(backup.path).size() / megabyte + 1) * 2; // written and read back
+    qint64 done = 0;
+    const StopCheck counting([&] {
+        progress(std::min(++done, whole), whole);
+        return true;
+    });
+    try {
+        copyBackup(backup.path, second.folder());
+        backup.second = second.folder();
+    } catch (const BookCopyFailed& failure) {
+        backup.trouble = QString::fromUtf8(failure.what());
+    } catch (const GivenUp&) {
+        backup.isSecondGivenUp = true;
+    }
+    return backup;
 }
 
 void removeBackups(const QStringList& names, const QString& folder) noexcept

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "platform/files/settings_store.h"
+#include "platform/work.h"
 
+#include <QDateTime>
 #include <QString>
 
 namespace lorvan {
 
 class BookFiles;
+class KeyRing;
 
 /// A folder on another disk or a stick into which a book's backups are copied as well. The user's settings remember it,
 /// for each book its own.
@@ -33,6 +36,19 @@ private:
 /// Throws BookCopyFailed, also if another one has the name, and GivenUp if a StopCheck says no; nothing is left behind
 /// then.
 void copyBackup(const QString& backup, const QString& folder);
+
+struct MadeBackup {
+    QString path;
+    QString second; ///< The folder that it was copied into.
+    QString trouble; ///< Why it could not be copied.
+    bool isSecondGivenUp = false;
+};
+
+/// A backup by hand in the book's folder "backup" and, if the second place is there, its copy. The backup exists,
+/// whatever becomes of the copy; with a second place the work can be given up until the copy gets its name. Throws like
+/// makeBackupByHand().
+[[nodiscard]] MadeBackup makeBackups(const BookFiles& book, KeyRing& keys, const QDateTime& now,
+    const SecondPlace& second, const StepProgress& progress);
 
 /// Removes those backups from another folder; what cannot be removed stays.
 void removeBackups(const QStringList& names, const QString& folder) noexcept;

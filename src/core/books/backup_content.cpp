@@ -50,7 +50,7 @@ QStringList checkLines(const BookFindings& findings)
 
 } // namespace
 
-BackupContent lookIntoBackup(const QString& backup, const BookFiles& place, const RestoreProgress& progress)
+BackupContent lookIntoBackup(const QString& backup, const BookFiles& place, const StepProgress& progress)
 {
     const auto restored = unpackBackup(backup, place, progress);
     const QFileInfo file(backup);

@@ -18,8 +18,7 @@ struct BackupContent {
 
 /// Unpacks a backup into a hidden folder in the place where its book would go, proves and checks it, and removes it
 /// again; nothing else changes there. The path is absolute. A StopCheck may end it. Throws like RestoredBook.
-[[nodiscard]] BackupContent lookIntoBackup(
-    const QString& backup, const BookFiles& place, const RestoreProgress& progress);
+[[nodiscard]] BackupContent lookIntoBackup(const QString& backup, const BookFiles& place, const StepProgress& progress);
 
 /// The content in words, line by line; the findings of the check come last. `heading` is the book's name; empty if it
 /// is not known, since a backup does not hold it.

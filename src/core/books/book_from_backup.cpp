@@ -12,8 +12,7 @@
 
 namespace lorvan {
 
-std::unique_ptr<RestoredBook> unpackBackup(
-    const QString& backup, const BookFiles& book, const RestoreProgress& progress)
+std::unique_ptr<RestoredBook> unpackBackup(const QString& backup, const BookFiles& book, const StepProgress& progress)
 {
     beginStep(QStringLiteral("Ξεπακετάρεται και ελέγχεται το αντίγραφο…"));
     constexpr qint64 megabyte = 1 << 20;
@@ -21,20 +20,20 @@ std::unique_ptr<RestoredBook> unpackBackup(
     const qint64 whole = (QFileInfo(backup).size() / megabyte + 1) * passes;
     qint64 done = 0;
     const StopCheck showing([&] {
-        progress(RestoreStep::Unpacking, ++done, whole);
+        progress(++done, whole);
         return true;
     });
     return std::make_unique<RestoredBook>(backup, book);
 }
 
 std::optional<BookCheck> checkRestored(
-    const RestoredBook& restored, const RestoreProgress& progress, const std::function<void(Connection& book)>& look)
+    const RestoredBook& restored, const StepProgress& progress, const std::function<void(Connection& book)>& look)
 {
-    beginStep(QStringLiteral("Ελέγχονται οι κινήσεις του αντιγράφου…"));
+    const PartOfWork part(QStringLiteral("Ελέγχονται οι κινήσεις του αντιγράφου…"));
     try {
         OpenedBook book(restored.staged().dataFolder());
-        auto check = checkContent(book.connection(),
-            [&](std::int64_t done, std::int64_t whole) { progress(RestoreStep::Checking, done, whole); });
+        auto check =
+            checkContent(book.connection(), [&](std::int64_t done, std::int64_t whole) { progress(done, whole); });
         if (look)
             look(book.connection());
         return check;
@@ -49,7 +48,7 @@ bool holdsBook(const BookFiles& book)
 }
 
 BookFromBackup restoreBook(
-    const QString& backup, const BookFiles& book, const Authority& authority, const RestoreProgress& progress)
+    const QString& backup, const BookFiles& book, const Authority& authority, const StepProgress& progress)
 {
     finishRestore(book);
     std::optional<ClaimedMarker> marker;

@@ -19,20 +19,15 @@ class RestoredBook;
 /// Whether one of a book's two databases is in its folder.
 [[nodiscard]] bool holdsBook(const BookFiles& book);
 
-enum class RestoreStep {
-    Unpacking, ///< Counted in megabytes, roughly twice the size of the backup.
-    Checking, ///< Counted in movements.
-};
-using RestoreProgress = std::function<void(RestoreStep step, qint64 done, qint64 whole)>;
-
-/// Unpacks and proves a backup in the place where its book will go. Throws like RestoredBook.
+/// Unpacks and proves a backup in the place where its book will go. Counts megabytes, roughly twice the size of the
+/// backup. Throws like RestoredBook.
 [[nodiscard]] std::unique_ptr<RestoredBook> unpackBackup(
-    const QString& backup, const BookFiles& book, const RestoreProgress& progress);
+    const QString& backup, const BookFiles& book, const StepProgress& progress);
 
 /// Checks the unpacked book; `look`, if there is one, then reads what else is wanted of it, both databases on one
 /// connection. No value, and no look, for a book of an older schema version. Throws SqlError.
-[[nodiscard]] std::optional<BookCheck> checkRestored(const RestoredBook& restored, const RestoreProgress& progress,
-    const std::function<void(Connection& book)>& look = {});
+[[nodiscard]] std::optional<BookCheck> checkRestored(
+    const RestoredBook& restored, const StepProgress& progress, const std::function<void(Connection& book)>& look = {});
 
 struct BookFromBackup {
     std::optional<BookCheck> check; ///< Of the book in the backup; no value if it is of an older schema version.
@@ -43,6 +38,6 @@ struct BookFromBackup {
 /// marker is held. A StopCheck may end it until then. The path of the backup is absolute, and the caller has asked
 /// whether a book may be replaced. Throws Refused, also if somebody works with that book, and like RestoredBook.
 [[nodiscard]] BookFromBackup restoreBook(
-    const QString& backup, const BookFiles& book, const Authority& authority, const RestoreProgress& progress);
+    const QString& backup, const BookFiles& book, const Authority& authority, const StepProgress& progress);
 
 } // namespace lorvan

@@ -10,6 +10,7 @@
 #include "platform/files/file.h"
 #include "platform/stop_check.h"
 #include "platform/work.h"
+#include "platform/work_watch.h"
 #include "proof/opening_balance.h"
 #include "users/user_accounts.h"
 
@@ -159,7 +160,7 @@ void makeBook(const NewBookDraft& draft, const Clock& clock)
 {
     NewBook made(draft.folder);
     fillHidden([&] { fill(made.book(), draft, Authority::administrator(clock)); });
-    continueOrGiveUp();
+    decideOrGiveUp();
     made.keep();
 }
 
@@ -168,7 +169,7 @@ void makeSampleBook(const QString& folder, QDate today, std::uint64_t seed)
     NewBook made(folder);
     continueOrGiveUp();
     fillHidden([&] { fillDemoBook(made.book(), today, seed); });
-    continueOrGiveUp();
+    decideOrGiveUp();
     made.keep();
 }
 

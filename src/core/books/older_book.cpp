@@ -5,6 +5,7 @@
 #include "legacy/legacy_book.h"
 #include "legacy/legacy_store.h"
 #include "platform/stop_check.h"
+#include "platform/work_watch.h"
 
 #include <QFileInfo>
 
@@ -64,19 +65,22 @@ OlderBookDamaged::OlderBookDamaged(const QString& damage, const QString& readabl
 ImportTally importOlderBook(
     const LegacyFiles& files, const QString& target, JetDamage& damage, const StepProgress& progress)
 {
+    beginStep(QStringLiteral("Διαβάζεται το παλιό βιβλίο…"));
     const LegacyBook legacy = readOlder(files, damage);
     NewBook made(target);
     const auto whole = static_cast<qint64>(legacy.rowCount());
+    beginStep(QStringLiteral("Γράφεται το νέο βιβλίο…"));
     fillHidden([&] {
         storeLegacyBook(legacy, made.book(), [&](std::uint64_t stored) {
             continueOrGiveUp();
             progress(static_cast<qint64>(stored), whole);
         });
     });
+    beginStep(QStringLiteral("Συγκρίνεται το νέο βιβλίο με το παλιό…"));
     ImportTally tally(legacy, made.book());
     if (!tally.agrees())
         throw Refused(QStringLiteral("Το νέο βιβλίο δεν συμφωνεί με το παλιό. Δεν άλλαξε τίποτα."));
-    continueOrGiveUp();
+    decideOrGiveUp();
     made.keep();
     return tally;
 }

@@ -8,6 +8,7 @@
 #include "export/table_export.h"
 #include "movements/movement_store.h"
 #include "platform/files/new_folder.h"
+#include "platform/work_watch.h"
 
 #include <QFile>
 
@@ -155,7 +156,9 @@ void Export::writeWorkbook()
 QStringList exportBook(
     const BookFiles& book, KeyRing& keys, const NewFolder& folder, Passwords passwords, const StepProgress& progress)
 {
+    beginStep(QStringLiteral("Αντιγράφεται το βιβλίο…"));
     const BookState state(book, keys, folder.filePath(QStringLiteral(".book")), progress);
+    beginStep(QStringLiteral("Γράφονται τα αρχεία CSV και XLSX…"));
     return Export(state, folder, passwords, progress).run();
 }
 

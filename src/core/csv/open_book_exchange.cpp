@@ -20,11 +20,8 @@ const QString importing = QStringLiteral("Διαβάζονται και μπαί
 
 void backUp(const BookFiles& book, KeyRing& keys, const Authority& authority, const StepProgress& progress)
 {
-    beginStep(QStringLiteral("Γίνεται αντίγραφο ασφαλείας…"));
-    (void)makeBackupByHand(book, keys, authority.now(), [&progress](qint64 done, qint64 all) {
-        progress(done, all);
-        return true; // whoever gives up is asked itself
-    });
+    const PartOfWork part(QStringLiteral("Γίνεται αντίγραφο ασφαλείας…"));
+    (void)makeBackupByHand(book, keys, authority.now(), progress);
 }
 
 } // namespace

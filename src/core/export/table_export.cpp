@@ -5,6 +5,7 @@
 #include "platform/files/durable_files.h"
 #include "platform/files/file.h"
 #include "platform/files/system_reason.h"
+#include "platform/work_watch.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -111,6 +112,7 @@ bool saveTable(const ReportDocument& document, const QString& path, TableFormat 
     const auto write = format == TableFormat::Csv ? writeCsv : writeXlsx;
     if (!write(document, buffer, progress))
         return false;
+    decideOrGiveUp();
     try {
         replaceFile(path, buffer.data(), FileAccess::Umask);
     } catch (const FileError& error) {

@@ -49,7 +49,7 @@ public:
 
 /// Writes a report as a table: header, paragraphs, titles and rows in their order, without empty ones. Returns false if
 /// it was cancelled. The file replaces an earlier one of that name only once it is complete. May be called in any
-/// thread. Throws TableExportError.
+/// thread. Throws TableExportError, and GivenUp: see decideOrGiveUp().
 [[nodiscard]] bool saveTable(
     const ReportDocument& document, const QString& path, TableFormat format, const ExportProgress& progress);
 

@@ -135,6 +135,7 @@ void Package::addDocuments(const DocumentBinding& bind)
     const ReportDocument sums = codeSumsReport(m_content, m_request.heading);
     add(sumsFile, QStringLiteral("τα σύνολα ανά κωδικό, για εκτύπωση"),
         bind({sums}, QStringLiteral("Σύνολα ανά κωδικό, ") + month).pdf);
+    const PartOfWork part(QStringLiteral("Γράφονται τα σύνολα του μήνα…"));
     const QString path = m_folder.pathOf(sumsTableFile);
     if (!saveTable(sums, path, TableFormat::Xlsx, [](int, int) { return StopCheck::goesOn(); }))
         throw GivenUp();

@@ -1,5 +1,7 @@
 #include "platform/work_pace.h"
 
+#include <algorithm>
+
 namespace lorvan {
 
 using namespace std::chrono_literals;
@@ -48,6 +50,23 @@ void WorkPace::note(qint64 done, qint64 whole, Time now)
         return;
     m_told = now;
     m_text = estimate(std::chrono::duration_cast<std::chrono::milliseconds>(now - m_begun));
+}
+
+std::optional<int> WorkPace::percent() const
+{
+    if (m_whole <= 0)
+        return std::nullopt;
+    const double part = static_cast<double>(m_done) / static_cast<double>(m_whole);
+    return static_cast<int>(std::clamp(part, 0.0, 1.0) * 100);
+}
+
+QString WorkPace::advance() const
+{
+    const auto share = percent();
+    if (!share)
+        return {};
+    const QString text = QStringLiteral("%1%").arg(*share);
+    return m_text.isEmpty() ? text : text + QStringLiteral(", ") + m_text;
 }
 
 QString WorkPace::estimate(std::chrono::milliseconds elapsed) const

@@ -3,10 +3,11 @@
 #include <QString>
 
 #include <chrono>
+#include <optional>
 
 namespace lorvan {
 
-/// How long work still takes, judged by how far it has come since its present step began.
+/// How far work is and how long it still takes, judged by how far it has come since its present step began.
 class WorkPace {
 public:
     using Time = std::chrono::steady_clock::time_point;
@@ -17,6 +18,10 @@ public:
     /// "ακόμη περίπου 2 λεπτά". Empty in the first seconds of a step, while hardly anything of it is done, when its end
     /// is not known, and once all of it is done. Changes at most once a second.
     [[nodiscard]] QString timeLeft() const { return m_text; }
+    /// From 0 to 100; no value when the end is not known.
+    [[nodiscard]] std::optional<int> percent() const;
+    /// "40%, ακόμη περίπου 2 λεπτά"; less, or nothing, when less is known.
+    [[nodiscard]] QString advance() const;
 
 private:
     [[nodiscard]] QString estimate(std::chrono::milliseconds elapsed) const;

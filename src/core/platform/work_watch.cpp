@@ -23,6 +23,16 @@ WorkWatch::~WorkWatch()
     current = m_outer;
 }
 
+PartOfWork::PartOfWork(const QString& activity)
+    : m_outer((beginStep(activity), std::exchange(current, nullptr)))
+{
+}
+
+PartOfWork::~PartOfWork()
+{
+    current = m_outer;
+}
+
 void beginStep(const QString& activity)
 {
     for (const WorkWatch* each = current; each; each = each->m_outer)

@@ -19,11 +19,25 @@ public:
     WorkWatch& operator=(const WorkWatch&) = delete;
 
 private:
+    friend class PartOfWork;
     friend void beginStep(const QString& activity);
     friend void decideOrGiveUp();
 
     std::function<void(const QString&)> m_begun;
     std::function<bool()> m_decides;
+    const WorkWatch* m_outer;
+};
+
+/// During its lifetime, what this thread does is one step of larger work: the watches that existed before are told
+/// `activity` alone, and are not asked by decideOrGiveUp(), since the larger work can still be given up.
+class PartOfWork {
+public:
+    explicit PartOfWork(const QString& activity);
+    ~PartOfWork();
+    PartOfWork(const PartOfWork&) = delete;
+    PartOfWork& operator=(const PartOfWork&) = delete;
+
+private:
     const WorkWatch* m_outer;
 };
 

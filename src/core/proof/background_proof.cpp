@@ -46,10 +46,20 @@ void BackgroundProof::run()
     const StopCheck stop([this] { return !m_isStopped; });
     try {
         Connection book = openBoth(m_book, m_keys, Connection::Access::ReadOnly);
-        tell([this, proof = proveBalancesAndSeals(book, m_pace)] { Q_EMIT ended(proof); });
+        const auto progress = [this](qint64 done, qint64 whole) {
+            QMetaObject::invokeMethod(
+                this, [this, done, whole] { advance(done, whole); }, Qt::QueuedConnection);
+        };
+        tell([this, proof = proveBalancesAndSeals(book, m_pace, progress)] { Q_EMIT ended(proof); });
     } catch (const std::exception& failure) {
         tell([this, reason = failureText(failure)] { Q_EMIT failed(reason); });
     }
+}
+
+void BackgroundProof::advance(qint64 done, qint64 whole)
+{
+    if (m_isUnderWay && !m_isRetired && done < whole)
+        Q_EMIT advanced(done, whole);
 }
 
 void BackgroundProof::end(const std::function<void()>& tell)

@@ -28,12 +28,15 @@ public:
     void retire();
 
 Q_SIGNALS:
+    /// The proof that is under way has read about so many rows of so many.
+    void advanced(qint64 done, qint64 whole);
     void ended(const lorvan::BalanceProof& proof);
     void failed(const QString& reason); ///< What failureText() says.
 
 private:
     void begin();
     void run();
+    void advance(qint64 done, qint64 whole);
     void end(const std::function<void()>& tell);
 
     BookFiles m_book;

@@ -36,6 +36,16 @@ MovementRows wholeRows()
         4, 5};
 }
 
+/// About the number of rows; 0 without such a table.
+std::int64_t greatestKey(Connection& book, const char* table, const char* key)
+{
+    constexpr std::int64_t mostRows = std::int64_t(1) << 40; // whatever key somebody has put in
+    if (!book.knowsTable(table))
+        return 0;
+    auto row = book.prepare(std::string("SELECT max(").append(key).append(") FROM ").append(table));
+    return row.step() ? std::clamp<std::int64_t>(row.integer(0), 0, mostRows) : 0;
+}
+
 bool isWrong(const AuditedDay& day)
 {
     return !day.row || !day.repeatedKeys.empty() || day.sumsWrong || day.balanceWrong;
@@ -70,6 +80,10 @@ public:
         return m_next == m_steps.size();
     }
 
+    [[nodiscard]] std::int64_t rowsRead() const { return m_proof.movements + m_seals.journalRows(); }
+    /// 0 until the movements are read.
+    [[nodiscard]] std::int64_t allRows() const { return m_allRows; }
+
     [[nodiscard]] BalanceProof result()
     {
         m_proof.seals = m_seals.seals();
@@ -89,6 +103,8 @@ public:
 private:
     bool readMovements(Deadline deadline)
     {
+        if (m_allRows == 0)
+            m_allRows = greatestKey(m_book, "kinhseis", "rowid") + greatestKey(m_book, "journal", "id");
         const MovementRows wanted = m_seals.seals() > 0 ? wholeRows() : amountRows();
         m_sums = nullptr;
         auto rows = m_book.prepare(wanted.sql);
@@ -139,6 +155,7 @@ private:
     SealReading m_seals;
     std::vector<std::function<bool(Deadline)>> m_steps;
     std::size_t m_next = 0;
+    std::int64_t m_allRows = 0;
     BalanceProof m_proof;
     SumsByDay m_sumsByDay;
     bool m_isTooLarge = false; ///< A sum is out of range.
@@ -151,12 +168,18 @@ private:
     ContentDigest* m_content = nullptr;
 };
 
-BalanceProof prove(Connection& book, const ProofPace& pace, ProofReading::Wanted wanted)
+BalanceProof prove(
+    Connection& book, const ProofPace& pace, ProofReading::Wanted wanted, const StepProgress& progress = {})
 {
     std::unique_ptr<ProofReading> reading;
     readInSlices(book, pace, [&]() -> ReadSlice {
         reading = std::make_unique<ProofReading>(book, wanted);
-        return [&reading](Deadline deadline) { return reading->readOn(deadline); };
+        return [&](Deadline deadline) {
+            const bool isAll = reading->readOn(deadline);
+            if (progress)
+                progress(reading->rowsRead(), reading->allRows());
+            return isAll;
+        };
     });
     return reading->result();
 }
@@ -173,9 +196,9 @@ BalanceProof proveBalances(Connection& main, const ProofPace& pace)
     return prove(main, pace, ProofReading::Wanted::Balances);
 }
 
-BalanceProof proveBalancesAndSeals(Connection& book, const ProofPace& pace)
+BalanceProof proveBalancesAndSeals(Connection& book, const ProofPace& pace, const StepProgress& progress)
 {
-    return prove(book, pace, ProofReading::Wanted::BalancesAndSeals);
+    return prove(book, pace, ProofReading::Wanted::BalancesAndSeals, progress);
 }
 
 } // namespace lorvan

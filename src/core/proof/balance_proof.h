@@ -2,6 +2,7 @@
 
 #include "audit/book_findings.h"
 #include "platform/engine/sliced_reading.h"
+#include "platform/work.h"
 
 namespace lorvan {
 
@@ -32,7 +33,8 @@ using ProofPace = SlicePace;
 
 /// The same for `book`, which has both databases, and in the same reading both chains, of the seals and of the journal,
 /// and what each sealed day holds. What the journal tells of movements in open days, of codes and groups is left to
-/// auditTrail(). Throws the same.
-[[nodiscard]] BalanceProof proveBalancesAndSeals(Connection& book, const ProofPace& pace = {});
+/// auditTrail(). After each slice `progress` is told about how many rows of how many were read. Throws the same.
+[[nodiscard]] BalanceProof proveBalancesAndSeals(
+    Connection& book, const ProofPace& pace = {}, const StepProgress& progress = {});
 
 } // namespace lorvan

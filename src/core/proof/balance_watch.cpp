@@ -16,6 +16,7 @@ BalanceWatch::BalanceWatch(const BookFiles& book, KeyRing& keys, Clock clock)
 {
     m_soon.setSingleShot(true);
     connect(&m_soon, &QTimer::timeout, this, &BalanceWatch::proveUnasked);
+    connect(&m_proof, &BackgroundProof::advanced, this, &BalanceWatch::advanced);
     connect(&m_proof, &BackgroundProof::ended, this, &BalanceWatch::end);
     connect(&m_proof, &BackgroundProof::failed, this, &BalanceWatch::failed);
 }

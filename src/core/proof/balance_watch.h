@@ -28,6 +28,7 @@ public:
     void retire();
 
 Q_SIGNALS:
+    void advanced(qint64 done, qint64 whole); ///< See BackgroundProof.
     void proved(const lorvan::LastProof& proof); ///< Now, or recently enough.
     void provedNow(); ///< After proved().
     void found(const lorvan::BalanceProof& proof);

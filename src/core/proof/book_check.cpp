@@ -10,6 +10,7 @@
 #include "platform/engine/steady_reading.h"
 #include "platform/engine/transaction.h"
 #include "platform/stop_check.h"
+#include "platform/work_watch.h"
 #include "proof/trail_audit.h"
 
 #include <QFile>
@@ -164,6 +165,7 @@ std::int64_t estimatedMovements(Connection& book)
 
 BookFindings checkFiles(Connection& book, const CheckProgress& progress)
 {
+    beginStep(QStringLiteral("Ελέγχονται τα αρχεία…"));
     BookFindings findings = checkSchemas(book);
     checkAccess(findings, book);
     if (findings.count(FindingKind::SchemaUnreadable) > 0)
@@ -191,9 +193,12 @@ BookCheck checkContent(Connection& book, const CheckProgress& progress)
     BookCheck check;
     readSteadily(book, [&] {
         const Transaction transaction(book, Transaction::View::Steady);
+        beginStep(QStringLiteral("Ελέγχονται οι κινήσεις…"));
         const CashAudit audit = auditCash(book, progress);
         check = {findingsOf(audit), totalsOf(book, audit.movements.totals)};
         check.findings.merge(auditRecords(book));
+        beginStep(QStringLiteral("Ελέγχονται το ημερολόγιο και οι σφραγίδες…"));
+        progress(0, 0);
         check.findings.merge(auditTrail(book).findings());
     });
     return check;

@@ -9,6 +9,7 @@
 #include "platform/engine/connection.h"
 #include "platform/engine/sql_error.h"
 #include "platform/engine/transaction.h"
+#include "platform/work_watch.h"
 #include "proof/book_check.h"
 
 #include <QJsonDocument>
@@ -166,6 +167,7 @@ BookRepair repairBook(
     Transaction transaction(book, authority, Transaction::Writing::Later);
     shutOutWriters(book);
     BookCopy copy(book, files, keys, authority.now());
+    beginStep(QStringLiteral("Διορθώνονται οι ημέρες ταμείου…"));
     const CashAudit audit = auditCash(book, progress);
     if (!audit.days)
         return repair;
@@ -178,6 +180,7 @@ BookRepair repairBook(
     record(book, authority, corrections);
     if (repair.keptDifferences > 0)
         keepDifferences(book, authority, audit.days->differences);
+    decideOrGiveUp();
     commit(transaction, copy);
     repair.mainCopy = copy.mainDatabase();
     repair.auxiliaryCopy = copy.auxiliaryDatabase();

@@ -6,6 +6,7 @@
 #include "platform/authority.h"
 #include "platform/engine/steady_reading.h"
 #include "platform/engine/transaction.h"
+#include "platform/work_watch.h"
 
 #include <QStringList>
 
@@ -47,8 +48,10 @@ BookRepair repairOpenBook(
     const BookFiles& book, KeyRing& keys, const Authority& authority, const CheckProgress& progress)
 {
     authority.require(Right::ModifyCash);
-    const Folder folder = openBackupFolder(book);
-    makeBackup(book, folder, backupName(folder, BackupKind::ByHand, authority.now()), keys);
+    {
+        const PartOfWork part(QStringLiteral("Γίνεται αντίγραφο ασφαλείας…"));
+        (void)makeBackupByHand(book, keys, authority.now(), progress);
+    }
     Connection both = openBoth(book, keys, Connection::Access::ReadWrite);
     return repairBook(both, book, keys, authority, progress);
 }

@@ -174,6 +174,11 @@ Notice correctedNotice(const std::vector<DayCorrection>& corrections)
         all.join(u'\n'), true, true};
 }
 
+QString provingText(const QString& advance)
+{
+    return QStringLiteral("Τα υπόλοιπα ελέγχονται στο παρασκήνιο: %1.").arg(advance);
+}
+
 QString provedText(const LastProof& proof)
 {
     return QStringLiteral("Τα υπόλοιπα συμφωνούν με τις κινήσεις: %1, %2, %3. Ελέγχθηκαν στις %4.")

@@ -21,6 +21,8 @@ namespace lorvan {
 [[nodiscard]] Notice correctedNotice(const std::vector<DayCorrection>& corrections);
 
 /// When balances and seals were proved, and on how many movements, days and seals.
+/// `advance` is what WorkPace says.
+[[nodiscard]] QString provingText(const QString& advance);
 [[nodiscard]] QString provedText(const LastProof& proof);
 /// Why they could not be proved.
 [[nodiscard]] QString notProvedText(const QString& reason);

@@ -59,14 +59,13 @@ bool SealReading::readJournal(Deadline deadline)
     if (!keepsJournal(m_book))
         return true;
     auto rows = selectJournal(m_book, "WHERE id>=? ORDER BY id");
-    int read = 0;
     for (rows.bind(m_nextRow); rows.step();) {
         const JournalRow row = journalRowIn(rows);
         m_pass->take(row);
         if (row.id == std::numeric_limits<std::int64_t>::max())
             return true;
         m_nextRow = row.id + 1;
-        if (++read % rowsBetweenLooks == 0 && isOver(deadline))
+        if (++m_journalRows % rowsBetweenLooks == 0 && isOver(deadline))
             return false;
     }
     return true;

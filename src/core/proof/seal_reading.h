@@ -32,6 +32,7 @@ public:
     [[nodiscard]] bool compareDays(Deadline deadline);
     [[nodiscard]] bool readJournal(Deadline deadline);
 
+    [[nodiscard]] std::int64_t journalRows() const { return m_journalRows; } ///< Read so far.
     [[nodiscard]] std::int64_t seals() const { return static_cast<std::int64_t>(m_seals.size()); }
     /// After the last step; none without any.
     [[nodiscard]] BookFindings findings(const CarriedBalances& balances) const;
@@ -53,6 +54,7 @@ private:
     std::vector<TrailFault> m_altered;
     std::vector<TrailFault> m_openings;
     std::optional<TrailPass> m_pass;
+    std::int64_t m_journalRows = 0;
     std::int64_t m_nextRow = std::numeric_limits<std::int64_t>::min(); ///< Of the journal.
 };
 

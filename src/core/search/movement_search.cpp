@@ -54,6 +54,7 @@ void MovementSearch::readSlice(Connection& main, State& state, SearchBatch& batc
         const SearchedRow row{
             rows.integer(2), rows.number(1), rows.currency(4), rows.currency(5), rows.boolean(6), rows.utf8(3)};
         const std::int64_t key = rows.integer(0);
+        state.greatest = std::max(state.greatest, key);
         if (m_match.accepts(row, state.counts))
             batch.add(
                 {key, static_cast<qint32>(row.day), row.code, row.income, row.expense, row.cheque, row.description});

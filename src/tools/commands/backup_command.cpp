@@ -23,11 +23,7 @@ void write(const BookFiles& book, const Folder& folder, const QString& name, con
 {
     KeyRing keys(bookPassword());
     ProgressBar bar(context, QStringLiteral("Αντίγραφο"));
-    const auto show = [&bar](qint64 done, qint64 all) {
-        bar.show(done, all);
-        return true;
-    };
-    makeBackup(book, folder, name, keys, show);
+    makeBackup(book, folder, name, keys, [&bar](qint64 done, qint64 whole) { bar.show(done, whole); });
 }
 
 ExitStatus backup(Arguments& arguments, const ToolContext& context)

@@ -1,8 +1,8 @@
 #include "support/command.h"
 
 #include "books/new_book.h"
+#include "platform/stop_check.h"
 #include "platform/work.h"
-#include "support/interruption.h"
 #include "users/user_accounts.h"
 
 #include <optional>
@@ -44,7 +44,7 @@ ExitStatus create(Arguments& arguments, const ToolContext& context)
             addUser(
                 made.book().auxiliary(), Authority::companion(context.clock), user->name, user->password, allRights);
         });
-    Interruption::throwIfCome();
+    continueOrGiveUp();
     made.keep();
 
     context.out << "Το νέο βιβλίο είναι έτοιμο στον φάκελο " << folder.toStdString() << '\n';

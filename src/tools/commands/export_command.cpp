@@ -3,7 +3,7 @@
 #include "book/opened_book.h"
 #include "csv/book_export.h"
 #include "platform/files/new_folder.h"
-#include "support/interruption.h"
+#include "platform/work_watch.h"
 #include "support/progress_bar.h"
 
 namespace lorvan {
@@ -19,14 +19,13 @@ ExitStatus exportTables(Arguments& arguments, const ToolContext& context)
 
     OpenedBook book(bookFolder);
     NewFolder folder(target);
-    QStringList files;
-    {
+    const QStringList staying = [&] {
         ProgressBar bar(context, QStringLiteral("Εξαγωγή"));
-        files = exportBook(
+        const QStringList files = exportBook(
             book.files(), book.keys(), folder, passwords, [&](qint64 done, qint64 whole) { bar.show(done, whole); });
-    }
-    Interruption::throwIfCome();
-    const QStringList staying = folder.keep(files);
+        decideOrGiveUp();
+        return folder.keep(files);
+    }();
     context.out << "Το βιβλίο γράφτηκε σε αρχεία CSV και XLSX στον φάκελο " << target.toStdString() << '\n';
     if (staying.isEmpty())
         return ExitStatus::Done;

@@ -9,7 +9,6 @@
 #include "platform/authority.h"
 #include "platform/work.h"
 #include "proof/opening_balance.h"
-#include "support/interruption.h"
 #include "support/progress_bar.h"
 
 namespace lorvan {
@@ -27,11 +26,9 @@ CsvImportOutcome import(OpenedBook& book, const QString& folder, ImportChoices c
         throw Refused(QStringLiteral("Το βιβλίο είναι μόνο για ανάγνωση. Δεν έγινε τίποτα."));
     ensureMainSchema(book.connection(), book.connection(), openingSteps());
     const Authority authority = Authority::companion(context.clock);
-    ProgressBar bar(context, QStringLiteral("Εισαγωγή"));
-    return importCsv(book.connection(), authority, folder, choices, [&bar](qint64 done, qint64 whole) {
-        Interruption::throwIfCome();
-        bar.show(done, whole);
-    });
+    ProgressBar bar(context, QStringLiteral("Διαβάζονται και μπαίνουν οι γραμμές…"));
+    return importCsv(
+        book.connection(), authority, folder, choices, [&bar](qint64 done, qint64 whole) { bar.show(done, whole); });
 }
 
 ExitStatus importCsvFiles(Arguments& arguments, const ToolContext& context)

@@ -11,25 +11,8 @@
 
 #include <QFileInfo>
 
-#include <optional>
-
 namespace lorvan {
 namespace {
-
-/// A bar for each step.
-RestoreProgress barsOn(const ToolContext& context, std::optional<ProgressBar>& bar)
-{
-    return [&context, &bar, shown = std::optional<RestoreStep>()](RestoreStep step, qint64 done, qint64 whole) mutable {
-        if (shown != step) {
-            bar.reset();
-            bar.emplace(context,
-                step == RestoreStep::Unpacking ? QStringLiteral("Έλεγχος αντιγράφου")
-                                               : QStringLiteral("Έλεγχος κινήσεων"));
-            shown = step;
-        }
-        bar->show(done, whole);
-    };
-}
 
 ExitStatus restore(Arguments& arguments, const ToolContext& context)
 {
@@ -46,17 +29,15 @@ ExitStatus restore(Arguments& arguments, const ToolContext& context)
             QStringLiteral("Στον φάκελο %1 υπάρχει ήδη βιβλίο. Με το --replace μπαίνει στη θέση του το αντίγραφο,"
                            " και το παλιό φυλάσσεται σε υποφάκελο.")
                 .arg(book.dataFolder()));
-    std::optional<ProgressBar> bar;
     BookFromBackup made;
     try {
-        made = restoreBook(
-            QFileInfo(backup).absoluteFilePath(), book, Authority::companion(context.clock), barsOn(context, bar));
+        ProgressBar bar(context, QStringLiteral("Επαναφορά"));
+        made = restoreBook(QFileInfo(backup).absoluteFilePath(), book, Authority::companion(context.clock),
+            [&bar](qint64 done, qint64 whole) { bar.show(done, whole); });
     } catch (const RestoreUnfinished& unfinished) {
-        bar.reset();
         context.errors << "lorvan-data: " << failureText(unfinished).toStdString() << '\n';
         return ExitStatus::Found;
     }
-    bar.reset();
     context.out << "Το βιβλίο επανήλθε στον φάκελο " << book.dataFolder().toStdString() << '\n';
     if (made.aside)
         context.out << "Τα αρχεία που ήταν εκεί φυλάσσονται στον φάκελο " << made.aside->toStdString() << '\n';

@@ -1,8 +1,7 @@
 #include "support/interruption.h"
 
-#include "platform/work.h"
-
 #include <array>
+#include <atomic>
 #include <csignal>
 
 namespace lorvan {
@@ -10,19 +9,27 @@ namespace {
 
 constexpr std::array endingSignals{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE};
 
-volatile std::sig_atomic_t signalHasCome = 0;
+enum State : int { Waiting, Come, Ignoring, ComeWhileIgnored };
+std::atomic<int> state = Waiting; // without a lock, as a signal handler needs it
+static_assert(std::atomic<int>::is_always_lock_free);
 std::array<struct sigaction, endingSignals.size()> before{};
+
+bool moveOn(int from, int to)
+{
+    return state.compare_exchange_strong(from, to);
+}
 
 void note(int)
 {
-    signalHasCome = 1;
+    moveOn(Waiting, Come);
+    moveOn(Ignoring, ComeWhileIgnored);
 }
 
 } // namespace
 
 Interruption::Interruption()
 {
-    signalHasCome = 0;
+    state = Waiting;
     struct sigaction noting { };
     noting.sa_handler = note;
     sigemptyset(&noting.sa_mask);
@@ -41,18 +48,23 @@ Interruption::~Interruption()
 
 bool Interruption::hasCome()
 {
-    return signalHasCome != 0;
+    return state == Come;
+}
+
+bool Interruption::ignoreFromNow()
+{
+    return moveOn(Waiting, Ignoring) || state == Ignoring || state == ComeWhileIgnored;
+}
+
+void Interruption::countAgain()
+{
+    if (!moveOn(Ignoring, Waiting))
+        moveOn(ComeWhileIgnored, Come);
 }
 
 QString Interruption::message()
 {
     return QStringLiteral("Η εντολή διακόπηκε. Δεν άλλαξε τίποτα.");
-}
-
-void Interruption::throwIfCome()
-{
-    if (hasCome())
-        throw Refused(message());
 }
 
 } // namespace lorvan

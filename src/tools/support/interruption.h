@@ -16,10 +16,12 @@ public:
     Interruption& operator=(const Interruption&) = delete;
 
     [[nodiscard]] static bool hasCome();
-    /// What to tell the user if there was a signal.
+    /// From now on a signal does not count. Returns false, and changes nothing, if one has come before.
+    [[nodiscard]] static bool ignoreFromNow();
+    /// Signals count again; one that has come in the meantime counts from now on.
+    static void countAgain();
+    /// What to tell the user if a signal ended the command.
     [[nodiscard]] static QString message();
-    /// Throws Refused with the message if there was a signal.
-    static void throwIfCome();
 };
 
 } // namespace lorvan

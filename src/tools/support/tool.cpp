@@ -67,7 +67,10 @@ ExitStatus runCommand(const Command& command, const QStringList& words, const To
     const StopCheck stop([] { return !Interruption::hasCome(); });
     try {
         Arguments arguments(words);
-        return command.run(arguments, context);
+        const ExitStatus status = command.run(arguments, context);
+        if (Interruption::hasCome())
+            context.errors << "lorvan-data: Η διακοπή ήρθε αργά: η εντολή είχε ήδη γίνει.\n";
+        return status;
     } catch (const UsageError& error) {
         complain(context, QString::fromUtf8(error.what()));
         context.errors << "Χρήση: " << usageLine(command).toStdString() << '\n';

@@ -15,6 +15,11 @@
 #include <cstdio>
 
 namespace lorvan {
+namespace {
+
+constexpr int notUnderstood = 2;
+
+} // namespace
 
 Door::Door(const QString& doorFile, Clock clock)
     : m_clock(std::move(clock))
@@ -26,18 +31,18 @@ Door::Door(const QString& doorFile, Clock clock)
 
 Door::~Door() = default;
 
-bool Door::start(const QStringList& words, bool wantsChoice)
+std::optional<int> Door::start(const QStringList& words, bool wantsChoice)
 {
     const QString option = words.value(0);
     const bool opens = option == openOption && words.size() == 2;
     const bool restores = option == restoreOption && words.size() == 2;
     if (!words.isEmpty() && !opens && !restores && !(option == chooseOption && words.size() == 1)) {
         std::fputs("lorvan-books [--choose | --open ΦΑΚΕΛΟΣ | --restore ΑΡΧΕΙΟ]\n", stderr);
-        return false;
+        return notUnderstood;
     }
     if (!m_instance.isOnlyInstance()) {
         m_instance.callOther(activationToken());
-        return false;
+        return 0;
     }
     m_instance.whenCalled([this](const QByteArray& token) { bringForward(m_window.get(), token); });
     if (m_choice.isProgramRunning()) {
@@ -55,7 +60,7 @@ bool Door::start(const QStringList& words, bool wantsChoice)
         else
             show();
     }
-    return m_window != nullptr;
+    return m_window ? std::nullopt : std::optional(0);
 }
 
 void Door::openFolder(const QString& folder)

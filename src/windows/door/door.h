@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 namespace lorvan {
 
@@ -23,9 +24,10 @@ public:
     Door(const QString& doorFile, Clock clock);
     ~Door() override;
 
-    /// Returns false if the process is to end: another door runs, which is asked to come to the front, or the words on
-    /// the command line are not understood. `wantsChoice`: the user asks for the window in another way.
-    [[nodiscard]] bool start(const QStringList& words, bool wantsChoice);
+    /// Returns the exit status if the process is to end: 0 when another door runs, which is asked to come to the front,
+    /// and 2 when the words on the command line are not understood. `wantsChoice`: the user asks for the window in
+    /// another way.
+    [[nodiscard]] std::optional<int> start(const QStringList& words, bool wantsChoice);
 
     void end();
 

@@ -9,5 +9,6 @@ int main(int argumentCount, char** arguments)
     lorvan::TerminationSignals signalsOfSystem;
     QObject::connect(&signalsOfSystem, &lorvan::TerminationSignals::received, &door, &lorvan::Door::end);
     const bool isShiftDown = QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
-    return door.start(QApplication::arguments().mid(1), isShiftDown) ? QApplication::exec() : 0;
+    const auto ended = door.start(QApplication::arguments().mid(1), isShiftDown);
+    return ended ? *ended : QApplication::exec();
 }

@@ -37,8 +37,7 @@ std::optional<QString> restoreWithProgress(
     const bool isDone = runStoppable(run, parent,
         {QStringLiteral("Από αντίγραφο"), QStringLiteral("Ελέγχεται και επανέρχεται το βιβλίο…"), {}},
         [&](const StepProgress& progress) {
-            made = restoreBook(backup, book, Authority::administrator(clock),
-                [&](RestoreStep, qint64 done, qint64 whole) { progress(done, whole); });
+            made = restoreBook(backup, book, Authority::administrator(clock), progress);
         });
     return isDone ? std::optional(reportOf(made, book.dataFolder())) : std::nullopt;
 }

@@ -16,10 +16,7 @@ bool showBackupAndAsk(QWidget* parent, BackgroundRun& run, const BackupQuestion&
 {
     BackupContent content;
     const bool isRead = runStoppable(run, parent, {question.title, QStringLiteral("Διαβάζεται το αντίγραφο…"), {}},
-        [&](const StepProgress& progress) {
-            content = lookIntoBackup(
-                question.backup, place, [&progress](RestoreStep, qint64 done, qint64 whole) { progress(done, whole); });
-        });
+        [&](const StepProgress& progress) { content = lookIntoBackup(question.backup, place, progress); });
     return isRead
         && askOkCancel(parent, QMessageBox::Question, question.title, question.text,
             contentLines(content, question.heading).join(u'\n'), DefaultAnswer::No);

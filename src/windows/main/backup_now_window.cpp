@@ -1,7 +1,6 @@
 #include "main/backup_now_window.h"
 
 #include "backup/book_backup.h"
-#include "backup/copy_writing.h"
 #include "backup/daily_backup.h"
 #include "controls/command_button.h"
 #include "controls/guarded_window.h"
@@ -28,32 +27,6 @@ QString lastBackupText(const BookFiles& book, QDate today)
     const QDate last = lastBackupOf(book, today);
     return last.isValid() ? QStringLiteral("Το τελευταίο είναι της %1.").arg(dateText(last))
                           : QStringLiteral("Δεν έχει γίνει ακόμη κανένα.");
-}
-
-struct MadeBackup {
-    QString path;
-    QString second; ///< Where it was copied to.
-    QString trouble; ///< Why it was not.
-};
-
-/// The backup exists, whatever becomes of its copy.
-MadeBackup makeBoth(
-    const BookFiles& book, KeyRing& keys, const QDateTime& now, const SecondPlace& second, const StepProgress& progress)
-{
-    MadeBackup backup;
-    backup.path = makeBackupByHand(book, keys, now, [&progress](qint64 done, qint64 all) {
-        progress(done, all);
-        return true; // whoever cancels is asked itself
-    });
-    if (!second.isThere())
-        return backup;
-    try {
-        copyBackup(backup.path, second.folder());
-        backup.second = second.folder();
-    } catch (const BookCopyFailed& failure) {
-        backup.trouble = QString::fromUtf8(failure.what());
-    }
-    return backup;
 }
 
 } // namespace
@@ -170,16 +143,17 @@ void BackupNowWindow::forgetPlace()
 void BackupNowWindow::backUp()
 {
     MadeBackup backup;
-    const ProgressTexts texts{
-        title, QStringLiteral("Γράφεται και ελέγχεται το αντίγραφο…"), QStringLiteral("Μεγαμπάιτ")};
+    const ProgressTexts texts{title, QStringLiteral("Αντιγράφεται το βιβλίο…"), QStringLiteral("Μεγαμπάιτ")};
     const bool isDone = runStoppable(m_run, this, texts,
-        [&](const StepProgress& progress) { backup = makeBoth(m_book, m_keys, m_clock.now(), m_second, progress); });
+        [&](const StepProgress& progress) { backup = makeBackups(m_book, m_keys, m_clock.now(), m_second, progress); });
     if (!isDone)
         return tell(QStringLiteral("Το αντίγραφο ακυρώθηκε."), {});
     Q_EMIT made();
     QString text = QStringLiteral("Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε.");
     if (!backup.second.isEmpty())
         text += QStringLiteral(" Γράφτηκε και στο δεύτερο μέρος.");
+    else if (backup.isSecondGivenUp)
+        text += QStringLiteral(" Το δεύτερο ακυρώθηκε.");
     else if (backup.trouble.isEmpty() && !m_second.folder().isEmpty())
         text += QStringLiteral(" Ο δεύτερος φάκελος δεν βρίσκεται τώρα στη θέση του.");
     tell(text, backup.path);

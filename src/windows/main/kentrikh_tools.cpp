@@ -57,6 +57,7 @@ void Kentrikh::connectTools()
         if (!m_book.main().isReadOnly())
             m_balances.proveSoon();
     });
+    connect(&m_balances, &BalanceWatch::advanced, m_band->proof(), &ProofMark::showProving);
     connect(&m_balances, &BalanceWatch::proved, this, &Kentrikh::tellProved);
     connect(&m_balances, &BalanceWatch::provedNow, this, &Kentrikh::sealOlder);
     connect(&m_sealing, &LateSealing::ended, this, [this](int days) {

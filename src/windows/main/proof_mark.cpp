@@ -35,6 +35,15 @@ ProofMark::ProofMark(QWidget* parent)
     showNothing();
 }
 
+void ProofMark::showProving(qint64 done, qint64 whole)
+{
+    m_pace.note(done, whole, std::chrono::steady_clock::now());
+    m_tick->hide();
+    m_warning->hide();
+    m_time->setText(QStringLiteral("%1%").arg(m_pace.percent().value_or(0)));
+    tell(provingText(m_pace.advance()));
+}
+
 void ProofMark::showProved(const LastProof& proof, QDate today)
 {
     m_tick->show();

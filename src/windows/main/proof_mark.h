@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/work_pace.h"
 #include "proof/last_proof.h"
 
 #include <QWidget>
@@ -18,6 +19,8 @@ class ProofMark : public QWidget {
 public:
     explicit ProofMark(QWidget* parent);
 
+    /// How far the proof is that is under way, of a whole greater than 0.
+    void showProving(qint64 done, qint64 whole);
     /// The time of day, or the day if that is not today.
     void showProved(const LastProof& proof, QDate today);
     void showFailed(const QString& reason);
@@ -32,6 +35,7 @@ private:
     IconView* m_tick;
     IconView* m_warning;
     QLabel* m_time;
+    WorkPace m_pace; ///< Of the proof that is under way.
 };
 
 } // namespace lorvan

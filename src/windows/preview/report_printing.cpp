@@ -1,5 +1,6 @@
 #include "preview/report_printing.h"
 
+#include "platform/work_watch.h"
 #include "preview/print_system.h"
 #include "report_pages.h"
 #include "report_pdf.h"
@@ -34,6 +35,7 @@ bool printReport(QWidget* window, BackgroundRun& run, const ReportPages& shown, 
         pdf.open(QIODevice::WriteOnly);
         if (writePages(pages, pdf, job.page, progress) == PageOutcome::Cancelled)
             return false;
+        decideOrGiveUp();
         printPdf(job.printer, job.title, pdf.data());
         return true;
     });

@@ -33,7 +33,10 @@ void SearchReader::read(MovementSearch& search)
     m_thread.tell([this, names = codeNames(main)] { Q_EMIT began(names); });
     while (!search.isAtEnd() && !m_thread.isCancelled()) {
         auto batch = std::make_shared<SearchBatch>(search.readOn(main));
-        m_thread.tell([this, batch, counts = search.counts()] { Q_EMIT found(batch, counts); });
+        m_thread.tell([this, batch, counts = search.counts(), done = search.done(), whole = search.whole()] {
+            Q_EMIT advanced(done, whole);
+            Q_EMIT found(batch, counts);
+        });
     }
     m_thread.tell([this] {
         m_isReading = false;

@@ -33,6 +33,7 @@ Q_SIGNALS:
     void began(const lorvan::CodeNames& names);
     /// What a slice has found, perhaps nothing, and what has been counted so far. The batch may be moved away.
     void found(const std::shared_ptr<lorvan::SearchBatch>& batch, const std::vector<lorvan::ReadingCounts>& counts);
+    void advanced(qint64 done, qint64 whole); ///< Before found(): about so many movements of so many were looked at.
     void ended();
     void failed(const QString& reason); ///< In plain Greek.
 

@@ -155,6 +155,8 @@ void SearchWindow::connectCommands()
 void SearchWindow::connectReader()
 {
     connect(&m_reader, &SearchReader::began, m_model, &SearchModel::setCodeNames);
+    connect(&m_reader, &SearchReader::advanced, this,
+        [this](qint64 done, qint64 whole) { m_pace.note(done, whole, std::chrono::steady_clock::now()); });
     connect(&m_reader, &SearchReader::found, this, [this](const auto& batch, const auto& counts) {
         m_readings->tell(counts);
         take(std::move(*batch));
@@ -206,6 +208,7 @@ void SearchWindow::begin()
     m_chosen = stillChosen;
     m_readings->show(m_query);
     setTabOrders();
+    m_pace = {};
     if (m_query.isEmpty())
         m_reader.cancel();
     else
@@ -287,9 +290,9 @@ void SearchWindow::tellState()
     if (!m_failure.isEmpty())
         text += QStringLiteral(" – δεν διαβάστηκαν όλες: ") + m_failure;
     else if (m_reader.isReading() && m_model->totals().count == 0)
-        text = QStringLiteral("Ψάχνει…");
+        text = QStringLiteral("Ψάχνει… ") + m_pace.advance();
     else if (m_reader.isReading())
-        text += QStringLiteral(" – ψάχνει ακόμη…");
+        text += QStringLiteral(" – ψάχνει ακόμη… ") + m_pace.advance();
     m_state->setText(text);
     m_state->setToolTip(text.toHtmlEscaped());
     m_state->setRole(m_failure.isEmpty() ? ColourRole::PageText : ColourRole::PageWarning);

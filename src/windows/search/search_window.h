@@ -2,6 +2,7 @@
 
 #include "controls/action_gate.h"
 #include "platform/clock.h"
+#include "platform/work_pace.h"
 #include "search/search_reader.h"
 
 #include <QDialog>
@@ -98,6 +99,7 @@ private:
     SearchQuery m_query;
     QHash<QString, SearchReading> m_chosen; ///< By the text of the term.
     std::optional<SearchHits> m_anew; ///< What a search that is made again has found so far.
+    WorkPace m_pace; ///< Of the search that is under way.
     QString m_failure; ///< Why not all was looked through.
     SearchReader m_reader; ///< The last one: it ends first.
 };

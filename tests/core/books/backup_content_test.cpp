@@ -23,7 +23,7 @@ TEST(BackupContent, tellsWhatABackupHoldsAndLeavesThePlaceAsItWas)
         makeBackupByHand(book.files(), testKeys(), fixedClock().now(), [](qint64, qint64) { return true; });
     book.execute("DELETE FROM kinhseis");
     const QString before = namesIn(book.folder());
-    const auto none = [](RestoreStep, qint64, qint64) {};
+    const auto none = [](qint64, qint64) {};
     const std::vector<KnownBook> known{
         {{.dataFolder = "/none"}}, {{.dataFolder = book.folder(), .heading = "Κεντρικό"}}};
 

@@ -1,12 +1,23 @@
+#include "backup/book_backup.h"
 #include "backup/daily_backup.h"
+#include "backup/second_place.h"
 #include "backup/steady_copy.h"
+#include "books/book_from_backup.h"
+#include "books/older_book.h"
+#include "csv/open_book_exchange.h"
+#include "jet/jet_damage.h"
+#include "legacy/legacy_book.h"
+#include "platform/authority.h"
 #include "platform/engine/sql_error.h"
 #include "platform/engine/transaction.h"
 #include "platform/files/file_lock.h"
 #include "platform/stop_check.h"
+#include "platform/work_watch.h"
+#include "proof/open_book_check.h"
 #include "reports/report_building.h"
 #include "tools/tool_run.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QThread>
 
@@ -142,6 +153,61 @@ TEST_F(StopTest, whileACommandWorksOnALargeBook)
     for (const char* line : {"check|@", "check|@|--repair", "export|@|#/new", "import-csv|@|#/csv", "backup|@|#/b.tar",
              "restore|#/a.tar|@|--replace"})
         stop(line, 300);
+}
+
+/// Whoever follows long work is asked once, for all of it, and whoever says no then finds everything as it was; only a
+/// backup that was made first may be there.
+TEST_F(StopTest, orOnceMoreBeforeTheDecision)
+{
+    for (const char* name : {"/lorvan.mdb", "/mapcodes.mdb"})
+        writeFile(words("#/older") + QLatin1String(name), readFile(olderBook("v1") + QLatin1String(name)));
+    writeFile(words("#/csv/omades.csv"), "aa,perigrafh\n7,x\n");
+    writeFile(words("#/stick/x"), {});
+    makeBackup();
+    const SecondPlace stick(book.files(), SettingsStore(words("#/settings.ini")));
+    stick.choose(words("#/stick"));
+    const Authority authority = Authority::administrator(fixedClock());
+    const auto none = [](qint64, qint64) {};
+    const struct {
+        const char* what;
+        std::function<void()> work;
+    } works[] = {
+        {"backup", [&] { (void)makeBackupByHand(book.files(), testKeys(), authority.now(), none); }},
+        {"export", [&] { (void)exportOpenBook(book.files(), testKeys(), words("#"), authority.now(), none); }},
+        {"import",
+            [&] {
+                (void)importAsAdministrator(book.files(), fixedClock(), words("#/csv"), TakenBefore::Refuse, none);
+            }},
+        {"repair", [&] { (void)repairOpenBook(book.files(), testKeys(), authority, none); }},
+        {"older book",
+            [&] {
+                JetDamage damage(JetDamage::Answer::Refuse);
+                (void)importOlderBook(LegacyFiles(words("#/older")), words("#/taken"), damage, none);
+            }},
+        {"restore", [&] { (void)restoreBook(words("#/a.tar"), book.files(), authority, none); }},
+    };
+    const auto withoutBackups = [this] {
+        auto all = contents();
+        std::erase_if(all, [](const auto& entry) { return entry.first.startsWith("backup/"); });
+        return all;
+    };
+    for (const auto& [what, work] : works) {
+        SCOPED_TRACE(what);
+        const auto before = withoutBackups();
+        {
+            const WorkWatch late([](const QString&) {}, [] { return false; });
+            EXPECT_THROW(work(), GivenUp);
+        }
+        EXPECT_TRUE(withoutBackups() == before);
+        int asked = 0;
+        const WorkWatch watch([](const QString&) {}, [&asked] { return ++asked > 0; });
+        work();
+        EXPECT_EQ(asked, 1);
+    }
+    const WorkWatch late([](const QString&) {}, [] { return false; });
+    const MadeBackup made = makeBackups(book.files(), testKeys(), authority.now(), stick, none);
+    EXPECT_TRUE(made.isSecondGivenUp && QFile::exists(made.path)) << "the first one is made and stays";
+    EXPECT_EQ(QDir(words("#/stick")).entryList(QDir::Files | QDir::Hidden), QStringList("x"));
 }
 
 TEST_F(StopTest, whileAWindowsWorkWaits)

@@ -1,11 +1,14 @@
 #include "book/path_file.h"
 #include "platform/files/file_calls.h"
+#include "platform/stop_check.h"
 #include "platform/windows1253.h"
+#include "support/interruption.h"
 #include "support/mount.h"
 #include "support/progress_bar.h"
 #include "tools/tool_run.h"
 
 #include <cerrno>
+#include <csignal>
 
 #include <sstream>
 
@@ -126,7 +129,7 @@ TEST(ProgressBar, fitsTheTerminalAndIsSilentWithoutOne)
         std::chrono::milliseconds interval = atOnce;
     } cases[] = {
         {30, 1, 2, "Κινήσεις [######.......]  50%"}, {30, 9, 3, "Κινήσεις [#############] 100%"},
-        {30, 5, 0, "Κινήσεις [.............]   0%"}, {10, 1, 4, "Κινή  25%"}, {0, 1, 2, ""},
+        {30, 5, 0, "Κινήσεις"}, {10, 1, 4, "Κινή  25%"}, {0, 1, 2, ""},
         {30, 1, 2, "", std::chrono::hours(1)}, // work that is soon done
     };
     for (const auto& [columns, done, whole, drawn, interval] : cases) {
@@ -137,6 +140,37 @@ TEST(ProgressBar, fitsTheTerminalAndIsSilentWithoutOne)
         ProgressBar(context, "Κινήσεις", interval).show(done, whole);
         EXPECT_EQ(errors.str(), drawn.empty() ? "" : erase + drawn + erase);
     }
+    for (const auto& [columns, line] :
+        {std::pair(70, "Κινήσεις [###############...............]  50%, ακόμη περίπου 2 λεπτά"),
+            {40, "Κινήσεις [###########............]  50%"}})
+        EXPECT_EQ(progressLine("Κινήσεις", 50, "ακόμη περίπου 2 λεπτά", columns).toStdString(), line);
+}
+
+TEST(ProgressBar, tellsStepsAndTheDecisionAfterWhichSignalsWait)
+{
+    std::ostringstream out;
+    std::ostringstream errors;
+    const ToolContext context{out, errors, {}, Clock(), {}, 60};
+    const Interruption interruption;
+    {
+        ProgressBar bar(context, "α", std::chrono::milliseconds(0));
+        bar.show(1, 2);
+        beginStep("Ένα βήμα…");
+        {
+            const PartOfWork part("Αντίγραφο…");
+            beginStep("κρυφό");
+            decideOrGiveUp();
+        }
+        decideOrGiveUp();
+        ::raise(SIGTERM);
+        EXPECT_FALSE(Interruption::hasCome());
+        decideOrGiveUp();
+    }
+    EXPECT_TRUE(Interruption::hasCome()) << "the next work does not begin";
+    expectParts(errors.str(), {"Ένα βήμα…", "Αντίγραφο…", "δεν διακόπτεται πια"});
+    EXPECT_EQ(errors.str().find("κρυφό"), std::string::npos);
+    ProgressBar bar(context, "β");
+    EXPECT_THROW(decideOrGiveUp(), GivenUp);
 }
 
 } // namespace lorvan::test
