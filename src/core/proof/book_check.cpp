@@ -18,6 +18,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <sys/stat.h>
 #include <utility>
 
@@ -152,10 +153,12 @@ void checkAccess(BookFindings& findings, Connection& book)
     }
 }
 
-std::int64_t estimatedMovements(Connection& book)
+/// About as often as a StopCheck is asked while the engine checks a file that is larger than its cache.
+std::int64_t estimatedSteps(Connection& book)
 {
+    constexpr std::int64_t stepsForAPage = 2; // its tree, and its rows against the indexes
     try {
-        return rowsOf(book, "SELECT max(aa) FROM kinhseis");
+        return stepsForAPage * (rowsOf(book, "PRAGMA main.page_count") + rowsOf(book, "PRAGMA auxiliary.page_count"));
     } catch (const SqlError&) {
         return 0; // the check will report what is wrong
     }
@@ -170,12 +173,10 @@ BookFindings checkFiles(Connection& book, const CheckProgress& progress)
     checkAccess(findings, book);
     if (findings.count(FindingKind::SchemaUnreadable) > 0)
         return findings;
-    // The engine reports progress in steps of its own: so many calls for a row that has two indexes.
-    constexpr std::int64_t rowsForACall = 2200;
-    const std::int64_t whole = estimatedMovements(book);
-    std::int64_t calls = 0;
+    const std::int64_t whole = estimatedSteps(book);
+    std::int64_t done = 0;
     const StopCheck reporting([&] {
-        progress(++calls * rowsForACall, whole);
+        progress(std::min(++done, whole), whole);
         return true;
     });
     checkFile(findings, book, QStringLiteral("main"), QStringLiteral("lorvan.mdb"));

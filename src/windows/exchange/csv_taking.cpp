@@ -13,7 +13,7 @@ const QString title = QStringLiteral("Εισαγωγή CSV");
 void takeOnce(QWidget* parent, BackgroundRun& run, const CsvTaking& taking, TakenBefore takenBefore)
 {
     CsvImportOutcome outcome;
-    const ProgressTexts texts{title, QStringLiteral("Γίνεται αντίγραφο και εισαγωγή…"), QStringLiteral("Γραμμές")};
+    const ProgressTexts texts{title, QStringLiteral("Γίνεται αντίγραφο και εισαγωγή…"), {}};
     const bool isDone = runStoppable(
         run, parent, texts, [&](const StepProgress& progress) { outcome = taking.take(takenBefore, progress); });
     if (!isDone || !taking.isWanted())

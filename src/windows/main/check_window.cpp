@@ -196,7 +196,7 @@ bool CheckWindow::runCheck()
 {
     m_answer->clear(); // it was about the book as it was
     BookCheck found;
-    const ProgressTexts texts{title, QStringLiteral("Ελέγχεται το βιβλίο…"), QStringLiteral("Κινήσεις")};
+    const ProgressTexts texts{title, QStringLiteral("Ελέγχεται το βιβλίο…"), {}};
     const bool isWhole = m_run.run(this, texts,
         stoppable([this, &found](const CheckProgress& progress) { found = checkOpenBook(m_book, m_keys, progress); }));
     m_answered.clear(); // the same code may be asked for again
@@ -247,8 +247,7 @@ void CheckWindow::repair()
     if (!confirmRepair())
         return;
     std::optional<BookRepair> made;
-    const ProgressTexts texts{
-        QStringLiteral("Διόρθωση"), QStringLiteral("Γίνεται αντίγραφο και διόρθωση…"), QStringLiteral("Κινήσεις")};
+    const ProgressTexts texts{QStringLiteral("Διόρθωση"), QStringLiteral("Γίνεται αντίγραφο και διόρθωση…"), {}};
     const bool isWhole = m_run.run(this, texts, stoppable([this, &made](const CheckProgress& progress) {
         made = repairOpenBook(m_book, m_keys, m_authority, progress);
     }));

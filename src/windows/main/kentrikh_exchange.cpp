@@ -37,8 +37,7 @@ void Kentrikh::exportTables()
     if (parent.isEmpty() || m_closed)
         return;
     ExportedBook made;
-    const ProgressTexts texts{
-        exportTitle, QStringLiteral("Γράφονται τα αρχεία CSV και XLSX…"), QStringLiteral("Γραμμές")};
+    const ProgressTexts texts{exportTitle, QStringLiteral("Γράφονται τα αρχεία CSV και XLSX…"), {}};
     const auto work = stoppable([&](const StepProgress& progress) {
         made = exportOpenBook(BookFiles(m_settings.dataFolder), m_keys, parent, m_clock.now(), progress);
     });

@@ -139,8 +139,8 @@ void MonthWindow::write()
     if (path.isEmpty())
         return;
     const MonthRequest request{*month, m_heading, path, m_clock.now()};
-    const bool isDone = runStoppable(m_run, this,
-        {title, QStringLiteral("Γράφεται το πακέτο…"), QStringLiteral("Μέρη")}, [&](const StepProgress& progress) {
+    const bool isDone = runStoppable(
+        m_run, this, {title, QStringLiteral("Γράφεται το πακέτο…"), {}}, [&](const StepProgress& progress) {
             writeMonthPackage(
                 request, m_book, m_keys,
                 [&progress](const std::vector<ReportDocument>& documents, const QString& name) {

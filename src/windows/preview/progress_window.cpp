@@ -64,18 +64,23 @@ ProgressWindow::ProgressWindow(const ProgressTexts& texts, QWidget* parent)
 
 void ProgressWindow::setProgress(int done, int all)
 {
-    static const QLocale greek(QLocale::Greek, QLocale::Greece);
     m_bar->setRange(0, all);
     m_bar->setValue(done);
     m_bar->step();
-    QString count;
-    if (done > 0)
-        count = m_counted + QStringLiteral(": ") + greek.toString(done);
-    if (done > 0 && all > 0)
-        count += QStringLiteral(" από ") + greek.toString(all);
-    m_count->setText(count);
     m_pace.note(done, all, std::chrono::steady_clock::now());
+    m_count->setText(countText(done, all));
     m_left->setText(m_isCancelled || m_isDecided ? QString() : m_pace.timeLeft());
+}
+
+QString ProgressWindow::countText(int done, int all) const
+{
+    static const QLocale greek(QLocale::Greek, QLocale::Greece);
+    if (m_counted.isEmpty())
+        return all > 0 ? QStringLiteral("%1%").arg(m_pace.percent().value_or(0)) : QString();
+    if (done == 0)
+        return {};
+    const QString count = m_counted + QStringLiteral(": ") + greek.toString(done);
+    return all > 0 ? count + QStringLiteral(" από ") + greek.toString(all) : count;
 }
 
 void ProgressWindow::setActivity(const QString& activity)

@@ -12,7 +12,8 @@ namespace lorvan {
 class CommandButton;
 class ProgressLine;
 
-/// The texts of a progress window. The word for what is counted comes before the number: "Γραμμές", "Σελίδες".
+/// The texts of a progress window. The word for what is counted comes before the number: "Γραμμές", "Σελίδες". Without
+/// one, as for work whose steps count different things, the window shows a percentage.
 struct ProgressTexts {
     QString title;
     QString activity;
@@ -40,6 +41,8 @@ Q_SIGNALS:
     void cancelled();
 
 private:
+    [[nodiscard]] QString countText(int done, int all) const;
+
     const QString m_counted;
     QLabel* m_activity;
     QLabel* m_count;
