@@ -17,6 +17,7 @@
 #include "journal/journal_window.h"
 #include "main/backup_now_window.h"
 #include "main/check_window.h"
+#include "main/month_window.h"
 #include "main/open_days_list.h"
 #include "preview/ektypvsh.h"
 #include "preview/printer_choice.h"
@@ -83,6 +84,7 @@ inline void visitWindowsOfTheDoor(const TemporaryBook& book, const WindowVisit& 
     show(OlderBookWindow(nullptr));
     show(BackupWindow(fixedClock(), {}, nullptr));
     show(ReportWindow("Μεταφορά", "Κινήσεις: 12", nullptr));
+    show(MonthWindow(book.files(), testKeys(), "Κεντρικό", fixedClock(), nullptr));
     show(BackupNowWindow(book.files(), testKeys(), fixedClock(), nullptr));
     show(CountWindow(QDate(2024, 3, 15), Currency(), {}, nullptr));
 }

@@ -82,7 +82,8 @@ NewBookField fieldOf(FirstUserField field)
 
 void fill(Book& book, const NewBookDraft& draft, const Authority& authority)
 {
-    addUser(book.auxiliary(), authority, draft.user.name, draft.user.password, draft.user.rights);
+    Connection both = book.openBoth();
+    addUser(both, authority, draft.user.name, draft.user.password, draft.user.rights);
     if (draft.readySet)
         addReadySet(book.main(), authority, readySets().at(*draft.readySet));
     if (!hasOpening(draft))

@@ -8,6 +8,7 @@
 #include "export/table_export.h"
 #include "movements/movement_store.h"
 #include "platform/files/new_folder.h"
+#include "platform/files/system_reason.h"
 #include "platform/work_watch.h"
 
 #include <QFile>
@@ -53,7 +54,8 @@ public:
 private:
     [[noreturn]] void fail() const
     {
-        throw Refused(QStringLiteral("Το αρχείο %1 δεν γράφεται. %2").arg(m_file.fileName(), m_file.errorString()));
+        throw Refused(QStringLiteral("Το αρχείο %1 δεν γράφεται: %2")
+                          .arg(m_file.fileName(), withStop(systemReason(m_file.errorString()))));
     }
 
     QFile m_file;
@@ -147,7 +149,8 @@ void Export::writeWorkbook()
         });
         workbook.finish();
     } catch (const TableExportError& error) {
-        throw Refused(QStringLiteral("Το αρχείο %1 δεν γράφεται. %2").arg(path, QString::fromUtf8(error.what())));
+        throw Refused(
+            QStringLiteral("Το αρχείο %1 δεν γράφεται: %2").arg(path, withStop(QString::fromUtf8(error.what()))));
     }
 }
 

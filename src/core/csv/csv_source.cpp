@@ -1,6 +1,7 @@
 #include "csv/csv_source.h"
 
 #include "csv/csv_import.h"
+#include "platform/files/system_reason.h"
 #include "platform/stop_check.h"
 #include "platform/work.h"
 
@@ -60,7 +61,7 @@ private:
     {
         QFile file(target);
         if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-            refuse(file.errorString());
+            refuse(systemReason(file.errorString()));
         std::array<char, readAtOnce> piece{};
         for (;;) {
             continueOrGiveUp();
@@ -72,14 +73,14 @@ private:
             if (m_left < 0)
                 refuse(QStringLiteral("Τα αρχεία του είναι υπερβολικά μεγάλα."));
             if (file.write(piece.data(), length) != length)
-                refuse(file.errorString());
+                refuse(systemReason(file.errorString()));
         }
     }
 
     void check(int code) const
     {
         if (code != ARCHIVE_OK)
-            refuse(QString::fromUtf8(archive_error_string(m_archive.get())));
+            refuse(QStringLiteral("Δεν είναι αρχείο ZIP, έχει βλάβη ή ζητά κωδικό."));
     }
     [[noreturn]] void refuse(const QString& reason) const
     {
@@ -100,7 +101,7 @@ CsvSource::CsvSource(const QString& path, qint64 most)
         return;
     m_unpacked = std::make_unique<QTemporaryDir>();
     if (!m_unpacked->isValid())
-        throw Refused(m_unpacked->errorString());
+        throw Refused(systemReason(m_unpacked->errorString()));
     m_folder = m_unpacked->path();
     ZipReader(path, most).unpackTo(m_folder);
 }

@@ -6,6 +6,7 @@
 #include "book/lock_trust.h"
 #include "book/opened_book.h"
 #include "csv/book_export.h"
+#include "csv/csv_source.h"
 #include "platform/authority.h"
 #include "platform/files/new_folder.h"
 #include "platform/work_watch.h"
@@ -37,16 +38,17 @@ ExportedBook exportOpenBook(
 }
 
 CsvImportOutcome importIntoOpenBook(const BookFiles& book, KeyRing& keys, const Authority& authority,
-    const QString& folder, TakenBefore takenBefore, const StepProgress& progress)
+    const QString& files, TakenBefore takenBefore, const StepProgress& progress)
 {
     authority.require(Right::ModifyCash);
+    const CsvSource source(files);
     backUp(book, keys, authority, progress);
     Connection both = openBoth(book, keys);
     beginStep(importing);
-    return importCsv(both, authority, folder, {ClosedDays::Refuse, takenBefore}, progress);
+    return importCsv(both, authority, source.folder(), {ClosedDays::Refuse, takenBefore}, progress);
 }
 
-CsvImportOutcome importAsAdministrator(const BookFiles& book, const Clock& clock, const QString& folder,
+CsvImportOutcome importAsAdministrator(const BookFiles& book, const Clock& clock, const QString& files,
     TakenBefore takenBefore, const StepProgress& progress)
 {
     const Authority authority = Authority::administrator(clock);
@@ -55,10 +57,11 @@ CsvImportOutcome importAsAdministrator(const BookFiles& book, const Clock& clock
     OpenedBook opened(book.dataFolder(), Connection::Access::ReadWrite);
     if (opened.connection().isReadOnly())
         throw Refused(QStringLiteral("Το βιβλίο είναι μόνο για ανάγνωση. Δεν έγινε τίποτα."));
+    const CsvSource source(files);
     backUp(book, opened.keys(), authority, progress);
     ensureMainSchema(opened.connection(), opened.connection(), openingSteps());
     beginStep(importing);
-    return importCsv(opened.connection(), authority, folder, {ClosedDays::Accept, takenBefore}, progress);
+    return importCsv(opened.connection(), authority, source.folder(), {ClosedDays::Accept, takenBefore}, progress);
 }
 
 } // namespace lorvan

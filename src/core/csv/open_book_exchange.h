@@ -26,12 +26,12 @@ struct ExportedBook {
 [[nodiscard]] ExportedBook exportOpenBook(
     const BookFiles& book, KeyRing& keys, const QString& parent, const QDateTime& now, const StepProgress& progress);
 
-/// Makes a backup into the book's backup folder, which the program never removes, and imports the CSV files: see
-/// importCsv(). Closed days are refused. The caller must hold the usage marker. Throws
+/// Makes a backup into the book's backup folder, which the program never removes, and imports the CSV files of a folder
+/// or ZIP file: see CsvSource and importCsv(). Closed days are refused. The caller must hold the usage marker. Throws
 /// NotPermitted without the right to change cash records, BookCopyFailed, Refused, AlreadyTaken, GivenUp, SqlError and
 /// CurrencyOverflow; the book is then unchanged.
 [[nodiscard]] CsvImportOutcome importIntoOpenBook(const BookFiles& book, KeyRing& keys, const Authority& authority,
-    const QString& folder, TakenBefore takenBefore, const StepProgress& progress);
+    const QString& files, TakenBefore takenBefore, const StepProgress& progress);
 
 /// The same for the administrator's sign-in, when no program of this computer has the book open: claims the usage
 /// marker for the time, and accepts closed days, which are sealed again. Also throws Refused if somebody works with the

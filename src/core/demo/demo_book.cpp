@@ -75,8 +75,6 @@ void fillAuxiliary(Connection& auxiliary, const std::vector<QDate>& dates)
     for (std::size_t i = 0; i + demoOpenDays < dates.size(); ++i)
         auxiliary.prepare("INSERT INTO klhsimotameioy (hmeraklhsimatos) VALUES (?)").bind(dates[i]).run();
     transaction.commit();
-    for (const DemoUser& user : demoUsers())
-        addUser(auxiliary, Authority::companion(), user.name, user.password, user.rights);
 }
 
 } // namespace
@@ -88,6 +86,8 @@ void fillDemoBook(Book& book, QDate today, std::uint64_t seed)
     fillAuxiliary(book.auxiliary(), dates);
     keepJournal(book.main(), book.auxiliary());
     Connection both = book.openBoth();
+    for (const DemoUser& user : demoUsers())
+        addUser(both, Authority::companion(), user.name, user.password, user.rights);
     constexpr int daysInATransaction = 100;
     while (sealOlderDays(both, Authority::companion(), daysInATransaction) > 0)
         ;

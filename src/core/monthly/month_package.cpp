@@ -12,6 +12,7 @@
 #include "platform/date_text.h"
 #include "platform/files/durable_files.h"
 #include "platform/files/folder_writing.h"
+#include "platform/files/system_reason.h"
 #include "platform/files/work_folder.h"
 #include "platform/stop_check.h"
 #include "platform/work_watch.h"
@@ -44,7 +45,8 @@ QByteArray contentOf(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw Refused(QStringLiteral("Το αρχείο %1 δεν διαβάζεται. %2").arg(path, file.errorString()));
+        throw Refused(
+            QStringLiteral("Το αρχείο %1 δεν διαβάζεται: %2").arg(path, withStop(systemReason(file.errorString()))));
     return file.readAll();
 }
 
@@ -168,10 +170,10 @@ void writeMonthPackage(const MonthRequest& request, const BookFiles& book, KeyRi
         decideOrGiveUp();
         replaceFile(request.path, package, FileAccess::Umask);
     } catch (const FileError& error) {
-        throw Refused(QStringLiteral("Το αρχείο %1 δεν γράφεται. %2").arg(request.path, error.reason()));
+        throw Refused(QStringLiteral("Το αρχείο %1 δεν γράφεται: %2").arg(request.path, withStop(error.reason())));
     } catch (const TableExportError& error) {
-        throw Refused(
-            QStringLiteral("Το αρχείο %1 δεν γράφεται. %2").arg(request.path, QString::fromUtf8(error.what())));
+        throw Refused(QStringLiteral("Το αρχείο %1 δεν γράφεται: %2")
+                          .arg(request.path, withStop(QString::fromUtf8(error.what()))));
     }
 }
 

@@ -41,8 +41,8 @@ ExitStatus create(Arguments& arguments, const ToolContext& context)
     NewBook made(folder);
     if (user)
         fillHidden([&] {
-            addUser(
-                made.book().auxiliary(), Authority::companion(context.clock), user->name, user->password, allRights);
+            Connection both = made.book().openBoth();
+            addUser(both, Authority::companion(context.clock), user->name, user->password, allRights);
         });
     continueOrGiveUp();
     made.keep();

@@ -3,6 +3,7 @@
 #include "csv/import_texts.h"
 #include "csv/taken_imports.h"
 #include "look/message_window.h"
+#include "preview/folder_dialog.h"
 
 namespace lorvan {
 namespace {
@@ -30,6 +31,14 @@ void takeOnce(QWidget* parent, BackgroundRun& run, const CsvTaking& taking, Take
 }
 
 } // namespace
+
+QString askCsvFiles(QWidget* parent, CsvPlace place)
+{
+    if (place == CsvPlace::Folder)
+        return askFolder(parent, QStringLiteral("Ο φάκελος με τα αρχεία CSV"));
+    return askFile(parent, QStringLiteral("Το αρχείο ZIP με τα αρχεία CSV"), QStringLiteral("Αρχεία ZIP (*.zip)"),
+        QStringLiteral("zip"));
+}
 
 void takeCsvFiles(QWidget* parent, BackgroundRun& run, const CsvTaking& taking)
 {

@@ -12,6 +12,11 @@ struct CsvTaking {
     std::function<void()> taken; ///< Something was stored.
 };
 
+enum class CsvPlace { Folder, Zip };
+
+/// Asks where the files are; empty if the user cancels.
+[[nodiscard]] QString askCsvFiles(QWidget* parent, CsvPlace place);
+
 /// Runs the import with progress. If the book has taken the same before, it asks whether to take it again. Tells what
 /// was added, or which lines are wrong. Throws what `take` throws.
 void takeCsvFiles(QWidget* parent, BackgroundRun& run, const CsvTaking& taking);

@@ -41,6 +41,7 @@ class PrintingPage;
 class SearchWindow;
 class TabBand;
 class TotalsBar;
+enum class CsvPlace;
 
 /// The main window: the cash book, the codes and the printing page behind four tabs, and the day's totals below.
 /// Owns the open book and the usage marker for the life of the process.
@@ -116,7 +117,7 @@ private:
     void packMonth();
     void repairBook();
     void openCheck(const std::function<void(CheckWindow& window)>& prepare);
-    void importTables(); ///< From a folder that the user chooses.
+    void importTables(CsvPlace place);
     void openManual();
 
     void insertCode();

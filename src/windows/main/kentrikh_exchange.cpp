@@ -28,7 +28,9 @@ void Kentrikh::connectExchange()
     if (!m_authority.has(Right::ModifyCash))
         return;
     const QAction* const in = m_band->tools()->add(QStringLiteral("importCsv"), QStringLiteral("Εισαγωγή CSV…"));
-    connect(in, &QAction::triggered, this, [this] { openTool([this] { importTables(); }); });
+    connect(in, &QAction::triggered, this, [this] { openTool([this] { importTables(CsvPlace::Folder); }); });
+    const QAction* const zip = m_band->tools()->add(QStringLiteral("importZip"), QStringLiteral("Εισαγωγή ZIP…"));
+    connect(zip, &QAction::triggered, this, [this] { openTool([this] { importTables(CsvPlace::Zip); }); });
 }
 
 void Kentrikh::exportTables()
@@ -56,13 +58,13 @@ void Kentrikh::packMonth()
     MonthWindow(BookFiles(m_settings.dataFolder), m_keys, m_settings.heading, m_clock, this).exec();
 }
 
-void Kentrikh::importTables()
+void Kentrikh::importTables(CsvPlace place)
 {
-    const QString folder = askFolder(this, QStringLiteral("Ο φάκελος με τα αρχεία CSV"));
-    if (folder.isEmpty() || m_closed || refusedByMarker(this))
+    const QString files = askCsvFiles(this, place);
+    if (files.isEmpty() || m_closed || refusedByMarker(this))
         return;
     const auto take = [&](TakenBefore takenBefore, const StepProgress& progress) {
-        return importIntoOpenBook(BookFiles(m_settings.dataFolder), m_keys, m_authority, folder, takenBefore, progress);
+        return importIntoOpenBook(BookFiles(m_settings.dataFolder), m_keys, m_authority, files, takenBefore, progress);
     };
     const auto showAgain = [this] {
         if (m_tab == tab::codes)

@@ -21,6 +21,8 @@
 #include <QKeyEvent>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace lorvan {
 namespace {
 
@@ -111,8 +113,9 @@ void MonthWindow::layOut()
     rows->addStretch(1);
     rows->addLayout(commands);
     chainTabOrder({m_month, m_write, m_made, m_close});
+    const int width = std::max(firstSize.width(), rows->totalMinimumSize().width());
+    sizeWithin(this, firstSize.expandedTo({width, rows->totalHeightForWidth(width)})); // with the line that comes later
     m_made->hide();
-    sizeWithin(this, firstSize);
 }
 
 std::optional<QDate> MonthWindow::readMonthField()

@@ -7,7 +7,6 @@
 #include "exchange/backup_choice.h"
 #include "exchange/csv_taking.h"
 #include "platform/authority.h"
-#include "preview/folder_dialog.h"
 #include "users/seal_entries.h"
 
 #include <QMenu>
@@ -27,12 +26,13 @@ AdministratorTools::AdministratorTools(
     , m_clock(std::move(clock))
     , m_gate(gate)
     , m_menu(new QMenu(this))
-    , m_restore(addEntry(QStringLiteral("restore"), QStringLiteral("Επαναφορά…"), &AdministratorTools::chooseBackup))
+    , m_restore(addEntry(QStringLiteral("restore"), QStringLiteral("Επαναφορά…"), [this] { chooseBackup(); }))
 {
     setObjectName(QStringLiteral("administratorTools"));
     setToolTip(QStringLiteral("Επαναφορά, εισαγωγή CSV και σε κλειστές ημέρες, αποδοχή ευρημάτων, σφράγιση"));
     m_restore->setVisible(false);
-    addEntry(QStringLiteral("importCsv"), QStringLiteral("Εισαγωγή CSV…"), &AdministratorTools::importTables);
+    addEntry(QStringLiteral("importCsv"), QStringLiteral("Εισαγωγή CSV…"), [this] { importTables(CsvPlace::Folder); });
+    addEntry(QStringLiteral("importZip"), QStringLiteral("Εισαγωγή ZIP…"), [this] { importTables(CsvPlace::Zip); });
     m_menu->addSeparator();
     new SealEntries(m_files, keys, m_clock, m_gate, m_menu, this);
     connect(this, &CommandButton::clicked, this, [this] {
@@ -47,13 +47,11 @@ void AdministratorTools::offerRestore(const QString& heading)
     m_restore->setVisible(true);
 }
 
-QAction* AdministratorTools::addEntry(
-    const QString& objectName, const QString& text, void (AdministratorTools::*step)())
+QAction* AdministratorTools::addEntry(const QString& objectName, const QString& text, const std::function<void()>& step)
 {
     QAction* const entry = m_menu->addAction(text);
     entry->setObjectName(objectName);
-    connect(entry, &QAction::triggered, this,
-        [this, step] { m_gate.runWindow([] { return true; }, [this, step] { (this->*step)(); }); });
+    connect(entry, &QAction::triggered, this, [this, step] { m_gate.runWindow([] { return true; }, step); });
     return entry;
 }
 
@@ -71,14 +69,14 @@ void AdministratorTools::chooseBackup()
         Q_EMIT restoreAsked(backup);
 }
 
-void AdministratorTools::importTables()
+void AdministratorTools::importTables(CsvPlace place)
 {
-    const QString folder = askFolder(window(), QStringLiteral("Ο φάκελος με τα αρχεία CSV"));
-    if (folder.isEmpty())
+    const QString files = askCsvFiles(window(), place);
+    if (files.isEmpty())
         return;
     const QPointer<QWidget> shown = window();
     const auto take = [&](TakenBefore takenBefore, const StepProgress& progress) {
-        return importAsAdministrator(m_files, m_clock, folder, takenBefore, progress);
+        return importAsAdministrator(m_files, m_clock, files, takenBefore, progress);
     };
     takeCsvFiles(window(), m_run, {take, [shown] { return shown && shown->isVisible(); }, [] {}});
     tellUnconfirmed(window());

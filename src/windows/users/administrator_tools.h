@@ -5,6 +5,8 @@
 #include "platform/clock.h"
 #include "preview/background_run.h"
 
+#include <functional>
+
 class QAction;
 class QMenu;
 
@@ -12,6 +14,7 @@ namespace lorvan {
 
 class ActionGate;
 class KeyRing;
+enum class CsvPlace;
 
 /// The administrator's button with a menu of what touches the whole book: a backup in its place, CSV files also into
 /// closed days, journal and seals.
@@ -32,9 +35,9 @@ Q_SIGNALS:
     void restoreAsked(const QString& backup);
 
 private:
-    QAction* addEntry(const QString& objectName, const QString& text, void (AdministratorTools::*step)());
+    QAction* addEntry(const QString& objectName, const QString& text, const std::function<void()>& step);
     void chooseBackup();
-    void importTables();
+    void importTables(CsvPlace place);
 
     const BookFiles m_files;
     const Clock m_clock;

@@ -44,6 +44,8 @@ TEST_F(BookMaking, theBookIsInOrderWithUserCodesAndOpeningBalance)
     EXPECT_EQ(listCodes(main, CodeSelection::Active).size(), readySets()[0].codeCount());
     EXPECT_EQ(listGroups(main).size(), readySets()[0].groups.size());
     EXPECT_EQ(valueOf(main, "SELECT count(*) FROM journal WHERE action='opening'"), "1");
+    EXPECT_EQ(valueOf(main, "SELECT count(*) FROM journal WHERE action='found'"), "0")
+        << "the user was added, not found";
     Connection auxiliary = openCopy(draft().folder + "/mapcodes.mdb");
     const auto users = listUsers(auxiliary);
     ASSERT_EQ(users.size(), 1U);

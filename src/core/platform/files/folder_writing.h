@@ -2,6 +2,7 @@
 
 #include "platform/files/file.h"
 #include "platform/files/file_lock.h"
+#include "platform/files/system_reason.h"
 #include "platform/work.h"
 
 namespace lorvan {
@@ -9,15 +10,13 @@ namespace lorvan {
 /// What `action`, which writes in a folder, returns; a FileError or LockRefused in it becomes Refused.
 template <typename Action> auto asWriting(const QString& folder, const Action& action) -> decltype(action())
 {
-    const auto refused = [&folder](const QString& reason) {
-        return Refused(QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία. %2").arg(folder, reason).trimmed());
-    };
+    const QString refusal = QStringLiteral("Στον φάκελο %1 δεν γράφονται αρχεία").arg(folder);
     try {
         return action();
     } catch (const FileError& error) {
-        throw refused(error.reason());
+        throw Refused(QStringLiteral("%1: %2").arg(refusal, withStop(error.reason())));
     } catch (const LockRefused& error) {
-        throw refused(QString::fromUtf8(error.what()));
+        throw Refused(QStringLiteral("%1. %2").arg(refusal, QString::fromUtf8(error.what())));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/files/new_folder.h"
 
 #include "platform/files/folder_writing.h"
+#include "platform/files/system_reason.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -59,7 +60,8 @@ QStringList NewFolder::keep(const QStringList& files)
         // One step, which fails if the folder in the place is no longer empty.
         staying = m_work.keepAs(QFileInfo(m_place).fileName(), files);
     } catch (const FileError& error) {
-        throw Refused(QStringLiteral("Ο φάκελος %1 δεν παίρνει τη θέση του. %2").arg(m_place, error.reason()));
+        throw Refused(
+            QStringLiteral("Ο φάκελος %1 δεν παίρνει τη θέση του: %2").arg(m_place, withStop(error.reason())));
     }
     m_parent.confirm();
     return staying;

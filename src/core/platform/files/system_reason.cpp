@@ -57,4 +57,9 @@ QString systemReason(const QString& words)
     return greek(areTheWordsOf, words);
 }
 
+QString withStop(const QString& reason)
+{
+    return reason.endsWith(u'.') ? reason : reason + u'.';
+}
+
 } // namespace lorvan

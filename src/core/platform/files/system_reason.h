@@ -11,4 +11,7 @@ namespace lorvan {
 /// The same for a reason that a library hands on in the system's words; other words come back as they are.
 [[nodiscard]] QString systemReason(const QString& words);
 
+/// A reason as the end of a sentence: with one full stop.
+[[nodiscard]] QString withStop(const QString& reason);
+
 } // namespace lorvan
