@@ -306,6 +306,7 @@ void BooksWindow::take(const DataFolderSettings& book)
 {
     guarded(this, [&] { m_choice.add(book); });
     refill(book.dataFolder);
+    activateWindow(); // two windows that close at once may leave no window active
 }
 
 void BooksWindow::addExisting()
