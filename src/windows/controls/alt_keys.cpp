@@ -11,7 +11,6 @@
 #include <QShortcut>
 #include <QStackedWidget>
 
-#include <map>
 #include <string_view>
 
 namespace lorvan {
@@ -21,6 +20,7 @@ constexpr std::u16string_view greekLetters = u"ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠ�
 constexpr std::u16string_view theirKeys = u"ABGDEZHUIKLMNJOPRSTYFXCV";
 
 constexpr const char* givenProperty = "hasAltKeys";
+constexpr const char* keyProperty = "altKey";
 
 /// Without its accent, as a capital.
 QChar plainLetter(QChar letter)
@@ -50,24 +50,6 @@ void bind(CommandButton* button, QChar letter)
     });
 }
 
-/// `taken` are the keys that are given already.
-void giveKey(CommandButton* button, QString& taken)
-{
-    const QString caption = button->text();
-    for (const QChar each : caption) {
-        const QChar letter = plainLetter(each);
-        const QChar key = keyOf(letter);
-        if (key.isNull() || taken.contains(key))
-            continue;
-        taken += key;
-        bind(button, letter);
-        if (key != letter)
-            bind(button, key);
-        showKeyTextInTip(button, QStringLiteral("Alt+") + letter);
-        return;
-    }
-}
-
 /// The page that shows the button in turn with others; its window if there is none.
 QWidget* pageOf(QWidget* button)
 {
@@ -77,14 +59,46 @@ QWidget* pageOf(QWidget* button)
     return page;
 }
 
+/// The keys of the buttons that may be seen together with those of that page.
+QString keysBeside(const QWidget* page)
+{
+    const QWidget* const window = page->window();
+    QString keys;
+    for (CommandButton* const each : window->findChildren<CommandButton*>()) {
+        const QWidget* const itsPage = pageOf(each);
+        if (page == window || itsPage == window || itsPage == page)
+            keys += each->property(keyProperty).toString();
+    }
+    return keys;
+}
+
+void giveKey(CommandButton* button)
+{
+    if (!button->shortcut().isEmpty() || button->property(keyProperty).isValid())
+        return;
+    const QString taken = keysBeside(pageOf(button));
+    const QString caption = button->text();
+    for (const QChar each : caption) {
+        const QChar letter = plainLetter(each);
+        const QChar key = keyOf(letter);
+        if (key.isNull() || taken.contains(key))
+            continue;
+        button->setProperty(keyProperty, QString(key));
+        bind(button, letter);
+        if (key != letter)
+            bind(button, key);
+        showKeyTextInTip(button, QStringLiteral("Alt+") + letter);
+        return;
+    }
+}
+
+/// Those of the window itself come first: they are seen with every page.
 void giveKeys(QWidget& window)
 {
-    std::map<QWidget*, QString> taken;
     for (const bool isOnPage : {false, true}) {
         for (CommandButton* const button : window.findChildren<CommandButton*>()) {
-            QWidget* const page = pageOf(button);
-            if (button->window() == &window && (page != &window) == isOnPage && button->shortcut().isEmpty())
-                giveKey(button, taken.try_emplace(page, taken[&window]).first->second);
+            if (button->window() == &window && (pageOf(button) != &window) == isOnPage)
+                giveKey(button);
         }
     }
     window.setProperty(givenProperty, true);
@@ -107,6 +121,9 @@ public:
             auto& widget = *static_cast<QWidget*>(watched);
             if (widget.isWindow() && !widget.property(givenProperty).toBool())
                 giveKeys(widget);
+            auto* const button = qobject_cast<CommandButton*>(&widget);
+            if (button && button->window()->property(givenProperty).toBool())
+                giveKey(button);
         }
         return false;
     }

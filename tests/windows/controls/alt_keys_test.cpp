@@ -78,6 +78,19 @@ TEST_F(AltKeysTest, whatIsNoKeyTypesNothing)
     EXPECT_EQ(user().field(description).text(), QString());
 }
 
+TEST_F(AltKeysTest, aButtonThatComesLaterHasOneToo)
+{
+    addMovement(incomeOf(today, cents(100), "έσοδα"));
+    start(allRights);
+    user().press(Qt::Key_F, Qt::ControlModifier);
+    auto& search = user().find("search");
+    const Driver there(search);
+    there.type("έσοδα");
+    ASSERT_TRUE(comesTrue([&search] { return search.findChild<QWidget*>("meaning(0)") != nullptr; }));
+    EXPECT_EQ(withoutAKeyOfItsOwn(search), QString());
+    EXPECT_TRUE(tipOf(there.find("meaning(0)")).contains("Alt+"));
+}
+
 TEST_F(AltKeysTest, everyWindowGivesEachButtonItsOwn)
 {
     start(allRights);
