@@ -47,11 +47,11 @@ private:
 };
 
 /// How many lines go onto the page: all, none, or, for an item that must be split, as many as there is room for.
-int linesThatGo(const Page& page, const ItemSize& size, int lines, float keptTogether, bool isParagraph)
+int linesThatGo(const Page& page, const ItemSize& size, int lines, float keptTogether, bool mayBeSplit)
 {
     if (size.heightOf(lines) + keptTogether <= page.room())
         return lines;
-    if (!page.isEmpty() && !isParagraph)
+    if (!page.isEmpty() && !mayBeSplit)
         return 0;
     const int fitting = static_cast<int>(std::floor((page.room() - size.padding) / size.lineHeight));
     return std::clamp(fitting, page.isEmpty() ? 1 : 0, lines);
@@ -75,9 +75,10 @@ std::optional<FlowPosition> ReportFlow::fillPage(FlowPosition at, std::vector<Fl
     while (at.item < count) {
         const ItemSize size = m_layout.size(at.item);
         const int left = size.lines - at.line;
-        const bool isParagraph = document.item(at.item).isParagraph();
+        const ReportItem item = document.item(at.item);
+        const bool mayBeSplit = item.isParagraph() && !item.isHeading();
         const float after = keptTogether(at.item) + carryHeight(at.item + 1);
-        const int going = linesThatGo(page, size, left, after, isParagraph);
+        const int going = linesThatGo(page, size, left, after, mayBeSplit);
         if (going > 0)
             page.place({at.item, at.line, going, page.used(), size});
         if (going < left) {
@@ -96,10 +97,12 @@ float ReportFlow::carryHeight(int item) const
     return m_layout.carriesInto(item) ? m_layout.carrySize(item).height() : 0;
 }
 
-/// The height of the rows that must follow titles on the same page.
+/// The height of what must follow a heading, or titles, on the same page.
 float ReportFlow::keptTogether(int item) const
 {
     const ReportDocument& document = m_layout.document();
+    if (document.item(item).isHeading() && item + 1 < document.itemCount())
+        return m_layout.size(item + 1).heightOf(1);
     if (!document.item(item).isTitles())
         return 0;
     float height = 0;

@@ -72,6 +72,8 @@ ItemSize ReportLayout::size(int index) const
     const ReportItem item = m_document.item(index);
     if (item.isChart())
         return {1, static_cast<float>(item.chartHeight()), 0};
+    if (item.isPicture())
+        return {1, static_cast<float>(item.pictureHeight()), 0};
     const float lineHeight = font(item).lineHeight();
     if (item.isParagraph())
         return {static_cast<int>(paragraphLines(item).size()), lineHeight + rowPadding, 0};

@@ -70,6 +70,9 @@ ReportPage::ReportPage(const ReportLayout& layout, const std::vector<FlowBlock>&
             placeParagraph(item, block, bodyTop + block.top);
         else if (item.isChart())
             placeChart(item, bodyTop + block.top);
+        else if (item.isPicture())
+            m_pictures.push_back({item.pictureFile(), QPointF(layout.body().left(), bodyTop + block.top),
+                static_cast<double>(item.pictureHeight())});
         else
             placeRow(item, block, bodyTop + block.top);
     }

@@ -48,6 +48,12 @@ struct DrawnChart {
     QRectF area;
 };
 
+struct DrawnPicture {
+    QString file;
+    QPointF place; ///< Of its top left corner.
+    double height = 0;
+};
+
 /// Everything that is visible on one page, measured from the page's top left corner, in twips. Holds views of the
 /// document's texts.
 class ReportPage {
@@ -60,6 +66,7 @@ public:
     [[nodiscard]] const std::vector<PlacedShade>& shades() const { return m_shades; }
     [[nodiscard]] const std::vector<PlacedRule>& rules() const { return m_rules; }
     [[nodiscard]] const std::vector<DrawnChart>& charts() const { return m_charts; }
+    [[nodiscard]] const std::vector<DrawnPicture>& pictures() const { return m_pictures; }
     [[nodiscard]] const std::vector<PlacedText>& texts() const { return m_texts; }
     /// The lines that carry sums; they are no part of the readable text and are not found.
     [[nodiscard]] const std::vector<PlacedText>& carriedTexts() const { return m_carriedTexts; }
@@ -90,6 +97,7 @@ private:
     std::vector<PlacedRule> m_rules;
     std::vector<PlacedRow> m_rows;
     std::vector<DrawnChart> m_charts;
+    std::vector<DrawnPicture> m_pictures;
     std::vector<PlacedText> m_texts;
     std::deque<QString> m_carried; ///< What the next ones show.
     std::vector<PlacedText> m_carriedTexts;

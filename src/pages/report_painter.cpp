@@ -4,6 +4,7 @@
 #include "report_page.h"
 
 #include <QGlyphRun>
+#include <QImage>
 #include <QPainter>
 #include <QTextLayout>
 
@@ -103,6 +104,18 @@ void drawRules(QPainter& painter, const ReportPage& page)
     }
 }
 
+void drawPicture(QPainter& painter, const DrawnPicture& drawn)
+{
+    const QImage image(drawn.file);
+    if (image.isNull())
+        return;
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const double width = drawn.height * image.width() / image.height();
+    painter.drawImage(QRectF(drawn.place, QSizeF(width, drawn.height)), image);
+    painter.restore();
+}
+
 } // namespace
 
 void paintReportPage(QPainter& painter, const ReportPage& page)
@@ -115,6 +128,8 @@ void paintReportPage(QPainter& painter, const ReportPage& page)
     drawRules(painter, page);
     for (const DrawnChart& drawn : page.charts())
         paintChart(painter, drawn.area, *drawn.chart, paperLook(chartPoints));
+    for (const DrawnPicture& drawn : page.pictures())
+        drawPicture(painter, drawn);
     TextPainter texts(painter);
     for (const PlacedText& text : page.texts())
         texts.draw(text);

@@ -40,6 +40,7 @@ void ReportDocument::StartDoc()
     m_styles.clear();
     m_columns.clear();
     m_charts.clear();
+    m_pictures.clear();
     m_carried.clear();
     m_subjectCells.clear();
     m_subjects.clear();
@@ -94,6 +95,13 @@ void ReportDocument::Paragraph(QStringView text)
     finishItem(Kind::Paragraph, noShade);
 }
 
+void ReportDocument::Heading(QStringView text)
+{
+    m_next.isHeading = true;
+    Paragraph(text);
+    m_next.isHeading = false;
+}
+
 void ReportDocument::AddTable(
     const QString& format, const CellTexts& header, const CellTexts& body, ReportColour headerShade)
 {
@@ -135,6 +143,12 @@ void ReportDocument::AddChart(const Chart& chart, int height)
     finishItem(Kind::Chart, noShade);
 }
 
+void ReportDocument::AddPicture(const QString& file, int height)
+{
+    m_pictures.push_back({file, height});
+    finishItem(Kind::Picture, noShade);
+}
+
 void ReportDocument::addRow(const QString& format, const CellTexts& body, ReportColour shade)
 {
     useFormat(format);
@@ -174,12 +188,14 @@ std::uint32_t ReportDocument::styleFor(Kind kind)
     wanted.kind = kind;
     if (kind != Kind::Row)
         wanted.titles = -1;
-    if (kind == Kind::Paragraph || kind == Kind::Chart) {
+    if (kind != Kind::Row && kind != Kind::Titles) {
         wanted.columns = -1;
         wanted.border = 0;
     }
     if (kind == Kind::Chart)
         wanted.chart = static_cast<int>(m_charts.size()) - 1;
+    if (kind == Kind::Picture)
+        wanted.picture = static_cast<int>(m_pictures.size()) - 1;
     constexpr std::ptrdiff_t lookBack = 16;
     const auto last = m_styles.rbegin();
     const auto end = std::next(last, std::min(lookBack, std::ssize(m_styles)));
@@ -223,7 +239,7 @@ bool operator==(const ReportDocument& left, const ReportDocument& right)
     return left.m_page == right.m_page && left.m_header == right.m_header && left.m_headerFont == right.m_headerFont
         && left.m_footer == right.m_footer && left.m_text == right.m_text && left.m_textEnds == right.m_textEnds
         && left.m_items == right.m_items && left.m_styles == right.m_styles && left.m_columns == right.m_columns
-        && left.m_charts == right.m_charts;
+        && left.m_charts == right.m_charts && left.m_pictures == right.m_pictures;
 }
 
 QStringView ReportItem::cell(int column) const

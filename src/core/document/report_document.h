@@ -71,6 +71,8 @@ public:
 
     /// A carriage return breaks the line; one at the end adds no further line, so that "\r" alone is an empty line.
     void Paragraph(QStringView text);
+    /// A paragraph that stands on the same page as the beginning of what follows it.
+    void Heading(QStringView text);
 
     /// Begins a table: its titles, which appear here and at the top of every further page of the table, then one row.
     /// Without a header the table has no titles; without a body it has no row yet.
@@ -100,6 +102,10 @@ public:
     /// of the same figures goes with it.
     void AddChart(const Chart& chart, int height);
 
+    /// The picture in a file, that many twips high and as wide as its shape demands, at the left; never split between
+    /// pages either. Whoever exports the document as a table leaves it out.
+    void AddPicture(const QString& file, int height);
+
     [[nodiscard]] const ReportPageSettings& page() const { return m_page; }
     [[nodiscard]] const QString& header() const { return m_header; }
     [[nodiscard]] const ReportFont& headerFont() const { return m_headerFont; }
@@ -107,7 +113,7 @@ public:
     [[nodiscard]] const PreviewMouse& mouse() const { return m_mouse; }
     [[nodiscard]] bool isComplete() const { return m_isComplete; }
 
-    /// Paragraphs, charts, titles and rows together, in order.
+    /// Paragraphs, charts, pictures, titles and rows together, in order.
     [[nodiscard]] int itemCount() const { return static_cast<int>(m_items.size()); }
     [[nodiscard]] ReportItem item(int index) const;
 
@@ -120,13 +126,20 @@ public:
 
 private:
     friend class ReportItem;
-    enum class Kind : std::uint8_t { Paragraph, Titles, Row, Chart };
+    enum class Kind : std::uint8_t { Paragraph, Titles, Row, Chart, Picture };
 
     struct PlacedChart {
         Chart chart;
         int height = 0; ///< twips
 
         friend bool operator==(const PlacedChart&, const PlacedChart&) = default;
+    };
+
+    struct PlacedPicture {
+        QString file;
+        int height = 0; ///< twips
+
+        friend bool operator==(const PlacedPicture&, const PlacedPicture&) = default;
     };
 
     /// Properties that many items share.
@@ -138,6 +151,8 @@ private:
         int columns = -1; ///< in m_columns; none for a paragraph
         int titles = -1; ///< the item that holds the titles of the row's table, if any
         int chart = -1; ///< in m_charts; none but for a chart
+        int picture = -1; ///< in m_pictures; none but for a picture
+        bool isHeading = false;
 
         friend bool operator==(const Style&, const Style&) = default;
     };
@@ -170,6 +185,7 @@ private:
     std::vector<Style> m_styles;
     std::vector<std::vector<ReportColumn>> m_columns;
     std::vector<PlacedChart> m_charts;
+    std::vector<PlacedPicture> m_pictures;
     CarriedRows m_carried;
     std::vector<std::uint32_t> m_subjectCells; ///< in m_textEnds, ascending
     std::vector<std::int64_t> m_subjects; ///< from those cells on: number times 4 plus kind
@@ -180,18 +196,24 @@ private:
     bool m_isComplete = false;
 };
 
-/// A view of one paragraph, one chart, one table's titles or one table row. Valid until its document is changed, moved
-/// or destroyed.
+/// A view of one paragraph, one chart or picture, one table's titles or one table row. Valid until its document is
+/// changed, moved or destroyed.
 class ReportItem {
 public:
     [[nodiscard]] bool isParagraph() const { return style().kind == ReportDocument::Kind::Paragraph; }
+    [[nodiscard]] bool isHeading() const { return style().isHeading; }
     [[nodiscard]] bool isTitles() const { return style().kind == ReportDocument::Kind::Titles; }
     [[nodiscard]] bool isRow() const { return style().kind == ReportDocument::Kind::Row; }
     [[nodiscard]] bool isChart() const { return style().kind == ReportDocument::Kind::Chart; }
 
+    [[nodiscard]] bool isPicture() const { return style().kind == ReportDocument::Kind::Picture; }
+
     /// Only of a chart; the height is in twips.
     [[nodiscard]] const Chart& chart() const { return placedChart().chart; }
     [[nodiscard]] int chartHeight() const { return placedChart().height; }
+    /// Only of a picture, likewise.
+    [[nodiscard]] const QString& pictureFile() const { return placedPicture().file; }
+    [[nodiscard]] int pictureHeight() const { return placedPicture().height; }
 
     /// The text of a paragraph with its line breaks; a row's first cell.
     [[nodiscard]] QStringView text() const { return cell(0); }
@@ -226,6 +248,10 @@ private:
     [[nodiscard]] const ReportDocument::PlacedChart& placedChart() const
     {
         return m_document->m_charts[static_cast<std::size_t>(style().chart)];
+    }
+    [[nodiscard]] const ReportDocument::PlacedPicture& placedPicture() const
+    {
+        return m_document->m_pictures[static_cast<std::size_t>(style().picture)];
     }
     [[nodiscard]] std::uint32_t firstCell() const { return m_index ? m_document->m_items[m_index - 1].cellEnd : 0; }
 

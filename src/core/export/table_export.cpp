@@ -37,8 +37,8 @@ void addTextLines(TableSink& sink, const QString& text, const TableRowLook& look
 void addItem(TableSink& sink, const TableCells& cells, const ReportItem& item)
 {
     TableRowLook look{TableRowLook::Kind::Row, item.font().bold, item.textColour()};
-    if (item.isChart())
-        return; // its figures follow as a table
+    if (item.isChart() || item.isPicture())
+        return; // the figures of a chart follow as a table
     if (item.isParagraph()) {
         look.kind = TableRowLook::Kind::Text;
         addTextLines(sink, item.text().toString(), look);

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int lowestShownLevel = 3;
 constexpr int tableWidth = 10400; // twips
+constexpr int widestPicture = 8200; // twips: half a page high at most
 constexpr double textPoints = 10;
 
 bool isCode(const QTextBlock& block)
@@ -38,8 +39,37 @@ double pointsOf(int level)
     }
 }
 
+QStringList picturesIn(const QTextBlock& block)
+{
+    QStringList names;
+    for (auto part = block.begin(); !part.atEnd(); ++part)
+        if (const QTextCharFormat format = part.fragment().charFormat(); format.isImageFormat())
+            names += format.toImageFormat().name();
+    return names;
+}
+
+QString fileOf(const QString& picture)
+{
+    return QStringLiteral(":/") + picture;
+}
+
+/// As large as on a screen of 96 dots to the inch, but not too wide.
+void addPicture(ReportDocument& document, const QString& picture)
+{
+    constexpr int twipsInPixel = 15;
+    const QSize size = QImage(fileOf(picture)).size() * twipsInPixel;
+    if (size.isEmpty())
+        return;
+    const QSize fitting = size.scaled(std::min(size.width(), widestPicture), size.height(), Qt::KeepAspectRatio);
+    document.AddPicture(fileOf(picture), fitting.height());
+    document.Paragraph(u"\r");
+}
+
 void addBlock(ReportDocument& document, const QTextBlock& block)
 {
+    const QStringList pictures = picturesIn(block);
+    for (const QString& picture : pictures)
+        addPicture(document, picture);
     const int level = block.blockFormat().headingLevel();
     if (level > 0)
         document.Paragraph(u"\r");
@@ -47,7 +77,9 @@ void addBlock(ReportDocument& document, const QTextBlock& block)
         .size = pointsOf(level),
         .bold = level > 0});
     const QString mark = block.textList() ? QStringLiteral("•  ") : QString();
-    document.Paragraph(mark + block.text().remove(QChar::ObjectReplacementCharacter));
+    if (const QString text = block.text().remove(QChar::ObjectReplacementCharacter);
+        !text.isEmpty() || pictures.isEmpty())
+        level > 0 ? document.Heading(text) : document.Paragraph(mark + text);
 }
 
 QString cellText(const QTextTable& table, int row, int column)
@@ -104,16 +136,14 @@ QStringList picturesOf(const QTextDocument& manual)
 {
     QStringList names;
     for (QTextBlock block = manual.begin(); block.isValid(); block = block.next())
-        for (auto part = block.begin(); !part.atEnd(); ++part)
-            if (const QTextCharFormat format = part.fragment().charFormat(); format.isImageFormat())
-                names += format.toImageFormat().name();
+        names += picturesIn(block);
     return names;
 }
 
 void fitPictures(QTextDocument& manual, int width, qreal ratio)
 {
     for (const QString& name : picturesOf(manual)) {
-        const QImage whole(QStringLiteral(":/") + name);
+        const QImage whole(fileOf(name));
         QImage picture = whole.scaledToWidth(qRound(std::min(width, whole.width()) * ratio), Qt::SmoothTransformation);
         picture.setDevicePixelRatio(ratio);
         manual.addResource(QTextDocument::ImageResource, QUrl(name), picture);

@@ -31,7 +31,7 @@ void fitPictures(QTextDocument& manual, int width, qreal ratio);
 /// `isBackward`; -1 if there is none in that direction.
 [[nodiscard]] int findIn(const QTextDocument& manual, const QString& text, int from, bool isBackward);
 
-/// The manual on paper, without its pictures.
+/// The manual on paper.
 [[nodiscard]] ReportDocument manualDocument();
 
 } // namespace lorvan
