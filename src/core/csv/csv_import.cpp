@@ -10,6 +10,7 @@
 #include "csv/csv_table.h"
 #include "csv/import_digest.h"
 #include "csv/import_reasons.h"
+#include "csv/import_rows.h"
 #include "csv/taken_imports.h"
 #include "journal/journal.h"
 #include "movements/cash_day.h"
@@ -27,17 +28,6 @@
 
 namespace lorvan {
 namespace {
-
-using Need = CsvColumn::Need;
-
-const std::vector<CsvColumn> groupColumns{{"aa"}, {"sxolia", Need::Optional}, {"perigrafh"}};
-const std::vector<CsvColumn> codeColumns{{"aa", Need::Optional}, {"kvdikos"}, {"perigrafh"}, {"omada", Need::Optional},
-    {"aa_omadas", Need::Optional}, {"lista", Need::Ignored}, {"esodo"}, {"energos", Need::Optional}};
-const std::vector<CsvColumn> movementColumns{{"aa", Need::Ignored}, {"kvdikos"}, {"hmeromhnia"}, {"perigrafh"},
-    {"esoda"}, {"ejoda"}, {"aa_omada", Need::Ignored}, {"grammh", Need::Ignored}, {"epitagh", Need::Optional},
-    {"L_tajeos", Need::Optional}};
-const std::vector<CsvColumn> openingColumns{{"day"}, {"amount"}};
-const std::vector<CsvColumn> counterColumns{{"name"}, {"seq"}};
 
 constexpr qint64 rowsBetweenProgress = 256;
 constexpr qint64 settlingShare = 4; // for the progress: settling the days takes about a quarter of the time of reading
@@ -293,21 +283,6 @@ void Import::takeCode(const CsvTable& row)
         storeCode(m_book, code);
     ++(present ? m_outcome.codes.present : m_outcome.codes.added);
     m_badCodes.erase(code.code);
-}
-
-MovementDraft movementIn(const CsvTable& row)
-{
-    MovementDraft draft;
-    draft.code = row.number("kvdikos");
-    draft.day = row.date("hmeromhnia");
-    draft.description = row.text("perigrafh").value_or(QString());
-    draft.income = row.amount("esoda");
-    draft.expense = row.amount("ejoda");
-    draft.memorandum = row.amount("L_tajeos");
-    draft.cheque = row.flag("epitagh", false);
-    if (!draft.income.isZero() && !draft.expense.isZero())
-        throw import_reasons::incomeAndExpense();
-    return draft;
 }
 
 /// After a bad line nothing will be stored, so the rest is only checked.
